@@ -1,0 +1,68 @@
+// quorvel-cli: the concordance of one document, for scripts and batches.
+
+#include <cstdio>
+#include <exception>
+
+#include "cli/options.h"
+#include "cli/terminal_interface.h"
+#include "engine/run_state.h"
+#include "run/run_driver.h"
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+namespace quorvel {
+namespace {
+
+bool WriteToStandardOutput(std::string_view bytes) {
+  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+}
+
+int ExitStatusOf(RunOutcome outcome) {
+  switch (outcome) {
+    case RunOutcome::done:
+      return 0;
+    case RunOutcome::nothingFound:
+      return 3;
+    case RunOutcome::stopped:
+      return 130;
+    default:
+      return 1;
+  }
+}
+
+int Run(const CommandLine& commandLine) {
+  TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet);
+  RunState state;
+  state.settings = commandLine.settings;
+  state.encodingChoice = commandLine.encodingChoice;
+  if (commandLine.toStandardOutput) {
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
+    state.outputSink = WriteToStandardOutput;
+  }
+  StopOnInterrupt();
+  const RunOutcome outcome = RunConcordance(state, ui);
+  if (outcome == RunOutcome::nothingFound) {
+    ui.Say("No words satisfying the conditions were found.");
+  }
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    ui.Say("An error occurred when writing to standard output.");
+    return 1;
+  }
+  return ExitStatusOf(outcome);
+}
+
+}  // namespace
+}  // namespace quorvel
+
+int main(int argumentCount, char** arguments) try {
+  const quorvel::CommandLine commandLine = quorvel::ReadCommandLine(argumentCount, arguments);
+  return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "quorvel-cli: %s\n", error.what());  // NOLINT(*-vararg)
+  return 1;
+}

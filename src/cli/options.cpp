@@ -1,0 +1,129 @@
+#include "cli/options.h"
+
+#include <CLI/CLI.hpp>
+#include <map>
+
+#include "input/path_names.h"
+#include "output/concordance_file.h"
+
+namespace quorvel {
+namespace {
+
+constexpr const char* DESCRIPTION =
+    "Makes a key-word-in-context concordance of a document: every word, with each of its\n"
+    "occurrences between the words around it.";
+
+constexpr const char* EXIT_STATUS =
+    "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found, 130 stopped.";
+
+enum class Encoding { detected, utf8, ansi };
+
+// Options that stand for more than one field.
+struct RawOptions {
+  std::string outputFile;
+  Encoding encoding = Encoding::detected;
+  int minCount = 0;
+  AnswerPolicy answer = AnswerPolicy::preset;
+};
+
+void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
+  app.add_option("input", commandLine.settings.inputFile, "the document: a text file")
+      ->option_text("INPUT");
+  app.add_option("-o,--output", raw.outputFile,
+                 "the concordance file; \"-\" for standard output. Default: beside the input, "
+                 "its extension replaced by qvl.conc.txt")
+      ->option_text("FILE")
+      ->check([](const std::string& name) {
+        return name.empty() ? std::string("a file name is needed") : std::string();
+      });
+  const std::map<std::string, Encoding> encodings = {
+      {"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}};
+  app.add_option("--encoding", raw.encoding,
+                 "auto, utf-8 or ansi. Default: auto, which adopts what is detected")
+      ->option_text("ENCODING")
+      ->transform(CLI::CheckedTransformer(encodings));
+}
+
+void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
+  app.add_option("-c,--context", settings.contextSize,
+                 "words of context on each side, 0 to 9; 0 for a bare word list. Default: 5")
+      ->option_text("N")
+      ->check(CLI::Range(0, LARGEST_CONTEXT_SIZE));
+  const std::map<std::string, WordOrder> orders = {{"alphabetical", WordOrder::alphabetical},
+                                                   {"frequency", WordOrder::byFrequency}};
+  app.add_option("--order", settings.wordOrder, "alphabetical or frequency. Default: alphabetical")
+      ->option_text("ORDER")
+      ->transform(CLI::CheckedTransformer(orders));
+  app.add_flag("--frequencies,!--no-frequencies", settings.showFrequencies,
+               "show how often words and contexts occur. Default: yes");
+  app.add_flag("--line-breaks,!--no-line-breaks", settings.showLineBreaks,
+               "show the line breaks of a text file as \" / \". Default: no");
+}
+
+void AddWordOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
+  app.add_flag("--hyphens,!--no-hyphens", settings.allowWordsWithHyphens,
+               "list words with hyphens. Default: yes");
+  app.add_flag("--numerals,!--no-numerals", settings.allowWordsWithNumerals,
+               "list words with digits. Default: no");
+  app.add_option("--min-count", raw.minCount,
+                 "list only words that occur at least N times, 2 to 20")
+      ->option_text("N")
+      ->check(CLI::Range(SMALLEST_THRESHOLD, LARGEST_THRESHOLD));
+  app.add_option("--extra-stop-words", settings.extraStopWords,
+                 "words not to list, separated by blanks")
+      ->option_text("TEXT");
+}
+
+void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
+  const std::map<std::string, AnswerPolicy> answers = {
+      {"yes", AnswerPolicy::yes}, {"no", AnswerPolicy::no}, {"default", AnswerPolicy::preset}};
+  app.add_option("--answer", raw.answer,
+                 "how questions are answered: yes, no or default. Without it they are asked where "
+                 "standard input is a terminal, and take their default elsewhere")
+      ->option_text("ANSWER")
+      ->transform(CLI::CheckedTransformer(answers));
+  app.add_flag("-q,--quiet", commandLine.quiet, "show no progress");
+  app.set_version_flag("--version", "quorvel-cli " + VersionText());
+}
+
+void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
+  ConcordanceSettings& settings = commandLine.settings;
+  commandLine.toStandardOutput = raw.outputFile == "-";
+  if (commandLine.toStandardOutput) {
+    settings.outputFile.clear();
+  } else if (!raw.outputFile.empty()) {
+    settings.outputFile = raw.outputFile;
+  } else if (!settings.inputFile.empty()) {
+    settings.outputFile = DefaultConcordanceFileName(settings.inputFile);
+  }
+  if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
+  settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
+  if (app.count("--min-count") > 0) {
+    settings.ignoreInfrequentWords = true;
+    settings.thresholdFrequency = raw.minCount;
+  }
+  if (app.count("--answer") > 0) commandLine.answerPolicy = raw.answer;
+}
+
+}  // namespace
+
+CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
+  constexpr int WRONG_USAGE = 2;
+  CommandLine commandLine;
+  RawOptions raw;
+  CLI::App app(DESCRIPTION, "quorvel-cli");
+  app.footer(EXIT_STATUS);
+  AddFileOptions(app, commandLine, raw);
+  AddListingOptions(app, commandLine.settings);
+  AddWordOptions(app, commandLine.settings, raw);
+  AddDialogOptions(app, commandLine, raw);
+  try {
+    app.parse(argumentCount, arguments);
+    ApplyRawOptions(app, raw, commandLine);
+  } catch (const CLI::ParseError& error) {
+    commandLine.exitStatus = app.exit(error) == 0 ? 0 : WRONG_USAGE;
+  }
+  return commandLine;
+}
+
+}  // namespace quorvel

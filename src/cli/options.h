@@ -1,0 +1,27 @@
+// What the command line asks for.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/terminal_interface.h"
+#include "input/document_text.h"
+#include "settings/settings.h"
+
+namespace quorvel {
+
+struct CommandLine {
+  ConcordanceSettings settings;
+  EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
+  bool toStandardOutput = false;
+  std::optional<AnswerPolicy> answerPolicy;
+  bool quiet = false;
+
+  // Set when nothing is to be run: the help was shown (0) or the usage is wrong (2).
+  std::optional<int> exitStatus;
+};
+
+// Reads the arguments of the program; prints the help or what is wrong with them.
+[[nodiscard]] CommandLine ReadCommandLine(int argumentCount, const char* const* arguments);
+
+}  // namespace quorvel

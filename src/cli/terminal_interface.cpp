@@ -1,0 +1,99 @@
+#include "cli/terminal_interface.h"
+
+#include <unistd.h>
+
+#include <csignal>
+#include <iostream>
+#include <string>
+
+namespace quorvel {
+namespace {
+
+// A signal handler can reach nothing but a global.
+volatile std::sig_atomic_t interrupted = 0;
+
+void NoteInterrupt(int signal) {
+  interrupted = 1;
+  std::signal(signal, SIG_DFL);
+}
+
+bool IsTerminal(int handle) { return ::isatty(handle) != 0; }
+
+// The text with the line ends that a terminal wants.
+std::string TerminalText(std::string_view text) {
+  std::string result;
+  for (const char ch : text) {
+    if (ch != '\r') result += ch;
+  }
+  return result;
+}
+
+Answer AnswerBy(AnswerPolicy policy, const Message& message) {
+  if (policy == AnswerPolicy::preset) return message.preset;
+  return policy == AnswerPolicy::yes ? Answer::yes : Answer::no;
+}
+
+}  // namespace
+
+TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet)
+    : policy_(policy), showsProgress_(!quiet && IsTerminal(STDERR_FILENO)) {}
+
+void TerminalInterface::AppendOutput(std::string_view text) {
+  if (!showsProgress_) return;
+  ClearBar();
+  std::cerr << TerminalText(text);
+}
+
+// The listing goes to its file; the output box of a window has no place here.
+void TerminalInterface::SetOutput(std::string_view /*text*/) {}
+
+void TerminalInterface::SetLabel(Label label, std::string_view text) {
+  if (!showsProgress_ || label != Label::progressBar) return;
+  if (text.empty()) return ClearBar();
+  std::cerr << '\r' << text << std::flush;
+  barShown_ = true;
+}
+
+Answer TerminalInterface::Ask(const Message& message) {
+  Say(message.text);
+  if (message.buttons == Buttons::ok) return Answer::ok;
+  if (policy_) return AnswerBy(*policy_, message);
+  return IsTerminal(STDIN_FILENO) ? AskAtTerminal(message) : message.preset;
+}
+
+void TerminalInterface::PopUp(std::string_view /*text*/) {}
+
+void TerminalInterface::YieldNow() {
+  if (interrupted != 0) RequestStop();
+}
+
+void TerminalInterface::Say(std::string_view text) {
+  ClearBar();
+  std::cerr << "quorvel-cli: " << TerminalText(text) << std::endl;
+}
+
+void TerminalInterface::ClearBar() {
+  if (!barShown_) return;
+  constexpr int WIDEST_BAR = 60;
+  std::cerr << '\r' << std::string(WIDEST_BAR, ' ') << '\r' << std::flush;
+  barShown_ = false;
+}
+
+Answer TerminalInterface::AskAtTerminal(const Message& message) const {
+  const bool mayCancel = message.buttons == Buttons::yesNoCancel;
+  const std::string choices = mayCancel ? "yes, no or cancel" : "yes or no";
+  const std::string preset = message.preset == Answer::yes ? "yes" : "no";
+  std::string line;
+  while (interrupted == 0) {
+    std::cerr << choices << " [" << preset << "]? " << std::flush;
+    if (!std::getline(std::cin, line) || line.empty()) return message.preset;
+    if (line[0] == 'y' || line[0] == 'Y') return Answer::yes;
+    if (line[0] == 'n' || line[0] == 'N') return Answer::no;
+    if (mayCancel && (line[0] == 'c' || line[0] == 'C')) return Answer::cancel;
+  }
+  return mayCancel ? Answer::cancel : Answer::no;
+}
+
+void StopOnInterrupt() { std::signal(SIGINT, NoteInterrupt); }
+
+}  // namespace quorvel

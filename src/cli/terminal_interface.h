@@ -1,0 +1,44 @@
+// The command line's half of the conversation: messages go to standard error,
+// questions are answered by option, at the terminal, or with their default button.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+enum class AnswerPolicy { yes, no, preset };
+
+class TerminalInterface : public UserInterface {
+ public:
+  // Without a policy, questions are asked where standard input is a terminal and
+  // take their default button elsewhere. Progress is shown only on a terminal, and
+  // never with `quiet`.
+  TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet);
+
+  void AppendOutput(std::string_view text) override;
+  void SetOutput(std::string_view text) override;
+  void SetLabel(Label label, std::string_view text) override;
+  Answer Ask(const Message& message) override;
+  void PopUp(std::string_view text) override;
+  void YieldNow() override;
+
+  // Writes "quorvel-cli: " and the text to standard error.
+  void Say(std::string_view text);
+
+ private:
+  void ClearBar();
+  [[nodiscard]] Answer AskAtTerminal(const Message& message) const;
+
+  std::optional<AnswerPolicy> policy_;
+  bool showsProgress_;
+  bool barShown_ = false;
+};
+
+// From now on an interrupt (Ctrl-C) asks the run to stop, and the next one ends
+// the program.
+void StopOnInterrupt();
+
+}  // namespace quorvel

@@ -1,0 +1,37 @@
+#include "engine/admission.h"
+
+#include <algorithm>
+
+#include "util/characters.h"
+
+namespace quorvel {
+namespace {
+
+bool HasDigit(std::u16string_view word) {
+  return std::any_of(word.begin(), word.end(),
+                     [](char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; });
+}
+
+bool IsListed(const WordEntry& entry, const ConcordanceSettings& settings, const WordLists& lists) {
+  const bool hyphenated = entry.word.find(u'-') != std::u16string::npos;
+  if (hyphenated && !settings.allowWordsWithHyphens) return false;
+  if (!settings.allowWordsWithNumerals && HasDigit(entry.word)) return false;
+  if (settings.ignoreInfrequentWords && entry.Count() < settings.thresholdFrequency) return false;
+  return !IsStopWord(entry.word, settings, lists);
+}
+
+}  // namespace
+
+bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
+                const WordLists& lists) {
+  if (settings.stopWordsFile.empty() && lists.extraStopWords.empty()) return false;
+  return BinarySearch(lists.extraStopWords, ToLowerCase(word)) ||
+         BinarySearch(lists.stopWords.words, word);
+}
+
+void ApplyAdmissionFilters(WordTable& table, const ConcordanceSettings& settings,
+                           const WordLists& lists) {
+  for (WordEntry& entry : table.entries) entry.include = IsListed(entry, settings, lists);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,82 @@
+#include "engine/tokenizer.h"
+
+#include "engine/word_tests.h"
+#include "util/characters.h"
+#include "util/make_singular.h"
+#include "util/progress_bar.h"
+
+// The place of a word is where the scan stands behind it, less the word's length.
+// So a word that lost its plural "s" or a hyphen is placed that much to the right
+// of its token, and a word at the very end of the text one too far, since a run of
+// letters that meets the end counts one more. Contexts are cut around these
+// places, and index files hold them: they must stay so.
+
+namespace quorvel {
+namespace {
+
+constexpr std::size_t MIN_WORD_LENGTH = 3;
+constexpr std::int64_t PROGRESS_THRESHOLD = 10240;  // characters; no bar for a shorter text
+
+std::u16string_view StripHyphens(std::u16string_view token) {
+  const std::size_t first = token.find_first_not_of(u'-');
+  const std::size_t last = token.find_last_not_of(u'-');
+  return token.substr(first, last - first + 1);
+}
+
+bool MayEnterTable(std::u16string_view word) {
+  return word.size() >= MIN_WORD_LENGTH && word.size() <= MAX_WORD_LENGTH &&
+         !IsOneRepeatedChar(word) && !IsRomanNumeral(word);
+}
+
+// The next place behind `position` that holds no blank; the text's length or more
+// when there is none. 1-based.
+std::size_t NextNonBlank(std::u16string_view text, std::size_t position) {
+  while (position < text.size() && text[position] == u' ') ++position;
+  return position + 1;
+}
+
+}  // namespace
+
+void BlankDoubleHyphens(std::u16string& text) {
+  for (std::size_t p = text.find(u"--"); p != std::u16string::npos; p = text.find(u"--", p + 2)) {
+    const bool inOpening = p >= 2 && text.compare(p - 2, 4, u"<!--") == 0;
+    const bool inClosing = text.compare(p, 3, u"-->") == 0;
+    if (p >= 2 && !inOpening && !inClosing) text[p] = text[p + 1] = u' ';
+  }
+}
+
+std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition) {
+  const std::size_t length = WordRunLength(text, scanPosition);
+  const std::u16string_view token = text.substr(scanPosition - 1, length);
+  scanPosition += length;
+  if (ContainsNoLetter(token)) return {};
+  const std::u16string_view word = MakeSingular(StripHyphens(token));
+  // What stands behind an apostrophe ("John's", "couldn't"), and what stands before
+  // it in a negation, is no word of its own.
+  const bool apostropheRest =
+      word.size() == 1 && (ToLowerCase(word.front()) == u's' || ToLowerCase(word.front()) == u't');
+  if (apostropheRest || IsContractionStem(word)) return {};
+  return word;
+}
+
+void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {
+  ProgressBar bar(ui);
+  const auto length = static_cast<std::int64_t>(text.size());
+  std::size_t position = 1;
+  // The last character is never looked at as the start of a word.
+  while (position < text.size()) {
+    ui.Yield();
+    if (IsWordCharacter(text[position - 1])) {
+      const std::u16string_view word = GetWord(text, position);
+      if (MayEnterTable(word)) {
+        AddWordToList(table, word, static_cast<std::int32_t>(position - word.size()));
+        bar.Update(static_cast<std::int64_t>(position), length, PROGRESS_THRESHOLD);
+        ui.Yield();
+        if (ui.StopRequested()) return;
+      }
+    }
+    position = NextNonBlank(text, position);
+  }
+}
+
+}  // namespace quorvel

@@ -1,0 +1,30 @@
+// Cuts a text into words and records each occurrence in the word table.
+//
+// Only what may become a word at all is decided here; which words are listed is
+// decided later, over the finished table.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "engine/word_table.h"
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+// Makes blanks of double hyphens, except in the first two characters and in the
+// comment marks "<!--" and "-->". The length stays, so places stay valid.
+void BlankDoubleHyphens(std::u16string& text);
+
+// Cuts the token that begins at `scanPosition`, a 1-based position that holds a
+// word character, and moves that behind it (two behind the end of the text for a
+// token that ends there). Gives the word that the token stands for, a view into
+// the text, or an empty view for a token that is none.
+[[nodiscard]] std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition);
+
+// Scans a text whose double hyphens are blanked and adds its words to the table.
+// Ends early when a stop is requested, after the word at hand.
+void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui);
+
+}  // namespace quorvel

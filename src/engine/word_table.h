@@ -1,0 +1,85 @@
+// The distinct words of one run, each with the places where it occurs.
+//
+// Filled by AddWordToList while the text is scanned, then sorted by folded key and
+// threaded by frequency. Not a dictionary: spellings that differ in case or accent
+// are different words.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvel {
+
+// In characters; longer words are never recorded.
+inline constexpr std::size_t MAX_WORD_LENGTH = 30;
+
+struct WordEntry {
+  std::u16string word;             // the spelling
+  std::u16string sortKey;          // lower case, umlauts and accents folded
+  std::int32_t frequencyPrev = 0;  // 1-based entries of the frequency chain, 0 at its ends
+  std::int32_t frequencyNext = 0;
+  bool include = true;                  // whether the entry is listed
+  std::vector<std::int32_t> positions;  // 1-based places in the text, in text order
+
+  [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(positions.size()); }
+};
+
+// Finds the entry of a spelling, by hashing. Belongs to the table that fills it.
+class SpellingIndex {
+ public:
+  static constexpr std::int32_t NOT_FOUND = -1;
+
+  // The 0-based entry with this spelling. When there is none, `newEntry` is
+  // recorded for it and NOT_FOUND comes back.
+  std::int32_t FindOrInsert(std::u16string_view word, std::int32_t newEntry,
+                            const std::vector<WordEntry>& entries);
+
+  void Clear();
+
+ private:
+  struct Slot {
+    std::uint32_t hash = 0;
+    std::int32_t entry = NOT_FOUND;
+  };
+
+  void Grow();
+
+  std::vector<Slot> slots_;  // a power of two of them, at most half in use
+  std::size_t used_ = 0;
+};
+
+struct WordTable {
+  std::vector<WordEntry> entries;
+  int positionWidth = 1;           // digits that a position is written with
+  std::int32_t frequencyHead = 0;  // 1-based entry, 0 for an empty chain
+  std::int32_t includedCount = 0;
+  std::int64_t totalOccurrences = 0;  // of the included entries
+  SpellingIndex spellings;            // up to date during a scan only
+
+  [[nodiscard]] std::int32_t WordCount() const { return static_cast<std::int32_t>(entries.size()); }
+};
+
+// Forgets all words.
+void EmptyWordTable(WordTable& table);
+
+// The width of a position in a text of `length` characters.
+[[nodiscard]] int PositionWidth(std::size_t length);
+
+// Records one occurrence of `word` at `offset`, a 1-based character position in
+// the document text. Words over MAX_WORD_LENGTH code units are ignored.
+void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offset);
+
+// Puts the entries, which the scan leaves in the order of first occurrence, into
+// alphabetical order: by sort key, then by spelling. Nothing can be added after it.
+void SortWordTable(WordTable& table);
+
+// Counts the included entries and their occurrences.
+void CountIncludedWords(WordTable& table);
+
+// Links the included entries in the order of falling count, in table order where
+// counts are equal.
+void BuildFrequencyChain(WordTable& table);
+
+}  // namespace quorvel

@@ -1,0 +1,96 @@
+#include "input/document_text.h"
+
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "input/input_file.h"
+#include "input/path_names.h"
+#include "input/text_file.h"
+#include "input/utf8_repair.h"
+
+namespace quorvel {
+namespace {
+
+// The box about a file that looks different from the setting. Enter keeps what
+// the user has set: they have been at the check box after the file was looked at.
+Message EncodingQuestion(bool inputIsUtf8) {
+  Message question;
+  question.text = inputIsUtf8
+                      ? "This file does not seem to be UTF-8 encoded.\r\n"
+                        "Click 'Yes' to scan it as UTF-8 encoded (not advisable)\r\n"
+                        "or 'No' to scan it as ANSI."
+                      : "This file seems to be UTF-8 encoded.\r\n"
+                        "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.";
+  question.title = "UTF-8 or ANSI file?";
+  question.icon = Icon::none;
+  question.buttons = Buttons::yesNoCancel;
+  question.preset = inputIsUtf8 ? Answer::yes : Answer::no;
+  return question;
+}
+
+std::optional<std::string> ReadFailed(const std::string& errorText, UserInterface& ui) {
+  ui.Ask({errorText + "\r\nwhen reading input file.", "Read error", Icon::exclamation, Buttons::ok,
+          Answer::ok});
+  ui.SetOutput("");
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool SettleInputEncoding(const std::string& path, EncodingChoice choice, bool& inputIsUtf8,
+                         bool& macNoticeShown, UserInterface& ui) {
+  CheckOptions options;
+  options.askToContinue = choice == EncodingChoice::confirm;
+  const InputCheck check = CheckInputFile(path, options, macNoticeShown, ui);
+  if (!check.accepted) return false;
+  if (check.isUtf8 == inputIsUtf8) return true;
+  if (choice == EncodingChoice::adoptDetected) {
+    inputIsUtf8 = check.isUtf8;
+    return true;
+  }
+  const Answer answer = ui.Ask(EncodingQuestion(inputIsUtf8));
+  if (answer == Answer::cancel) return false;
+  inputIsUtf8 = answer == Answer::yes;
+  return true;
+}
+
+std::optional<std::string> ReadInputFile(const std::string& path, bool isUtf8, UserInterface& ui) {
+  ui.AppendOutput("Reading file ...\r\n");
+  const bool isPage = PathNamesHtml(path);
+  ReadOptions options;
+  options.skipEmptyLines = true;
+  options.convertUtf8 = isUtf8;
+  options.cleanUp = true;
+  options.join = isPage ? LineJoin::blank : LineJoin::slash;
+  TextFile file = ReadTextFile(path, options);
+  if (!file.errorText.empty()) return ReadFailed(file.errorText, ui);
+  if (file.text.size() > std::numeric_limits<std::int32_t>::max()) {
+    return ReadFailed("The text is longer than 2 GB.", ui);
+  }
+  if (isUtf8 && !isPage) {
+    // Once more over the whole text, which was repaired line by line: what stands
+    // alone in its line can be completed only now, and texts in use rest on it.
+    ui.AppendOutput("Converting UTF-8 ...\r\n");
+    RepairUtf8(file.text);
+    PlainPunctuation(file.text);
+  }
+  ui.YieldNow();
+  if (ui.StopRequested()) {
+    ui.AppendOutput("Stopped when reading file.\r\n");
+    return std::nullopt;
+  }
+  return std::move(file.text);
+}
+
+std::optional<std::string> ObtainDocumentText(const std::string& path, EncodingChoice choice,
+                                              bool& inputIsUtf8, bool& macNoticeShown,
+                                              UserInterface& ui) {
+  if (!SettleInputEncoding(path, choice, inputIsUtf8, macNoticeShown, ui)) {
+    ui.SetOutput("");
+    return std::nullopt;
+  }
+  return ReadInputFile(path, inputIsUtf8, ui);
+}
+
+}  // namespace quorvel

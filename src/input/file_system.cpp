@@ -1,0 +1,231 @@
+#include "input/file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+namespace quorvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One read or write call moves at most this many bytes: a size every platform takes.
+constexpr std::size_t LARGEST_TRANSFER = std::size_t{1} << 30U;
+
+std::string SystemMessage(int errorNumber) {
+  return std::error_code(errorNumber, std::generic_category()).message();
+}
+
+#ifdef _WIN32
+fs::path ToPath(const std::string& path) {
+  return fs::path(std::u8string(path.begin(), path.end()));
+}
+
+int OpenFile(const fs::path& path, int flags) {
+  return _wopen(path.c_str(), flags | O_BINARY, 0666);
+}
+
+bool IsWritable(const fs::path& path) { return _waccess(path.c_str(), W_OK) == 0; }
+
+void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
+#else
+fs::path ToPath(const std::string& path) { return {path}; }
+
+int OpenFile(const fs::path& path, int flags) {
+  return ::open(path.c_str(), flags | O_CLOEXEC, 0666);  // NOLINT(*-vararg)
+}
+
+bool IsWritable(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+// A file that takes another's place keeps its owner, as far as that is allowed, and its mode.
+void TakeAttributesOf(int handle, const fs::path& target) {
+  struct stat status = {};
+  if (::stat(target.c_str(), &status) != 0) return;
+  [[maybe_unused]] const int ownerKept = ::fchown(handle, status.st_uid, status.st_gid);
+  ::fchmod(handle, status.st_mode & 07777U);
+}
+#endif
+
+// Closes its file when it goes out of scope.
+class ReadHandle {
+ public:
+  explicit ReadHandle(const std::string& path) : handle_(OpenFile(ToPath(path), O_RDONLY)) {}
+  ~ReadHandle() {
+    if (handle_ >= 0) ::close(handle_);
+  }
+  ReadHandle(const ReadHandle&) = delete;
+  ReadHandle& operator=(const ReadHandle&) = delete;
+
+  [[nodiscard]] bool IsOpen() const { return handle_ >= 0; }
+
+  // Reads up to `length` bytes, fewer only at the end of the file; -1 on failure.
+  [[nodiscard]] std::int64_t Read(char* into, std::size_t length) const {
+    std::size_t done = 0;
+    while (done < length) {
+      const auto part = static_cast<unsigned>(std::min(length - done, LARGEST_TRANSFER));
+      const auto got = ::read(handle_, into + done, part);
+      if (got == 0) break;
+      if (got > 0) {
+        done += static_cast<std::size_t>(got);
+      } else if (errno != EINTR) {
+        return -1;
+      }
+    }
+    return static_cast<std::int64_t>(done);
+  }
+
+ private:
+  int handle_;
+};
+
+}  // namespace
+
+bool FileExists(const std::string& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(ToPath(path), error);
+  return fs::exists(status) && !fs::is_directory(status);
+}
+
+bool FolderExists(const std::string& path) {
+  std::error_code error;
+  return fs::is_directory(ToPath(path), error);
+}
+
+bool IsRegularFile(const std::string& path) {
+  std::error_code error;
+  return fs::is_regular_file(ToPath(path), error);
+}
+
+std::optional<std::int64_t> FileLength(const std::string& path) {
+  std::error_code error;
+  const std::uintmax_t length = fs::file_size(ToPath(path), error);
+  if (error) return std::nullopt;
+  return static_cast<std::int64_t>(length);
+}
+
+bool IsSameFile(const std::string& path, const std::string& other) {
+  std::error_code error;
+  return path == other || fs::equivalent(ToPath(path), ToPath(other), error);
+}
+
+FileRead ReadFileBytes(const std::string& path, std::uint64_t limit) {
+  constexpr std::uint64_t STEP = 65536;
+  FileRead result;
+  const auto failed = [&result] {
+    result.errorNumber = errno;
+    result.error = SystemMessage(result.errorNumber);
+    result.bytes.clear();
+    return result;
+  };
+  const ReadHandle file(path);
+  if (!file.IsOpen()) return failed();
+  // One byte more than the file has shows its end without another round.
+  std::uint64_t wanted = static_cast<std::uint64_t>(FileLength(path).value_or(0)) + 1;
+  for (std::size_t done = 0;; wanted = std::max(2 * wanted, STEP)) {
+    const auto length = static_cast<std::size_t>(std::min(wanted, limit));
+    result.bytes.resize(length);
+    const std::int64_t got = file.Read(result.bytes.data() + done, length - done);
+    if (got < 0) return failed();
+    done += static_cast<std::size_t>(got);
+    if (done < length || length == limit) {
+      result.bytes.resize(done);
+      return result;
+    }
+  }
+}
+
+bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
+                      const std::function<void(std::string_view)>& take) {
+  const ReadHandle file(path);
+  if (!file.IsOpen()) return false;
+  std::string chunk(chunkLength, '\0');
+  std::int64_t got = 0;
+  while ((got = file.Read(chunk.data(), chunkLength)) > 0) {
+    take(std::string_view(chunk).substr(0, static_cast<std::size_t>(got)));
+  }
+  return got == 0;
+}
+
+OutputFile::OutputFile(const std::string& path) : target_(ToPath(path)) { Open(); }
+
+OutputFile::~OutputFile() {
+  CloseHandle();
+  std::error_code error;
+  if (!temporary_.empty()) fs::remove(temporary_, error);
+}
+
+void OutputFile::Open() {
+  std::error_code error;
+  const fs::file_status status = fs::status(target_, error);
+  if (!fs::exists(status)) return OpenBeside(false);
+  if (fs::is_directory(status)) return Fail(EISDIR);
+  if (!fs::is_regular_file(status)) {
+    handle_ = OpenFile(target_, O_WRONLY);
+    if (handle_ < 0) Fail(errno);
+    return;
+  }
+  if (!IsWritable(target_)) return Fail(errno);
+  target_ = fs::canonical(target_, error);
+  if (error) return Fail(error.value());
+  OpenBeside(true);
+}
+
+// The name of the new file is short, so that it fits wherever the target's does.
+void OutputFile::OpenBeside(bool replaces) {
+  constexpr int NAMES_TO_TRY = 1000;
+  const std::string stem = ".qvl" + std::to_string(::getpid()) + "-";
+  for (int n = 0; n < NAMES_TO_TRY; ++n) {
+    const fs::path temporary = target_.parent_path() / (stem + std::to_string(n) + ".tmp");
+    handle_ = OpenFile(temporary, O_WRONLY | O_CREAT | O_EXCL);
+    if (handle_ >= 0) {
+      temporary_ = temporary;
+      if (replaces) TakeAttributesOf(handle_, target_);
+      return;
+    }
+    if (errno != EEXIST) break;
+  }
+  Fail(errno);
+}
+
+bool OutputFile::Write(std::string_view bytes) {
+  while (!bytes.empty() && error_.empty()) {
+    const auto part = static_cast<unsigned>(std::min(bytes.size(), LARGEST_TRANSFER));
+    const auto written = ::write(handle_, bytes.data(), part);
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      Fail(errno);
+    }
+  }
+  return error_.empty();
+}
+
+bool OutputFile::Commit() {
+  CloseHandle();
+  if (error_.empty() && !temporary_.empty()) {
+    std::error_code error;
+    fs::rename(temporary_, target_, error);
+    if (error) {
+      Fail(error.value());
+    } else {
+      temporary_.clear();
+    }
+  }
+  return error_.empty();
+}
+
+void OutputFile::CloseHandle() {
+  if (handle_ >= 0 && ::close(handle_) != 0) Fail(errno);
+  handle_ = -1;
+}
+
+void OutputFile::Fail(int errorNumber) {
+  if (error_.empty()) error_ = SystemMessage(errorNumber);
+}
+
+}  // namespace quorvel

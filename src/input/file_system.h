@@ -1,0 +1,82 @@
+// The file-system services that the program needs: tests, reading, and writing
+// without ever losing the file that was there.
+//
+// Every platform call of the core stands behind this header. Paths are the file
+// system's own bytes, UTF-8 on Windows. Nothing here throws,
+// but for want of memory.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+// True when a file of that name exists; a folder does not count.
+[[nodiscard]] bool FileExists(const std::string& path);
+
+[[nodiscard]] bool FolderExists(const std::string& path);
+
+// True for an ordinary file: no device, pipe or socket, reading which may never end.
+[[nodiscard]] bool IsRegularFile(const std::string& path);
+
+// The length in bytes; nothing when the file cannot be looked at.
+[[nodiscard]] std::optional<std::int64_t> FileLength(const std::string& path);
+
+// Whether both paths name one file, be it by another spelling or a link.
+[[nodiscard]] bool IsSameFile(const std::string& path, const std::string& other);
+
+// What came of reading a file: `error` is the system's description, empty on success.
+struct FileRead {
+  std::string bytes;
+  std::string error;
+  int errorNumber = 0;
+};
+
+// Reads the first `limit` bytes of a file, the whole file by default.
+[[nodiscard]] FileRead ReadFileBytes(const std::string& path, std::uint64_t limit = UINT64_MAX);
+
+// Hands the bytes of a file to `take`, front to back, `chunkLength` at a time and
+// the rest last. False when the file could not be read to its end.
+[[nodiscard]] bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
+                                    const std::function<void(std::string_view)>& take);
+
+// A file being written. The bytes go to a new file in the target's folder, which
+// takes the target's place only in Commit: until then, and after any failure, an
+// existing target is as it was. A link is followed; a device or pipe is written
+// directly, for it has no content to lose.
+class OutputFile {
+ public:
+  explicit OutputFile(const std::string& path);
+
+  // Removes the new file, unless it was committed.
+  ~OutputFile();
+
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  // Appends bytes. False once anything has failed since the file was opened.
+  bool Write(std::string_view bytes);
+
+  // Puts the written file in the target's place. False when anything failed.
+  [[nodiscard]] bool Commit();
+
+  // The system's description of the first failure; empty as long as there is none.
+  [[nodiscard]] const std::string& Error() const { return error_; }
+
+ private:
+  void Open();
+  void OpenBeside(bool replaces);
+  void CloseHandle();
+  void Fail(int errorNumber);
+
+  std::filesystem::path target_;
+  std::filesystem::path temporary_;  // empty when the target is written directly
+  std::string error_;
+  int handle_ = -1;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,214 @@
+#include "input/utf8_repair.h"
+
+#include <array>
+#include <bitset>
+#include <cstdint>
+#include <string_view>
+
+// RepairUtf8 is defined by replacements over the whole text: find a lead byte,
+// look at the byte after it, replace every such pair wherever it stands, go on
+// one place further. Done so, a text with sixty different letters is walked sixty
+// times. Yet where no pair can arise from the replacement of others, which pairs
+// get replaced depends only on the first visible pair of each kind, so one walk
+// finds the kinds and a second one writes the text. Texts in which pairs can
+// arise (a lead byte after a lead byte, or a letter that is itself a lead byte)
+// are rare; for them the replacements are made one after the other.
+
+namespace quorvel {
+namespace {
+
+constexpr char LEAD_194 = '\xC2';
+constexpr char LEAD_195 = '\xC3';
+constexpr std::string_view C_WITH_CARON = "\xC4\x8D";
+constexpr std::string_view PUNCTUATION_LEAD = "\xE2\x80";
+
+std::uint8_t ByteAt(std::string_view text, std::size_t place) {
+  return static_cast<std::uint8_t>(text[place]);
+}
+
+// What one lead byte and a byte after it stand for.
+struct PairRule {
+  char lead;
+  std::uint8_t firstRemoved;   // from here ...
+  std::uint8_t firstReplaced;  // ... to below this one the pair is removed;
+  std::uint8_t shift;          // from there to 191 it becomes this much more than the byte
+
+  [[nodiscard]] bool Covers(std::uint8_t next) const { return next >= firstRemoved && next <= 191; }
+  [[nodiscard]] bool Removes(std::uint8_t next) const { return next < firstReplaced; }
+  [[nodiscard]] char Replacement(std::uint8_t next) const {
+    return static_cast<char>(next + shift);
+  }
+};
+
+constexpr PairRule RULE_194 = {LEAD_194, 128, 160, 0};
+constexpr PairRule RULE_195 = {LEAD_195, 128, 128, 64};
+
+void ReplaceEverywhere(std::string& text, std::string_view from, std::string_view to) {
+  std::size_t found = text.find(from);
+  if (found == std::string::npos) return;
+  std::string result;
+  result.reserve(text.size());
+  std::size_t done = 0;
+  for (; found != std::string::npos; found = text.find(from, done)) {
+    result.append(text, done, found - done).append(to);
+    done = found + from.size();
+  }
+  text = result.append(text, done);
+}
+
+void RepairOneByOne(std::string& text, const PairRule& rule) {
+  std::size_t start = 0;
+  while (true) {
+    const std::size_t found = text.find(rule.lead, start);
+    if (found == std::string::npos || found + 1 == text.size()) return;
+    const std::uint8_t next = ByteAt(text, found + 1);
+    // The search never moves past such a pair: it ends the pass.
+    if (!rule.Covers(next)) return;
+    const std::string pair = text.substr(found, 2);
+    const std::string replacement(rule.Removes(next) ? 0 : 1, rule.Replacement(next));
+    ReplaceEverywhere(text, pair, replacement);
+    start = found + 1;
+  }
+}
+
+// Whether replacing a pair could put a lead byte in front of a byte it forms a
+// new pair with.
+bool PairsCanArise(std::string_view text, const PairRule& rule, std::size_t place) {
+  const std::uint8_t next = ByteAt(text, place + 1);
+  return text[place + 1] == rule.lead ||
+         (rule.Covers(next) && !rule.Removes(next) && rule.Replacement(next) == rule.lead);
+}
+
+using PairKinds = std::bitset<256>;
+
+struct PairSurvey {
+  bool independent = true;  // no pair can arise from the replacement of others
+  PairKinds replaced;       // the second bytes of the pairs that the pass replaces
+};
+
+// Finds the pairs in the order in which the pass does. A pair that is removed
+// pulls the next one up to its own place, behind which the search goes on: that
+// next one is not seen there, only replaced if its kind is seen elsewhere.
+PairSurvey SurveyPairs(std::string_view text, const PairRule& rule) {
+  PairSurvey survey;
+  bool searching = true;
+  std::size_t hidden = std::string_view::npos;
+  for (std::size_t place = text.find(rule.lead); place != std::string_view::npos;
+       place = text.find(rule.lead, place + 1)) {
+    if (place + 1 == text.size()) break;
+    if (PairsCanArise(text, rule, place)) {
+      survey.independent = false;
+      return survey;
+    }
+    const std::uint8_t next = ByteAt(text, place + 1);
+    const bool isHidden = place == hidden;
+    hidden = std::string_view::npos;
+    if (!searching || !rule.Covers(next)) {
+      searching = searching && isHidden;
+    } else if (survey.replaced[next]) {
+      if (isHidden && rule.Removes(next)) hidden = place + 2;
+    } else if (!isHidden) {
+      survey.replaced.set(next);
+      if (rule.Removes(next)) hidden = place + 2;
+    }
+  }
+  return survey;
+}
+
+void ReplaceKinds(std::string& text, const PairRule& rule, const PairKinds& kinds) {
+  std::size_t out = 0;
+  for (std::size_t in = 0; in < text.size(); ++in) {
+    const bool pair = text[in] == rule.lead && in + 1 < text.size() && kinds[ByteAt(text, in + 1)];
+    if (!pair) {
+      text[out++] = text[in];
+    } else if (const std::uint8_t next = ByteAt(text, ++in); !rule.Removes(next)) {
+      text[out++] = rule.Replacement(next);
+    }
+  }
+  text.resize(out);
+}
+
+void RepairPairs(std::string& text, const PairRule& rule) {
+  if (text.find(rule.lead) == std::string::npos) return;
+  const PairSurvey survey = SurveyPairs(text, rule);
+  if (!survey.independent) {
+    RepairOneByOne(text, rule);
+  } else if (survey.replaced.any()) {
+    ReplaceKinds(text, rule, survey.replaced);
+  }
+}
+
+// The plain form of the punctuation mark with the third byte `x`; no data for a
+// mark that has none.
+std::string_view PlainFormOf(std::uint8_t x) {
+  switch (x) {
+    case 144:
+    case 145:
+    case 146:
+    case 147:
+      return "-";
+    case 148:
+      return " -- ";
+    case 149:
+      return "--";
+    case 150:
+      return "|";
+    case 151:
+      // The double low line becomes the per-mille sign: so meant.
+      return "\x89";
+    case 152:
+    case 153:
+    case 154:
+    case 155:
+      return "'";
+    case 156:
+    case 157:
+    case 158:
+    case 159:
+      return "\"";
+    case 162:
+      return " . ";
+    case 166:
+      return "...";
+    case 185:
+      return "<";
+    case 186:
+      return ">";
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+void RepairUtf8(std::string& text) {
+  RepairPairs(text, RULE_194);
+  RepairPairs(text, RULE_195);
+  ReplaceEverywhere(text, C_WITH_CARON, "c");
+}
+
+void PlainPunctuation(std::string& text) {
+  std::size_t found = text.find(PUNCTUATION_LEAD);
+  if (found == std::string::npos) return;
+  if (found + 2 == text.size() || PlainFormOf(ByteAt(text, found + 2)).empty()) {
+    text.erase(found, 3);
+    return;
+  }
+  std::string result;
+  result.reserve(text.size() + text.size() / 16);
+  std::size_t done = 0;
+  for (; found != std::string::npos && found + 2 < text.size();
+       found = text.find(PUNCTUATION_LEAD, found)) {
+    const std::string_view plain = PlainFormOf(ByteAt(text, found + 2));
+    if (plain.empty()) {
+      found += 2;
+      continue;
+    }
+    result.append(text, done, found - done).append(plain);
+    found += 3;
+    done = found;
+  }
+  text = result.append(text, done);
+}
+
+}  // namespace quorvel

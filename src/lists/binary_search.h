@@ -1,0 +1,19 @@
+// The look-up in a sorted word list.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvel {
+
+// Words in ascending order by code unit.
+using SortedWords = std::vector<std::u16string>;
+
+// Whether `key` stands in `words`, spelled exactly so.
+[[nodiscard]] inline bool BinarySearch(const SortedWords& words, std::u16string_view key) {
+  return std::binary_search(words.begin(), words.end(), key);
+}
+
+}  // namespace quorvel

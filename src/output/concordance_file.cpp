@@ -1,0 +1,86 @@
+#include "output/concordance_file.h"
+
+#include <array>
+
+#include "input/file_system.h"
+#include "output/digest.h"
+#include "util/ansi.h"
+#include "util/version.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view LINE_END = "\r\n";
+
+// What the file holds, as its header names it.
+std::string KindWord(Mode mode) { return mode == Mode::create ? "Concordance" : "Search results"; }
+
+bool MayReplace(const ConcordanceSettings& settings, const std::string& target, UserInterface& ui) {
+  if (!settings.warnOnOverwrite || !FileExists(target)) return true;
+  const std::string text = "A " + LowerAscii(KindWord(settings.mode)) + " file \r\n" + target +
+                           "\r\nalready exists.  Do you wish to overwrite it?";
+  return ui.Ask({text, "File exists", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
+}
+
+}  // namespace
+
+std::string OutputName(Mode mode) { return KindWord(mode) + " file"; }
+
+std::string VersionText() {
+  return std::to_string(VERSION_MAJOR) + "." + std::to_string(VERSION_MINOR) + "6";
+}
+
+std::string DateAndTimeText(std::time_t time) {
+  std::tm local = {};
+#ifdef _WIN32
+  localtime_s(&local, &time);
+#else
+  localtime_r(&time, &local);
+#endif
+  std::array<char, 32> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local);
+  return {text.data(), length};
+}
+
+const std::string& OutputFileOf(const ConcordanceSettings& settings) {
+  return settings.mode == Mode::create ? settings.outputFile : settings.searchResultsFile;
+}
+
+std::string FileHeader(const ConcordanceSettings& settings, std::time_t time) {
+  std::string header;
+  AppendAnsi(header, DecodeUtf8("Input file: " + settings.inputFile));
+  header += LINE_END;
+  if (settings.mode == Mode::create) {
+    header.append("MD5 message digest of input file: ")
+        .append(ComputeFileDigest(settings.inputFile).text)
+        .append(LINE_END);
+  }
+  return header.append(KindWord(settings.mode))
+      .append(" file created using Quorvel (V.")
+      .append(VersionText())
+      .append("): ")
+      .append(DateAndTimeText(time))
+      .append(LINE_END)
+      .append(LINE_END);
+}
+
+bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
+                    std::time_t time, const std::function<bool(std::string_view)>& write) {
+  // The listing is a record like the lines of the header: it ends in one more line end.
+  return write(FileHeader(settings, time)) && write(outputText) && write(LINE_END);
+}
+
+FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
+                                 UserInterface& ui) {
+  const std::string& target = OutputFileOf(settings);
+  if (target.empty() || !MayReplace(settings, target, ui)) return FileOutcome::notWanted;
+  OutputFile file(target);
+  const bool whole = file.Error().empty() &&
+                     WriteFileBytes(settings, outputText, std::time(nullptr),
+                                    [&file](std::string_view bytes) { return file.Write(bytes); });
+  if (!whole || !file.Commit()) return FileOutcome::failed;
+  if (settings.mode == Mode::create) ui.PopUp("Concordance file written");
+  return FileOutcome::written;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,45 @@
+// The concordance file and the search-results file: a short header that names the
+// input, then the entries, as Windows-1252 text with CR LF line ends.
+#pragma once
+
+#include <ctime>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "settings/settings.h"
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+// What a mode's file is called in messages: "Concordance file" or "Search results file".
+[[nodiscard]] std::string OutputName(Mode mode);
+
+// The program's version as headers show it: "21.36".
+[[nodiscard]] std::string VersionText();
+
+// A local date and time as "2024-05-17 14:03".
+[[nodiscard]] std::string DateAndTimeText(std::time_t time);
+
+// The name of the file that a run in the settings' mode writes; may be empty.
+[[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
+
+// The header of the file that a run with these settings writes at `time`, as
+// Windows-1252 bytes. Reads the input file once more for its digest.
+[[nodiscard]] std::string FileHeader(const ConcordanceSettings& settings, std::time_t time);
+
+// Hands the file's bytes to `write`, front to back; stops and gives false as soon
+// as that gives false.
+[[nodiscard]] bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
+                                  std::time_t time,
+                                  const std::function<bool(std::string_view)>& write);
+
+enum class FileOutcome { written, notWanted, failed };
+
+// Writes the file of the current listing, asking first, if the settings say so,
+// before an existing file is replaced. Not wanted: no name is set, or the user
+// said no. After a failure an existing file is as it was.
+[[nodiscard]] FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings,
+                                               std::string_view outputText, UserInterface& ui);
+
+}  // namespace quorvel

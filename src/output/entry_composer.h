@@ -1,0 +1,47 @@
+// Composes the entries of a listing: a header for each word, and its contexts.
+//
+// With a context size of 0 an entry is the bare word, so that the same machinery
+// makes a plain word list.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "engine/word_table.h"
+#include "output/context_merger.h"
+#include "output/context_window.h"
+
+namespace quorvel {
+
+// A word that occurs more often cannot be listed.
+inline constexpr std::int32_t MOST_OCCURRENCES = 32767;
+
+struct EntryOptions {
+  ContextOptions context;
+  bool showFrequencies = true;
+};
+
+class EntryComposer {
+ public:
+  // `documentText` must outlive the composer; its double hyphens are blanked.
+  EntryComposer(std::u16string_view documentText, const EntryOptions& options);
+
+  // Appends the entry of one word to `outputText`. The word must not occur more
+  // often than MOST_OCCURRENCES.
+  void DisplayNextWord(const WordEntry& entry, std::u16string& outputText);
+
+  // The line of a bare word: the word and, if frequencies are shown, its count.
+  [[nodiscard]] std::u16string WordLine(const WordEntry& entry) const;
+
+ private:
+  void GatherContexts(const WordEntry& entry);
+
+  EntryOptions options_;
+  bool pluralMarksInText_;
+  ContextCutter cutter_;
+  ContextMerger merger_;
+  std::u16string copies_;  // contexts that had to be copied, for the word at hand
+};
+
+}  // namespace quorvel

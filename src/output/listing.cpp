@@ -1,0 +1,193 @@
+#include "output/listing.h"
+
+#include <optional>
+
+#include "output/concordance_file.h"
+#include "output/entry_composer.h"
+#include "util/ansi.h"
+#include "util/progress_bar.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::int32_t FEWEST_WORDS_FOR_BAR = 100;
+
+EntryOptions OptionsOf(const ConcordanceSettings& settings) {
+  EntryOptions options;
+  options.context.contextSize = settings.contextSize;
+  options.context.showLineBreaks = settings.showLineBreaks;
+  options.showFrequencies = settings.showFrequencies;
+  return options;
+}
+
+void ShowError(UserInterface& ui, const std::string& text) {
+  ui.Ask({text, "Error", Icon::exclamation, Buttons::ok, Answer::ok});
+}
+
+// Room for a whole listing, so that it need not be moved while it grows. An
+// estimate of what English takes; memory that stays unused is never touched.
+std::size_t ExpectedLength(const RunState& state) {
+  constexpr std::size_t HEADER_LENGTH = 24;
+  constexpr std::size_t WORD_LENGTH = 8;
+  const auto words = static_cast<std::size_t>(state.table.includedCount);
+  if (state.settings.contextSize == 0) return words * HEADER_LENGTH;
+  const std::size_t wordsInLine = 2 * static_cast<std::size_t>(state.settings.contextSize) + 2;
+  const auto lines = static_cast<std::size_t>(state.table.totalOccurrences);
+  return words * HEADER_LENGTH + lines * wordsInLine * WORD_LENGTH;
+}
+
+// The entries of a listing, one after the other.
+class ListingPass {
+ public:
+  ListingPass(RunState& state, UserInterface& ui)
+      : state_(state), ui_(ui), composer_(state.documentText, OptionsOf(state.settings)) {
+    if (state.table.WordCount() > FEWEST_WORDS_FOR_BAR) bar_.emplace(ui);
+    state.outputText = {};
+    state.outputText.reserve(ExpectedLength(state));
+  }
+
+  // Lists entry `i`, 1-based, the `step`-th one looked at; false when it cannot be listed.
+  bool List(std::int32_t i, std::int32_t step) {
+    const WordEntry& entry = state_.table.entries[static_cast<std::size_t>(i) - 1];
+    if (entry.Count() > MOST_OCCURRENCES) return RefuseFrequentWord(entry);
+    if (bar_) bar_->Update(step, state_.table.WordCount(), 0);
+    const bool first = state_.outputText.empty();
+    entryText_.clear();
+    composer_.DisplayNextWord(entry, entryText_);
+    AppendAnsi(state_.outputText, entryText_);
+    // The line end that opens the first entry goes while the text is still short.
+    if (first) TrimLeadingControlChars(state_.outputText);
+    if (state_.settings.contextSize == 0) {
+      ui_.SetOutput(EncodeUtf8(composer_.WordLine(entry)) + "\r\n");
+    }
+    return true;
+  }
+
+  // Lets events run; false when the user wants the listing to end.
+  bool MayGoOn() {
+    ui_.YieldNow();
+    return !ui_.StopRequested();
+  }
+
+ private:
+  bool RefuseFrequentWord(const WordEntry& entry) {
+    ShowError(ui_, "The word \"" + EncodeUtf8(entry.word) + "\" occurs " +
+                       std::to_string(entry.Count()) + " times; a word that occurs more than " +
+                       std::to_string(MOST_OCCURRENCES) +
+                       " times cannot be listed.\r\nAdd it to the stop words.");
+    return false;
+  }
+
+  RunState& state_;
+  UserInterface& ui_;
+  EntryComposer composer_;
+  std::u16string entryText_;
+  std::optional<ProgressBar> bar_;
+};
+
+// Both give false when a word could not be listed; a stop ends them early.
+bool ListWordsAlphabetically(RunState& state, UserInterface& ui) {
+  ListingPass pass(state, ui);
+  for (std::int32_t i = 1; i <= state.table.WordCount(); ++i) {
+    const bool included = state.table.entries[static_cast<std::size_t>(i) - 1].include;
+    if (included && !pass.List(i, i)) return false;
+    if (!pass.MayGoOn()) break;
+  }
+  return true;
+}
+
+bool ListWordsByFrequency(RunState& state, UserInterface& ui) {
+  ListingPass pass(state, ui);
+  std::int32_t i = state.table.frequencyHead;
+  for (std::int32_t step = 1; step <= state.table.includedCount; ++step) {
+    if (!pass.List(i, step)) return false;
+    if (!pass.MayGoOn()) break;
+    i = state.table.entries[static_cast<std::size_t>(i) - 1].frequencyNext;
+  }
+  return true;
+}
+
+void ShowListing(RunState& state, UserInterface& ui) {
+  if (state.settings.mode == Mode::create) {
+    ui.SetLabel(Label::keywordsFound,
+                "Number of keywords found: " + GroupedNumber(state.table.WordCount()));
+  }
+  state.textboxFull = state.outputText.size() >= TEXTBOX_LIMIT;
+  ui.SetOutput(EncodeUtf8(DecodeAnsi(TextboxPart(state.outputText))));
+}
+
+// Whether the listing is where it should be; the user has been told if not.
+bool WriteListing(const RunState& state, UserInterface& ui) {
+  const ConcordanceSettings& settings = state.settings;
+  if (state.outputSink) {
+    return WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink);
+  }
+  // A search writes whatever the settings say of the concordance file, and is silent about it.
+  if (settings.mode == Mode::search) {
+    return WriteConcordanceFile(settings, state.outputText, ui) != FileOutcome::failed;
+  }
+  if (settings.outputFile.empty()) {
+    if (state.textboxFull) {
+      ui.Ask({"To get the entire concordance, specify a concordance (output) file.",
+              "The concordance is too large for the textbox.", Icon::information, Buttons::ok,
+              Answer::ok});
+    }
+    return true;
+  }
+  if (settings.outputToFileDisabled) {
+    ui.Ask({"Output to file is disabled.", STANDARD_TITLE, Icon::information, Buttons::ok,
+            Answer::ok});
+    return true;
+  }
+  if (WriteConcordanceFile(settings, state.outputText, ui) != FileOutcome::failed) return true;
+  ShowError(ui, "An error occurred when creating " + LowerAscii(OutputName(settings.mode)) + ".");
+  return false;
+}
+
+// Shows the listing and, unless a word could not be listed, writes it.
+ListingOutcome FinishListing(RunState& state, bool complete, UserInterface& ui) {
+  ui.SetLabel(Label::keywordsFound, "");
+  ListingOutcome outcome = ListingOutcome::failed;
+  if (state.outputText.empty()) {
+    ui.SetOutput("No result");
+    if (complete) outcome = ListingOutcome::nothing;
+  } else {
+    ShowListing(state, ui);
+    if (complete && WriteListing(state, ui)) outcome = ListingOutcome::listed;
+  }
+  ui.SetLabel(Label::busyIndicator, " ");
+  return outcome;
+}
+
+}  // namespace
+
+ListingOutcome ListWords(RunState& state, UserInterface& ui) {
+  if (state.table.includedCount == 0) {
+    ui.SetOutput("");
+    return ListingOutcome::nothing;
+  }
+  const bool create = state.settings.mode == Mode::create;
+  ui.AppendOutput(create ? "Creating concordance ...\r\n" : "Getting search results ...\r\n");
+  const bool complete = state.settings.wordOrder == WordOrder::alphabetical
+                            ? ListWordsAlphabetically(state, ui)
+                            : ListWordsByFrequency(state, ui);
+  const ListingOutcome outcome = FinishListing(state, complete, ui);
+  if (!ui.StopRequested()) return outcome;
+  ui.AppendOutput("\r\nListing stopped.\r\n");
+  return outcome == ListingOutcome::failed ? outcome : ListingOutcome::stopped;
+}
+
+void TrimLeadingControlChars(std::string& text) {
+  std::size_t count = 0;
+  while (count < text.size() && static_cast<std::uint8_t>(text[count]) <= 32) ++count;
+  text.erase(0, count);
+}
+
+std::string_view TextboxPart(std::string_view text) {
+  if (text.size() < TEXTBOX_LIMIT) return text;
+  const std::string_view part = text.substr(0, TEXTBOX_LIMIT);
+  return part.substr(0, part.rfind(' ') + 1);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,144 @@
+#include "run/run_driver.h"
+
+#include <new>
+#include <string>
+#include <utility>
+
+#include "engine/tokenizer.h"
+#include "input/compact_spaces.h"
+#include "input/file_system.h"
+#include "input/input_file.h"
+#include "output/concordance_file.h"
+#include "output/listing.h"
+#include "util/ansi.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+bool Refuse(UserInterface& ui, const std::string& text) {
+  ui.Ask({text, STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+  return false;
+}
+
+// An output file that is the input would take its place.
+bool CheckOutputFile(const ConcordanceSettings& settings, UserInterface& ui) {
+  const std::string& output = OutputFileOf(settings);
+  if (output.empty() || !IsSameFile(settings.inputFile, output)) return true;
+  return Refuse(ui, "The " + LowerAscii(OutputName(settings.mode)) +
+                        " cannot be the same as the input file.");
+}
+
+bool CheckInput(ConcordanceSettings& settings, UserInterface& ui) {
+  settings.inputFile = std::string(TrimBlanks(settings.inputFile));
+  if (settings.inputFile.empty()) return Refuse(ui, "Input file not specified.");
+  return PassesExtensionGate(settings.inputFile, ListButtonCaption(settings), ui) &&
+         CheckInputReadable(settings.inputFile, ui) && CheckOutputFile(settings, ui);
+}
+
+// Fills the document text and the table. False when reading failed or was stopped;
+// a stop during the scan leaves the words found so far.
+bool ReadAndScanInput(RunState& state, UserInterface& ui) {
+  std::optional<std::string> text =
+      ObtainDocumentText(state.settings.inputFile, state.encodingChoice, state.settings.inputIsUtf8,
+                         state.macNoticeShown, ui);
+  if (!text) return false;
+  ui.AppendOutput("Compacting spaces ...\r\n");
+  CompactSpaces(*text);
+  ui.AppendOutput("Processing file ...\r\n");
+  state.documentText = DecodeAnsi(*text);
+  text.reset();
+  ConcealNumWords(state.lists.stopWords, true);
+  state.table.positionWidth = PositionWidth(state.documentText.size());
+  BlankDoubleHyphens(state.documentText);
+  GetWords(state.documentText, state.table, ui);
+  return true;
+}
+
+RunOutcome StopAfterScan(RunState& state, UserInterface& ui) {
+  const std::int32_t count = state.table.WordCount();
+  ui.AppendOutput("Stopped with " + std::to_string(count) + " word" + (count == 1 ? "" : "s") +
+                  " found.\r\n");
+  ConcealNumWords(state.lists.stopWords, false);
+  return RunOutcome::stopped;
+}
+
+void OrderTable(RunState& state, UserInterface& ui) {
+  ui.AppendOutput("Applying filters ...\r\n");
+  state.lists.extraStopWords = ExtraStopWordsOf(state.settings.extraStopWords);
+  ApplyAdmissionFilters(state.table, state.settings, state.lists);
+  ui.AppendOutput("Counting words ...\r\n");
+  CountIncludedWords(state.table);
+  ui.AppendOutput("Ordering by frequency ...\r\n");
+  BuildFrequencyChain(state.table);
+}
+
+void ShowWordCounts(const WordTable& table, UserInterface& ui) {
+  ui.SetLabel(Label::numberOfWords, "Number of words: " + GroupedNumber(table.includedCount));
+  ui.SetLabel(Label::numberOfOccurrences,
+              "Number of occurrences: " + GroupedNumber(table.totalOccurrences));
+}
+
+RunOutcome OutcomeOf(ListingOutcome listing) {
+  switch (listing) {
+    case ListingOutcome::listed:
+      return RunOutcome::done;
+    case ListingOutcome::stopped:
+      return RunOutcome::stopped;
+    case ListingOutcome::nothing:
+      return RunOutcome::nothingFound;
+    default:
+      return RunOutcome::failed;
+  }
+}
+
+RunOutcome RunPhases(RunState& state, UserInterface& ui) {
+  if (!CheckInput(state.settings, ui)) {
+    ui.SetOutput("");
+    return RunOutcome::refused;
+  }
+  if (!ReadAndScanInput(state, ui)) {
+    if (!ui.StopRequested()) return RunOutcome::refused;
+    ui.SetOutput("Stopped when reading file.");
+    return RunOutcome::stopped;
+  }
+  ui.AppendOutput("Sorting ...\r\n");
+  SortWordTable(state.table);
+  ui.YieldNow();
+  if (ui.StopRequested()) return StopAfterScan(state, ui);
+  OrderTable(state, ui);
+  ShowWordCounts(state.table, ui);
+  if (state.table.includedCount == 0) {
+    ui.SetOutput("No words satisfying the conditions were found.");
+    return RunOutcome::nothingFound;
+  }
+  return OutcomeOf(ListWords(state, ui));
+}
+
+}  // namespace
+
+RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
+  state.settings.extraStopWords = TidyExtraStopWords(state.settings.extraStopWords);
+  if (!CheckAllowedExtraChars(state.settings, ui)) return RunOutcome::refused;
+  EmptyWordTable(state.table);
+  ui.ClearStop();
+  try {
+    const RunOutcome outcome = RunPhases(state, ui);
+    ui.SetLabel(Label::busyIndicator, " ");
+    return outcome;
+  } catch (const std::bad_alloc&) {
+    EmptyWordTable(state.table);
+    state.documentText = {};
+    state.outputText = {};
+    ui.SetOutput("");
+    Refuse(ui, "There is not enough memory for this input file.");
+    return RunOutcome::failed;
+  }
+}
+
+std::string ListButtonCaption(const ConcordanceSettings& settings) {
+  if (settings.mode == Mode::search) return "Search";
+  return settings.outputToFileDisabled ? "List words (no file)" : "List words";
+}
+
+}  // namespace quorvel

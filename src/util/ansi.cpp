@@ -1,0 +1,191 @@
+#include "util/ansi.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace quorvel {
+namespace {
+
+// What the bytes 80 to 9F hex stand for; every other byte is its own character.
+constexpr std::array<char16_t, 32> HIGH_CONTROLS = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr std::array<char16_t, 256> MakeDecodingTable() {
+  std::array<char16_t, 256> table{};
+  for (std::size_t byte = 0; byte < table.size(); ++byte) {
+    const bool special = byte >= 0x80 && byte < 0xA0;
+    table[byte] = special ? HIGH_CONTROLS[byte - 0x80] : static_cast<char16_t>(byte);
+  }
+  return table;
+}
+
+constexpr std::array<char16_t, 256> DECODING_TABLE = MakeDecodingTable();
+
+bool IsItsOwnByte(char16_t ch) { return ch < 0x100 && (ch & 0xE0U) != 0x80; }
+
+char AnsiByteOf(char16_t ch) {
+  if (IsItsOwnByte(ch)) return static_cast<char>(ch);
+  const auto place = std::find(HIGH_CONTROLS.begin(), HIGH_CONTROLS.end(), ch);
+  if (place == HIGH_CONTROLS.end()) return '?';
+  return static_cast<char>(0x80 + (place - HIGH_CONTROLS.begin()));
+}
+
+bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
+bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
+
+// Encodes at least `length` characters of `text` to `out`, one more where a pair
+// of surrogates straddles the end; gives the end of the bytes, and in `taken` the
+// characters they stand for.
+char* EncodeBlock(std::u16string_view text, std::size_t length, char* out, std::size_t& taken) {
+  for (taken = 0; taken < length; ++taken) {
+    const bool pair =
+        IsHighSurrogate(text[taken]) && taken + 1 < text.size() && IsLowSurrogate(text[taken + 1]);
+    *out++ = AnsiByteOf(text[taken]);
+    if (pair) ++taken;
+  }
+  return out;
+}
+
+// The code points that a UTF-8 sequence may encode, by its first byte.
+struct SequenceShape {
+  std::size_t length;
+  std::uint32_t firstBits;
+  std::uint32_t smallest;
+};
+
+SequenceShape ShapeOf(std::uint8_t first) {
+  if (first < 0x80) return {1, first, 0};
+  if (first >= 0xC2 && first < 0xE0) return {2, first & 0x1FU, 0x80};
+  if (first >= 0xE0 && first < 0xF0) return {3, first & 0x0FU, 0x800};
+  if (first >= 0xF0 && first < 0xF5) return {4, first & 0x07U, 0x10000};
+  return {0, 0, 0};
+}
+
+// Reads one code point at the front of `bytes`; gives its length in bytes, 0
+// when they are not UTF-8.
+std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
+  const SequenceShape shape = ShapeOf(static_cast<std::uint8_t>(bytes.front()));
+  if (shape.length == 0 || shape.length > bytes.size()) return 0;
+  codePoint = shape.firstBits;
+  for (std::size_t i = 1; i < shape.length; ++i) {
+    const auto byte = static_cast<std::uint8_t>(bytes[i]);
+    if ((byte & 0xC0U) != 0x80) return 0;
+    codePoint = (codePoint << 6U) | (byte & 0x3FU);
+  }
+  const bool surrogate = codePoint >= 0xD800 && codePoint < 0xE000;
+  const bool valid = codePoint >= shape.smallest && codePoint <= 0x10FFFF && !surrogate;
+  return valid ? shape.length : 0;
+}
+
+void AppendCodePoint(std::u16string& text, std::uint32_t codePoint) {
+  if (codePoint < 0x10000) {
+    text += static_cast<char16_t>(codePoint);
+  } else {
+    text += static_cast<char16_t>(0xD800 + ((codePoint - 0x10000) >> 10U));
+    text += static_cast<char16_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FFU));
+  }
+}
+
+void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
+  const auto put = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
+  if (codePoint < 0x80) {
+    put(codePoint);
+    return;
+  }
+  if (codePoint < 0x800) {
+    put(0xC0 | (codePoint >> 6U));
+  } else if (codePoint < 0x10000) {
+    put(0xE0 | (codePoint >> 12U));
+    put(0x80 | ((codePoint >> 6U) & 0x3FU));
+  } else {
+    put(0xF0 | (codePoint >> 18U));
+    put(0x80 | ((codePoint >> 12U) & 0x3FU));
+    put(0x80 | ((codePoint >> 6U) & 0x3FU));
+  }
+  put(0x80 | (codePoint & 0x3FU));
+}
+
+}  // namespace
+
+std::u16string DecodeAnsi(std::string_view bytes) {
+  std::u16string text(bytes.size(), u'\0');
+  std::transform(bytes.begin(), bytes.end(), text.begin(),
+                 [](char byte) { return DECODING_TABLE[static_cast<std::uint8_t>(byte)]; });
+  return text;
+}
+
+// Text is nearly all characters that are their own bytes: they are narrowed in
+// blocks, and only a block that holds another one is looked at character by
+// character.
+void AppendAnsi(std::string& bytes, std::u16string_view text) {
+  constexpr std::size_t BLOCK = 64;
+  const std::size_t before = bytes.size();
+  bytes.resize(before + text.size());
+  char* out = bytes.data() + before;
+  while (!text.empty()) {
+    const std::size_t length = std::min(BLOCK, text.size());
+    unsigned others = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+      others |= static_cast<unsigned>(!IsItsOwnByte(text[i]));
+      out[i] = static_cast<char>(text[i]);
+    }
+    std::size_t taken = length;
+    if (others == 0) {
+      out += length;
+    } else {
+      out = EncodeBlock(text, length, out, taken);
+    }
+    text.remove_prefix(taken);
+  }
+  bytes.resize(static_cast<std::size_t>(out - bytes.data()));
+}
+
+std::u16string DecodeUtf8(std::string_view bytes) {
+  std::u16string text;
+  text.reserve(bytes.size());
+  while (!bytes.empty()) {
+    std::uint32_t codePoint = 0;
+    std::size_t length = ReadCodePoint(bytes, codePoint);
+    if (length == 0) {
+      codePoint = DECODING_TABLE[static_cast<std::uint8_t>(bytes.front())];
+      length = 1;
+    }
+    AppendCodePoint(text, codePoint);
+    bytes.remove_prefix(length);
+  }
+  return text;
+}
+
+std::string EncodeUtf8(std::u16string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    std::uint32_t codePoint = text[i];
+    if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+      codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (text[++i] - 0xDC00U);
+    } else if (IsHighSurrogate(text[i]) || IsLowSurrogate(text[i])) {
+      codePoint = 0xFFFD;
+    }
+    AppendUtf8(bytes, codePoint);
+  }
+  return bytes;
+}
+
+std::string LowerAscii(std::string_view text) {
+  std::string lower(text);
+  for (char& ch : lower) {
+    if (ch >= 'A' && ch <= 'Z') ch = static_cast<char>(ch - 'A' + 'a');
+  }
+  return lower;
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,34 @@
+// Windows-1252 and UTF-8 to 16-bit characters and back.
+//
+// A document is bytes until its last repair and 16-bit characters from then on;
+// what a run writes is Windows-1252 again. Paths and messages are UTF-8.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+// The characters of Windows-1252 bytes, one for each. The five bytes without a
+// character (81, 8D, 8F, 90, 9D hex) become the control of the same number.
+[[nodiscard]] std::u16string DecodeAnsi(std::string_view bytes);
+
+// Appends the Windows-1252 bytes of `text` to `bytes`, one for each code unit; a
+// character that has none becomes "?". A surrogate pair is one character.
+void AppendAnsi(std::string& bytes, std::u16string_view text);
+
+// The characters of UTF-8 bytes. Bytes that are not UTF-8 are taken one by one
+// as Windows-1252, so that no path or typed word is lost.
+[[nodiscard]] std::u16string DecodeUtf8(std::string_view bytes);
+
+// The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
+[[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
+
+// `text` with A to Z in lower case, every other byte as it is: for extensions,
+// charset names and mark-up.
+[[nodiscard]] std::string LowerAscii(std::string_view text);
+
+// `text` without the blanks at its two ends: a view into the argument.
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+
+}  // namespace quorvel

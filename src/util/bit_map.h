@@ -1,0 +1,83 @@
+// One bit for each place of a text, and the searches for the set ones.
+//
+// Looking for the next blank so takes a few instructions, however long the words
+// are in between.
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+namespace quorvel {
+
+// All places are 0-based.
+class BitMap {
+ public:
+  static constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
+
+  explicit BitMap(std::size_t length) : words_(length / BITS + 1) {}
+
+  // Bits for `length` places, set where `isSet` says so of a place.
+  template <typename Predicate>
+  BitMap(std::size_t length, Predicate isSet) : BitMap(length) {
+    for (std::size_t word = 0; word < words_.size(); ++word) {
+      const std::size_t first = word * BITS;
+      const std::size_t count = std::min(BITS, length - first);
+      std::uint64_t bits = 0;
+      for (std::size_t i = 0; i < count; ++i) {
+        bits |= static_cast<std::uint64_t>(isSet(first + i)) << i;
+      }
+      words_[word] = bits;
+    }
+  }
+
+  void Set(std::size_t i) { words_[i / BITS] |= std::uint64_t{1} << (i % BITS); }
+
+  void Clear(std::size_t i) { words_[i / BITS] &= ~(std::uint64_t{1} << (i % BITS)); }
+
+  [[nodiscard]] bool IsSet(std::size_t i) const {
+    return ((words_[i / BITS] >> (i % BITS)) & 1U) != 0;
+  }
+
+  void Prefetch(std::size_t i) const { __builtin_prefetch(&words_[i / BITS]); }
+
+  // The n-th set place, n at least 1, from place `i` on and before place `end`;
+  // NONE when there are fewer. `end` is at most the length.
+  [[nodiscard]] std::size_t NthFrom(std::size_t i, int n, std::size_t end) const {
+    if (i >= end) return NONE;
+    std::size_t word = i / BITS;
+    std::uint64_t bits = words_[word] & (~std::uint64_t{0} << (i % BITS));
+    while (true) {
+      while (bits == 0) {
+        if (++word * BITS >= end) return NONE;
+        bits = words_[word];
+      }
+      if (--n == 0) break;
+      bits &= bits - 1;
+    }
+    const std::size_t found = word * BITS + static_cast<std::size_t>(std::countr_zero(bits));
+    return found < end ? found : NONE;
+  }
+
+  // The last set place up to and including `i` and not before `begin`, or NONE.
+  [[nodiscard]] std::size_t LastUpTo(std::size_t i, std::size_t begin) const {
+    std::size_t word = i / BITS;
+    std::uint64_t bits = words_[word] & (~std::uint64_t{0} >> (BITS - 1 - i % BITS));
+    while (bits == 0) {
+      if (word * BITS <= begin) return NONE;
+      bits = words_[--word];
+    }
+    const std::size_t found =
+        word * BITS + BITS - 1 - static_cast<std::size_t>(std::countl_zero(bits));
+    return found >= begin ? found : NONE;
+  }
+
+ private:
+  static constexpr std::size_t BITS = 64;
+
+  std::vector<std::uint64_t> words_;
+};
+
+}  // namespace quorvel

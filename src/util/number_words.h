@@ -1,0 +1,21 @@
+// English number words: a count written out for a label, and the words themselves, which are
+// concealed from a listing like stop words. Not for ordinals ("third"), and not for reading
+// numbers back.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorvel {
+
+// `number` in lower-case words, without "and": "two thousand three hundred forty". 0 is "zero", a
+// negative number begins with "minus ".
+[[nodiscard]] std::string NumberInWords(int32_t number);
+
+// The words that cardinals are made of: "zero" to "ninety-nine", "hundred", "thousand", "million"
+// and "billion", each in lower case and with a first capital ("Twenty-one"), ascending by code
+// unit.
+[[nodiscard]] std::vector<std::u16string> CardinalWords();
+
+}  // namespace quorvel

@@ -1,0 +1,38 @@
+#include "util/progress_bar.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorvel {
+
+std::string ProgressCaption(int position) {
+  if (position <= 0) return "[>" + std::string(PROGRESS_BAR_WIDTH, ' ') + "]";
+  const std::string done(static_cast<std::size_t>(position - 1), '-');
+  const std::string left(static_cast<std::size_t>(std::max(PROGRESS_BAR_WIDTH - position, 0)), ' ');
+  return "[" + done + ">" + left + "]";
+}
+
+ProgressBar::ProgressBar(UserInterface& ui) : ui_(ui) {
+  ui_.SetLabel(Label::progressBar, ProgressCaption(0));
+}
+
+ProgressBar::~ProgressBar() { ui_.SetLabel(Label::progressBar, ""); }
+
+// The position is rounded, halves to even; the bar can change again once half a
+// cell more has been done, and not before.
+void ProgressBar::Redraw(std::int64_t current, std::int64_t total, std::int64_t threshold) {
+  if (total < threshold || total <= 0) {
+    nextChange_ = std::numeric_limits<std::int64_t>::max();
+    return;
+  }
+  const double cells = static_cast<double>(PROGRESS_BAR_WIDTH) * static_cast<double>(current) /
+                       static_cast<double>(total);
+  const int position = static_cast<int>(std::nearbyint(cells));
+  const double nextCell = (position + 0.5) * static_cast<double>(total) / PROGRESS_BAR_WIDTH;
+  nextChange_ = std::max(current + 1, static_cast<std::int64_t>(nextCell));
+  if (position == position_) return;
+  position_ = position;
+  ui_.SetLabel(Label::progressBar, ProgressCaption(position));
+}
+
+}  // namespace quorvel

@@ -1,0 +1,45 @@
+// The text progress bar: "[---->     ]".
+//
+// It is updated far more often than it changes, so an update that would draw the
+// same picture again costs one comparison.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string>
+
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+// The bar's width in character cells.
+inline constexpr int PROGRESS_BAR_WIDTH = 40;
+
+// The caption for `position`, a number of cells from 0 on.
+[[nodiscard]] std::string ProgressCaption(int position);
+
+class ProgressBar {
+ public:
+  // Shows an empty bar.
+  explicit ProgressBar(UserInterface& ui);
+
+  // Removes the bar.
+  ~ProgressBar();
+
+  ProgressBar(const ProgressBar&) = delete;
+  ProgressBar& operator=(const ProgressBar&) = delete;
+
+  // Shows `current` of `total`; does nothing when `total` is below `threshold`.
+  void Update(std::int64_t current, std::int64_t total, std::int64_t threshold) {
+    if (current >= nextChange_) Redraw(current, total, threshold);
+  }
+
+ private:
+  void Redraw(std::int64_t current, std::int64_t total, std::int64_t threshold);
+
+  UserInterface& ui_;
+  std::int64_t nextChange_ = 0;
+  int position_ = 0;
+};
+
+}  // namespace quorvel

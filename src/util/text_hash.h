@@ -1,0 +1,41 @@
+// A fast hash of a short text, for tables that live as long as a run. Its values
+// differ between machines and are never stored.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace quorvel {
+
+// Mixes eight code units a step in two halves, which the processor does side by
+// side; the last step takes the last eight, whether or not they were taken before.
+[[nodiscard]] inline std::uint32_t HashOf(std::u16string_view text) {
+  constexpr std::uint64_t MULTIPLIER = 0x9E3779B97F4A7C15U;
+  constexpr std::size_t HALF = sizeof(std::uint64_t) / sizeof(char16_t);
+  const auto mix = [](std::uint64_t hash, std::uint64_t part) {
+    return std::rotl((hash ^ part) * MULTIPLIER, 29);
+  };
+  const auto unitsAt = [text](std::size_t i) {
+    std::uint64_t units = 0;
+    std::memcpy(&units, text.data() + i, sizeof(units));
+    return units;
+  };
+  std::uint64_t first = text.size();
+  std::uint64_t second = 0;
+  if (text.size() < HALF) {
+    for (const char16_t ch : text) first = mix(first, ch);
+  } else {
+    for (std::size_t i = 0; i + 2 * HALF < text.size(); i += 2 * HALF) {
+      first = mix(first, unitsAt(i));
+      second = mix(second, unitsAt(i + HALF));
+    }
+    const std::size_t last = text.size() - HALF;
+    first = mix(first, unitsAt(last < HALF ? 0 : last - HALF));
+    second = mix(second, unitsAt(last));
+  }
+  return static_cast<std::uint32_t>(mix(first, second) >> 16U);
+}
+
+}  // namespace quorvel
