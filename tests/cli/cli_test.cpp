@@ -1,0 +1,104 @@
+// The command line as a user meets it: the built program, started by a shell.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "support/test_folder.h"
+
+namespace quorvel {
+namespace {
+
+// Runs quorvel-cli in `folder` with standard input closed; standard output and
+// standard error go to the files "out" and "err" there. Gives the exit status.
+int RunCli(const TestFolder& folder, const std::string& arguments) {
+  const std::string command =
+      "cd '" + folder.Path("") + "' && '" QUORVEL_CLI "' " + arguments + " </dev/null >out 2>err";
+  const int status = std::system(command.c_str());
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+TEST(CommandLine, AnswersWithItsStatusAndMessages) {
+  struct Row {
+    const char* name;
+    const char* arguments;
+    int status;
+    const char* errors;  // "*" for any
+  };
+  const Row rows[] = {
+      {"default output", "a.txt", 0, ""},
+      {"all options",
+       "a.txt -o x.txt -c 0 --order frequency --no-frequencies --line-breaks --no-hyphens "
+       "--numerals --min-count 2 --extra-stop-words and --encoding auto --answer no -q",
+       0, ""},
+      {"version", "--version", 0, ""},
+      {"help", "--help", 0, ""},
+      {"unknown option", "--nonsense", 2, "*"},
+      {"context out of range", "a.txt -c 10", 2, "*"},
+      {"threshold out of range", "a.txt --min-count 1", 2, "*"},
+      {"empty output name", "a.txt -o ''", 2, "*"},
+      {"no input", "", 1, "quorvel-cli: Input file not specified.\n"},
+      {"missing input", "none.txt", 1, "quorvel-cli: File none.txt not found.\n"},
+      {"several lines", "a.log", 1,
+       "quorvel-cli: This program acts only on text files,\nWord DOCX files and HTML files.\n"},
+      {"pipe", "pipe.txt", 1, "quorvel-cli: File pipe.txt\nis a device or a pipe, not a file.\n"},
+      {"nothing found", "short.txt", 3,
+       "quorvel-cli: No words satisfying the conditions were found.\n"},
+      {"output is input", "a.txt -o a.txt", 1,
+       "quorvel-cli: The concordance file cannot be the same as the input file.\n"},
+      {"no output folder", "a.txt -o none/x.txt", 1,
+       "quorvel-cli: An error occurred when creating concordance file.\n"},
+      {"full device", "a.txt -o /dev/full", 1,
+       "quorvel-cli: An error occurred when creating concordance file.\n"}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const TestFolder folder;
+    (void)folder.Write("a.txt", "the cat and the dog\r\n");
+    (void)folder.Write("a.log", "the cat and the dog\r\n");
+    (void)folder.Write("short.txt", "a b c d\r\n");
+    ASSERT_EQ(std::system(("mkfifo '" + folder.Path("pipe.txt") + "'").c_str()), 0);
+    EXPECT_EQ(RunCli(folder, row.arguments), row.status);
+    if (std::string(row.errors) != "*") {
+      EXPECT_EQ(folder.Read("err"), row.errors);
+    }
+    EXPECT_EQ(folder.Read("a.txt"), "the cat and the dog\r\n");
+  }
+}
+
+TEST(CommandLine, WritesTheSameBytesToAFileAndToStandardOutput) {
+  const TestFolder folder;
+  (void)folder.Write("a.txt", "the caf\xE9 and the dog\r\n");
+  EXPECT_EQ(RunCli(folder, "a.txt --no-frequencies"), 0);
+  EXPECT_EQ(folder.Read("out"), "");
+  const std::string file = folder.Read("a.qvl.conc.txt");
+  EXPECT_NE(file.find("[caf\xE9]\r\n"), std::string::npos);
+  EXPECT_EQ(RunCli(folder, "a.txt --no-frequencies -o -"), 0);
+  // But for the minute in the header, which may have passed.
+  const std::string out = folder.Read("out");
+  EXPECT_EQ(out.substr(out.find("\r\n\r\n")), file.substr(file.find("\r\n\r\n")));
+}
+
+TEST(CommandLine, AnswersQuestionsAsTold) {
+  struct Row {
+    const char* options;
+    const char* word;
+  };
+  // "café" with an accent in UTF-8, and a dash that shows it.
+  const Row rows[] = {{"", "caf\xE9"},
+                      {"--encoding utf-8", "caf\xE9"},
+                      {"--encoding ansi", "caf\xC3"},
+                      {"--encoding ansi --answer default", "caf\xC3"},
+                      {"--encoding ansi --answer no", "caf\xC3"},
+                      {"--encoding ansi --answer yes", "caf\xE9"}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.options);
+    const TestFolder folder;
+    (void)folder.Write("a.txt", "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9\r\n");
+    EXPECT_EQ(RunCli(folder, std::string("a.txt -c 0 -o - ") + row.options), 0);
+    EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(row.word) + " 2\r\n\r\n"));
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,112 @@
+#include "input/file_system.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+#include "support/test_folder.h"
+
+namespace quorvel {
+namespace {
+
+// Lets no file grow beyond so many bytes, as a full disk would, while it lives.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &old_);
+    const rlimit limit = {bytes, old_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, oldHandler_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  rlimit old_ = {};
+  void (*oldHandler_)(int);
+};
+
+TEST(OutputFile, ReplacesOnlyWhenCommitted) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", "old");
+  {
+    OutputFile file(path);
+    EXPECT_TRUE(file.Write("new "));
+    EXPECT_EQ(folder.Read("a"), "old");
+  }
+  EXPECT_EQ(folder.Read("a"), "old");
+  EXPECT_EQ(folder.Count(), 1);
+  OutputFile file(path);
+  EXPECT_TRUE(file.Write("new "));
+  EXPECT_TRUE(file.Write("text"));
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(folder.Read("a"), "new text");
+  EXPECT_EQ(folder.Count(), 1);
+}
+
+TEST(OutputFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", "old");
+  {
+    const FileSizeLimit limit(1000);
+    OutputFile file(path);
+    EXPECT_FALSE(file.Write(std::string(5000, 'x')));
+    EXPECT_EQ(file.Error(), "File too large");
+    EXPECT_FALSE(file.Commit());
+  }
+  EXPECT_EQ(folder.Read("a"), "old");
+  EXPECT_EQ(folder.Count(), 1);
+}
+
+TEST(OutputFile, SaysWhatStandsInTheWay) {
+  const TestFolder folder;
+  EXPECT_EQ(OutputFile(folder.Path("none/a")).Error(), "No such file or directory");
+  EXPECT_EQ(OutputFile(folder.Path("")).Error(), "Is a directory");
+  OutputFile full("/dev/full");
+  EXPECT_FALSE(full.Write("x"));
+  EXPECT_EQ(full.Error(), "No space left on device");
+}
+
+TEST(OutputFile, KeepsLinksModesAndDevices) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", "old");
+  ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+  std::filesystem::create_symlink("a", folder.Path("link"));
+  OutputFile file(folder.Path("link"));
+  EXPECT_TRUE(file.Write("new") && file.Commit());
+  EXPECT_EQ(folder.Read("a"), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
+  struct stat status = {};
+  ASSERT_EQ(::stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0640U);
+  OutputFile device("/dev/null");
+  EXPECT_TRUE(device.Write("x") && device.Commit());
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST(FileSystem, TellsFilesFromFoldersAndReads) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", std::string(100000, 'x') + "end");
+  EXPECT_TRUE(FileExists(path));
+  EXPECT_FALSE(FileExists(folder.Path("")));
+  EXPECT_TRUE(FolderExists(folder.Path("")));
+  EXPECT_FALSE(FolderExists(path));
+  EXPECT_FALSE(IsRegularFile("/dev/null"));
+  EXPECT_TRUE(IsSameFile(path, folder.Path("./a")));
+  EXPECT_FALSE(IsSameFile(path, folder.Path("b")));
+  EXPECT_EQ(FileLength(path), 100003);
+  EXPECT_EQ(ReadFileBytes(path).bytes.substr(99999), "xend");
+  EXPECT_EQ(ReadFileBytes(path, 5).bytes, "xxxxx");
+  EXPECT_EQ(ReadFileBytes(folder.Path("")).error, "Is a directory");
+  std::string chunks;
+  EXPECT_TRUE(ReadFileInChunks(path, 65536, [&](std::string_view c) { chunks += c.back(); }));
+  EXPECT_EQ(chunks, "xd");
+}
+
+}  // namespace
+}  // namespace quorvel

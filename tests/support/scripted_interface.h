@@ -1,0 +1,45 @@
+// A user interface for tests: keeps what a run said and answers from a list.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+struct ScriptedInterface : UserInterface {
+  std::vector<Answer> answers;  // given in turn; the preset of a question once they are used up
+  int stopAtYield = 0;          // the call of YieldNow, from 1 on, that requests a stop; 0 for none
+
+  std::string output;                // the content of the output box as it stands now
+  std::vector<std::string> appends;  // each text that was added to it
+  std::vector<std::string> sets;     // each text that replaced it
+  std::map<Label, std::vector<std::string>> labels;  // each text of a label, the last one shows
+  std::vector<Message> questions;
+  std::vector<std::string> popUps;
+  int yields = 0;
+
+  void AppendOutput(std::string_view text) override { output += appends.emplace_back(text); }
+
+  void SetOutput(std::string_view text) override { output = sets.emplace_back(text); }
+
+  void SetLabel(Label label, std::string_view text) override { labels[label].emplace_back(text); }
+
+  Answer Ask(const Message& message) override {
+    questions.push_back(message);
+    const std::size_t asked = questions.size();
+    return asked <= answers.size() ? answers[asked - 1] : message.preset;
+  }
+
+  void PopUp(std::string_view text) override { popUps.emplace_back(text); }
+
+  void YieldNow() override {
+    if (++yields == stopAtYield) RequestStop();
+  }
+};
+
+}  // namespace quorvel

@@ -1,0 +1,53 @@
+// A folder of its own for one test, removed with all it holds.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+class TestFolder {
+ public:
+  TestFolder() {
+    static std::atomic<int> made = 0;
+    const std::string name = "quorvel-" + std::to_string(::getpid()) + "-" + std::to_string(made++);
+    path_ = std::filesystem::path(testing::TempDir()) / name;
+    std::filesystem::create_directories(path_);
+  }
+  ~TestFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TestFolder(const TestFolder&) = delete;
+  TestFolder& operator=(const TestFolder&) = delete;
+
+  [[nodiscard]] std::string Path(std::string_view name) const { return (path_ / name).string(); }
+
+  // Writes a file and gives its path.
+  [[nodiscard]] std::string Write(std::string_view name, std::string_view bytes) const {
+    std::ofstream(Path(name), std::ios::binary).write(bytes.data(), std::ssize(bytes));
+    return Path(name);
+  }
+
+  [[nodiscard]] std::string Read(std::string_view name) const {
+    std::ifstream file(Path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  // How many files and folders it holds.
+  [[nodiscard]] std::ptrdiff_t Count() const {
+    return std::distance(std::filesystem::directory_iterator(path_), {});
+  }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace quorvel
