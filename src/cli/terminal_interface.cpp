@@ -10,6 +10,7 @@ namespace quorvel {
 namespace {
 
 // A signal handler can reach nothing but a global.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 volatile std::sig_atomic_t interrupted = 0;
 
 void NoteInterrupt(int signal) {
@@ -31,6 +32,21 @@ std::string TerminalText(std::string_view text) {
 Answer AnswerBy(AnswerPolicy policy, const Message& message) {
   if (policy == AnswerPolicy::preset) return message.preset;
   return policy == AnswerPolicy::yes ? Answer::yes : Answer::no;
+}
+
+Answer AskAtTerminal(const Message& message) {
+  const bool mayCancel = message.buttons == Buttons::yesNoCancel;
+  const std::string choices = mayCancel ? "yes, no or cancel" : "yes or no";
+  const std::string preset = message.preset == Answer::yes ? "yes" : "no";
+  std::string line;
+  while (interrupted == 0) {
+    std::cerr << choices << " [" << preset << "]? " << std::flush;
+    if (!std::getline(std::cin, line) || line.empty()) return message.preset;
+    if (line[0] == 'y' || line[0] == 'Y') return Answer::yes;
+    if (line[0] == 'n' || line[0] == 'N') return Answer::no;
+    if (mayCancel && (line[0] == 'c' || line[0] == 'C')) return Answer::cancel;
+  }
+  return mayCancel ? Answer::cancel : Answer::no;
 }
 
 }  // namespace
@@ -77,21 +93,6 @@ void TerminalInterface::ClearBar() {
   constexpr int WIDEST_BAR = 60;
   std::cerr << '\r' << std::string(WIDEST_BAR, ' ') << '\r' << std::flush;
   barShown_ = false;
-}
-
-Answer TerminalInterface::AskAtTerminal(const Message& message) const {
-  const bool mayCancel = message.buttons == Buttons::yesNoCancel;
-  const std::string choices = mayCancel ? "yes, no or cancel" : "yes or no";
-  const std::string preset = message.preset == Answer::yes ? "yes" : "no";
-  std::string line;
-  while (interrupted == 0) {
-    std::cerr << choices << " [" << preset << "]? " << std::flush;
-    if (!std::getline(std::cin, line) || line.empty()) return message.preset;
-    if (line[0] == 'y' || line[0] == 'Y') return Answer::yes;
-    if (line[0] == 'n' || line[0] == 'N') return Answer::no;
-    if (mayCancel && (line[0] == 'c' || line[0] == 'C')) return Answer::cancel;
-  }
-  return mayCancel ? Answer::cancel : Answer::no;
 }
 
 void StopOnInterrupt() { std::signal(SIGINT, NoteInterrupt); }

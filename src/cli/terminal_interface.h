@@ -30,7 +30,6 @@ class TerminalInterface : public UserInterface {
 
  private:
   void ClearBar();
-  [[nodiscard]] Answer AskAtTerminal(const Message& message) const;
 
   std::optional<AnswerPolicy> policy_;
   bool showsProgress_;

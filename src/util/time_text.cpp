@@ -63,7 +63,7 @@ std::string ElapsedText(int32_t totalSeconds, bool longForm, bool roundToMinute)
     if (mins < 59) ++mins;
     secs = 0;
   }
-  const std::string seconds = longForm ? Counted(secs, "second") : std::to_string(secs) + 's';
+  std::string seconds = longForm ? Counted(secs, "second") : std::to_string(secs) + 's';
   if (mins == 0) return seconds;
 
   std::string text = DurationText(mins, longForm);
