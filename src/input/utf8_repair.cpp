@@ -8,11 +8,12 @@
 // RepairUtf8 is defined by replacements over the whole text: find a lead byte,
 // look at the byte after it, replace every such pair wherever it stands, go on
 // one place further. Done so, a text with sixty different letters is walked sixty
-// times. Yet where no pair can arise from the replacement of others, which pairs
-// get replaced depends only on the first visible pair of each kind, so one walk
-// finds the kinds and a second one writes the text. Texts in which pairs can
-// arise (a lead byte after a lead byte, or a letter that is itself a lead byte)
-// are rare; for them the replacements are made one after the other.
+// times. Yet where the pairs are independent, which of them get replaced depends
+// only on the first visible pair of each kind, so one walk finds the kinds and a
+// second one writes the text. They are not where pairs can arise from the
+// replacement of others (a lead byte after a lead byte, or a letter that is itself
+// a lead byte) or where the search passed over a pair that is replaced later. Such
+// texts are rare; for them the replacements are made one after the other.
 
 namespace quorvel {
 namespace {
@@ -82,7 +83,7 @@ bool PairsCanArise(std::string_view text, const PairRule& rule, std::size_t plac
 using PairKinds = std::bitset<256>;
 
 struct PairSurvey {
-  bool independent = true;  // no pair can arise from the replacement of others
+  bool independent = true;  // whether the kinds alone decide what is replaced
   PairKinds replaced;       // the second bytes of the pairs that the pass replaces
 };
 
@@ -92,11 +93,12 @@ struct PairSurvey {
 PairSurvey SurveyPairs(std::string_view text, const PairRule& rule) {
   PairSurvey survey;
   bool searching = true;
+  PairKinds passedOver;
   std::size_t hidden = std::string_view::npos;
   for (std::size_t place = text.find(rule.lead); place != std::string_view::npos;
        place = text.find(rule.lead, place + 1)) {
     if (place + 1 == text.size()) break;
-    if (PairsCanArise(text, rule, place)) {
+    if (!survey.independent || PairsCanArise(text, rule, place)) {
       survey.independent = false;
       return survey;
     }
@@ -107,7 +109,11 @@ PairSurvey SurveyPairs(std::string_view text, const PairRule& rule) {
       searching = searching && isHidden;
     } else if (survey.replaced[next]) {
       if (isHidden && rule.Removes(next)) hidden = place + 2;
-    } else if (!isHidden) {
+    } else if (isHidden) {
+      passedOver.set(next);
+    } else {
+      // Were such a pair replaced further up, the search would land further down.
+      survey.independent = survey.independent && !passedOver[next];
       survey.replaced.set(next);
       if (rule.Removes(next)) hidden = place + 2;
     }

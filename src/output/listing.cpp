@@ -1,5 +1,6 @@
 #include "output/listing.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "output/concordance_file.h"
@@ -26,15 +27,17 @@ void ShowError(UserInterface& ui, const std::string& text) {
 }
 
 // Room for a whole listing, so that it need not be moved while it grows. An
-// estimate of what English takes; memory that stays unused is never touched.
+// estimate of what English takes; memory that stays unused is never touched. Beyond
+// the limit the listing grows as it must.
 std::size_t ExpectedLength(const RunState& state) {
+  constexpr std::size_t LARGEST_RESERVE = std::size_t{1} << 30U;
   constexpr std::size_t HEADER_LENGTH = 24;
   constexpr std::size_t WORD_LENGTH = 8;
   const auto words = static_cast<std::size_t>(state.table.includedCount);
   if (state.settings.contextSize == 0) return words * HEADER_LENGTH;
   const std::size_t wordsInLine = 2 * static_cast<std::size_t>(state.settings.contextSize) + 2;
   const auto lines = static_cast<std::size_t>(state.table.totalOccurrences);
-  return words * HEADER_LENGTH + lines * wordsInLine * WORD_LENGTH;
+  return std::min(words * HEADER_LENGTH + lines * wordsInLine * WORD_LENGTH, LARGEST_RESERVE);
 }
 
 // The entries of a listing, one after the other.

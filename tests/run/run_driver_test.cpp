@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <regex>
 
 #include "output/concordance_file.h"
 #include "output/digest.h"
@@ -38,6 +37,11 @@ struct TestRun {
   [[nodiscard]] std::string LastLabel(Label label) const { return ui.labels.at(label).back(); }
 };
 
+void Replace(std::string& text, std::string_view from, const std::string& to) {
+  const std::size_t place = text.find(from);
+  if (place != std::string::npos) text.replace(place, from.size(), to);
+}
+
 constexpr const char* HARBOUR =
     "the old harbour was silent now\r\nthe old harbour was silent too\r\n";
 
@@ -48,9 +52,10 @@ TEST(RunDriver, WritesAConcordance) {
   const std::string header =
       "Input file: " + run.folder.Path("a.txt") +
       "\r\nMD5 message digest of input file: 9E693739212B562FC5E90CF3EA378B3D\r\n"
-      "Concordance file created using Quorvel \\(V\\.21\\.36\\): \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d"
-      "\r\n\r\n\\[harbour 2\\]\r\n";
-  EXPECT_TRUE(std::regex_search(run.folder.Read("out.txt"), std::regex("^" + header)));
+      "Concordance file created using Quorvel (V.21.36): ";
+  const std::string file = run.folder.Read("out.txt");
+  EXPECT_EQ(file.substr(0, header.size()), header);
+  EXPECT_EQ(file.find("\r\n\r\n"), header.size() + std::string("2024-05-17 14:03").size());
   // The word before the first one found is left out, and so is the last of a text.
   EXPECT_EQ(run.Entries(),
             "[harbour 2]\r\n...  old \xABharbour\xBB was silent\r\n"
@@ -95,7 +100,7 @@ struct RefusalRow {
   std::string bytes;
   const char* file;
   std::function<void(TestRun&)> change;
-  std::string text;  // "@" stands for the path of the input
+  std::string text;  // "@" stands for the input, "#" for the output file
   std::string title;
   RunOutcome outcome = RunOutcome::refused;
   std::vector<Answer> answers = {};
@@ -181,8 +186,9 @@ TEST(RunDriver, SaysWhyItEndsAndLeavesTheOldFile) {
     EXPECT_EQ(run.Go(), row.outcome);
     EXPECT_EQ(run.folder.Read("out.txt"), "old");
     EXPECT_EQ(run.folder.Count(), files + (std::string(row.name) == "folder" ? 1 : 0));
-    std::string text = std::regex_replace(row.text, std::regex("@"), run.state.settings.inputFile);
-    text = std::regex_replace(text, std::regex("#"), run.folder.Path("out.txt"));
+    std::string text = row.text;
+    Replace(text, "@", run.state.settings.inputFile);
+    Replace(text, "#", run.folder.Path("out.txt"));
     ASSERT_EQ(run.ui.questions.size(), text.empty() ? 0U : 1U);
     if (text.empty()) {
       EXPECT_EQ(run.ui.output, "No words satisfying the conditions were found.");

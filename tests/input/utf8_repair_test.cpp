@@ -1,0 +1,112 @@
+#include "input/utf8_repair.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "naive/naive_forms.h"
+
+namespace quorvel {
+namespace {
+
+std::string Repaired(std::string text) {
+  RepairUtf8(text);
+  return text;
+}
+
+std::string Plain(std::string text) {
+  PlainPunctuation(text);
+  return text;
+}
+
+struct Row {
+  const char* name;
+  std::string text;
+  std::string expected;
+};
+
+TEST(Utf8Repair, Pairs) {
+  const Row rows[] = {
+      {"empty", "", ""},
+      {"letters of both cases", "caf\xC3\xA9 \xC3\x80\xC3\xBF", "caf\xE9 \xC0\xFF"},
+      {"signs", "\xC2\xA0\xC2\xBF\xC2\xA0", "\xA0\xBF\xA0"},
+      {"control characters vanish",
+       "a\xC2\x80"
+       "b\xC2\x9F"
+       "c",
+       "abc"},
+      {"c with caron", "\xC4\x8D\xC4\x8D\xC4\x8C", "cc\xC4\x8C"},
+      {"a lead byte at the end stays", "\xC3\xA9\xC3", "\xE9\xC3"},
+      {"an odd pair of C2 ends its pass only",
+       "\xC2"
+       "a\xC2\xA0\xC3\xA9",
+       "\xC2"
+       "a\xC2\xA0\xE9"},
+      {"an odd pair of C3 ends its pass", "\xC3\xA9\xC3 \xC3\xA8\xC3\xA9\xC4\x8D",
+       "\xE9\xC3 \xC3\xA8\xE9"
+       "c"},
+      {"pairs of a kind already met are replaced behind an odd one", "\xC2\xA0\xC2.\xC2\xA0",
+       "\xA0\xC2.\xA0"},
+      {"a pair that moved up is not looked at", "\xC2\x85\xC2\xA9.", "\xC2\xA9."},
+      {"... but replaced when its kind is met later", "\xC2\x85\xC2\xA9.\xC2\xA9", "\xA9.\xA9"},
+      {"an odd pair that moved up does not end the pass", "\xC2\x85\xC2.\xC2\xA9", "\xC2.\xA9"},
+      {"a letter that is itself a lead byte pairs with what follows", "\xC3\x83\xC2\xA9",
+       "\xC3\xA9"},
+      {"C3 83 makes a new pair in front of the place where the search goes on", "\xC3\x83\x83.",
+       "\xC3\x83."},
+      {"a replaced pair in front pulls the text up, past one more pair",
+       "\xC2\x85\xC2\xA0\xC2\xA0\xC2\xA9.", "\xA0\xA0\xC2\xA9."},
+  };
+  for (const auto& [name, text, expected] : rows) {
+    EXPECT_EQ(Repaired(text), expected) << name;
+    EXPECT_EQ(naive::RepairUtf8(text), expected) << name;
+  }
+}
+
+TEST(Utf8Repair, Punctuation) {
+  const Row rows[] = {
+      {"nothing to do", "caf\xE9 \xE2\x81\x94", "caf\xE9 \xE2\x81\x94"},
+      {"hyphens", "\xE2\x80\x90\xE2\x80\x91\xE2\x80\x92\xE2\x80\x93", "----"},
+      {"dashes",
+       "a\xE2\x80\x94"
+       "b\xE2\x80\x95"
+       "c",
+       "a -- b--c"},
+      {"lines", "\xE2\x80\x96\xE2\x80\x97", "|\x89"},
+      {"single quotes", "\xE2\x80\x98\xE2\x80\x99\xE2\x80\x9A\xE2\x80\x9B", "''''"},
+      {"double quotes", "\xE2\x80\x9C\xE2\x80\x9D\xE2\x80\x9E\xE2\x80\x9F", R"("""")"},
+      {"bullet, ellipsis, angles", "\xE2\x80\xA2\xE2\x80\xA6\xE2\x80\xB9\xE2\x80\xBA", " . ...<>"},
+      {"a dagger first: only that goes", "\xE2\x80\xA0x\xE2\x80\x99\xE2\x80\xA0",
+       "x\xE2\x80\x99\xE2\x80\xA0"},
+      {"a dagger later stays", "\xE2\x80\x99x\xE2\x80\xA0\xE2\x80\x99", "'x\xE2\x80\xA0'"},
+      {"cut at the end", "a\xE2\x80", "a"},
+      {"cut at the end behind another", "\xE2\x80\x93\xE2\x80", "-\xE2\x80"},
+      {"a sequence within a wrong one", "\xE2\x80\xE2\x80\x94", "\x80\x94"},
+      {"a sequence behind a wrong one", "\xE2\x80\x93\xE2\x80\xE2\x80\x94", "-\xE2\x80 -- "},
+  };
+  for (const auto& [name, text, expected] : rows) {
+    EXPECT_EQ(Plain(text), expected) << name;
+    EXPECT_EQ(naive::PlainPunctuation(text), expected) << name;
+  }
+}
+
+TEST(Utf8Repair, SameAsTheNaiveForm) {
+  const std::vector<std::vector<int>> alphabets = {
+      {194, 195, 196, 131, 128, 133, 141, 160, 169, 226, 147, 166, 'a'},
+      {194, 133, 141, 160, 169, 'a'},
+      {195, 131, 130, 169, 'a'},
+      {194, 195, 130, 131, 132, 141, 196},
+      {226, 128, 147, 148, 151, 166, 160, 'a'}};
+  std::mt19937 random(20261121);
+  for (int round = 0; round < 400000; ++round) {
+    const std::vector<int>& alphabet = alphabets[random() % alphabets.size()];
+    std::string text(random() % 41, ' ');
+    for (char& byte : text) byte = static_cast<char>(alphabet[random() % alphabet.size()]);
+    ASSERT_EQ(Repaired(text), naive::RepairUtf8(text)) << testing::PrintToString(text);
+    ASSERT_EQ(Plain(text), naive::PlainPunctuation(text)) << testing::PrintToString(text);
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
