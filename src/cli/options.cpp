@@ -27,7 +27,7 @@ struct RawOptions {
 };
 
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  app.add_option("input", commandLine.settings.inputFile, "the document: a text file")
+  app.add_option("input", commandLine.settings.inputFile, "the document: a text file or a web page")
       ->option_text("INPUT");
   app.add_option("-o,--output", raw.outputFile,
                  "the concordance file; \"-\" for standard output. Default: beside the input, "
@@ -65,6 +65,8 @@ void AddWordOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& ra
                "list words with hyphens. Default: yes");
   app.add_flag("--numerals,!--no-numerals", settings.allowWordsWithNumerals,
                "list words with digits. Default: no");
+  app.add_flag("--skip-lists,!--no-skip-lists", settings.ignoreLists,
+               "leave out the lists of a web page. Default: no");
   app.add_option("--min-count", raw.minCount,
                  "list only words that occur at least N times, 2 to 20")
       ->option_text("N")

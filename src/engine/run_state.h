@@ -9,6 +9,7 @@
 #include "engine/admission.h"
 #include "engine/word_table.h"
 #include "input/document_text.h"
+#include "input/skip_spans.h"
 #include "settings/settings.h"
 
 namespace quorvel {
@@ -18,6 +19,7 @@ struct RunState {
   EncodingChoice encodingChoice = EncodingChoice::confirm;
   bool macNoticeShown = false;  // once in the life of the program is enough
   WordLists lists;
+  SkipSpans skipSpans;          // of the last input
   std::u16string documentText;  // of the last input; its double hyphens are blanked
   WordTable table;
   std::string outputText;    // the last listing, in Windows-1252 as the file holds it

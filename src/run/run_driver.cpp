@@ -7,7 +7,10 @@
 #include "engine/tokenizer.h"
 #include "input/compact_spaces.h"
 #include "input/file_system.h"
+#include "input/html_text.h"
 #include "input/input_file.h"
+#include "input/path_names.h"
+#include "input/skip_spans.h"
 #include "output/concordance_file.h"
 #include "output/listing.h"
 #include "util/ansi.h"
@@ -36,16 +39,29 @@ bool CheckInput(ConcordanceSettings& settings, UserInterface& ui) {
          CheckInputReadable(settings.inputFile, ui) && CheckOutputFile(settings, ui);
 }
 
+// Makes plain text of the input as it was read, with its blanks compacted. False for
+// a page that cannot be used; the user has been told.
+bool PrepareText(const ConcordanceSettings& settings, std::string& text, UserInterface& ui) {
+  HtmlOutcome outcome = HtmlOutcome::notAPage;
+  if (PathNamesHtml(settings.inputFile)) {
+    outcome = PrepareHtmlText(text, settings.inputIsUtf8, settings.ignoreLists, ui);
+  }
+  if (outcome == HtmlOutcome::notAPage) {
+    ui.AppendOutput("Compacting spaces ...\r\n");
+    CompactSpaces(text);
+    ui.AppendOutput("Processing file ...\r\n");
+  }
+  return outcome != HtmlOutcome::refused;
+}
+
 // Fills the document text and the table. False when reading failed or was stopped;
 // a stop during the scan leaves the words found so far.
 bool ReadAndScanInput(RunState& state, UserInterface& ui) {
+  SetSkipSpans(LowerExtensionOf(state.settings.inputFile), state.skipSpans);
   std::optional<std::string> text =
       ObtainDocumentText(state.settings.inputFile, state.encodingChoice, state.settings.inputIsUtf8,
                          state.macNoticeShown, ui);
-  if (!text) return false;
-  ui.AppendOutput("Compacting spaces ...\r\n");
-  CompactSpaces(*text);
-  ui.AppendOutput("Processing file ...\r\n");
+  if (!text || !PrepareText(state.settings, *text, ui)) return false;
   state.documentText = DecodeAnsi(*text);
   text.reset();
   ConcealNumWords(state.lists.stopWords, true);

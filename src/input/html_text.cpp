@@ -1,0 +1,148 @@
+#include "input/html_text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "input/compact_spaces.h"
+#include "input/entities.h"
+#include "input/utf8_repair.h"
+
+// Names of elements are prefixes here: "<style" also begins "<stylesheet>", "<ul"
+// also "<ulink>". Inside a skipped element only its own closing tag is looked for, so
+// a script may hold any mark-up; inside a list the further ones of its kind are
+// counted, those of the other kind are not. All this is meant.
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view HEAD_END = "</head>";
+constexpr std::string_view LIST_MARK = " // ";
+
+enum class ListRule { keep, drop, mark };
+
+// An element that is dropped with all that it holds.
+struct SkippedElement {
+  std::string_view name;
+  bool isList;
+};
+
+constexpr std::array<SkippedElement, 5> SKIPPED_ELEMENTS = {
+    {{"script", false}, {"noscript", false}, {"style", false}, {"ul", true}, {"ol", true}}};
+
+// Whether a character is a lower-case one, but for the case of A to Z.
+bool SameIgnoringCase(char ch, char lower) {
+  return ch == lower || (ch >= 'A' && ch <= 'Z' && ch - 'A' + 'a' == lower);
+}
+
+// Whether `lower` stands at the 0-based `place` of the text, in any case.
+bool StandsAt(std::string_view text, std::size_t place, std::string_view lower) {
+  const std::string_view part = text.substr(std::min(place, text.size()), lower.size());
+  return std::equal(part.begin(), part.end(), lower.begin(), lower.end(), SameIgnoringCase);
+}
+
+// The first place of `lower` in the text, in any case.
+std::size_t FindIgnoringCase(std::string_view text, std::string_view lower) {
+  const auto* const found =
+      std::search(text.begin(), text.end(), lower.begin(), lower.end(), SameIgnoringCase);
+  return found == text.end() ? std::string_view::npos
+                             : static_cast<std::size_t>(found - text.begin());
+}
+
+bool Holds(std::string_view text, std::string_view lower) {
+  return FindIgnoringCase(text, lower) != std::string_view::npos;
+}
+
+// The skipped element whose name stands at `place`, behind a "<"; null for none.
+const SkippedElement* ElementAt(std::string_view text, std::size_t place, ListRule lists) {
+  for (const SkippedElement& element : SKIPPED_ELEMENTS) {
+    if (element.isList && lists == ListRule::keep) continue;
+    if (StandsAt(text, place, element.name)) return &element;
+  }
+  return nullptr;
+}
+
+// The place behind the name in the closing tag of an element whose own name stands
+// before `place`; npos when it is never closed.
+std::size_t EndOfElement(std::string_view text, std::size_t place, const SkippedElement& element) {
+  std::size_t depth = 1;
+  for (std::size_t mark = text.find('<', place); mark != std::string_view::npos;
+       mark = text.find('<', mark + 1)) {
+    if (StandsAt(text, mark + 1, element.name)) {
+      if (element.isList) ++depth;
+    } else if (StandsAt(text, mark + 1, "/") && StandsAt(text, mark + 2, element.name)) {
+      if (--depth == 0) return mark + 2 + element.name.size();
+    }
+  }
+  return std::string_view::npos;
+}
+
+// The walk behind both ways to strip a text. What is kept never overtakes what is
+// read, so it is moved up within the text.
+void RemoveMarkup(std::string& text, ListRule lists) {
+  std::size_t out = 0;
+  bool copying = false;
+  for (std::size_t in = 0; in < text.size();) {
+    const char ch = text[in++];
+    if (ch == '>') {
+      copying = true;
+      text[out++] = ' ';
+    } else if (ch != '<') {
+      if (copying) text[out++] = ch;
+    } else {
+      copying = false;
+      const SkippedElement* const element = ElementAt(text, in, lists);
+      if (element == nullptr) continue;
+      in = EndOfElement(text, in, *element);
+      if (in == std::string::npos) break;
+      if (element->isList && lists == ListRule::mark) {
+        out += LIST_MARK.copy(text.data() + out, LIST_MARK.size());
+      }
+    }
+  }
+  text.resize(out);
+}
+
+}  // namespace
+
+std::optional<std::size_t> FindHtmlBody(std::string_view page, bool& isUtf8) {
+  isUtf8 = isUtf8 || Holds(page, "charset=utf-8") || Holds(page, "charset=\"utf-8\"");
+  const std::size_t found = FindIgnoringCase(page, HEAD_END);
+  if (found == std::string_view::npos) return std::nullopt;
+  return found + HEAD_END.size();
+}
+
+void StripTags(std::string& text) { RemoveMarkup(text, ListRule::keep); }
+
+void StripTagsAndLists(std::string& text, bool markLists) {
+  RemoveMarkup(text, markLists ? ListRule::mark : ListRule::drop);
+}
+
+HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, UserInterface& ui) {
+  // A page without a document-type line keeps its mark-up, and the names of its
+  // tags are listed like other words: so meant.
+  if (!Holds(text, "<!doctype") || !Holds(text, "html")) return HtmlOutcome::notAPage;
+  bool pageIsUtf8 = isUtf8;
+  const std::optional<std::size_t> body = FindHtmlBody(text, pageIsUtf8);
+  if (!body) {
+    ui.Ask({"This HTML file does not contain a HEAD section.", "Error", Icon::exclamation,
+            Buttons::ok, Answer::ok});
+    return HtmlOutcome::refused;
+  }
+  text.erase(0, *body);
+  if (pageIsUtf8 && !isUtf8) {
+    RepairUtf8(text);
+    PlainPunctuation(text);
+  }
+  if (ignoreLists) {
+    StripTagsAndLists(text, true);
+  } else {
+    StripTags(text);
+  }
+  ui.AppendOutput("Compacting spaces ...\r\n");
+  CompactSpaces(text);
+  DecodeEntities(text);
+  ui.AppendOutput("Processing file ...\r\n");
+  return HtmlOutcome::prepared;
+}
+
+}  // namespace quorvel
