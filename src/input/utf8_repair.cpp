@@ -1,19 +1,18 @@
 #include "input/utf8_repair.h"
 
-#include <array>
 #include <bitset>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 // RepairUtf8 is defined by replacements over the whole text: find a lead byte,
 // look at the byte after it, replace every such pair wherever it stands, go on
 // one place further. Done so, a text with sixty different letters is walked sixty
-// times. Yet where the pairs are independent, which of them get replaced depends
-// only on the first visible pair of each kind, so one walk finds the kinds and a
-// second one writes the text. They are not where pairs can arise from the
-// replacement of others (a lead byte after a lead byte, or a letter that is itself
-// a lead byte) or where the search passed over a pair that is replaced later. Such
-// texts are rare; for them the replacements are made one after the other.
+// times. Yet where pairs do not interact, one walk finds the kinds that are replaced
+// and a second one writes the text. They do where a replacement can form new pairs
+// (a lead byte after a lead byte, or a letter that is itself a lead byte) or move a
+// pair to where the search has been. Such texts are rare; for them the replacements
+// are made one after the other.
 
 namespace quorvel {
 namespace {
@@ -72,53 +71,33 @@ void RepairOneByOne(std::string& text, const PairRule& rule) {
   }
 }
 
-// Whether replacing a pair could put a lead byte in front of a byte it forms a
-// new pair with.
-bool PairsCanArise(std::string_view text, const PairRule& rule, std::size_t place) {
-  const std::uint8_t next = ByteAt(text, place + 1);
-  return text[place + 1] == rule.lead ||
-         (rule.Covers(next) && !rule.Removes(next) && rule.Replacement(next) == rule.lead);
-}
-
 using PairKinds = std::bitset<256>;
 
-struct PairSurvey {
-  bool independent = true;  // whether the kinds alone decide what is replaced
-  PairKinds replaced;       // the second bytes of the pairs that the pass replaces
-};
+// Whether what becomes of the pair at `place` could change how others are found: by
+// putting a lead byte in front of a byte it forms a new pair with, or by moving the
+// next pair up to a place that the search has passed.
+bool Interacts(std::string_view text, const PairRule& rule, std::size_t place) {
+  const std::uint8_t next = ByteAt(text, place + 1);
+  if (text[place + 1] == rule.lead) return true;
+  if (!rule.Covers(next)) return false;
+  if (!rule.Removes(next)) return rule.Replacement(next) == rule.lead;
+  return place + 2 < text.size() && text[place + 2] == rule.lead;
+}
 
-// Finds the pairs in the order in which the pass does. A pair that is removed
-// pulls the next one up to its own place, behind which the search goes on: that
-// next one is not seen there, only replaced if its kind is seen elsewhere.
-PairSurvey SurveyPairs(std::string_view text, const PairRule& rule) {
-  PairSurvey survey;
+// The second bytes of the pairs that are replaced, wherever they stand: the kinds
+// met before the first lead byte that begins no pair. Nothing when pairs interact.
+std::optional<PairKinds> FindKinds(std::string_view text, const PairRule& rule) {
+  PairKinds kinds;
   bool searching = true;
-  PairKinds passedOver;
-  std::size_t hidden = std::string_view::npos;
   for (std::size_t place = text.find(rule.lead); place != std::string_view::npos;
        place = text.find(rule.lead, place + 1)) {
     if (place + 1 == text.size()) break;
-    if (!survey.independent || PairsCanArise(text, rule, place)) {
-      survey.independent = false;
-      return survey;
-    }
+    if (Interacts(text, rule, place)) return std::nullopt;
     const std::uint8_t next = ByteAt(text, place + 1);
-    const bool isHidden = place == hidden;
-    hidden = std::string_view::npos;
-    if (!searching || !rule.Covers(next)) {
-      searching = searching && isHidden;
-    } else if (survey.replaced[next]) {
-      if (isHidden && rule.Removes(next)) hidden = place + 2;
-    } else if (isHidden) {
-      passedOver.set(next);
-    } else {
-      // Were such a pair replaced further up, the search would land further down.
-      survey.independent = survey.independent && !passedOver[next];
-      survey.replaced.set(next);
-      if (rule.Removes(next)) hidden = place + 2;
-    }
+    searching = searching && rule.Covers(next);
+    if (searching) kinds.set(next);
   }
-  return survey;
+  return kinds;
 }
 
 void ReplaceKinds(std::string& text, const PairRule& rule, const PairKinds& kinds) {
@@ -135,12 +114,11 @@ void ReplaceKinds(std::string& text, const PairRule& rule, const PairKinds& kind
 }
 
 void RepairPairs(std::string& text, const PairRule& rule) {
-  if (text.find(rule.lead) == std::string::npos) return;
-  const PairSurvey survey = SurveyPairs(text, rule);
-  if (!survey.independent) {
+  const std::optional<PairKinds> kinds = FindKinds(text, rule);
+  if (!kinds) {
     RepairOneByOne(text, rule);
-  } else if (survey.replaced.any()) {
-    ReplaceKinds(text, rule, survey.replaced);
+  } else if (kinds->any()) {
+    ReplaceKinds(text, rule, *kinds);
   }
 }
 
