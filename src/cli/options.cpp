@@ -27,7 +27,8 @@ struct RawOptions {
 };
 
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  app.add_option("input", commandLine.settings.inputFile, "the document: a text file or a web page")
+  app.add_option("input", commandLine.settings.inputFile,
+                 "the document: a text file, a web page or a DOCX document")
       ->option_text("INPUT");
   app.add_option("-o,--output", raw.outputFile,
                  "the concordance file; \"-\" for standard output. Default: beside the input, "

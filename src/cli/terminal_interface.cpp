@@ -80,7 +80,9 @@ Answer TerminalInterface::Ask(const Message& message) {
 void TerminalInterface::PopUp(std::string_view /*text*/) {}
 
 void TerminalInterface::YieldNow() {
-  if (interrupted != 0) RequestStop();
+  if (interrupted == 0) return;
+  interrupted = 0;
+  RequestStop();
 }
 
 void TerminalInterface::Say(std::string_view text) {

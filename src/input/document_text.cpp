@@ -4,6 +4,8 @@
 #include <limits>
 #include <utility>
 
+#include "input/docx_text.h"
+#include "input/file_system.h"
 #include "input/input_file.h"
 #include "input/path_names.h"
 #include "input/text_file.h"
@@ -34,6 +36,34 @@ std::optional<std::string> ReadFailed(const std::string& errorText, UserInterfac
           Answer::ok});
   ui.SetOutput("");
   return std::nullopt;
+}
+
+// Tells why a document gave no text; nothing where the user knows.
+void ReportExtractionFailure(ExtractionCode code, const std::string& path, UserInterface& ui) {
+  const auto tell = [&ui](const std::string& text, const char* title, Icon icon) {
+    ui.Ask({text, title, icon, Buttons::ok, Answer::ok});
+  };
+  switch (code) {
+    case ExtractionCode::noTemporaryFolder:
+      return tell("Unable to create temporary folder.", STANDARD_TITLE, Icon::exclamation);
+    case ExtractionCode::unwritable:
+      return tell("Unable to write to temporary folder.", STANDARD_TITLE, Icon::exclamation);
+    case ExtractionCode::damaged:
+      return tell("Invalid checksum found when processing\r\n" + path, "Error", Icon::exclamation);
+    case ExtractionCode::noBody:
+      return tell("File " + path + "\r\nholds no document text.", "Error", Icon::exclamation);
+    case ExtractionCode::tooLarge:
+      return tell(path +
+                      "\r\nis too large to be scanned directly.\r\n\r\n"
+                      "Recommend saving it as a text file and\r\n"
+                      "applying this program to that file.",
+                  "File too big", Icon::information);
+    case ExtractionCode::success:
+    case ExtractionCode::damageDeclined:
+    case ExtractionCode::sizeDeclined:
+    case ExtractionCode::stopped:
+      return;
+  }
 }
 
 }  // namespace
@@ -83,9 +113,29 @@ std::optional<std::string> ReadInputFile(const std::string& path, bool isUtf8, U
   return std::move(file.text);
 }
 
+bool IsWordDocument(const std::string& path) {
+  constexpr std::uint64_t FEWEST_BYTES = 10;
+  if (LowerExtensionOf(path) != "docx") return false;
+  const std::string start = ReadFileBytes(path, FEWEST_BYTES).bytes;
+  return start.size() == FEWEST_BYTES && start.starts_with("PK\x03\x04");
+}
+
+std::optional<std::string> ReadWordDocument(const std::string& path, bool& inputIsUtf8,
+                                            UserInterface& ui) {
+  ui.AppendOutput("Extracting text ...\r\n");
+  ExtractedText extracted = ExtractDocumentText(path, "QVL", {}, ui);
+  if (extracted.code != ExtractionCode::success) {
+    ReportExtractionFailure(extracted.code, path, ui);
+    return std::nullopt;
+  }
+  inputIsUtf8 = true;
+  return std::move(extracted.text);
+}
+
 std::optional<std::string> ObtainDocumentText(const std::string& path, EncodingChoice choice,
                                               bool& inputIsUtf8, bool& macNoticeShown,
                                               UserInterface& ui) {
+  if (IsWordDocument(path)) return ReadWordDocument(path, inputIsUtf8, ui);
   if (!SettleInputEncoding(path, choice, inputIsUtf8, macNoticeShown, ui)) {
     ui.SetOutput("");
     return std::nullopt;

@@ -1,7 +1,8 @@
 // From the chosen input file to its text, as bytes.
 //
-// Settles the encoding with the user, then reads the file. What comes out still
-// holds the mark-up of a web page, and its blanks are not compacted yet.
+// Takes the text out of a word-processor document, or settles the encoding of a
+// text file with the user and reads it. What comes out still holds the mark-up of a
+// web page, and its blanks are not compacted yet.
 #pragma once
 
 #include <optional>
@@ -28,8 +29,17 @@ enum class EncodingChoice {
 [[nodiscard]] std::optional<std::string> ReadInputFile(const std::string& path, bool isUtf8,
                                                        UserInterface& ui);
 
-// Both of the above: the text of the input file, or nothing when the run cannot
-// go on; then the output box is empty or says why.
+// Whether a file is a word-processor document: named so, and a zip archive by its
+// first bytes. Anything else named "docx" is read like a text file.
+[[nodiscard]] bool IsWordDocument(const std::string& path);
+
+// The text of a word-processor document, which counts as UTF-8: then `inputIsUtf8`
+// is set. Nothing when the document cannot be used (the user has been told or has
+// declined) or the user stopped.
+[[nodiscard]] std::optional<std::string> ReadWordDocument(const std::string& path,
+                                                          bool& inputIsUtf8, UserInterface& ui);
+
+// The text of the input file, of either kind, or nothing when the run cannot go on.
 [[nodiscard]] std::optional<std::string> ObtainDocumentText(const std::string& path,
                                                             EncodingChoice choice,
                                                             bool& inputIsUtf8, bool& macNoticeShown,

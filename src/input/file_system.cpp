@@ -9,6 +9,13 @@
 #include <filesystem>
 #include <system_error>
 
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
+
 namespace quorvel {
 namespace {
 
@@ -26,6 +33,25 @@ fs::path ToPath(const std::string& path) {
   return fs::path(std::u8string(path.begin(), path.end()));
 }
 
+std::string FromPath(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+// The root of the first fixed drive from "C:" on; empty when there is none.
+std::string FindFixedDrive() {
+  std::wstring root = L"C:\\";
+  for (; root[0] <= L'Z'; ++root[0]) {
+    if (::GetDriveTypeW(root.c_str()) == DRIVE_FIXED) return FromPath(root);
+  }
+  return {};
+}
+
+FolderMaking MakeFolderOfOwner(const fs::path& path) {
+  if (::CreateDirectoryW(path.c_str(), nullptr) != 0) return FolderMaking::made;
+  return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
+}
+
 int OpenFile(const fs::path& path, int flags) {
   return _wopen(path.c_str(), flags | O_BINARY, 0666);
 }
@@ -35,6 +61,14 @@ bool IsWritable(const fs::path& path) { return _waccess(path.c_str(), W_OK) == 0
 void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
 #else
 fs::path ToPath(const std::string& path) { return {path}; }
+
+std::string FromPath(const fs::path& path) { return path.string(); }
+
+FolderMaking MakeFolderOfOwner(const fs::path& path) {
+  constexpr ::mode_t OWNER_ONLY = 0700;
+  if (::mkdir(path.c_str(), OWNER_ONLY) == 0) return FolderMaking::made;
+  return errno == EEXIST ? FolderMaking::exists : FolderMaking::failed;
+}
 
 int OpenFile(const fs::path& path, int flags) {
   return ::open(path.c_str(), flags | O_CLOEXEC, 0666);  // NOLINT(*-vararg)
@@ -111,6 +145,31 @@ std::optional<std::int64_t> FileLength(const std::string& path) {
 bool IsSameFile(const std::string& path, const std::string& other) {
   std::error_code error;
   return path == other || fs::equivalent(ToPath(path), ToPath(other), error);
+}
+
+std::string JoinPath(const std::string& folder, const std::string& name) {
+  return FromPath((ToPath(folder) / ToPath(name)).make_preferred());
+}
+
+#ifdef _WIN32
+std::string TemporaryBase() {
+  std::string drive = FindFixedDrive();
+  if (drive.empty() && FolderExists("C:\\")) drive = "C:\\";
+  return drive;
+}
+#else
+std::string TemporaryBase() {
+  std::error_code error;
+  return FromPath(fs::temp_directory_path(error));
+}
+#endif
+
+FolderMaking MakeFolder(const std::string& path) { return MakeFolderOfOwner(ToPath(path)); }
+
+bool RemoveFileOrFolder(const std::string& path) {
+  std::error_code error;
+  fs::remove(ToPath(path), error);
+  return !error;
 }
 
 FileRead ReadFileBytes(const std::string& path, std::uint64_t limit) {

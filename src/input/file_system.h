@@ -29,6 +29,23 @@ namespace quorvel {
 // Whether both paths name one file, be it by another spelling or a link.
 [[nodiscard]] bool IsSameFile(const std::string& path, const std::string& other);
 
+// The path of `name`, which may hold folders that end in "/", below `folder`, with
+// the separators that users of the platform know.
+[[nodiscard]] std::string JoinPath(const std::string& folder, const std::string& name);
+
+// The folder below which temporary folders are made: the system's own for such,
+// on Windows the root of the first fixed drive. Empty when there is none.
+[[nodiscard]] std::string TemporaryBase();
+
+enum class FolderMaking { made, exists, failed };
+
+// Makes a folder that only its owner can look into. `exists` when a file or folder
+// of that name is there already; the folder above it must exist.
+[[nodiscard]] FolderMaking MakeFolder(const std::string& path);
+
+// Removes a file or an empty folder. True also when there is none of that name.
+[[nodiscard]] bool RemoveFileOrFolder(const std::string& path);
+
 // What came of reading a file: `error` is the system's description, empty on success.
 struct FileRead {
   std::string bytes;

@@ -1,35 +1,13 @@
 #include "input/file_system.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
+#include "support/file_size_limit.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
-
-// Lets no file grow beyond so many bytes, as a full disk would, while it lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit = {bytes, old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit old_ = {};
-  void (*oldHandler_)(int);
-};
 
 TEST(OutputFile, ReplacesOnlyWhenCommitted) {
   const TestFolder folder;

@@ -1,0 +1,75 @@
+// Zip archives for tests, made in memory so that a test can then spoil their bytes.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <zip.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvel {
+
+struct ZipEntry {
+  std::string name;
+  std::string bytes;
+  zip_int32_t method = ZIP_CM_DEFLATE;
+};
+
+// The bytes of an archive with these entries.
+inline std::string ZipArchive(const std::vector<ZipEntry>& entries) {
+  zip_source_t* target = zip_source_buffer_create(nullptr, 0, 0, nullptr);
+  zip_source_keep(target);
+  zip_t* archive = zip_open_from_source(target, ZIP_TRUNCATE, nullptr);
+  for (const ZipEntry& entry : entries) {
+    zip_source_t* source = zip_source_buffer(archive, entry.bytes.data(), entry.bytes.size(), 0);
+    const auto index = static_cast<zip_uint64_t>(
+        zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_OVERWRITE));
+    zip_set_file_compression(archive, index, entry.method, 0);
+  }
+  EXPECT_EQ(zip_close(archive), 0);
+  zip_stat_t status;
+  EXPECT_EQ(zip_source_stat(target, &status), 0);
+  std::string bytes(status.size, '\0');
+  zip_source_open(target);
+  EXPECT_EQ(zip_source_read(target, bytes.data(), bytes.size()), std::ssize(bytes));
+  zip_source_close(target);
+  zip_source_free(target);
+  return bytes;
+}
+
+// `value` as `width` bytes, the lowest first, as archives write their numbers.
+inline std::string LittleEndian(std::uint64_t value, int width) {
+  std::string bytes;
+  for (; width > 0; --width, value >>= 8U) bytes += static_cast<char>(value & 0xFFU);
+  return bytes;
+}
+
+// The archive with the number at `offset` in its last record of this signature overwritten.
+inline std::string WithField(std::string archive, std::string_view signature, std::size_t offset,
+                             std::uint64_t value, int width) {
+  const std::size_t record = archive.rfind(signature);
+  EXPECT_NE(record, std::string::npos);
+  return archive.replace(record + offset, static_cast<std::size_t>(width),
+                         LittleEndian(value, width));
+}
+
+inline constexpr const char* CENTRAL_RECORD = "PK\x01\x02";
+inline constexpr const char* END_RECORD = "PK\x05\x06";
+
+// The archive with a 64-bit end record that claims so many entries.
+inline std::string AsZip64(const std::string& archive, std::uint64_t entries) {
+  const std::size_t end = archive.rfind(END_RECORD);
+  const std::string directory = archive.substr(end + 12, 8);  // its length and its offset
+  const std::string zeros(4, '\0');
+  const std::string record = "PK\x06\x06" + LittleEndian(44, 8) + LittleEndian(45, 2) +
+                             LittleEndian(45, 2) + zeros + zeros + LittleEndian(entries, 8) +
+                             LittleEndian(entries, 8) + directory.substr(0, 4) + zeros +
+                             directory.substr(4) + zeros;
+  const std::string locator = "PK\x06\x07" + zeros + LittleEndian(end, 8) + LittleEndian(1, 4);
+  const std::string last = END_RECORD + zeros + std::string(12, '\xFF') + LittleEndian(0, 2);
+  return archive.substr(0, end) + record + locator + last;
+}
+
+}  // namespace quorvel
