@@ -2,6 +2,7 @@
 
 #include "engine/word_tests.h"
 #include "util/characters.h"
+#include "util/find_pair.h"
 #include "util/make_singular.h"
 #include "util/progress_bar.h"
 
@@ -38,7 +39,8 @@ std::size_t NextNonBlank(std::u16string_view text, std::size_t position) {
 }  // namespace
 
 void BlankDoubleHyphens(std::u16string& text) {
-  for (std::size_t p = text.find(u"--"); p != std::u16string::npos; p = text.find(u"--", p + 2)) {
+  for (std::size_t p = FindPair(text, 0, u'-', u'-'); p < text.size();
+       p = FindPair(text, p + 2, u'-', u'-')) {
     const bool inOpening = p >= 2 && text.compare(p - 2, 4, u"<!--") == 0;
     const bool inClosing = text.compare(p, 3, u"-->") == 0;
     if (p >= 2 && !inOpening && !inClosing) text[p] = text[p + 1] = u' ';

@@ -2,20 +2,26 @@
 
 #include "output/keyword_marks.h"
 #include "util/ansi.h"
+#include "util/find_pair.h"
 
 namespace quorvel {
 namespace {
 
 constexpr std::u16string_view LINE_END = u"\r\n";
 
+// Whether the two characters stand side by side anywhere in `text`.
+bool Holds(std::u16string_view text, char16_t first, char16_t second) {
+  return FindPair(text, 0, first, second) < text.size();
+}
+
 }  // namespace
 
 EntryComposer::EntryComposer(std::u16string_view documentText, const EntryOptions& options)
     : options_(options),
-      pluralMarksInText_(documentText.find(u"»s") != std::u16string_view::npos),
+      pluralMarksInText_(Holds(documentText, u'»', u's')),
       cutter_(documentText, options.context),
       merger_(options.showFrequencies,
-              documentText.find(REPEAT_MARKER_START.substr(1)) != std::u16string_view::npos) {}
+              Holds(documentText, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])) {}
 
 void EntryComposer::DisplayNextWord(const WordEntry& entry, std::u16string& outputText) {
   if (options_.context.contextSize == 0) {

@@ -1,0 +1,38 @@
+// quorvel_bench: the benchmarks, or a generated text.
+//
+//   quorvel_bench [OPTION...]                   as Google Benchmark has it
+//   quorvel_bench text LENGTH VOCABULARY SEED   writes a text to standard output
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "generated_text.h"
+
+namespace {
+
+int WriteText(char** arguments) {
+  const std::string text =
+      quorvel::GeneratedText({std::stoul(arguments[0]), std::stoul(arguments[1]),
+                              static_cast<std::uint32_t>(std::stoul(arguments[2]))});
+  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) try {
+  constexpr int TEXT_ARGUMENTS = 5;
+  if (argumentCount == TEXT_ARGUMENTS && std::string(arguments[1]) == "text") {
+    return WriteText(arguments + 2);
+  }
+  benchmark::Initialize(&argumentCount, arguments);
+  if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "quorvel_bench: %s\n", error.what());  // NOLINT(*-vararg)
+  return 1;
+}

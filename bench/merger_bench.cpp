@@ -1,0 +1,45 @@
+// Merging, where the contexts of one word say the same again and again.
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include "generated_text.h"
+#include "output/context_merger.h"
+#include "output/entry_composer.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::size_t CONTEXT_LENGTH = 80;
+
+// `count` stretches of text that differ from each other.
+std::vector<std::u16string> Contexts(std::size_t count) {
+  const std::u16string text = DecodeAnsi(GeneratedText({count * CONTEXT_LENGTH, 5000, 1}));
+  std::vector<std::u16string> contexts;
+  for (std::size_t i = 0; i < count; ++i) {
+    contexts.push_back(text.substr(i * CONTEXT_LENGTH, CONTEXT_LENGTH));
+  }
+  return contexts;
+}
+
+// As many occurrences as a listed word may have, of only `state.range(0)` different contexts.
+// `markersInText` is the slower way, for a document that itself holds what looks like a marker.
+void Merge(benchmark::State& state, bool markersInText) {
+  const std::vector<std::u16string> contexts = Contexts(static_cast<std::size_t>(state.range(0)));
+  ContextMerger merger(true, markersInText);
+  for (auto _ : state) {
+    merger.Start(MOST_OCCURRENCES);
+    for (std::size_t k = 0; k < MOST_OCCURRENCES; ++k) merger.Add(contexts[k % contexts.size()]);
+    benchmark::DoNotOptimize(merger.Contexts().data());
+  }
+  state.SetBytesProcessed(state.iterations() * MOST_OCCURRENCES *
+                          static_cast<std::int64_t>(CONTEXT_LENGTH));
+}
+
+BENCHMARK_CAPTURE(Merge, plain, false)->Arg(1)->Arg(100)->Arg(MOST_OCCURRENCES);
+BENCHMARK_CAPTURE(Merge, markersInText, true)->Arg(1)->Arg(100)->Arg(MOST_OCCURRENCES);
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,90 @@
+// A whole run, from the settings to the written file, and the share of each phase in it.
+//
+// The driver tells its user what it is about to do; listening to that with a clock in hand
+// gives the shares of a real run, at no cost to it.
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+
+#include "run/run_driver.h"
+#include "samples.h"
+
+namespace quorvel {
+namespace {
+
+enum Phase : std::size_t { READ, DECODE, SCAN, SORT, ORDER, COMPOSE, WRITE, PHASE_COUNT };
+
+constexpr std::array<const char*, PHASE_COUNT> PHASE_NAMES = {"read",  "decode",  "scan", "sort",
+                                                              "order", "compose", "write"};
+
+class PhaseClock : public SilentInterface {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  void Start() { since_ = Clock::now(); }
+  void Stop() { Enter(READ); }  // which the next run begins with
+
+  void AppendOutput(std::string_view text) override {
+    if (text.starts_with("Compacting spaces")) Enter(DECODE);
+    if (text.starts_with("Sorting")) Enter(SORT);
+    if (text.starts_with("Applying filters")) Enter(ORDER);
+    if (text.starts_with("Creating concordance")) Enter(COMPOSE);
+  }
+
+  // The scan begins with an empty bar; with the composed listing the caption is renewed.
+  void SetLabel(Label label, std::string_view /*text*/) override {
+    if (label == Label::progressBar && phase_ == DECODE) Enter(SCAN);
+    if (label == Label::keywordsFound && phase_ == COMPOSE) Enter(WRITE);
+  }
+
+  [[nodiscard]] double Percent(std::size_t phase) const {
+    Clock::duration total{};
+    for (const Clock::duration spent : spent_) total += spent;
+    return 100.0 * static_cast<double>(spent_[phase].count()) / static_cast<double>(total.count());
+  }
+
+ private:
+  void Enter(Phase phase) {
+    const Clock::time_point now = Clock::now();
+    spent_[phase_] += now - since_;
+    since_ = now;
+    phase_ = phase;
+  }
+
+  std::array<Clock::duration, PHASE_COUNT> spent_{};
+  Clock::time_point since_;
+  Phase phase_ = READ;
+};
+
+void Run(benchmark::State& state, Source source) {
+  const Sample& sample = SampleOf(source);
+  PhaseClock ui;
+  for (auto _ : state) {
+    state.PauseTiming();
+    std::filesystem::remove(sample.concordancePath);  // what it takes to drop one is not at issue
+    state.ResumeTiming();
+    RunState run;
+    run.settings = sample.ordered.settings;
+    run.settings.outputFile = sample.concordancePath;
+    run.encodingChoice = EncodingChoice::adoptDetected;
+    ui.Start();
+    if (RunConcordance(run, ui) != RunOutcome::done) state.SkipWithError("not done");
+    ui.Stop();
+  }
+  state.SetBytesProcessed(state.iterations() * sample.fileLength);
+  for (std::size_t phase = 0; phase < PHASE_COUNT; ++phase) {
+    if (ui.Percent(phase) == 0) state.SkipWithError("a phase went by unnoticed");
+    state.counters[PHASE_NAMES[phase]] = ui.Percent(phase);
+  }
+}
+
+BENCHMARK_CAPTURE(Run, text, Source::text);
+BENCHMARK_CAPTURE(Run, wideVocabulary, Source::wideVocabulary);
+BENCHMARK_CAPTURE(Run, repeatedSentence, Source::repeatedSentence);
+
+}  // namespace
+}  // namespace quorvel
