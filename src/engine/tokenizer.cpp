@@ -48,7 +48,7 @@ void BlankDoubleHyphens(std::u16string& text) {
 }
 
 std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition) {
-  const std::size_t length = WordRunLength(text, scanPosition);
+  const std::size_t length = LetterRunLength(text, scanPosition);
   const std::u16string_view token = text.substr(scanPosition - 1, length);
   scanPosition += length;
   if (ContainsNoLetter(token)) return {};

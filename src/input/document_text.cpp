@@ -68,21 +68,24 @@ void ReportExtractionFailure(ExtractionCode code, const std::string& path, UserI
 
 }  // namespace
 
-bool SettleInputEncoding(const std::string& path, EncodingChoice choice, bool& inputIsUtf8,
-                         bool& macNoticeShown, UserInterface& ui) {
+bool ConfirmInputEncoding(const std::string& path, bool& inputIsUtf8, bool& macNoticeShown,
+                          UserInterface& ui) {
   CheckOptions options;
-  options.askToContinue = choice == EncodingChoice::confirm;
+  options.askToContinue = true;
   const InputCheck check = CheckInputFile(path, options, macNoticeShown, ui);
   if (!check.accepted) return false;
   if (check.isUtf8 == inputIsUtf8) return true;
-  if (choice == EncodingChoice::adoptDetected) {
-    inputIsUtf8 = check.isUtf8;
-    return true;
-  }
   const Answer answer = ui.Ask(EncodingQuestion(inputIsUtf8));
   if (answer == Answer::cancel) return false;
   inputIsUtf8 = answer == Answer::yes;
   return true;
+}
+
+bool AdoptDetectedEncoding(const std::string& path, bool& inputIsUtf8, bool& macNoticeShown,
+                           UserInterface& ui) {
+  const InputCheck check = CheckInputFile(path, {}, macNoticeShown, ui);
+  if (check.accepted) inputIsUtf8 = check.isUtf8;
+  return check.accepted;
 }
 
 std::optional<std::string> ReadInputFile(const std::string& path, bool isUtf8, UserInterface& ui) {
@@ -136,7 +139,9 @@ std::optional<std::string> ObtainDocumentText(const std::string& path, EncodingC
                                               bool& inputIsUtf8, bool& macNoticeShown,
                                               UserInterface& ui) {
   if (IsWordDocument(path)) return ReadWordDocument(path, inputIsUtf8, ui);
-  if (!SettleInputEncoding(path, choice, inputIsUtf8, macNoticeShown, ui)) {
+  const auto settleEncoding =
+      choice == EncodingChoice::confirm ? ConfirmInputEncoding : AdoptDetectedEncoding;
+  if (!settleEncoding(path, inputIsUtf8, macNoticeShown, ui)) {
     ui.SetOutput("");
     return std::nullopt;
   }

@@ -18,10 +18,15 @@ enum class EncodingChoice {
   adoptDetected  // what was detected becomes the setting, without a question
 };
 
-// Checks the input file and settles `inputIsUtf8`, the user's setting, in the way
-// that `choice` says. False when the file was refused or the user cancelled.
-[[nodiscard]] bool SettleInputEncoding(const std::string& path, EncodingChoice choice,
-                                       bool& inputIsUtf8, bool& macNoticeShown, UserInterface& ui);
+// Checks the input file and asks the user where it looks different from their
+// setting `inputIsUtf8`, which takes the answer. False when the file was refused or
+// the user cancelled.
+[[nodiscard]] bool ConfirmInputEncoding(const std::string& path, bool& inputIsUtf8,
+                                        bool& macNoticeShown, UserInterface& ui);
+
+// The same without a question: the setting becomes what was detected.
+[[nodiscard]] bool AdoptDetectedEncoding(const std::string& path, bool& inputIsUtf8,
+                                         bool& macNoticeShown, UserInterface& ui);
 
 // The text of a text file or web page: its non-empty lines, joined by one blank
 // for a page, by " / " otherwise, with UTF-8 repaired. Nothing when reading failed

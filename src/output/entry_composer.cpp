@@ -34,9 +34,9 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::u16string& outp
   for (const MergedContext& context : merger_.Contexts()) {
     outputText += u"... ";
     if (context.repeats == 0) {
-      marker.AppendMarked(outputText, context.text);
+      marker.MarkKeywordInContext(outputText, context.text);
     } else {
-      marker.AppendMarked(outputText, TextWithMarker(context));
+      marker.MarkKeywordInContext(outputText, TextWithMarker(context));
     }
     outputText += LINE_END;
   }

@@ -34,7 +34,7 @@ KeywordMarker::KeywordMarker(std::u16string_view word, bool pluralMarksInText)
       capitalFirst_(ToUpperCase(word_.front())),
       pluralMarksInText_(pluralMarksInText) {}
 
-void KeywordMarker::AppendMarked(std::u16string& to, std::u16string_view context) const {
+void KeywordMarker::MarkKeywordInContext(std::u16string& to, std::u16string_view context) const {
   const std::size_t before = to.size();
   std::size_t done = 0;
   while (true) {

@@ -15,7 +15,7 @@ class KeywordMarker {
   // Appends `context` with every occurrence of the word marked, as it is spelled
   // and with a first capital, as part of longer words too. A marked stem takes the
   // "s" behind it inside the marks.
-  void AppendMarked(std::u16string& to, std::u16string_view context) const;
+  void MarkKeywordInContext(std::u16string& to, std::u16string_view context) const;
 
  private:
   [[nodiscard]] std::size_t FindEitherForm(std::u16string_view context, std::size_t i) const;

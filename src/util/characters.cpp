@@ -31,7 +31,7 @@ bool ContainsNoLetter(std::u16string_view text) {
   return std::none_of(text.begin(), text.end(), [](char16_t ch) { return IsLetter(ch); });
 }
 
-std::size_t WordRunLength(std::u16string_view text, std::size_t start) {
+std::size_t LetterRunLength(std::u16string_view text, std::size_t start) {
   std::size_t end = start - 1;
   while (end < text.size() && IsWordCharacter(text[end])) ++end;
   const std::size_t length = end - (start - 1);

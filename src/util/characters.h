@@ -98,7 +98,7 @@ constexpr bool IsLowerVowel(char16_t ch) { return (ClassOf(ch) & CLASS_LOWER_VOW
 // The length of the run of word characters that begins at `start`, a 1-based
 // position that holds a word character. When the run reaches the end of the text the result is one
 // more than the characters that are left: the places recorded for a last word count on it.
-[[nodiscard]] std::size_t WordRunLength(std::u16string_view text, std::size_t start);
+[[nodiscard]] std::size_t LetterRunLength(std::u16string_view text, std::size_t start);
 
 // `ch` in lower case; itself when it has no lower-case form.
 [[nodiscard]] constexpr char16_t ToLowerCase(char16_t ch) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "naive/naive_forms.h"
+#include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_interface.h"
 
@@ -56,24 +57,13 @@ Text NaiveTable(const Text& text, const ConcordanceSettings& settings) {
 }
 
 TEST(Tokenizer, WordsAndTheirPlaces) {
-  struct Row {
-    const char* name;
-    Text text;
-    Text expected;
-  };
   const Text letters30 = u"abcdefghijklmnopqrstuvwxyzabcd";
-  const Row rows[] = {
-      {"empty", u"", u""},
-      {"one character", u"a", u""},
-      {"blanks only", u"   ", u""},
+  const std::tuple<const char*, Text, Text> rows[] = {
       {"a word that ends the text stands one too far right", u"hello world", u"hello@1 world@8"},
-      {"the only word", u"harbour", u"harbour@2"},
       {"a word that a full stop ends stands right", u"hello world.", u"hello@1 world@7"},
       {"a plural moves right by its s, and by one more at the end", u"cats. cats", u"cat@2 cat@9"},
       {"trailing hyphens move right, leading ones do not", u"-known- -known.", u"known@3 known@10"},
       {"a hyphen before the plural s stays", u"ab-s x", u"ab-@2"},
-      {"digits alone are left of a plural", u"123s 12s 111s 1999 12-14.", u"123@2"},
-      {"hyphens and digits inside", u"well-known 3-d 12th.", u"well-known@1 3-d@12 12th@16"},
       {"apostrophes divide", u"John's couldn't don't.", u"John@1 don@17"},
       {"tails of contraction stems, in any case", u"ren OULDN isn wasn sn wren.", u"wren@23"},
       {"crude plurals", u"its news was this glass physics ALWAYS always DOGS Dogs.",
@@ -84,16 +74,12 @@ TEST(Tokenizer, WordsAndTheirPlaces) {
        u"Maths@1 stats@7 arms@13 Dickens@18 perhaps@26 harm@35 politics@40"},
       {"Roman letters", u"MIX civic mill did civil Dill VIVID mix-i.",
        u"civil@20 Dill@26 VIVID@31 mix-i@37"},
-      {"one repeated character", u"aaa Aaa xxx ttts.", u"Aaa@5"},
       {"length 2, 30 and 31", u"ab " + letters30 + u" " + letters30 + u"e.", letters30 + u"@4"},
       {"length 31 less its plural s", letters30 + u"s.", letters30 + u"@2"},
       {"only blanks are skipped in one go", u"one / two\tsix\x00a0ten\x00d7mid.",
        u"one@1 two@7 six@11 ten@15 mid@19"},
-      {"signs that are no letters", u"Žebra Žižka µmeter ªord.", u"ebra@2 meter@14 ord@21"},
       {"double hyphens divide, except in the first two characters", u"--one--two a--bcd.",
        u"one@3 two@8 bcd@15"},
-      {"a double hyphen at place 2 stays", u"a--bcd.", u"a--bcd@1"},
-      {"three hyphens", u"one---two.", u"one@1 two@7"},
       {"comment marks stay and cling to words", u"at <!--one--> two-->six.",
        u"one@10 two@17 six@21"},
   };
@@ -105,12 +91,11 @@ TEST(Tokenizer, WordsAndTheirPlaces) {
 }
 
 TEST(Tokenizer, BlankedDoubleHyphens) {
-  const std::pair<Text, Text> rows[] = {
-      {u"--a--b", u"--a  b"},   {u" --a", u" --a"},
-      {u"  --", u"    "},       {u"a <!-- x --> b", u"a <!-- x --> b"},
-      {u"<!--->", u"<!--->"},   {u"a----b", u"a--  b"},
-      {u"ab---->", u"ab  -->"}, {u"ab--->c", u"ab  ->c"},
-      {u"<!-----", u"<!--  -"}};
+  const std::pair<Text, Text> rows[] = {{u"--a--b", u"--a  b"},
+                                        {u"a----b", u"a--  b"},
+                                        {u"ab---->", u"ab  -->"},
+                                        {u"ab--->c", u"ab  ->c"},
+                                        {u"<!-----", u"<!--  -"}};
   for (const auto& [text, expected] : rows) {
     Text blanked = text;
     BlankDoubleHyphens(blanked);
@@ -153,10 +138,7 @@ TEST(Tokenizer, SameTableAsTheNaiveForm) {
     settings.ignoreInfrequentWords = random() % 2 == 0;
     if (random() % 2 == 0) settings.extraStopWords = "dog the";
     ASSERT_EQ(FastTable(text, settings), NaiveTable(text, settings))
-        << "text: " << testing::PrintToString(text) << "\nhyphens "
-        << settings.allowWordsWithHyphens << ", numerals " << settings.allowWordsWithNumerals
-        << ", no rare words " << settings.ignoreInfrequentWords << ", stop words \""
-        << settings.extraStopWords << "\"";
+        << "round " << round << ", text " << testing::PrintToString(text);
   }
 }
 

@@ -9,7 +9,9 @@
 #include "input/document_text.h"
 #include "input/file_system.h"
 #include "naive/naive_forms.h"
+#include "naive/places.h"
 #include "support/file_size_limit.h"
+#include "support/made_texts.h"
 #include "support/scripted_interface.h"
 #include "support/test_folder.h"
 #include "support/zip_builder.h"
@@ -18,6 +20,9 @@ namespace quorvel {
 namespace {
 
 namespace fs = std::filesystem;
+using naive::Find;
+using naive::Mid;
+using naive::Replace;
 
 constexpr const char* BODY = "word/document.xml";
 
@@ -29,8 +34,6 @@ class Desk {
     ::setenv("TMPDIR", folder_.Path(name).c_str(), 1);
   }
   ~Desk() { ::unsetenv("TMPDIR"); }
-  Desk(const Desk&) = delete;
-  Desk& operator=(const Desk&) = delete;
 
   [[nodiscard]] std::string Put(const std::string& bytes, const char* name = "a.docx") const {
     return folder_.Write(name, bytes);
@@ -41,94 +44,46 @@ class Desk {
   TestFolder folder_;
 };
 
-// Everything that was said, with "@" for the path.
-std::string Messages(const ScriptedInterface& ui, const std::string& path) {
-  std::string said;
-  for (const Message& message : ui.questions) said += message.title + ": " + message.text + "\n";
-  for (std::size_t at = 0; (at = said.find(path)) != std::string::npos;) {
-    said.replace(at, path.size(), "@");
-  }
-  return said;
-}
-
 // The walk over the XML as it is defined, run by run and without a thought of time.
 std::string NaiveRuns(const std::string& xml) {
-  const auto replaceAll = [](std::string text, const std::string& from, const std::string& to) {
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
-      text.replace(at, from.size(), to);
-    }
-    return text;
-  };
   std::string joined;
-  std::string between;
-  bool isFirst = true;
-  for (std::size_t position = 0;;) {
-    const std::size_t start = xml.find("<w:t", position);
-    const std::size_t end = xml.find("</w:t>", position);
-    if (start == std::string::npos || end == std::string::npos || end < start) return joined;
-    if (xml[start + 4] != ' ' && xml[start + 4] != '>') {
-      between += xml.substr(position, start + 4 - position);
-      position = start + 4;
-      continue;
-    }
-    between += xml.substr(position, start - position);
-    const std::size_t from = xml.find('>', start) + 1;
-    std::string run = from > end ? "" : xml.substr(from, end - from);
-    const bool isBroken =
-        between.find("<w:br/>") != std::string::npos || between.find("</w:p>") != std::string::npos;
-    if (isBroken && !isFirst) run.insert(0, " ");
-    if (run.find_first_not_of(' ') == std::string::npos) {
-      joined += ' ';
-    } else {
-      run = replaceAll(replaceAll(replaceAll(run, "&amp;", "&"), "&lt;", "<"), "&gt;", ">");
-      joined += naive::PlainPunctuation(naive::RepairUtf8(run));
-    }
-    between.clear();
-    isFirst = false;
-    position = end + 6;
+  int previous = 0;  // the place behind the run before
+  for (int position = 1;;) {
+    const int start = Find(xml, position, "<w:t");
+    const int end = Find(xml, position, "</w:t>");
+    if (start == 0 || end < start) return joined;
+    position = start + 4;
+    if (Mid(xml, position, 1) != " " && Mid(xml, position, 1) != ">") continue;
+    const int from = Find(xml, position, ">") + 1;
+    std::string run = Mid(xml, from, end - from);
+    const std::string between = previous > 0 ? Mid(xml, previous, start - previous) : "";
+    const bool isBroken = Find(between, 1, "<w:br/>") > 0 || Find(between, 1, "</w:p>") > 0;
+    if (isBroken) run = " " + run;
+    run = Replace(Replace(Replace(run, "&amp;", "&"), "&lt;", "<"), "&gt;", ">");
+    const bool isBlank = Replace(run, " ", "").empty();
+    joined += isBlank ? " " : naive::PlainPunctuation(naive::RepairUtf8(run));
+    position = previous = end + 6;
   }
 }
 
-struct RunsRow {
-  const char* name;
-  std::string xml;
-  std::string expected;
-};
-
 TEST(DocxText, ReadsRuns) {
-  const RunsRow rows[] = {
-      {"empty", "", ""},
-      {"no runs", "<w:p><w:tab/></w:p>", ""},
-      {"a word in two runs", "<w:p><w:t>Hel</w:t></w:r><w:r><w:t>lo</w:t></w:p>", "Hello"},
-      {"end of paragraph", "<w:p><w:t>Hel</w:t></w:p><w:p><w:t>lo</w:t></w:p>", "Hel lo"},
-      {"line break", "<w:t>a</w:t><w:br/><w:t>b</w:t>", "a b"},
-      {"only this form of a line break counts",
-       "<w:t>a</w:t><w:br /><w:t>b</w:t><w:br w:type=\"page\"/><w:t>c</w:t><w:cr/><w:t>d</w:t>",
-       "abcd"},
-      {"a break before the first run", "<w:p/></w:p><w:br/><w:t>a</w:t>", "a"},
-      {"several breaks are one blank", "<w:t>a</w:t><w:br/></w:p></w:p><w:t>b</w:t>", "a b"},
-      {"a tab and a table do not end the place between runs",
-       "<w:t>a</w:t></w:p><w:tbl><w:tr><w:tc><w:tab/><w:t>b</w:t>", "a b"},
-      {"attributes", "<w:t xml:space=\"preserve\"> a </w:t>", " a "},
-      {"blanks only", "<w:t>a</w:t><w:t>   </w:t><w:t>b</w:t>", "a b"},
-      {"no character at all", "<w:t>a</w:t></w:p><w:t></w:t><w:t>b</w:t>", "a b"},
-      {"an empty run without attributes", "<w:t/><w:t>a</w:t>", "a"},
-      {"one with attributes reaches to the next run end", "<w:t x=\"\"/></w:r><w:t>a</w:t>",
-       "</w:r><w:t>a"},
-      {"a start without its end mark", "<w:t </w:t><w:t>a</w:t>", " a"},
-      {"a run without an end", "<w:t>a</w:t><w:t>b", "a"},
-      {"an end without a start ends the walk", "<w:t>a</w:t></w:t><w:t>b</w:t>", "a"},
-      {"deleted text", "<w:delText>x</w:delText><w:t>a</w:t>", "a"},
-      {"entities", "<w:t>a &amp; b &lt; c &gt; d</w:t>", "a & b < c > d"},
-      {"an escaped entity is decoded twice", "<w:t>&amp;lt; &amp;gt; &amp;amp;</w:t>", "< > &amp;"},
-      {"other entities stay", "<w:t>&quot;&apos;&#65;&lt</w:t>", "&quot;&apos;&#65;&lt"},
-      {"UTF-8", "<w:t>caf\xC3\xA9 \xE2\x80\x94 \xE2\x80\x9Cx\xE2\x80\x9D</w:t>",
-       "caf\xE9  --  \"x\""},
-      {"each run is repaired for itself",
-       "<w:t>\xE2\x80\xA0\xE2\x80\x99</w:t><w:t>\xE2\x80\x99\xC3</w:t><w:t>\xA9</w:t>",
+  // With "[" for the start of a run and "]" for its end.
+  const char* rows[][3] = {
+      {"a word in two runs", "<w:p>[Hel]</w:r><w:r>[lo]</w:p>", "Hello"},
+      {"end of paragraph", "<w:p>[Hel]</w:p><w:p>[lo]</w:p>", "Hel lo"},
+      {"line break, in this form only", "[a]<w:br/>[b]<w:br />[c]<w:br w:x=\"\"/>[d]", "a bcd"},
+      {"a break before the first run", "<w:p/></w:p><w:br/>[a]", "a"},
+      {"blanks only", "[a]</w:p>[]</w:p>[   ][b]", "a  b"},
+      {"one with attributes reaches to the next end", "<w:t x=\"\"/></w:r>[a]", "</w:r><w:t>a"},
+      {"a start without its end mark", "<w:t ][a]", " a"},
+      {"an end without a start ends the walk", "[a]][b]", "a"},
+      {"deleted text", "<w:delText>x</w:delText>[a]", "a"},
+      {"an escaped entity is decoded twice", "[&gt; &amp;lt; &amp;amp;]", "> < &amp;"},
+      {"each run is repaired for itself", "[\xE2\x80\xA0\xE2\x80\x99][\xE2\x80\x99\xC3][\xA9]",
        "\xE2\x80\x99'\xC3\xA9"},
   };
-  for (const auto& [name, xml, expected] : rows) {
+  for (const auto& [name, marked, expected] : rows) {
+    const std::string xml = Replace(Replace<std::string>(marked, "[", "<w:t>"), "]", "</w:t>");
     ScriptedInterface ui;
     EXPECT_EQ(ReadDocumentRuns(xml, ui).text, expected) << name;
     EXPECT_EQ(NaiveRuns(xml), expected) << name;
@@ -144,9 +99,8 @@ TEST(DocxText, RunsAreTheSameAsInTheNaiveForm) {
       "&",        "\xE2\x80\x94", "\xC3\xA9", "\xC3",  "\xA9",   "\xC2",   "\xE2\x80\xA0"};
   std::mt19937 random(20261121);
   ScriptedInterface ui;
-  for (int round = 0; round < 100000; ++round) {
-    std::string xml;
-    for (std::size_t left = random() % 40; left > 0; --left) xml += parts[random() % parts.size()];
+  for (int round = 0; round < 60000; ++round) {
+    const std::string xml = RandomText(parts, 40, random);
     ASSERT_EQ(ReadDocumentRuns(xml, ui).text, NaiveRuns(xml)) << xml;
   }
 }
@@ -160,7 +114,7 @@ TEST(DocxText, WalkStopsOnlyWhenConfirmedAndShowsHowFarItIs) {
   DocumentRuns runs = ReadDocumentRuns(xml, ui);
   EXPECT_EQ(runs.text.size(), xml.size() / 27 * 5);
   EXPECT_FALSE(runs.stopped || ui.StopRequested());
-  EXPECT_EQ(Messages(ui, "@"),
+  EXPECT_EQ(ui.Said(),
             "Stop: Many different words have been found.\r\nDo you really wish to stop?\n");
   const std::vector<std::string>& bar = ui.labels[Label::progressBar];
   EXPECT_EQ(bar.front(), "[>" + std::string(40, ' ') + "]");
@@ -192,10 +146,10 @@ std::string BodyOfSize(std::size_t size) {
 struct DocumentRow {
   const char* name;
   std::string bytes;
-  std::vector<Answer> answers;
   std::string expected;  // the messages and then the text, or how long it is
-  std::string temporaryFolder = "temporary";
+  std::vector<Answer> answers = {};
   rlim_t largestFile = RLIM_INFINITY;
+  std::string temporaryFolder = "temporary";
 };
 
 std::string ReadDocument(const DocumentRow& row) {
@@ -210,16 +164,17 @@ std::string ReadDocument(const DocumentRow& row) {
   EXPECT_EQ(isUtf8, text.has_value());
   EXPECT_EQ(ui.output, "Extracting text ...\r\n");
   EXPECT_TRUE(desk.IsClean());
-  std::string said = Messages(ui, path);
-  if (!text) return said;
-  return said + "= " + (text->size() < 100 ? *text : std::to_string(text->size()));
+  if (!text) return ui.Said(path);
+  return ui.Said(path) + "= " + (text->size() < 100 ? *text : std::to_string(text->size()));
 }
 
 TEST(DocumentText, ReadsOddDocumentsOrSaysWhatIsWrong) {
+  using enum Answer;
   const std::string anyway =
       "Error: Invalid checksum found when processing\r\n@\r\n"
       "Do you wish to scan this file anyway?\n";
-  const std::string noText = anyway + "Error: File @\r\nholds no document text.\n";
+  const std::string empty = "Error: File @\r\nholds no document text.\n";
+  const std::string noText = anyway + empty;
   const std::string isBig =
       "Big file: @\r\nis rather large.  It may take awhile to scan.\r\n"
       "Do you wish to continue?\n";
@@ -229,49 +184,38 @@ TEST(DocumentText, ReadsOddDocumentsOrSaysWhatIsWrong) {
   const std::string tooBig =
       "File too big: @\r\nis too large to be scanned directly.\r\n\r\n"
       "Recommend saving it as a text file and\r\napplying this program to that file.\n";
+  const std::string unwritable = "Quorvel: Unable to write to temporary folder.\n";
+  const std::string noFolder = "Quorvel: Unable to create temporary folder.\n";
   const std::string plain = ZipArchive({{BODY, Xml("ships")}});
   const std::string stored = ZipArchive({{BODY, Xml("ships"), ZIP_CM_STORE}});
-  std::string damaged = stored;
-  damaged[damaged.find("ships")] = 'c';
+  const std::string damaged = Replace(stored, "ships", "chips");
+  const std::string others = ZipArchive({{"a", "x"}, {BODY, Xml("caf\xC3\xA9")}, {"z", ""}});
   const auto central = [&plain](std::size_t offset, std::uint64_t value, int width) {
     return WithField(plain, CENTRAL_RECORD, offset, value, width);
   };
   const auto lying = WithField(BodyOfSize(30000000), CENTRAL_RECORD, 24, 10, 4);
   const DocumentRow rows[] = {
-      {"deflated", plain, {}, "= ships"},
-      {"stored", stored, {}, "= ships"},
-      {"among others",
-       ZipArchive({{"a", "x"}, {BODY, Xml("caf\xC3\xA9")}, {"z", ""}}),
-       {},
-       "= caf\xE9"},
-      {"64-bit", AsZip64(plain, 1), {}, "= ships"},
-      {"64-bit with a wrong count", AsZip64(plain, 1ULL << 40U), {Answer::yes}, noText},
-      {"bytes behind the archive", plain + std::string(100, 'x'), {}, "= ships"},
-      {"no runs", ZipArchive({{BODY, "<w:p/>"}}), {}, "= "},
-      {"an empty body", ZipArchive({{BODY, ""}}), {}, noText.substr(anyway.size())},
-      {"wrong checksum, yes", damaged, {Answer::yes}, anyway + "= chips"},
-      {"wrong checksum, no", damaged, {Answer::no}, anyway},
-      {"wrong checksum in the directory", central(16, 1, 4), {Answer::yes}, anyway + "= ships"},
-      {"place beyond the end", central(42, 4000000000, 4), {Answer::yes}, noText},
-      {"unknown method", central(10, 98, 2), {Answer::yes}, noText},
-      {"several disks", WithField(plain, END_RECORD, 4, 1, 2), {Answer::yes}, noText},
-      {"encrypted", central(8, 1, 2), {Answer::yes}, noText},
-      {"no body", ZipArchive({{"content.xml", Xml("ships")}}), {Answer::yes}, noText},
-      {"a folder of its name", ZipArchive({{"word/document.xml/", ""}}), {Answer::yes}, noText},
-      {"no archive", "PK\x03\x04 is how one begins", {Answer::yes}, noText},
-      {"no temporary folder", plain, {}, "Quorvel: Unable to create temporary folder.\n", "none"},
-      {"a full disk",
-       BodyOfSize(100000),
-       {},
-       "Quorvel: Unable to write to temporary folder.\n",
-       "temporary",
-       1000},
-      {"at the threshold", BodyOfSize(10485760), {}, "= 10485738"},
-      {"above it", BodyOfSize(10485761), {Answer::yes}, isBig + "= 10485739"},
-      {"above it, declined by Enter", BodyOfSize(10485761), {}, isBig + saveAsText},
-      {"at the limit", BodyOfSize(20971520), {Answer::yes}, isBig + "= 20971498"},
-      {"above the limit", BodyOfSize(20971521), {}, tooBig},
-      {"far above it, small by the directory", lying, {}, tooBig},
+      {"among others", others, "= caf\xE9"},
+      {"64-bit", AsZip64(plain, 1), "= ships"},
+      {"64-bit with a wrong count", AsZip64(plain, 1ULL << 40U), noText, {yes}},
+      {"no runs", ZipArchive({{BODY, "<w:p/>"}}), "= "},
+      {"an empty body", ZipArchive({{BODY, ""}}), empty},
+      {"wrong checksum, yes", damaged, anyway + "= chips", {yes}},
+      {"wrong checksum, no", damaged, anyway, {no}},
+      {"wrong checksum in the directory", central(16, 1, 4), anyway + "= ships", {yes}},
+      {"place beyond the end", central(42, 4000000000, 4), noText, {yes}},
+      {"several disks", WithField(plain, END_RECORD, 4, 1, 2), noText, {yes}},
+      {"encrypted", central(8, 1, 2), noText, {yes}},
+      {"no body", ZipArchive({{"content.xml", Xml("ships")}}), noText, {yes}},
+      {"a folder of its name", ZipArchive({{"word/document.xml/", ""}}), noText, {yes}},
+      {"no archive", "PK\x03\x04 is how one begins", noText, {yes}},
+      {"no temporary folder", plain, noFolder, {}, RLIM_INFINITY, "none"},
+      {"a full disk", BodyOfSize(100000), unwritable, {}, 1000},
+      {"at the threshold", BodyOfSize(10485760), "= 10485738"},
+      {"above it, declined by Enter", BodyOfSize(10485761), isBig + saveAsText},
+      {"at the limit", BodyOfSize(20971520), isBig + "= 20971498", {yes}},
+      {"above the limit", BodyOfSize(20971521), tooBig},
+      {"far above it, small by the directory", lying, tooBig},
   };
   for (const DocumentRow& row : rows) EXPECT_EQ(ReadDocument(row), row.expected) << row.name;
 }
@@ -302,10 +246,7 @@ TEST(DocxText, SpoiltArchivesEndInTextOrMessage) {
     spoilt.push_back(whole.substr(0, length));
   }
   for (int n = 0; n < 300; ++n) {
-    std::string bytes = "PK\x03\x04" + std::string(random() % 500, ' ');
-    for (std::size_t at = 4; at < bytes.size(); ++at) bytes[at] = static_cast<char>(random());
-    spoilt.push_back(bytes);
-    bytes = whole;
+    std::string bytes = whole;
     // Most of them where the directory is.
     for (int hits = 3; hits > 0; --hits) {
       const std::size_t back = random() % (n % 3 == 0 ? whole.size() : 200);
@@ -336,7 +277,6 @@ TEST(DocumentText, TellsWordDocumentsFromOthers) {
   EXPECT_FALSE(IsWordDocument(desk.Put("PK\x03\x04 5678")));
   EXPECT_FALSE(IsWordDocument(desk.Put("PK is no archive")));
   EXPECT_FALSE(IsWordDocument(desk.Put("PK\x03\x04 56789", "a.odt")));
-  EXPECT_FALSE(IsWordDocument("none.docx"));
 }
 
 // Fails at the first yield, in the middle of a walk.

@@ -20,43 +20,18 @@ std::string Plain(std::string text) {
   return text;
 }
 
-struct Row {
-  const char* name;
-  std::string text;
-  std::string expected;
-};
-
 TEST(Utf8Repair, Pairs) {
-  const Row rows[] = {
-      {"empty", "", ""},
+  const char* rows[][3] = {
       {"letters of both cases", "caf\xC3\xA9 \xC3\x80\xC3\xBF", "caf\xE9 \xC0\xFF"},
-      {"signs", "\xC2\xA0\xC2\xBF\xC2\xA0", "\xA0\xBF\xA0"},
-      {"control characters vanish",
-       "a\xC2\x80"
-       "b\xC2\x9F"
-       "c",
-       "abc"},
+      {"control characters vanish", "z\xC2\x80.\xC2\x9F;\xC2\xA0\xC2\xBF", "z.;\xA0\xBF"},
       {"c with caron", "\xC4\x8D\xC4\x8D\xC4\x8C", "cc\xC4\x8C"},
       {"a lead byte at the end stays", "\xC3\xA9\xC3", "\xE9\xC3"},
-      {"an odd pair of C2 ends its pass only",
-       "\xC2"
-       "a\xC2\xA0\xC3\xA9",
-       "\xC2"
-       "a\xC2\xA0\xE9"},
-      {"an odd pair of C3 ends its pass", "\xC3\xA9\xC3 \xC3\xA8\xC3\xA9\xC4\x8D",
-       "\xE9\xC3 \xC3\xA8\xE9"
-       "c"},
-      {"pairs of a kind already met are replaced behind an odd one", "\xC2\xA0\xC2.\xC2\xA0",
-       "\xA0\xC2.\xA0"},
+      {"an odd pair ends its own pass", "\xC2.\xC2\xA0\xC3\xA9\xC3.\xC3\xA8",
+       "\xC2.\xC2\xA0\xE9\xC3.\xC3\xA8"},
+      {"pairs of a kind already met go behind it too", "\xC2\xA0\xC2.\xC2\xA0", "\xA0\xC2.\xA0"},
       {"a pair that moved up is not looked at", "\xC2\x85\xC2\xA9.", "\xC2\xA9."},
       {"... but replaced when its kind is met later", "\xC2\x85\xC2\xA9.\xC2\xA9", "\xA9.\xA9"},
-      {"an odd pair that moved up does not end the pass", "\xC2\x85\xC2.\xC2\xA9", "\xC2.\xA9"},
-      {"a letter that is itself a lead byte pairs with what follows", "\xC3\x83\xC2\xA9",
-       "\xC3\xA9"},
-      {"C3 83 makes a new pair in front of the place where the search goes on", "\xC3\x83\x83.",
-       "\xC3\x83."},
-      {"a replaced pair in front pulls the text up, past one more pair",
-       "\xC2\x85\xC2\xA0\xC2\xA0\xC2\xA9.", "\xA0\xA0\xC2\xA9."},
+      {"a letter that is a lead byte pairs with what follows", "\xC3\x83\xC2\xA9", "\xC3\xA9"},
   };
   for (const auto& [name, text, expected] : rows) {
     EXPECT_EQ(Repaired(text), expected) << name;
@@ -65,25 +40,16 @@ TEST(Utf8Repair, Pairs) {
 }
 
 TEST(Utf8Repair, Punctuation) {
-  const Row rows[] = {
+  const char* rows[][3] = {
       {"nothing to do", "caf\xE9 \xE2\x81\x94", "caf\xE9 \xE2\x81\x94"},
       {"hyphens", "\xE2\x80\x90\xE2\x80\x91\xE2\x80\x92\xE2\x80\x93", "----"},
-      {"dashes",
-       "a\xE2\x80\x94"
-       "b\xE2\x80\x95"
-       "c",
-       "a -- b--c"},
-      {"lines", "\xE2\x80\x96\xE2\x80\x97", "|\x89"},
+      {"dashes and lines", "\xE2\x80\x94.\xE2\x80\x95.\xE2\x80\x96\xE2\x80\x97", " -- .--.|\x89"},
       {"single quotes", "\xE2\x80\x98\xE2\x80\x99\xE2\x80\x9A\xE2\x80\x9B", "''''"},
       {"double quotes", "\xE2\x80\x9C\xE2\x80\x9D\xE2\x80\x9E\xE2\x80\x9F", R"("""")"},
       {"bullet, ellipsis, angles", "\xE2\x80\xA2\xE2\x80\xA6\xE2\x80\xB9\xE2\x80\xBA", " . ...<>"},
-      {"a dagger first: only that goes", "\xE2\x80\xA0x\xE2\x80\x99\xE2\x80\xA0",
-       "x\xE2\x80\x99\xE2\x80\xA0"},
-      {"a dagger later stays", "\xE2\x80\x99x\xE2\x80\xA0\xE2\x80\x99", "'x\xE2\x80\xA0'"},
+      {"a dagger first: only that goes", "\xE2\x80\xA0.\xE2\x80\x99", ".\xE2\x80\x99"},
       {"cut at the end", "a\xE2\x80", "a"},
-      {"cut at the end behind another", "\xE2\x80\x93\xE2\x80", "-\xE2\x80"},
       {"a sequence within a wrong one", "\xE2\x80\xE2\x80\x94", "\x80\x94"},
-      {"a sequence behind a wrong one", "\xE2\x80\x93\xE2\x80\xE2\x80\x94", "-\xE2\x80 -- "},
   };
   for (const auto& [name, text, expected] : rows) {
     EXPECT_EQ(Plain(text), expected) << name;

@@ -1,65 +1,15 @@
 #include "naive/naive_forms.h"
 
+#include <algorithm>
 #include <cmath>
+#include <map>
 #include <utility>
 #include <vector>
 
+#include "naive/places.h"
+
 namespace quorvel::naive {
 namespace {
-
-// Strings counted from 1, as all positions of the program are.
-
-template <typename String>
-int Length(const String& s) {
-  return static_cast<int>(s.size());
-}
-
-// At most `length` characters from `start` on, a place from 1 on.
-template <typename String>
-String Mid(const String& s, int start, int length) {
-  if (start > Length(s) || length < 1) return String();
-  return s.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(length));
-}
-
-template <typename String>
-String From(const String& s, int start) {
-  return Mid(s, start < 1 ? 1 : start, Length(s));
-}
-
-template <typename String>
-String Left(const String& s, int length) {
-  return Mid(s, 1, length);
-}
-
-template <typename String>
-String Right(const String& s, int length) {
-  return From(s, Length(s) - length + 1);
-}
-
-// The first place of `what` at or after `start`; 0 for none.
-template <typename String>
-int Find(const String& s, int start, const String& what) {
-  const std::size_t index = s.find(what, static_cast<std::size_t>(start - 1));
-  return index == String::npos ? 0 : static_cast<int>(index) + 1;
-}
-
-// The last place of `what`; 0 for none.
-template <typename String>
-int FindLast(const String& s, const String& what) {
-  const std::size_t index = s.rfind(what);
-  return index == String::npos ? 0 : static_cast<int>(index) + 1;
-}
-
-// Every occurrence of `what`, left to right, replaced; what was put there is not looked at again.
-template <typename String>
-String Replace(const String& s, const String& what, const String& by) {
-  String result;
-  int start = 1;
-  for (int found; (found = Find(s, start, what)) > 0; start = found + Length(what)) {
-    result += Mid(s, start, found - start) + by;
-  }
-  return result + From(s, start);
-}
 
 using Text = std::u16string;
 
@@ -91,19 +41,10 @@ bool IsWordCharacter(const Text& ch) {
 }
 
 // One more than the characters that are left where the run reaches the end of the text.
-int WordRunLength(const Text& text, int start) {
+int LetterRunLength(const Text& text, int start) {
   int i = start;
-  for (; i <= Length(text); ++i) {
-    if (!IsWordCharacter(Mid(text, i, 1))) return i - start;
-  }
-  return i - start + 1;
-}
-
-int FirstNotBlank(const Text& text, int start) {
-  for (int i = start; i <= Length(text); ++i) {
-    if (Mid(text, i, 1) != u" ") return i;
-  }
-  return 0;
+  while (IsWordCharacter(Mid(text, i, 1))) ++i;
+  return i - start + (i > Length(text) ? 1 : 0);
 }
 
 Text ToDecimal(int number) {
@@ -126,9 +67,7 @@ Text FoldForKey(const Text& s) {
 Text MakeSingular(const Text& word) {
   const Text lower = ToLowerCase(word);
   if (Right(lower, 3) == u"ics") return word;
-  for (const Text exception : {u"maths", u"stats", u"arms", u"dickens", u"always", u"perhaps"}) {
-    if (lower == exception) return word;
-  }
+  if (Contains(u" maths stats arms dickens always perhaps ", u" " + lower + u" ")) return word;
   const int length = Length(word);
   if (length < 3 || Right(word, 1) != u"s") return word;
   if (Right(word, 2) == u"ss" || Right(word, 2) == u"'s") return word;
@@ -142,7 +81,7 @@ bool IsContractionStem(const Text& word) {
 }
 
 Text GetWord(const Text& text, int& scanPosition) {
-  const int length = WordRunLength(text, scanPosition);
+  const int length = LetterRunLength(text, scanPosition);
   Text word = Mid(text, scanPosition, length);
   scanPosition += length;
   if (RemoveChars(word, LOWER + UPPER) == word) return u"";
@@ -156,11 +95,8 @@ Text GetWord(const Text& text, int& scanPosition) {
 
 bool IsRomanNumeral(const Text& word) {
   const Text upper = ToUpperCase(word);
-  for (const Text exception :
-       {u"DIM", u"MID", u"VIM", u"CID", u"LID", u"LIVID", u"VIVID", u"CIVIL", u"DILL"}) {
-    if (upper == exception) return false;
-  }
-  return RemoveChars(upper, u"IVXLCDM").empty();
+  return RemoveChars(upper, u"IVXLCDM").empty() &&
+         !Contains(u" DIM MID VIM CID LID LIVID VIVID CIVIL DILL ", u" " + upper + u" ");
 }
 
 bool MayBeRecorded(const Text& word) {
@@ -169,85 +105,65 @@ bool MayBeRecorded(const Text& word) {
   return !IsRomanNumeral(word);
 }
 
-void Record(WordTable& table, const Text& word, int offset) {
-  std::size_t place = 0;
-  while (place < table.entries.size() && table.entries[place].word < word) ++place;
-  if (place == table.entries.size() || table.entries[place].word != word) {
-    WordEntry entry;
-    entry.word = word;
-    entry.sortKey = ToLowerCase(FoldForKey(word));
-    table.entries.insert(table.entries.begin() + static_cast<std::ptrdiff_t>(place), entry);
-  }
-  table.entries[place].positions.push_back(offset);
-}
-
+// The words in table order, each with its places.
 WordTable ScanWords(const Text& text) {
   WordTable table;
   if (text.empty()) return table;
   table.positionWidth = static_cast<int>(std::log(Length(text)) / std::log(10.0)) + 1;
+  std::map<std::pair<Text, Text>, std::vector<std::int32_t>> words;  // by sort key and spelling
   int scanPosition = 1;
   while (scanPosition < Length(text)) {
     if (IsWordCharacter(Mid(text, scanPosition, 1))) {
       const Text word = GetWord(text, scanPosition);
-      if (MayBeRecorded(word)) Record(table, word, scanPosition - Length(word));
+      if (MayBeRecorded(word)) {
+        words[{ToLowerCase(FoldForKey(word)), word}].push_back(scanPosition - Length(word));
+      }
     }
-    scanPosition = FirstNotBlank(text, scanPosition + 1);
-    if (scanPosition == 0) break;
+    do ++scanPosition;
+    while (Mid(text, scanPosition, 1) == u" ");
+  }
+  for (const auto& [key, positions] : words) {
+    table.entries.push_back({key.second, key.first, 0, 0, true, positions});
   }
   return table;
 }
 
-void SortByKey(WordTable& table) {
-  std::vector<WordEntry>& entries = table.entries;
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    for (std::size_t j = i + 1; j < entries.size(); ++j) {
-      if (entries[j].sortKey < entries[i].sortKey ||
-          (entries[j].sortKey == entries[i].sortKey && entries[j].word < entries[i].word)) {
-        std::swap(entries[i], entries[j]);
-      }
-    }
-  }
-}
-
 void AdmitWords(WordTable& table, const ConcordanceSettings& settings) {
-  const Text extraStopWords(settings.extraStopWords.begin(), settings.extraStopWords.end());
+  const std::string& extra = settings.extraStopWords;
+  const Text stopWords = u" " + Text(extra.begin(), extra.end()) + u" ";
   for (WordEntry& entry : table.entries) {
     const bool hasHyphen = Contains(entry.word, u"-");
     const bool hasDigit = RemoveChars(entry.word, u"0123456789") != entry.word;
-    const bool isStopWord =
-        Contains(Text(u" ") + extraStopWords + u" ", Text(u" ") + ToLowerCase(entry.word) + u" ");
-    entry.include =
-        (settings.allowWordsWithHyphens || !hasHyphen) &&
-        (settings.allowWordsWithNumerals || !hasDigit) &&
-        !(settings.ignoreInfrequentWords && entry.Count() < settings.thresholdFrequency) &&
-        !isStopWord;
+    const bool isRare = entry.Count() < settings.thresholdFrequency;
+    entry.include = (settings.allowWordsWithHyphens || !hasHyphen) &&
+                    (settings.allowWordsWithNumerals || !hasDigit) &&
+                    !(settings.ignoreInfrequentWords && isRare) &&
+                    !Contains(stopWords, u" " + ToLowerCase(entry.word) + u" ");
   }
 }
 
 void LinkByFrequency(WordTable& table) {
-  std::int32_t highest = 0;
-  for (const WordEntry& entry : table.entries) {
-    if (!entry.include) continue;
+  std::vector<WordEntry>& entries = table.entries;
+  std::vector<std::size_t> order;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!entries[i].include) continue;
+    order.push_back(i);
     ++table.includedCount;
-    table.totalOccurrences += entry.Count();
-    if (entry.Count() > highest) highest = entry.Count();
+    table.totalOccurrences += entries[i].Count();
   }
-  std::int32_t last = 0;
-  for (std::int32_t count = highest; count >= 1; --count) {
-    for (std::size_t i = 0; i < table.entries.size(); ++i) {
-      WordEntry& entry = table.entries[i];
-      if (!entry.include || entry.Count() != count) continue;
-      std::int32_t& link = last == 0
-                               ? table.frequencyHead
-                               : table.entries[static_cast<std::size_t>(last - 1)].frequencyNext;
-      entry.frequencyPrev = last;
-      link = last = static_cast<std::int32_t>(i) + 1;
-    }
+  const auto isMoreFrequent = [&](auto a, auto b) {
+    return entries[a].Count() > entries[b].Count();
+  };
+  std::stable_sort(order.begin(), order.end(), isMoreFrequent);
+  for (std::size_t k = 0; k < order.size(); ++k) {
+    const auto place = static_cast<std::int32_t>(order[k]) + 1;
+    (k == 0 ? table.frequencyHead : entries[order[k - 1]].frequencyNext) = place;
+    if (k > 0) entries[order[k]].frequencyPrev = static_cast<std::int32_t>(order[k - 1]) + 1;
   }
 }
 
 Text TakeOutLineBreaks(Text window, int& cut) {
-  for (int marker; (marker = Find<Text>(window, 1, u" / ")) > 0;) {
+  for (int marker; (marker = Find(window, 1, u" / ")) > 0;) {
     window = Left(window, marker - 1) + From(window, marker + 2);
     if (marker < cut) cut -= 2;
   }
@@ -257,14 +173,10 @@ Text TakeOutLineBreaks(Text window, int& cut) {
 Text CutLeftEdge(const Text& window, int cut, const ConcordanceSettings& settings) {
   int counted = 0;
   while (cut >= 3) {
-    const int blank = FindLast<Text>(Left(window, cut - 2), u" ");
+    const int blank = FindLast(Left(window, cut - 2), u" ");
     if (blank == 0) break;
     if (!(settings.showLineBreaks && Mid(window, blank + 1, 1) == u"/")) {
-      ++counted;
-      if (counted == settings.contextSize) {
-        cut = blank + 1;
-        break;
-      }
+      if (++counted == settings.contextSize) return From(window, blank + 1);
     }
     cut = blank;
   }
@@ -274,12 +186,12 @@ Text CutLeftEdge(const Text& window, int cut, const ConcordanceSettings& setting
 Text CutRightEdge(const Text& window, const ConcordanceSettings& settings) {
   int blank = 0;
   for (int counted = 0; counted < settings.contextSize + 1;) {
-    blank = Find<Text>(window, blank + 1, u" ");
+    blank = Find(window, blank + 1, u" ");
     const bool isMark = blank > 0 && settings.showLineBreaks && Mid(window, blank + 1, 1) == u"/";
     if (!isMark) ++counted;
   }
   for (int counted = 0;;) {
-    const int next = Find<Text>(window, blank + 1, u" ");
+    const int next = Find(window, blank + 1, u" ");
     if (next <= 1) return Left(window, blank);
     blank = next;
     if (!(settings.showLineBreaks && Mid(window, blank - 1, 1) == u"/")) ++counted;
@@ -304,7 +216,7 @@ std::vector<Text> MergeContexts(const std::vector<Text>& contexts, bool showFreq
   for (std::size_t k = 0; k < contexts.size(); ++k) {
     bool found = false;
     for (std::size_t m = 0; m < slots.size(); ++m) {
-      const int marker = FindLast<Text>(slots[m], u" (x");
+      const int marker = FindLast(slots[m], u" (x");
       if (contexts[k] != (marker > 0 ? Left(slots[m], marker - 1) : slots[m])) continue;
       found = true;
       if (!showFrequencies) continue;
@@ -313,7 +225,7 @@ std::vector<Text> MergeContexts(const std::vector<Text>& contexts, bool showFreq
         slots[m] += u" (x2)";
       } else if (repeatCounts[k] < 999) {
         ++repeatCounts[m];
-        slots[m] = Left(slots[m], FindLast<Text>(slots[m], u"(x") - 1) + u"(x" +
+        slots[m] = Left(slots[m], FindLast(slots[m], u"(x") - 1) + u"(x" +
                    ToDecimal(repeatCounts[m] + 1) + u")";
       }
     }
@@ -326,7 +238,7 @@ Text MarkKeywordInContext(const Text& word, Text context) {
   const Text capitalized = CapitalizeFirstLetter(word);
   context = Replace(context, word, Text(u"«") + word + u"»");
   if (capitalized != word) context = Replace(context, capitalized, Text(u"«") + capitalized + u"»");
-  return Replace<Text>(context, u"»s", u"s»");
+  return Replace(context, u"»s", u"s»");
 }
 
 Text ComposeEntry(const Text& text, const WordEntry& entry, const ConcordanceSettings& settings) {
@@ -344,25 +256,21 @@ Text ComposeEntry(const Text& text, const WordEntry& entry, const ConcordanceSet
   return result;
 }
 
-std::string Bytes(std::initializer_list<int> values) {
-  std::string result;
-  for (int value : values) result += static_cast<char>(value);
-  return result;
-}
+std::string Byte(int code) { return {static_cast<char>(code)}; }
 
 int ByteAt(const std::string& s, int place) {
   return static_cast<unsigned char>(s[static_cast<std::size_t>(place - 1)]);
 }
 
 // One pass over the pairs of a lead byte. A pair outside the range ends it.
-void RepairPairs(std::string& text, int lead, int lowest, int added) {
+void RepairPairs(std::string& text, const std::string& lead, int lowest, int added) {
   int start = 1;
   for (;;) {
-    const int found = Find(text, start, Bytes({lead}));
+    const int found = Find(text, start, lead);
     if (found == 0 || found == Length(text)) return;
     const int c = ByteAt(text, found + 1);
     if (c < 128 || c > 191) return;
-    text = Replace(text, Bytes({lead, c}), c < lowest ? std::string() : Bytes({c + added}));
+    text = Replace(text, lead + Byte(c), c < lowest ? "" : Byte(c + added));
     start = found + 1;
   }
 }
@@ -370,19 +278,18 @@ void RepairPairs(std::string& text, int lead, int lowest, int added) {
 }  // namespace
 
 Text BlankDoubleHyphens(Text text) {
-  int p = Find<Text>(text, 1, u"--");
+  int p = Find(text, 1, u"--");
   while (p > 0) {
     if (p > 2 && Mid(text, p - 2, 4) != u"<!--" && Mid(text, p, 3) != u"-->") {
       text = Left(text, p - 1) + u"  " + From(text, p + 2);
     }
-    p = Find<Text>(text, p + 2, u"--");
+    p = Find(text, p + 2, u"--");
   }
   return text;
 }
 
 WordTable MakeWordTable(const Text& text, const ConcordanceSettings& settings) {
   WordTable table = ScanWords(text);
-  SortByKey(table);
   AdmitWords(table, settings);
   LinkByFrequency(table);
   return table;
@@ -408,25 +315,24 @@ Text ListWords(const Text& documentText, const ConcordanceSettings& settings) {
 }
 
 std::string RepairUtf8(std::string text) {
-  RepairPairs(text, 194, 160, 0);
-  RepairPairs(text, 195, 128, 64);
-  return Replace(text, Bytes({196, 141}), std::string("c"));
+  RepairPairs(text, "\xC2", 160, 0);
+  RepairPairs(text, "\xC3", 128, 64);
+  return Replace(text, "\xC4\x8D", "c");
 }
 
 std::string PlainPunctuation(std::string text) {
-  const int found = Find(text, 1, Bytes({226, 128}));
-  if (found == 0) return text;
-  if (found + 1 == Length(text)) return Left(text, found - 1);
-  const int x = ByteAt(text, found + 2);
-  if (!((x >= 144 && x <= 159) || x == 162 || x == 166 || x == 185 || x == 186)) {
-    return Left(text, found - 1) + From(text, found + 3);
-  }
-  const std::pair<int, std::string> replacements[] = {
+  const std::map<int, const char*> replacements = {
       {144, "-"},  {145, "-"},   {146, "-"},    {147, "-"},  {148, " -- "},
       {149, "--"}, {150, "|"},   {151, "\x89"}, {152, "'"},  {153, "'"},
       {154, "'"},  {155, "'"},   {156, "\""},   {157, "\""}, {158, "\""},
       {159, "\""}, {162, " . "}, {166, "..."},  {185, "<"},  {186, ">"}};
-  for (const auto& [last, by] : replacements) text = Replace(text, Bytes({226, 128, last}), by);
+  const int found = Find(text, 1, "\xE2\x80");
+  if (found == 0) return text;
+  if (found + 1 == Length(text)) return Left(text, found - 1);
+  if (!replacements.contains(ByteAt(text, found + 2))) {
+    return Left(text, found - 1) + From(text, found + 3);
+  }
+  for (const auto& [x, by] : replacements) text = Replace(text, "\xE2\x80" + Byte(x), by);
   return text;
 }
 

@@ -3,10 +3,10 @@
 #include <cctype>
 #include <vector>
 
-namespace quorvel::naive {
-namespace {
+#include "naive/places.h"
 
-// Each entity is followed by its character; a blank stands before each.
+namespace quorvel::naive {
+
 const std::string ENTITY_TABLE =
     " &copy;\xA9 &amp;& &nbsp;  &#160;  &#8212;\x97"
     " &AElig;\xC6 &Aacute;\xC1 &Acirc;\xC2 &Agrave;\xC0 &Aring;\xC5 &Atilde;\xC3 &Auml;\xC4"
@@ -19,20 +19,7 @@ const std::string ENTITY_TABLE =
     " &ocirc;\xF4 &ograve;\xF2 &oslash;\xF8 &otilde;\xF5 &ouml;\xF6 &szlig;\xDF &thorn;\xFE"
     " &uacute;\xFA &ucirc;\xFB &ugrave;\xF9 &uuml;\xFC &yacute;\xFD &yuml;\xFF";
 
-int Length(const std::string& s) { return static_cast<int>(s.size()); }
-
-std::string Mid(const std::string& s, int start, int length) {
-  if (start > Length(s)) return "";
-  return s.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(length));
-}
-
-// The first place of `what` at or after `start`; 0 for none.
-int Find(const std::string& s, int start, const std::string& what) {
-  for (int place = start; place + Length(what) - 1 <= Length(s); ++place) {
-    if (Mid(s, place, Length(what)) == what) return place;
-  }
-  return 0;
-}
+namespace {
 
 // Whether `what` follows the character at `place`, compared in lower case.
 bool Follows(const std::string& text, int place, const std::string& what) {
@@ -41,15 +28,6 @@ bool Follows(const std::string& text, int place, const std::string& what) {
     if (ch > 0) ch = static_cast<char>(std::tolower(ch));
   }
   return part == what;
-}
-
-// Which of the elements begins at the "<" at `place`; empty for none.
-std::string ElementAt(const std::string& text, int place,
-                      const std::vector<std::string>& elements) {
-  for (const std::string& element : elements) {
-    if (Follows(text, place, element)) return element;
-  }
-  return "";
 }
 
 std::string Strip(const std::string& text, const std::vector<std::string>& elements,
@@ -71,7 +49,9 @@ std::string Strip(const std::string& text, const std::vector<std::string>& eleme
       copy = false;
     } else if (ch == "<") {
       copy = false;
-      skipped = ElementAt(text, place, elements);
+      for (const std::string& element : elements) {
+        if (Follows(text, place, element)) skipped = element;
+      }
       depth = 1;
     } else if (ch == ">") {
       copy = true;
@@ -109,7 +89,7 @@ std::string DecodeEntities(std::string text) {
       }
       character = Mid(ENTITY_TABLE, entry + 1 + Length(candidate), 1);
     }
-    text.replace(static_cast<std::size_t>(ampersand - 1), candidate.size(), character);
+    text = Left(text, ampersand - 1) + character + From(text, semicolon + 1);
     start = ampersand + 1;
   }
 }

@@ -7,6 +7,9 @@
 
 namespace quorvel::naive {
 
+// Each entity is followed by its character; a blank stands before each.
+extern const std::string ENTITY_TABLE;
+
 [[nodiscard]] std::string StripTags(const std::string& text);
 [[nodiscard]] std::string StripTagsAndLists(const std::string& text, bool markLists);
 [[nodiscard]] std::string DecodeEntities(std::string text);

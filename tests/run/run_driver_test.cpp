@@ -3,51 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 
-#include "output/concordance_file.h"
+#include "naive/places.h"
 #include "output/digest.h"
 #include "output/listing.h"
-#include "support/scripted_interface.h"
-#include "support/test_folder.h"
+#include "support/made_texts.h"
+#include "support/test_run.h"
 
 namespace quorvel {
 namespace {
-
-// A run on one file of its own, with a scripted user.
-struct TestRun {
-  TestFolder folder;
-  RunState state;
-  ScriptedInterface ui;
-
-  explicit TestRun(std::string_view bytes, std::string_view name = "a.txt") {
-    state.settings.inputFile = folder.Write(name, bytes);
-    state.settings.outputFile = folder.Path("out.txt");
-  }
-
-  RunOutcome Go() { return RunConcordance(state, ui); }
-
-  // What the output file holds behind its header.
-  [[nodiscard]] std::string Entries() const {
-    const std::string bytes = folder.Read("out.txt");
-    const std::size_t header = bytes.find("\r\n\r\n");
-    return header == std::string::npos ? bytes : bytes.substr(header + 4);
-  }
-
-  [[nodiscard]] std::string LastLabel(Label label) const { return ui.labels.at(label).back(); }
-};
-
-void Replace(std::string& text, std::string_view from, const std::string& to) {
-  const std::size_t place = text.find(from);
-  if (place != std::string::npos) text.replace(place, from.size(), to);
-}
 
 constexpr const char* HARBOUR =
     "the old harbour was silent now\r\nthe old harbour was silent too\r\n";
 
 TEST(RunDriver, WritesAConcordance) {
   TestRun run(HARBOUR);
-  run.state.settings.contextSize = 2;
+  run.settings.contextSize = 2;
   EXPECT_EQ(run.Go(), RunOutcome::done);
   const std::string header =
       "Input file: " + run.folder.Path("a.txt") +
@@ -79,183 +50,141 @@ TEST(RunDriver, WritesAConcordance) {
   EXPECT_EQ(run.ui.appends, phases);
   EXPECT_EQ(run.ui.popUps, std::vector<std::string>{"Concordance file written"});
   EXPECT_TRUE(run.ui.questions.empty());
-  EXPECT_EQ(run.LastLabel(Label::numberOfWords), "Number of words: 7");
-  EXPECT_EQ(run.LastLabel(Label::numberOfOccurrences), "Number of occurrences: 12");
-  EXPECT_EQ(run.LastLabel(Label::keywordsFound), "Number of keywords found: 7");
+  EXPECT_EQ(run.ui.labels[Label::numberOfWords].back(), "Number of words: 7");
+  EXPECT_EQ(run.ui.labels[Label::numberOfOccurrences].back(), "Number of occurrences: 12");
+  EXPECT_EQ(run.ui.labels[Label::keywordsFound].back(), "Number of keywords found: 7");
 }
 
 TEST(RunDriver, ListsBareWordsByFrequencyWithoutTheInfrequent) {
   TestRun run(HARBOUR);
-  run.state.settings.contextSize = 0;
-  run.state.settings.wordOrder = WordOrder::byFrequency;
-  run.state.settings.ignoreInfrequentWords = true;
-  run.state.settings.extraStopWords = "THE,was";
+  run.settings.contextSize = 0;
+  run.settings.wordOrder = WordOrder::byFrequency;
+  run.settings.ignoreInfrequentWords = true;
+  run.settings.extraStopWords = "THE,was";
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  EXPECT_EQ(run.state.settings.extraStopWords, "the was");
+  EXPECT_EQ(run.settings.extraStopWords, "the was");
   EXPECT_EQ(run.Entries(), "harbour 2\r\nold 2\r\nsilent 2\r\n\r\n");
 }
 
 struct RefusalRow {
   const char* name;
-  std::string bytes;
-  const char* file;
-  std::function<void(TestRun&)> change;
-  std::string text;  // "@" stands for the input, "#" for the output file
-  std::string title;
+  const char* said;  // "@" stands for the input, "#" for the output file
+  void (*change)(TestRun&);
   RunOutcome outcome = RunOutcome::refused;
-  std::vector<Answer> answers = {};
+  std::string bytes = "hello there";
 };
 
 TEST(RunDriver, SaysWhyItEndsAndLeavesTheOldFile) {
-  const auto nothing = [](TestRun&) {};
-  const auto utf8 = [](TestRun& run) { run.state.settings.inputIsUtf8 = true; };
-  const std::string typographic = "say \xE2\x80\x9Chello there\xE2\x80\x9D once more";
-  std::string frequent;
-  for (int i = 0; i < 32768; ++i) frequent += "word ";
+  using enum RunOutcome;
+  const auto none = [](TestRun&) {};
   const RefusalRow rows[] = {
-      {"no input", "x", "a.txt", [](TestRun& run) { run.state.settings.inputFile = "  "; },
-       "Input file not specified.", "Quorvel"},
-      {"extension", "hello there", "a.log", nothing,
-       "This program acts only on text files,\r\nWord DOCX files and HTML files.", "List words"},
-      {"missing", "x", "a.txt", [](TestRun& run) { run.state.settings.inputFile = "/no/a.txt"; },
-       "File @ not found.", "Fatal error"},
-      {"folder", "x", "a.txt",
-       [](TestRun& run) {
-         std::filesystem::create_directory(run.folder.Path("f.txt"));
-         run.state.settings.inputFile = run.folder.Path("f.txt");
-       },
-       "File @ not found.", "Fatal error"},
-      {"2 GB", "x", "a.txt",
-       [](TestRun& run) { std::filesystem::resize_file(run.folder.Path("a.txt"), 2147483647); },
-       "File @\r\nis too large to be scanned: 2 GB or more.", "File too big"},
-      {"output is input", "hello there", "a.txt",
-       [](TestRun& run) { run.state.settings.outputFile = run.folder.Path("./a.txt"); },
-       "The concordance file cannot be the same as the input file.", "Quorvel"},
-      {"four bytes", "abcd", "a.txt", nothing, "File @\r\ncontains only from 1 to 4 bytes.",
-       "Fatal error"},
-      {"stop word", "hello there", "a.txt",
-       [](TestRun& run) { run.state.settings.extraStopWords = "it's"; },
-       "The character ' occurs in some stop word\r\nbut is not a character allowed in a word.",
-       "Character not allowed"},
+      {"no input", "Quorvel: Input file not specified.\n",
+       [](TestRun& run) { run.settings.inputFile = "  "; }},
+      {"extension",
+       "List words: This program acts only on text files,\r\nWord DOCX files and HTML files.\n",
+       [](TestRun& run) { run.settings.inputFile = run.folder.Path("a.log"); }},
+      {"missing", "Fatal error: File @ not found.\n",
+       [](TestRun& run) { run.settings.inputFile = "/no/a.txt"; }},
+      {"folder", "Fatal error: File @ not found.\n",
+       [](TestRun& run) { std::filesystem::create_directory(run.settings.inputFile += ".txt"); }},
+      {"2 GB", "File too big: File @\r\nis too large to be scanned: 2 GB or more.\n",
+       [](TestRun& run) { std::filesystem::resize_file(run.settings.inputFile, 2147483647); }},
+      {"output is input", "Quorvel: The concordance file cannot be the same as the input file.\n",
+       [](TestRun& run) { run.settings.outputFile = run.folder.Path("./a.txt"); }},
+      {"stop word",
+       "Character not allowed: The character ' occurs in some stop word\r\n"
+       "but is not a character allowed in a word.\n",
+       [](TestRun& run) { run.settings.extraStopWords = "it's"; }},
       {"question cancelled",
-       typographic,
-       "a.txt",
-       nothing,
-       "This file seems to be UTF-8 encoded.\r\nClick 'Yes' to scan it as UTF-8 encoded or 'No' to "
-       "scan it as ANSI.",
-       "UTF-8 or ANSI file?",
-       RunOutcome::refused,
-       {Answer::cancel}},
+       "UTF-8 or ANSI file?: This file seems to be UTF-8 encoded.\r\n"
+       "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.\n",
+       none, refused, "say \xE2\x80\x9Chello there\xE2\x80\x9D once more"},
       {"other question cancelled",
-       "plain text",
-       "a.txt",
-       utf8,
-       "This file does not seem to be UTF-8 encoded.\r\nClick 'Yes' to scan it as UTF-8 encoded "
-       "(not advisable)\r\nor 'No' to scan it as ANSI.",
-       "UTF-8 or ANSI file?",
-       RunOutcome::refused,
-       {Answer::cancel}},
-      {"no word admitted", "a b c did 1999 aaa", "a.txt", nothing, "", "",
-       RunOutcome::nothingFound},
-      {"too frequent", frequent, "a.txt", nothing,
-       "The word \"word\" occurs 32768 times; a word that occurs more than 32767 times cannot be "
-       "listed.\r\nAdd it to the stop words.",
-       "Error", RunOutcome::failed},
-      {"output folder missing", "hello there", "a.txt",
-       [](TestRun& run) { run.state.settings.outputFile = run.folder.Path("none/out.txt"); },
-       "An error occurred when creating concordance file.", "Error", RunOutcome::failed},
+       "UTF-8 or ANSI file?: This file does not seem to be UTF-8 encoded.\r\n"
+       "Click 'Yes' to scan it as UTF-8 encoded (not advisable)\r\n"
+       "or 'No' to scan it as ANSI.\n",
+       [](TestRun& run) { run.settings.inputIsUtf8 = true; }},
+      {"no word admitted", "", none, nothingFound, "a b c did 1999 aaa"},
+      {"too frequent",
+       "Error: The word \"word\" occurs 32768 times; a word that occurs more than 32767 times "
+       "cannot be listed.\r\nAdd it to the stop words.\n",
+       none, failed, Repeated("word ", 32768)},
+      {"no output folder", "Error: An error occurred when creating concordance file.\n",
+       [](TestRun& run) { run.settings.outputFile = run.folder.Path("none/out.txt"); }, failed},
       {"overwriting declined",
-       "hello there",
-       "a.txt",
-       [](TestRun& run) { run.state.settings.warnOnOverwrite = true; },
-       "A concordance file \r\n#"
-       "\r\nalready exists.  Do you wish to overwrite it?",
-       "File exists",
-       RunOutcome::done,
-       {Answer::no}},
-      {"output disabled", "hello there", "a.txt",
-       [](TestRun& run) { run.state.settings.outputToFileDisabled = true; },
-       "Output to file is disabled.", "Quorvel", RunOutcome::done}};
+       "File exists: A concordance file \r\n#\r\n"
+       "already exists.  Do you wish to overwrite it?\n",
+       [](TestRun& run) {
+         run.settings.warnOnOverwrite = true;
+         run.ui.answers = {Answer::no};
+       },
+       done},
+      {"output disabled", "Quorvel: Output to file is disabled.\n",
+       [](TestRun& run) { run.settings.outputToFileDisabled = true; }, done}};
   for (const RefusalRow& row : rows) {
     SCOPED_TRACE(row.name);
-    TestRun run(row.bytes, row.file);
+    TestRun run(row.bytes);
     (void)run.folder.Write("out.txt", "old");
-    const std::ptrdiff_t files = run.folder.Count();
+    run.ui.answers = {Answer::cancel};
     row.change(run);
-    run.ui.answers = row.answers;
+    const std::ptrdiff_t files = run.folder.Count();
     EXPECT_EQ(run.Go(), row.outcome);
     EXPECT_EQ(run.folder.Read("out.txt"), "old");
-    EXPECT_EQ(run.folder.Count(), files + (std::string(row.name) == "folder" ? 1 : 0));
-    std::string text = row.text;
-    Replace(text, "@", run.state.settings.inputFile);
-    Replace(text, "#", run.folder.Path("out.txt"));
-    ASSERT_EQ(run.ui.questions.size(), text.empty() ? 0U : 1U);
-    if (text.empty()) {
+    EXPECT_EQ(run.folder.Count(), files);
+    const std::string said = run.ui.Said(run.settings.inputFile);
+    EXPECT_EQ(naive::Replace(said, run.folder.Path("out.txt"), "#"), row.said);
+    EXPECT_TRUE(row.outcome != refused || run.ui.output.empty());
+    if (row.outcome == nothingFound) {
       EXPECT_EQ(run.ui.output, "No words satisfying the conditions were found.");
-      continue;
     }
-    EXPECT_EQ(run.ui.questions[0].text, text);
-    EXPECT_EQ(run.ui.questions[0].title, row.title);
-    EXPECT_TRUE(row.outcome != RunOutcome::refused || run.ui.output.empty());
   }
 }
 
 TEST(RunDriver, SettlesTheEncoding) {
-  struct Row {
+  using enum EncodingChoice;
+  const struct {
     const char* name;
-    bool looksLikeUtf8;
-    bool setting;
-    EncodingChoice choice;
+    bool looksLikeUtf8, setting, result;
     std::vector<Answer> answers;
-    bool result;
-  };
-  const Row rows[] = {{"yes", true, false, EncodingChoice::confirm, {Answer::yes}, true},
-                      {"no", true, false, EncodingChoice::confirm, {Answer::no}, false},
-                      {"Enter keeps ANSI", true, false, EncodingChoice::confirm, {}, false},
-                      {"Enter keeps UTF-8", false, true, EncodingChoice::confirm, {}, true},
-                      {"agreed", true, true, EncodingChoice::confirm, {Answer::cancel}, true},
-                      {"adopted", true, false, EncodingChoice::adoptDetected, {}, true},
-                      {"dropped", false, true, EncodingChoice::adoptDetected, {}, false}};
-  for (const Row& row : rows) {
+    EncodingChoice choice = confirm;
+  } rows[] = {{"yes", true, false, true, {Answer::yes}},
+              {"no", true, false, false, {Answer::no}},
+              {"Enter keeps ANSI", true, false, false, {}},
+              {"Enter keeps UTF-8", false, true, true, {}},
+              {"agreed", true, true, true, {Answer::cancel}},
+              {"adopted", true, false, true, {}, adoptDetected},
+              {"dropped", false, true, false, {}, adoptDetected}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     TestRun run(row.looksLikeUtf8 ? "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9"
                                   : "caf\xC3\xA9 caf\xC3\xA9");
-    run.state.settings.inputIsUtf8 = row.setting;
+    run.settings.inputIsUtf8 = row.setting;
     run.state.encodingChoice = row.choice;
-    run.state.settings.contextSize = 0;
+    run.settings.contextSize = 0;
     run.ui.answers = row.answers;
     EXPECT_EQ(run.Go(), RunOutcome::done);
-    EXPECT_EQ(run.state.settings.inputIsUtf8, row.result);
+    EXPECT_EQ(run.settings.inputIsUtf8, row.result);
     EXPECT_EQ(run.Entries(), row.result ? "caf\xE9 2\r\n\r\n" : "caf\xC3 2\r\n\r\n");
-    EXPECT_EQ(std::count(run.ui.appends.begin(), run.ui.appends.end(), "Converting UTF-8 ...\r\n"),
-              row.result ? 1 : 0);
+    EXPECT_EQ(std::ranges::count(run.ui.appends, "Converting UTF-8 ...\r\n"), row.result ? 1 : 0);
   }
 }
 
 TEST(RunDriver, StopsWhereTheUserWants) {
-  struct Row {
-    const char* name;
-    int yield;
-    RunOutcome outcome;
-    const char* lastLine;
-    bool written;
-  };
   // The first yield comes after reading, the second after sorting; then one an entry.
-  const Row rows[] = {{"reading", 1, RunOutcome::stopped, "Stopped when reading file.", false},
-                      {"sorting", 2, RunOutcome::stopped, "Stopped with 7 words found.\r\n", false},
-                      {"first entry", 3, RunOutcome::stopped, "\r\nListing stopped.\r\n", true},
-                      {"last entry", 9, RunOutcome::stopped, "\r\nListing stopped.\r\n", true}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
+  const std::pair<int, const char*> rows[] = {{1, "Stopped when reading file."},
+                                              {2, "Stopped with 7 words found.\r\n"},
+                                              {3, "\r\nListing stopped.\r\n"},
+                                              {9, "\r\nListing stopped.\r\n"}};
+  for (const auto& [yield, lastLine] : rows) {
+    SCOPED_TRACE(yield);
     TestRun run(HARBOUR);
-    run.ui.stopAtYield = row.yield;
-    EXPECT_EQ(run.Go(), row.outcome);
-    EXPECT_TRUE(run.ui.output.ends_with(row.lastLine)) << run.ui.output;
-    EXPECT_EQ(run.folder.Count(), row.written ? 2 : 1);
-    if (row.yield == 3) {
-      EXPECT_TRUE(run.Entries().starts_with("[harbour 2]\r\n"));
-      EXPECT_EQ(run.Entries().find("[now"), std::string::npos);
-    }
+    run.ui.stopAtYield = yield;
+    EXPECT_EQ(run.Go(), RunOutcome::stopped);
+    EXPECT_TRUE(run.ui.output.ends_with(lastLine)) << run.ui.output;
+    EXPECT_EQ(run.folder.Count(), yield > 2 ? 2 : 1);
+    if (yield != 3) continue;
+    EXPECT_TRUE(run.Entries().starts_with("[harbour 2]\r\n"));
+    EXPECT_EQ(run.Entries().find("[now"), std::string::npos);
   }
 }
 
@@ -273,29 +202,24 @@ TEST(RunDriver, SendsTheBytesWhereTheSinkSays) {
 }
 
 TEST(Listing, ShowsAsMuchAsTheBoxTakes) {
-  const auto textOf = [](std::size_t size) {
-    return std::string(500, 'a') + ' ' + std::string(size - 501, 'b');
-  };
-  EXPECT_EQ(TextboxPart(textOf(64999)).size(), 64999U);
-  EXPECT_EQ(TextboxPart(textOf(65000)).size(), 501U);
+  const std::string start = std::string(500, 'a') + ' ';
+  EXPECT_EQ(TextboxPart(start + std::string(64498, 'b')).size(), 64999U);
+  EXPECT_EQ(TextboxPart(start + std::string(64499, 'b')), start);
   EXPECT_EQ(TextboxPart(std::string(65000, 'a')), "");
-  TestRun run(std::string(12000, ' ') + HARBOUR);
-  run.state.settings.outputFile.clear();
   std::string words;
-  for (char16_t a = 'b'; a <= 'y'; ++a) {
-    for (char16_t b = 'b'; b <= 'y'; ++b)
-      words += std::string("ab") + char(a) + "o" + char(b) + "o ";
+  for (int i = 0; i < 576; ++i) {
+    words += {'a', 'b', char('b' + i / 24), 'o', char('b' + i % 24), 'o', ' '};
   }
-  run.state.settings.inputFile = run.folder.Write("b.txt", words);
+  TestRun run(words);
+  run.settings.outputFile.clear();
   EXPECT_EQ(run.Go(), RunOutcome::done);
   EXPECT_FALSE(run.state.textboxFull);
-  run.state.settings.contextSize = 9;
+  run.settings.contextSize = 9;
   EXPECT_EQ(ListWords(run.state, run.ui), ListingOutcome::listed);
   EXPECT_TRUE(run.state.textboxFull);
-  ASSERT_EQ(run.ui.questions.size(), 1U);
-  EXPECT_EQ(run.ui.questions[0].title, "The concordance is too large for the textbox.");
-  EXPECT_EQ(run.ui.questions[0].text,
-            "To get the entire concordance, specify a concordance (output) file.");
+  EXPECT_EQ(run.ui.Said(),
+            "The concordance is too large for the textbox.: "
+            "To get the entire concordance, specify a concordance (output) file.\n");
 }
 
 TEST(Digest, IsOfTheRawBytes) {

@@ -23,6 +23,17 @@ struct ScriptedInterface : UserInterface {
   std::vector<std::string> popUps;
   int yields = 0;
 
+  // Every question so far as "title: text" and a line feed, with "@" for `path`.
+  [[nodiscard]] std::string Said(std::string_view path = "@") const {
+    std::string said;
+    for (const Message& message : questions) {
+      said += message.title + ": " + message.text + "\n";
+      const std::size_t place = said.rfind(path);
+      if (!path.empty() && place != std::string::npos) said.replace(place, path.size(), "@");
+    }
+    return said;
+  }
+
   void AppendOutput(std::string_view text) override { output += appends.emplace_back(text); }
 
   void SetOutput(std::string_view text) override { output = sets.emplace_back(text); }

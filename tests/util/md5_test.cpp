@@ -23,17 +23,10 @@ std::string EveryByte() {
 
 // The published values, then the lengths at which the padding changes its shape.
 TEST(Md5, Digests) {
-  const std::string digits = "1234567890";
-  const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   const std::tuple<const char*, std::string, const char*> rows[] = {
       {"empty", "", "d41d8cd98f00b204e9800998ecf8427e"},
-      {"a", "a", "0cc175b9c0f1b6a831c399e269772661"},
       {"abc", "abc", "900150983cd24fb0d6963f7d28e17f72"},
-      {"message digest", "message digest", "f96b697d7cb7938d525a2f31aaf161d0"},
-      {"alphabet", letters.substr(26), "c3fcd3d76192e4007dfb496cca67e13b"},
-      {"letters, digits", letters + "0123456789", "d174ab98d277d9f5a5611c2c9f419d9f"},
-      {"80 digits", digits + digits + digits + digits + digits + digits + digits + digits,
-       "57edf4a22be3c955ac49da2e2107b67a"},
+      {"alphabet", "abcdefghijklmnopqrstuvwxyz", "c3fcd3d76192e4007dfb496cca67e13b"},
       {"length just fits", std::string(55, 'q'), "c932e1b1a97de537d13e0dddd96da42b"},
       {"length needs a block", std::string(56, 'q'), "266ea7b18061f04ebe140d63ce648567"},
       {"one byte short", std::string(63, 'q'), "7b7cb022759a9f373ef24bf92c05204f"},
@@ -63,11 +56,9 @@ TEST(Md5, SplitUpdates) {
 TEST(HexOfBytes, Options) {
   const std::vector<uint8_t> three = {0x0a, 0xbc, 0xf7};
   const std::tuple<std::vector<uint8_t>, bool, bool, bool, const char*> rows[] = {
-      {three, false, false, false, "0ABCF7"},  {three, false, false, true, "A0CB7F"},
-      {three, false, true, false, "0abcf7"},   {three, false, true, true, "a0cb7f"},
-      {three, true, false, false, "0A BC F7"}, {three, true, false, true, "A0 CB 7F"},
-      {three, true, true, false, "0a bc f7"},  {three, true, true, true, "a0 cb 7f"},
-      {{0x05}, true, false, false, "05"},      {{}, true, false, false, ""}};
+      {three, false, false, false, "0ABCF7"}, {three, false, true, true, "a0cb7f"},
+      {three, true, false, true, "A0 CB 7F"}, {three, true, true, false, "0a bc f7"},
+      {{0x05}, true, false, false, "05"},     {{}, true, false, false, ""}};
   for (const auto& [bytes, withBlanks, lowerCase, nibblesSwapped, expected] : rows) {
     EXPECT_EQ(HexOfBytes(bytes, withBlanks, lowerCase, nibblesSwapped), expected);
   }

@@ -57,18 +57,13 @@ TEST(TimeText, Duration) {
 
 TEST(TimeText, Size) {
   const std::pair<int64_t, const char*> rows[] = {
-      {-1, "-1 bytes"},
-      {1, "1 bytes"},
       {1023, "1023 bytes"},
-      {1024, "1.00 Kb"},
       {1029, "1.00 Kb"},
       {1030, "1.01 Kb"},
-      {1536, "1.50 Kb"},
       {1152, "1.13 Kb"},  // exactly half a hundredth
       {1048575, "1,024.00 Kb"},
       {1048576, "1.00 Mb"},
       {1073741823, "1,024.00 Mb"},
-      {int64_t{5} << 40, "5,242,880.00 Mb"},
       {std::numeric_limits<int64_t>::max(), "8,796,093,022,208.00 Mb"}};
   for (const auto& [bytes, expected] : rows) EXPECT_EQ(SizeText(bytes), expected);
 }
@@ -78,7 +73,6 @@ TEST(TimeText, Grouped) {
       {0, "0"},
       {999, "999"},
       {1234567, "1,234,567"},
-      {-999, "-999"},
       {-123456, "-123,456"},
       {std::numeric_limits<int64_t>::min(), "-9,223,372,036,854,775,808"}};
   for (const auto& [number, expected] : rows) EXPECT_EQ(GroupedNumber(number), expected);
