@@ -16,7 +16,7 @@ struct KindRow {
   std::string bytes;
   FileKind kind;
   bool isUtf8 = false;
-  std::string said = "";  // with "@" for the path
+  std::string said = {};  // with "@" for the path
 };
 
 TEST(InputFile, TellsKindsAndSaysWhatIsWrong) {
