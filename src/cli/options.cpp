@@ -1,7 +1,10 @@
 #include "cli/options.h"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
 #include <map>
+#include <string_view>
+#include <vector>
 
 #include "input/path_names.h"
 #include "output/concordance_file.h"
@@ -18,6 +21,34 @@ constexpr const char* EXIT_STATUS =
 
 enum class Encoding { detected, utf8, ansi };
 
+// Adds an option that takes one of a few words, each of which stands for a value.
+template <typename Value>
+void AddChoice(CLI::App& app, const std::string& name, const std::map<std::string, Value>& choices,
+               Value& target, const std::string& description) {
+  std::vector<std::string> words;
+  words.reserve(choices.size());
+  for (const auto& choice : choices) words.push_back(choice.first);
+  app.add_option_function<std::string>(
+         name, [choices, &target](const std::string& word) { target = choices.at(word); },
+         description)
+      ->option_text("WORD")
+      ->check(CLI::IsMember(words));
+}
+
+// The help, with each pair of flags in one: "--[no-]hyphens".
+std::string HelpText(const CLI::App& app) {
+  constexpr std::string_view BETWEEN = ",--no-";
+  constexpr std::string_view BEHIND = "{false}";
+  std::string help = app.help();
+  for (std::size_t comma = help.find(BETWEEN); comma != std::string::npos;
+       comma = help.find(BETWEEN)) {
+    const std::size_t first = help.rfind("--", comma - 1);
+    help.erase(comma, help.find(BEHIND, comma) + BEHIND.size() - comma);
+    help.insert(first + 2, "[no-]");
+  }
+  return help;
+}
+
 // Options that stand for more than one field.
 struct RawOptions {
   std::string outputFile;
@@ -27,9 +58,9 @@ struct RawOptions {
 };
 
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  app.add_option("input", commandLine.settings.inputFile,
+  app.add_option("INPUT", commandLine.settings.inputFile,
                  "the document: a text file, a web page or a DOCX document")
-      ->option_text("INPUT");
+      ->option_text(" ");
   app.add_option("-o,--output", raw.outputFile,
                  "the concordance file; \"-\" for standard output. Default: beside the input, "
                  "its extension replaced by qvl.conc.txt")
@@ -37,12 +68,10 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       ->check([](const std::string& name) {
         return name.empty() ? std::string("a file name is needed") : std::string();
       });
-  const std::map<std::string, Encoding> encodings = {
-      {"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}};
-  app.add_option("--encoding", raw.encoding,
-                 "auto, utf-8 or ansi. Default: auto, which adopts what is detected")
-      ->option_text("ENCODING")
-      ->transform(CLI::CheckedTransformer(encodings));
+  AddChoice<Encoding>(
+      app, "--encoding",
+      {{"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}},
+      raw.encoding, "auto, utf-8 or ansi. Default: auto, which adopts what is detected");
 }
 
 void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
@@ -50,11 +79,10 @@ void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
                  "words of context on each side, 0 to 9; 0 for a bare word list. Default: 5")
       ->option_text("N")
       ->check(CLI::Range(0, LARGEST_CONTEXT_SIZE));
-  const std::map<std::string, WordOrder> orders = {{"alphabetical", WordOrder::alphabetical},
-                                                   {"frequency", WordOrder::byFrequency}};
-  app.add_option("--order", settings.wordOrder, "alphabetical or frequency. Default: alphabetical")
-      ->option_text("ORDER")
-      ->transform(CLI::CheckedTransformer(orders));
+  AddChoice<WordOrder>(
+      app, "--order",
+      {{"alphabetical", WordOrder::alphabetical}, {"frequency", WordOrder::byFrequency}},
+      settings.wordOrder, "alphabetical or frequency. Default: alphabetical");
   app.add_flag("--frequencies,!--no-frequencies", settings.showFrequencies,
                "show how often words and contexts occur. Default: yes");
   app.add_flag("--line-breaks,!--no-line-breaks", settings.showLineBreaks,
@@ -78,13 +106,12 @@ void AddWordOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& ra
 }
 
 void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  const std::map<std::string, AnswerPolicy> answers = {
-      {"yes", AnswerPolicy::yes}, {"no", AnswerPolicy::no}, {"default", AnswerPolicy::preset}};
-  app.add_option("--answer", raw.answer,
-                 "how questions are answered: yes, no or default. Without it they are asked where "
-                 "standard input is a terminal, and take their default elsewhere")
-      ->option_text("ANSWER")
-      ->transform(CLI::CheckedTransformer(answers));
+  AddChoice<AnswerPolicy>(
+      app, "--answer",
+      {{"yes", AnswerPolicy::yes}, {"no", AnswerPolicy::no}, {"default", AnswerPolicy::preset}},
+      raw.answer,
+      "how questions are answered: yes, no or default. Without it they are asked where standard "
+      "input is a terminal, and take their default elsewhere");
   app.add_flag("-q,--quiet", commandLine.quiet, "show no progress");
   app.set_version_flag("--version", "quorvel-cli " + VersionText());
 }
@@ -123,8 +150,15 @@ CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
   try {
     app.parse(argumentCount, arguments);
     ApplyRawOptions(app, raw, commandLine);
+  } catch (const CLI::CallForHelp&) {
+    std::cout << HelpText(app);
+    commandLine.exitStatus = 0;
+  } catch (const CLI::CallForVersion& version) {
+    std::cout << version.what() << '\n';
+    commandLine.exitStatus = 0;
   } catch (const CLI::ParseError& error) {
-    commandLine.exitStatus = app.exit(error) == 0 ? 0 : WRONG_USAGE;
+    std::cerr << "quorvel-cli: " << error.what() << "\nquorvel-cli --help tells the options.\n";
+    commandLine.exitStatus = WRONG_USAGE;
   }
   return commandLine;
 }

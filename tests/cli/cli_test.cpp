@@ -37,6 +37,9 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"unknown option", "--nonsense", 2, "*"},
       {"context out of range", "a.txt -c 10", 2, "*"},
       {"threshold out of range", "a.txt --min-count 1", 2, "*"},
+      {"no such order", "a.txt --order 1", 2,
+       "quorvel-cli: --order: 1 not in {alphabetical,frequency}\n"
+       "quorvel-cli --help tells the options.\n"},
       {"empty output name", "a.txt -o ''", 2, "*"},
       {"no input", "", 1, "quorvel-cli: Input file not specified.\n"},
       {"several lines", "a.log", 1,
