@@ -5,6 +5,7 @@
 
 #include "input/compact_spaces.h"
 #include "input/entities.h"
+#include "input/input_file.h"
 #include "input/utf8_repair.h"
 
 // Names of elements are prefixes here: "<style" also begins "<stylesheet>", "<ul"
@@ -105,7 +106,7 @@ void RemoveMarkup(std::string& text, ListRule lists) {
 }  // namespace
 
 std::optional<std::size_t> FindHtmlBody(std::string_view page, bool& isUtf8) {
-  isUtf8 = isUtf8 || Holds(page, "charset=utf-8") || Holds(page, "charset=\"utf-8\"");
+  isUtf8 = isUtf8 || DeclaresUtf8(page);
   const std::size_t found = FindIgnoringCase(page, HEAD_END);
   if (found == std::string_view::npos) return std::nullopt;
   return found + HEAD_END.size();

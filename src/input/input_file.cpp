@@ -38,21 +38,6 @@ TextEncoding EncodingOfXml(std::string_view start) {
   return bigEndian ? TextEncoding::utf16BigEndian : TextEncoding::ansi;
 }
 
-// Whether `bytes` declare the charset UTF-8, with or without quotation marks, in
-// any case.
-bool DeclaresUtf8(std::string_view bytes) {
-  constexpr std::string_view BEFORE = "charset";
-  constexpr std::size_t LONGEST_NAME = 7;
-  for (std::size_t place = bytes.find('='); place != std::string_view::npos;
-       place = bytes.find('=', place + 1)) {
-    if (place < BEFORE.size()) continue;
-    if (LowerAscii(bytes.substr(place - BEFORE.size(), BEFORE.size())) != BEFORE) continue;
-    const std::string name = LowerAscii(bytes.substr(place + 1, LONGEST_NAME));
-    if (name.starts_with("utf-8") || name == "\"utf-8\"") return true;
-  }
-  return false;
-}
-
 bool LooksLikeUtf8(const std::string& path) {
   const FileRead file = ReadFileBytes(path);
   return file.error.empty() &&
@@ -128,6 +113,19 @@ bool AcceptUnixFile(const std::string& path, bool askToContinue, UserInterface& 
 }
 
 }  // namespace
+
+bool DeclaresUtf8(std::string_view bytes) {
+  constexpr std::string_view BEFORE = "charset";
+  constexpr std::size_t LONGEST_NAME = 7;
+  for (std::size_t place = bytes.find('='); place != std::string_view::npos;
+       place = bytes.find('=', place + 1)) {
+    if (place < BEFORE.size()) continue;
+    if (LowerAscii(bytes.substr(place - BEFORE.size(), BEFORE.size())) != BEFORE) continue;
+    const std::string name = LowerAscii(bytes.substr(place + 1, LONGEST_NAME));
+    if (name.starts_with("utf-8") || name == "\"utf-8\"") return true;
+  }
+  return false;
+}
 
 TextEncoding DetectTextEncoding(const std::string& path, bool checkMarkupCharset) {
   constexpr std::uint64_t EXAMINED_START = 5;

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "util/user_interface.h"
 
@@ -41,6 +42,10 @@ enum class FileKind {
   rtf = 6,
   otherUnicode = 7,
 };
+
+// Whether mark-up declares the charset UTF-8, with or without quotation marks, in
+// any case of its letters.
+[[nodiscard]] bool DeclaresUtf8(std::string_view bytes);
 
 // The encoding of a file. With `checkMarkupCharset` a text or mark-up file that
 // begins with no mark is searched whole for a UTF-8 charset declaration and for

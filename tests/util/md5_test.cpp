@@ -6,6 +6,8 @@
 #include <tuple>
 #include <vector>
 
+#include "support/made_texts.h"
+
 namespace quorvel {
 namespace {
 
@@ -21,12 +23,17 @@ std::string EveryByte() {
   return bytes;
 }
 
-// The published values, then the lengths at which the padding changes its shape.
+// The seven published values, then the lengths at which the padding changes its shape.
 TEST(Md5, Digests) {
   const std::tuple<const char*, std::string, const char*> rows[] = {
       {"empty", "", "d41d8cd98f00b204e9800998ecf8427e"},
       {"abc", "abc", "900150983cd24fb0d6963f7d28e17f72"},
+      {"a", "a", "0cc175b9c0f1b6a831c399e269772661"},
+      {"words", "message digest", "f96b697d7cb7938d525a2f31aaf161d0"},
       {"alphabet", "abcdefghijklmnopqrstuvwxyz", "c3fcd3d76192e4007dfb496cca67e13b"},
+      {"letters and digits", "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789",
+       "d174ab98d277d9f5a5611c2c9f419d9f"},
+      {"digits", Repeated("1234567890", 8), "57edf4a22be3c955ac49da2e2107b67a"},
       {"length just fits", std::string(55, 'q'), "c932e1b1a97de537d13e0dddd96da42b"},
       {"length needs a block", std::string(56, 'q'), "266ea7b18061f04ebe140d63ce648567"},
       {"one byte short", std::string(63, 'q'), "7b7cb022759a9f373ef24bf92c05204f"},
