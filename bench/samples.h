@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "engine/run_state.h"
-#include "util/user_interface.h"
+#include "util/silent_interface.h"
 
 namespace quorvel {
 
@@ -14,17 +14,6 @@ enum class Source {
   text,              // the file that QUORVEL_BENCH_TEXT names, else 4 MB of generated text
   wideVocabulary,    // 4 MB of generated text with ten times as many words
   repeatedSentence,  // 1 MB
-};
-
-// Nobody listens, and no button is pressed.
-class SilentInterface : public UserInterface {
- public:
-  void AppendOutput(std::string_view /*text*/) override {}
-  void SetOutput(std::string_view /*text*/) override {}
-  void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
-  Answer Ask(const Message& message) override { return message.preset; }
-  void PopUp(std::string_view /*text*/) override {}
-  void YieldNow() override {}
 };
 
 struct Sample {

@@ -52,7 +52,7 @@ Answer AskAtTerminal(const Message& message) {
 }  // namespace
 
 TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet)
-    : policy_(policy), showsProgress_(!quiet && IsTerminal(STDERR_FILENO)) {}
+    : policy_(policy), quiet_(quiet), showsProgress_(!quiet && IsTerminal(STDERR_FILENO)) {}
 
 void TerminalInterface::AppendOutput(std::string_view text) {
   if (!showsProgress_) return;
@@ -71,13 +71,17 @@ void TerminalInterface::SetLabel(Label label, std::string_view text) {
 }
 
 Answer TerminalInterface::Ask(const Message& message) {
-  Say(message.text);
-  if (message.buttons == Buttons::ok) return Answer::ok;
+  const bool isMessage = message.buttons == Buttons::ok;
+  if (!(quiet_ && isMessage && message.icon == Icon::none)) Say(message.text);
+  if (isMessage) return Answer::ok;
   if (policy_) return AnswerBy(*policy_, message);
   return IsTerminal(STDIN_FILENO) ? AskAtTerminal(message) : message.preset;
 }
 
 void TerminalInterface::PopUp(std::string_view /*text*/) {}
+
+// Ctrl-C is always there.
+void TerminalInterface::OfferStop(bool /*offered*/) {}
 
 void TerminalInterface::YieldNow() {
   if (interrupted == 0) return;

@@ -14,8 +14,8 @@ enum class AnswerPolicy { yes, no, preset };
 class TerminalInterface : public UserInterface {
  public:
   // Without a policy, questions are asked where standard input is a terminal and
-  // take their default button elsewhere. Progress is shown only on a terminal, and
-  // never with `quiet`.
+  // take their default button elsewhere. Progress is shown only on a terminal; with
+  // `quiet` neither progress nor a message that all went well.
   TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet);
 
   void AppendOutput(std::string_view text) override;
@@ -23,6 +23,7 @@ class TerminalInterface : public UserInterface {
   void SetLabel(Label label, std::string_view text) override;
   Answer Ask(const Message& message) override;
   void PopUp(std::string_view text) override;
+  void OfferStop(bool offered) override;
   void YieldNow() override;
 
   // Writes "quorvel-cli: " and the text to standard error.
@@ -32,6 +33,7 @@ class TerminalInterface : public UserInterface {
   void ClearBar();
 
   std::optional<AnswerPolicy> policy_;
+  bool quiet_;
   bool showsProgress_;
   bool barShown_ = false;
 };

@@ -26,12 +26,16 @@ bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
                 const WordLists& lists) {
   if (settings.stopWordsFile.empty() && lists.extraStopWords.empty()) return false;
   return BinarySearch(lists.extraStopWords, ToLowerCase(word)) ||
-         BinarySearch(lists.stopWords.words, word);
+         BinarySearch(lists.stopWords.words, word) ||
+         BinarySearch(lists.stopWords.numberWords, word);
 }
 
 void ApplyAdmissionFilters(WordTable& table, const ConcordanceSettings& settings,
                            const WordLists& lists) {
-  for (WordEntry& entry : table.entries) entry.include = IsListed(entry, settings, lists);
+  for (WordEntry& entry : table.entries) {
+    entry.include = settings.mode == Mode::create ? IsListed(entry, settings, lists)
+                                                  : IsSearchWord(entry.word, lists.keywords);
+  }
 }
 
 }  // namespace quorvel

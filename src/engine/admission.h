@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/word_table.h"
+#include "lists/keywords.h"
 #include "lists/stop_words.h"
 #include "settings/settings.h"
 
@@ -11,6 +12,7 @@ namespace quorvel {
 struct WordLists {
   StopWordList stopWords;
   SortedWords extraStopWords;  // lower case
+  KeywordLists keywords;
 };
 
 // Whether `word` is a stop word. An extra stop word is meant in any case of its
@@ -19,7 +21,8 @@ struct WordLists {
 [[nodiscard]] bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
                               const WordLists& lists);
 
-// Sets the `include` flag of every entry.
+// Sets the `include` flag of every entry: in create mode by the settings and the stop
+// words, in search mode by the keywords alone.
 void ApplyAdmissionFilters(WordTable& table, const ConcordanceSettings& settings,
                            const WordLists& lists);
 

@@ -1,8 +1,10 @@
 #include "lists/stop_words.h"
 
 #include <algorithm>
-#include <iterator>
+#include <optional>
+#include <utility>
 
+#include "lists/word_file.h"
 #include "util/ansi.h"
 #include "util/characters.h"
 #include "util/number_words.h"
@@ -10,15 +12,17 @@
 namespace quorvel {
 namespace {
 
-// The words between the blanks of `text`.
-std::vector<std::u16string> SplitAtBlanks(std::u16string_view text) {
-  std::vector<std::u16string> words;
-  while (!text.empty()) {
-    const std::size_t length = std::min(text.find(u' '), text.size());
-    if (length > 0) words.emplace_back(text.substr(0, length));
-    text.remove_prefix(std::min(length + 1, text.size()));
-  }
-  return words;
+constexpr WordFileTexts STOP_WORD_TEXTS = {
+    .title = "Stop words",
+    .missing = "Stop words file not found:",
+    .progress = "Reading stop words",
+    .stopped = "Reading stop words was stopped.",
+    // "tile" stands so, here and for keywords.
+    .failed = "when reading stop words from tile ",
+};
+
+std::string CountText(const StopWordList& list) {
+  return CountInWords(list.words.size(), "One stop word", " stop words");
 }
 
 bool IsDigit(char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; }
@@ -31,20 +35,49 @@ bool MayStandInWord(char16_t ch, const ConcordanceSettings& settings) {
 
 }  // namespace
 
-void ConcealNumWords(StopWordList& list, bool conceal) {
-  if (list.numberWordsConcealed == conceal) return;
-  list.numberWordsConcealed = conceal;
-  const SortedWords numberWords = CardinalWords();
-  SortedWords changed;
-  if (conceal) {
-    std::merge(list.words.begin(), list.words.end(), numberWords.begin(), numberWords.end(),
-               std::back_inserter(changed));
-  } else {
-    // A number word that the file holds as well was there once more: it stays.
-    std::set_difference(list.words.begin(), list.words.end(), numberWords.begin(),
-                        numberWords.end(), std::back_inserter(changed));
+bool ReadStopWordsFile(const std::string& path, StopWordList& list, UserInterface& ui) {
+  std::optional<SortedWords> words = ReadWordFile(path, STOP_WORD_TEXTS, ui);
+  list.loaded = words.has_value();
+  if (!words) return false;
+  std::sort(words->begin(), words->end());
+  list.words = std::move(*words);
+  return true;
+}
+
+bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settings,
+                            StopWordList& list, UserInterface& ui) {
+  if (!ReadStopWordsFile(path, list, ui)) return false;
+  ui.SetOutput("");
+  ui.SetLabel(Label::numberOfWords, CountText(list));
+  ui.Ask(
+      {StopWordsLoadedText(list, path), "Stop words loaded", Icon::none, Buttons::ok, Answer::ok});
+  settings.stopWordsFile = path;
+  return true;
+}
+
+std::string StopWordsLoadedText(const StopWordList& list, const std::string& path) {
+  return CountText(list) + " loaded from " + path;
+}
+
+void ListStopWords(const StopWordList& list, UserInterface& ui) {
+  constexpr std::size_t MOST_SHOWN = 30;
+  const std::size_t count = list.words.size();
+  if (count < 2) return;
+  std::string text = "There are " + std::to_string(count) + " stop words.\r\n\r\n";
+  for (std::size_t i = 0; i < std::min(count, MOST_SHOWN); ++i) {
+    text += EncodeUtf8(list.words[i]) + "\r\n";
   }
-  list.words.swap(changed);
+  if (count > MOST_SHOWN) text += "\r\nand more";
+  ui.Ask({text, "Stop words", Icon::none, Buttons::ok, Answer::ok});
+}
+
+void EraseStopWords(StopWordList& list) {
+  list.words.clear();
+  list.loaded = false;
+}
+
+void ConcealNumWords(StopWordList& list, bool conceal) {
+  list.numberWords = conceal ? CardinalWords() : SortedWords();
 }
 
 std::string TidyExtraStopWords(std::string_view text) {
@@ -59,7 +92,9 @@ std::string TidyExtraStopWords(std::string_view text) {
 }
 
 SortedWords ExtraStopWordsOf(std::string_view tidied) {
-  SortedWords words = SplitAtBlanks(DecodeUtf8(tidied));
+  const std::u16string text = DecodeUtf8(tidied);
+  SortedWords words;
+  for (const std::u16string_view word : SplitAtBlanks(text)) words.emplace_back(word);
   std::sort(words.begin(), words.end());
   return words;
 }
@@ -70,7 +105,8 @@ bool CheckAllowedExtraChars(const ConcordanceSettings& settings, UserInterface& 
       text.begin(), text.end(), [&settings](char16_t ch) { return !MayStandInWord(ch, settings); });
   if (fault == text.end()) return true;
   const bool optional = *fault == u'-' || IsDigit(*fault);
-  std::string message = "The character " + EncodeUtf8({fault, fault + 1}) +
+  std::string message = "The character " +
+                        CharacterAt(text, static_cast<std::size_t>(fault - text.begin())) +
                         " occurs in some stop word\r\nbut is not " +
                         (optional ? "currently set as " : "") + "a character allowed in a word.";
   if (*fault == u',') {

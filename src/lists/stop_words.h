@@ -12,12 +12,31 @@
 namespace quorvel {
 
 struct StopWordList {
-  SortedWords words;  // the file's words and, while they are concealed, the number words
-  bool numberWordsConcealed = false;
+  SortedWords words;        // as the file spells them
+  SortedWords numberWords;  // the English ones while they are concealed, else none
+  bool loaded = false;      // a file has been read whole
 };
 
-// Puts the English number words into the list, or takes them out again; does
-// nothing when that is how it stands already.
+// Reads the file at `path` into the list. False when that could not be done or was
+// stopped (the user has been told) or `path` is empty; the words are then as they
+// were, but no longer count as loaded.
+[[nodiscard]] bool ReadStopWordsFile(const std::string& path, StopWordList& list,
+                                     UserInterface& ui);
+
+// The same, and then tells the user how many words there are and takes the path
+// into the settings.
+bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settings,
+                            StopWordList& list, UserInterface& ui);
+
+// What the user is told of a list that was read: "Forty-two stop words loaded from ...".
+[[nodiscard]] std::string StopWordsLoadedText(const StopWordList& list, const std::string& path);
+
+// Shows the first words of a list of two or more.
+void ListStopWords(const StopWordList& list, UserInterface& ui);
+
+void EraseStopWords(StopWordList& list);
+
+// Conceals the number words like stop words, or no longer.
 void ConcealNumWords(StopWordList& list, bool conceal);
 
 // The text of the extra stop words as it is kept: lower case, commas taken as

@@ -1,7 +1,11 @@
 #include "output/entry_composer.h"
 
-#include "output/keyword_marks.h"
+#include <algorithm>
+
+#include "lists/wildcard.h"
+#include "lists/word_file.h"
 #include "util/ansi.h"
+#include "util/characters.h"
 #include "util/find_pair.h"
 
 namespace quorvel {
@@ -12,6 +16,16 @@ constexpr std::u16string_view LINE_END = u"\r\n";
 // Whether the two characters stand side by side anywhere in `text`.
 bool Holds(std::u16string_view text, char16_t first, char16_t second) {
   return FindPair(text, 0, first, second) < text.size();
+}
+
+// Whether a word of the context, with its punctuation and, like any other, the
+// repeat marker, matches.
+bool HoldsMatch(std::u16string_view context, std::u16string_view pattern) {
+  const std::u16string lower = ToLowerCase(context);
+  const std::vector<std::u16string_view> words = SplitAtBlanks(lower);
+  return std::any_of(words.begin(), words.end(), [pattern](std::u16string_view word) {
+    return MatchesWildcard(word, pattern);
+  });
 }
 
 }  // namespace
@@ -31,13 +45,29 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::u16string& outp
   outputText.append(LINE_END).append(u"[").append(WordLine(entry)).append(u"]").append(LINE_END);
   GatherContexts(entry);
   const KeywordMarker marker(entry.word, pluralMarksInText_);
+  const KeywordLists* lists = options_.keywords;
+  const std::u16string lower = lists != nullptr ? ToLowerCase(entry.word) : std::u16string();
+  if (lists == nullptr || BinarySearch(lists->fileKeywords, lower)) {
+    EmitContexts(marker, nullptr, outputText);
+    return;
+  }
+  // A word that several patterns match has its contexts listed for each: so meant.
+  for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
+    EmitContexts(marker, &lists->extraKeywords.Keywords()[i], outputText);
+  }
+}
+
+// With a keyword that has a context pattern, only the contexts that match it.
+void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
+                                 std::u16string& outputText) const {
+  const bool filtered = keyword != nullptr && keyword->hasContextPattern;
+  std::u16string withMarker;
   for (const MergedContext& context : merger_.Contexts()) {
+    std::u16string_view text = context.text;
+    if (context.repeats != 0) text = withMarker = TextWithMarker(context);
+    if (filtered && !HoldsMatch(text, keyword->contextPattern)) continue;
     outputText += u"... ";
-    if (context.repeats == 0) {
-      marker.MarkKeywordInContext(outputText, context.text);
-    } else {
-      marker.MarkKeywordInContext(outputText, TextWithMarker(context));
-    }
+    marker.MarkKeywordInContext(outputText, text);
     outputText += LINE_END;
   }
 }

@@ -1,7 +1,7 @@
 // Composes the entries of a listing: a header for each word, and its contexts.
 //
 // With a context size of 0 an entry is the bare word, so that the same machinery
-// makes a plain word list.
+// makes a plain word list. In a search the keywords decide which contexts are shown.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,10 @@
 #include <string_view>
 
 #include "engine/word_table.h"
+#include "lists/keywords.h"
 #include "output/context_merger.h"
 #include "output/context_window.h"
+#include "output/keyword_marks.h"
 
 namespace quorvel {
 
@@ -20,11 +22,12 @@ inline constexpr std::int32_t MOST_OCCURRENCES = 32767;
 struct EntryOptions {
   ContextOptions context;
   bool showFrequencies = true;
+  const KeywordLists* keywords = nullptr;  // of a search; without them every context is shown
 };
 
 class EntryComposer {
  public:
-  // `documentText` must outlive the composer; its double hyphens are blanked.
+  // `documentText` and the keywords must outlive the composer; its double hyphens are blanked.
   EntryComposer(std::u16string_view documentText, const EntryOptions& options);
 
   // Appends the entry of one word to `outputText`. The word must not occur more
@@ -36,6 +39,8 @@ class EntryComposer {
 
  private:
   void GatherContexts(const WordEntry& entry);
+  void EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
+                    std::u16string& outputText) const;
 
   EntryOptions options_;
   bool pluralMarksInText_;

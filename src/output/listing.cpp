@@ -14,11 +14,12 @@ namespace {
 
 constexpr std::int32_t FEWEST_WORDS_FOR_BAR = 100;
 
-EntryOptions OptionsOf(const ConcordanceSettings& settings) {
+EntryOptions OptionsOf(const RunState& state) {
   EntryOptions options;
-  options.context.contextSize = settings.contextSize;
-  options.context.showLineBreaks = settings.showLineBreaks;
-  options.showFrequencies = settings.showFrequencies;
+  options.context.contextSize = state.settings.contextSize;
+  options.context.showLineBreaks = state.settings.showLineBreaks;
+  options.showFrequencies = state.settings.showFrequencies;
+  if (state.settings.mode == Mode::search) options.keywords = &state.lists.keywords;
   return options;
 }
 
@@ -44,7 +45,7 @@ std::size_t ExpectedLength(const RunState& state) {
 class ListingPass {
  public:
   ListingPass(RunState& state, UserInterface& ui)
-      : state_(state), ui_(ui), composer_(state.documentText, OptionsOf(state.settings)) {
+      : state_(state), ui_(ui), composer_(state.documentText, OptionsOf(state)) {
     if (state.table.WordCount() > FEWEST_WORDS_FOR_BAR) bar_.emplace(ui);
     state.outputText = {};
     state.outputText.reserve(ExpectedLength(state));
@@ -121,13 +122,14 @@ void ShowListing(RunState& state, UserInterface& ui) {
 }
 
 // Whether the listing is where it should be; the user has been told if not.
-bool WriteListing(const RunState& state, UserInterface& ui) {
-  const ConcordanceSettings& settings = state.settings;
+bool WriteListing(RunState& state, UserInterface& ui) {
+  ConcordanceSettings& settings = state.settings;
   if (state.outputSink) {
     return WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink);
   }
   // A search writes whatever the settings say of the concordance file, and is silent about it.
   if (settings.mode == Mode::search) {
+    settings.searchResultsFile = TrimBlanks(settings.searchResultsFile);
     return WriteConcordanceFile(settings, state.outputText, ui) != FileOutcome::failed;
   }
   if (settings.outputFile.empty()) {

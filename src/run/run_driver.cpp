@@ -33,10 +33,25 @@ bool CheckOutputFile(const ConcordanceSettings& settings, UserInterface& ui) {
 }
 
 bool CheckInput(ConcordanceSettings& settings, UserInterface& ui) {
-  settings.inputFile = std::string(TrimBlanks(settings.inputFile));
+  settings.inputFile = TrimBlanks(settings.inputFile);
+  settings.searchResultsFile = TrimBlanks(settings.searchResultsFile);
   if (settings.inputFile.empty()) return Refuse(ui, "Input file not specified.");
   return PassesExtensionGate(settings.inputFile, ListButtonCaption(settings), ui) &&
          CheckInputReadable(settings.inputFile, ui) && CheckOutputFile(settings, ui);
+}
+
+// Both kinds of extra words are checked in either mode.
+bool CheckExtraWords(RunState& state, UserInterface& ui) {
+  state.settings.extraStopWords = TidyExtraStopWords(state.settings.extraStopWords);
+  return CheckAllowedExtraChars(state.settings, ui) &&
+         GetExtraKeywords(state.settings, state.lists.keywords, ui);
+}
+
+bool CheckKeywords(const RunState& state, UserInterface& ui) {
+  if (state.settings.mode == Mode::create || HoldKeywords(state.lists.keywords)) return true;
+  ui.Ask({"Specify a keywords file or type one or more extra keywords.",
+          ListButtonCaption(state.settings), Icon::information, Buttons::ok, Answer::ok});
+  return false;
 }
 
 // Makes plain text of the input as it was read, with its blanks compacted. False for
@@ -109,7 +124,7 @@ RunOutcome OutcomeOf(ListingOutcome listing) {
 }
 
 RunOutcome RunPhases(RunState& state, UserInterface& ui) {
-  if (!CheckInput(state.settings, ui)) {
+  if (!CheckInput(state.settings, ui) || !CheckKeywords(state, ui)) {
     ui.SetOutput("");
     return RunOutcome::refused;
   }
@@ -134,8 +149,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
 }  // namespace
 
 RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
-  state.settings.extraStopWords = TidyExtraStopWords(state.settings.extraStopWords);
-  if (!CheckAllowedExtraChars(state.settings, ui)) return RunOutcome::refused;
+  if (!CheckExtraWords(state, ui)) return RunOutcome::refused;
   EmptyWordTable(state.table);
   ui.ClearStop();
   try {

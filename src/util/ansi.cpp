@@ -174,6 +174,11 @@ std::string EncodeUtf8(std::u16string_view text) {
   return bytes;
 }
 
+std::string CharacterAt(std::u16string_view text, std::size_t place) {
+  const bool isPair = IsHighSurrogate(text[place]) && place + 1 < text.size();
+  return EncodeUtf8(text.substr(place, isPair ? 2 : 1));
+}
+
 std::string LowerAscii(std::string_view text) {
   std::string lower(text);
   for (char& ch : lower) {

@@ -24,6 +24,9 @@ void AppendAnsi(std::string& bytes, std::u16string_view text);
 // The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
 
+// The UTF-8 bytes of the character at the 0-based `place`, both halves of a surrogate pair.
+[[nodiscard]] std::string CharacterAt(std::u16string_view text, std::size_t place);
+
 // `text` with A to Z in lower case, every other byte as it is: for extensions,
 // charset names and mark-up.
 [[nodiscard]] std::string LowerAscii(std::string_view text);

@@ -49,6 +49,13 @@ std::string NumberInWords(int32_t number) {
   return InWords(number);
 }
 
+std::string CountInWords(size_t count, std::string_view one, std::string_view many) {
+  if (count == 1) return std::string(one);
+  std::string text = InWords(static_cast<int64_t>(count));
+  text.front() = static_cast<char>(text.front() - 'a' + 'A');
+  return text.append(many);
+}
+
 std::vector<std::u16string> CardinalWords() {
   std::vector<std::u16string> words;
   const auto add = [&words](std::string_view ascii) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quorvel {
@@ -12,6 +13,11 @@ namespace quorvel {
 // `number` in lower-case words, without "and": "two thousand three hundred forty". 0 is "zero", a
 // negative number begins with "minus ".
 [[nodiscard]] std::string NumberInWords(int32_t number);
+
+// A count for a label, with a first capital: `one` as it is for 1, else the number in words and
+// `many`: "Forty-two stop words".
+[[nodiscard]] std::string CountInWords(std::size_t count, std::string_view one,
+                                       std::string_view many);
 
 // The words that cardinals are made of: "zero" to "ninety-nine", "hundred", "thousand", "million"
 // and "billion", each in lower case and with a first capital ("Twenty-one"), ascending by code

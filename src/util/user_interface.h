@@ -56,6 +56,9 @@ class UserInterface {
   // Shows a short text that goes away by itself.
   virtual void PopUp(std::string_view text) = 0;
 
+  // Shows the button by which the user can stop what is under way, or hides it.
+  virtual void OfferStop(bool offered) = 0;
+
   // Lets pending events run; to be called once a coarse step.
   virtual void YieldNow() = 0;
 

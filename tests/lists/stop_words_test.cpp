@@ -42,17 +42,6 @@ TEST(StopWords, ChecksTheirCharacters) {
   }
 }
 
-TEST(StopWords, ConcealNumberWordsOnce) {
-  StopWordList list;
-  list.words = {u"one", u"the"};
-  ConcealNumWords(list, true);
-  ConcealNumWords(list, true);
-  EXPECT_TRUE(BinarySearch(list.words, u"Twenty-one"));
-  EXPECT_TRUE(BinarySearch(list.words, u"the"));
-  ConcealNumWords(list, false);
-  EXPECT_EQ(list.words, (SortedWords{u"one", u"the"}));
-}
-
 TEST(Admission, FollowsTheSettings) {
   const struct {
     const char* name;

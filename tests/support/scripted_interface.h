@@ -21,6 +21,7 @@ struct ScriptedInterface : UserInterface {
   std::map<Label, std::vector<std::string>> labels;  // each text of a label, the last one shows
   std::vector<Message> questions;
   std::vector<std::string> popUps;
+  std::vector<bool> stopOffers;  // shown and hidden, in turn
   int yields = 0;
 
   // Every question so far as "title: text" and a line feed, with "@" for `path`.
@@ -47,6 +48,8 @@ struct ScriptedInterface : UserInterface {
   }
 
   void PopUp(std::string_view text) override { popUps.emplace_back(text); }
+
+  void OfferStop(bool offered) override { stopOffers.push_back(offered); }
 
   void YieldNow() override {
     if (++yields == stopAtYield) RequestStop();

@@ -1,0 +1,77 @@
+// The words that a search looks for: those of a keywords file, and the extra
+// keywords that the user types.
+//
+// A keywords file holds plain words. An extra keyword is a pattern, also where it
+// has no wildcard, and may name a second pattern behind a "+", which some word of a
+// context must match for that context to be shown.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lists/binary_search.h"
+#include "settings/settings.h"
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+struct ExtraKeyword {
+  std::u16string wildcardPattern;  // for the listed word
+  bool hasContextPattern = false;
+  std::u16string contextPattern;  // for a word of the context; may be empty and so match none
+};
+
+// Takes one keyword apart at its "+".
+[[nodiscard]] ExtraKeyword ExtraKeywordOf(std::u16string_view keyword);
+
+// The extra keywords of a search, in the order in which their results are listed.
+class ExtraKeywordList {
+ public:
+  ExtraKeywordList() = default;
+  explicit ExtraKeywordList(std::vector<ExtraKeyword> keywords);
+
+  [[nodiscard]] const std::vector<ExtraKeyword>& Keywords() const { return keywords_; }
+
+  // The 0-based places of all keywords whose first pattern matches `lowerWord`, a
+  // word in lower case, ascending.
+  [[nodiscard]] std::vector<std::size_t> Matches(std::u16string_view lowerWord) const;
+
+ private:
+  std::vector<ExtraKeyword> keywords_;
+  std::vector<std::size_t> plain_;     // those without a wildcard, by pattern and place
+  std::vector<std::size_t> wildcard_;  // those with one
+};
+
+struct KeywordLists {
+  SortedWords fileKeywords;  // lower case, without plural "s"
+  bool loaded = false;       // a keywords file has been read whole
+  ExtraKeywordList extraKeywords;
+};
+
+// Whether there is anything to search for.
+[[nodiscard]] bool HoldKeywords(const KeywordLists& lists);
+
+// Whether `word` is to be listed in a search.
+[[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists);
+
+// Reads the file at `path` into the list of file keywords; what is no plain word is
+// left out. False as for stop words.
+[[nodiscard]] bool ReadKeywordsFile(const std::string& path, KeywordLists& lists,
+                                    UserInterface& ui);
+
+// The same, and then tells the user how many keywords there are and offers to show them.
+bool AttemptToReadSearchWords(const std::string& path, KeywordLists& lists, UserInterface& ui);
+
+// What the user is told of a list that was read: "Forty-two keywords loaded from ...".
+[[nodiscard]] std::string KeywordsLoadedText(const KeywordLists& lists, const std::string& path);
+
+void EraseSearchWords(KeywordLists& lists);
+
+// Takes the extra keywords of the settings, which it tidies, into the list. False,
+// with the list as it was, where they hold what no keyword may; the user has been told.
+[[nodiscard]] bool GetExtraKeywords(ConcordanceSettings& settings, KeywordLists& lists,
+                                    UserInterface& ui);
+
+}  // namespace quorvel

@@ -1,0 +1,68 @@
+#include "lists/wildcard.h"
+
+#include "util/characters.h"
+
+// Goes along word and pattern once. At a character that does not fit it takes up
+// the last "*" again and lets that stand for one character more: the earlier ones
+// need never be tried again, since the last one can stand for whatever they could.
+
+namespace quorvel {
+namespace {
+
+// The element of `pattern` at `p`: one character, or a list in brackets. A list can
+// only begin before `lastBracket`, the last "]" of the pattern.
+std::u16string_view ElementAt(std::u16string_view pattern, std::size_t p, std::size_t lastBracket) {
+  const bool isList = pattern[p] == u'[' && p < lastBracket;
+  return pattern.substr(p, isList ? pattern.find(u']', p) - p + 1 : 1);
+}
+
+bool ListHolds(std::u16string_view list, char16_t ch) {
+  const bool negated = list.starts_with(u'!');
+  if (negated) list.remove_prefix(1);
+  return (list.find(ch) != std::u16string_view::npos) != negated;
+}
+
+// Whether `element`, which is no "*", stands for `ch`.
+bool Fits(std::u16string_view element, char16_t ch) {
+  if (element.size() > 1) return ListHolds(element.substr(1, element.size() - 2), ch);
+  if (element[0] == u'?') return true;
+  if (element[0] == u'#') return (ClassOf(ch) & CLASS_DIGIT) != 0;
+  return element[0] == ch;
+}
+
+}  // namespace
+
+bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern) {
+  constexpr std::size_t NONE = std::u16string_view::npos;
+  const std::size_t bracket = pattern.rfind(u']');
+  const std::size_t lastBracket = bracket == NONE ? 0 : bracket;
+  std::size_t behindStar = NONE;  // place in the pattern behind the last "*"
+  std::size_t starEnd = 0;        // place in the word behind what that "*" stands for
+  std::size_t p = 0;
+  std::size_t w = 0;
+  while (w < word.size()) {
+    if (p < pattern.size() && pattern[p] == u'*') {
+      behindStar = ++p;
+      starEnd = w;
+      continue;
+    }
+    std::u16string_view element;
+    if (p < pattern.size()) element = ElementAt(pattern, p, lastBracket);
+    if (!element.empty() && Fits(element, word[w])) {
+      p += element.size();
+      ++w;
+    } else if (behindStar != NONE) {
+      p = behindStar;
+      w = ++starEnd;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of(u'*', p) == NONE;
+}
+
+bool HoldsWildcard(std::u16string_view text) {
+  return text.find_first_of(u"*?#") != std::u16string_view::npos;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,111 @@
+#include "lists/word_file.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "input/file_system.h"
+#include "input/input_file.h"
+#include "input/utf8_repair.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::int64_t STOPPABLE_ABOVE = 20480;  // bytes
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
+std::string_view TrimControlCharacters(std::string_view line) {
+  const auto isBlank = [](char ch) { return static_cast<std::uint8_t>(ch) <= 32; };
+  while (!line.empty() && isBlank(line.front())) line.remove_prefix(1);
+  while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
+  return line;
+}
+
+// Tells comments from lines that hold words.
+class CommentFilter {
+ public:
+  // Whether a trimmed line, the next one of the file, is part of a comment.
+  bool Takes(std::string_view line) {
+    if (line.ends_with("*/")) {
+      inBlock_ = false;
+      return true;
+    }
+    if (line.starts_with("/*")) inBlock_ = true;
+    return inBlock_;
+  }
+
+ private:
+  bool inBlock_ = false;
+};
+
+bool IsReadable(const std::string& path, const WordFileTexts& texts, UserInterface& ui) {
+  if (path.empty()) return false;
+  if (!FileExists(path)) {
+    ui.Ask({std::string(texts.missing) + "\r\n" + path, texts.title, Icon::exclamation, Buttons::ok,
+            Answer::ok});
+    return false;
+  }
+  CheckOptions options;
+  options.quiet = true;
+  bool macNoticeShown = true;
+  return CheckInputFile(path, options, macNoticeShown, ui).accepted;
+}
+
+}  // namespace
+
+std::optional<std::vector<std::u16string>> ReadWordFile(const std::string& path,
+                                                        const WordFileTexts& texts,
+                                                        UserInterface& ui) {
+  ui.ClearStop();
+  if (!IsReadable(path, texts, ui)) return std::nullopt;
+  ui.SetOutput(std::string(texts.progress) + " ...");
+  const bool stoppable = FileLength(path).value_or(0) > STOPPABLE_ABOVE;
+  if (stoppable) ui.OfferStop(true);
+  const FileRead file = ReadFileBytes(path);
+  std::optional<std::vector<std::u16string>> words;
+  if (file.error.empty()) words = WordsOfFileBytes(file.bytes, ui);
+  if (stoppable) ui.OfferStop(false);
+  if (!file.error.empty()) {
+    ui.Ask({"Error #" + std::to_string(file.errorNumber) + " " + texts.failed + path, texts.title,
+            Icon::exclamation, Buttons::ok, Answer::ok});
+  } else if (!words) {
+    ui.SetOutput(texts.stopped);
+  }
+  return words;
+}
+
+std::optional<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
+                                                            UserInterface& ui) {
+  if (bytes.starts_with(BYTE_ORDER_MARK)) bytes.remove_prefix(BYTE_ORDER_MARK.size());
+  // Lines end in CR LF; trimming takes care of the LF. A list without any CR was
+  // made where lines end in LF: taken as one line it would hold no word at all.
+  const char lineEnd = bytes.find('\r') == std::string_view::npos ? '\n' : '\r';
+  std::vector<std::u16string> words;
+  CommentFilter comments;
+  std::string repaired;
+  while (!bytes.empty()) {
+    ui.Yield();
+    if (ui.StopRequested()) return std::nullopt;
+    const std::size_t length = std::min(bytes.find(lineEnd), bytes.size());
+    const std::string_view line = TrimControlCharacters(bytes.substr(0, length));
+    bytes.remove_prefix(std::min(length + 1, bytes.size()));
+    if (comments.Takes(line)) continue;
+    repaired = line;
+    RepairUtf8(repaired);
+    const std::u16string text = DecodeAnsi(repaired);
+    for (const std::u16string_view word : SplitAtBlanks(text)) words.emplace_back(word);
+  }
+  return words;
+}
+
+std::vector<std::u16string_view> SplitAtBlanks(std::u16string_view text) {
+  std::vector<std::u16string_view> words;
+  while (!text.empty()) {
+    const std::size_t length = std::min(text.find(u' '), text.size());
+    if (length > 0) words.push_back(text.substr(0, length));
+    text.remove_prefix(std::min(length + 1, text.size()));
+  }
+  return words;
+}
+
+}  // namespace quorvel

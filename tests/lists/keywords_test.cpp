@@ -1,0 +1,84 @@
+#include "lists/keywords.h"
+
+#include <gtest/gtest.h>
+
+#include "support/scripted_interface.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+// The keywords, each with its context pattern behind a "+".
+std::string Joined(const ExtraKeywordList& list) {
+  std::string text;
+  for (const ExtraKeyword& keyword : list.Keywords()) {
+    text += EncodeUtf8(keyword.wildcardPattern);
+    if (keyword.hasContextPattern) text += "+" + EncodeUtf8(keyword.contextPattern);
+    text += "|";
+  }
+  return text;
+}
+
+TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
+  const std::string bad =
+      "Invalid input: The extra keywords textbox contains an inadmissable character: ";
+  const std::string twoPlus = "Invalid Input: A keyword cannot contain more then one '+'.\n";
+  const struct {
+    const char* typed;
+    const char* left;  // in the box
+    std::string kept;
+    std::string said;
+    bool hyphens = true;
+    bool numerals = false;
+  } rows[] = {{"  Harb*   ÉTÉ ", "harb*   été", "harb*|été|", ""},
+              {"", "", "", ""},
+              {"John's 's dog''ss", "john  dog", "dog|john|", ""},
+              {"dogs harbours+ships cats+dogs dogs*", "dogs harbours+ships cats+dogs dogs*",
+               "cats+dog|dog|dogs*|harbours+ship|", ""},
+              {"+ a+ +b", "+ a+ +b", "+|+b|a+|", ""},
+              {"walk walk", "walk walk", "walk|walk|", ""},
+              {"co-op", "co-op", "co-op|", ""},
+              {"co-op", "co-op", "old|", bad + "-\n", false},
+              {"4th #th", "4th #th", "#th|4th|", "", true, true},
+              {"4th", "4th", "old|", bad + "4\n"},
+              {"A,b", "a,b", "old|", bad + ",\n"},
+              {"[ab]", "[ab]", "old|", bad + "[\n"},
+              {"a😀", "a😀", "old|", bad + "😀\n"},
+              {"b a+b+c d+e+f", "b a+b+c d+e+f", "old|", twoPlus}};
+  for (const auto& [typed, left, kept, said, hyphens, numerals] : rows) {
+    ConcordanceSettings settings;
+    settings.extraKeywords = typed;
+    settings.allowWordsWithHyphens = hyphens;
+    settings.allowWordsWithNumerals = numerals;
+    KeywordLists lists;
+    lists.extraKeywords = ExtraKeywordList({ExtraKeywordOf(u"old")});
+    ScriptedInterface ui;
+    EXPECT_EQ(GetExtraKeywords(settings, lists, ui), said.empty()) << typed;
+    EXPECT_EQ(settings.extraKeywords, left);
+    EXPECT_EQ(Joined(lists.extraKeywords), kept);
+    EXPECT_EQ(ui.Said(), said);
+  }
+}
+
+TEST(SearchWords, AreTheFilesAndThePatterns) {
+  KeywordLists lists;
+  EXPECT_FALSE(IsSearchWord(u"walk", lists) || HoldKeywords(lists));
+  lists.fileKeywords = {u"dog", u"walk"};
+  EXPECT_TRUE(HoldKeywords(lists));
+  lists.extraKeywords =
+      ExtraKeywordList({ExtraKeywordOf(u"cat+dog"), ExtraKeywordOf(u"h*"), ExtraKeywordOf(u"cat"),
+                        ExtraKeywordOf(u"*r"), ExtraKeywordOf(u"cow")});
+  for (const auto* word : {u"WALK", u"dog", u"Harbour", u"cat", u"COW"}) {
+    EXPECT_TRUE(IsSearchWord(word, lists)) << EncodeUtf8(word);
+  }
+  for (const auto* word : {u"walks", u"dogs", u"cats", u"shed"}) {
+    EXPECT_FALSE(IsSearchWord(word, lists)) << EncodeUtf8(word);
+  }
+  using Places = std::vector<std::size_t>;
+  EXPECT_EQ(lists.extraKeywords.Matches(u"harbour"), (Places{1, 3}));
+  EXPECT_EQ(lists.extraKeywords.Matches(u"cat"), (Places{0, 2}));
+  EXPECT_EQ(lists.extraKeywords.Matches(u"cats"), Places());
+}
+
+}  // namespace
+}  // namespace quorvel
