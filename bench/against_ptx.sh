@@ -58,8 +58,8 @@ measure() { # name, command...
   rm "$name".*
 }
 
-list() { # name, text, extra stop words
-  measure "$1" "$CLI" "$2" --extra-stop-words "$3" -q -o "$1.txt"
+list() { # name, text, extra stop words; no others, for ptx has none
+  measure "$1" "$CLI" "$2" --language none --extra-stop-words "$3" -q -o "$1.txt"
 }
 
 # Over the runs of a measurement; column 1 is the time, 2 the memory, 3 the output.
@@ -111,7 +111,7 @@ memory_of() { # name, text
 # The words of a text that occur too often to be listed: the program refuses one at a time.
 too_frequent_words() { # text
   local words='' message word
-  until message=$("$CLI" "$1" -c 0 --extra-stop-words "$words" -q -o - 2>&1 >/dev/null); do
+  until message=$("$CLI" "$1" -c 0 --language none --extra-stop-words "$words" -q -o - 2>&1 >/dev/null); do
     word=$(sed -n 's/.*The word "\(.*\)" occurs.*/\1/p' <<<"$message")
     [[ -n $word ]] || die "$message"
     words+=" $word"
@@ -120,7 +120,7 @@ too_frequent_words() { # text
 }
 
 words_listed() { # text, extra stop words
-  "$CLI" "$1" -c 0 --extra-stop-words "$2" -q -o - | grep -c '^[^ ]* [0-9]*.$'
+  "$CLI" "$1" -c 0 --language none --extra-stop-words "$2" -q -o - | grep -c '^[^ ]* [0-9]*.$'
 }
 
 # Puts standard input between the markers of a part of the page.

@@ -47,6 +47,13 @@ std::string FindFixedDrive() {
   return {};
 }
 
+fs::path ProgramPath() {
+  constexpr std::size_t LONGEST_PATH = 32768;
+  std::wstring path(LONGEST_PATH, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), LONGEST_PATH));
+  return path;
+}
+
 FolderMaking MakeFolderOfOwner(const fs::path& path) {
   if (::CreateDirectoryW(path.c_str(), nullptr) != 0) return FolderMaking::made;
   return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
@@ -63,6 +70,11 @@ void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
 fs::path ToPath(const std::string& path) { return {path}; }
 
 std::string FromPath(const fs::path& path) { return path.string(); }
+
+fs::path ProgramPath() {
+  std::error_code error;
+  return fs::read_symlink("/proc/self/exe", error);
+}
 
 FolderMaking MakeFolderOfOwner(const fs::path& path) {
   constexpr ::mode_t OWNER_ONLY = 0700;
@@ -163,6 +175,20 @@ std::string TemporaryBase() {
   return FromPath(fs::temp_directory_path(error));
 }
 #endif
+
+std::string DataFilePath(const std::string& name) {
+  const fs::path programFolder = ProgramPath().parent_path();
+  const fs::path folders[] = {programFolder, programFolder.parent_path() / "share" / "quorvel",
+#ifdef QUORVEL_SOURCE_DATA
+                              ToPath(QUORVEL_SOURCE_DATA)
+#endif
+  };
+  for (const fs::path& folder : folders) {
+    std::string path = FromPath(folder / ToPath(name));
+    if (FileExists(path)) return path;
+  }
+  return FromPath(programFolder / ToPath(name));
+}
 
 FolderMaking MakeFolder(const std::string& path) { return MakeFolderOfOwner(ToPath(path)); }
 

@@ -37,6 +37,11 @@ namespace quorvel {
 // on Windows the root of the first fixed drive. Empty when there is none.
 [[nodiscard]] std::string TemporaryBase();
 
+// The path of a file that comes with the program: beside the program, else in the
+// installed data folder, else in the source tree of a program that was built there.
+// Where it is in none of them, the path that it would have beside the program.
+[[nodiscard]] std::string DataFilePath(const std::string& name);
+
 enum class FolderMaking { made, exists, failed };
 
 // Makes a folder that only its owner can look into. `exists` when a file or folder

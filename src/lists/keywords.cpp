@@ -87,7 +87,8 @@ ExtraKeyword ExtraKeywordOf(std::u16string_view keyword) {
 ExtraKeywordList::ExtraKeywordList(std::vector<ExtraKeyword> keywords)
     : keywords_(std::move(keywords)) {
   for (std::size_t i = 0; i < keywords_.size(); ++i) {
-    (HoldsWildcard(keywords_[i].wildcardPattern) ? wildcard_ : plain_).push_back(i);
+    const std::u16string& pattern = keywords_[i].wildcardPattern;
+    (HoldsWildcard(pattern) ? wildcard_[pattern.front()] : plain_).push_back(i);
   }
   std::stable_sort(plain_.begin(), plain_.end(), [this](std::size_t a, std::size_t b) {
     return keywords_[a].wildcardPattern < keywords_[b].wildcardPattern;
@@ -103,8 +104,13 @@ std::vector<std::size_t> ExtraKeywordList::Matches(std::u16string_view lowerWord
   for (; place != plain_.end() && keywords_[*place].wildcardPattern == lowerWord; ++place) {
     matches.push_back(*place);
   }
-  for (const std::size_t i : wildcard_) {
-    if (MatchesWildcard(lowerWord, keywords_[i].wildcardPattern)) matches.push_back(i);
+  if (lowerWord.empty()) return matches;
+  for (const char16_t first : {lowerWord.front(), u'*', u'?', u'#', u'['}) {
+    const auto found = wildcard_.find(first);
+    if (found == wildcard_.end()) continue;
+    for (const std::size_t i : found->second) {
+      if (MatchesWildcard(lowerWord, keywords_[i].wildcardPattern)) matches.push_back(i);
+    }
   }
   std::sort(matches.begin(), matches.end());
   return matches;

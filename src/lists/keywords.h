@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,8 +41,8 @@ class ExtraKeywordList {
 
  private:
   std::vector<ExtraKeyword> keywords_;
-  std::vector<std::size_t> plain_;     // those without a wildcard, by pattern and place
-  std::vector<std::size_t> wildcard_;  // those with one
+  std::vector<std::size_t> plain_;                         // without wildcard, by pattern
+  std::map<char16_t, std::vector<std::size_t>> wildcard_;  // the others, by first character
 };
 
 struct KeywordLists {

@@ -61,8 +61,8 @@ bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern) {
   return pattern.find_first_not_of(u'*', p) == NONE;
 }
 
-bool HoldsWildcard(std::u16string_view text) {
-  return text.find_first_of(u"*?#") != std::u16string_view::npos;
+bool HoldsWildcard(std::u16string_view pattern) {
+  return pattern.find_first_of(u"*?#[") != std::u16string_view::npos;
 }
 
 }  // namespace quorvel

@@ -12,7 +12,7 @@ namespace quorvel {
 // proportion to both lengths multiplied at the worst.
 [[nodiscard]] bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern);
 
-// Whether `text` holds "*", "?" or "#".
-[[nodiscard]] bool HoldsWildcard(std::u16string_view text);
+// Whether a pattern may match anything but itself.
+[[nodiscard]] bool HoldsWildcard(std::u16string_view pattern);
 
 }  // namespace quorvel

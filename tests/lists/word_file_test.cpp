@@ -49,7 +49,7 @@ TEST(WordFiles, GiveTheirWords) {
               {"keywords in lower case without plural", "Walk DOGS dogs news\r\n",
                "DOGS|Walk|dogs|news|", "dog|dog|new|walk|"},
               {"bytes of any kind", std::string("\0\xFF*\x80\r\n/\x1A ab\r\n", 13), "/\x1A|ab|ÿ*€|",
-       "ab|"}};
+               "ab|"}};
   for (const auto& [name, bytes, stopWords, keywords] : rows) {
     const TestFolder folder;
     ScriptedInterface ui;

@@ -1,0 +1,47 @@
+#include "engine/language_recognition.h"
+
+#include <algorithm>
+#include <bitset>
+#include <cstdint>
+#include <unordered_map>
+
+#include "engine/tokenizer.h"
+#include "util/characters.h"
+
+namespace quorvel {
+namespace {
+
+// The languages that have a word among their stop words, each by its bit.
+using LanguageSet = std::bitset<LANGUAGES.size()>;
+
+std::unordered_map<std::u16string_view, LanguageSet> LanguagesByWord(
+    const StopWordsByLanguage& stopWords) {
+  std::unordered_map<std::u16string_view, LanguageSet> languages;
+  for (std::size_t i = 0; i < stopWords.size(); ++i) {
+    for (const std::u16string& word : stopWords[i]) languages[word].set(i);
+  }
+  return languages;
+}
+
+}  // namespace
+
+std::size_t RecognizeLanguage(std::u16string text, const StopWordsByLanguage& stopWords) {
+  const auto languages = LanguagesByWord(stopWords);
+  std::array<std::int32_t, LANGUAGES.size()> scores{};
+  BlankDoubleHyphens(text);
+  std::size_t position = 1;
+  while (position <= text.size()) {
+    if (!IsWordCharacter(text[position - 1])) {
+      ++position;
+      continue;
+    }
+    const auto found = languages.find(ToLowerCase(GetWord(text, position)));
+    if (found == languages.end()) continue;
+    for (std::size_t i = 0; i < scores.size(); ++i) {
+      scores.at(i) += static_cast<std::int32_t>(found->second[i]);
+    }
+  }
+  return static_cast<std::size_t>(std::max_element(scores.begin(), scores.end()) - scores.begin());
+}
+
+}  // namespace quorvel
