@@ -5,6 +5,7 @@
 
 #include "cli/options.h"
 #include "cli/terminal_interface.h"
+#include "cli/word_lists.h"
 #include "engine/run_state.h"
 #include "run/run_driver.h"
 
@@ -45,9 +46,16 @@ int Run(const CommandLine& commandLine) {
     state.outputSink = WriteToStandardOutput;
   }
   StopOnInterrupt();
+  if (!LoadWordLists(commandLine.language, state, ui)) {
+    return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
+  }
   const RunOutcome outcome = RunConcordance(state, ui);
   if (outcome == RunOutcome::nothingFound) {
     ui.Say("No words satisfying the conditions were found.");
+  }
+  if (outcome == RunOutcome::failed && state.settings.mode == Mode::search &&
+      !commandLine.toStandardOutput) {
+    ui.Say("An error occurred when creating search results file.");
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     ui.Say("An error occurred when writing to standard output.");

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "input/path_names.h"
+#include "lists/languages.h"
 #include "output/concordance_file.h"
 
 namespace quorvel {
@@ -14,7 +15,7 @@ namespace {
 
 constexpr const char* DESCRIPTION =
     "Makes a key-word-in-context concordance of a document: every word, with each of its\n"
-    "occurrences between the words around it.";
+    "occurrences between the words around it. In search mode: only the words asked for.";
 
 constexpr const char* EXIT_STATUS =
     "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found, 130 stopped.";
@@ -54,6 +55,8 @@ struct RawOptions {
   std::string outputFile;
   Encoding encoding = Encoding::detected;
   int minCount = 0;
+  bool search = false;
+  bool create = false;
   AnswerPolicy answer = AnswerPolicy::preset;
 };
 
@@ -61,9 +64,11 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   app.add_option("INPUT", commandLine.settings.inputFile,
                  "the document: a text file, a web page or a DOCX document")
       ->option_text(" ");
-  app.add_option("-o,--output", raw.outputFile,
-                 "the concordance file; \"-\" for standard output. Default: beside the input, "
-                 "its extension replaced by qvl.conc.txt")
+  app.add_option(
+         "-o,--output", raw.outputFile,
+         "the concordance or search-results file; \"-\" for standard output. Default: for a "
+         "concordance beside the input, its extension replaced by qvl.conc.txt; for a "
+         "search standard output")
       ->option_text("FILE")
       ->check([](const std::string& name) {
         return name.empty() ? std::string("a file name is needed") : std::string();
@@ -72,6 +77,21 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       app, "--encoding",
       {{"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}},
       raw.encoding, "auto, utf-8 or ansi. Default: auto, which adopts what is detected");
+}
+
+void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
+  auto* create = app.add_flag("--create", raw.create, "list all words. Default without keywords")
+                     ->option_text(" ");
+  app.add_flag("--search", raw.search, "list keywords only. Default with -k or -e")
+      ->option_text(" ")
+      ->excludes(create);
+  app.add_option("-k,--keywords-file", settings.keywordsFile, "a file of words to search for")
+      ->option_text("FILE");
+  app.add_option(
+         "-e,--keywords", settings.extraKeywords,
+         "words to search for, separated by blanks: * stands for any characters, ? for one, "
+         "# for a digit; WORD+OTHER wants OTHER in the context of WORD")
+      ->option_text("TEXT");
 }
 
 void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
@@ -89,7 +109,15 @@ void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
                "show the line breaks of a text file as \" / \". Default: no");
 }
 
-void AddWordOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
+// What --language takes.
+std::vector<std::string> LanguageWords() {
+  std::vector<std::string> words = {"auto", "none", std::string(ALL_LANGUAGES.code)};
+  for (const Language& language : LANGUAGES) words.emplace_back(language.code);
+  return words;
+}
+
+void AddWordOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
+  ConcordanceSettings& settings = commandLine.settings;
   app.add_flag("--hyphens,!--no-hyphens", settings.allowWordsWithHyphens,
                "list words with hyphens. Default: yes");
   app.add_flag("--numerals,!--no-numerals", settings.allowWordsWithNumerals,
@@ -100,6 +128,14 @@ void AddWordOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& ra
                  "list only words that occur at least N times, 2 to 20")
       ->option_text("N")
       ->check(CLI::Range(SMALLEST_THRESHOLD, LARGEST_THRESHOLD));
+  app.add_option("--stop-words", settings.stopWordsFile, "a file of words not to list")
+      ->option_text("FILE");
+  app.add_option(
+         "--language", commandLine.language,
+         "whose stop words not to list, where --stop-words names no file: en, de, es, pt, it, "
+         "fr, all, none, or auto for the language of the input. Default: auto")
+      ->option_text("WORD")
+      ->check(CLI::IsMember(LanguageWords()));
   app.add_option("--extra-stop-words", settings.extraStopWords,
                  "words not to list, separated by blanks")
       ->option_text("TEXT");
@@ -112,20 +148,31 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
       raw.answer,
       "how questions are answered: yes, no or default. Without it they are asked where standard "
       "input is a terminal, and take their default elsewhere");
-  app.add_flag("-q,--quiet", commandLine.quiet, "show no progress");
+  app.add_flag("-q,--quiet", commandLine.quiet,
+               "show no progress, and no message that all went well");
   app.set_version_flag("--version", "quorvel-cli " + VersionText());
+}
+
+// Puts the output where the mode has it.
+void ApplyOutputOption(const std::string& outputFile, CommandLine& commandLine) {
+  ConcordanceSettings& settings = commandLine.settings;
+  const bool search = settings.mode == Mode::search;
+  commandLine.toStandardOutput = outputFile == "-" || (search && outputFile.empty());
+  if (commandLine.toStandardOutput) return;
+  if (search) {
+    settings.searchResultsFile = outputFile;
+  } else if (!outputFile.empty()) {
+    settings.outputFile = outputFile;
+  } else if (!settings.inputFile.empty()) {
+    settings.outputFile = DefaultConcordanceFileName(settings.inputFile);
+  }
 }
 
 void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
-  commandLine.toStandardOutput = raw.outputFile == "-";
-  if (commandLine.toStandardOutput) {
-    settings.outputFile.clear();
-  } else if (!raw.outputFile.empty()) {
-    settings.outputFile = raw.outputFile;
-  } else if (!settings.inputFile.empty()) {
-    settings.outputFile = DefaultConcordanceFileName(settings.inputFile);
-  }
+  const bool keywordsGiven = app.count("-k") + app.count("-e") > 0;
+  if (raw.search || (keywordsGiven && !raw.create)) settings.mode = Mode::search;
+  ApplyOutputOption(raw.outputFile, commandLine);
   if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
   settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
   if (app.count("--min-count") > 0) {
@@ -144,8 +191,9 @@ CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
   CLI::App app(DESCRIPTION, "quorvel-cli");
   app.footer(EXIT_STATUS);
   AddFileOptions(app, commandLine, raw);
+  AddSearchOptions(app, commandLine.settings, raw);
   AddListingOptions(app, commandLine.settings);
-  AddWordOptions(app, commandLine.settings, raw);
+  AddWordOptions(app, commandLine, raw);
   AddDialogOptions(app, commandLine, raw);
   try {
     app.parse(argumentCount, arguments);

@@ -13,6 +13,7 @@ namespace quorvel {
 struct CommandLine {
   ConcordanceSettings settings;
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
+  std::string language = "auto";  // whose stop words, where the settings name no file
   bool toStandardOutput = false;
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;

@@ -30,8 +30,26 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"default output", "a.txt", 0, ""},
       {"all options",
        "a.txt -o x.txt -c 0 --order frequency --no-frequencies --line-breaks --no-hyphens "
-       "--numerals --min-count 2 --extra-stop-words and --encoding auto --answer no -q",
+       "--numerals --min-count 2 --extra-stop-words and --encoding auto --answer no -q "
+       "--language none --create",
        0, ""},
+      {"search", "a.txt -e 'do*+cat' -c 1 -o x.txt", 0, ""},
+      {"keywords file", "a.txt -k k.txt", 0, "quorvel-cli: One keyword word loaded from k.txt\n"},
+      {"keywords file, quiet", "a.txt -k k.txt -q", 0, ""},
+      {"no keywords file", "a.txt -k no.txt", 1, "quorvel-cli: Keywords file not found:\nno.txt\n"},
+      {"no keywords", "a.txt --search", 1,
+       "quorvel-cli: Specify a keywords file or type one or more extra keywords.\n"},
+      {"search results not to be written", "a.txt -e dog -o no/x.txt", 1,
+       "quorvel-cli: An error occurred when creating search results file.\n"},
+      {"both modes", "a.txt --search --create", 2, "*"},
+      {"keywords in create mode", "a.txt --create -k no.txt -e dog", 0, ""},
+      {"stop words", "a.txt --stop-words k.txt", 0,
+       "quorvel-cli: One stop word loaded from k.txt\n"},
+      {"no stop words", "a.txt --stop-words no.txt", 1,
+       "quorvel-cli: Stop words file not found:\nno.txt\n"},
+      {"nothing left by a language", "a.txt --stop-words a.txt -q", 3,
+       "quorvel-cli: No words satisfying the conditions were found.\n"},
+      {"no such language", "a.txt --language xx", 2, "*"},
       {"version", "--version", 0, ""},
       {"help", "--help", 0, ""},
       {"unknown option", "--nonsense", 2, "*"},
@@ -54,6 +72,7 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
     const TestFolder folder;
     (void)folder.Write("a.txt", "the cat and the dog\r\n");
     (void)folder.Write("a.log", "the cat and the dog\r\n");
+    (void)folder.Write("k.txt", "/* one */\r\ndog\r\n");
     (void)folder.Write("short.txt", "a b c d\r\n");
     ASSERT_EQ(std::system(("mkfifo '" + folder.Path("pipe.txt") + "'").c_str()), 0);
     EXPECT_EQ(RunCli(folder, row.arguments), row.status);
@@ -75,6 +94,25 @@ TEST(CommandLine, WritesTheSameBytesToAFileAndToStandardOutput) {
   // But for the minute in the header, which may have passed.
   const std::string out = folder.Read("out");
   EXPECT_EQ(out.substr(out.find("\r\n\r\n")), file.substr(file.find("\r\n\r\n")));
+}
+
+TEST(CommandLine, ListsWhatIsAskedFor) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"-o -", "cat 1\r\ndog 1\r\n"},
+      {"-o - --language none", "and 1\r\ncat 1\r\ndog 1\r\nthe 2\r\n"},
+      {"-o - --language de", "and 1\r\ncat 1\r\ndog 1\r\nthe 2\r\n"},
+      {"-o - --language all --extra-stop-words cat", "dog 1\r\n"},
+      {"-o - --stop-words k.txt", "and 1\r\ncat 1\r\nthe 2\r\n"},
+      {"--search -e t*", "the 2\r\n"},
+      {"-k k.txt -e the", "dog 1\r\nthe 2\r\n"}};
+  for (const auto& [options, words] : rows) {
+    const TestFolder folder;
+    (void)folder.Write("a.txt", "the cat and the dog xx\r\n");
+    (void)folder.Write("k.txt", "dogs\r\ndog\r\n");
+    EXPECT_EQ(RunCli(folder, std::string("a.txt -c 0 ") + options), 0);
+    EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(words) + "\r\n"))
+        << options << folder.Read("out");
+  }
 }
 
 TEST(CommandLine, AnswersQuestionsAsTold) {
