@@ -11,6 +11,8 @@ export LC_ALL=C
 LEAST_SPEED=4     # times as fast as ptx
 MOST_MEMORY=8     # peak memory in multiples of input and output together
 MOST_FOR_WORDS=15 # times as long for ten times the vocabulary
+MOST_FOR_KEYWORDS=2 # times as long to search for 10,000 keywords as for one
+LEAST_FROM_INDEX=1.5 # times as fast with the words from an index file as with a scan
 
 RUNS=${RUNS:-11}    # of each command, taken in turns, after one that does not count
 ATTEMPTS=3          # at a comparison that comes out differently by medians and by minima
@@ -62,6 +64,11 @@ list() { # name, text, extra stop words; no others, for ptx has none
   measure "$1" "$CLI" "$2" --language none --extra-stop-words "$3" -q -o "$1.txt"
 }
 
+# A search in the Bible; one for a rare word takes no time for its listing.
+search() { # name, options
+  measure "$1" "$CLI" bible.txt -q -o "$1.txt" "${@:2}"
+}
+
 # Over the runs of a measurement; column 1 is the time, 2 the memory, 3 the output.
 least() { sort -n -k "$2,$2" "runs.$1" | awk -v column="$2" 'NR == 1 { print $column }'; }
 median() {
@@ -73,6 +80,10 @@ take() { # name
   case $1 in
     ptx_bible) measure ptx_bible ptx -A -w 100 bible.txt ;;
     our_bible) list our_bible bible.txt "$bibleStopWords" ;;
+    one_keyword) search one_keyword -k one.txt ;;
+    many_keywords) search many_keywords -k many.txt ;;
+    scanned) search scanned -e harvest ;;
+    from_index) search from_index -e harvest --use-index ;;
     our_narrow) list our_narrow narrow.txt '' ;;
     our_wide) list our_wide wide.txt '' ;;
     our_short) list our_short narrow.txt "$longStopWords" ;;
@@ -162,10 +173,17 @@ bible -f 'gen1:1-rev22:21' | sed 's/$/\r/' >bible.txt
 for seed in 1 2 3 4 5 6 7 8 9 10; do "$BENCH" text $TEXT_LENGTH 5000 $seed; done >long.txt
 bibleStopWords=$(too_frequent_words bible.txt)
 longStopWords=$(too_frequent_words long.txt)
+echo 'harvest' >one.txt
+{ cat one.txt; "$BENCH" text 400000 10000 2 | tr -cs '[:lower:]' '\n' | sort -u | head -n 10000; } >many.txt
+"$CLI" bible.txt -q --language none --extra-stop-words "$bibleStopWords" --index -o with_index.txt
 echo "Too frequent to be listed: $bibleStopWords; in the long text: $longStopWords"
 
 compare ptx_bible our_bible
 speed=$byMedian speedByMinimum=$byMinimum
+compare many_keywords one_keyword
+keywords=$byMedian keywordsByMinimum=$byMinimum
+compare scanned from_index
+fromIndex=$byMedian fromIndexByMinimum=$byMinimum
 compare our_wide our_narrow
 growth=$byMedian growthByMinimum=$byMinimum
 compare our_long our_short
@@ -187,6 +205,8 @@ Each command ran $RUNS times, on a machine with $(nproc) cores, of which a run u
 | Measured | By medians | By minima | Target |
 |---|---|---|---|
 | The Bible: time of ptx : ours | $(rounded "$speed") | $(rounded "$speedByMinimum") | at least $LEAST_SPEED |
+| Search for 10,000 keywords : for one | $(rounded "$keywords") | $(rounded "$keywordsByMinimum") | at most $MOST_FOR_KEYWORDS |
+| Search for a rare word: time with a scan : with an index file | $(rounded "$fromIndex") | $(rounded "$fromIndexByMinimum") | at least $LEAST_FROM_INDEX |
 | Ten times the vocabulary: time with : without | $(rounded "$growth") | $(rounded "$growthByMinimum") | at most $MOST_FOR_WORDS |
 | Ten times the length: time with : without | $(rounded "$lengthening") | $(rounded "$lengtheningByMinimum") | |
 | The Bible: peak memory : (input + output) | $(rounded "$memory") | | at most $MOST_MEMORY |
@@ -215,6 +235,8 @@ target() { # what, whether it holds
   holds "$2" || { echo "Missed: $1" >&2; missed=1; }
 }
 target "at least $LEAST_SPEED times as fast as ptx" "$speed >= $LEAST_SPEED"
+target "10,000 keywords in $MOST_FOR_KEYWORDS times the time" "$keywords <= $MOST_FOR_KEYWORDS"
+target "$LEAST_FROM_INDEX times as fast from an index" "$fromIndex >= $LEAST_FROM_INDEX"
 target "ten times the vocabulary in $MOST_FOR_WORDS times the time" "$growth <= $MOST_FOR_WORDS"
 target "memory of $MOST_MEMORY times input and output" "$memory <= $MOST_MEMORY"
 target "the same for the long text" "$memoryOfLong <= $MOST_MEMORY"

@@ -5,7 +5,7 @@
 set -euo pipefail
 
 # From the bottom up. The last one is the outermost: everything before it is the core.
-LAYERS="util settings input lists engine output run cli"
+LAYERS="util input settings lists engine output run cli"
 
 cd "$(dirname "$0")/../src"
 

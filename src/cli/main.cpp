@@ -7,7 +7,9 @@
 #include "cli/terminal_interface.h"
 #include "cli/word_lists.h"
 #include "engine/run_state.h"
+#include "output/index_file.h"
 #include "run/run_driver.h"
+#include "settings/settings_file.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -34,10 +36,25 @@ int ExitStatusOf(RunOutcome outcome) {
   }
 }
 
+int SaveSettings(const ConcordanceSettings& settings, const std::string& path,
+                 TerminalInterface& ui) {
+  const std::string errorText = SaveState(settings, path);
+  if (errorText.empty()) return 0;
+  ui.Say(errorText);
+  return 1;
+}
+
 int Run(const CommandLine& commandLine) {
   TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet);
   RunState state;
   state.settings = commandLine.settings;
+  const bool saves = !commandLine.settingsFileToSave.empty();
+  if (saves || state.settings.mode == Mode::create) {
+    SettleStopWordsFile(commandLine.language, state.settings);
+  }
+  if (saves) {
+    return SaveSettings(state.settings, commandLine.settingsFileToSave, ui);
+  }
   state.encodingChoice = commandLine.encodingChoice;
   if (commandLine.toStandardOutput) {
 #ifdef _WIN32
@@ -46,9 +63,11 @@ int Run(const CommandLine& commandLine) {
     state.outputSink = WriteToStandardOutput;
   }
   StopOnInterrupt();
-  if (!LoadWordLists(commandLine.language, state, ui)) {
+  // The list of the input's own language is no news.
+  if (!LoadWordLists(state, commandLine.language != "auto", ui)) {
     return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
   }
+  if (commandLine.useIndex) ReadIndexFile(state, false, ui);
   const RunOutcome outcome = RunConcordance(state, ui);
   if (outcome == RunOutcome::nothingFound) {
     ui.Say("No words satisfying the conditions were found.");

@@ -9,6 +9,7 @@
 #include "input/path_names.h"
 #include "lists/languages.h"
 #include "output/concordance_file.h"
+#include "settings/settings_file.h"
 
 namespace quorvel {
 namespace {
@@ -57,6 +58,7 @@ struct RawOptions {
   int minCount = 0;
   bool search = false;
   bool create = false;
+  std::string settingsFile;
   AnswerPolicy answer = AnswerPolicy::preset;
 };
 
@@ -73,6 +75,19 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       ->check([](const std::string& name) {
         return name.empty() ? std::string("a file name is needed") : std::string();
       });
+  app.add_option("-s,--settings", raw.settingsFile,
+                 "start from a settings file, such as the window saves; every other option "
+                 "overrides what it says")
+      ->option_text("FILE");
+  app.add_option("--save-settings", commandLine.settingsFileToSave,
+                 "save the settings, options included, as a settings file, and run nothing")
+      ->option_text("FILE");
+  app.add_flag("--index", commandLine.settings.createIndexFile,
+               "write the words of the input beside it, as an index file. Default: no")
+      ->option_text(" ");
+  app.add_flag("--use-index", commandLine.useIndex,
+               "take the words from that file where it fits, and scan nothing. Default: no")
+      ->option_text(" ");
   AddChoice<Encoding>(
       app, "--encoding",
       {{"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}},
@@ -154,17 +169,30 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
 }
 
 // Puts the output where the mode has it.
-void ApplyOutputOption(const std::string& outputFile, CommandLine& commandLine) {
+void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
+                       CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
   const bool search = settings.mode == Mode::search;
-  commandLine.toStandardOutput = outputFile == "-" || (search && outputFile.empty());
-  if (commandLine.toStandardOutput) return;
-  if (search) {
-    settings.searchResultsFile = outputFile;
-  } else if (!outputFile.empty()) {
-    settings.outputFile = outputFile;
-  } else if (!settings.inputFile.empty()) {
-    settings.outputFile = DefaultConcordanceFileName(settings.inputFile);
+  std::string& target = search ? settings.searchResultsFile : settings.outputFile;
+  if (!outputFile.empty()) {
+    settings.outputToFileDisabled = false;
+    target = outputFile == "-" ? "" : outputFile;
+  } else if (!search && !settings.inputFile.empty() && (target.empty() || app.count("INPUT") > 0)) {
+    // A concordance named in a settings file is that of the input named there.
+    target = DefaultConcordanceFileName(settings.inputFile);
+  }
+  commandLine.toStandardOutput = outputFile == "-" || (search && target.empty());
+}
+
+// Without a word about stop words those of the input's language count, unless a settings
+// file has had its say.
+void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
+  if (app.count("--stop-words") > 0) {
+    commandLine.language.clear();
+  } else if (app.count("--language") > 0) {
+    commandLine.settings.stopWordsFile.clear();
+  } else if (raw.settingsFile.empty()) {
+    commandLine.language = "auto";
   }
 }
 
@@ -172,7 +200,9 @@ void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& co
   ConcordanceSettings& settings = commandLine.settings;
   const bool keywordsGiven = app.count("-k") + app.count("-e") > 0;
   if (raw.search || (keywordsGiven && !raw.create)) settings.mode = Mode::search;
-  ApplyOutputOption(raw.outputFile, commandLine);
+  if (raw.create) settings.mode = Mode::create;
+  ApplyStopWordOptions(app, raw, commandLine);
+  ApplyOutputOption(app, raw.outputFile, commandLine);
   if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
   settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
   if (app.count("--min-count") > 0) {
@@ -182,12 +212,9 @@ void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& co
   if (app.count("--answer") > 0) commandLine.answerPolicy = raw.answer;
 }
 
-}  // namespace
-
-CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
-  constexpr int WRONG_USAGE = 2;
-  CommandLine commandLine;
-  RawOptions raw;
+// Parses the arguments into `commandLine`, over what it holds already.
+void Parse(int argumentCount, const char* const* arguments, CommandLine& commandLine,
+           RawOptions& raw) {
   CLI::App app(DESCRIPTION, "quorvel-cli");
   app.footer(EXIT_STATUS);
   AddFileOptions(app, commandLine, raw);
@@ -205,10 +232,29 @@ CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
     std::cout << version.what() << '\n';
     commandLine.exitStatus = 0;
   } catch (const CLI::ParseError& error) {
+    constexpr int WRONG_USAGE = 2;
     std::cerr << "quorvel-cli: " << error.what() << "\nquorvel-cli --help tells the options.\n";
     commandLine.exitStatus = WRONG_USAGE;
   }
-  return commandLine;
+}
+
+}  // namespace
+
+CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
+  CommandLine commandLine;
+  RawOptions raw;
+  Parse(argumentCount, arguments, commandLine, raw);
+  if (commandLine.exitStatus || raw.settingsFile.empty()) return commandLine;
+  CommandLine withSettings;
+  const RestoredState restored = RestoreSavedState(withSettings.settings, raw.settingsFile, false);
+  if (!restored.errorText.empty()) {
+    std::cerr << "quorvel-cli: " << raw.settingsFile << ": " << restored.errorText << '\n';
+    withSettings.exitStatus = 1;
+    return withSettings;
+  }
+  raw = {};
+  Parse(argumentCount, arguments, withSettings, raw);
+  return withSettings;
 }
 
 }  // namespace quorvel

@@ -13,7 +13,9 @@ namespace quorvel {
 struct CommandLine {
   ConcordanceSettings settings;
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
-  std::string language = "auto";  // whose stop words, where the settings name no file
+  std::string language;  // whose stop words; empty: of the file that the settings name
+  bool useIndex = false;
+  std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
   bool toStandardOutput = false;
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;

@@ -9,7 +9,7 @@ namespace {
 
 bool LoadKeywords(RunState& state, UserInterface& ui) {
   const std::string& path = state.settings.keywordsFile;
-  if (path.empty() || state.settings.mode == Mode::create) return true;
+  if (path.empty()) return true;
   if (!ReadKeywordsFile(path, state.lists.keywords, ui)) return false;
   ui.Ask({KeywordsLoadedText(state.lists.keywords, path), "Keywords to search for", Icon::none,
           Buttons::ok, Answer::ok});
@@ -22,30 +22,27 @@ const Language& LanguageByCode(const std::string& code) {
   return found != LANGUAGES.end() ? *found : ALL_LANGUAGES;
 }
 
-// The list of the input's own language is no news: its name is progress.
-bool LoadRecognizedStopWords(RunState& state, UserInterface& ui) {
-  const std::string path = StopWordsPath(RecognizeInputLanguage(state.settings.inputFile));
-  if (!ReadStopWordsFile(path, state.lists.stopWords, ui)) return false;
-  ui.AppendOutput(StopWordsLoadedText(state.lists.stopWords, path) + "\r\n");
-  state.settings.stopWordsFile = path;
+bool LoadStopWords(RunState& state, bool tell, UserInterface& ui) {
+  const std::string path = state.settings.stopWordsFile;
+  StopWordList& list = state.lists.stopWords;
+  if (path.empty()) return true;
+  if (tell) return AttemptToReadStopWords(path, state.settings, list, ui);
+  if (!ReadStopWordsFile(path, list, ui)) return false;
+  ui.AppendOutput(StopWordsLoadedText(list, path) + "\r\n");
   return true;
-}
-
-bool LoadStopWords(const std::string& language, RunState& state, UserInterface& ui) {
-  ConcordanceSettings& settings = state.settings;
-  std::string path = settings.stopWordsFile;
-  if (path.empty()) {
-    if (language == "none" || settings.mode == Mode::search) return true;
-    if (language == "auto") return LoadRecognizedStopWords(state, ui);
-    path = StopWordsPath(LanguageByCode(language));
-  }
-  return AttemptToReadStopWords(path, settings, state.lists.stopWords, ui);
 }
 
 }  // namespace
 
-bool LoadWordLists(const std::string& language, RunState& state, TerminalInterface& ui) {
-  return LoadKeywords(state, ui) && LoadStopWords(language, state, ui);
+void SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings) {
+  if (!settings.stopWordsFile.empty() || language.empty() || language == "none") return;
+  settings.stopWordsFile = StopWordsPath(
+      language == "auto" ? RecognizeInputLanguage(settings.inputFile) : LanguageByCode(language));
+}
+
+bool LoadWordLists(RunState& state, bool tellStopWords, TerminalInterface& ui) {
+  if (state.settings.mode == Mode::search) return LoadKeywords(state, ui);
+  return LoadStopWords(state, tellStopWords, ui);
 }
 
 }  // namespace quorvel

@@ -8,11 +8,14 @@
 
 namespace quorvel {
 
-// Reads the keywords of a search, and the stop words: those of the file that the
-// settings name, else those of `language`, which is a language's code, "all", "none"
-// or "auto" for the language of the input. False when a list could not be read (the
-// user has been told) or the user stopped.
-[[nodiscard]] bool LoadWordLists(const std::string& language, RunState& state,
-                                 TerminalInterface& ui);
+// Puts the stop-words file of `language` into the settings, unless these name one:
+// `language` is a language's code, "all", "auto" for the language of the input, "none"
+// or empty.
+void SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings);
+
+// Reads the keywords of a search, or the stop words of a concordance, from the files that
+// the settings name. With `tellStopWords` off their number is progress, no message. False
+// when a list could not be read (the user has been told) or the user stopped.
+[[nodiscard]] bool LoadWordLists(RunState& state, bool tellStopWords, TerminalInterface& ui);
 
 }  // namespace quorvel

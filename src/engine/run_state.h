@@ -9,10 +9,22 @@
 #include "engine/admission.h"
 #include "engine/word_table.h"
 #include "input/document_text.h"
+#include "input/file_system.h"
 #include "input/skip_spans.h"
 #include "settings/settings.h"
 
 namespace quorvel {
+
+// Whose words the table holds without a scan: those of an index file that was read, or
+// written after the scan.
+struct WordsAtHand {
+  std::string inputFile;  // empty: nobody's, so that the next run scans its input
+  std::string digest;     // of the input's bytes ...
+  FileStamp stamp;        // ... and what the input was like when that was computed
+  bool withText = false;  // the document text is there too, read under these settings:
+  bool inputIsUtf8 = false;
+  bool ignoreLists = false;
+};
 
 struct RunState {
   ConcordanceSettings settings;
@@ -22,8 +34,10 @@ struct RunState {
   SkipSpans skipSpans;          // of the last input
   std::u16string documentText;  // of the last input; its double hyphens are blanked
   WordTable table;
-  std::string outputText;    // the last listing, in Windows-1252 as the file holds it
-  bool textboxFull = false;  // the listing did not fit into the output box
+  WordsAtHand words;
+  std::string outputText;      // the last listing, in Windows-1252 as the file holds it
+  bool textboxFull = false;    // the listing did not fit into the output box
+  bool outputWritten = false;  // the last listing has gone to its file
 
   // Where set, the bytes of the output file go here and no file is written; gives
   // false when it cannot take them.

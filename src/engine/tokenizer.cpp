@@ -24,11 +24,6 @@ std::u16string_view StripHyphens(std::u16string_view token) {
   return token.substr(first, last - first + 1);
 }
 
-bool MayEnterTable(std::u16string_view word) {
-  return word.size() >= MIN_WORD_LENGTH && word.size() <= MAX_WORD_LENGTH &&
-         !IsOneRepeatedChar(word) && !IsRomanNumeral(word);
-}
-
 // The next place behind `position` that holds no blank; the text's length or more
 // when there is none. 1-based.
 std::size_t NextNonBlank(std::u16string_view text, std::size_t position) {
@@ -59,6 +54,11 @@ std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition)
       word.size() == 1 && (ToLowerCase(word.front()) == u's' || ToLowerCase(word.front()) == u't');
   if (apostropheRest || IsContractionStem(word)) return {};
   return word;
+}
+
+bool MayEnterTable(std::u16string_view word) {
+  return word.size() >= MIN_WORD_LENGTH && word.size() <= MAX_WORD_LENGTH &&
+         !IsOneRepeatedChar(word) && !IsRomanNumeral(word);
 }
 
 void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {

@@ -23,6 +23,10 @@ void BlankDoubleHyphens(std::u16string& text);
 // the text, or an empty view for a token that is none.
 [[nodiscard]] std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition);
 
+// Whether a word that GetWord gave is recorded at all: by its length, and because it is
+// neither one repeated letter nor a Roman numeral.
+[[nodiscard]] bool MayEnterTable(std::u16string_view word);
+
 // Scans a text whose double hyphens are blanked and adds its words to the table.
 // Ends early when a stop is requested, after the word at hand.
 void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui);

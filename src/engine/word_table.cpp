@@ -59,6 +59,13 @@ void SpellingIndex::Grow() {
   }
 }
 
+WordEntry NewWordEntry(std::u16string_view word) {
+  WordEntry entry;
+  entry.word = word;
+  entry.sortKey = ToLowerCase(FoldForKey(word));
+  return entry;
+}
+
 void EmptyWordTable(WordTable& table) { table = WordTable{}; }
 
 // By logarithms, not by counting digits: the quotient falls just below some powers
@@ -76,10 +83,13 @@ void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offs
     table.entries[static_cast<std::size_t>(found)].positions.push_back(offset);
     return;
   }
-  WordEntry& entry = table.entries.emplace_back();
-  entry.word = word;
-  entry.sortKey = ToLowerCase(FoldForKey(word));
-  entry.positions.push_back(offset);
+  table.entries.push_back(NewWordEntry(word));
+  table.entries.back().positions.push_back(offset);
+}
+
+bool PrecedesAlphabetically(const WordEntry& a, const WordEntry& b) {
+  const int order = a.sortKey.compare(b.sortKey);
+  return order != 0 ? order < 0 : a.word < b.word;
 }
 
 void SortWordTable(WordTable& table) {
@@ -95,10 +105,7 @@ void SortWordTable(WordTable& table) {
   }
   std::sort(places.begin(), places.end(), [&entries](const Place& a, const Place& b) {
     if (a.leading != b.leading) return a.leading < b.leading;
-    const WordEntry& left = entries[a.entry];
-    const WordEntry& right = entries[b.entry];
-    const int order = left.sortKey.compare(right.sortKey);
-    return order != 0 ? order < 0 : left.word < right.word;
+    return PrecedesAlphabetically(entries[a.entry], entries[b.entry]);
   });
   std::vector<WordEntry> sorted;
   sorted.reserve(entries.size());

@@ -61,6 +61,9 @@ struct WordTable {
   [[nodiscard]] std::int32_t WordCount() const { return static_cast<std::int32_t>(entries.size()); }
 };
 
+// A fresh entry for `word`, with its sort key and without any occurrence.
+[[nodiscard]] WordEntry NewWordEntry(std::u16string_view word);
+
 // Forgets all words.
 void EmptyWordTable(WordTable& table);
 
@@ -70,6 +73,9 @@ void EmptyWordTable(WordTable& table);
 // Records one occurrence of `word` at `offset`, a 1-based character position in
 // the document text. Words over MAX_WORD_LENGTH code units are ignored.
 void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offset);
+
+// Whether entry `a` stands before `b` in alphabetical order: by sort key, then by spelling.
+[[nodiscard]] bool PrecedesAlphabetically(const WordEntry& a, const WordEntry& b);
 
 // Puts the entries, which the scan leaves in the order of first occurrence, into
 // alphabetical order: by sort key, then by spelling. Nothing can be added after it.

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -154,6 +155,13 @@ std::optional<std::int64_t> FileLength(const std::string& path) {
   return static_cast<std::int64_t>(length);
 }
 
+FileStamp StampOf(const std::string& path) {
+  std::error_code error;
+  const auto time = fs::last_write_time(ToPath(path), error);
+  if (error) return {};
+  return {FileLength(path).value_or(-1), time.time_since_epoch().count()};
+}
+
 bool IsSameFile(const std::string& path, const std::string& other) {
   std::error_code error;
   return path == other || fs::equivalent(ToPath(path), ToPath(other), error);
@@ -169,12 +177,34 @@ std::string TemporaryBase() {
   if (drive.empty() && FolderExists("C:\\")) drive = "C:\\";
   return drive;
 }
+
+std::string UserConfigurationFolder() {
+  for (const wchar_t* variable : {L"APPDATA", L"USERPROFILE"}) {
+    const wchar_t* folder = ::_wgetenv(variable);
+    if (folder != nullptr && *folder != L'\0') return FromPath(folder);
+  }
+  return FromPath(ProgramPath().parent_path());
+}
 #else
 std::string TemporaryBase() {
   std::error_code error;
   return FromPath(fs::temp_directory_path(error));
 }
+
+std::string UserConfigurationFolder() {
+  // Read before any thread is started.
+  const char* configured = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe)
+  if (configured != nullptr && *configured == '/') return configured;
+  const char* home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
+  if (home != nullptr && *home == '/') return JoinPath(home, ".config");
+  return FromPath(ProgramPath().parent_path());
+}
 #endif
+
+void MakeFoldersFor(const std::string& path) {
+  std::error_code error;
+  fs::create_directories(ToPath(path).parent_path(), error);
+}
 
 std::string DataFilePath(const std::string& name) {
   const fs::path programFolder = ProgramPath().parent_path();

@@ -26,6 +26,17 @@ namespace quorvel {
 // The length in bytes; nothing when the file cannot be looked at.
 [[nodiscard]] std::optional<std::int64_t> FileLength(const std::string& path);
 
+// Tells, without reading it, whether a file has been written since.
+struct FileStamp {
+  std::int64_t length = -1;    // in bytes
+  std::int64_t modified = -1;  // in the system's own ticks
+
+  bool operator==(const FileStamp&) const = default;
+};
+
+// The stamp of a file; the same for all files that cannot be looked at.
+[[nodiscard]] FileStamp StampOf(const std::string& path);
+
 // Whether both paths name one file, be it by another spelling or a link.
 [[nodiscard]] bool IsSameFile(const std::string& path, const std::string& other);
 
@@ -41,6 +52,13 @@ namespace quorvel {
 // installed data folder, else in the source tree of a program that was built there.
 // Where it is in none of them, the path that it would have beside the program.
 [[nodiscard]] std::string DataFilePath(const std::string& name);
+
+// The folder in which programs keep what this user has set; where the system names
+// none the user's home folder or, failing that too, the program's own.
+[[nodiscard]] std::string UserConfigurationFolder();
+
+// Makes the folders above `path` that are missing; what fails shows when the file is opened.
+void MakeFoldersFor(const std::string& path);
 
 enum class FolderMaking { made, exists, failed };
 

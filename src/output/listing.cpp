@@ -124,13 +124,20 @@ void ShowListing(RunState& state, UserInterface& ui) {
 // Whether the listing is where it should be; the user has been told if not.
 bool WriteListing(RunState& state, UserInterface& ui) {
   ConcordanceSettings& settings = state.settings;
+  const auto write = [&state, &settings, &ui] {
+    const FileOutcome outcome = WriteConcordanceFile(settings, state.outputText, ui);
+    state.outputWritten = outcome == FileOutcome::written;
+    return outcome != FileOutcome::failed;
+  };
   if (state.outputSink) {
-    return WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink);
+    state.outputWritten =
+        WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink);
+    return state.outputWritten;
   }
   // A search writes whatever the settings say of the concordance file, and is silent about it.
   if (settings.mode == Mode::search) {
     settings.searchResultsFile = TrimBlanks(settings.searchResultsFile);
-    return WriteConcordanceFile(settings, state.outputText, ui) != FileOutcome::failed;
+    return write();
   }
   if (settings.outputFile.empty()) {
     if (state.textboxFull) {
@@ -145,7 +152,7 @@ bool WriteListing(RunState& state, UserInterface& ui) {
             Answer::ok});
     return true;
   }
-  if (WriteConcordanceFile(settings, state.outputText, ui) != FileOutcome::failed) return true;
+  if (write()) return true;
   ShowError(ui, "An error occurred when creating " + LowerAscii(OutputName(settings.mode)) + ".");
   return false;
 }
@@ -168,6 +175,7 @@ ListingOutcome FinishListing(RunState& state, bool complete, UserInterface& ui) 
 }  // namespace
 
 ListingOutcome ListWords(RunState& state, UserInterface& ui) {
+  state.outputWritten = false;
   if (state.table.includedCount == 0) {
     ui.SetOutput("");
     return ListingOutcome::nothing;

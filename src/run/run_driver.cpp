@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "engine/table_fit.h"
 #include "engine/tokenizer.h"
 #include "input/compact_spaces.h"
 #include "input/file_system.h"
@@ -12,6 +13,8 @@
 #include "input/path_names.h"
 #include "input/skip_spans.h"
 #include "output/concordance_file.h"
+#include "output/digest.h"
+#include "output/index_file.h"
 #include "output/listing.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
@@ -69,20 +72,46 @@ bool PrepareText(const ConcordanceSettings& settings, std::string& text, UserInt
   return outcome != HtmlOutcome::refused;
 }
 
-// Fills the document text and the table. False when reading failed or was stopped;
-// a stop during the scan leaves the words found so far.
-bool ReadAndScanInput(RunState& state, UserInterface& ui) {
+// Fills the document text. False when reading failed or was stopped.
+bool ReadText(RunState& state, UserInterface& ui) {
   SetSkipSpans(LowerExtensionOf(state.settings.inputFile), state.skipSpans);
   std::optional<std::string> text =
       ObtainDocumentText(state.settings.inputFile, state.encodingChoice, state.settings.inputIsUtf8,
                          state.macNoticeShown, ui);
   if (!text || !PrepareText(state.settings, *text, ui)) return false;
   state.documentText = DecodeAnsi(*text);
-  text.reset();
-  ConcealNumWords(state.lists.stopWords, true);
-  state.table.positionWidth = PositionWidth(state.documentText.size());
   BlankDoubleHyphens(state.documentText);
-  GetWords(state.documentText, state.table, ui);
+  return true;
+}
+
+// Whether the table holds the words of the input as it is now, so that they need not be
+// scanned. Where they come from an index file and the input has changed since, the user
+// is told.
+bool AreWordsAtHand(const RunState& state, UserInterface& ui) {
+  const ConcordanceSettings& settings = state.settings;
+  const WordsAtHand& words = state.words;
+  if (words.inputFile != settings.inputFile) return false;
+  if (words.withText &&
+      (words.inputIsUtf8 != settings.inputIsUtf8 || words.ignoreLists != settings.ignoreLists)) {
+    return false;
+  }
+  if (StampOf(settings.inputFile) == words.stamp ||
+      ComputeFileDigest(settings.inputFile).text == words.digest) {
+    return true;
+  }
+  if (!words.withText) ShowBadIndexFile(ui);
+  return false;
+}
+
+// Whether the words that an index file gave stand in the text; the user is told if not.
+bool TakeWordsFromIndex(RunState& state, UserInterface& ui) {
+  if (!TableFitsText(state.table, state.documentText)) {
+    ShowBadIndexFile(ui);
+    return false;
+  }
+  state.words.withText = true;
+  state.words.inputIsUtf8 = state.settings.inputIsUtf8;
+  state.words.ignoreLists = state.settings.ignoreLists;
   return true;
 }
 
@@ -96,6 +125,7 @@ RunOutcome StopAfterScan(RunState& state, UserInterface& ui) {
 
 void OrderTable(RunState& state, UserInterface& ui) {
   ui.AppendOutput("Applying filters ...\r\n");
+  ConcealNumWords(state.lists.stopWords, true);
   state.lists.extraStopWords = ExtraStopWordsOf(state.settings.extraStopWords);
   ApplyAdmissionFilters(state.table, state.settings, state.lists);
   ui.AppendOutput("Counting words ...\r\n");
@@ -123,20 +153,30 @@ RunOutcome OutcomeOf(ListingOutcome listing) {
   }
 }
 
-RunOutcome RunPhases(RunState& state, UserInterface& ui) {
-  if (!CheckInput(state.settings, ui) || !CheckKeywords(state, ui)) {
-    ui.SetOutput("");
-    return RunOutcome::refused;
+enum class Gathering { done, refused, stoppedReading, stoppedScanning };
+
+// Sees to it that the table holds the words of the input, and that its text is there.
+Gathering GatherWords(RunState& state, bool& scanned, UserInterface& ui) {
+  bool atHand = AreWordsAtHand(state, ui);
+  if (!atHand) state.words = {};
+  if (!state.words.withText && !ReadText(state, ui)) {
+    return ui.StopRequested() ? Gathering::stoppedReading : Gathering::refused;
   }
-  if (!ReadAndScanInput(state, ui)) {
-    if (!ui.StopRequested()) return RunOutcome::refused;
-    ui.SetOutput("Stopped when reading file.");
-    return RunOutcome::stopped;
-  }
+  if (atHand && !state.words.withText) atHand = TakeWordsFromIndex(state, ui);
+  scanned = !atHand;
+  if (atHand) return Gathering::done;
+  state.words = {};
+  EmptyWordTable(state.table);
+  state.table.positionWidth = PositionWidth(state.documentText.size());
+  GetWords(state.documentText, state.table, ui);
   ui.AppendOutput("Sorting ...\r\n");
   SortWordTable(state.table);
   ui.YieldNow();
-  if (ui.StopRequested()) return StopAfterScan(state, ui);
+  return ui.StopRequested() ? Gathering::stoppedScanning : Gathering::done;
+}
+
+// Lists the words that are gathered.
+RunOutcome ListGatheredWords(RunState& state, UserInterface& ui) {
   OrderTable(state, ui);
   ShowWordCounts(state.table, ui);
   if (state.table.includedCount == 0) {
@@ -146,11 +186,36 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
   return OutcomeOf(ListWords(state, ui));
 }
 
+RunOutcome RunPhases(RunState& state, UserInterface& ui) {
+  if (!CheckInput(state.settings, ui) || !CheckKeywords(state, ui)) {
+    ui.SetOutput("");
+    return RunOutcome::refused;
+  }
+  const bool wantsIndex = state.settings.createIndexFile && state.settings.mode == Mode::create;
+  const std::string digest = wantsIndex ? ComputeFileDigest(state.settings.inputFile).text : "";
+  bool scanned = false;
+  switch (GatherWords(state, scanned, ui)) {
+    case Gathering::refused:
+      return RunOutcome::refused;
+    case Gathering::stoppedReading:
+      ui.SetOutput("Stopped when reading file.");
+      return RunOutcome::stopped;
+    case Gathering::stoppedScanning:
+      return StopAfterScan(state, ui);
+    case Gathering::done:
+      break;
+  }
+  state.outputWritten = false;
+  const RunOutcome outcome = ListGatheredWords(state, ui);
+  if (wantsIndex && scanned && state.outputWritten) CreateIndexFile(state, digest);
+  return outcome;
+}
+
 }  // namespace
 
 RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
   if (!CheckExtraWords(state, ui)) return RunOutcome::refused;
-  EmptyWordTable(state.table);
+  if (state.words.inputFile.empty()) EmptyWordTable(state.table);
   ui.ClearStop();
   try {
     const RunOutcome outcome = RunPhases(state, ui);
@@ -158,6 +223,7 @@ RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
     return outcome;
   } catch (const std::bad_alloc&) {
     EmptyWordTable(state.table);
+    state.words = {};
     state.documentText = {};
     state.outputText = {};
     ui.SetOutput("");

@@ -110,10 +110,25 @@ void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
 
 }  // namespace
 
+// Widened in blocks; only a block that holds a byte with another number than its
+// character is looked at byte by byte.
 std::u16string DecodeAnsi(std::string_view bytes) {
+  constexpr std::size_t BLOCK = 64;
   std::u16string text(bytes.size(), u'\0');
-  std::transform(bytes.begin(), bytes.end(), text.begin(),
-                 [](char byte) { return DECODING_TABLE[static_cast<std::uint8_t>(byte)]; });
+  char16_t* out = text.data();
+  for (std::size_t i = 0; i < bytes.size(); i += BLOCK) {
+    const std::string_view block = bytes.substr(i, BLOCK);
+    unsigned others = 0;
+    for (std::size_t k = 0; k < block.size(); ++k) {
+      const auto byte = static_cast<std::uint8_t>(block[k]);
+      others |= static_cast<unsigned>((byte & 0xE0U) == 0x80);
+      out[i + k] = byte;
+    }
+    if (others == 0) continue;
+    for (std::size_t k = 0; k < block.size(); ++k) {
+      out[i + k] = DECODING_TABLE[static_cast<std::uint8_t>(block[k])];
+    }
+  }
   return text;
 }
 

@@ -49,6 +49,12 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
        "quorvel-cli: Stop words file not found:\nno.txt\n"},
       {"nothing left by a language", "a.txt --stop-words a.txt -q", 3,
        "quorvel-cli: No words satisfying the conditions were found.\n"},
+      {"settings that are none", "-s a.txt", 1,
+       "quorvel-cli: a.txt: Error when attempting to restore settings: the file ends after line "
+       "1.\n"},
+      {"settings not to be saved", "--save-settings no/x", 1,
+       "quorvel-cli: Error when attempting to save settings: No such file or directory\n"},
+      {"index", "a.txt --index", 0, ""},
       {"no such language", "a.txt --language xx", 2, "*"},
       {"version", "--version", 0, ""},
       {"help", "--help", 0, ""},
@@ -113,6 +119,31 @@ TEST(CommandLine, ListsWhatIsAskedFor) {
     EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(words) + "\r\n"))
         << options << folder.Read("out");
   }
+}
+
+TEST(CommandLine, GoesOnFromSettingsAndIndexFiles) {
+  const TestFolder folder;
+  (void)folder.Write("a.txt", "the cat and the dogs xx\r\n");
+  (void)folder.Write("b.txt", "the bird xx\r\n");
+  (void)folder.Write("k.txt", "cat\r\n");
+  const auto entries = [&folder](const char* arguments, const char* file = "out") {
+    EXPECT_EQ(RunCli(folder, arguments), 0) << arguments << folder.Read("err");
+    const std::string bytes = folder.Read(file);
+    return bytes.substr(std::min(bytes.find("\r\n\r\n") + 4, bytes.size()));
+  };
+  EXPECT_EQ(entries("a.txt -k k.txt -e d* -c 0 --no-frequencies --save-settings s.lvz"), "");
+  EXPECT_EQ(entries("-s s.lvz -q"), "cat\r\ndog\r\n\r\n");
+  EXPECT_EQ(entries("-s s.lvz -q --frequencies -e t*"), "cat 1\r\nthe 2\r\n\r\n");
+  EXPECT_EQ(entries("-s s.lvz -q --create -o -"), "cat\r\ndog\r\n\r\n");
+  EXPECT_EQ(entries("-s s.lvz -q --create --language none", "a.qvl.conc.txt"),
+            "and\r\ncat\r\ndog\r\nthe\r\n\r\n");
+  EXPECT_EQ(entries("-s s.lvz b.txt -q --create", "b.qvl.conc.txt"), "bird\r\n\r\n");
+  EXPECT_EQ(entries("a.txt -c 0 --index -o x.txt", "x.txt"), "cat 1\r\ndog 1\r\n\r\n");
+  EXPECT_NE(folder.Read("a.qvl.ndx"), "");
+  EXPECT_EQ(entries("a.txt -c 0 --use-index -o -"), "cat 1\r\ndog 1\r\n\r\n");
+  (void)folder.Write("a.txt", "the cow xx\r\n");
+  EXPECT_EQ(entries("a.txt -c 0 --use-index -o -"), "cow 1\r\n\r\n");
+  EXPECT_EQ(folder.Read("err").substr(0, 45), "quorvel-cli: The index file was not made from");
 }
 
 TEST(CommandLine, AnswersQuestionsAsTold) {

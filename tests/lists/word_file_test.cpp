@@ -75,7 +75,7 @@ TEST(WordFiles, SayWhatIsWrong) {
                "Search words: Keywords file not found:\r\n@\n"},
               {"short.txt", "the\n", "Fatal error: File @\r\ncontains only from 1 to 4 bytes.\n",
                "Fatal error: File @\r\ncontains only from 1 to 4 bytes.\n"},
-              {"unicode.txt", "\xFF\xFEt\0h\0",
+              {"unicode.txt", "\xFF\xFEtext",
                "Fatal error: File @\r\nis a Unicode file but not UTF-8 encoded.\n",
                "Fatal error: File @\r\nis a Unicode file but not UTF-8 encoded.\n"}};
   for (const auto& [name, bytes, stopWordsSaid, keywordsSaid] : rows) {

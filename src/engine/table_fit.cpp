@@ -1,0 +1,121 @@
+#include "engine/table_fit.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "engine/tokenizer.h"
+#include "util/characters.h"
+
+// Nearly every place holds the word as it is spelled, between two other characters:
+// that takes one comparison. Where it does not (a plural "s" or a hyphen was dropped,
+// or the text ends there), the word is cut out of the text anew.
+
+namespace quorvel {
+namespace {
+
+// No token that gives a word is longer: at most 30 characters are kept, and beside them
+// stand a plural "s" and the few hyphens that are not blanked.
+constexpr std::size_t LONGEST_TOKEN = 64;
+
+// Whether the tokenizer gives a word that is spelled so as itself.
+bool IsScannedWord(const std::u16string& word) {
+  if (word.empty() || !MayEnterTable(word)) return false;
+  if (!std::all_of(word.begin(), word.end(), IsWordCharacter)) return false;
+  std::size_t position = 1;
+  return GetWord(word + u" ", position) == word;
+}
+
+// Where the scan stands after a word that it records at `position`: 1-based, two behind
+// the end of the text for a word that ends there.
+std::size_t ScanEnd(std::size_t position, std::size_t wordLength) { return position + wordLength; }
+
+// Whether the token before the place of `position` gives the word.
+bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16string_view word) {
+  const std::size_t scanEnd = ScanEnd(position, word.size());
+  if (scanEnd > text.size() + 2 || scanEnd < 2) return false;
+  const std::size_t end = std::min(scanEnd - 1, text.size());  // characters up to the token's last
+  std::size_t start = end;
+  while (start > 0 && end - start <= LONGEST_TOKEN && IsWordCharacter(text[start - 1])) --start;
+  if (start == end) return false;
+  std::size_t scanPosition = start + 1;
+  return GetWord(text, scanPosition) == word && scanPosition == scanEnd;
+}
+
+// Compares a word with what stands at many places.
+class Spelling {
+ public:
+  explicit Spelling(std::u16string_view word) : word_(word) {
+    std::array<char16_t, UNITS> mask{};
+    std::fill_n(mask.begin(), std::min(UNITS, word.size()), char16_t{0xFFFF});
+    std::memcpy(&mask_, mask.data(), sizeof(mask_));
+    std::copy_n(word.begin(), std::min(UNITS, word.size()), mask.begin());
+    std::memcpy(&front_, mask.data(), sizeof(front_));
+    front_ &= mask_;
+  }
+
+  // Whether the word stands at the 0-based `start` of `text`, a blank or the like behind it.
+  [[nodiscard]] bool StandsAt(std::u16string_view text, std::size_t start) const {
+    const std::size_t end = start + word_.size();
+    if (end >= text.size() || start + UNITS > text.size()) return false;
+    std::uint64_t there = 0;
+    std::memcpy(&there, text.data() + start, sizeof(there));
+    if ((there & mask_) != front_ || IsWordCharacter(text[end])) return false;
+    if (start > 0 && IsWordCharacter(text[start - 1])) return false;
+    return word_.size() <= UNITS ||
+           text.substr(start + UNITS, word_.size() - UNITS) == word_.substr(UNITS);
+  }
+
+ private:
+  static constexpr std::size_t UNITS = sizeof(std::uint64_t) / sizeof(char16_t);
+
+  std::u16string_view word_;
+  std::uint64_t front_ = 0;  // its first code units, so that most places take one comparison
+  std::uint64_t mask_ = 0;
+};
+
+bool WordFits(const WordEntry& entry, std::u16string_view text) {
+  constexpr std::size_t AHEAD = 8;
+  const std::size_t count = entry.positions.size();
+  const Spelling spelling(entry.word);
+  for (std::size_t k = 0; k < count; ++k) {
+    const auto position = static_cast<std::size_t>(entry.positions[k]);
+    if (position > text.size()) return false;
+    if (k + AHEAD < count) {
+      const auto ahead = static_cast<std::size_t>(entry.positions[k + AHEAD]);
+      if (ahead <= text.size()) __builtin_prefetch(text.data() + ahead - 1);
+    }
+    if (spelling.StandsAt(text, position - 1)) continue;
+    if (!TokenGivesWord(text, position, entry.word)) return false;
+  }
+  return true;
+}
+
+// Whether the scan would record a word from the 1-based `position` on.
+bool HoldsWord(std::u16string_view text, std::size_t position) {
+  while (position < text.size()) {
+    if (IsWordCharacter(text[position - 1])) {
+      if (MayEnterTable(GetWord(text, position))) return true;
+    } else {
+      ++position;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+bool TableFitsText(const WordTable& table, std::u16string_view text) {
+  if (table.positionWidth != PositionWidth(text.size())) return false;
+  std::size_t lastEnd = 1;
+  for (const WordEntry& entry : table.entries) {
+    if (!IsScannedWord(entry.word) || !WordFits(entry, text)) return false;
+    const auto last = static_cast<std::size_t>(entry.positions.back());
+    lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));
+  }
+  return !HoldsWord(text, lastEnd);
+}
+
+}  // namespace quorvel

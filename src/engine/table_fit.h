@@ -1,0 +1,17 @@
+// Whether a word table that was read from a file is what a scan of a text would give.
+#pragma once
+
+#include <string_view>
+
+#include "engine/word_table.h"
+
+namespace quorvel {
+
+// True when each word of `table` stands at each of its places in `text`, whose double
+// hyphens are blanked, as the scan would have recorded it, and no word follows the
+// last place. A table made from the same file under other settings (encoding, lists
+// left out) never fits, since these move whatever follows. Positions must ascend.
+// Not looked for: words left out of the table between others.
+[[nodiscard]] bool TableFitsText(const WordTable& table, std::u16string_view text);
+
+}  // namespace quorvel

@@ -1,0 +1,221 @@
+#include "output/index_file.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "input/file_system.h"
+#include "input/path_names.h"
+#include "output/concordance_file.h"
+#include "output/digest.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view LINE_END = "\r\n";
+constexpr char SEPARATOR = '*';
+constexpr int WIDEST_POSITION = 10;
+constexpr std::int32_t LARGEST_NUMBER = std::numeric_limits<std::int32_t>::max();
+
+// As numbers are written in the head: a blank where a minus sign would stand, and one behind.
+std::string HeadLine(std::int32_t number) {
+  return " " + std::to_string(number) + " " + std::string(LINE_END);
+}
+
+// Appends the last `width` digits of `position`, with zeros before it.
+void AppendPosition(std::string& bytes, std::int32_t position, int width) {
+  const std::size_t start = bytes.size();
+  bytes.resize(start + static_cast<std::size_t>(width));
+  for (std::size_t i = bytes.size(); i > start; --i) {
+    bytes[i - 1] = static_cast<char>('0' + position % 10);
+    position /= 10;
+  }
+}
+
+// A number of digits alone, from 0 to `largest`.
+std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t largest) {
+  std::int32_t number = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto [behind, error] = std::from_chars(digits.data(), end, number);
+  const bool whole = error == std::errc() && behind == end && digits.front() != '-';
+  if (!whole || number > largest) return std::nullopt;
+  return number;
+}
+
+// Takes lines off the front of a file, one after the other.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view bytes) : rest_(bytes) {}
+
+  // The next line without its end; nothing behind the last one.
+  std::optional<std::string_view> Next() {
+    if (rest_.empty()) return std::nullopt;
+    const std::size_t length = std::min(rest_.find(LINE_END), rest_.size());
+    const std::string_view line = rest_.substr(0, length);
+    rest_.remove_prefix(std::min(length + LINE_END.size(), rest_.size()));
+    return line;
+  }
+
+  // The number on the next line of the head.
+  std::optional<std::int32_t> NextNumber(std::int32_t largest) {
+    const std::optional<std::string_view> line = Next();
+    if (!line) return std::nullopt;
+    return NumberOf(TrimBlanks(*line), largest);
+  }
+
+  [[nodiscard]] std::size_t BytesLeft() const { return rest_.size(); }
+
+ private:
+  std::string_view rest_;
+};
+
+// The places in fixed-width fields; false unless they are `count` ascending numbers from 1 on.
+bool ReadPositions(std::string_view fields, std::int32_t count, int width,
+                   std::vector<std::int32_t>& positions) {
+  const auto fieldWidth = static_cast<std::size_t>(width);
+  if (fields.size() != static_cast<std::size_t>(count) * fieldWidth) return false;
+  positions.resize(static_cast<std::size_t>(count));
+  std::int64_t last = 0;
+  const char* digit = fields.data();
+  for (std::int32_t& position : positions) {
+    std::int64_t number = 0;
+    for (std::size_t i = 0; i < fieldWidth; ++i, ++digit) {
+      const auto value = static_cast<std::uint8_t>(*digit - '0');
+      if (value > 9) return false;
+      number = number * 10 + value;
+    }
+    if (number <= last || number > LARGEST_NUMBER) return false;
+    position = static_cast<std::int32_t>(number);
+    last = number;
+  }
+  return true;
+}
+
+// The entry on one line of a table of `wordCount` words.
+std::optional<WordEntry> EntryOf(std::string_view line, std::int32_t wordCount, int width) {
+  std::array<std::string_view, 5> fields;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const bool last = i + 1 == fields.size();
+    const std::size_t length = last ? line.size() : line.find(SEPARATOR);
+    if (length == std::string_view::npos) return std::nullopt;
+    fields.at(i) = line.substr(0, length);
+    line.remove_prefix(last ? length : length + 1);
+  }
+  const auto& [word, prev, count, next, positions] = fields;
+  if (word.empty() || word.size() > MAX_WORD_LENGTH) return std::nullopt;
+  const std::optional<std::int32_t> prevEntry = NumberOf(prev, wordCount);
+  const std::optional<std::int32_t> occurrences = NumberOf(count, LARGEST_NUMBER);
+  const std::optional<std::int32_t> nextEntry = NumberOf(next, wordCount);
+  if (!prevEntry || !occurrences || *occurrences == 0 || !nextEntry) return std::nullopt;
+  WordEntry entry = NewWordEntry(DecodeAnsi(word));
+  entry.frequencyPrev = *prevEntry;
+  entry.frequencyNext = *nextEntry;
+  if (!ReadPositions(positions, *occurrences, width, entry.positions)) return std::nullopt;
+  return entry;
+}
+
+bool WantsIndex(std::string_view date, UserInterface& ui) {
+  const std::string text = "An index file for this input file exists, created,\r\nnamely, " +
+                           EncodeUtf8(DecodeAnsi(date)) + ".\r\n\r\nDo you wish to use it?";
+  return ui.Ask({text, "Index file found", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
+}
+
+}  // namespace
+
+std::string IndexFileBytes(const WordTable& table, std::string_view digest, std::time_t time) {
+  std::string bytes(digest);
+  bytes.append(LINE_END).append(DateAndTimeText(time)).append(LINE_END);
+  bytes += HeadLine(table.WordCount());
+  bytes += HeadLine(table.positionWidth);
+  bytes += HeadLine(table.frequencyHead);
+  for (const WordEntry& entry : table.entries) {
+    AppendAnsi(bytes, entry.word);
+    for (const std::int32_t number : {entry.frequencyPrev, entry.Count(), entry.frequencyNext}) {
+      bytes += SEPARATOR;
+      bytes += std::to_string(number);
+    }
+    bytes += SEPARATOR;
+    for (const std::int32_t position : entry.positions) {
+      AppendPosition(bytes, position, table.positionWidth);
+    }
+    bytes += LINE_END;
+  }
+  return bytes;
+}
+
+std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
+  constexpr std::size_t SHORTEST_ENTRY = sizeof("w*0*1*0*1") - 1;
+  LineReader lines(bytes);
+  lines.Next();
+  lines.Next();
+  const std::optional<std::int32_t> wordCount = lines.NextNumber(LARGEST_NUMBER);
+  const std::optional<std::int32_t> width = lines.NextNumber(WIDEST_POSITION);
+  if (!wordCount || !width || *width == 0) return std::nullopt;
+  const std::optional<std::int32_t> head = lines.NextNumber(*wordCount);
+  if (!head) return std::nullopt;
+  // A count that the file cannot hold must not reserve room for itself.
+  if (static_cast<std::size_t>(*wordCount) > lines.BytesLeft() / SHORTEST_ENTRY)
+    return std::nullopt;
+  WordTable table;
+  table.positionWidth = *width;
+  table.frequencyHead = *head;
+  table.entries.reserve(static_cast<std::size_t>(*wordCount));
+  for (std::int32_t i = 0; i < *wordCount; ++i) {
+    const std::optional<std::string_view> line = lines.Next();
+    std::optional<WordEntry> entry;
+    if (line) entry = EntryOf(*line, *wordCount, *width);
+    const bool inOrder =
+        entry && (table.entries.empty() || PrecedesAlphabetically(table.entries.back(), *entry));
+    if (!inOrder) return std::nullopt;
+    table.entries.push_back(std::move(*entry));
+  }
+  // What stands behind the last entry is left alone, but one more shows that the count is wrong.
+  const std::optional<std::string_view> more = lines.Next();
+  if (more && EntryOf(*more, LARGEST_NUMBER, *width)) return std::nullopt;
+  return table;
+}
+
+bool CreateIndexFile(RunState& state, const std::string& digest) {
+  const std::string& input = state.settings.inputFile;
+  const FileStamp stamp = StampOf(input);
+  if (digest.empty() || ComputeFileDigest(input).text != digest) return false;
+  OutputFile file(DefaultIndexFileName(input));
+  file.Write(IndexFileBytes(state.table, digest, std::time(nullptr)));
+  if (!file.Commit()) return false;
+  state.words = {
+      input, digest, stamp, true, state.settings.inputIsUtf8, state.settings.ignoreLists};
+  return true;
+}
+
+bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
+  const std::string& input = state.settings.inputFile;
+  const FileRead file = ReadFileBytes(DefaultIndexFileName(input));
+  if (!file.error.empty()) return false;
+  LineReader lines(file.bytes);
+  const FileStamp stamp = StampOf(input);
+  const std::string digest = ComputeFileDigest(input).text;
+  if (digest.empty() || lines.Next() != digest) {
+    ShowBadIndexFile(ui);
+    return false;
+  }
+  const std::optional<std::string_view> date = lines.Next();
+  if (ask && !WantsIndex(date.value_or(""), ui)) return false;
+  std::optional<WordTable> table = TableOfIndexFile(file.bytes);
+  if (!table) return false;
+  state.table = std::move(*table);
+  state.words = {input, digest, stamp};
+  return true;
+}
+
+void ShowBadIndexFile(UserInterface& ui) {
+  ui.Ask(
+      {"The index file was not made from this input file as it is now,\r\n"
+       "so the input file will be scanned.",
+       "Bad index file", Icon::information, Buttons::ok, Answer::ok});
+}
+
+}  // namespace quorvel

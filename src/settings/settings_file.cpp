@@ -1,0 +1,236 @@
+#include "settings/settings_file.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "input/file_system.h"
+#include "util/ansi.h"
+
+// A text stands between double quotes, and nothing in it is escaped: what holds a
+// double quote itself comes back whole all the same, since a text ends with its line.
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view LINE_END = "\r\n";
+
+// Words that the user typed are Windows-1252 in the file. Paths are the file system's
+// own bytes, so that each comes back; on Windows these have a Windows-1252 form.
+std::string AnsiBytes(std::string_view utf8) {
+  std::string bytes;
+  AppendAnsi(bytes, DecodeUtf8(utf8));
+  return bytes;
+}
+
+std::string Utf8OfAnsi(std::string_view bytes) { return EncodeUtf8(DecodeAnsi(bytes)); }
+
+#ifdef _WIN32
+std::string PathBytes(std::string_view path) { return AnsiBytes(path); }
+std::string PathOfBytes(std::string_view bytes) { return Utf8OfAnsi(bytes); }
+#else
+std::string PathBytes(std::string_view path) { return std::string(path); }
+std::string PathOfBytes(std::string_view bytes) { return std::string(bytes); }
+#endif
+
+std::string TextLine(const std::string& bytes) {
+  return "\"" + bytes + "\"" + std::string(LINE_END);
+}
+
+std::string NumberLine(int number) { return std::to_string(number) + std::string(LINE_END); }
+
+std::string FileBytes(const ConcordanceSettings& settings) {
+  const auto path = [](const std::string& name) { return TextLine(PathBytes(name)); };
+  const bool create = settings.mode == Mode::create;
+  const int order = settings.wordOrder == WordOrder::byFrequency ? 1 : 0;
+  return path(settings.inputFile) + path(settings.searchResultsFile) + path(settings.keywordsFile) +
+         path(settings.outputFile) + NumberLine(create ? 1 : 0) + NumberLine(create ? 0 : 1) +
+         TextLine(AnsiBytes(settings.extraStopWords)) +
+         NumberLine(settings.thresholdFrequency - SMALLEST_THRESHOLD) +
+         NumberLine(settings.ignoreInfrequentWords ? 1 : 0) +
+         NumberLine(settings.ignoreLists ? 1 : 0) +
+         NumberLine(settings.allowWordsWithHyphens ? 1 : 0) +
+         NumberLine(settings.allowWordsWithNumerals ? 1 : 0) +
+         NumberLine(settings.warnOnOverwrite ? 1 : 0) +
+         NumberLine(settings.saveStateOnQuit ? 1 : 0) +
+         NumberLine(settings.showFrequencies ? 1 : 0) +
+         NumberLine(settings.showLineBreaks ? 1 : 0) + NumberLine(order) +
+         NumberLine(settings.contextSize) + path(settings.stopWordsFile) +
+         TextLine(AnsiBytes(settings.extraKeywords)) +
+         NumberLine(settings.createIndexFile ? 1 : 0) +
+         NumberLine(settings.outputToFileDisabled ? 1 : 0);
+}
+
+// The place in a list that stands for no choice at all.
+constexpr int NO_SELECTION = -1;
+
+// Takes one value after the other off the front of a file. After a fault every further
+// one is left as it was.
+class ValueReader {
+ public:
+  explicit ValueReader(std::string_view bytes) : rest_(bytes) {}
+
+  [[nodiscard]] const std::string& Fault() const { return fault_; }
+
+  void Path(std::string& path) {
+    if (const auto text = NextText()) path = PathOfBytes(*text);
+  }
+
+  void Words(std::string& words) {
+    if (const auto text = NextText()) words = Utf8OfAnsi(*text);
+  }
+
+  // A check box: a text, of which the digits at its front count.
+  void Box(bool& ticked) {
+    const auto text = NextText();
+    if (!text) return;
+    const std::string_view digits =
+        text->substr(std::min(text->find_first_not_of(' '), text->size()));
+    const std::size_t length = std::min(digits.find_first_not_of("0123456789"), digits.size());
+    const std::size_t zeros = std::min(digits.find_first_not_of('0'), length);
+    ticked = digits.substr(zeros, length - zeros) == "1";
+  }
+
+  std::optional<int> Number() {
+    const auto line = NextLine();
+    if (!line) return std::nullopt;
+    const std::string_view digits = TrimBlanks(*line);
+    int number = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [behind, error] = std::from_chars(digits.data(), end, number);
+    if (error == std::errc() && behind == end) return number;
+    return Fail<int>("line " + std::to_string(lines_) + " is not a number.");
+  }
+
+  // A place in a list of `count` choices, or NO_SELECTION.
+  std::optional<int> Place(int count) {
+    const std::optional<int> place = Number();
+    if (!place || (*place >= NO_SELECTION && *place < count)) return place;
+    return Fail<int>("line " + std::to_string(lines_) + " is not a place in its list.");
+  }
+
+ private:
+  template <typename Value>
+  std::optional<Value> Fail(std::string fault) {
+    fault_ = std::move(fault);
+    return std::nullopt;
+  }
+
+  std::optional<std::string_view> NextLine() {
+    if (!fault_.empty()) return std::nullopt;
+    if (rest_.empty()) {
+      return Fail<std::string_view>("the file ends after line " + std::to_string(lines_) + ".");
+    }
+    ++lines_;
+    const std::size_t length = std::min(rest_.find(LINE_END), rest_.size());
+    const std::string_view line = rest_.substr(0, length);
+    rest_.remove_prefix(std::min(length + LINE_END.size(), rest_.size()));
+    return line;
+  }
+
+  // The text on the next line, without its quotes.
+  std::optional<std::string_view> NextText() {
+    auto line = NextLine();
+    if (!line || !line->starts_with('"')) return line;
+    line->remove_prefix(1);
+    if (line->ends_with('"')) line->remove_suffix(1);
+    return line;
+  }
+
+  std::string_view rest_;
+  int lines_ = 0;
+  std::string fault_;
+};
+
+bool ReadModes(ValueReader& values, bool starting, Mode& mode) {
+  const std::optional<int> create = values.Number();
+  const std::optional<int> search = values.Number();
+  if (!create || !search) return true;
+  if (starting || create == 1) mode = Mode::create;
+  if (!starting && search == 1) mode = Mode::search;
+  return starting || create == 1 || search == 1;
+}
+
+void ReadPanelOptions(ValueReader& values, ConcordanceSettings& settings) {
+  values.Words(settings.extraStopWords);
+  const auto threshold = values.Place(LARGEST_THRESHOLD - SMALLEST_THRESHOLD + 1);
+  if (threshold && *threshold != NO_SELECTION) {
+    settings.thresholdFrequency = *threshold + SMALLEST_THRESHOLD;
+  }
+  for (bool* box :
+       {&settings.ignoreInfrequentWords, &settings.ignoreLists, &settings.allowWordsWithHyphens,
+        &settings.allowWordsWithNumerals, &settings.warnOnOverwrite, &settings.saveStateOnQuit}) {
+    values.Box(*box);
+  }
+}
+
+// False where the word order or the context size is no choice at all.
+bool ReadListingOptions(ValueReader& values, ConcordanceSettings& settings) {
+  values.Box(settings.showFrequencies);
+  values.Box(settings.showLineBreaks);
+  const auto order = values.Place(2);
+  if (order && *order != NO_SELECTION) {
+    settings.wordOrder = *order == 1 ? WordOrder::byFrequency : WordOrder::alphabetical;
+  }
+  const auto contextSize = values.Place(LARGEST_CONTEXT_SIZE + 1);
+  if (contextSize && *contextSize != NO_SELECTION) settings.contextSize = *contextSize;
+  values.Path(settings.stopWordsFile);
+  values.Words(settings.extraKeywords);
+  values.Box(settings.createIndexFile);
+  values.Box(settings.outputToFileDisabled);
+  return order != NO_SELECTION && contextSize != NO_SELECTION;
+}
+
+// A file that is gone is no choice any more.
+void KeepExisting(std::string& path) {
+  path = TrimBlanks(path);
+  if (!FileExists(path)) path.clear();
+}
+
+}  // namespace
+
+std::string StateFilePath() {
+  return JoinPath(JoinPath(UserConfigurationFolder(), "Quorvel"), "qvl.usr");
+}
+
+std::string SaveState(const ConcordanceSettings& settings, const std::string& path) {
+  const std::string prefix = "Error when attempting to save settings: ";
+  const std::string target = path.empty() ? StateFilePath() : path;
+  if (path.empty()) MakeFoldersFor(target);
+  OutputFile file(target);
+  file.Write(FileBytes(settings));
+  return file.Commit() ? "" : prefix + file.Error();
+}
+
+RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string& path,
+                                bool starting) {
+  const std::string prefix = "Error when attempting to restore settings: ";
+  constexpr std::uint64_t LONGEST_FILE = 1U << 20U;
+  const FileRead file = ReadFileBytes(path.empty() ? StateFilePath() : path, LONGEST_FILE);
+  if (!file.error.empty()) return {prefix + file.error};
+  RestoredState result;
+  ValueReader values(file.bytes);
+  for (std::string* name : {&settings.inputFile, &settings.searchResultsFile,
+                            &settings.keywordsFile, &settings.outputFile}) {
+    values.Path(*name);
+  }
+  result.modeSelected = ReadModes(values, starting, settings.mode);
+  ReadPanelOptions(values, settings);
+  const bool placesSelected = ReadListingOptions(values, settings);
+  if (!values.Fault().empty()) {
+    result.errorText = prefix + values.Fault();
+    return result;
+  }
+  // Only now: a place that is missing keeps nothing else from being read.
+  if (!placesSelected) result.errorText = "Invalid combo box index";
+  KeepExisting(settings.inputFile);
+  KeepExisting(settings.searchResultsFile);
+  KeepExisting(settings.keywordsFile);
+  return result;
+}
+
+}  // namespace quorvel

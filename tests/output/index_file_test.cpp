@@ -1,0 +1,247 @@
+#include "output/index_file.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "engine/table_fit.h"
+#include "input/path_names.h"
+#include "output/digest.h"
+#include "support/file_size_limit.h"
+#include "support/made_texts.h"
+#include "support/test_run.h"
+
+namespace quorvel {
+namespace {
+
+constexpr const char* SAMPLE = "/../../data/sample/the-lamp-at-harbour-end.txt";
+constexpr const char* SENTENCE =
+    "zz the dogs' well-known house, the Haus \xC0ge did; dogs zz the\r\n";
+
+TEST(IndexFile, HasItsBytes) {
+  TestRun run(SENTENCE);
+  run.settings.createIndexFile = true;
+  run.settings.extraStopWords = "the";
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  const std::string bytes = run.folder.Read("a.qvl.ndx");
+  const std::string digest = ComputeFileDigest(run.settings.inputFile).text;
+  EXPECT_EQ(bytes.substr(0, 34), digest + "\r\n");
+  EXPECT_EQ(bytes.substr(34, 10),
+            run.folder.Read("out.txt").substr(run.folder.Read("out.txt").find("): ") + 3, 10));
+  EXPECT_EQ(bytes.substr(50),
+            "\r\n 6 \r\n 2 \r\n 2 \r\n"
+            "\xC0ge*2*1*3*41\r\n"
+            "dog*0*2*1*0951\r\n"
+            "Haus*1*1*4*36\r\n"
+            "house*3*1*6*25\r\n"
+            "the*0*3*0*043259\r\n"
+            "well-known*4*1*0*14\r\n");
+}
+
+// The listing of a run, and whether it scanned its input.
+struct Listing {
+  RunOutcome outcome = RunOutcome::failed;
+  std::string text;
+  bool scanned = false;
+
+  bool operator==(const Listing&) const = default;
+};
+
+Listing ListingOf(RunState& state, ScriptedInterface& ui) {
+  ui.appends.clear();
+  Listing listing;
+  listing.outcome = RunConcordance(state, ui);
+  listing.text = state.outputText;
+  listing.scanned =
+      std::find(ui.appends.begin(), ui.appends.end(), "Sorting ...\r\n") != ui.appends.end();
+  return listing;
+}
+
+TEST(IndexFile, GivesTheListingOfAScan) {
+  const std::string story = ReadFileBytes(std::string(QUORVEL_TEST_DATA) + SAMPLE).bytes;
+  const std::string page =
+      "<!DOCTYPE html><html><head></head><body><ul><li>cats</ul>" + story + "</body>";
+  std::mt19937 random(9);
+  const std::string made =
+      RandomText(std::vector<std::string>{"cats ", "dog-", "-", "--", "<!--", "'s ", "bed", ". ",
+                                          "\xE9t\xE9s ", "9"},
+                 3000, random);
+  const std::pair<const char*, std::string> inputs[] = {{"a.txt", story},
+                                                        {"a.htm", page},
+                                                        {"b.txt", made},
+                                                        {"c.txt", "harbour"},
+                                                        {"d.txt", "a b c d"}};
+  for (const auto& [name, bytes] : inputs) {
+    SCOPED_TRACE(name);
+    TestRun run(bytes, name);
+    run.settings.createIndexFile = true;
+    run.settings.contextSize = 0;
+    const bool indexed = run.Go() == RunOutcome::done;
+    EXPECT_EQ(run.folder.Count(), indexed ? 3 : 1);
+    for (int options = 0; options < 12; ++options) {
+      RunState fresh;
+      fresh.settings = run.settings;
+      fresh.settings.createIndexFile = false;
+      fresh.settings.outputFile.clear();
+      fresh.settings.contextSize = options % 3 * 3;
+      fresh.settings.wordOrder =
+          options % 2 == 0 ? WordOrder::alphabetical : WordOrder::byFrequency;
+      fresh.settings.mode = options < 6 ? Mode::create : Mode::search;
+      fresh.settings.extraKeywords = "*e* h*+the";
+      Listing scanned = ListingOf(fresh, run.ui);
+      EXPECT_TRUE(scanned.scanned);
+      EXPECT_EQ(ReadIndexFile(fresh, false, run.ui), indexed);
+      scanned.scanned = !indexed;
+      EXPECT_TRUE(ListingOf(fresh, run.ui) == scanned);
+      EXPECT_TRUE(ListingOf(fresh, run.ui) == scanned);  // with the text at hand too
+    }
+  }
+}
+
+TEST(IndexFile, IsAskedForAndRefused) {
+  const std::string question =
+      "Index file found: An index file for this input file exists, created,\r\nnamely, @."
+      "\r\n\r\nDo you wish to use it?\n";
+  const std::string bad =
+      "Bad index file: The index file was not made from this input file as it is now,\r\n"
+      "so the input file will be scanned.\n";
+  struct Row {
+    const char* name;
+    void (*change)(TestRun&);
+    bool loaded;
+    std::string saidAtLoad;
+    std::string saidInRun;
+  };
+  const Row rows[] = {
+      {"accepted", [](TestRun&) {}, true, question, ""},
+      {"declined", [](TestRun& run) { run.ui.answers = {Answer::no}; }, false, question, ""},
+      {"no index", [](TestRun& run) { (void)RemoveFileOrFolder(run.folder.Path("a.qvl.ndx")); },
+       false, "", ""},
+      {"input changed", [](TestRun& run) { (void)run.folder.Write("a.htm", SENTENCE); }, false, bad,
+       ""},
+      {"empty index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", ""); }, false, bad,
+       ""},
+      {"cut index",
+       [](TestRun& run) {
+         (void)run.folder.Write("a.qvl.ndx", run.folder.Read("a.qvl.ndx").substr(0, 90));
+       },
+       false, question, ""},
+      {"other lists setting", [](TestRun& run) { run.settings.ignoreLists = true; }, true, question,
+       bad}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    TestRun run(
+        "<!DOCTYPE html><html><head></head><body>The cat sat <ul><li>cats</ul> on the mat, the "
+        "cat.",
+        "a.htm");
+    run.settings.createIndexFile = true;
+    EXPECT_EQ(run.Go(), RunOutcome::done);
+    const std::string date = run.folder.Read("a.qvl.ndx").substr(34, 16);
+    row.change(run);
+    RunState fresh;
+    fresh.settings = run.settings;
+    EXPECT_EQ(ReadIndexFile(fresh, true, run.ui), row.loaded);
+    EXPECT_EQ(run.ui.Said(date), row.saidAtLoad);
+    run.ui.questions.clear();
+    const Listing listing = ListingOf(fresh, run.ui);
+    EXPECT_EQ(run.ui.Said(), row.saidInRun);
+    EXPECT_EQ(listing.scanned, !row.loaded || !row.saidInRun.empty());
+    RunState scan;
+    scan.settings = fresh.settings;
+    EXPECT_EQ(ListingOf(scan, run.ui).text, listing.text);
+  }
+}
+
+// The input is written again between two runs of one session, and between load and run.
+TEST(IndexFile, NoticesAChangedInput) {
+  for (const bool fromFile : {false, true}) {
+    TestRun run("the cat and the dog and the cat\r\n");
+    run.settings.createIndexFile = true;
+    run.settings.contextSize = 0;
+    EXPECT_EQ(run.Go(), RunOutcome::done);
+    if (fromFile) {
+      EXPECT_TRUE(ReadIndexFile(run.state, false, run.ui));
+    }
+    (void)run.folder.Write("a.txt", "the cow and the dog and the cow and\r\n");
+    EXPECT_EQ(run.Go(), RunOutcome::done);
+    EXPECT_EQ(run.Entries(), "and 3\r\ncow 2\r\ndog 1\r\nthe 3\r\n\r\n");
+    EXPECT_EQ(run.ui.questions.size(), fromFile ? 1U : 0U);
+  }
+}
+
+TEST(IndexFile, BadBytesNeverChangeAListing) {
+  TestRun run(std::string(SENTENCE) + "all the dogs of the house\r\n");
+  run.settings.createIndexFile = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  const std::string bytes = run.folder.Read("a.qvl.ndx");
+  const auto isOfScan = [&run](const WordTable& table) {
+    return std::equal(table.entries.begin(), table.entries.end(), run.state.table.entries.begin(),
+                      run.state.table.entries.end(), [](const WordEntry& a, const WordEntry& b) {
+                        return a.word == b.word && a.sortKey == b.sortKey &&
+                               a.positions == b.positions;
+                      });
+  };
+  for (std::size_t length = 0; length <= bytes.size(); ++length) {
+    const auto table = TableOfIndexFile(std::string_view(bytes).substr(0, length));
+    EXPECT_EQ(table.has_value(), length == bytes.size() || length + 2 == bytes.size()) << length;
+  }
+  std::mt19937 random(3);
+  const std::string replacements = std::string("0123456789* -\r\nazZ\xFF") + '\0';
+  int accepted = 0;
+  for (int i = 0; i < 20000; ++i) {
+    std::string changed = bytes;
+    const std::size_t place = 50 + random() % (bytes.size() - 50);
+    const std::string piece(random() % 3, replacements[random() % replacements.size()]);
+    changed.replace(place, random() % 2 + (piece.empty() ? 1 : 0), piece);
+    const auto table = TableOfIndexFile(changed);
+    if (!table || !TableFitsText(*table, run.state.documentText)) continue;
+    ++accepted;
+    EXPECT_TRUE(isOfScan(*table)) << changed;
+  }
+  EXPECT_GT(accepted, 100);  // the frequency links, which are made anew, may say what they like
+  for (const char* head :
+       {"\r\n 1000000 \r\n", "\r\n -1 \r\n", "\r\n 99999999999 \r\n", "\r\n\r\n"}) {
+    EXPECT_FALSE(
+        TableOfIndexFile(bytes.substr(0, 50) + head + bytes.substr(bytes.find("\r\n", 52) + 2)));
+  }
+}
+
+TEST(IndexFile, LeavesTheOldOneWhenItCannotBeWritten) {
+  TestRun run(SENTENCE);
+  run.settings.createIndexFile = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  const std::string digest = ComputeFileDigest(run.settings.inputFile).text;
+  const std::size_t length = run.folder.Read("a.qvl.ndx").size();
+  (void)run.folder.Write("a.qvl.ndx", "old");
+  for (std::size_t limit = 0; limit < length; ++limit) {
+    const FileSizeLimit full(limit);
+    EXPECT_FALSE(CreateIndexFile(run.state, digest));
+    EXPECT_EQ(run.folder.Read("a.qvl.ndx"), "old");
+    EXPECT_EQ(run.folder.Count(), 3);
+  }
+  EXPECT_FALSE(CreateIndexFile(run.state, "of another input"));
+  EXPECT_TRUE(CreateIndexFile(run.state, digest));
+}
+
+TEST(IndexFile, IsNotWrittenWithoutAConcordance) {
+  const std::pair<const char*, void (*)(TestRun&)> rows[] = {
+      {"search", [](TestRun& run) { run.settings.mode = Mode::search; }},
+      {"output disabled", [](TestRun& run) { run.settings.outputToFileDisabled = true; }},
+      {"no output name", [](TestRun& run) { run.settings.outputFile.clear(); }},
+      {"nothing listed", [](TestRun& run) { run.settings.extraStopWords = "cat dog the and"; }},
+      {"not asked for", [](TestRun& run) { run.settings.createIndexFile = false; }},
+      {"stopped", [](TestRun& run) { run.ui.stopAtYield = 1; }}};
+  for (const auto& [name, change] : rows) {
+    TestRun run("the cat and the dog and the cat\r\n");
+    run.settings.createIndexFile = true;
+    run.settings.extraKeywords = "cat";
+    run.settings.searchResultsFile = run.settings.outputFile;
+    change(run);
+    (void)run.Go();
+    EXPECT_EQ(run.folder.Read("a.qvl.ndx"), "") << name;
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
