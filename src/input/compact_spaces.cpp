@@ -19,7 +19,7 @@ using Block = std::array<std::uint8_t, BLOCK>;
 // Whether two blanks stand side by side in a block, or one at its front behind the
 // byte `before`. Looks at all of it, for that is quicker than to stop at the first two.
 bool BlanksMeet(const Block& block, std::uint8_t before) {
-  unsigned meet = static_cast<unsigned>(before == BLANK && block[0] == BLANK);
+  auto meet = static_cast<unsigned>(before == BLANK && block[0] == BLANK);
   for (std::size_t k = 1; k < BLOCK; ++k) {
     meet |= static_cast<unsigned>(block[k - 1] == BLANK) & static_cast<unsigned>(block[k] == BLANK);
   }
