@@ -1,5 +1,6 @@
 #include "output/concordance_file.h"
 
+#include <algorithm>
 #include <array>
 
 #include "input/file_system.h"
@@ -75,9 +76,17 @@ FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::strin
   const std::string& target = OutputFileOf(settings);
   if (target.empty() || !MayReplace(settings, target, ui)) return FileOutcome::notWanted;
   OutputFile file(target);
-  const bool whole = file.Error().empty() &&
-                     WriteFileBytes(settings, outputText, std::time(nullptr),
-                                    [&file](std::string_view bytes) { return file.Write(bytes); });
+  const auto write = [&file, &ui](std::string_view bytes) {
+    // A long listing takes long enough for the user to want the window meanwhile.
+    constexpr std::size_t PIECE = std::size_t{1} << 20U;
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(PIECE, bytes.size()))) {
+      if (!file.Write(bytes.substr(0, PIECE))) return false;
+      ui.YieldNow();
+    }
+    return true;
+  };
+  const bool whole =
+      file.Error().empty() && WriteFileBytes(settings, outputText, std::time(nullptr), write);
   if (!whole || !file.Commit()) return FileOutcome::failed;
   if (settings.mode == Mode::create) ui.PopUp("Concordance file written");
   return FileOutcome::written;

@@ -185,8 +185,10 @@ ListingOutcome ListWords(RunState& state, UserInterface& ui) {
   const bool complete = state.settings.wordOrder == WordOrder::alphabetical
                             ? ListWordsAlphabetically(state, ui)
                             : ListWordsByFrequency(state, ui);
+  // A stop from here on comes too late: the listing is whole, and written whole.
+  const bool stopped = ui.StopRequested();
   const ListingOutcome outcome = FinishListing(state, complete, ui);
-  if (!ui.StopRequested()) return outcome;
+  if (!stopped) return outcome;
   ui.AppendOutput("\r\nListing stopped.\r\n");
   return outcome == ListingOutcome::failed ? outcome : ListingOutcome::stopped;
 }

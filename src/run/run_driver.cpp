@@ -79,9 +79,11 @@ bool ReadText(RunState& state, UserInterface& ui) {
       ObtainDocumentText(state.settings.inputFile, state.encodingChoice, state.settings.inputIsUtf8,
                          state.macNoticeShown, ui);
   if (!text || !PrepareText(state.settings, *text, ui)) return false;
+  ui.YieldNow();
   state.documentText = DecodeAnsi(*text);
   BlankDoubleHyphens(state.documentText);
-  return true;
+  ui.YieldNow();
+  return !ui.StopRequested();
 }
 
 // Whether the table holds the words of the input as it is now, so that they need not be
