@@ -174,7 +174,7 @@ for seed in 1 2 3 4 5 6 7 8 9 10; do "$BENCH" text $TEXT_LENGTH 5000 $seed; done
 bibleStopWords=$(too_frequent_words bible.txt)
 longStopWords=$(too_frequent_words long.txt)
 echo 'harvest' >one.txt
-{ cat one.txt; "$BENCH" text 400000 10000 2 | tr -cs '[:lower:]' '\n' | sort -u | head -n 10000; } >many.txt
+{ cat one.txt; "$BENCH" text 1000000 30000 2 | tr -cs '[:lower:]' '\n' | sort -u | awk 'length >= 7 && ++n <= 10000'; } >many.txt
 "$CLI" bible.txt -q --language none --extra-stop-words "$bibleStopWords" --index -o with_index.txt
 echo "Too frequent to be listed: $bibleStopWords; in the long text: $longStopWords"
 

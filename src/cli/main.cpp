@@ -72,8 +72,8 @@ int Run(const CommandLine& commandLine) {
   if (outcome == RunOutcome::nothingFound) {
     ui.Say("No words satisfying the conditions were found.");
   }
-  if (outcome == RunOutcome::failed && state.settings.mode == Mode::search &&
-      !commandLine.toStandardOutput) {
+  // A search is silent about a file that it cannot write; a script wants to know.
+  if (outcome == RunOutcome::failed && !ui.HasSpoken() && !commandLine.toStandardOutput) {
     ui.Say("An error occurred when creating search results file.");
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {

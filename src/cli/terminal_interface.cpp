@@ -91,6 +91,7 @@ void TerminalInterface::YieldNow() {
 
 void TerminalInterface::Say(std::string_view text) {
   ClearBar();
+  spoken_ = true;
   std::cerr << "quorvel-cli: " << TerminalText(text) << std::endl;
 }
 

@@ -29,6 +29,9 @@ class TerminalInterface : public UserInterface {
   // Writes "quorvel-cli: " and the text to standard error.
   void Say(std::string_view text);
 
+  // Whether anything but progress has been said.
+  [[nodiscard]] bool HasSpoken() const { return spoken_; }
+
  private:
   void ClearBar();
 
@@ -36,6 +39,7 @@ class TerminalInterface : public UserInterface {
   bool quiet_;
   bool showsProgress_;
   bool barShown_ = false;
+  bool spoken_ = false;
 };
 
 // From now on an interrupt (Ctrl-C) asks the run to stop, and the next one ends

@@ -18,10 +18,11 @@ namespace quorvel {
 // Whose words the table holds without a scan: those of an index file that was read, or
 // written after the scan.
 struct WordsAtHand {
-  std::string inputFile;  // empty: nobody's, so that the next run scans its input
-  std::string digest;     // of the input's bytes ...
-  FileStamp stamp;        // ... and what the input was like when that was computed
-  bool withText = false;  // the document text is there too, read under these settings:
+  std::string inputFile;       // empty: nobody's, so that the next run scans its input
+  std::string digest;          // of the input's bytes ...
+  FileStamp stamp;             // ... and what the input was like when that was computed
+  bool fromIndexFile = false;  // and so to be compared with the text
+  bool withText = false;       // the document text is there too, read under these settings:
   bool inputIsUtf8 = false;
   bool ignoreLists = false;
 };

@@ -78,15 +78,13 @@ class Spelling {
 
 bool WordFits(const WordEntry& entry, std::u16string_view text) {
   constexpr std::size_t AHEAD = 8;
-  const std::size_t count = entry.positions.size();
+  const std::vector<std::int32_t>& positions = entry.positions;
   const Spelling spelling(entry.word);
-  for (std::size_t k = 0; k < count; ++k) {
-    const auto position = static_cast<std::size_t>(entry.positions[k]);
-    if (position > text.size()) return false;
-    if (k + AHEAD < count) {
-      const auto ahead = static_cast<std::size_t>(entry.positions[k + AHEAD]);
-      if (ahead <= text.size()) __builtin_prefetch(text.data() + ahead - 1);
-    }
+  const std::size_t step = entry.include ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
+  if (static_cast<std::size_t>(positions.back()) > text.size()) return false;
+  for (std::size_t k = 0; k < positions.size(); k += step) {
+    const auto position = static_cast<std::size_t>(positions[k]);
+    if (k + AHEAD < positions.size()) __builtin_prefetch(text.data() + positions[k + AHEAD]);
     if (spelling.StandsAt(text, position - 1)) continue;
     if (!TokenGivesWord(text, position, entry.word)) return false;
   }

@@ -7,11 +7,12 @@
 
 namespace quorvel {
 
-// True when each word of `table` stands at each of its places in `text`, whose double
-// hyphens are blanked, as the scan would have recorded it, and no word follows the
-// last place. A table made from the same file under other settings (encoding, lists
-// left out) never fits, since these move whatever follows. Positions must ascend.
-// Not looked for: words left out of the table between others.
+// True when each word of `table` stands at its places in `text`, whose double hyphens are
+// blanked, as the scan would have recorded it, and no word follows the last place. Of a
+// word that is not included only the first and the last place are looked at. A table
+// made from the same file under other settings (encoding, lists left out) never fits,
+// since these move whatever follows. Places must ascend. Not looked for: words left out
+// of the table between others.
 [[nodiscard]] bool TableFitsText(const WordTable& table, std::u16string_view text);
 
 }  // namespace quorvel

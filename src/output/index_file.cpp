@@ -187,7 +187,7 @@ bool CreateIndexFile(RunState& state, const std::string& digest) {
   file.Write(IndexFileBytes(state.table, digest, std::time(nullptr)));
   if (!file.Commit()) return false;
   state.words = {
-      input, digest, stamp, true, state.settings.inputIsUtf8, state.settings.ignoreLists};
+      input, digest, stamp, false, true, state.settings.inputIsUtf8, state.settings.ignoreLists};
   return true;
 }
 
@@ -207,7 +207,7 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   std::optional<WordTable> table = TableOfIndexFile(file.bytes);
   if (!table) return false;
   state.table = std::move(*table);
-  state.words = {input, digest, stamp};
+  state.words = {input, digest, stamp, true};
   return true;
 }
 

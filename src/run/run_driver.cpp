@@ -101,20 +101,8 @@ bool AreWordsAtHand(const RunState& state, UserInterface& ui) {
       ComputeFileDigest(settings.inputFile).text == words.digest) {
     return true;
   }
-  if (!words.withText) ShowBadIndexFile(ui);
+  if (words.fromIndexFile) ShowBadIndexFile(ui);
   return false;
-}
-
-// Whether the words that an index file gave stand in the text; the user is told if not.
-bool TakeWordsFromIndex(RunState& state, UserInterface& ui) {
-  if (!TableFitsText(state.table, state.documentText)) {
-    ShowBadIndexFile(ui);
-    return false;
-  }
-  state.words.withText = true;
-  state.words.inputIsUtf8 = state.settings.inputIsUtf8;
-  state.words.ignoreLists = state.settings.ignoreLists;
-  return true;
 }
 
 RunOutcome StopAfterScan(RunState& state, UserInterface& ui) {
@@ -155,18 +143,8 @@ RunOutcome OutcomeOf(ListingOutcome listing) {
   }
 }
 
-enum class Gathering { done, refused, stoppedReading, stoppedScanning };
-
-// Sees to it that the table holds the words of the input, and that its text is there.
-Gathering GatherWords(RunState& state, bool& scanned, UserInterface& ui) {
-  bool atHand = AreWordsAtHand(state, ui);
-  if (!atHand) state.words = {};
-  if (!state.words.withText && !ReadText(state, ui)) {
-    return ui.StopRequested() ? Gathering::stoppedReading : Gathering::refused;
-  }
-  if (atHand && !state.words.withText) atHand = TakeWordsFromIndex(state, ui);
-  scanned = !atHand;
-  if (atHand) return Gathering::done;
+// Fills the table from the text. False when that was stopped.
+bool ScanText(RunState& state, UserInterface& ui) {
   state.words = {};
   EmptyWordTable(state.table);
   state.table.positionWidth = PositionWidth(state.documentText.size());
@@ -174,18 +152,36 @@ Gathering GatherWords(RunState& state, bool& scanned, UserInterface& ui) {
   ui.AppendOutput("Sorting ...\r\n");
   SortWordTable(state.table);
   ui.YieldNow();
-  return ui.StopRequested() ? Gathering::stoppedScanning : Gathering::done;
+  return !ui.StopRequested();
 }
 
-// Lists the words that are gathered.
-RunOutcome ListGatheredWords(RunState& state, UserInterface& ui) {
+// Admits and orders the words that are at hand. False when they come from an index file
+// and do not stand in the text as that has it; the user is told.
+bool TakeWordsAtHand(RunState& state, UserInterface& ui) {
   OrderTable(state, ui);
+  if (!state.words.fromIndexFile || TableFitsText(state.table, state.documentText)) return true;
+  ShowBadIndexFile(ui);
+  return false;
+}
+
+// Lists the words, which are admitted and ordered.
+RunOutcome ListOrderedWords(RunState& state, UserInterface& ui) {
   ShowWordCounts(state.table, ui);
   if (state.table.includedCount == 0) {
     ui.SetOutput("No words satisfying the conditions were found.");
     return RunOutcome::nothingFound;
   }
   return OutcomeOf(ListWords(state, ui));
+}
+
+// Reads the text unless it is there, and notes what it was read under.
+bool ReadTextOnce(RunState& state, UserInterface& ui) {
+  if (state.words.withText) return true;
+  if (!ReadText(state, ui)) return false;
+  state.words.withText = true;
+  state.words.inputIsUtf8 = state.settings.inputIsUtf8;
+  state.words.ignoreLists = state.settings.ignoreLists;
+  return true;
 }
 
 RunOutcome RunPhases(RunState& state, UserInterface& ui) {
@@ -195,21 +191,21 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
   }
   const bool wantsIndex = state.settings.createIndexFile && state.settings.mode == Mode::create;
   const std::string digest = wantsIndex ? ComputeFileDigest(state.settings.inputFile).text : "";
-  bool scanned = false;
-  switch (GatherWords(state, scanned, ui)) {
-    case Gathering::refused:
-      return RunOutcome::refused;
-    case Gathering::stoppedReading:
-      ui.SetOutput("Stopped when reading file.");
-      return RunOutcome::stopped;
-    case Gathering::stoppedScanning:
-      return StopAfterScan(state, ui);
-    case Gathering::done:
-      break;
+  const bool atHand = AreWordsAtHand(state, ui);
+  if (!atHand) state.words = {};
+  if (!ReadTextOnce(state, ui)) {
+    if (!ui.StopRequested()) return RunOutcome::refused;
+    ui.SetOutput("Stopped when reading file.");
+    return RunOutcome::stopped;
+  }
+  const bool scans = !atHand || !TakeWordsAtHand(state, ui);
+  if (scans) {
+    if (!ScanText(state, ui)) return StopAfterScan(state, ui);
+    OrderTable(state, ui);
   }
   state.outputWritten = false;
-  const RunOutcome outcome = ListGatheredWords(state, ui);
-  if (wantsIndex && scanned && state.outputWritten) CreateIndexFile(state, digest);
+  const RunOutcome outcome = ListOrderedWords(state, ui);
+  if (wantsIndex && scans && state.outputWritten) CreateIndexFile(state, digest);
   return outcome;
 }
 
