@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "util/large_pages.h"
+
 #ifdef _WIN32
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -241,6 +243,7 @@ FileRead ReadFileBytes(const std::string& path, std::uint64_t limit) {
   if (!file.IsOpen()) return failed();
   // One byte more than the file has shows its end without another round.
   std::uint64_t wanted = static_cast<std::uint64_t>(FileLength(path).value_or(0)) + 1;
+  ReserveLarge(result.bytes, static_cast<std::size_t>(std::min(wanted, limit)));
   for (std::size_t done = 0;; wanted = std::max(2 * wanted, STEP)) {
     const auto length = static_cast<std::size_t>(std::min(wanted, limit));
     result.bytes.resize(length);

@@ -5,6 +5,7 @@
 
 #include "input/file_system.h"
 #include "input/utf8_repair.h"
+#include "util/large_pages.h"
 
 namespace quorvel {
 namespace {
@@ -42,7 +43,7 @@ TextFile JoinLines(std::string_view bytes, const ReadOptions& options) {
     bytes.remove_prefix(BYTE_ORDER_MARK.size());
   }
   TextFile result;
-  result.text.reserve(bytes.size() + bytes.size() / 16);
+  ReserveLarge(result.text, bytes.size() + bytes.size() / 16);
   std::string repaired;
   while (!bytes.empty()) {
     std::string_view line = TakeLine(bytes);

@@ -6,6 +6,7 @@
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
 #include "util/ansi.h"
+#include "util/large_pages.h"
 #include "util/progress_bar.h"
 #include "util/time_text.h"
 
@@ -48,7 +49,7 @@ class ListingPass {
       : state_(state), ui_(ui), composer_(state.documentText, OptionsOf(state)) {
     if (state.table.WordCount() > FEWEST_WORDS_FOR_BAR) bar_.emplace(ui);
     state.outputText = {};
-    state.outputText.reserve(ExpectedLength(state));
+    ReserveLarge(state.outputText, ExpectedLength(state));
   }
 
   // Lists entry `i`, 1-based, the `step`-th one looked at; false when it cannot be listed.

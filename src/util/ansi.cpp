@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "util/large_pages.h"
+
 namespace quorvel {
 namespace {
 
@@ -114,7 +116,9 @@ void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
 // character is looked at byte by byte.
 std::u16string DecodeAnsi(std::string_view bytes) {
   constexpr std::size_t BLOCK = 64;
-  std::u16string text(bytes.size(), u'\0');
+  std::u16string text;
+  ReserveLarge(text, bytes.size());
+  text.resize(bytes.size());
   char16_t* out = text.data();
   for (std::size_t i = 0; i < bytes.size(); i += BLOCK) {
     const std::string_view block = bytes.substr(i, BLOCK);

@@ -1,0 +1,37 @@
+#include "util/large_pages.h"
+
+#include <cstdint>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+namespace quorvel {
+namespace {
+
+#ifdef __linux__
+// Only the whole pages inside the memory; what lies around them is not ours to advise on.
+void Advise(void* memory, std::size_t length) {
+  constexpr std::uintptr_t PAGE = 4096;
+  constexpr std::size_t WORTH_IT = std::size_t{4} << 20U;
+  if (length < WORTH_IT) return;
+  const auto start = (reinterpret_cast<std::uintptr_t>(memory) + PAGE - 1) / PAGE * PAGE;
+  const auto end = (reinterpret_cast<std::uintptr_t>(memory) + length) / PAGE * PAGE;
+  ::madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE);
+}
+#else
+void Advise(void* /*memory*/, std::size_t /*length*/) {}
+#endif
+
+}  // namespace
+
+template <typename Character>
+void ReserveLarge(std::basic_string<Character>& text, std::size_t characters) {
+  text.reserve(characters);
+  Advise(text.data(), characters * sizeof(Character));
+}
+
+template void ReserveLarge(std::string& text, std::size_t characters);
+template void ReserveLarge(std::u16string& text, std::size_t characters);
+
+}  // namespace quorvel
