@@ -15,9 +15,9 @@ void Advise(void* memory, std::size_t length) {
   constexpr std::uintptr_t PAGE = 4096;
   constexpr std::size_t WORTH_IT = std::size_t{4} << 20U;
   if (length < WORTH_IT) return;
-  const auto start = (reinterpret_cast<std::uintptr_t>(memory) + PAGE - 1) / PAGE * PAGE;
-  const auto end = (reinterpret_cast<std::uintptr_t>(memory) + length) / PAGE * PAGE;
-  ::madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE);
+  const std::uintptr_t intoPage = reinterpret_cast<std::uintptr_t>(memory) % PAGE;
+  const std::size_t skipped = intoPage == 0 ? 0 : PAGE - intoPage;
+  ::madvise(static_cast<char*>(memory) + skipped, (length - skipped) / PAGE * PAGE, MADV_HUGEPAGE);
 }
 #else
 void Advise(void* /*memory*/, std::size_t /*length*/) {}
