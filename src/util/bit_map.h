@@ -4,7 +4,7 @@
 // are in between.
 #pragma once
 
-#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <limits>
@@ -22,14 +22,17 @@ class BitMap {
   // Bits for `length` places, set where `isSet` says so of a place.
   template <typename Predicate>
   BitMap(std::size_t length, Predicate isSet) : BitMap(length) {
+    std::array<std::uint8_t, BITS> flags{};
     for (std::size_t word = 0; word < words_.size(); ++word) {
       const std::size_t first = word * BITS;
-      const std::size_t count = std::min(BITS, length - first);
-      std::uint64_t bits = 0;
-      for (std::size_t i = 0; i < count; ++i) {
-        bits |= static_cast<std::uint64_t>(isSet(first + i)) << i;
+      if (first + BITS <= length) {
+        // Of a fixed length, so that the compiler asks for many places at once.
+        for (std::size_t i = 0; i < BITS; ++i) flags[i] = isSet(first + i) ? 1 : 0;
+      } else {
+        flags.fill(0);
+        for (std::size_t i = 0; first + i < length; ++i) flags[i] = isSet(first + i) ? 1 : 0;
       }
-      words_[word] = bits;
+      words_[word] = BitsOf(flags);
     }
   }
 
@@ -76,6 +79,20 @@ class BitMap {
 
  private:
   static constexpr std::size_t BITS = 64;
+
+  // Each flag, 0 or 1, as one bit: the product moves the lowest bits of eight bytes side by
+  // side into its uppermost byte.
+  static std::uint64_t BitsOf(const std::array<std::uint8_t, BITS>& flags) {
+    constexpr std::size_t BYTES = 8;
+    constexpr std::uint64_t GATHER = 0x0102040810204080U;
+    std::uint64_t bits = 0;
+    for (std::size_t i = 0; i < BITS; i += BYTES) {
+      std::uint64_t eight = 0;
+      for (std::size_t k = 0; k < BYTES; ++k) eight |= std::uint64_t{flags[i + k]} << (8 * k);
+      bits |= ((eight * GATHER) >> 56U) << i;
+    }
+    return bits;
+  }
 
   std::vector<std::uint64_t> words_;
 };
