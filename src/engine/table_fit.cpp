@@ -20,10 +20,15 @@ namespace {
 // stand a plural "s" and the few hyphens that are not blanked.
 constexpr std::size_t LONGEST_TOKEN = 64;
 
-// Whether the tokenizer gives a word that is spelled so as itself.
-bool IsScannedWord(const std::u16string& word) {
-  if (word.empty() || !MayEnterTable(word)) return false;
-  if (!std::all_of(word.begin(), word.end(), IsWordCharacter)) return false;
+// Whether a word may be in a table at all; where it stands is looked at later.
+bool MayBeScanned(const std::u16string& word) {
+  return !word.empty() && MayEnterTable(word) &&
+         std::all_of(word.begin(), word.end(), IsWordCharacter);
+}
+
+// Whether a token that is spelled so gives itself. "1990" and "TV-" are words, but only
+// where a plural "s" was dropped ("1990s", "TV-s").
+bool GivesItself(const std::u16string& word) {
   std::size_t position = 1;
   return GetWord(word + u" ", position) == word;
 }
@@ -80,12 +85,13 @@ bool WordFits(const WordEntry& entry, std::u16string_view text) {
   constexpr std::size_t AHEAD = 8;
   const std::vector<std::int32_t>& positions = entry.positions;
   const Spelling spelling(entry.word);
+  const bool givesItself = GivesItself(entry.word);
   const std::size_t step = entry.include ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
   if (static_cast<std::size_t>(positions.back()) > text.size()) return false;
   for (std::size_t k = 0; k < positions.size(); k += step) {
     const auto position = static_cast<std::size_t>(positions[k]);
     if (k + AHEAD < positions.size()) __builtin_prefetch(text.data() + positions[k + AHEAD]);
-    if (spelling.StandsAt(text, position - 1)) continue;
+    if (givesItself && spelling.StandsAt(text, position - 1)) continue;
     if (!TokenGivesWord(text, position, entry.word)) return false;
   }
   return true;
@@ -109,7 +115,7 @@ bool TableFitsText(const WordTable& table, std::u16string_view text) {
   if (table.positionWidth != PositionWidth(text.size())) return false;
   std::size_t lastEnd = 1;
   for (const WordEntry& entry : table.entries) {
-    if (!IsScannedWord(entry.word) || !WordFits(entry, text)) return false;
+    if (!MayBeScanned(entry.word) || !WordFits(entry, text)) return false;
     const auto last = static_cast<std::size_t>(entry.positions.back());
     lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));
   }

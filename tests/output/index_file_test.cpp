@@ -71,7 +71,8 @@ TEST(IndexFile, GivesTheListingOfAScan) {
                                                         {"a.htm", page},
                                                         {"b.txt", made},
                                                         {"c.txt", "harbour"},
-                                                        {"d.txt", "a b c d"}};
+                                                        {"d.txt", "a b c d"},
+                                                        {"e.txt", "the TV-s of the 1990s zz"}};
   for (const auto& [name, bytes] : inputs) {
     SCOPED_TRACE(name);
     TestRun run(bytes, name);
