@@ -4,23 +4,28 @@
 # Prints each offence as file:line: reason; exit status 1 when there is one.
 set -euo pipefail
 
-# From the bottom up. The last one is the outermost: everything before it is the core.
-LAYERS="util input settings lists engine output run cli"
+# The core, from the bottom up.
+LAYERS="util input settings lists engine output run"
+# What stands on top of it, side by side: each may include the core, none of them another.
+FRONT_ENDS="cli ui"
 
 cd "$(dirname "$0")/../src"
 
 mapfile -t files < <(find . -type f \( -name '*.h' -o -name '*.cpp' \) -printf '%P\n' | LC_ALL=C sort)
 
-offences=$(awk -v layers="$LAYERS" '
+offences=$(awk -v layers="$LAYERS" -v fronts="$FRONT_ENDS" '
   BEGIN {
     count = split(layers, names, " ")
     for (i = 1; i <= count; i++) rank[names[i]] = i
+    top = count + 1
+    count = split(fronts, names, " ")
+    for (i = 1; i <= count; i++) rank[names[i]] = top
   }
   function complain(line, reason) { print "src/" FILENAME ":" line ": " reason }
 
   FNR == 1 {
     if (split(FILENAME, part, "/") != 2 || !(part[1] in rank)) {
-      complain(1, "stands in none of the folders " layers ", so nothing builds it")
+      complain(1, "stands in none of the folders " layers " " fronts ", so nothing builds it")
       nextfile
     }
     own = part[1]
@@ -28,13 +33,19 @@ offences=$(awk -v layers="$LAYERS" '
   /^[ \t]*#[ \t]*include[ \t]*"/ {
     split($0, quoted, "\"")
     target = quoted[2]
+    if (own == "ui" && target ~ /^ui_[a-z_]+\.h$/) next # made from a .ui file
     if (split(target, part, "/") != 2 || !(part[1] in rank))
       complain(FNR, "\"" target "\" is not written from src/ as folder/file.h")
     else if (rank[part[1]] > rank[own])
       complain(FNR, own " stands below " part[1] " and must not include \"" target "\"")
+    else if (rank[part[1]] == top && part[1] != own)
+      complain(FNR, own " stands beside " part[1] " and must not include \"" target "\"")
   }
-  /^[ \t]*#[ \t]*include[ \t]*<(CLI\/|Q[A-Z]|Qt)/ && rank[own] < count {
-    complain(FNR, "the core knows no window and no command line")
+  /^[ \t]*#[ \t]*include[ \t]*<CLI\// && own != "cli" {
+    complain(FNR, "only cli knows the command-line library")
+  }
+  /^[ \t]*#[ \t]*include[ \t]*<(Q[A-Z]|Qt)/ && own != "ui" {
+    complain(FNR, "only ui knows the window library")
   }' "${files[@]}" </dev/null)
 
 if [[ -n $offences ]]; then

@@ -1,0 +1,51 @@
+// The walk over the XML of a document's body.
+
+#include "fuzz_input.h"
+#include "input/docx_text.h"
+#include "naive/naive_forms.h"
+#include "naive/places.h"
+#include "util/silent_interface.h"
+
+namespace quorvel::fuzz {
+namespace {
+
+// The 0-based place of the first start of a run, which a blank or ">" follows; npos for none.
+std::size_t RunStart(const std::string& xml) {
+  return std::min(xml.find("<w:t "), xml.find("<w:t>"));
+}
+
+// The text of one run as it is shown.
+std::string RunText(std::string run) {
+  if (run.find_first_not_of(' ') == std::string::npos) return " ";
+  run = naive::Replace(naive::Replace(naive::Replace(run, "&amp;", "&"), "&lt;", "<"), "&gt;", ">");
+  return naive::PlainPunctuation(naive::RepairUtf8(run));
+}
+
+// The body cut at its run ends; each piece gives the run that ends it.
+std::string ReadNaively(const std::string& xml) {
+  std::string text;
+  for (std::size_t begin = 0, end = 0; (end = xml.find("</w:t>", begin)) != std::string::npos;) {
+    const std::string piece = xml.substr(begin, end - begin);
+    const std::size_t start = RunStart(piece);
+    if (start == std::string::npos) break;
+    const std::string between = piece.substr(0, start);
+    const bool broken = begin > 0 && (between.find("<w:br/>") != std::string::npos ||
+                                      between.find("</w:p>") != std::string::npos);
+    const std::size_t mark = std::min(piece.find('>', start), piece.size() - 1);
+    text += RunText(std::string(broken ? 1 : 0, ' ').append(piece, mark + 1));
+    begin = end + 6;
+  }
+  return text;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string xml = FuzzInput(data, size).Rest();
+  SilentInterface ui;
+  RequireSame(ReadDocumentRuns(xml, ui).text, ReadNaively(xml),
+              "ReadDocumentRuns is its naive form");
+  return 0;
+}
+
+}  // namespace quorvel::fuzz

@@ -1,0 +1,98 @@
+// What the fuzz targets share: options off the front of an input, a folder for files, and the
+// check that ends the program where two ways of doing the same differ.
+//
+// A target is one file with the function LLVMFuzzerTestOneInput, which takes any bytes and comes
+// back. `./dev fuzz` feeds it with inputs made from fuzz/seeds/ and the dictionary beside it; the
+// tests feed it with what fuzz/seeds/ and fuzz/corpus/ hold. An input that once failed is kept in
+// fuzz/corpus/, under a name that says what was wrong.
+#pragma once
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "util/ansi.h"
+
+namespace quorvel::fuzz {
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+// Takes an input apart, front to back.
+class FuzzInput {
+ public:
+  FuzzInput(const std::uint8_t* data, std::size_t size)
+      : rest_(reinterpret_cast<const char*>(data), size) {}  // NOLINT(*-reinterpret-cast)
+
+  // A number from 0 to `count` - 1 by the next byte, 0 where there is none. "0" to "9" stand for
+  // themselves, so that seeds can be typed.
+  int Number(int count) {
+    if (rest_.empty()) return 0;
+    const auto byte = static_cast<std::uint8_t>(rest_.front() - '0');
+    rest_.remove_prefix(1);
+    return byte % count;
+  }
+
+  bool Flag() { return Number(2) == 1; }
+
+  // What stands before the next line feed, which is dropped.
+  std::string Line() {
+    const std::string_view line = rest_.substr(0, rest_.find('\n'));
+    rest_.remove_prefix(std::min(line.size() + 1, rest_.size()));
+    return std::string(line);
+  }
+
+  [[nodiscard]] std::string Rest() const { return std::string(rest_); }
+
+ private:
+  std::string_view rest_;
+};
+
+// Ends the program with what was broken.
+inline void Require(bool holds, std::string_view rule) {
+  if (holds) return;
+  std::cerr << "Broken: " << rule << '\n';
+  std::abort();
+}
+
+inline void RequireSame(std::string_view got, std::string_view expected, std::string_view rule) {
+  if (got != expected) std::cerr << "Got:\n" << got << "\nExpected:\n" << expected << '\n';
+  Require(got == expected, rule);
+}
+
+// A folder for the files of a target, and for the temporary folders of the core, while the program
+// runs.
+class FuzzFolder {
+ public:
+  FuzzFolder() {
+    std::filesystem::create_directory(path_);
+    ::setenv("TMPDIR", path_.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+  }
+  ~FuzzFolder() { std::filesystem::remove_all(path_); }
+  FuzzFolder(const FuzzFolder&) = delete;
+  FuzzFolder& operator=(const FuzzFolder&) = delete;
+
+  // Writes a file and gives its path.
+  [[nodiscard]] std::string Write(std::string_view name, std::string_view bytes) const {
+    std::ofstream(path_ / name, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+    return (path_ / name).string();
+  }
+
+  // How many files and folders it holds.
+  [[nodiscard]] std::ptrdiff_t Count() const {
+    return std::distance(std::filesystem::directory_iterator(path_), {});
+  }
+
+ private:
+  std::filesystem::path path_ =
+      std::filesystem::temp_directory_path() / ("quorvel-fuzz-" + std::to_string(::getpid()));
+};
+
+}  // namespace quorvel::fuzz

@@ -1,0 +1,59 @@
+// Web pages to their text, with and without their lists.
+
+#include "fuzz_input.h"
+#include "input/compact_spaces.h"
+#include "input/entities.h"
+#include "input/html_text.h"
+#include "input/input_file.h"
+#include "naive/naive_forms.h"
+#include "naive/naive_html.h"
+#include "util/silent_interface.h"
+
+namespace quorvel::fuzz {
+namespace {
+
+// What comes of a page that has a document type and a head, by the naive forms of the steps.
+std::string PreparedNaively(std::string page, bool isUtf8, bool ignoreLists) {
+  const bool needsRepair = !isUtf8 && DeclaresUtf8(page);
+  page.erase(0, LowerAscii(page).find("</head>") + 7);
+  if (needsRepair) page = naive::PlainPunctuation(naive::RepairUtf8(page));
+  page = ignoreLists ? naive::StripTagsAndLists(page, true) : naive::StripTags(page);
+  CompactSpaces(page);
+  return naive::DecodeEntities(page);
+}
+
+void CheckPreparation(const std::string& page, bool isUtf8, bool ignoreLists) {
+  const std::string lower = LowerAscii(page);
+  const auto holds = [&lower](const char* part) { return lower.find(part) != std::string::npos; };
+  HtmlOutcome expected = HtmlOutcome::notAPage;
+  if (holds("<!doctype") && holds("html")) {
+    expected = holds("</head>") ? HtmlOutcome::prepared : HtmlOutcome::refused;
+  }
+  SilentInterface ui;
+  std::string text = page;
+  Require(PrepareHtmlText(text, isUtf8, ignoreLists, ui) == expected, "a page is told from others");
+  const bool prepared = expected == HtmlOutcome::prepared;
+  RequireSame(text, prepared ? PreparedNaively(page, isUtf8, ignoreLists) : page,
+              "PrepareHtmlText is its naive form");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzInput input(data, size);
+  const bool isUtf8 = input.Flag();
+  const std::string page = input.Rest();
+  for (const bool ignoreLists : {false, true}) CheckPreparation(page, isUtf8, ignoreLists);
+  std::string text = page;
+  StripTags(text);
+  RequireSame(text, naive::StripTags(page), "StripTags is its naive form");
+  text = page;
+  StripTagsAndLists(text, false);
+  RequireSame(text, naive::StripTagsAndLists(page, false), "so is StripTagsAndLists");
+  text = page;
+  DecodeEntities(text);
+  RequireSame(text, naive::DecodeEntities(page), "DecodeEntities is its naive form");
+  return 0;
+}
+
+}  // namespace quorvel::fuzz

@@ -1,0 +1,91 @@
+// Extra keywords as they are typed, and a word against a wildcard pattern.
+//
+// The first line of an input is the keywords and the pattern, the second one the word.
+
+#include "lists/keywords.h"
+
+#include "fuzz_input.h"
+#include "lists/wildcard.h"
+#include "util/silent_interface.h"
+
+namespace quorvel::fuzz {
+namespace {
+
+using View = std::u16string_view;
+
+bool Fits(View element, char16_t ch) {
+  if (element == u"?") return true;
+  if (element == u"#") return ch >= u'0' && ch <= u'9';
+  if (element.size() == 1) return element[0] == ch;
+  const View list = element.substr(1, element.size() - 2);
+  const bool negated = list.starts_with(u'!');
+  return (list.find(ch, negated ? 1 : 0) != View::npos) != negated;
+}
+
+// By the set of all places in the word that the pattern so far can have led to.
+bool MatchesBySets(View word, View pattern) {
+  std::vector<char> reached(word.size() + 1);
+  reached[0] = 1;
+  while (!pattern.empty()) {
+    const std::size_t close = pattern[0] == u'[' ? pattern.find(u']') : View::npos;
+    const View element = pattern.substr(0, close == View::npos ? 1 : close + 1);
+    pattern.remove_prefix(element.size());
+    if (element == u"*") {
+      std::fill(std::find(reached.begin(), reached.end(), 1), reached.end(), 1);
+      continue;
+    }
+    for (std::size_t i = word.size(); i > 0; --i) {
+      reached[i] = static_cast<char>(reached[i - 1] != 0 && Fits(element, word[i - 1]));
+    }
+    reached[0] = 0;
+  }
+  return reached.back() != 0;
+}
+
+// Each keyword in a line of its own.
+std::string Joined(const KeywordLists& lists) {
+  std::u16string text;
+  for (const ExtraKeyword& keyword : lists.extraKeywords.Keywords()) {
+    const auto* const plus = keyword.hasContextPattern ? u"+" : u"";
+    text += keyword.wildcardPattern + plus + keyword.contextPattern + u"\n";
+  }
+  return EncodeUtf8(text);
+}
+
+// Takes the keywords under the settings; gives them, or nothing where they are refused.
+std::string CheckKeywords(ConcordanceSettings settings) {
+  SilentInterface ui;
+  KeywordLists lists;
+  lists.extraKeywords = ExtraKeywordList({ExtraKeywordOf(u"old")});
+  if (!GetExtraKeywords(settings, lists, ui)) {
+    RequireSame(Joined(lists), "old\n", "refused keywords leave the list as it was");
+    return {};
+  }
+  std::string keywords = Joined(lists);
+  Require(GetExtraKeywords(settings, lists, ui), "tidied keywords are accepted");
+  RequireSame(Joined(lists), keywords, "tidied keywords are the same");
+  return keywords;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzInput input(data, size);
+  ConcordanceSettings settings;
+  settings.extraKeywords = input.Line();
+  const std::u16string pattern = DecodeUtf8(settings.extraKeywords);
+  const std::u16string word = DecodeUtf8(input.Line());
+  Require(MatchesWildcard(word, pattern) == MatchesBySets(word, pattern),
+          "MatchesWildcard is its naive form");
+  settings.allowWordsWithNumerals = true;
+  const std::string most = CheckKeywords(settings);
+  for (int choice = 0; choice < 3; ++choice) {
+    settings.allowWordsWithHyphens = choice == 1;
+    settings.allowWordsWithNumerals = choice == 2;
+    const std::string keywords = CheckKeywords(settings);
+    Require(keywords.empty() || keywords == most, "what fewer characters allow, more do");
+  }
+  return 0;
+}
+
+}  // namespace quorvel::fuzz

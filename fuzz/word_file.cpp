@@ -1,0 +1,48 @@
+// Word files, as stop words and as keywords.
+
+#include "lists/word_file.h"
+
+#include "fuzz_input.h"
+#include "lists/keywords.h"
+#include "lists/stop_words.h"
+#include "util/characters.h"
+#include "util/make_singular.h"
+#include "util/silent_interface.h"
+
+namespace quorvel::fuzz {
+namespace {
+
+// Neither part of a comment mark nor of what is trimmed or repaired.
+bool IsPlain(char16_t ch) { return ch > u' ' && ch < 128 && ch != u'*'; }
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const FuzzFolder folder;
+  const std::string bytes = FuzzInput(data, size).Rest();
+  SilentInterface ui;
+  SortedWords words = *WordsOfFileBytes(bytes, ui);
+  std::string lines;
+  bool plain = true;
+  for (const std::u16string& word : words) {
+    lines += EncodeUtf8(word) + "\r\n";
+    plain = plain && std::ranges::all_of(word, IsPlain);
+  }
+  Require(!plain || WordsOfFileBytes(lines, ui) == words, "plain words come back");
+  const std::string path = folder.Write("words.txt", bytes);
+  StopWordList stopWords;
+  KeywordLists keywords;
+  const bool readable = ReadStopWordsFile(path, stopWords, ui);
+  Require(ReadKeywordsFile(path, keywords, ui) == readable, "both lists read the same files");
+  if (!readable) return 0;
+  std::sort(words.begin(), words.end());
+  Require(stopWords.words == words, "stop words are all words");
+  std::erase_if(words, [](const auto& word) { return !std::ranges::all_of(word, IsLetter); });
+  Require(keywords.fileKeywords.size() == words.size(), "keywords are the plain words");
+  for (const std::u16string& word : words) {
+    Require(IsSearchWord(MakeSingular(ToLowerCase(word)), keywords), "a keyword is found");
+  }
+  return 0;
+}
+
+}  // namespace quorvel::fuzz

@@ -1,0 +1,126 @@
+#include "ui/file_viewer.h"
+
+#include <QDialog>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QScreen>
+#include <QStringDecoder>
+#include <optional>
+#include <utility>
+
+#include "input/file_system.h"
+#include "ui_file_viewer.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::u16string_view NOTE_BEFORE =
+    u"NOTE: This file is too large to display entirely in this textbox.\r\n"
+    u"To view the entire contents of the file load it into NotePad,\r\n"
+    u"WordPad or some other text editor.\r\n\r\n";
+constexpr std::u16string_view NOTE_BEHIND =
+    u"NOTE: Entire contents of file have not been displayed.\r\n";
+
+// The characters of `bytes`; nothing unless all of them are UTF-8.
+std::optional<std::u16string> StrictUtf8(std::string_view bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+  const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+  if (decoder.hasError()) return std::nullopt;
+  return text.toStdU16String();
+}
+
+// What was read only in part may end inside a character, which has up to four bytes.
+std::u16string DecodeStart(std::string_view bytes) {
+  constexpr std::size_t MOST_CUT_OFF = 3;
+  const std::size_t mostCutOff = bytes.size() < VIEWER_BYTES ? 0 : MOST_CUT_OFF;
+  for (std::size_t cutOff = 0; cutOff <= mostCutOff; ++cutOff) {
+    if (const auto text = StrictUtf8(bytes.substr(0, bytes.size() - cutOff))) return *text;
+  }
+  return DecodeAnsi(bytes);
+}
+
+// Makes the viewer as large as a page of text, as far as the screen has room for it.
+void FitToPage(QWidget& viewer, const QFont& font) {
+  constexpr int COLUMNS = 92;  // 80 for the text, the rest for what surrounds it
+  constexpr int LINES = 36;
+  const QFontMetrics metrics(font);
+  const QSize page(metrics.horizontalAdvance('0') * COLUMNS, metrics.lineSpacing() * LINES);
+  const QSize screen = viewer.screen()->availableSize();
+  viewer.resize(page.boundedTo({screen.width() * 9 / 10, screen.height() * 3 / 4}));
+}
+
+class FileViewer : public QDialog {
+ public:
+  explicit FileViewer(QWidget* parent) : QDialog(parent, Qt::Window) {
+    form_.setupUi(this);
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    form_.txbText1->setFont(font);
+    FitToPage(*this, font);
+    connect(form_.cmdClose, &QPushButton::clicked, this, &QDialog::close);
+  }
+
+  void Show(const std::u16string& text, const QString& caption) {
+    setWindowTitle(caption);
+    form_.txbText1->setPlainText(QString::fromStdU16String(text));
+    form_.txbText1->setFocus();
+    show();
+    raise();
+    activateWindow();
+  }
+
+ private:
+  Ui::FileViewer form_;
+};
+
+FileViewer& ViewerOf(QWidget& window) {
+  for (QObject* child : window.children()) {
+    if (auto* viewer = dynamic_cast<FileViewer*>(child)) return *viewer;
+  }
+  return *new FileViewer(&window);  // the main window deletes it
+}
+
+// Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
+std::string ReadStart(const std::string& path, std::string& bytes) {
+  // Reading a pipe might never end.
+  if (FileExists(path) && !IsRegularFile(path)) return "is a device or a pipe, not a file.";
+  FileRead file = ReadFileBytes(path, VIEWER_BYTES);
+  bytes = std::move(file.bytes);
+  return file.error.empty() ? "" : "cannot be read: " + file.error;
+}
+
+void Complain(UserInterface& ui, const std::string& text) {
+  ui.Ask({text, STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+}
+
+}  // namespace
+
+std::u16string ViewerText(std::string_view bytes) {
+  std::u16string text = DecodeStart(bytes);
+  if (text.size() < VIEWER_LIMIT) return text;
+  std::size_t length = VIEWER_LIMIT - NOTE_BEFORE.size() - NOTE_BEHIND.size();
+  if (QChar::isHighSurrogate(text[length - 1])) --length;
+  text.resize(length);
+  return std::u16string(NOTE_BEFORE) + text + u"\r\n\r\n" + std::u16string(NOTE_BEHIND);
+}
+
+bool ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui) {
+  std::string bytes;
+  if (const std::string fault = ReadStart(path, bytes); !fault.empty()) {
+    Complain(ui, "File " + path + "\r\n" + fault);
+    return false;
+  }
+  ViewerOf(window).Show(ViewerText(bytes), caption);
+  return true;
+}
+
+bool ViewHelp(QWidget& window, UserInterface& ui) {
+  const std::string path = DataFilePath("qvl_help.txt");
+  if (!FileExists(path)) {
+    Complain(ui, "The help file is not installed:\r\n" + path);
+    return false;
+  }
+  return ViewFile(window, path, "Help for Quorvel", ui);
+}
+
+}  // namespace quorvel

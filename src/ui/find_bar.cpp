@@ -1,0 +1,65 @@
+#include "ui/find_bar.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace quorvel {
+
+FindBar::FindBar(const FindControls& controls, QObject* parent)
+    : QObject(parent), controls_(controls) {
+  connect(controls_.text, &QLineEdit::textChanged, this, &FindBar::ShowCount);
+  connect(controls_.text, &QLineEdit::returnPressed, this,
+          [this] { Find(QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)); });
+}
+
+void FindBar::Open() {
+  controls_.bar->show();
+  const QString selected = controls_.output->textCursor().selectedText();
+  if (!selected.isEmpty()) controls_.text->setText(selected);
+  controls_.text->selectAll();
+  controls_.text->setFocus();
+  ShowCount();
+}
+
+void FindBar::Close() const {
+  controls_.bar->hide();
+  controls_.output->setFocus();
+}
+
+void FindBar::Find(bool backward) {
+  const QString text = controls_.text->text();
+  if (text.isEmpty()) return;
+  const QTextDocument::FindFlags flags =
+      backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+  if (!controls_.output->find(text, flags)) {
+    controls_.output->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+    controls_.output->find(text, flags);
+  }
+  ShowCount();
+}
+
+// "3 of 12" while one of the places is selected, else how many there are.
+void FindBar::ShowCount() const {
+  const QString text = controls_.text->text();
+  if (text.isEmpty()) {
+    controls_.count->clear();
+    return;
+  }
+  const int selected = controls_.output->textCursor().selectionStart();
+  int count = 0;
+  int current = 0;
+  const QString all = controls_.output->toPlainText();
+  for (qsizetype place = all.indexOf(text, 0, Qt::CaseInsensitive); place >= 0;
+       place = all.indexOf(text, place + text.size(), Qt::CaseInsensitive)) {
+    ++count;
+    if (place == selected && controls_.output->textCursor().hasSelection()) current = count;
+  }
+  controls_.count->setText(current > 0 ? tr("%1 of %2").arg(current).arg(count)
+                                       : tr("%1 found").arg(count));
+}
+
+}  // namespace quorvel

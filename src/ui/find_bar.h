@@ -1,0 +1,39 @@
+// The bar below the output box that finds a text in the listing.
+#pragma once
+
+#include <QObject>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QWidget;
+
+namespace quorvel {
+
+struct FindControls {
+  QWidget* bar;
+  QLineEdit* text;
+  QLabel* count;
+  QPlainTextEdit* output;
+};
+
+// Case does not matter; behind the last place the search goes on at the first.
+class FindBar : public QObject {
+  Q_OBJECT
+
+ public:
+  FindBar(const FindControls& controls, QObject* parent);
+
+  void Open();
+  void Close() const;
+  void FindNext() { Find(false); }
+  void FindPrevious() { Find(true); }
+
+ private:
+  void Find(bool backward);
+  void ShowCount() const;
+
+  FindControls controls_;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,21 @@
+// quorvel: the concordance of one document, in a window.
+
+#include <QApplication>
+#include <QTimer>
+
+#include "ui/main_window.h"
+#include "ui/text.h"
+
+int main(int argumentCount, char** arguments) {
+  const QApplication application(argumentCount, arguments);
+  QApplication::setApplicationName("quorvel");
+  QApplication::setDesktopFileName("quorvel");
+  const QStringList words = QApplication::arguments();
+  const std::string input = words.size() > 1 ? quorvel::PathOf(words.at(1)) : std::string();
+  quorvel::MainWindow window;
+  window.show();
+  // By then it has its place on the screen, and a message box can stand over it.
+  constexpr int PLACED_AFTER_MS = 100;
+  QTimer::singleShot(PLACED_AFTER_MS, &window, [&window, &input] { window.Start(input); });
+  return QApplication::exec();
+}

@@ -1,0 +1,696 @@
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
+
+#include "input/file_system.h"
+#include "input/input_file.h"
+#include "input/path_names.h"
+#include "output/index_file.h"
+#include "output/listing.h"
+#include "run/run_driver.h"
+#include "run/stop_word_choice.h"
+#include "settings/settings_file.h"
+#include "ui/file_viewer.h"
+#include "ui/find_bar.h"
+#include "ui/pop_up.h"
+#include "ui/product_information.h"
+#include "ui/settings_panel.h"
+#include "ui/text.h"
+#include "ui_main_window.h"
+#include "util/ansi.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+constexpr QSize FIRST_SIZE(1000, 720);  // in logical pixels, where the screen has room for it
+constexpr int KEEPING_CURRENT_MS = 500;
+constexpr int SECOND_MS = 1000;
+
+// The property of a file box that keeps its tool tip for as long as the box holds no path.
+constexpr const char* PLAIN_TIP = "plainTip";
+
+QString SizeLabel(const char* caption, const std::string& path) {
+  const std::optional<std::int64_t> length = FileExists(path) ? FileLength(path) : std::nullopt;
+  return length ? caption + ShownText(SizeText(*length)) : QString();
+}
+
+// A caption of the List button; all that it bears have an "s".
+QString WithMnemonic(QString caption) {
+  return caption.insert(caption.indexOf('s', 0, Qt::CaseInsensitive), '&');
+}
+
+bool IsMouseDown() { return QGuiApplication::mouseButtons() != Qt::NoButton; }
+
+// The line that is being typed in, if any.
+QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
+
+}  // namespace
+
+MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
+  ui_->setupUi(this);
+  txbFile_ = {ui_->txbFile_0, ui_->txbFile_1, ui_->txbFile_2, ui_->txbFile_3};
+  cmdFile_ = {ui_->cmdFile_0, ui_->cmdFile_1, ui_->cmdFile_2, ui_->cmdFile_3};
+  cmdClearFile_ = {ui_->cmdClearFile_0, ui_->cmdClearFile_1, ui_->cmdClearFile_2,
+                   ui_->cmdClearFile_3};
+  interface_ = std::make_unique<WindowInterface>(ConversationControls{
+      this, ui_->txbOutput, ui_->cmdListWords, ui_->txbFile_3, ui_->lblNumberOfWords,
+      ui_->lblNumOccurrences, ui_->lblKeywordsFound, ui_->lblTotalNumOccurrences, ui_->lblTwirler});
+  findBar_ = new FindBar({ui_->findBar, ui_->txbFind, ui_->lblFindCount, ui_->txbOutput}, this);
+  panel_ = new SettingsPanel(
+      state_, *interface_,
+      {[this] { TakeControls(); }, [this](const std::string& path) { ReadStopWords(path); },
+       [this](bool modeSelected) {
+         modeSelected_ = modeSelected;
+         SetInput(InputOrigin::restored);
+         if (state_.settings.mode == Mode::search) optSearch_Click();
+       },
+       [this] {
+         if (ui_->txbOutput->toPlainText().contains("stop")) ui_->txbOutput->clear();
+       },
+       [this] { close(); }},
+      this);
+  Initialization();
+  ConnectFiles();
+  ConnectOptions();
+  ConnectButtons();
+  AddShortcuts();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::Initialization() {
+  setAcceptDrops(true);
+  resize(FIRST_SIZE.boundedTo(screen()->availableSize() * 9 / 10));
+  const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  ui_->txbOutput->setFont(fixed);
+  ui_->lblTotalNumOccurrences->setFont(fixed);
+  ui_->lblTwirler->setFont(fixed);
+  ui_->txbOutput->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  ui_->findBar->hide();
+  ui_->cboWordOrder->addItems({"alphabetical", "by frequency"});
+  for (int size = 0; size <= LARGEST_CONTEXT_SIZE; ++size) {
+    ui_->cboContextSize->addItem(QString(" %1").arg(size));
+  }
+  // A file dropped on a box is meant for the window.
+  for (QLineEdit* box : txbFile_) box->setAcceptDrops(false);
+  for (QLineEdit* box : txbFile_) box->setProperty(PLAIN_TIP, box->toolTip());
+  ui_->txbOutput->setAcceptDrops(false);
+  InitializeVariables(state_.settings, false);
+  ShowSettings();
+}
+
+void MainWindow::Start(const std::string& path) {
+  if (!RestoreSavedState(state_.settings, {}, true).errorText.empty()) {
+    InitializeVariables(state_.settings, false);
+  }
+  if (!path.empty()) state_.settings.inputFile = path;
+  ShowSettings();
+  SetInput(path.empty() ? InputOrigin::restored : InputOrigin::chosen);
+  timer1_.start(KEEPING_CURRENT_MS);
+  SetTheFocus();
+}
+
+void MainWindow::ConnectFiles() {
+  for (int index = 0; index < FILE_BOXES; ++index) {
+    const auto i = static_cast<std::size_t>(index);
+    connect(cmdFile_.at(i), &QPushButton::clicked, this, [this, index] {
+      FinishEditing();
+      cmdFile_Click(index);
+    });
+    connect(cmdClearFile_.at(i), &QPushButton::clicked, this,
+            [this, index] { cmdClearFile_Click(index); });
+    connect(txbFile_.at(i), &QLineEdit::editingFinished, this,
+            [this, index] { txbFile_LostFocus(index); });
+  }
+  connect(ui_->txbExtraKeywords, &QLineEdit::editingFinished, this,
+          &MainWindow::txbExtraKeywords_LostFocus);
+  connect(ui_->cmdClearExtraKeywords, &QPushButton::clicked, this, [this] {
+    ui_->txbExtraKeywords->clear();
+    ui_->txbExtraKeywords->setModified(true);
+    txbExtraKeywords_LostFocus();
+  });
+}
+
+void MainWindow::ConnectOptions() {
+  const auto onChange = [this](auto* control, auto signal, auto handler) {
+    connect(control, signal, this, [this, handler] {
+      if (showing_) return;
+      FinishEditing();
+      handler();
+    });
+  };
+  onChange(ui_->optCreate, &QRadioButton::toggled, [this] {
+    if (ui_->optCreate->isChecked()) optCreate_Click();
+  });
+  onChange(ui_->optSearch, &QRadioButton::toggled, [this] {
+    if (ui_->optSearch->isChecked()) optSearch_Click();
+  });
+  onChange(ui_->cboWordOrder, &QComboBox::currentIndexChanged, [this] { Relist(); });
+  onChange(ui_->cboContextSize, &QComboBox::currentIndexChanged,
+           [this] { cboContextSize_Click(); });
+  onChange(ui_->chkFrequencies, &QCheckBox::toggled, [this] { Relist(); });
+  onChange(ui_->chkShowLineBreaks, &QCheckBox::toggled, [this] { Relist(); });
+  onChange(ui_->chkDisable, &QCheckBox::toggled, [this] {
+    TakeControls();
+    ShowWhatIsPossible();
+  });
+  for (QCheckBox* box :
+       {ui_->chkCreateIndexFile, ui_->chkSaveStateOnQuit, ui_->chkWarnOnOverwrite}) {
+    onChange(box, &QCheckBox::toggled, [this] { SetTheFocus(); });
+  }
+}
+
+void MainWindow::ConnectButtons() {
+  const auto onClick = [this](QAbstractButton* button, auto handler) {
+    connect(button, &QAbstractButton::clicked, this, [this, handler] {
+      FinishEditing();
+      handler();
+    });
+  };
+  onClick(ui_->cmdListWords, [this] { cmdListWords_Click(); });
+  onClick(ui_->cmdViewFile, [this] { cmdViewFile_Click(); });
+  onClick(ui_->cmdSetParameters, [this] { cmdSetParameters_Click(); });
+  onClick(ui_->cmdSaveState, [this] { cmdSaveState_Click(); });
+  onClick(ui_->cmdQuit, [this] { close(); });
+  onClick(ui_->cmdHelp, [this] { ViewHelp(*this, *interface_); });
+  onClick(ui_->cmdAbout, [this] { ShowProductInformation(this); });
+  onClick(ui_->cmdFindNext, [this] { findBar_->FindNext(); });
+  onClick(ui_->cmdFindPrevious, [this] { findBar_->FindPrevious(); });
+  onClick(ui_->cmdFindClose, [this] { findBar_->Close(); });
+  connect(&timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
+  connect(&timer2_, &QTimer::timeout, this, &MainWindow::Timer2_Timer);
+}
+
+// A press of a key does what a press of its button does, and so nothing while that is
+// not to be pressed.
+void MainWindow::AddShortcuts() {
+  const auto press = [this](QAbstractButton* button, const std::vector<QKeySequence>& keys) {
+    for (const QKeySequence& key : keys) {
+      connect(new QShortcut(key, this), &QShortcut::activated, button, &QAbstractButton::click);
+    }
+  };
+  press(ui_->cmdHelp, {Qt::Key_F1});
+  press(ui_->cmdFile_0, {Qt::CTRL | Qt::Key_O});
+  press(ui_->cmdQuit, {Qt::CTRL | Qt::Key_Q});
+  const auto list = [this] {
+    if (!interface_->IsWorking()) ui_->cmdListWords->click();
+  };
+  for (const QKeySequence& key : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_Return),
+                                  QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, list);
+  }
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
+    if (interface_->IsWorking()) {
+      ui_->cmdListWords->click();
+    } else if (ui_->findBar->isVisible()) {
+      findBar_->Close();
+    }
+  });
+  connect(new QShortcut(Qt::CTRL | Qt::Key_F, this), &QShortcut::activated, findBar_,
+          &FindBar::Open);
+}
+
+void MainWindow::cmdFile_Click(int index) {
+  if (index == INPUT_BOX) {
+    ChooseInputFile();
+  } else if (index == KEYWORDS_BOX) {
+    ChooseKeywordsFile();
+  } else if (index == RESULTS_BOX) {
+    ChooseOutputFile(RESULTS_BOX, "Specify output file", txbFile_[RESULTS_BOX]->text());
+  } else if (txbFile_[INPUT_BOX]->text().trimmed().isEmpty()) {
+    interface_->Ask({"An input file must be specified before a concordance file.", STANDARD_TITLE,
+                     Icon::information, Buttons::ok, Answer::ok});
+  } else {
+    TakeControls();
+    ChooseOutputFile(CONCORDANCE_BOX, "Specify concordance (output) file",
+                     ShownPath(DefaultConcordanceFileName(state_.settings.inputFile)));
+  }
+}
+
+void MainWindow::ChooseInputFile() {
+  const QString chosen = QFileDialog::getOpenFileName(
+      this, "Specify input file", txbFile_[INPUT_BOX]->text(),
+      "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml);;All files (*)");
+  if (chosen.isEmpty()) return;
+  txbFile_[INPUT_BOX]->setText(chosen);
+  PathChosen(INPUT_BOX);
+}
+
+void MainWindow::ChooseKeywordsFile() {
+  const QString chosen =
+      QFileDialog::getOpenFileName(this, "Specify keywords file", txbFile_[KEYWORDS_BOX]->text());
+  if (chosen.isEmpty()) return;
+  txbFile_[KEYWORDS_BOX]->setText(chosen);
+  PathChosen(KEYWORDS_BOX);
+}
+
+// Whether an existing file may be replaced is asked, where the user wants it, when it is
+// to be written.
+void MainWindow::ChooseOutputFile(FileBox box, const QString& title, const QString& proposal) {
+  const QString chosen = QFileDialog::getSaveFileName(this, title, proposal, {}, nullptr,
+                                                      QFileDialog::DontConfirmOverwrite);
+  if (chosen.isEmpty()) return;
+  txbFile_.at(box)->setText(chosen);
+  PathChosen(box);
+}
+
+void MainWindow::PathChosen(int index) {
+  TakeControls();
+  if (index == INPUT_BOX) SetInput(InputOrigin::chosen);
+  if (index == KEYWORDS_BOX) {
+    EraseSearchWords(state_.lists.keywords);
+    const bool named = !state_.settings.keywordsFile.empty();
+    if (named && state_.settings.mode == Mode::search) ReadKeywords();
+  }
+  ShowWhatIsPossible();
+  ShowFileSizes();
+  SetTheFocus();
+}
+
+// Where a button is being pressed the edit is finished when it is let go: a box that
+// came up meanwhile would keep the button from hearing of that.
+void MainWindow::txbFile_LostFocus(int index) {
+  QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
+  if (showing_ || !box->isModified() || IsMouseDown()) return;
+  box->setText(box->text().trimmed());
+  PathChosen(index);
+}
+
+// Takes up what was typed and not yet looked at.
+void MainWindow::FinishEditing() {
+  for (int index = 0; index < FILE_BOXES; ++index) txbFile_LostFocus(index);
+  txbExtraKeywords_LostFocus();
+}
+
+void MainWindow::cmdClearFile_Click(int index) {
+  txbFile_.at(static_cast<std::size_t>(index))->clear();
+  TakeControls();
+  switch (index) {
+    case INPUT_BOX:
+      SetInput(InputOrigin::restored);
+      break;
+    case RESULTS_BOX:
+      ui_->lblSearchResultsFileSize->clear();
+      break;
+    case KEYWORDS_BOX:
+      EraseSearchWords(state_.lists.keywords);
+      if (ui_->txbOutput->toPlainText().contains("keywords loaded from")) ui_->txbOutput->clear();
+      break;
+    default:
+      break;
+  }
+  ShowWhatIsPossible();
+  ShowFileSizes();
+}
+
+// Sees to all that follows a new input, which stands in the settings: what is known of
+// the last one goes, and what this one brings is looked at. A restored input keeps the
+// names that were restored with it.
+void MainWindow::SetInput(InputOrigin origin) {
+  ConcordanceSettings& settings = state_.settings;
+  state_.words = {};
+  EmptyWordTable(state_.table);
+  CountIncludedWords(state_.table);
+  if (!settings.inputFile.empty() && CheckChosenInput()) {
+    const bool chosen = origin == InputOrigin::chosen;
+    if (chosen || settings.outputFile.empty()) {
+      settings.outputFile = DefaultConcordanceFileName(settings.inputFile);
+    }
+    if (chosen) settings.outputToFileDisabled = false;
+    Work([this, &settings, chosen] {
+      const bool ownList = !chosen && FileExists(settings.stopWordsFile);
+      if (ownList) {
+        AttemptToReadStopWords(settings.stopWordsFile, settings, state_.lists.stopWords,
+                               *interface_);
+      } else {
+        ChooseStopWords(state_, *interface_);
+      }
+      ReadIndexFile(state_, true, *interface_);
+    });
+  }
+  ShowSettings();
+}
+
+// Tells the user what stands in the way of the input; then its box is emptied.
+bool MainWindow::CheckChosenInput() {
+  const std::string path = state_.settings.inputFile;
+  if (IsConcordanceFileName(path)) {
+    RefuseInput("This is an QVL concordance file.", "Invalid input", Icon::exclamation);
+    return false;
+  }
+  if (IsIndexFileName(path)) {
+    RefuseInput("This is an QVL index file.", "Invalid input", Icon::exclamation);
+    return false;
+  }
+  const bool isDocx = LowerExtensionOf(path) == "docx";
+  if (!isDocx) interface_->AppendOutput("Checking file ...\r\n");
+  CheckOptions options;
+  options.quiet = isDocx;
+  const InputCheck check = CheckInputFile(path, options, state_.macNoticeShown, *interface_);
+  if (!check.accepted) {
+    state_.settings.inputFile.clear();
+    return false;
+  }
+  state_.settings.inputIsUtf8 = check.isUtf8;
+  if (isDocx && !IsWordDocument(path)) {
+    RefuseInput("The file " + path +
+                    "\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' file.",
+                STANDARD_TITLE, Icon::exclamation);
+    return false;
+  }
+  return true;
+}
+
+void MainWindow::RefuseInput(const std::string& text, const char* title, Icon icon) {
+  interface_->Ask({text, title, icon, Buttons::ok, Answer::ok});
+  state_.settings.inputFile.clear();
+}
+
+void MainWindow::ReadKeywords() {
+  Work([this] {
+    AttemptToReadSearchWords(state_.settings.keywordsFile, state_.lists.keywords, *interface_);
+  });
+}
+
+void MainWindow::ReadStopWords(const std::string& path) {
+  Work([this, &path] {
+    AttemptToReadStopWords(path, state_.settings, state_.lists.stopWords, *interface_);
+  });
+}
+
+void MainWindow::txbExtraKeywords_LostFocus() {
+  if (showing_ || !ui_->txbExtraKeywords->isModified() || IsMouseDown()) return;
+  ui_->txbExtraKeywords->setModified(false);
+  TakeControls();
+  (void)GetExtraKeywords(state_.settings, state_.lists.keywords, *interface_);
+  ui_->txbExtraKeywords->setText(ShownText(state_.settings.extraKeywords));
+  ShowWhatIsPossible();
+}
+
+void MainWindow::optCreate_Click() {
+  modeSelected_ = true;
+  TakeControls();
+  ShowWhatIsPossible();
+}
+
+void MainWindow::optSearch_Click() {
+  modeSelected_ = true;
+  TakeControls();
+  if (state_.settings.inputFile.empty()) {
+    interface_->Ask(
+        {"Input file not specified.", STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+    ui_->optCreate->setChecked(true);
+    return;
+  }
+  ShowWhatIsPossible();
+  if (FileExists(state_.settings.keywordsFile)) ReadKeywords();
+  if (state_.settings.keywordsFile.empty() && state_.settings.extraKeywords.empty()) {
+    interface_->Ask({"Specify a keywords file or type one or more extra keywords.", "Search",
+                     Icon::information, Buttons::ok, Answer::ok});
+  }
+}
+
+void MainWindow::cboContextSize_Click() {
+  TakeControls();
+  ShowWhatIsPossible();
+  Relist();
+}
+
+void MainWindow::cmdListWords_Click() {
+  if (interface_->IsWorking()) {
+    (void)ConfirmStop();
+    return;
+  }
+  TakeControls();
+  RunOrList();
+}
+
+void MainWindow::RunOrList() {
+  secondsOfRun_ = 0;
+  ui_->lblTimeElapsed->clear();
+  ui_->lblSearchResultsFileSize->clear();
+  interface_->SetOutput("");
+  timer2_.start(SECOND_MS);
+  Work([this] {
+    interface_->OfferStop(true);
+    if (ReadTypedStopWords()) {
+      interface_->OfferStop(true);
+      listedMode_ = state_.settings.mode;
+      RunConcordance(state_, *interface_);
+    }
+    timer2_.stop();
+    ShowSettings();
+  });
+  SetTheFocus();
+}
+
+// A path that was typed is read when it is needed.
+bool MainWindow::ReadTypedStopWords() {
+  const bool wanted = state_.settings.mode == Mode::create && !state_.lists.stopWords.loaded &&
+                      !state_.settings.stopWordsFile.empty();
+  return !wanted ||
+         ReadStopWordsFile(state_.settings.stopWordsFile, state_.lists.stopWords, *interface_);
+}
+
+// Lists the words of the last run again, as the options are now.
+void MainWindow::Relist() {
+  TakeControls();
+  if (interface_->IsWorking() || state_.settings.mode != listedMode_) return;
+  Work([this] {
+    interface_->OfferStop(true);
+    interface_->ClearStop();
+    ListWords(state_, *interface_);
+  });
+  SetTheFocus();
+}
+
+// Does what may take long: only the Stop button is live meanwhile, where it is offered.
+void MainWindow::Work(const std::function<void()>& work) {
+  if (interface_->IsWorking()) return work();
+  EnableControls(false);
+  interface_->BeginWork();
+  work();
+  interface_->EndWork();
+  EnableControls(true);
+  ShowWhatIsPossible();
+  ShowFileSizes();
+  interface_->ShowPendingPopUp();
+  if (closeAfterWork_) QTimer::singleShot(0, this, [this] { close(); });
+}
+
+void MainWindow::EnableControls(bool enabled) {
+  panel_->setEnabled(enabled);
+  for (QWidget* control : centralWidget()->findChildren<QWidget*>()) {
+    const bool takesInput = qobject_cast<QAbstractButton*>(control) != nullptr ||
+                            qobject_cast<QLineEdit*>(control) != nullptr ||
+                            qobject_cast<QComboBox*>(control) != nullptr;
+    if (takesInput) control->setEnabled(enabled);
+  }
+}
+
+bool MainWindow::ConfirmStop() {
+  const Message question = {"Do you really wish to stop?", "Stop", Icon::none, Buttons::yesNo,
+                            Answer::no};
+  if (interface_->Ask(question) != Answer::yes) return false;
+  interface_->RequestStop();
+  return true;
+}
+
+void MainWindow::cmdViewFile_Click() {
+  TakeControls();
+  const std::string path =
+      PathSetting(state_.settings.mode == Mode::create ? CONCORDANCE_BOX : RESULTS_BOX);
+  ViewFile(*this, path, ShownPath(path), *interface_);
+}
+
+void MainWindow::cmdSetParameters_Click() {
+  panel_->ShowSettings();
+  panel_->show();
+  panel_->raise();
+  panel_->activateWindow();
+}
+
+bool MainWindow::cmdSaveState_Click() {
+  constexpr int SHOWN_MS = 2000;
+  TakeControls();
+  const std::string error = SaveState(state_.settings, {});
+  if (error.empty()) {
+    PopUpInForm(*ui_->cmdSetParameters, {"Settings saved", ui_->cmdSetParameters->size(), SHOWN_MS},
+                QPoint(0, 0));
+  } else {
+    interface_->Ask({error, STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+  }
+  return error.empty();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (interface_->IsWorking()) {
+    event->ignore();
+    closeAfterWork_ = ConfirmStop();
+    return;
+  }
+  if (ui_->chkSaveStateOnQuit->isChecked()) cmdSaveState_Click();
+  event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls() && !interface_->IsWorking()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.isEmpty() || !urls.constFirst().isLocalFile() || interface_->IsWorking()) return;
+  event->acceptProposedAction();
+  const QString path = urls.constFirst().toLocalFile();
+  // Whoever dragged the file waits for the drop to end, so what it brings is asked later.
+  QTimer::singleShot(0, this, [this, path] {
+    txbFile_[INPUT_BOX]->setText(path);
+    PathChosen(INPUT_BOX);
+  });
+}
+
+void MainWindow::Timer1_Timer() {
+  if (interface_->IsWorking()) return;
+  for (QLineEdit* box : txbFile_) {
+    box->setToolTip(box->text().isEmpty() ? box->property(PLAIN_TIP).toString() : box->text());
+  }
+  // What was left behind while a button was pressed that then did nothing.
+  if (QApplication::activeModalWidget() == nullptr && FocusedEdit() == nullptr) FinishEditing();
+  ShowWhatIsPossible();
+  ShowFileSizes();
+}
+
+void MainWindow::Timer2_Timer() {
+  constexpr int SECONDS_BEFORE_SHOWN = 3;
+  ++secondsOfRun_;
+  interface_->SetLabel(Label::numberOfWords,
+                       "Number of words: " + GroupedNumber(state_.table.WordCount()));
+  if (secondsOfRun_ < SECONDS_BEFORE_SHOWN) return;
+  ui_->lblTimeElapsed->setText("Time elapsed: " +
+                               ShownText(ElapsedText(secondsOfRun_, false, false)));
+  ui_->lblTimeElapsed->setVisible(true);
+}
+
+void MainWindow::TakeControls() {
+  ConcordanceSettings& settings = state_.settings;
+  for (int index = 0; index < FILE_BOXES; ++index) {
+    TakePath(txbFile_.at(static_cast<std::size_t>(index))->text(), PathSetting(index));
+  }
+  settings.mode = ui_->optSearch->isChecked() ? Mode::search : Mode::create;
+  settings.wordOrder =
+      ui_->cboWordOrder->currentIndex() == 1 ? WordOrder::byFrequency : WordOrder::alphabetical;
+  settings.contextSize = std::max(ui_->cboContextSize->currentIndex(), 0);
+  settings.showFrequencies = ui_->chkFrequencies->isChecked();
+  settings.showLineBreaks = ui_->chkShowLineBreaks->isChecked();
+  settings.outputToFileDisabled = ui_->chkDisable->isChecked();
+  settings.createIndexFile = ui_->chkCreateIndexFile->isChecked();
+  settings.saveStateOnQuit = ui_->chkSaveStateOnQuit->isChecked();
+  settings.warnOnOverwrite = ui_->chkWarnOnOverwrite->isChecked();
+  settings.inputIsUtf8 = ui_->chkUTF8_0->isChecked();
+  settings.extraKeywords = ui_->txbExtraKeywords->text().toStdString();
+}
+
+void MainWindow::ShowSettings() {
+  const ConcordanceSettings& settings = state_.settings;
+  showing_ = true;
+  for (int index = 0; index < FILE_BOXES; ++index) ShowPath(index);
+  for (QRadioButton* button : {ui_->optCreate, ui_->optSearch}) {
+    button->setAutoExclusive(modeSelected_);
+    const Mode mode = button == ui_->optCreate ? Mode::create : Mode::search;
+    button->setChecked(modeSelected_ && settings.mode == mode);
+    button->setAutoExclusive(true);
+  }
+  ui_->cboWordOrder->setCurrentIndex(settings.wordOrder == WordOrder::byFrequency ? 1 : 0);
+  ui_->cboContextSize->setCurrentIndex(settings.contextSize);
+  ui_->chkFrequencies->setChecked(settings.showFrequencies);
+  ui_->chkShowLineBreaks->setChecked(settings.showLineBreaks);
+  ui_->chkDisable->setChecked(settings.outputToFileDisabled);
+  ui_->chkCreateIndexFile->setChecked(settings.createIndexFile);
+  ui_->chkSaveStateOnQuit->setChecked(settings.saveStateOnQuit);
+  ui_->chkWarnOnOverwrite->setChecked(settings.warnOnOverwrite);
+  ui_->chkUTF8_0->setChecked(settings.inputIsUtf8);
+  ui_->txbExtraKeywords->setText(ShownText(settings.extraKeywords));
+  panel_->ShowSettings();
+  showing_ = false;
+  ShowWhatIsPossible();
+  ShowFileSizes();
+}
+
+void MainWindow::ShowPath(int index) {
+  QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
+  const QString shown = ShownPath(PathSetting(index));
+  if (box->text() != shown) box->setText(shown);
+}
+
+// Enables what the mode, the input and the options allow.
+void MainWindow::ShowWhatIsPossible() {
+  if (interface_->IsWorking()) return;
+  const bool search = ui_->optSearch->isChecked();
+  for (const FileBox box : {RESULTS_BOX, KEYWORDS_BOX, CONCORDANCE_BOX}) {
+    const bool usable = search == (box != CONCORDANCE_BOX);
+    txbFile_.at(box)->setEnabled(usable);
+    cmdFile_.at(box)->setEnabled(usable);
+    cmdClearFile_.at(box)->setEnabled(usable);
+  }
+  ui_->lblExtraKeywords->setEnabled(search);
+  ui_->txbExtraKeywords->setEnabled(search);
+  ui_->cmdClearExtraKeywords->setEnabled(search && !ui_->txbExtraKeywords->text().isEmpty());
+  ui_->chkDisable->setEnabled(!search);
+  ui_->chkCreateIndexFile->setEnabled(!search);
+  ui_->lblSearchResultsFileSize->setVisible(search);
+  ui_->chkShowLineBreaks->setEnabled(MayShowLineBreaks());
+  ConcordanceSettings now;
+  now.mode = search ? Mode::search : Mode::create;
+  now.outputToFileDisabled = ui_->chkDisable->isChecked();
+  ui_->cmdListWords->setText(WithMnemonic(ShownText(ListButtonCaption(now))));
+  ui_->cmdViewFile->setEnabled(FileExists(PathSetting(search ? RESULTS_BOX : CONCORDANCE_BOX)));
+}
+
+bool MainWindow::MayShowLineBreaks() const {
+  const std::string type = LowerExtensionOf(PathOf(txbFile_[INPUT_BOX]->text()));
+  return ui_->cboContextSize->currentIndex() > 0 && type.find("htm") == std::string::npos &&
+         type != "xml" && type != "docx";
+}
+
+void MainWindow::ShowFileSizes() {
+  const ConcordanceSettings& settings = state_.settings;
+  const std::string index =
+      settings.inputFile.empty() ? std::string() : DefaultIndexFileName(settings.inputFile);
+  ui_->lblInputFileSize->setText(SizeLabel("Input filesize: ", settings.inputFile));
+  ui_->lblConcordanceFileSize->setText(SizeLabel("Concordance filesize: ", settings.outputFile));
+  ui_->lblIndexFileSize->setText(SizeLabel("Index filesize: ", index));
+  const QString indexLabel = FileExists(index) ? "Index file: " + ShownPath(index) : "Index file:";
+  ui_->lblIndexFile->setText(indexLabel);
+  ui_->lblIndexFile->setToolTip(indexLabel);
+  if (state_.outputWritten && listedMode_ == Mode::search) {
+    ui_->lblSearchResultsFileSize->setText(
+        SizeLabel("Search results filesize: ", settings.searchResultsFile));
+  }
+}
+
+std::string& MainWindow::PathSetting(int index) {
+  ConcordanceSettings& settings = state_.settings;
+  switch (index) {
+    case INPUT_BOX:
+      return settings.inputFile;
+    case RESULTS_BOX:
+      return settings.searchResultsFile;
+    case KEYWORDS_BOX:
+      return settings.keywordsFile;
+    default:
+      return settings.outputFile;
+  }
+}
+
+void MainWindow::SetTheFocus() { ui_->cmdListWords->setFocus(); }
+
+}  // namespace quorvel

@@ -1,0 +1,202 @@
+#include "ui/settings_panel.h"
+
+#include <QFileDialog>
+#include <utility>
+
+#include "input/file_system.h"
+#include "lists/languages.h"
+#include "lists/stop_words.h"
+#include "run/stop_word_choice.h"
+#include "settings/settings_file.h"
+#include "ui/language_chooser.h"
+#include "ui/pop_up.h"
+#include "ui/text.h"
+#include "ui_settings_panel.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+constexpr const char* SETTINGS_FILTER = "Settings files (*.lvz)";
+
+}  // namespace
+
+SettingsPanel::SettingsPanel(RunState& state, UserInterface& ui, PanelHost host, QWidget* parent)
+    : QDialog(parent),
+      state_(state),
+      userInterface_(ui),
+      host_(std::move(host)),
+      ui_(std::make_unique<Ui::SettingsPanel>()) {
+  ui_->setupUi(this);
+  FillLists();
+  ConnectOptions();
+  ConnectButtons();
+}
+
+SettingsPanel::~SettingsPanel() = default;
+
+void SettingsPanel::ShowSettings() {
+  const ConcordanceSettings& settings = state_.settings;
+  showing_ = true;
+  ui_->chkAllowWordsWithHyphens->setChecked(settings.allowWordsWithHyphens);
+  ui_->chkAllowWordsWithNumerals->setChecked(settings.allowWordsWithNumerals);
+  ui_->chkIgnoreInfrequentWords->setChecked(settings.ignoreInfrequentWords);
+  ui_->chkIgnoreLists->setChecked(settings.ignoreLists);
+  ui_->cboThresholdFrequency->setCurrentIndex(settings.thresholdFrequency - SMALLEST_THRESHOLD);
+  ui_->txbStopWordsFile->setText(ShownPath(settings.stopWordsFile));
+  ui_->txbExtraStopWords->setText(ShownText(settings.extraStopWords));
+  showing_ = false;
+}
+
+void SettingsPanel::FillLists() {
+  for (int count = SMALLEST_THRESHOLD; count <= LARGEST_THRESHOLD; ++count) {
+    ui_->cboThresholdFrequency->addItem(QString(" %1").arg(count));
+  }
+}
+
+void SettingsPanel::ConnectOptions() {
+  const auto keep = [this](QCheckBox* box, bool ConcordanceSettings::*field) {
+    connect(box, &QCheckBox::toggled, this, [this, field](bool ticked) {
+      if (showing_) return;
+      state_.settings.*field = ticked;
+      FocusCloseButton();
+    });
+  };
+  keep(ui_->chkAllowWordsWithHyphens, &ConcordanceSettings::allowWordsWithHyphens);
+  keep(ui_->chkAllowWordsWithNumerals, &ConcordanceSettings::allowWordsWithNumerals);
+  keep(ui_->chkIgnoreInfrequentWords, &ConcordanceSettings::ignoreInfrequentWords);
+  connect(ui_->chkIgnoreLists, &QCheckBox::toggled, this, &SettingsPanel::chkIgnoreLists_Click);
+  connect(ui_->cboThresholdFrequency, &QComboBox::currentIndexChanged, this, [this](int place) {
+    if (showing_ || place < 0) return;
+    state_.settings.thresholdFrequency = place + SMALLEST_THRESHOLD;
+    FocusCloseButton();
+  });
+  connect(ui_->txbStopWordsFile, &QLineEdit::editingFinished, this,
+          &SettingsPanel::txbStopWordsFile_LostFocus);
+  connect(ui_->txbExtraStopWords, &QLineEdit::editingFinished, this,
+          &SettingsPanel::txbExtraStopWords_LostFocus);
+}
+
+void SettingsPanel::ConnectButtons() {
+  const auto onClick = [this](QPushButton* button, auto handler) {
+    connect(button, &QPushButton::clicked, this, handler);
+  };
+  onClick(ui_->cmdSelectStopWordsFile_0, [this] { cmdSelectStopWordsFile_Click(0); });
+  onClick(ui_->cmdSelectStopWordsFile_1, [this] { cmdSelectStopWordsFile_Click(1); });
+  onClick(ui_->cmdListStopWords, [this] { cmdListStopWords_Click(); });
+  onClick(ui_->cmdClearStopWordsFile, [this] { cmdClearStopWordsFile_Click(); });
+  onClick(ui_->cmdSaveLoadState_0, [this] { cmdSaveLoadState_Click(0); });
+  onClick(ui_->cmdSaveLoadState_1, [this] { cmdSaveLoadState_Click(1); });
+  onClick(ui_->cmdInitialize, [this] { cmdInitialize_Click(); });
+  onClick(ui_->cmdQuitProgram, [this] { cmdQuitProgram_Click(); });
+  onClick(ui_->cmdClosePanel, [this] { close(); });
+}
+
+// Lists are left out while the page is read, so the words have to be gathered anew.
+void SettingsPanel::chkIgnoreLists_Click(bool ticked) {
+  if (showing_) return;
+  state_.settings.ignoreLists = ticked;
+  state_.words = {};
+  FocusCloseButton();
+}
+
+void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
+  std::string path;
+  if (index == 1) {
+    const int language = ChooseLanguage(this);
+    if (language < 0) return;
+    const auto place = static_cast<std::size_t>(language);
+    path = StopWordsPath(place < LANGUAGES.size() ? LANGUAGES.at(place) : ALL_LANGUAGES);
+  } else {
+    const QString chosen =
+        QFileDialog::getOpenFileName(this, "Specify file of stop words (words to ignore)", {},
+                                     "Any file containing only text (*.*)(*)");
+    if (!chosen.isEmpty()) path = PathOf(chosen);
+  }
+  if (!path.empty()) {
+    ui_->txbStopWordsFile->setText(ShownPath(path));
+    host_.readStopWords(path);
+    ConcealNumWords(state_.lists.stopWords, true);
+  }
+  FocusCloseButton();
+}
+
+void SettingsPanel::cmdListStopWords_Click() {
+  ListStopWords(state_.lists.stopWords, userInterface_);
+}
+
+void SettingsPanel::cmdClearStopWordsFile_Click() {
+  ui_->txbStopWordsFile->clear();
+  state_.settings.stopWordsFile.clear();
+  EraseStopWords(state_.lists.stopWords);
+  host_.clearStopWordsOutput();
+}
+
+void SettingsPanel::cmdInitialize_Click() {
+  constexpr int SHOWN_MS = 2000;
+  InitializeVariables(state_.settings, true);
+  host_.settingsReplaced(true);
+  PopUpInForm(*ui_->cmdInitialize, {"Settings reinitialized", ui_->cmdInitialize->size(), SHOWN_MS},
+              QPoint(0, 0));
+}
+
+void SettingsPanel::cmdSaveLoadState_Click(int index) {
+  if (index == 0) {
+    SaveToFile();
+  } else {
+    LoadFromFile();
+  }
+}
+
+void SettingsPanel::SaveToFile() {
+  QFileDialog dialog(this, "Specify file to save settings to", {}, SETTINGS_FILTER);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix("lvz");
+  if (dialog.exec() != QDialog::Accepted) return;
+  host_.takeControls();
+  const std::string error = SaveState(state_.settings, PathOf(dialog.selectedFiles().constFirst()));
+  if (error.empty()) return;
+  userInterface_.Ask({error, "Save settings", Icon::exclamation, Buttons::ok, Answer::ok});
+}
+
+void SettingsPanel::LoadFromFile() {
+  const QString chosen = QFileDialog::getOpenFileName(this, "Specify file to load settings from.",
+                                                      {}, SETTINGS_FILTER);
+  if (chosen.isEmpty()) return;
+  host_.takeControls();
+  const RestoredState restored = RestoreSavedState(state_.settings, PathOf(chosen), false);
+  if (!restored.errorText.empty()) {
+    userInterface_.Ask(
+        {restored.errorText, "Load settings", Icon::exclamation, Buttons::ok, Answer::ok});
+    InitializeVariables(state_.settings, false);
+  }
+  host_.settingsReplaced(restored.modeSelected || !restored.errorText.empty());
+}
+
+void SettingsPanel::cmdQuitProgram_Click() {
+  if (userInterface_.Ask({"Really quit?", "Quit", Icon::none, Buttons::yesNo, Answer::yes}) ==
+      Answer::yes) {
+    host_.quit();
+  }
+}
+
+void SettingsPanel::txbStopWordsFile_LostFocus() {
+  if (!ui_->txbStopWordsFile->isModified()) return;
+  ui_->txbStopWordsFile->setText(ui_->txbStopWordsFile->text().trimmed());
+  TakePath(ui_->txbStopWordsFile->text(), state_.settings.stopWordsFile);
+  state_.lists.stopWords.loaded = false;
+}
+
+void SettingsPanel::txbExtraStopWords_LostFocus() {
+  if (!ui_->txbExtraStopWords->isModified()) return;
+  state_.settings.extraStopWords = TidyExtraStopWords(ui_->txbExtraStopWords->text().toStdString());
+  ui_->txbExtraStopWords->setText(ShownText(state_.settings.extraStopWords));
+  (void)CheckAllowedExtraChars(state_.settings, userInterface_);
+}
+
+void SettingsPanel::FocusCloseButton() {
+  activateWindow();
+  ui_->cmdClosePanel->setFocus();
+}
+
+}  // namespace quorvel

@@ -1,0 +1,40 @@
+// Between the core's texts and those of the window.
+//
+// The core's texts are UTF-8 with CR LF between lines, and its paths the file system's
+// own bytes; a widget wants UTF-16 with LF.
+#pragma once
+
+#include <QFile>
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+[[nodiscard]] inline QString ShownText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).remove('\r');
+}
+
+[[nodiscard]] inline QString ShownPath(const std::string& path) {
+#ifdef _WIN32
+  return QString::fromStdString(path);
+#else
+  return QFile::decodeName(QByteArray::fromStdString(path));
+#endif
+}
+
+[[nodiscard]] inline std::string PathOf(const QString& shown) {
+#ifdef _WIN32
+  return shown.toStdString();
+#else
+  return QFile::encodeName(shown).toStdString();
+#endif
+}
+
+// Takes over what a box shows, unless it is `path` already: not every name of a file can
+// be shown as it is.
+inline void TakePath(const QString& shown, std::string& path) {
+  if (shown != ShownPath(path)) path = PathOf(shown);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,169 @@
+#include "ui/window_interface.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTextCursor>
+#include <array>
+
+#include "ui/pop_up.h"
+#include "ui/text.h"
+
+namespace quorvel {
+namespace {
+
+// Often enough for a window to feel alive, seldom enough to cost nothing.
+constexpr qint64 BETWEEN_EVENTS_MS = 20;
+
+QMessageBox::Icon IconOf(Icon icon) {
+  switch (icon) {
+    case Icon::information:
+      return QMessageBox::Information;
+    case Icon::exclamation:
+      return QMessageBox::Warning;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::yesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::yesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+  switch (answer) {
+    case Answer::yes:
+      return QMessageBox::Yes;
+    case Answer::no:
+      return QMessageBox::No;
+    case Answer::cancel:
+      return QMessageBox::Cancel;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+Answer AnswerOf(int button, Buttons buttons) {
+  if (buttons == Buttons::ok) return Answer::ok;
+  if (button == QMessageBox::Yes) return Answer::yes;
+  return button == QMessageBox::Cancel ? Answer::cancel : Answer::no;
+}
+
+}  // namespace
+
+void WindowInterface::AppendOutput(std::string_view text) {
+  ShowPendingOutput();
+  QTextCursor end(controls_.output->document());
+  end.movePosition(QTextCursor::End);
+  end.insertText(ShownText(text));
+  controls_.output->moveCursor(QTextCursor::End);
+  controls_.output->viewport()->repaint();
+}
+
+void WindowInterface::SetOutput(std::string_view text) {
+  pendingOutput_ = ShownText(text);
+  if (!working_) ShowPendingOutput();
+}
+
+void WindowInterface::SetLabel(Label label, std::string_view text) {
+  QLabel* shown = nullptr;
+  switch (label) {
+    case Label::numberOfWords:
+      shown = controls_.numberOfWords;
+      break;
+    case Label::numberOfOccurrences:
+      shown = controls_.numberOfOccurrences;
+      break;
+    case Label::keywordsFound:
+      shown = controls_.keywordsFound;
+      break;
+    case Label::progressBar:
+      shown = controls_.progressBar;
+      break;
+    case Label::busyIndicator:
+      shown = controls_.busyIndicator;
+      break;
+  }
+  shown->setText(ShownText(text));
+  shown->setVisible(true);
+}
+
+Answer WindowInterface::Ask(const Message& message) {
+  ShowPendingOutput();
+  // Over the window that the user is at: the settings panel may be the one.
+  QWidget* const active = QApplication::activeWindow();
+  QMessageBox box(IconOf(message.icon), ShownText(message.title), ShownText(message.text),
+                  ButtonsOf(message.buttons), active != nullptr ? active : controls_.window);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(ButtonOf(message.preset));
+  if (message.buttons == Buttons::yesNo) box.setEscapeButton(QMessageBox::No);
+  const Answer answer = AnswerOf(box.exec(), message.buttons);
+  sinceEvents_.restart();
+  return answer;
+}
+
+void WindowInterface::PopUp(std::string_view text) {
+  pendingPopUp_ = ShownText(text);
+  if (!working_) ShowPendingPopUp();
+}
+
+void WindowInterface::ShowPendingPopUp() {
+  constexpr QSize SIZE(300, 60);
+  constexpr int SHOWN_MS = 3500;
+  if (!pendingPopUp_) return;
+  const QString text = *pendingPopUp_;
+  pendingPopUp_.reset();
+  quorvel::PopUpInForm(*controls_.outputFileBox, {text, SIZE, SHOWN_MS},
+                       QPoint(0, controls_.outputFileBox->height()));
+}
+
+void WindowInterface::OfferStop(bool offered) {
+  if (offered) controls_.stopButton->setText("&Stop");
+  controls_.stopButton->setEnabled(offered);
+}
+
+void WindowInterface::YieldNow() {
+  if (!working_ || sinceEvents_.elapsed() < BETWEEN_EVENTS_MS) return;
+  ShowPendingOutput();
+  TurnBusyIndicator();
+  QCoreApplication::processEvents();
+  sinceEvents_.restart();
+}
+
+void WindowInterface::BeginWork() {
+  working_ = true;
+  sinceEvents_.start();
+}
+
+void WindowInterface::EndWork() {
+  working_ = false;
+  ShowPendingOutput();
+  controls_.progressBar->clear();
+  controls_.busyIndicator->setText(" ");
+}
+
+void WindowInterface::ShowPendingOutput() {
+  if (!pendingOutput_) return;
+  controls_.output->setPlainText(*pendingOutput_);
+  controls_.output->moveCursor(QTextCursor::Start);
+  pendingOutput_.reset();
+}
+
+void WindowInterface::TurnBusyIndicator() {
+  constexpr std::array<char, 4> FACES = {'|', '/', '-', '\\'};
+  constexpr int STEPS_A_FACE = 8;
+  busyStep_ = (busyStep_ + 1) % (STEPS_A_FACE * static_cast<int>(FACES.size()));
+  controls_.busyIndicator->setText(
+      QString(QChar(FACES.at(static_cast<std::size_t>(busyStep_ / STEPS_A_FACE)))));
+}
+
+}  // namespace quorvel

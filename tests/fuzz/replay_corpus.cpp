@@ -1,0 +1,22 @@
+// Feeds a fuzz target with every file of the folders that are named: what once failed must not
+// fail again. The last name on the error output is that of the input at fault.
+
+#include "fuzz_input.h"
+#include "input/file_system.h"
+
+int main(int argc, char** argv) {
+  int inputs = 0;
+  for (int i = 1; i < argc; ++i) {
+    for (const auto& file : std::filesystem::directory_iterator(argv[i])) {
+      std::cerr << file.path().string() << '\n';
+      const quorvel::FileRead read = quorvel::ReadFileBytes(file.path().string());
+      quorvel::fuzz::Require(read.error.empty(), "an input can be read");
+      // Bytes of their own, so that nothing before or behind them may be looked at.
+      const std::vector<std::uint8_t> bytes(read.bytes.begin(), read.bytes.end());
+      quorvel::fuzz::LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+      ++inputs;
+    }
+  }
+  quorvel::fuzz::Require(inputs > 0, "there are inputs");
+  return 0;
+}

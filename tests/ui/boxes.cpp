@@ -1,0 +1,182 @@
+#include "ui/boxes.h"
+
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QWindow>
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+
+namespace quorvel {
+namespace {
+
+constexpr const char* POP_UP = "pop-up | ";
+constexpr int BETWEEN_LOOKS_MS = 10;
+constexpr int LOOKS_FOR_KEYS = 30;
+constexpr int MOST_LOOKS = 3000;
+constexpr int PATIENCE_MS = 5000;
+constexpr int PATIENCE_WITH_MANAGER_MS = 500;
+
+std::string Caption(const QAbstractButton& button) {
+  return button.text().remove('&').toStdString();
+}
+
+std::string Shows(const std::string& title, const std::string& text, int icon,
+                  const std::string& buttons) {
+  return title + " | " + text + " | icon " + std::to_string(icon) + " | " + buttons;
+}
+
+// The preset button has a star behind its caption.
+std::string ShownBy(const QWidget& window) {
+  const std::string title = window.windowTitle().toStdString();
+  if (const auto* box = qobject_cast<const QMessageBox*>(&window)) {
+    std::string buttons;
+    for (const QAbstractButton* button : box->buttons()) {
+      buttons += (buttons.empty() ? "" : ",") + Caption(*button);
+      if (button == box->defaultButton()) buttons += '*';
+    }
+    return Shows(title, box->text().toStdString(), box->icon(), buttons);
+  }
+  const auto* message = window.findChild<QLabel*>("lblMessage");
+  return message == nullptr ? title : POP_UP + message->text().toStdString();
+}
+
+void PressButton(QWidget& box, const std::string& caption) {
+  if (caption == "Escape") return QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
+  if (caption == "Enter") return QTest::keyClick(box.windowHandle(), Qt::Key_Enter);
+  for (QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
+    if (Caption(*button) == caption) return ClickOn(*button);
+  }
+  ADD_FAILURE() << "no button " << caption;
+}
+
+xcb_connection_t* XServer() {
+  return qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+}  // namespace
+
+bool HasTheKeys(const QWidget& window) {
+  xcb_connection_t* x = XServer();
+  const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> focus(
+      xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr), &std::free);
+  return window.isActiveWindow() && focus != nullptr && focus->focus == window.winId();
+}
+
+void Activate(QWidget& window) {
+  const auto isActive = [&window] { return HasTheKeys(window); };
+  const QWidget* active = QApplication::activeWindow();
+  if (active != nullptr && active != &window && active->isVisible()) window.activateWindow();
+  for (int tries = 0; tries < 10; ++tries) {
+    if (QTest::qWaitFor(isActive, PATIENCE_WITH_MANAGER_MS)) return;
+    // Qt may have missed that the window has the keys: they are taken from it and given back.
+    for (const auto owner : {static_cast<xcb_window_t>(XCB_NONE), xcb_window_t(window.winId())}) {
+      xcb_set_input_focus(XServer(), XCB_INPUT_FOCUS_PARENT, owner, XCB_CURRENT_TIME);
+    }
+    xcb_flush(XServer());
+  }
+  ADD_FAILURE() << window.objectName().toStdString() << " does not become active";
+}
+
+void ClickOn(QWidget& control) {
+  QWidget& window = *control.window();
+  // The words of a wide check box may be far from its middle.
+  const QPoint place(std::min(12, control.width() / 2), control.height() / 2);
+  const QPoint inWindow = control.mapTo(&window, place);
+  const QWidget* hit = window.childAt(inWindow);
+  const bool isHit = hit == &control || control.isAncestorOf(hit);
+  EXPECT_TRUE(control.isVisible() && control.isEnabled() && isHit)
+      << control.objectName().toStdString() << " is hidden, disabled or covered";
+  QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, inWindow);
+}
+
+void TypeText(QWidget& window, const std::string& text) {
+  for (const char ch : text) QTest::keyClick(window.windowHandle(), ch);
+}
+
+Box Tells(const std::string& title, const std::string& text, Icon icon) {
+  const int shown = icon == Icon::none          ? QMessageBox::NoIcon
+                    : icon == Icon::information ? QMessageBox::Information
+                                                : QMessageBox::Warning;
+  return {Shows(title, text, shown, "OK*"), [](QWidget& box) { PressButton(box, "OK"); }};
+}
+
+Box Asks(const std::string& title, const std::string& text, const char* preset, const char* button,
+         std::string buttons) {
+  buttons.insert(buttons.find(preset) + std::string(preset).size(), "*");
+  return {Shows(title, text, QMessageBox::NoIcon, buttons),
+          [button](QWidget& box) { PressButton(box, button); }};
+}
+
+Box AsksForFile(const std::string& title, const std::string& path) {
+  return {title, [path](QWidget& dialog) {
+            if (path.empty()) return PressButton(dialog, "Escape");
+            // Suggestions come whenever the disk has answered, even behind a dialog that is gone.
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setCompleter(nullptr);
+            QTest::keyClick(dialog.windowHandle(), Qt::Key_A, Qt::ControlModifier);
+            TypeText(dialog, path);
+            PressButton(dialog, "Enter");
+          }};
+}
+
+Box PopsUp(const std::string& text) {
+  return {POP_UP + text, [](QWidget& window) {
+            QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, window.rect().center());
+          }};
+}
+
+Boxes::Boxes() {
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+  timer_.start(BETWEEN_LOOKS_MS);
+}
+
+void Boxes::During(const BoxList& boxes, const std::string& name,
+                   const std::function<void()>& act) {
+  const std::size_t others = expected_.size();  // those of a run that goes on
+  expected_.insert(expected_.begin(), boxes.begin(), boxes.end());
+  action_ = name;
+  act();
+  QCoreApplication::processEvents();  // what was put off until the next turn comes now
+  const auto allCame = [this, others] {
+    return expected_.size() <= others && (others > 0 || !QApplication::activeModalWidget());
+  };
+  if (QTest::qWaitFor(allCame, PATIENCE_MS)) return;
+  for (; expected_.size() > others; expected_.pop_front()) {
+    ADD_FAILURE() << "after " << name << " did not come: " << expected_.front().shows;
+  }
+}
+
+void Boxes::Look() {
+  QWidget* box = QApplication::activeModalWidget();
+  if (box == nullptr) return;
+  looks_ = box == current_ ? looks_ + 1 : 0;
+  current_ = box;
+  const std::string shown = ShownBy(*box);
+  const std::string wanted = expected_.empty() ? "none" : expected_.front().shows;
+  if (shown != wanted) return Dismiss(*box, "came: " + shown + "\nnot: " + wanted);
+  if (looks_ > MOST_LOOKS) return Dismiss(*box, "never active, or never ready: " + shown);
+  const Box next = expected_.front();
+  // A message needs no keys, and the manager may leave them with another window of ours.
+  const bool isThere = HasTheKeys(*box) || (shown.starts_with(POP_UP) && looks_ > LOOKS_FOR_KEYS);
+  if (!isThere || (next.ready && !next.ready())) return;
+  expected_.pop_front();
+  current_ = nullptr;
+  next.answer(*box);
+}
+
+void Boxes::Dismiss(QWidget& box, const std::string& fault) {
+  ADD_FAILURE() << "after " << action_ << " " << fault;
+  current_ = nullptr;
+  expected_.clear();
+  if (auto* dialog = qobject_cast<QDialog*>(&box)) dialog->reject();
+}
+
+}  // namespace quorvel

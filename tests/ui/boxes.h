@@ -1,0 +1,72 @@
+// The boxes that come up while a test acts, answered as a user would.
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "util/user_interface.h"
+
+namespace quorvel {
+
+// Whether keys go to a window, as both Qt and the X server see it. Qt is ahead of the server at
+// times, and a window that is closed then takes the keys of the next one with it.
+[[nodiscard]] bool HasTheKeys(const QWidget& window);
+
+// Sees to it that keys go to a window. When a box has gone, the window manager chooses the next
+// one.
+void Activate(QWidget& window);
+
+// Clicks a control. Fails when that is hidden, disabled or covered.
+void ClickOn(QWidget& control);
+
+// Presses the keys for `text`.
+void TypeText(QWidget& window, const std::string& text);
+
+struct Box {
+  std::string shows;  // what a user sees of it: title, text, icon and buttons
+  std::function<void(QWidget&)> answer;
+  std::function<bool()> ready = nullptr;  // where set, the answer waits for it
+};
+using BoxList = std::vector<Box>;
+
+// A message box with the button "OK"; lines are separated by "\n".
+[[nodiscard]] Box Tells(const std::string& title, const std::string& text,
+                        Icon icon = Icon::exclamation);
+
+// A question on which Enter would press `preset`. The user presses `button`, which may be the key
+// "Enter" or "Escape".
+[[nodiscard]] Box Asks(const std::string& title, const std::string& text, const char* preset,
+                       const char* button, std::string buttons = "Yes,No");
+
+// A file dialog, in which the user types `path`, or chooses nothing when that is empty.
+[[nodiscard]] Box AsksForFile(const std::string& title, const std::string& path);
+
+// A message that goes away by itself, unless it is clicked away.
+[[nodiscard]] Box PopsUp(const std::string& text);
+
+// Watches for modal windows. One that is not the next expected one fails the test and is closed,
+// so that nothing hangs; then nothing more is waited for.
+class Boxes {
+ public:
+  Boxes();
+
+  // Acts, and waits until these boxes have come, in this order. `name` is for messages.
+  void During(const BoxList& boxes, const std::string& name, const std::function<void()>& act);
+
+ private:
+  void Look();
+  void Dismiss(QWidget& box, const std::string& fault);
+
+  QTimer timer_;
+  std::deque<Box> expected_;
+  std::string action_;  // the last one
+  QPointer<QWidget> current_;
+  int looks_ = 0;  // at the current box
+};
+
+}  // namespace quorvel

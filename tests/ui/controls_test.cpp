@@ -1,0 +1,150 @@
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QWindow>
+#include <set>
+
+#include "ui/window_test.h"
+
+namespace quorvel {
+namespace {
+
+class Controls : public WindowTest {
+ protected:
+  // Fails unless `key` leads to each control of a window that takes keys at all.
+  static void ExpectAllReachedBy(Qt::Key key, QWidget& window) {
+    ExpectSoon([&window] { return HasTheKeys(window); });
+    std::set<std::string> wanted;
+    for (const QWidget* control : window.findChildren<QWidget*>()) {
+      // Arrow keys lead from one radio button to the other.
+      const bool isOther =
+          control->inherits("QRadioButton") && !control->property("checked").toBool();
+      if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->window() == &window &&
+          control->isVisible() && control->isEnabled() && !isOther) {
+        wanted.insert(control->objectName().toStdString());
+      }
+    }
+    std::set<std::string> reached;
+    for (int presses = 0; presses < 60; ++presses) {
+      QTest::keyClick(window.windowHandle(), key);
+      if (window.focusWidget()) reached.insert(window.focusWidget()->objectName().toStdString());
+    }
+    EXPECT_EQ(reached, wanted);
+  }
+};
+
+TEST_F(Controls, AreReachedByTab) {
+  OpenText("a.txt");
+  List();
+  Press(Qt::CTRL | Qt::Key_F);
+  ExpectAllReachedBy(Qt::Key_Tab, *window_);
+  Search();
+  ExpectAllReachedBy(Qt::Key_Backtab, *window_);
+  Click("cmdSetParameters");
+  ExpectAllReachedBy(Qt::Key_Tab, Control("SettingsPanel"));
+}
+
+TEST_F(Controls, AreAllInView) {
+  window_ = std::make_unique<MainWindow>();
+  window_->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+  const QRegularExpression ours("^(cmd|txb|chk|opt|cbo|lbl)");
+  for (const QSize size : {window_->size(), USABLE_SIZE}) {
+    window_->resize(size);
+    ExpectSoon([this, size] { return window_->size() == size; });
+    for (const QWidget* control : window_->findChildren<QWidget*>(ours)) {
+      if (!control->isVisible()) continue;
+      EXPECT_EQ(control->visibleRegion().boundingRect(), control->rect())
+          << control->objectName().toStdString() << " at a height of " << size.height();
+    }
+  }
+}
+
+TEST_F(Controls, AnswerToTheirKeys) {
+  OpenText("a.txt");
+  Press(Qt::CTRL | Qt::Key_O, {AsksForFile("Specify input file", "")});
+  for (const QKeyCombination keys : {QKeyCombination(Qt::Key_F5), Qt::CTRL | Qt::Key_Return,
+                                     Qt::CTRL | Qt::Key_Enter, Qt::ALT | Qt::Key_S}) {
+    Press(keys, {WritesConcordance()});
+  }
+  Press(Qt::Key_F1);
+  QWidget& help = *Control("txbText1").window();
+  EXPECT_EQ(help.windowTitle(), "Help for Quorvel");
+  EXPECT_GT(Text("txbText1").size(), 1000U);
+  ExpectSoon([&help] { return HasTheKeys(help); });
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(help.isVisible());
+  Click("cmdAbout", {{"About Quorvel", [](QWidget& about) {
+                        const auto* version = about.findChild<QWidget*>("lblVersion");
+                        EXPECT_EQ(version->property("text").toString(), "Version 21.36");
+                        ClickOn(*about.findChild<QPushButton*>("cmdClose"));
+                      }}});
+}
+
+TEST_F(Controls, FindInTheListing) {
+  OpenText("a.txt");
+  List();
+  EXPECT_FALSE(Shown("findBar"));
+  Press(Qt::CTRL | Qt::Key_F);
+  TypeText(*window_, "HARBOUR");
+  EXPECT_EQ(Text("lblFindCount"), "11 found");
+  const auto& output = dynamic_cast<QPlainTextEdit&>(Control("txbOutput"));
+  const struct {
+    const char* name;
+    std::function<void()> find;
+    const char* count;
+  } rows[] = {
+      {"Enter", [this] { Press(Qt::Key_Return); }, "1 of 11"},
+      {"Enter again", [this] { Press(Qt::Key_Return); }, "2 of 11"},
+      {"Shift+Enter", [this] { Press(Qt::SHIFT | Qt::Key_Return); }, "1 of 11"},
+      {"previous", [this] { Click("cmdFindPrevious"); }, "11 of 11"},
+      {"next", [this] { Click("cmdFindNext"); }, "1 of 11"},
+  };
+  for (const auto& row : rows) {
+    row.find();
+    EXPECT_EQ(Text("lblFindCount"), row.count) << row.name;
+    EXPECT_EQ(output.textCursor().selectedText().toLower(), "harbour") << row.name;
+  }
+  Type("txbFind", "zebra", {}, Qt::Key_Return);
+  EXPECT_EQ(Text("lblFindCount"), "0 found");
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(Shown("findBar"));
+  EXPECT_TRUE(output.hasFocus());
+}
+
+TEST_F(Controls, ZoomTheListingByTheWheel) {
+  OpenText("a.txt");
+  const QWidget& output = Control("txbOutput");
+  const QPoint place = output.mapTo(window_.get(), QPoint(50, 50));
+  const double size = output.font().pointSizeF();
+  const auto turn = [this, place](int angle, Qt::KeyboardModifier modifier) {
+    QWheelEvent event(place, window_->mapToGlobal(place), {}, {0, angle}, Qt::NoButton, modifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window_->windowHandle(), &event);
+  };
+  turn(360, Qt::NoModifier);
+  EXPECT_EQ(output.font().pointSizeF(), size);
+  turn(360, Qt::ControlModifier);
+  EXPECT_EQ(output.font().pointSizeF(), size + 3);
+  turn(-240, Qt::ControlModifier);
+  EXPECT_EQ(output.font().pointSizeF(), size + 1);
+}
+
+TEST_F(Controls, AreKeptCurrent) {
+  const std::string input = OpenText("a.txt");
+  const auto tip = [this] { return Control("txbFile_0").toolTip().toStdString(); };
+  ExpectSoon([&] { return tip() == input; });
+  const std::string output = folder_.Write("a.qvl.conc.txt", "ship");
+  ExpectSoon([this] { return Control("cmdViewFile").isEnabled(); });
+  EXPECT_EQ(Text("lblConcordanceFileSize"), "Concordance filesize: 4 bytes");
+  std::filesystem::remove(output);
+  ExpectSoon([this] { return !Control("cmdViewFile").isEnabled(); });
+  EXPECT_EQ(Text("lblConcordanceFileSize"), "");
+  Click("cmdClearFile_0");
+  EXPECT_EQ(Text("lblInputFileSize"), "");
+  ExpectSoon([&] { return tip() != input; });
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,150 @@
+#include "run/stop_word_choice.h"
+#include "ui/window_test.h"
+
+namespace quorvel {
+namespace {
+
+class Settings : public WindowTest {
+ protected:
+  static Box Saved() { return PopsUp("Settings saved"); }
+  [[nodiscard]] std::string StateFile() const { return folder_.Read("config/Quorvel/qvl.usr"); }
+
+  void SaveTo(const char* name, const BoxList& more = {}) {
+    BoxList boxes = {AsksForFile("Specify file to save settings to", folder_.Path(name))};
+    boxes.insert(boxes.end(), more.begin(), more.end());
+    Click("cmdSaveLoadState_0", boxes);
+  }
+
+  void LoadFrom(const char* name, const BoxList& more) {
+    BoxList boxes = {AsksForFile("Specify file to load settings from.", folder_.Path(name))};
+    boxes.insert(boxes.end(), more.begin(), more.end());
+    Click("cmdSaveLoadState_1", boxes);
+  }
+
+  // Gives every option a value that it does not have at first, and ends in search mode with the
+  // panel open.
+  void ChangeEverything() {
+    OpenText("a.txt");
+    Type("txbFile_3", folder_.Path("not there.txt"));
+    for (const std::string& box : MAIN_BOXES) Click(box);
+    Choose("cboWordOrder", "by frequency");
+    Choose("cboContextSize", " 3");
+    Search();
+    Type("txbFile_1", folder_.Write("found.txt", "x"));
+    Type("txbFile_2", folder_.Write("k.txt", "ship\r\nold\r\n"), {OffersKeywords("No")});
+    Type("txbExtraKeywords", "h*+s?a b#");
+    Click("cmdSetParameters");
+    for (const std::string& box : PANEL_BOXES) Click(box);
+    Choose("cboThresholdFrequency", " 20");
+    Type("txbExtraStopWords", "mp3,the");
+  }
+
+  // The settings file that says so, with the modes in lines 5 and 6.
+  [[nodiscard]] std::string ChangedFile(const std::string& modes) const {
+    std::string lines;
+    for (const char* name : {"a.txt", "found.txt", "k.txt", "not there.txt"}) {
+      lines += "\"" + folder_.Path(name) + "\"\r\n";
+    }
+    lines += modes + "\"mp3 the\"\r\n18\r\n1\r\n1\r\n0\r\n1\r\n1\r\n1\r\n0\r\n1\r\n1\r\n3\r\n";
+    return lines + "\"" + StopWordsPath(LANGUAGES[0]) + "\"\r\n\"h*+s?a b#\"\r\n1\r\n1\r\n";
+  }
+
+  static constexpr const char* CREATE = "1\r\n0\r\n";
+  static constexpr const char* SEARCH = "0\r\n1\r\n";
+  const Names MAIN_BOXES = {"chkFrequencies",     "chkShowLineBreaks",  "chkDisable",
+                            "chkCreateIndexFile", "chkWarnOnOverwrite", "chkSaveStateOnQuit"};
+  const Names PANEL_BOXES = {"chkAllowWordsWithHyphens", "chkAllowWordsWithNumerals",
+                             "chkIgnoreInfrequentWords", "chkIgnoreLists"};
+};
+
+TEST_F(Settings, AreSavedAndComeBackInCreateMode) {
+  ChangeEverything();
+  Click("cmdSaveState", {Saved()});
+  EXPECT_EQ(StateFile(), ChangedFile(SEARCH));
+  Open({}, {LoadsStopWords()});
+  EXPECT_EQ(Which("checked", MAIN_BOXES),
+            "chkShowLineBreaks chkDisable chkCreateIndexFile chkWarnOnOverwrite "
+            "chkSaveStateOnQuit ");
+  EXPECT_EQ(Text("cboWordOrder") + Text("cboContextSize"), "by frequency 3");
+  Click("cmdSaveState", {Saved()});
+  EXPECT_EQ(StateFile(), ChangedFile(CREATE));
+}
+
+TEST_F(Settings, AreSavedWhenTheProgramEnds) {
+  const std::pair<const char*, std::function<void(const BoxList&)>> ways[] = {
+      {"frame", [this](const BoxList& boxes) { CloseWindow(boxes); }},
+      {"button", [this](const BoxList& boxes) { Click("cmdQuit", boxes); }},
+      {"key", [this](const BoxList& boxes) { Press(Qt::CTRL | Qt::Key_Q, boxes); }},
+      {"panel",
+       [this](BoxList boxes) {
+         Click("cmdSetParameters");
+         Click("cmdQuitProgram", {Asks("Quit", "Really quit?", "Yes", "No")});
+         EXPECT_TRUE(window_->isVisible());
+         boxes.insert(boxes.begin(), Asks("Quit", "Really quit?", "Yes", "Yes"));
+         Click("cmdQuitProgram", boxes);
+       }},
+  };
+  for (const auto& [name, quit] : ways) {
+    SCOPED_TRACE(name);
+    Open();
+    quit({});
+    EXPECT_EQ(StateFile(), "");
+    Open();
+    Click("chkSaveStateOnQuit");
+    quit({Saved()});
+    EXPECT_FALSE(window_->isVisible());
+    const std::string saved = StateFile();
+    Open();
+    Click("cmdSaveState", {Saved()});
+    EXPECT_EQ(StateFile(), saved);
+    std::filesystem::remove_all(folder_.Path("config"));
+  }
+}
+
+TEST_F(Settings, GoToAFileOfTheUsersChoiceAndBack) {
+  ChangeEverything();
+  SaveTo("mine");
+  EXPECT_EQ(folder_.Read("mine.lvz"), ChangedFile(SEARCH));
+  Click("cmdInitialize", {PopsUp("Settings reinitialized")});
+  SaveTo("initial.lvz");
+  EXPECT_EQ(folder_.Read("initial.lvz"),
+            "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n1\r\n1\r\n"
+            "1\r\n0\r\n0\r\n5\r\n\"\"\r\n\"\"\r\n1\r\n0\r\n");
+  EXPECT_EQ(Text("lblIndexFile") + Text("lblInputFileSize"), "Index file:");
+  (void)folder_.Write("none.lvz", ChangedFile("0\r\n0\r\n"));
+  LoadFrom("none.lvz", {LoadsStopWords()});
+  EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "");
+  EXPECT_EQ(Text("txbExtraStopWords") + Text("cboThresholdFrequency"), "mp3 the 20");
+  (void)folder_.Write("bad.lvz", "\"" + folder_.Path("a.txt") + "\"\r\n");
+  const char* const error =
+      "Error when attempting to restore settings: the file ends after line 1.";
+  LoadFrom("bad.lvz", {Tells("Load settings", error)});
+  EXPECT_EQ(Text("txbFile_0") + Text("cboContextSize") + Text("txbExtraStopWords"), " 5mp3 the");
+  EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optCreate ");
+}
+
+// What the boxes show is what a run goes by.
+TEST_F(Settings, BringTheirKeywords) {
+  ChangeEverything();
+  SaveTo("mine.lvz");
+  Open();
+  Click("cmdSetParameters");
+  LoadFrom("mine.lvz", {LoadsStopWords(), OffersKeywords("No")});
+  EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optSearch ");
+  Type("txbExtraKeywords", "");
+  Type("txbFile_1", "");
+  Click("cmdListWords");
+  EXPECT_EQ(Text("txbOutput").substr(0, 6), "[old]\n");
+}
+
+TEST_F(Settings, ThatCannotBeSavedAreReported) {
+  (void)folder_.Write("config", "in the way");
+  const std::string error = "Error when attempting to save settings: Not a directory";
+  Open();
+  Click("cmdSaveState", {Tells("Quorvel", error)});
+  Click("cmdSetParameters");
+  SaveTo("config/x.lvz", {Tells("Save settings", error)});
+}
+
+}  // namespace
+}  // namespace quorvel
