@@ -67,12 +67,9 @@ TEST(IndexFile, GivesTheListingOfAScan) {
       RandomText(std::vector<std::string>{"cats ", "dog-", "-", "--", "<!--", "'s ", "bed", ". ",
                                           "\xE9t\xE9s ", "9"},
                  3000, random);
-  const std::pair<const char*, std::string> inputs[] = {{"a.txt", story},
-                                                        {"a.htm", page},
-                                                        {"b.txt", made},
-                                                        {"c.txt", "harbour"},
-                                                        {"d.txt", "a b c d"},
-                                                        {"e.txt", "the TV-s of the 1990s zz"}};
+  const std::pair<const char*, std::string> inputs[] = {
+      {"a.txt", story},     {"a.htm", page},      {"b.txt", made},
+      {"c.txt", "harbour"}, {"d.txt", "a b c d"}, {"e.txt", "the TV-s of the 1990s zz"}};
   for (const auto& [name, bytes] : inputs) {
     SCOPED_TRACE(name);
     TestRun run(bytes, name);
