@@ -193,7 +193,8 @@ class Program:
         self.wait_until_closed(title)
 
     def listing(self):
-        text = self.control("Quorvel", "Listing and progress")
+        name = "Listing and progress"
+        text = self.wait_for(name, lambda: self.control("Quorvel", name))
         return Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
 
 
