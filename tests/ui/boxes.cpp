@@ -146,7 +146,8 @@ void Boxes::During(const BoxList& boxes, const std::string& name,
   act();
   QCoreApplication::processEvents();  // what was put off until the next turn comes now
   const auto allCame = [this, others] {
-    return expected_.size() <= others && (others > 0 || !QApplication::activeModalWidget());
+    return expected_.size() <= others &&
+           (others > 0 || QApplication::activeModalWidget() == nullptr);
   };
   if (QTest::qWaitFor(allCame, PATIENCE_MS)) return;
   for (; expected_.size() > others; expected_.pop_front()) {
