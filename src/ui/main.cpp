@@ -4,12 +4,14 @@
 #include <QTimer>
 
 #include "ui/main_window.h"
+#include "ui/product_information.h"
 #include "ui/text.h"
 
 int main(int argumentCount, char** arguments) {
   const QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("quorvel");
   QApplication::setDesktopFileName("quorvel");
+  QApplication::setWindowIcon(quorvel::ProgramIcon());
   const QStringList words = QApplication::arguments();
   const std::string input = words.size() > 1 ? quorvel::PathOf(words.at(1)) : std::string();
   quorvel::MainWindow window;

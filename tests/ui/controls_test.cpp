@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -78,6 +79,8 @@ TEST_F(Controls, AnswerToTheirKeys) {
   Click("cmdAbout", {{"About Quorvel", [](QWidget& about) {
                         const auto* version = about.findChild<QWidget*>("lblVersion");
                         EXPECT_EQ(version->property("text").toString(), "Version 21.36");
+                        const auto* icon = about.findChild<QLabel*>("lblIcon");
+                        EXPECT_EQ(icon->pixmap().deviceIndependentSize(), QSizeF(64, 64));
                         ClickOn(*about.findChild<QPushButton*>("cmdClose"));
                       }}});
 }
