@@ -1,0 +1,35 @@
+#compdef quorvel-cli
+# Completion of the arguments of quorvel-cli for zsh.
+
+_arguments -s -S \
+  '(- *)'{-h,--help}'[show the options]' \
+  '(- *)--version[show the version]' \
+  '(-o --output)'{-o,--output=}'[the concordance or search-results file, - for standard output]:output file:_files' \
+  '(-s --settings)'{-s,--settings=}'[start from a settings file]:settings file:_files -g "*.(#i)lvz"' \
+  '--save-settings=[save the settings and run nothing]:settings file:_files -g "*.(#i)lvz"' \
+  '--index[write the words of the input to an index file]' \
+  '--use-index[take the words from the index file]' \
+  '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi)' \
+  '(--search)--create[list all words]' \
+  '(--create)--search[list keywords only]' \
+  '(-k --keywords-file)'{-k,--keywords-file=}'[a file of words to search for]:keywords file:_files -g "*.(#i)txt"' \
+  '(-e --keywords)'{-e,--keywords=}'[words and patterns to search for]:words: ' \
+  '(-c --context)'{-c,--context=}'[words of context on each side]:words:(0 1 2 3 4 5 6 7 8 9)' \
+  '--order=[the order of the words]:order:(alphabetical frequency)' \
+  '(--no-frequencies)--frequencies[show how often words and contexts occur]' \
+  '(--frequencies)--no-frequencies[do not show how often words and contexts occur]' \
+  '(--no-line-breaks)--line-breaks[show the line breaks of a text file]' \
+  '(--line-breaks)--no-line-breaks[do not show line breaks]' \
+  '(--no-hyphens)--hyphens[list words with hyphens]' \
+  '(--hyphens)--no-hyphens[do not list words with hyphens]' \
+  '(--no-numerals)--numerals[list words with digits]' \
+  '(--numerals)--no-numerals[do not list words with digits]' \
+  '(--no-skip-lists)--skip-lists[leave out the lists of a web page]' \
+  '(--skip-lists)--no-skip-lists[keep the lists of a web page]' \
+  '--min-count=[list only words that occur at least so often]:times:(2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20)' \
+  '(--language)--stop-words=[a file of words not to list]:stop-words file:_files -g "*.(#i)txt"' \
+  '(--stop-words)--language=[whose stop words not to list]:language:(auto en de es pt it fr all none)' \
+  '--extra-stop-words=[words not to list]:words: ' \
+  '--answer=[how questions are answered]:answer:(yes no default)' \
+  '(-q --quiet)'{-q,--quiet}'[show no progress, and no message that all went well]' \
+  '1:document:_files -g "*.(#i)(txt|docx|*htm*)"'
