@@ -1,0 +1,90 @@
+# What is installed, where, and the Debian package of it; ./dev package makes that.
+
+include(GNUInstallDirs)
+
+# The releases are told in one place. Their list fills the software centre's page.
+file(STRINGS CHANGELOG.md headings REGEX "^## ")
+foreach(heading IN LISTS headings)
+  if(NOT heading MATCHES "^## ([0-9.]+) - ([0-9]+-[0-9]+-[0-9]+)$")
+    message(FATAL_ERROR "CHANGELOG.md: '${heading}' is not '## VERSION - YEAR-MONTH-DAY'")
+  endif()
+  if(NOT RELEASES AND NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
+    message(FATAL_ERROR "CHANGELOG.md: ${PROJECT_VERSION} must come first, not ${CMAKE_MATCH_1}")
+  endif()
+  string(APPEND RELEASES
+    "\n    <release version=\"${CMAKE_MATCH_1}\" date=\"${CMAKE_MATCH_2}\"/>")
+endforeach()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
+
+# The program looks for its data in ../share/quorvel, seen from its own folder.
+install(TARGETS quorvel-cli)
+file(GLOB DATA_FILES CONFIGURE_DEPENDS data/stwds_*.txt)
+install(FILES ${DATA_FILES} data/qvl_help.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvel)
+if(QUORVEL_WINDOW)
+  install(TARGETS quorvel)
+endif()
+
+if(UNIX)
+  set(pages quorvel-cli.1)
+  set(compressed "")
+  if(QUORVEL_WINDOW)
+    list(APPEND pages quorvel.1)
+    set(metainfo org.quorvel.quorvel.metainfo.xml)
+    configure_file(packaging/${metainfo}.in packaging/${metainfo} @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/packaging/${metainfo}
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+    install(FILES packaging/quorvel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+    set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+    install(FILES data/icons/quorvel.svg DESTINATION ${icons}/scalable/apps)
+    foreach(size IN LISTS QUORVEL_ICON_SIZES)
+      install(FILES data/icons/quorvel_${size}.png RENAME quorvel.png
+        DESTINATION ${icons}/${size}x${size}/apps)
+    endforeach()
+  endif()
+
+  # Pages and changelogs are compressed, without the time, so that a package can be made again.
+  foreach(page IN LISTS pages)
+    add_custom_command(OUTPUT packaging/${page}.gz
+      COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/man/${page} > packaging/${page}.gz
+      DEPENDS packaging/man/${page})
+    list(APPEND compressed ${PROJECT_BINARY_DIR}/packaging/${page}.gz)
+  endforeach()
+  install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  add_custom_command(OUTPUT packaging/changelog.gz
+    COMMAND packaging/debian_changelog.sh CHANGELOG.md | gzip -9nc
+      > ${PROJECT_BINARY_DIR}/packaging/changelog.gz
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+    DEPENDS CHANGELOG.md packaging/debian_changelog.sh)
+  add_custom_target(quorvel_documents ALL DEPENDS ${compressed} packaging/changelog.gz)
+
+  install(FILES packaging/copyright ${PROJECT_BINARY_DIR}/packaging/changelog.gz
+    docs/concordance-file.md docs/index-file.md docs/settings-file.md docs/word-files.md
+    DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  install(FILES packaging/completions/quorvel-cli.bash RENAME quorvel-cli
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES packaging/completions/quorvel-cli.zsh RENAME _quorvel-cli
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_CONTACT "Quorvel maintainers <maintainers@quorvel.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "key-word-in-context concordances of a document")
+set(CPACK_PACKAGE_DESCRIPTION
+"Quorvel lists every word of a text file, a web page or a DOCX document, with
+each of its occurrences shown between the words around it, or searches the
+document for chosen words and patterns. Stop words are left out in six
+languages; that of the document is recognised.
+.
+This package holds the program with a window, quorvel, and the command line
+for scripts, quorvel-cli.")
+set(CPACK_PACKAGE_HOMEPAGE_URL "https://quorvel.example/")
+set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION text)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# A desktop that speaks nothing but Wayland needs Qt's plug-in for it.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
+include(CPack)
