@@ -7,7 +7,6 @@
 #include "generated_text.h"
 #include "output/context_merger.h"
 #include "output/entry_composer.h"
-#include "util/ansi.h"
 
 namespace quorvel {
 namespace {
@@ -15,9 +14,9 @@ namespace {
 constexpr std::size_t CONTEXT_LENGTH = 80;
 
 // `count` stretches of text that differ from each other.
-std::vector<std::u16string> Contexts(std::size_t count) {
-  const std::u16string text = DecodeAnsi(GeneratedText({count * CONTEXT_LENGTH, 5000, 1}));
-  std::vector<std::u16string> contexts;
+std::vector<std::string> Contexts(std::size_t count) {
+  const std::string text = GeneratedText({count * CONTEXT_LENGTH, 5000, 1});
+  std::vector<std::string> contexts;
   for (std::size_t i = 0; i < count; ++i) {
     contexts.push_back(text.substr(i * CONTEXT_LENGTH, CONTEXT_LENGTH));
   }
@@ -27,7 +26,7 @@ std::vector<std::u16string> Contexts(std::size_t count) {
 // As many occurrences as a listed word may have, of only `state.range(0)` different contexts.
 // `markersInText` is the slower way, for a document that itself holds what looks like a marker.
 void Merge(benchmark::State& state, bool markersInText) {
-  const std::vector<std::u16string> contexts = Contexts(static_cast<std::size_t>(state.range(0)));
+  const std::vector<std::string> contexts = Contexts(static_cast<std::size_t>(state.range(0)));
   ContextMerger merger(true, markersInText);
   for (auto _ : state) {
     merger.Start(MOST_OCCURRENCES);

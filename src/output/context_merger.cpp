@@ -2,7 +2,6 @@
 
 #include <bit>
 
-#include "util/ansi.h"
 #include "util/text_hash.h"
 
 // The base text of a stored context, by which a new one is compared, ends before
@@ -26,7 +25,7 @@ void ContextMerger::Start(std::int32_t occurrences) {
   slots_.assign(std::bit_ceil(2 * used), {});
 }
 
-void ContextMerger::Add(std::u16string_view context) {
+void ContextMerger::Add(std::string_view context) {
   const std::uint32_t hash = HashOf(context);
   const std::size_t mask = slots_.size() - 1;
   bool found = false;
@@ -40,11 +39,11 @@ void ContextMerger::Add(std::u16string_view context) {
   if (found) return;
   const auto place = static_cast<std::int32_t>(contexts_.size());
   const MergedContext& added = contexts_.emplace_back(MergedContext{context, 0});
-  const std::u16string_view base = BaseText(added);
+  const std::string_view base = BaseText(added);
   Insert(base.size() == context.size() ? hash : HashOf(base), place);
 }
 
-std::u16string_view ContextMerger::BaseText(const MergedContext& context) const {
+std::string_view ContextMerger::BaseText(const MergedContext& context) const {
   if (!markersInText_ || context.repeats > 0) return context.text;
   return context.text.substr(0, context.text.rfind(REPEAT_MARKER_START));
 }
@@ -63,12 +62,10 @@ void ContextMerger::CountRepeat(std::int32_t context) {
   if (oldBase != merged.text.size()) Insert(HashOf(merged.text), context);
 }
 
-std::u16string TextWithMarker(const MergedContext& context) {
-  std::u16string text(context.text);
+std::string TextWithMarker(const MergedContext& context) {
+  std::string text(context.text);
   if (context.repeats > 0) {
-    text.append(REPEAT_MARKER_START)
-        .append(DecodeAnsi(std::to_string(context.repeats + 1)))
-        .append(u")");
+    text.append(REPEAT_MARKER_START).append(std::to_string(context.repeats + 1)).append(")");
   }
   return text;
 }

@@ -12,10 +12,10 @@
 
 namespace quorvel {
 
-inline constexpr std::u16string_view REPEAT_MARKER_START = u" (x";
+inline constexpr std::string_view REPEAT_MARKER_START = " (x";
 
 struct MergedContext {
-  std::u16string_view text;  // without the marker that stands for `repeats`
+  std::string_view text;     // without the marker that stands for `repeats`
   std::int32_t repeats = 0;  // 0 for a context that occurred once
 };
 
@@ -31,7 +31,7 @@ class ContextMerger {
   void Start(std::int32_t occurrences);
 
   // Adds the context of one occurrence; the characters must outlive the result.
-  void Add(std::u16string_view context);
+  void Add(std::string_view context);
 
   // The distinct contexts in the order of their first occurrence.
   [[nodiscard]] const std::vector<MergedContext>& Contexts() const { return contexts_; }
@@ -45,7 +45,7 @@ class ContextMerger {
     std::int32_t context = FREE;
   };
 
-  [[nodiscard]] std::u16string_view BaseText(const MergedContext& context) const;
+  [[nodiscard]] std::string_view BaseText(const MergedContext& context) const;
   void Insert(std::uint32_t hash, std::int32_t context);
   void CountRepeat(std::int32_t context);
 
@@ -56,6 +56,6 @@ class ContextMerger {
 };
 
 // The text of a context with its marker, if it has one: "… (x3)".
-[[nodiscard]] std::u16string TextWithMarker(const MergedContext& context);
+[[nodiscard]] std::string TextWithMarker(const MergedContext& context);
 
 }  // namespace quorvel

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "util/find_pair.h"
+
 // The idea: fetch a window of raw characters around the keyword, walk left over as
 // many blanks as words are wanted, then walk right over those blanks, the keyword
 // and as many words again. Line breaks that are not shown are no characters of the
@@ -23,7 +25,7 @@ constexpr std::size_t NONE = BitMap::NONE;
 // the text. All places are places in the text.
 class Window {
  public:
-  Window(std::u16string_view text, const BitMap& blanks, const BitMap& removed,
+  Window(std::string_view text, const BitMap& blanks, const BitMap& removed,
          const ContextOptions& options, std::size_t begin, std::size_t end)
       : text_(text),
         blanks_(blanks),
@@ -68,7 +70,7 @@ class Window {
   }
 
   // Appends the characters from `start` to `end` that are not removed.
-  void AppendPart(std::u16string& to, std::size_t start, std::size_t end) const {
+  void AppendPart(std::string& to, std::size_t start, std::size_t end) const {
     while (start < end) {
       const std::size_t removed = std::min(removed_.NthFrom(start, 1, end), end);
       to += text_.substr(start, removed - start);
@@ -82,14 +84,14 @@ class Window {
   // A line break that the window cuts in two is none.
   [[nodiscard]] bool IsRemoved(std::size_t i) const {
     if (!removed_.IsSet(i)) return false;
-    const bool isSlash = text_[i] == u'/';
+    const bool isSlash = text_[i] == '/';
     return isSlash ? i > begin_ && i + 1 < end_ : i + 2 < end_;
   }
 
   // Whether the slash of a line break that is shown stands at `i`: the blank beside
   // it divides no words.
   [[nodiscard]] bool IsShownBreakAt(std::size_t i) const {
-    return showLineBreaks_ && i < end_ && text_[i] == u'/';
+    return showLineBreaks_ && i < end_ && text_[i] == '/';
   }
 
   [[nodiscard]] std::size_t PreviousCharacter(std::size_t i) const {
@@ -110,12 +112,12 @@ class Window {
     if (blank != NONE) return blank;
     // The first blank of a line break that the window's end cuts in two stays one.
     for (std::size_t last = std::max(i, end_ - 2); last < end_; ++last) {
-      if (text_[last] == u' ') return last;
+      if (text_[last] == ' ') return last;
     }
     return NONE;
   }
 
-  std::u16string_view text_;
+  std::string_view text_;
   const BitMap& blanks_;
   const BitMap& removed_;
   std::size_t begin_;
@@ -126,19 +128,18 @@ class Window {
 
 }  // namespace
 
-ContextCutter::ContextCutter(std::u16string_view text, const ContextOptions& options)
+ContextCutter::ContextCutter(std::string_view text, const ContextOptions& options)
     : text_(text),
       options_(options),
-      blanks_(text.size(), [text](std::size_t i) { return text[i] == u' '; }),
+      blanks_(text.size(), [text](std::size_t i) { return text[i] == ' '; }),
       removed_(text.size()) {
   if (options.showLineBreaks) return;
-  const std::u16string_view lineBreak = u" / ";
-  for (std::size_t i = text.find(u'/', 1); i != std::u16string_view::npos;
-       i = text.find(u'/', i + 1)) {
-    if (text.compare(i - 1, lineBreak.size(), lineBreak) != 0) continue;
-    blanks_.Clear(i - 1);
-    removed_.Set(i - 1);
+  for (std::size_t i = FindPair(text, 0, ' ', '/'); i + 2 < text.size();
+       i = FindPair(text, i + 2, ' ', '/')) {
+    if (text[i + 2] != ' ') continue;
+    blanks_.Clear(i);
     removed_.Set(i);
+    removed_.Set(i + 1);
   }
 }
 
@@ -147,7 +148,7 @@ std::size_t ContextCutter::LongestContext(std::size_t wordLength) const {
 }
 
 void ContextCutter::Prefetch(std::int64_t position) const {
-  constexpr std::size_t STEP = 32;  // characters in a cache line
+  constexpr std::size_t STEP = 64;  // characters in a cache line
   const auto place = static_cast<std::size_t>(position);
   if (place < STEP || place + STEP >= text_.size()) return;
   __builtin_prefetch(&text_[place - STEP]);
@@ -157,8 +158,8 @@ void ContextCutter::Prefetch(std::int64_t position) const {
   removed_.Prefetch(place);
 }
 
-std::u16string_view ContextCutter::Cut(std::int64_t position, std::size_t wordLength,
-                                       std::u16string& copies) const {
+std::string_view ContextCutter::Cut(std::int64_t position, std::size_t wordLength,
+                                    std::string& copies) const {
   const std::int64_t reach = CHARS_PER_CONTEXT_WORD * options_.contextSize;
   const bool fromTextStart = position <= reach;
   const std::int64_t begin = fromTextStart ? 0 : position - reach - 1;
@@ -173,7 +174,7 @@ std::u16string_view ContextCutter::Cut(std::int64_t position, std::size_t wordLe
   if (removed_.NthFrom(start, 1, stop) == BitMap::NONE) return text_.substr(start, stop - start);
   const std::size_t before = copies.size();
   window.AppendPart(copies, start, stop);
-  return std::u16string_view(copies).substr(before);
+  return std::string_view(copies).substr(before);
 }
 
 }  // namespace quorvel

@@ -25,7 +25,7 @@ struct ContextOptions {
 // Cuts contexts out of one text; the text must outlive it.
 class ContextCutter {
  public:
-  ContextCutter(std::u16string_view text, const ContextOptions& options);
+  ContextCutter(std::string_view text, const ContextOptions& options);
 
   // The longest context that Cut may give for a word of `wordLength`, in characters.
   [[nodiscard]] std::size_t LongestContext(std::size_t wordLength) const;
@@ -40,11 +40,11 @@ class ContextCutter {
   // the text, or `copies` where a line break had to be taken out: it is appended
   // there, and the view stays valid only as long as `copies` is not moved (reserve
   // LongestContext for each call).
-  [[nodiscard]] std::u16string_view Cut(std::int64_t position, std::size_t wordLength,
-                                        std::u16string& copies) const;
+  [[nodiscard]] std::string_view Cut(std::int64_t position, std::size_t wordLength,
+                                     std::string& copies) const;
 
  private:
-  std::u16string_view text_;
+  std::string_view text_;
   ContextOptions options_;
   BitMap blanks_;   // all that stay blanks
   BitMap removed_;  // the first blank and the slash of each line break that is not shown

@@ -11,17 +11,17 @@
 namespace quorvel {
 namespace {
 
-constexpr std::u16string_view LINE_END = u"\r\n";
+constexpr std::string_view LINE_END = "\r\n";
 
 // Whether the two characters stand side by side anywhere in `text`.
-bool Holds(std::u16string_view text, char16_t first, char16_t second) {
+bool Holds(std::string_view text, char first, char second) {
   return FindPair(text, 0, first, second) < text.size();
 }
 
 // Whether a word of the context, with its punctuation and, like any other, the
 // repeat marker, matches.
-bool HoldsMatch(std::u16string_view context, std::u16string_view pattern) {
-  const std::u16string lower = ToLowerCase(context);
+bool HoldsMatch(std::string_view context, std::u16string_view pattern) {
+  const std::u16string lower = ToLowerCase(DecodeAnsi(context));
   const std::vector<std::u16string_view> words = SplitAtBlanks(lower);
   return std::any_of(words.begin(), words.end(), [pattern](std::u16string_view word) {
     return MatchesWildcard(word, pattern);
@@ -32,17 +32,18 @@ bool HoldsMatch(std::u16string_view context, std::u16string_view pattern) {
 
 EntryComposer::EntryComposer(std::u16string_view documentText, const EntryOptions& options)
     : options_(options),
-      pluralMarksInText_(Holds(documentText, u'»', u's')),
-      cutter_(documentText, options.context),
+      text_(EncodeAnsi(documentText)),
+      pluralMarksInText_(Holds(text_, PLURAL_MARK[0], PLURAL_MARK[1])),
+      cutter_(text_, options.context),
       merger_(options.showFrequencies,
-              Holds(documentText, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])) {}
+              Holds(text_, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])) {}
 
-void EntryComposer::DisplayNextWord(const WordEntry& entry, std::u16string& outputText) {
+void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputText) {
   if (options_.context.contextSize == 0) {
     outputText.append(WordLine(entry)).append(LINE_END);
     return;
   }
-  outputText.append(LINE_END).append(u"[").append(WordLine(entry)).append(u"]").append(LINE_END);
+  outputText.append(LINE_END).append("[").append(WordLine(entry)).append("]").append(LINE_END);
   GatherContexts(entry);
   const KeywordMarker marker(entry.word, pluralMarksInText_);
   const KeywordLists* lists = options_.keywords;
@@ -59,22 +60,22 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::u16string& outp
 
 // With a keyword that has a context pattern, only the contexts that match it.
 void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
-                                 std::u16string& outputText) const {
+                                 std::string& outputText) const {
   const bool filtered = keyword != nullptr && keyword->hasContextPattern;
-  std::u16string withMarker;
+  std::string withMarker;
   for (const MergedContext& context : merger_.Contexts()) {
-    std::u16string_view text = context.text;
+    std::string_view text = context.text;
     if (context.repeats != 0) text = withMarker = TextWithMarker(context);
     if (filtered && !HoldsMatch(text, keyword->contextPattern)) continue;
-    outputText += u"... ";
+    outputText += "... ";
     marker.MarkKeywordInContext(outputText, text);
     outputText += LINE_END;
   }
 }
 
-std::u16string EntryComposer::WordLine(const WordEntry& entry) const {
-  if (!options_.showFrequencies) return entry.word;
-  return entry.word + u' ' + DecodeAnsi(std::to_string(entry.Count()));
+std::string EntryComposer::WordLine(const WordEntry& entry) const {
+  const std::string word = EncodeAnsi(entry.word);
+  return options_.showFrequencies ? word + ' ' + std::to_string(entry.Count()) : word;
 }
 
 void EntryComposer::GatherContexts(const WordEntry& entry) {

@@ -1,4 +1,5 @@
-// Composes the entries of a listing: a header for each word, and its contexts.
+// Composes the entries of a listing: a header for each word, and its contexts, as Windows-1252
+// bytes.
 //
 // With a context size of 0 an entry is the bare word, so that the same machinery
 // makes a plain word list. In a search the keywords decide which contexts are shown.
@@ -27,26 +28,27 @@ struct EntryOptions {
 
 class EntryComposer {
  public:
-  // `documentText` and the keywords must outlive the composer; its double hyphens are blanked.
+  // The double hyphens of `documentText` are blanked. The keywords must outlive the composer.
   EntryComposer(std::u16string_view documentText, const EntryOptions& options);
 
   // Appends the entry of one word to `outputText`. The word must not occur more
   // often than MOST_OCCURRENCES.
-  void DisplayNextWord(const WordEntry& entry, std::u16string& outputText);
+  void DisplayNextWord(const WordEntry& entry, std::string& outputText);
 
   // The line of a bare word: the word and, if frequencies are shown, its count.
-  [[nodiscard]] std::u16string WordLine(const WordEntry& entry) const;
+  [[nodiscard]] std::string WordLine(const WordEntry& entry) const;
 
  private:
   void GatherContexts(const WordEntry& entry);
   void EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
-                    std::u16string& outputText) const;
+                    std::string& outputText) const;
 
   EntryOptions options_;
+  std::string text_;  // as the listing holds it: half as much to compare and nothing to encode
   bool pluralMarksInText_;
   ContextCutter cutter_;
   ContextMerger merger_;
-  std::u16string copies_;  // contexts that had to be copied, for the word at hand
+  std::string copies_;  // contexts that had to be copied, for the word at hand
 };
 
 }  // namespace quorvel

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "util/ansi.h"
 #include "util/characters.h"
 #include "util/find_pair.h"
 
@@ -16,13 +17,12 @@
 namespace quorvel {
 namespace {
 
-constexpr char16_t OPENING_MARK = u'«';
-constexpr char16_t CLOSING_MARK = u'»';
+constexpr char OPENING_MARK = '\xAB';  // «
+constexpr char CLOSING_MARK = '\xBB';  // »
 
-void SwapPluralMarks(std::u16string& text, std::size_t start) {
-  const std::u16string_view pluralMark = u"»s";
-  for (std::size_t i = text.find(pluralMark, start); i != std::u16string::npos;
-       i = text.find(pluralMark, i + 2)) {
+void SwapPluralMarks(std::string& text, std::size_t start) {
+  for (std::size_t i = text.find(PLURAL_MARK, start); i != std::string::npos;
+       i = text.find(PLURAL_MARK, i + 2)) {
     std::swap(text[i], text[i + 1]);
   }
 }
@@ -30,11 +30,11 @@ void SwapPluralMarks(std::u16string& text, std::size_t start) {
 }  // namespace
 
 KeywordMarker::KeywordMarker(std::u16string_view word, bool pluralMarksInText)
-    : word_(word),
-      capitalFirst_(ToUpperCase(word_.front())),
+    : word_(EncodeAnsi(word)),
+      capitalFirst_(EncodeAnsi(std::u16string(1, ToUpperCase(word.front()))).front()),
       pluralMarksInText_(pluralMarksInText) {}
 
-void KeywordMarker::MarkKeywordInContext(std::u16string& to, std::u16string_view context) const {
+void KeywordMarker::MarkKeywordInContext(std::string& to, std::string_view context) const {
   const std::size_t before = to.size();
   std::size_t done = 0;
   while (true) {
@@ -53,8 +53,8 @@ void KeywordMarker::MarkKeywordInContext(std::u16string& to, std::u16string_view
 // The place of the next form to mark, from place `i` on; the context's length when
 // there is none. The second and third characters are looked for: they are the same
 // in both forms.
-std::size_t KeywordMarker::FindEitherForm(std::u16string_view context, std::size_t i) const {
-  const std::u16string_view rest = std::u16string_view(word_).substr(1);
+std::size_t KeywordMarker::FindEitherForm(std::string_view context, std::size_t i) const {
+  const std::string_view rest = std::string_view(word_).substr(1);
   while (true) {
     const std::size_t second = FindPair(context, i + 1, rest[0], rest[1]);
     if (second == context.size()) return second;
@@ -65,13 +65,13 @@ std::size_t KeywordMarker::FindEitherForm(std::u16string_view context, std::size
   }
   if (context[i] == word_[0]) return i;
   const std::size_t overlapping = context.substr(0, i + 2 * word_.size() - 1).find(word_, i + 1);
-  return overlapping == std::u16string_view::npos ? i : overlapping;
+  return overlapping == std::string_view::npos ? i : overlapping;
 }
 
 // Whether an "s" stands at `i` that belongs to the word before it: one that begins
 // the word again is marked with that.
-bool KeywordMarker::TakesPlural(std::u16string_view context, std::size_t i) const {
-  return i < context.size() && context[i] == u's' && context.compare(i, word_.size(), word_) != 0;
+bool KeywordMarker::TakesPlural(std::string_view context, std::size_t i) const {
+  return i < context.size() && context[i] == 's' && context.compare(i, word_.size(), word_) != 0;
 }
 
 }  // namespace quorvel

@@ -6,6 +6,9 @@
 
 namespace quorvel {
 
+// What must not stand in a marked context: the "s" belongs inside the marks.
+inline constexpr std::string_view PLURAL_MARK = "\xBBs";  // »s
+
 class KeywordMarker {
  public:
   // `word` has at least three characters. `pluralMarksInText` says whether the document itself
@@ -15,14 +18,14 @@ class KeywordMarker {
   // Appends `context` with every occurrence of the word marked, as it is spelled
   // and with a first capital, as part of longer words too. A marked stem takes the
   // "s" behind it inside the marks.
-  void MarkKeywordInContext(std::u16string& to, std::u16string_view context) const;
+  void MarkKeywordInContext(std::string& to, std::string_view context) const;
 
  private:
-  [[nodiscard]] std::size_t FindEitherForm(std::u16string_view context, std::size_t i) const;
-  [[nodiscard]] bool TakesPlural(std::u16string_view context, std::size_t i) const;
+  [[nodiscard]] std::size_t FindEitherForm(std::string_view context, std::size_t i) const;
+  [[nodiscard]] bool TakesPlural(std::string_view context, std::size_t i) const;
 
-  std::u16string word_;
-  char16_t capitalFirst_;
+  std::string word_;
+  char capitalFirst_;
   bool pluralMarksInText_;
 };
 

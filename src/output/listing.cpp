@@ -58,13 +58,11 @@ class ListingPass {
     if (entry.Count() > MOST_OCCURRENCES) return RefuseFrequentWord(entry);
     if (bar_) bar_->Update(step, state_.table.WordCount(), 0);
     const bool first = state_.outputText.empty();
-    entryText_.clear();
-    composer_.DisplayNextWord(entry, entryText_);
-    AppendAnsi(state_.outputText, entryText_);
+    composer_.DisplayNextWord(entry, state_.outputText);
     // The line end that opens the first entry goes while the text is still short.
     if (first) TrimLeadingControlChars(state_.outputText);
     if (state_.settings.contextSize == 0) {
-      ui_.SetOutput(EncodeUtf8(composer_.WordLine(entry)) + "\r\n");
+      ui_.SetOutput(EncodeUtf8(DecodeAnsi(composer_.WordLine(entry))) + "\r\n");
     }
     return true;
   }
@@ -87,7 +85,6 @@ class ListingPass {
   RunState& state_;
   UserInterface& ui_;
   EntryComposer composer_;
-  std::u16string entryText_;
   std::optional<ProgressBar> bar_;
 };
 

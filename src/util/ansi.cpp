@@ -122,10 +122,10 @@ std::u16string DecodeAnsi(std::string_view bytes) {
   char16_t* out = text.data();
   for (std::size_t i = 0; i < bytes.size(); i += BLOCK) {
     const std::string_view block = bytes.substr(i, BLOCK);
-    unsigned others = 0;
+    std::uint8_t others = 0;
     for (std::size_t k = 0; k < block.size(); ++k) {
       const auto byte = static_cast<std::uint8_t>(block[k]);
-      others |= static_cast<unsigned>((byte & 0xE0U) == 0x80);
+      others |= static_cast<std::uint8_t>((byte & 0xE0U) == 0x80);
       out[i + k] = byte;
     }
     if (others == 0) continue;
@@ -146,9 +146,9 @@ void AppendAnsi(std::string& bytes, std::u16string_view text) {
   char* out = bytes.data() + before;
   while (!text.empty()) {
     const std::size_t length = std::min(BLOCK, text.size());
-    unsigned others = 0;
+    std::uint16_t others = 0;
     for (std::size_t i = 0; i < length; ++i) {
-      others |= static_cast<unsigned>(!IsItsOwnByte(text[i]));
+      others |= static_cast<std::uint16_t>(!IsItsOwnByte(text[i]));
       out[i] = static_cast<char>(text[i]);
     }
     std::size_t taken = length;
@@ -160,6 +160,13 @@ void AppendAnsi(std::string& bytes, std::u16string_view text) {
     text.remove_prefix(taken);
   }
   bytes.resize(static_cast<std::size_t>(out - bytes.data()));
+}
+
+std::string EncodeAnsi(std::u16string_view text) {
+  std::string bytes;
+  ReserveLarge(bytes, text.size());
+  AppendAnsi(bytes, text);
+  return bytes;
 }
 
 std::u16string DecodeUtf8(std::string_view bytes) {

@@ -17,6 +17,9 @@ namespace quorvel {
 // character that has none becomes "?". A surrogate pair is one character.
 void AppendAnsi(std::string& bytes, std::u16string_view text);
 
+// These bytes by themselves.
+[[nodiscard]] std::string EncodeAnsi(std::u16string_view text);
+
 // The characters of UTF-8 bytes. Bytes that are not UTF-8 are taken one by one
 // as Windows-1252, so that no path or typed word is lost.
 [[nodiscard]] std::u16string DecodeUtf8(std::string_view bytes);

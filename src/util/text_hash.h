@@ -9,11 +9,12 @@
 
 namespace quorvel {
 
-// Mixes eight code units a step in two halves, which the processor does side by
-// side; the last step takes the last eight, whether or not they were taken before.
-[[nodiscard]] inline std::uint32_t HashOf(std::u16string_view text) {
+// Mixes sixteen bytes a step in two halves, which the processor does side by side;
+// the last step takes the last sixteen, whether or not they were taken before.
+template <typename Character>
+[[nodiscard]] std::uint32_t HashOf(std::basic_string_view<Character> text) {
   constexpr std::uint64_t MULTIPLIER = 0x9E3779B97F4A7C15U;
-  constexpr std::size_t HALF = sizeof(std::uint64_t) / sizeof(char16_t);
+  constexpr std::size_t HALF = sizeof(std::uint64_t) / sizeof(Character);
   const auto mix = [](std::uint64_t hash, std::uint64_t part) {
     return std::rotl((hash ^ part) * MULTIPLIER, 29);
   };
@@ -25,7 +26,7 @@ namespace quorvel {
   std::uint64_t first = text.size();
   std::uint64_t second = 0;
   if (text.size() < HALF) {
-    for (const char16_t ch : text) first = mix(first, ch);
+    for (const Character ch : text) first = mix(first, static_cast<std::uint64_t>(ch));
   } else {
     for (std::size_t i = 0; i + 2 * HALF < text.size(); i += 2 * HALF) {
       first = mix(first, unitsAt(i));
