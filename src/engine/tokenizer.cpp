@@ -1,5 +1,7 @@
 #include "engine/tokenizer.h"
 
+#include "engine/known_tokens.h"
+#include "engine/token_cutter.h"
 #include "engine/word_tests.h"
 #include "util/characters.h"
 #include "util/find_pair.h"
@@ -15,20 +17,12 @@
 namespace quorvel {
 namespace {
 
-constexpr std::size_t MIN_WORD_LENGTH = 3;
 constexpr std::int64_t PROGRESS_THRESHOLD = 10240;  // characters; no bar for a shorter text
 
 std::u16string_view StripHyphens(std::u16string_view token) {
   const std::size_t first = token.find_first_not_of(u'-');
   const std::size_t last = token.find_last_not_of(u'-');
   return token.substr(first, last - first + 1);
-}
-
-// The next place behind `position` that holds no blank; the text's length or more
-// when there is none. 1-based.
-std::size_t NextNonBlank(std::u16string_view text, std::size_t position) {
-  while (position < text.size() && text[position] == u' ') ++position;
-  return position + 1;
 }
 
 }  // namespace
@@ -46,6 +40,10 @@ std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition)
   const std::size_t length = LetterRunLength(text, scanPosition);
   const std::u16string_view token = text.substr(scanPosition - 1, length);
   scanPosition += length;
+  return WordOfToken(token);
+}
+
+std::u16string_view WordOfToken(std::u16string_view token) {
   if (ContainsNoLetter(token)) return {};
   const std::u16string_view word = MakeSingular(StripHyphens(token));
   // What stands behind an apostrophe ("John's", "couldn't"), and what stands before
@@ -63,21 +61,22 @@ bool MayEnterTable(std::u16string_view word) {
 
 void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {
   ProgressBar bar(ui);
-  const auto length = static_cast<std::int64_t>(text.size());
-  std::size_t position = 1;
+  KnownTokens known(text, table);
+  TokenCutter tokens(text);
+  Token token;
   // The last character is never looked at as the start of a word.
-  while (position < text.size()) {
+  while (tokens.Next(token) && token.begin + 1 < text.size()) {
     ui.Yield();
-    if (IsWordCharacter(text[position - 1])) {
-      const std::u16string_view word = GetWord(text, position);
-      if (MayEnterTable(word)) {
-        AddWordToList(table, word, static_cast<std::int32_t>(position - word.size()));
-        bar.Update(static_cast<std::int64_t>(position), length, PROGRESS_THRESHOLD);
-        ui.Yield();
-        if (ui.StopRequested()) return;
-      }
-    }
-    position = NextNonBlank(text, position);
+    if (token.end - token.begin < MIN_WORD_LENGTH) continue;
+    const TokenMeaning meaning = known.MeaningOf(token.begin, token.end - token.begin);
+    if (meaning.entry == TokenMeaning::NO_WORD) continue;
+    const std::size_t scanPosition = token.end + (token.end < text.size() ? 1 : 2);
+    table.entries[static_cast<std::size_t>(meaning.entry)].positions.push_back(
+        static_cast<std::int32_t>(scanPosition - meaning.wordLength));
+    bar.Update(static_cast<std::int64_t>(scanPosition), static_cast<std::int64_t>(text.size()),
+               PROGRESS_THRESHOLD);
+    ui.Yield();
+    if (ui.StopRequested()) return;
   }
 }
 

@@ -17,11 +17,17 @@ namespace quorvel {
 // comment marks "<!--" and "-->". The length stays, so places stay valid.
 void BlankDoubleHyphens(std::u16string& text);
 
+// A shorter word is never recorded. In characters.
+inline constexpr std::size_t MIN_WORD_LENGTH = 3;
+
 // Cuts the token that begins at `scanPosition`, a 1-based position that holds a
 // word character, and moves that behind it (two behind the end of the text for a
 // token that ends there). Gives the word that the token stands for, a view into
 // the text, or an empty view for a token that is none.
 [[nodiscard]] std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition);
+
+// The word that a whole token stands for, a view into it; empty when it stands for none.
+[[nodiscard]] std::u16string_view WordOfToken(std::u16string_view token);
 
 // Whether a word that GetWord gave is recorded at all: by its length, and because it is
 // neither one repeated letter nor a Roman numeral.

@@ -76,15 +76,16 @@ int PositionWidth(std::size_t length) {
   return static_cast<int>(std::log(static_cast<double>(length)) / std::log(10.0)) + 1;
 }
 
+std::int32_t EntryOf(WordTable& table, std::u16string_view word) {
+  const std::int32_t found = table.spellings.FindOrInsert(word, table.WordCount(), table.entries);
+  if (found != SpellingIndex::NOT_FOUND) return found;
+  table.entries.push_back(NewWordEntry(word));
+  return table.WordCount() - 1;
+}
+
 void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offset) {
   if (word.size() > MAX_WORD_LENGTH) return;
-  const std::int32_t found = table.spellings.FindOrInsert(word, table.WordCount(), table.entries);
-  if (found != SpellingIndex::NOT_FOUND) {
-    table.entries[static_cast<std::size_t>(found)].positions.push_back(offset);
-    return;
-  }
-  table.entries.push_back(NewWordEntry(word));
-  table.entries.back().positions.push_back(offset);
+  table.entries[static_cast<std::size_t>(EntryOf(table, word))].positions.push_back(offset);
 }
 
 bool PrecedesAlphabetically(const WordEntry& a, const WordEntry& b) {

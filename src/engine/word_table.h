@@ -70,6 +70,9 @@ void EmptyWordTable(WordTable& table);
 // The width of a position in a text of `length` characters.
 [[nodiscard]] int PositionWidth(std::size_t length);
 
+// The 0-based entry of `word`, a new one without any occurrence where there is none.
+std::int32_t EntryOf(WordTable& table, std::u16string_view word);
+
 // Records one occurrence of `word` at `offset`, a 1-based character position in
 // the document text. Words over MAX_WORD_LENGTH code units are ignored.
 void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offset);

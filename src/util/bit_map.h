@@ -7,10 +7,34 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <vector>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace quorvel {
+
+inline constexpr std::size_t FLAG_COUNT = 64;
+using Flags = std::array<std::uint8_t, FLAG_COUNT>;
+
+// Each flag, 0 or 1, as one bit.
+[[nodiscard]] inline std::uint64_t BitsOf(const Flags& flags) {
+  std::uint64_t bits = 0;
+#ifdef __SSE2__
+  for (std::size_t i = 0; i < FLAG_COUNT; i += sizeof(__m128i)) {
+    __m128i lanes;
+    std::memcpy(&lanes, &flags[i], sizeof(lanes));
+    const auto mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_slli_epi16(lanes, 7)));
+    bits |= std::uint64_t{mask} << i;
+  }
+#else
+  for (std::size_t i = 0; i < FLAG_COUNT; ++i) bits |= std::uint64_t{flags[i]} << i;
+#endif
+  return bits;
+}
 
 // All places are 0-based.
 class BitMap {
@@ -22,7 +46,7 @@ class BitMap {
   // Bits for `length` places, set where `isSet` says so of a place.
   template <typename Predicate>
   BitMap(std::size_t length, Predicate isSet) : BitMap(length) {
-    std::array<std::uint8_t, BITS> flags{};
+    Flags flags{};
     for (std::size_t word = 0; word < words_.size(); ++word) {
       const std::size_t first = word * BITS;
       if (first + BITS <= length) {
@@ -78,21 +102,7 @@ class BitMap {
   }
 
  private:
-  static constexpr std::size_t BITS = 64;
-
-  // Each flag, 0 or 1, as one bit: the product moves the lowest bits of eight bytes side by
-  // side into its uppermost byte.
-  static std::uint64_t BitsOf(const std::array<std::uint8_t, BITS>& flags) {
-    constexpr std::size_t BYTES = 8;
-    constexpr std::uint64_t GATHER = 0x0102040810204080U;
-    std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < BITS; i += BYTES) {
-      std::uint64_t eight = 0;
-      for (std::size_t k = 0; k < BYTES; ++k) eight |= std::uint64_t{flags[i + k]} << (8 * k);
-      bits |= ((eight * GATHER) >> 56U) << i;
-    }
-    return bits;
-  }
+  static constexpr std::size_t BITS = FLAG_COUNT;
 
   std::vector<std::uint64_t> words_;
 };
