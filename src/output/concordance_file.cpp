@@ -11,8 +11,6 @@
 namespace quorvel {
 namespace {
 
-constexpr std::string_view LINE_END = "\r\n";
-
 // What the file holds, as its header names it.
 std::string KindWord(Mode mode) { return mode == Mode::create ? "Concordance" : "Search results"; }
 

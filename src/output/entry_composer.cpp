@@ -11,8 +11,6 @@
 namespace quorvel {
 namespace {
 
-constexpr std::string_view LINE_END = "\r\n";
-
 // Whether the two characters stand side by side anywhere in `text`.
 bool Holds(std::string_view text, char first, char second) {
   return FindPair(text, 0, first, second) < text.size();

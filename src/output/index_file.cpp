@@ -16,7 +16,6 @@
 namespace quorvel {
 namespace {
 
-constexpr std::string_view LINE_END = "\r\n";
 constexpr char SEPARATOR = '*';
 constexpr int WIDEST_POSITION = 10;
 constexpr std::int32_t LARGEST_NUMBER = std::numeric_limits<std::int32_t>::max();

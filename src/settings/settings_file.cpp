@@ -17,8 +17,6 @@
 namespace quorvel {
 namespace {
 
-constexpr std::string_view LINE_END = "\r\n";
-
 // Words that the user typed are Windows-1252 in the file. Paths are the file system's
 // own bytes, so that each comes back; on Windows these have a Windows-1252 form.
 std::string AnsiBytes(std::string_view utf8) {

@@ -20,7 +20,7 @@
 namespace quorvel {
 namespace {
 
-constexpr int PATIENCE_MS = 5000;
+constexpr int LOOK_MS = 5000;
 
 }  // namespace
 
@@ -151,7 +151,7 @@ std::string WindowTest::Which(const char* property, const Names& names) const {
 }
 
 void WindowTest::ExpectSoon(const std::function<bool()>& condition) {
-  EXPECT_TRUE(QTest::qWaitFor(condition, PATIENCE_MS));
+  EXPECT_TRUE(QTest::qWaitFor(condition, LOOK_MS));
 }
 
 Box WindowTest::LoadsStopWords(const std::string& code) {
