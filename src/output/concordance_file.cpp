@@ -45,13 +45,13 @@ const std::string& OutputFileOf(const ConcordanceSettings& settings) {
   return settings.mode == Mode::create ? settings.outputFile : settings.searchResultsFile;
 }
 
-std::string FileHeader(const ConcordanceSettings& settings, std::time_t time) {
+std::string FileHeader(const ConcordanceSettings& settings, std::time_t time, UserInterface& ui) {
   std::string header;
   AppendAnsi(header, DecodeUtf8("Input file: " + settings.inputFile));
   header += LINE_END;
   if (settings.mode == Mode::create) {
     header.append("MD5 message digest of input file: ")
-        .append(ComputeFileDigest(settings.inputFile).text)
+        .append(ComputeFileDigest(settings.inputFile, ui).text)
         .append(LINE_END);
   }
   return header.append(KindWord(settings.mode))
@@ -64,9 +64,10 @@ std::string FileHeader(const ConcordanceSettings& settings, std::time_t time) {
 }
 
 bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
-                    std::time_t time, const std::function<bool(std::string_view)>& write) {
+                    std::time_t time, const std::function<bool(std::string_view)>& write,
+                    UserInterface& ui) {
   // The listing is a record like the lines of the header: it ends in one more line end.
-  return write(FileHeader(settings, time)) && write(outputText) && write(LINE_END);
+  return write(FileHeader(settings, time, ui)) && write(outputText) && write(LINE_END);
 }
 
 FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
@@ -84,7 +85,7 @@ FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::strin
     return true;
   };
   const bool whole =
-      file.Error().empty() && WriteFileBytes(settings, outputText, std::time(nullptr), write);
+      file.Error().empty() && WriteFileBytes(settings, outputText, std::time(nullptr), write, ui);
   if (!whole || !file.Commit()) return FileOutcome::failed;
   if (settings.mode == Mode::create) ui.PopUp("Concordance file written");
   return FileOutcome::written;

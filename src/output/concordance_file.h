@@ -26,13 +26,15 @@ namespace quorvel {
 
 // The header of the file that a run with these settings writes at `time`, as
 // Windows-1252 bytes. Reads the input file once more for its digest.
-[[nodiscard]] std::string FileHeader(const ConcordanceSettings& settings, std::time_t time);
+[[nodiscard]] std::string FileHeader(const ConcordanceSettings& settings, std::time_t time,
+                                     UserInterface& ui);
 
 // Hands the file's bytes to `write`, front to back; stops and gives false as soon
 // as that gives false.
 [[nodiscard]] bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
                                   std::time_t time,
-                                  const std::function<bool(std::string_view)>& write);
+                                  const std::function<bool(std::string_view)>& write,
+                                  UserInterface& ui);
 
 enum class FileOutcome { written, notWanted, failed };
 

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "util/user_interface.h"
+
 namespace quorvel {
 
 struct FileDigest {
@@ -13,7 +15,7 @@ struct FileDigest {
 };
 
 // The digest of a file: -1 for an empty file, -2 for a folder, -3 for a drive, -4
-// for no path, -5 when reading failed.
-[[nodiscard]] FileDigest ComputeFileDigest(const std::string& path);
+// for no path, -5 when reading failed. Lets events run meanwhile.
+[[nodiscard]] FileDigest ComputeFileDigest(const std::string& path, UserInterface& ui);
 
 }  // namespace quorvel

@@ -178,12 +178,13 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
   return table;
 }
 
-bool CreateIndexFile(RunState& state, const std::string& digest) {
+bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& ui) {
   const std::string& input = state.settings.inputFile;
   const FileStamp stamp = StampOf(input);
-  if (digest.empty() || ComputeFileDigest(input).text != digest) return false;
+  if (digest.empty() || ComputeFileDigest(input, ui).text != digest) return false;
   OutputFile file(DefaultIndexFileName(input));
   file.Write(IndexFileBytes(state.table, digest, std::time(nullptr)));
+  ui.YieldNow();
   if (!file.Commit()) return false;
   state.words = {
       input, digest, stamp, false, true, state.settings.inputIsUtf8, state.settings.ignoreLists};
@@ -196,7 +197,7 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   if (!file.error.empty()) return false;
   LineReader lines(file.bytes);
   const FileStamp stamp = StampOf(input);
-  const std::string digest = ComputeFileDigest(input).text;
+  const std::string digest = ComputeFileDigest(input, ui).text;
   if (digest.empty() || lines.Next() != digest) {
     ShowBadIndexFile(ui);
     return false;

@@ -29,9 +29,9 @@ namespace quorvel {
 
 // Writes the index of the state's table, which has been scanned from its input, beside
 // that input and notes in the state that the words are at hand. `digest` is that of the
-// input before it was read. False, with an older file as it was, when the input has
-// changed since or writing failed; nobody is told.
-bool CreateIndexFile(RunState& state, const std::string& digest);
+// input before it was read. Lets events run meanwhile. False, with an older file as it was, when
+// the input has changed since or writing failed; nobody is told.
+bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& ui);
 
 // Loads the table from the index file beside the state's input and notes that the words
 // are at hand. False when there is no index, it was made from other bytes (the user is

@@ -129,7 +129,7 @@ bool WriteListing(RunState& state, UserInterface& ui) {
   };
   if (state.outputSink) {
     state.outputWritten =
-        WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink);
+        WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink, ui);
     return state.outputWritten;
   }
   // A search writes whatever the settings say of the concordance file, and is silent about it.

@@ -98,7 +98,7 @@ bool AreWordsAtHand(const RunState& state, UserInterface& ui) {
     return false;
   }
   if (StampOf(settings.inputFile) == words.stamp ||
-      ComputeFileDigest(settings.inputFile).text == words.digest) {
+      ComputeFileDigest(settings.inputFile, ui).text == words.digest) {
     return true;
   }
   if (words.fromIndexFile) ShowBadIndexFile(ui);
@@ -190,7 +190,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
     return RunOutcome::refused;
   }
   const bool wantsIndex = state.settings.createIndexFile && state.settings.mode == Mode::create;
-  const std::string digest = wantsIndex ? ComputeFileDigest(state.settings.inputFile).text : "";
+  const std::string digest = wantsIndex ? ComputeFileDigest(state.settings.inputFile, ui).text : "";
   const bool atHand = AreWordsAtHand(state, ui);
   if (!atHand) state.words = {};
   if (!ReadTextOnce(state, ui)) {
@@ -205,7 +205,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
   }
   state.outputWritten = false;
   const RunOutcome outcome = ListOrderedWords(state, ui);
-  if (wantsIndex && scans && state.outputWritten) CreateIndexFile(state, digest);
+  if (wantsIndex && scans && state.outputWritten) CreateIndexFile(state, digest, ui);
   return outcome;
 }
 

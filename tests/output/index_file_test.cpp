@@ -25,7 +25,7 @@ TEST(IndexFile, HasItsBytes) {
   run.settings.extraStopWords = "the";
   EXPECT_EQ(run.Go(), RunOutcome::done);
   const std::string bytes = run.folder.Read("a.qvl.ndx");
-  const std::string digest = ComputeFileDigest(run.settings.inputFile).text;
+  const std::string digest = ComputeFileDigest(run.settings.inputFile, run.ui).text;
   EXPECT_EQ(bytes.substr(0, 34), digest + "\r\n");
   EXPECT_EQ(bytes.substr(34, 10),
             run.folder.Read("out.txt").substr(run.folder.Read("out.txt").find("): ") + 3, 10));
@@ -209,17 +209,17 @@ TEST(IndexFile, LeavesTheOldOneWhenItCannotBeWritten) {
   TestRun run(SENTENCE);
   run.settings.createIndexFile = true;
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  const std::string digest = ComputeFileDigest(run.settings.inputFile).text;
+  const std::string digest = ComputeFileDigest(run.settings.inputFile, run.ui).text;
   const std::size_t length = run.folder.Read("a.qvl.ndx").size();
   (void)run.folder.Write("a.qvl.ndx", "old");
   for (std::size_t limit = 0; limit < length; ++limit) {
     const FileSizeLimit full(limit);
-    EXPECT_FALSE(CreateIndexFile(run.state, digest));
+    EXPECT_FALSE(CreateIndexFile(run.state, digest, run.ui));
     EXPECT_EQ(run.folder.Read("a.qvl.ndx"), "old");
     EXPECT_EQ(run.folder.Count(), 3);
   }
-  EXPECT_FALSE(CreateIndexFile(run.state, "of another input"));
-  EXPECT_TRUE(CreateIndexFile(run.state, digest));
+  EXPECT_FALSE(CreateIndexFile(run.state, "of another input", run.ui));
+  EXPECT_TRUE(CreateIndexFile(run.state, digest, run.ui));
 }
 
 TEST(IndexFile, IsNotWrittenWithoutAConcordance) {

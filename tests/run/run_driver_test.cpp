@@ -9,6 +9,7 @@
 #include "output/listing.h"
 #include "support/made_texts.h"
 #include "support/test_run.h"
+#include "util/silent_interface.h"
 
 namespace quorvel {
 namespace {
@@ -225,13 +226,15 @@ TEST(Listing, ShowsAsMuchAsTheBoxTakes) {
 
 TEST(Digest, IsOfTheRawBytes) {
   const TestFolder folder;
-  EXPECT_EQ(ComputeFileDigest(folder.Write("a", "abc")).text, "900150983CD24FB0D6963F7D28E17F72");
+  SilentInterface ui;
+  EXPECT_EQ(ComputeFileDigest(folder.Write("a", "abc"), ui).text,
+            "900150983CD24FB0D6963F7D28E17F72");
   const std::string faults[][3] = {{"", "-4", ""},
                                    {"C:", "-3", "Drive, not file"},
                                    {folder.Path(""), "-2", "Folder, not file"},
                                    {folder.Write("b", ""), "-1", "Zero-length file"}};
   for (const auto& [path, status, message] : faults) {
-    const FileDigest digest = ComputeFileDigest(path);
+    const FileDigest digest = ComputeFileDigest(path, ui);
     EXPECT_EQ(std::to_string(digest.status), status);
     EXPECT_EQ(digest.message, message);
     EXPECT_EQ(digest.text, "");
