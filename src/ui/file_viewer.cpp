@@ -50,6 +50,15 @@ void FitToPage(QWidget& viewer, const QFont& font) {
   viewer.resize(page.boundedTo({screen.width() * 9 / 10, screen.height() * 3 / 4}));
 }
 
+// Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
+std::string ReadStart(const std::string& path, std::string& bytes) {
+  // Reading a pipe might never end.
+  if (FileExists(path) && !IsRegularFile(path)) return "is a device or a pipe, not a file.";
+  FileRead file = ReadFileBytes(path, VIEWER_BYTES);
+  bytes = std::move(file.bytes);
+  return file.error.empty() ? "" : "cannot be read: " + file.error;
+}
+
 class FileViewer : public QDialog {
  public:
   explicit FileViewer(QWidget* parent) : QDialog(parent, Qt::Window) {
@@ -60,17 +69,39 @@ class FileViewer : public QDialog {
     connect(form_.cmdClose, &QPushButton::clicked, this, &QDialog::close);
   }
 
-  void Show(const std::u16string& text, const QString& caption) {
+  // Gives an empty text, or what is wrong with the file.
+  std::string Show(const std::string& path, const QString& caption) {
+    if (std::string fault = Read(path); !fault.empty()) return fault;
     setWindowTitle(caption);
-    form_.txbText1->setPlainText(QString::fromStdU16String(text));
     form_.txbText1->setFocus();
     show();
     raise();
     activateWindow();
+    return {};
+  }
+
+ protected:
+  // Whoever comes back to the viewer finds the file as it is now.
+  void changeEvent(QEvent* event) override {
+    QDialog::changeEvent(event);
+    const bool comesBack = event->type() == QEvent::ActivationChange && isActiveWindow();
+    if (comesBack && StampOf(path_) != stamp_) (void)Read(path_);
   }
 
  private:
+  std::string Read(const std::string& path) {
+    const FileStamp stamp = StampOf(path);
+    std::string bytes;
+    if (std::string fault = ReadStart(path, bytes); !fault.empty()) return fault;
+    path_ = path;
+    stamp_ = stamp;
+    form_.txbText1->setPlainText(QString::fromStdU16String(ViewerText(bytes)));
+    return {};
+  }
+
   Ui::FileViewer form_;
+  std::string path_;
+  FileStamp stamp_;
 };
 
 FileViewer& ViewerOf(QWidget& window) {
@@ -78,15 +109,6 @@ FileViewer& ViewerOf(QWidget& window) {
     if (auto* viewer = dynamic_cast<FileViewer*>(child)) return *viewer;
   }
   return *new FileViewer(&window);  // the main window deletes it
-}
-
-// Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
-std::string ReadStart(const std::string& path, std::string& bytes) {
-  // Reading a pipe might never end.
-  if (FileExists(path) && !IsRegularFile(path)) return "is a device or a pipe, not a file.";
-  FileRead file = ReadFileBytes(path, VIEWER_BYTES);
-  bytes = std::move(file.bytes);
-  return file.error.empty() ? "" : "cannot be read: " + file.error;
 }
 
 void Complain(UserInterface& ui, const std::string& text) {
@@ -105,13 +127,9 @@ std::u16string ViewerText(std::string_view bytes) {
 }
 
 bool ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui) {
-  std::string bytes;
-  if (const std::string fault = ReadStart(path, bytes); !fault.empty()) {
-    Complain(ui, "File " + path + "\r\n" + fault);
-    return false;
-  }
-  ViewerOf(window).Show(ViewerText(bytes), caption);
-  return true;
+  const std::string fault = ViewerOf(window).Show(path, caption);
+  if (!fault.empty()) Complain(ui, "File " + path + "\r\n" + fault);
+  return fault.empty();
 }
 
 bool ViewHelp(QWidget& window, UserInterface& ui) {

@@ -1,7 +1,8 @@
 // The window in which a file, or the help text, can be read beside the main window.
 //
 // It shows the beginning of a large file only: whoever wants all of it has editors for
-// that. One such window serves a main window: the next text takes the place of the last.
+// that. One such window serves a main window: the next text takes the place of the last. It is read
+// anew when the user comes back to a file that has changed.
 #pragma once
 
 #include <QString>

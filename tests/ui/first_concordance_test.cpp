@@ -44,6 +44,11 @@ TEST_F(FirstConcordance, FromTheFileDialogToTheViewer) {
   EXPECT_EQ(Control("txbText1").window()->windowTitle().toStdString(), output);
   EXPECT_TRUE(Text("txbText1").starts_with("Input file: " + input + "\nMD5 message digest"));
   EXPECT_TRUE(Text("txbText1").ends_with(HARBOUR_LISTING + std::string("\n")));
+  // It is read anew when the user comes back to it.
+  Activate(*window_);
+  (void)folder_.Write("a.qvl.conc.txt", "ship");
+  Activate(*Control("txbText1").window());
+  ExpectSoon([this] { return Text("txbText1") == "ship"; });
   Click("cmdClose");
   EXPECT_FALSE(Shown("txbText1"));
 }
