@@ -1,6 +1,7 @@
 #include "ui/settings_panel.h"
 
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <utility>
 
 #include "input/file_system.h"
@@ -34,6 +35,14 @@ SettingsPanel::SettingsPanel(RunState& state, UserInterface& ui, PanelHost host,
 }
 
 SettingsPanel::~SettingsPanel() = default;
+
+// In a text box Enter ends the editing and not the panel: what was typed may have a fault.
+void SettingsPanel::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isEnter || qobject_cast<QLineEdit*>(focusWidget()) == nullptr) {
+    QDialog::keyPressEvent(event);
+  }
+}
 
 void SettingsPanel::ShowSettings() {
   const ConcordanceSettings& settings = state_.settings;

@@ -36,6 +36,9 @@ class SettingsPanel : public QDialog {
   // Puts the settings into the panel's controls.
   void ShowSettings();
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void FillLists();
   void ConnectOptions();
