@@ -213,6 +213,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
 
 RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
   if (!CheckExtraWords(state, ui)) return RunOutcome::refused;
+  ui.SetOutput("");
   if (state.words.inputFile.empty()) EmptyWordTable(state.table);
   ui.ClearStop();
   try {

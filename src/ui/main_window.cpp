@@ -13,6 +13,8 @@
 #include "input/file_system.h"
 #include "input/input_file.h"
 #include "input/path_names.h"
+#include "lists/languages.h"
+#include "lists/stop_words.h"
 #include "output/index_file.h"
 #include "output/listing.h"
 #include "run/run_driver.h"
@@ -26,6 +28,7 @@
 #include "ui/text.h"
 #include "ui_main_window.h"
 #include "util/ansi.h"
+#include "util/silent_interface.h"
 #include "util/time_text.h"
 
 namespace quorvel {
@@ -68,11 +71,7 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   panel_ = new SettingsPanel(
       state_, *interface_,
       {[this] { TakeControls(); }, [this](const std::string& path) { ReadStopWords(path); },
-       [this](bool modeSelected) {
-         modeSelected_ = modeSelected;
-         SetInput(InputOrigin::restored);
-         if (state_.settings.mode == Mode::search) optSearch_Click();
-       },
+       [this](bool modeSelected) { TakeLoadedSettings(modeSelected); },
        [this] {
          if (ui_->txbOutput->toPlainText().contains("stop")) ui_->txbOutput->clear();
        },
@@ -112,11 +111,31 @@ void MainWindow::Start(const std::string& path) {
   if (!RestoreSavedState(state_.settings, {}, true).errorText.empty()) {
     InitializeVariables(state_.settings, false);
   }
+  TakeRestoredLists();
   if (!path.empty()) state_.settings.inputFile = path;
   ShowSettings();
   SetInput(path.empty() ? InputOrigin::restored : InputOrigin::chosen);
   timer1_.start(KEEPING_CURRENT_MS);
   SetTheFocus();
+}
+
+void MainWindow::TakeLoadedSettings(bool modeSelected) {
+  modeSelected_ = modeSelected;
+  TakeRestoredLists();
+  SetInput(InputOrigin::restored);
+  if (state_.settings.mode == Mode::search) optSearch_Click();
+}
+
+// No list that was read before is that of the settings that came now. Stop words go with the
+// input that is yet to be set, but those of all six languages stay in use.
+void MainWindow::TakeRestoredLists() {
+  const std::string& path = state_.settings.stopWordsFile;
+  StopWordList& stopWords = state_.lists.stopWords;
+  EraseSearchWords(state_.lists.keywords);
+  stopWords.loaded = false;
+  SilentInterface nobody;
+  const bool all = path.ends_with(ALL_LANGUAGES.stopWordsFile) && FileExists(path);
+  if (all) (void)ReadStopWordsFile(path, stopWords, nobody);
 }
 
 void MainWindow::ConnectFiles() {
@@ -377,8 +396,13 @@ void MainWindow::RefuseInput(const std::string& text, const char* title, Icon ic
 
 void MainWindow::ReadKeywords() {
   Work([this] {
-    AttemptToReadSearchWords(state_.settings.keywordsFile, state_.lists.keywords, *interface_);
+    std::string& path = state_.settings.keywordsFile;
+    KeywordLists& keywords = state_.lists.keywords;
+    if (AttemptToReadSearchWords(path, keywords, *interface_)) return;
+    EraseSearchWords(keywords);
+    if (!interface_->StopRequested()) path.clear();  // another one is to be chosen
   });
+  ShowPath(KEYWORDS_BOX);
 }
 
 void MainWindow::ReadStopWords(const std::string& path) {
@@ -438,7 +462,6 @@ void MainWindow::RunOrList() {
   secondsOfRun_ = 0;
   ui_->lblTimeElapsed->clear();
   ui_->lblSearchResultsFileSize->clear();
-  interface_->SetOutput("");
   timer2_.start(SECOND_MS);
   Work([this] {
     interface_->OfferStop(true);
@@ -464,12 +487,13 @@ bool MainWindow::ReadTypedStopWords() {
 // Lists the words of the last run again, as the options are now.
 void MainWindow::Relist() {
   TakeControls();
-  if (interface_->IsWorking() || state_.settings.mode != listedMode_) return;
-  Work([this] {
-    interface_->OfferStop(true);
-    interface_->ClearStop();
-    ListWords(state_, *interface_);
-  });
+  if (!interface_->IsWorking() && state_.settings.mode == listedMode_) {
+    Work([this] {
+      interface_->OfferStop(true);
+      interface_->ClearStop();
+      ListWords(state_, *interface_);
+    });
+  }
   SetTheFocus();
 }
 

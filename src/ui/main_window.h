@@ -51,6 +51,8 @@ class MainWindow : public QMainWindow {
   enum class InputOrigin { chosen, restored };
 
   void Initialization();
+  void TakeLoadedSettings(bool modeSelected);
+  void TakeRestoredLists();
   void ConnectFiles();
   void ConnectOptions();
   void ConnectButtons();

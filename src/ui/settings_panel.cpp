@@ -124,6 +124,7 @@ void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
   }
   if (!path.empty()) {
     ui_->txbStopWordsFile->setText(ShownPath(path));
+    state_.settings.stopWordsFile = path;
     host_.readStopWords(path);
     ConcealNumWords(state_.lists.stopWords, true);
   }

@@ -53,6 +53,7 @@ TEST_F(Relist, HasNothingToListBeforeARun) {
   Search();
   Click("chkFrequencies");
   EXPECT_EQ(Text("txbOutput"), listing);
+  ExpectSoon([this] { return Control("cmdListWords").hasFocus(); });
 }
 
 TEST_F(Relist, AllowsLineBreaksWhereTheInputHasThem) {

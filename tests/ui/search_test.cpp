@@ -56,6 +56,7 @@ TEST_F(SearchMode, ReadsAKeywordsFile) {
   EXPECT_EQ(Text("txbFile_2") + Text("txbOutput"), "");
   Click("cmdListWords", {WantsKeywords("Search")});
   Type("txbFile_2", missing, {Tells("Search words", "Keywords file not found:\n" + missing)});
+  EXPECT_EQ(Text("txbFile_2"), "");
   Type("txbFile_2", one, {OffersKeywords("No")}, Qt::Key_Return);
   Click("cmdClearFile_2");
   EXPECT_EQ(Text("txbOutput"), "One keyword word loaded from " + one + "\n\n");

@@ -135,6 +135,11 @@ TEST_F(Settings, BringTheirKeywords) {
   Type("txbFile_1", "");
   Click("cmdListWords");
   EXPECT_EQ(Text("txbOutput").substr(0, 6), "[old]\n");
+  // And they go when the settings do.
+  Click("cmdInitialize", {PopsUp("Settings reinitialized")});
+  Drop(folder_.Path("a.txt"), {LoadsStopWords()});
+  Search();
+  Click("cmdListWords", {WantsKeywords("Search")});
 }
 
 TEST_F(Settings, ThatCannotBeSavedAreReported) {

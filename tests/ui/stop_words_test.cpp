@@ -65,6 +65,13 @@ TEST_F(StopWords, FollowTheLanguageOfTheInputUnlessAllAreInUse) {
   Click("cmdClosePanel");
   EXPECT_FALSE(Shown("SettingsPanel"));
   Drop(english);
+  // All are in use at the next start too, where the last input is gone.
+  Click("cmdSaveState", {PopsUp("Settings saved")});
+  std::filesystem::remove(english);
+  Open();
+  Drop(german);
+  Click("cmdSetParameters");
+  EXPECT_EQ(Text("txbStopWordsFile"), StopWordsPath(ALL_LANGUAGES));
 }
 
 TEST_F(StopWords, OfAFileOfOnesOwn) {
@@ -93,6 +100,12 @@ TEST_F(StopWords, OfAFileOfOnesOwn) {
   Type("txbStopWordsFile", own, {}, Qt::Key_Return);
   List();
   EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 5");
+  // Nor is a chosen one that cannot be read passed over.
+  const std::string rtf = folder_.Write("rtf.txt", "{\\rtf1 old}");
+  const Box refusal = Tells("Fatal error", "File " + rtf + "\nis an RTF file.", Icon::information);
+  Click("cmdSelectStopWordsFile_0", {AsksForFile(title, rtf), refusal});
+  EXPECT_EQ(Text("txbStopWordsFile"), rtf);
+  Click("cmdListWords", {refusal});
 }
 
 TEST_F(StopWords, ThatAreTypedAreTidiedAndChecked) {
@@ -100,6 +113,7 @@ TEST_F(StopWords, ThatAreTypedAreTidiedAndChecked) {
                               "The character 3 occurs in some stop word\n"
                               "but is not currently set as a character allowed in a word.");
   OpenText("a.txt");
+  List();
   Click("cmdSetParameters");
   for (const Qt::Key end : {Qt::Key_Return, Qt::Key_Tab}) {
     Type("txbExtraStopWords", "the, OLD,an", {}, end);
@@ -107,6 +121,7 @@ TEST_F(StopWords, ThatAreTypedAreTidiedAndChecked) {
     Type("txbExtraStopWords", "Old,SILENT mp3", {complaint}, end);
   }
   Click("cmdListWords", {complaint});
+  EXPECT_EQ(Text("txbOutput"), HARBOUR_LISTING);
   Click("chkAllowWordsWithNumerals");
   ExpectSoon([this] { return Control("cmdClosePanel").hasFocus(); });
   Click("cmdClosePanel");
