@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -59,6 +60,16 @@ TEST_F(Controls, AreAllInView) {
       EXPECT_EQ(control->visibleRegion().boundingRect(), control->rect())
           << control->objectName().toStdString() << " at a height of " << size.height();
     }
+  }
+}
+
+// A name of its own would hide from a screen reader what a label shows.
+TEST_F(Controls, TellWhatLabelsShow) {
+  OpenText("a.txt");
+  for (QLabel* label : window_->centralWidget()->findChildren<QLabel*>()) {
+    label->setText("123");
+    const auto* told = QAccessible::queryAccessibleInterface(label);
+    EXPECT_EQ(told->text(QAccessible::Name), "123") << label->objectName().toStdString();
   }
 }
 
