@@ -28,6 +28,7 @@
 #include "ui/text.h"
 #include "ui_main_window.h"
 #include "util/ansi.h"
+#include "util/progress_bar.h"
 #include "util/silent_interface.h"
 #include "util/time_text.h"
 
@@ -49,6 +50,14 @@ QString SizeLabel(const char* caption, const std::string& path) {
 // A caption of the List button; all that it bears have an "s".
 QString WithMnemonic(QString caption) {
   return caption.insert(caption.indexOf('s', 0, Qt::CaseInsensitive), '&');
+}
+
+// As large as `widest` takes: a label that may grow would have the whole window laid out anew
+// with each text of a run.
+void FixSize(QLabel& label, const QFont& font, const QString& widest) {
+  const QFontMetrics metrics(font);
+  label.setFont(font);
+  label.setFixedSize(metrics.horizontalAdvance(widest), metrics.height());
 }
 
 bool IsMouseDown() { return QGuiApplication::mouseButtons() != Qt::NoButton; }
@@ -91,8 +100,8 @@ void MainWindow::Initialization() {
   resize(FIRST_SIZE.boundedTo(screen()->availableSize() * 9 / 10));
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   ui_->txbOutput->setFont(fixed);
-  ui_->lblTotalNumOccurrences->setFont(fixed);
-  ui_->lblTwirler->setFont(fixed);
+  FixSize(*ui_->lblTotalNumOccurrences, fixed, ProgressCaption(PROGRESS_BAR_WIDTH).c_str());
+  FixSize(*ui_->lblTwirler, fixed, " ");
   ui_->txbOutput->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   ui_->findBar->hide();
   ui_->cboWordOrder->addItems({"alphabetical", "by frequency"});

@@ -14,8 +14,9 @@
 namespace quorvel {
 namespace {
 
-// Often enough for a window to feel alive, seldom enough to cost nothing.
-constexpr qint64 BETWEEN_EVENTS_MS = 20;
+// Often enough for a window to feel alive, seldom enough to cost little: each time it paints what has
+// changed.
+constexpr qint64 BETWEEN_EVENTS_MS = 25;
 
 QMessageBox::Icon IconOf(Icon icon) {
   switch (icon) {
