@@ -86,6 +86,8 @@ FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::strin
   };
   const bool whole =
       file.Error().empty() && WriteFileBytes(settings, outputText, std::time(nullptr), write, ui);
+  // To replace a large file the system takes its time, and more so on a disk that is busy.
+  ui.YieldAtOnce();
   if (!whole || !file.Commit()) return FileOutcome::failed;
   if (settings.mode == Mode::create) ui.PopUp("Concordance file written");
   return FileOutcome::written;

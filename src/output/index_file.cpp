@@ -184,7 +184,7 @@ bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& 
   if (digest.empty() || ComputeFileDigest(input, ui).text != digest) return false;
   OutputFile file(DefaultIndexFileName(input));
   file.Write(IndexFileBytes(state.table, digest, std::time(nullptr)));
-  ui.YieldNow();
+  ui.YieldAtOnce();
   if (!file.Commit()) return false;
   state.words = {
       input, digest, stamp, false, true, state.settings.inputIsUtf8, state.settings.ignoreLists};

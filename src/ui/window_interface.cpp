@@ -133,7 +133,11 @@ void WindowInterface::OfferStop(bool offered) {
 }
 
 void WindowInterface::YieldNow() {
-  if (!working_ || sinceEvents_.elapsed() < BETWEEN_EVENTS_MS) return;
+  if (working_ && sinceEvents_.elapsed() >= BETWEEN_EVENTS_MS) YieldAtOnce();
+}
+
+void WindowInterface::YieldAtOnce() {
+  if (!working_) return;
   ShowPendingOutput();
   TurnBusyIndicator();
   QCoreApplication::processEvents();

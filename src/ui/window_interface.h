@@ -40,6 +40,7 @@ class WindowInterface : public UserInterface {
   void PopUp(std::string_view text) override;
   void OfferStop(bool offered) override;
   void YieldNow() override;
+  void YieldAtOnce() override;
 
   // From now on, until EndWork, the output box follows in steps that the eye can, and
   // events run at each yield.

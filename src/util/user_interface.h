@@ -62,6 +62,9 @@ class UserInterface {
   // Lets pending events run; to be called once a coarse step.
   virtual void YieldNow() = 0;
 
+  // The same however short a time ago it did: before a step that nothing can run in.
+  virtual void YieldAtOnce() { YieldNow(); }
+
   // The same for the innermost loops: only one call in a few thousand does work.
   void Yield() {
     if (--callsUntilYield_ == 0) {
