@@ -1,0 +1,225 @@
+// quorvel_window_gaps: for how long the window hears nothing in a run, phase by phase, how soon a
+// run ends once its stop is confirmed, and what it costs that the window is heard at all.
+//
+//   tests/ui/with_x_server.sh build/release/quorvel_window_gaps TEXT
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "input/path_names.h"
+#include "lists/languages.h"
+#include "lists/stop_words.h"
+#include "run/run_driver.h"
+#include "run/stop_word_choice.h"
+#include "ui/main_window.h"
+#include "ui/window_interface.h"
+#include "util/silent_interface.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int ROUNDS = 11;
+constexpr const char* LAST_PHASE = "Writing and showing";
+constexpr double NS_PER_MS = 1e6;
+
+// In milliseconds, as every time here.
+double Since(const QElapsedTimer& clock) {
+  return static_cast<double>(clock.nsecsElapsed()) / NS_PER_MS;
+}
+
+double MedianOf(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+void PrintRow(const std::string& caption, const std::vector<double>& values) {
+  std::printf("| %s | %.1f | %.1f |\n", caption.c_str(), MedianOf(values),
+              *std::max_element(values.begin(), values.end()));
+}
+
+// Sits in the events of a window and sees how long they do not come. Confirms each box at once.
+class Watch {
+ public:
+  explicit Watch(MainWindow& window)
+      : output_(*window.findChild<QPlainTextEdit*>("txbOutput")),
+        button_(*window.findChild<QPushButton*>("cmdListWords")) {
+    QObject::connect(&output_, &QPlainTextEdit::textChanged, &timer_, [this] { NotePhase(); });
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Tick(); });
+    timer_.start(1);
+  }
+
+  // Lists the words once. Gives the longest time without an event in each phase.
+  std::map<std::string, double> List() {
+    gaps_.clear();
+    crossed_.clear();
+    sinceTick_.start();
+    button_.click();
+    return gaps_;
+  }
+
+  // The same, but stopped in `phase`. Gives the time from the confirmation to the end.
+  double Stop(const std::string& phase) {
+    stopIn_ = phase;
+    ended_ = -1;
+    List();
+    return ended_ < 0 ? Since(sinceConfirmed_) : ended_;
+  }
+
+  [[nodiscard]] const std::vector<std::string>& Phases() const { return phases_; }
+
+ private:
+  void NotePhase() {
+    QTextBlock line = output_.document()->lastBlock();
+    if (line.text().isEmpty()) line = line.previous();
+    if (!line.isValid()) return;  // emptied for a run
+    const QString text = line.text();
+    phase_ = text.endsWith(" ...") ? text.chopped(4).toStdString() : LAST_PHASE;
+    crossed_.push_back(phase_);
+    const bool isNew = std::find(phases_.begin(), phases_.end(), phase_) == phases_.end();
+    if (isNew) phases_.push_back(phase_);
+  }
+
+  // A time over several phases counts for each of them.
+  void Tick() {
+    const double gap = Since(sinceTick_);
+    for (const std::string& phase : crossed_) gaps_[phase] = std::max(gaps_[phase], gap);
+    crossed_ = {phase_};
+    sinceTick_.start();
+    QWidget* const box = QApplication::activeModalWidget();
+    if (auto* question = qobject_cast<QMessageBox*>(box)) {
+      QAbstractButton* const yes = question->button(QMessageBox::Yes);
+      sinceConfirmed_.start();
+      (yes != nullptr ? yes : question->defaultButton())->click();
+    } else if (box != nullptr) {  // says that the file is written
+      ended_ = Since(sinceConfirmed_);
+      box->hide();
+    } else if (!stopIn_.empty() && phase_ == stopIn_) {
+      stopIn_.clear();
+      QTimer::singleShot(0, &button_, &QPushButton::click);
+    }
+  }
+
+  QPlainTextEdit& output_;
+  QPushButton& button_;
+  QTimer timer_;
+  QElapsedTimer sinceTick_;
+  QElapsedTimer sinceConfirmed_;
+  std::map<std::string, double> gaps_;
+  std::vector<std::string> phases_;   // in their order
+  std::vector<std::string> crossed_;  // since the last tick
+  std::string phase_;                 // now
+  std::string stopIn_;
+  double ended_ = -1;
+};
+
+// The conversation of the window, with the time that it takes for events.
+class TimedInterface : public WindowInterface {
+ public:
+  using WindowInterface::WindowInterface;
+
+  void YieldAtOnce() override {
+    QElapsedTimer clock;
+    clock.start();
+    WindowInterface::YieldAtOnce();
+    yielded += Since(clock);
+  }
+
+  double yielded = 0;
+};
+
+ConversationControls ControlsOf(MainWindow& window) {
+  const auto label = [&window](const char* name) { return window.findChild<QLabel*>(name); };
+  return {&window,
+          window.findChild<QPlainTextEdit*>("txbOutput"),
+          window.findChild<QPushButton*>("cmdListWords"),
+          window.findChild<QLineEdit*>("txbFile_3"),
+          label("lblNumberOfWords"),
+          label("lblNumOccurrences"),
+          label("lblKeywordsFound"),
+          label("lblTotalNumOccurrences"),
+          label("lblTwirler")};
+}
+
+void MeasureYields(MainWindow& window, const std::string& input) {
+  TimedInterface ui(ControlsOf(window));
+  SilentInterface nobody;
+  RunState state;
+  ConcordanceSettings& settings = state.settings;
+  settings.inputFile = input;
+  settings.outputFile = DefaultConcordanceFileName(input);
+  settings.stopWordsFile = StopWordsPath(RecognizeInputLanguage(input));
+  if (!ReadStopWordsFile(settings.stopWordsFile, state.lists.stopWords, nobody)) return;
+  const auto run = [&state](UserInterface& listener) {
+    QElapsedTimer clock;
+    clock.start();
+    (void)RunConcordance(state, listener);
+    return Since(clock);
+  };
+  std::vector<double> silent;
+  std::vector<double> heard;
+  std::vector<double> yielded;
+  for (int round = 0; round < ROUNDS; ++round) {
+    silent.push_back(run(nobody));
+    ui.yielded = 0;
+    ui.SetOutput("");
+    ui.BeginWork();
+    heard.push_back(run(ui));
+    ui.EndWork();
+    yielded.push_back(ui.yielded);
+  }
+  PrintRow("A run without a window", silent);
+  PrintRow("A run in the window", heard);
+  PrintRow("Of that for events", yielded);
+  std::printf("\nShare of the events: %.1f %%\n", 100 * MedianOf(yielded) / MedianOf(heard));
+}
+
+void MeasureGaps(Watch& watch) {
+  std::map<std::string, std::vector<double>> gaps;
+  std::map<std::string, std::vector<double>> stops;
+  const std::vector<std::string> stopped = {"Processing file", "Creating concordance"};
+  for (int round = 0; round < ROUNDS; ++round) {
+    for (const auto& [phase, gap] : watch.List()) gaps[phase].push_back(gap);
+    for (const std::string& phase : stopped) stops[phase].push_back(watch.Stop(phase));
+  }
+  std::printf("| Milliseconds | Median | Worst |\n|---|---|---|\n");
+  for (const std::string& phase : watch.Phases()) {
+    if (gaps.contains(phase)) PrintRow(phase, gaps[phase]);
+  }
+  for (const std::string& phase : stopped) PrintRow("Stopped in: " + phase, stops[phase]);
+}
+
+}  // namespace
+}  // namespace quorvel
+
+int main(int argumentCount, char** arguments) {
+  const QTemporaryDir folder;
+  qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+  const QApplication application(argumentCount, arguments);
+  const QString input = folder.filePath("text.txt");
+  if (argumentCount != 2 || !QFile::copy(arguments[1], input)) {
+    std::fputs("usage: quorvel_window_gaps TEXT\n", stderr);
+    return 2;
+  }
+  quorvel::MainWindow window;
+  window.show();
+  quorvel::Watch watch(window);
+  window.Start(input.toStdString());
+  quorvel::MeasureGaps(watch);
+  quorvel::MeasureYields(window, input.toStdString());
+  return 0;
+}
