@@ -16,7 +16,7 @@ struct TokenMeaning {
   static constexpr std::int32_t NO_WORD = -1;
 
   std::int32_t entry = NO_WORD;  // 0-based in the table
-  std::uint32_t wordLength = 0;  // in characters
+  std::int32_t wordLength = 0;   // in characters
 };
 
 // Belongs to one text and to the table that its words go to. Both must outlive it.
@@ -24,18 +24,30 @@ class KnownTokens {
  public:
   KnownTokens(std::u16string_view text, WordTable& table) : text_(text), table_(table) {}
 
-  // What the token at the 0-based `begin`, of `length` characters, stands for. A word that
-  // is new to the table gets an entry.
+  // What the token at the 0-based `begin`, of `length` characters, at least MIN_WORD_LENGTH,
+  // stands for. A word that is new to the table gets an entry.
   TokenMeaning MeaningOf(std::size_t begin, std::size_t length);
 
  private:
+  // A spelling; one of up to eight characters is known by these three alone, which saves a
+  // look at the text.
+  struct Spelling {
+    std::uint64_t front = 0;  // its first four characters
+    std::uint64_t back = 0;   // and its last four
+    std::uint32_t length = 0;
+
+    bool operator==(const Spelling&) const = default;
+  };
+
   struct Slot {
-    std::uint32_t hash = 0;
-    std::uint32_t length = 0;  // 0 for a free slot
-    std::size_t begin = 0;     // where the spelling stands first
+    Spelling spelling;        // of length 0 in a free slot
+    std::uint32_t begin = 0;  // where it stands first
     TokenMeaning meaning;
   };
 
+  [[nodiscard]] Spelling SpellingOf(std::size_t begin, std::size_t length) const;
+  [[nodiscard]] std::size_t FirstPlaceOf(const Spelling& spelling, std::size_t begin) const;
+  [[nodiscard]] bool Holds(const Slot& slot, const Spelling& spelling, std::size_t begin) const;
   [[nodiscard]] TokenMeaning LookInto(std::u16string_view token);
   void Grow();
 

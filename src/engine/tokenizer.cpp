@@ -70,11 +70,11 @@ void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {
     if (token.end - token.begin < MIN_WORD_LENGTH) continue;
     const TokenMeaning meaning = known.MeaningOf(token.begin, token.end - token.begin);
     if (meaning.entry == TokenMeaning::NO_WORD) continue;
-    const std::size_t scanPosition = token.end + (token.end < text.size() ? 1 : 2);
-    table.entries[static_cast<std::size_t>(meaning.entry)].positions.push_back(
-        static_cast<std::int32_t>(scanPosition - meaning.wordLength));
-    bar.Update(static_cast<std::int64_t>(scanPosition), static_cast<std::int64_t>(text.size()),
-               PROGRESS_THRESHOLD);
+    const auto scanPosition =
+        static_cast<std::int32_t>(token.end + (token.end < text.size() ? 1 : 2));
+    table.entries[static_cast<std::size_t>(meaning.entry)].positions.push_back(scanPosition -
+                                                                               meaning.wordLength);
+    bar.Update(scanPosition, static_cast<std::int64_t>(text.size()), PROGRESS_THRESHOLD);
     ui.Yield();
     if (ui.StopRequested()) return;
   }
