@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "util/bit_map.h"
+
 // Where words end cannot be foretold, so deciding byte by byte is slow. The text is
 // taken in blocks that the compiler handles in a few wide instructions: in most of
 // them no two blanks meet, and such a block only moves.
@@ -13,35 +15,27 @@ namespace {
 
 constexpr std::uint8_t BLANK = ' ';
 
-constexpr std::size_t BLOCK = 32;
-using Block = std::array<std::uint8_t, BLOCK>;
-
-// Whether two blanks stand side by side in a block, or one at its front behind the
-// byte `before`. Looks at all of it, for that is quicker than to stop at the first two.
-bool BlanksMeet(const Block& block, std::uint8_t before) {
-  auto meet = static_cast<unsigned>(before == BLANK && block[0] == BLANK);
-  for (std::size_t k = 1; k < BLOCK; ++k) {
-    meet |= static_cast<unsigned>(block[k - 1] == BLANK) & static_cast<unsigned>(block[k] == BLANK);
-  }
-  return meet != 0;
-}
-
 // Moves bytes to the front of the text, place by place.
 class Compactor {
  public:
   explicit Compactor(std::string& text) : text_(text) {}
 
+  // Moves FLAG_COUNT bytes.
   void MoveBlock(std::size_t from) {
-    Block block;
-    for (std::size_t k = 0; k < BLOCK; ++k) {
+    std::array<std::uint8_t, FLAG_COUNT> block{};
+    Flags flags{};
+    for (std::size_t k = 0; k < FLAG_COUNT; ++k) {
       block[k] = std::max(static_cast<std::uint8_t>(text_[from + k]), BLANK);
+      flags[k] = block[k] == BLANK ? 1 : 0;
     }
-    if (BlanksMeet(block, before_)) {
+    const std::uint64_t blanks = BitsOf(flags);
+    const std::uint64_t before = before_ == BLANK ? 1 : 0;
+    if ((blanks & (blanks << 1U | before)) != 0) {
       for (const std::uint8_t byte : block) MoveByte(byte);
     } else {
-      std::copy_n(block.begin(), BLOCK, text_.begin() + static_cast<std::ptrdiff_t>(out_));
-      out_ += BLOCK;
-      before_ = block[BLOCK - 1];
+      std::copy_n(block.begin(), FLAG_COUNT, text_.begin() + static_cast<std::ptrdiff_t>(out_));
+      out_ += FLAG_COUNT;
+      before_ = block.back();
     }
   }
 
@@ -64,7 +58,7 @@ class Compactor {
 void CompactSpaces(std::string& text) {
   Compactor compactor(text);
   std::size_t i = 0;
-  for (; i + BLOCK <= text.size(); i += BLOCK) compactor.MoveBlock(i);
+  for (; i + FLAG_COUNT <= text.size(); i += FLAG_COUNT) compactor.MoveBlock(i);
   for (; i < text.size(); ++i) compactor.MoveByte(static_cast<std::uint8_t>(text[i]));
   compactor.Finish();
 }

@@ -1,5 +1,6 @@
 #include "input/input_file.h"
 
+#include <algorithm>
 #include <limits>
 #include <string_view>
 
@@ -38,10 +39,18 @@ TextEncoding EncodingOfXml(std::string_view start) {
   return bigEndian ? TextEncoding::utf16BigEndian : TextEncoding::ansi;
 }
 
+// Reads the file piece by piece, each with the end of the one before it, where what is looked
+// for may begin.
 bool LooksLikeUtf8(const std::string& path) {
-  const FileRead file = ReadFileBytes(path);
-  return file.error.empty() &&
-         (DeclaresUtf8(file.bytes) || file.bytes.find("\xE2\x80") != std::string::npos);
+  constexpr std::size_t PIECE_LENGTH = 65536;
+  constexpr std::size_t LONGEST_SIGN = 15;  // charset="utf-8"
+  bool looksSo = false;
+  std::string piece;
+  const bool whole = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view chunk) {
+    piece.erase(0, piece.size() - std::min(piece.size(), LONGEST_SIGN)).append(chunk);
+    looksSo = looksSo || piece.find("\xE2\x80") != std::string::npos || DeclaresUtf8(piece);
+  });
+  return whole && looksSo;
 }
 
 FileKind KindByLineEnds(std::string_view bytes) {

@@ -38,17 +38,21 @@ char AnsiByteOf(char16_t ch) {
 bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
 bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
 
-// Encodes at least `length` characters of `text` to `out`, one more where a pair
-// of surrogates straddles the end; gives the end of the bytes, and in `taken` the
-// characters they stand for.
-char* EncodeBlock(std::u16string_view text, std::size_t length, char* out, std::size_t& taken) {
-  for (taken = 0; taken < length; ++taken) {
+// What is converted in one go. It is put together aside: a text that is made longer first
+// would be filled with zeros for nothing.
+constexpr std::size_t BLOCK = 64;
+
+// Appends the bytes of at least `length` characters of `text`, of one more where a pair of
+// surrogates straddles the end; gives the characters that were taken.
+std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::string& bytes) {
+  std::size_t taken = 0;
+  for (; taken < length; ++taken) {
     const bool pair =
         IsHighSurrogate(text[taken]) && taken + 1 < text.size() && IsLowSurrogate(text[taken + 1]);
-    *out++ = AnsiByteOf(text[taken]);
+    bytes += AnsiByteOf(text[taken]);
     if (pair) ++taken;
   }
-  return out;
+  return taken;
 }
 
 // The code points that a UTF-8 sequence may encode, by its first byte.
@@ -115,23 +119,23 @@ void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
 // Widened in blocks; only a block that holds a byte with another number than its
 // character is looked at byte by byte.
 std::u16string DecodeAnsi(std::string_view bytes) {
-  constexpr std::size_t BLOCK = 64;
   std::u16string text;
   ReserveLarge(text, bytes.size());
-  text.resize(bytes.size());
-  char16_t* out = text.data();
-  for (std::size_t i = 0; i < bytes.size(); i += BLOCK) {
-    const std::string_view block = bytes.substr(i, BLOCK);
+  std::array<char16_t, BLOCK> characters{};
+  for (; !bytes.empty(); bytes.remove_prefix(std::min(BLOCK, bytes.size()))) {
+    const std::string_view block = bytes.substr(0, BLOCK);
     std::uint8_t others = 0;
-    for (std::size_t k = 0; k < block.size(); ++k) {
-      const auto byte = static_cast<std::uint8_t>(block[k]);
+    for (std::size_t i = 0; i < block.size(); ++i) {
+      const auto byte = static_cast<std::uint8_t>(block[i]);
       others |= static_cast<std::uint8_t>((byte & 0xE0U) == 0x80);
-      out[i + k] = byte;
+      characters[i] = byte;
     }
-    if (others == 0) continue;
-    for (std::size_t k = 0; k < block.size(); ++k) {
-      out[i + k] = DECODING_TABLE[static_cast<std::uint8_t>(block[k])];
+    if (others != 0) {
+      for (std::size_t i = 0; i < block.size(); ++i) {
+        characters[i] = DECODING_TABLE[static_cast<std::uint8_t>(block[i])];
+      }
     }
+    text.append(characters.data(), block.size());
   }
   return text;
 }
@@ -140,26 +144,21 @@ std::u16string DecodeAnsi(std::string_view bytes) {
 // blocks, and only a block that holds another one is looked at character by
 // character.
 void AppendAnsi(std::string& bytes, std::u16string_view text) {
-  constexpr std::size_t BLOCK = 64;
-  const std::size_t before = bytes.size();
-  bytes.resize(before + text.size());
-  char* out = bytes.data() + before;
+  std::array<char, BLOCK> block{};
   while (!text.empty()) {
     const std::size_t length = std::min(BLOCK, text.size());
     std::uint16_t others = 0;
     for (std::size_t i = 0; i < length; ++i) {
       others |= static_cast<std::uint16_t>(!IsItsOwnByte(text[i]));
-      out[i] = static_cast<char>(text[i]);
+      block[i] = static_cast<char>(text[i]);
     }
-    std::size_t taken = length;
     if (others == 0) {
-      out += length;
+      bytes.append(block.data(), length);
+      text.remove_prefix(length);
     } else {
-      out = EncodeBlock(text, length, out, taken);
+      text.remove_prefix(EncodeBlock(text, length, bytes));
     }
-    text.remove_prefix(taken);
   }
-  bytes.resize(static_cast<std::size_t>(out - bytes.data()));
 }
 
 std::string EncodeAnsi(std::u16string_view text) {
