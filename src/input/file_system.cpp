@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -62,9 +63,11 @@ FolderMaking MakeFolderOfOwner(const fs::path& path) {
   return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
 }
 
-int OpenFile(const fs::path& path, int flags) {
+int OpenFile(const fs::path& path, int flags, bool /*private*/ = false) {
   return _wopen(path.c_str(), flags | O_BINARY, 0666);
 }
+
+int SyncFile(int handle) { return ::_commit(handle); }
 
 bool IsWritable(const fs::path& path) { return _waccess(path.c_str(), W_OK) == 0; }
 
@@ -85,20 +88,29 @@ FolderMaking MakeFolderOfOwner(const fs::path& path) {
   return errno == EEXIST ? FolderMaking::exists : FolderMaking::failed;
 }
 
-int OpenFile(const fs::path& path, int flags) {
-  return ::open(path.c_str(), flags | O_CLOEXEC, 0666);  // NOLINT(*-vararg)
+// A new file that is `isPrivate` can be read by its owner alone.
+int OpenFile(const fs::path& path, int flags, bool isPrivate = false) {
+  return ::open(path.c_str(), flags | O_CLOEXEC, isPrivate ? 0600 : 0666);  // NOLINT(*-vararg)
 }
+
+int SyncFile(int handle) { return ::fsync(handle); }
 
 bool IsWritable(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
 
 // A file that takes another's place keeps its owner, as far as that is allowed, and its mode.
 void TakeAttributesOf(int handle, const fs::path& target) {
   struct stat status = {};
+  // What it holds is for those who may read the old one: for the owner, if in doubt.
   if (::stat(target.c_str(), &status) != 0) return;
   [[maybe_unused]] const int ownerKept = ::fchown(handle, status.st_uid, status.st_gid);
   ::fchmod(handle, status.st_mode & 07777U);
 }
 #endif
+
+// Whether something may be there of which the system will say nothing.
+bool IsWithheld(const std::error_code& error) {
+  return error == std::errc::permission_denied || error == std::errc::io_error;
+}
 
 // Closes its file when it goes out of scope.
 class ReadHandle {
@@ -137,7 +149,7 @@ class ReadHandle {
 bool FileExists(const std::string& path) {
   std::error_code error;
   const fs::file_status status = fs::status(ToPath(path), error);
-  return fs::exists(status) && !fs::is_directory(status);
+  return (fs::exists(status) && !fs::is_directory(status)) || IsWithheld(error);
 }
 
 bool FolderExists(const std::string& path) {
@@ -147,7 +159,7 @@ bool FolderExists(const std::string& path) {
 
 bool IsRegularFile(const std::string& path) {
   std::error_code error;
-  return fs::is_regular_file(ToPath(path), error);
+  return fs::is_regular_file(ToPath(path), error) || IsWithheld(error);
 }
 
 std::optional<std::int64_t> FileLength(const std::string& path) {
@@ -166,7 +178,8 @@ FileStamp StampOf(const std::string& path) {
 
 bool IsSameFile(const std::string& path, const std::string& other) {
   std::error_code error;
-  return path == other || fs::equivalent(ToPath(path), ToPath(other), error);
+  if (path == other || fs::equivalent(ToPath(path), ToPath(other), error)) return true;
+  return error && FileExists(path) && FileExists(other);
 }
 
 std::string JoinPath(const std::string& folder, const std::string& name) {
@@ -269,6 +282,12 @@ bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
   return got == 0;
 }
 
+#ifdef _WIN32
+void LetOversizedWritesFail() {}
+#else
+void LetOversizedWritesFail() { std::signal(SIGXFSZ, SIG_IGN); }
+#endif
+
 OutputFile::OutputFile(const std::string& path) : target_(ToPath(path)) { Open(); }
 
 OutputFile::~OutputFile() {
@@ -280,7 +299,8 @@ OutputFile::~OutputFile() {
 void OutputFile::Open() {
   std::error_code error;
   const fs::file_status status = fs::status(target_, error);
-  if (!fs::exists(status)) return OpenBeside(false);
+  if (status.type() == fs::file_type::not_found) return OpenBeside(false);
+  if (error) return Fail(error.value());
   if (fs::is_directory(status)) return Fail(EISDIR);
   if (!fs::is_regular_file(status)) {
     handle_ = OpenFile(target_, O_WRONLY);
@@ -299,7 +319,7 @@ void OutputFile::OpenBeside(bool replaces) {
   const std::string stem = ".qvl" + std::to_string(::getpid()) + "-";
   for (int n = 0; n < NAMES_TO_TRY; ++n) {
     const fs::path temporary = target_.parent_path() / (stem + std::to_string(n) + ".tmp");
-    handle_ = OpenFile(temporary, O_WRONLY | O_CREAT | O_EXCL);
+    handle_ = OpenFile(temporary, O_WRONLY | O_CREAT | O_EXCL, replaces);
     if (handle_ >= 0) {
       temporary_ = temporary;
       if (replaces) TakeAttributesOf(handle_, target_);
@@ -324,6 +344,11 @@ bool OutputFile::Write(std::string_view bytes) {
 }
 
 bool OutputFile::Commit() {
+  if (error_.empty() && !temporary_.empty()) Sync();
+  return CommitPassing();
+}
+
+bool OutputFile::CommitPassing() {
   CloseHandle();
   if (error_.empty() && !temporary_.empty()) {
     std::error_code error;
@@ -335,6 +360,15 @@ bool OutputFile::Commit() {
     }
   }
   return error_.empty();
+}
+
+// A file system that knows no such wait says that the handle is not one for it.
+void OutputFile::Sync() {
+  int result = 0;
+  do {
+    result = SyncFile(handle_);
+  } while (result != 0 && errno == EINTR);
+  if (result != 0 && errno != EINVAL) Fail(errno);
 }
 
 void OutputFile::CloseHandle() {

@@ -15,7 +15,8 @@
 
 namespace quorvel {
 
-// True when a file of that name exists; a folder does not count.
+// True when a file of that name exists, or when the system will not say: what is there is
+// then told by opening it. A folder does not count.
 [[nodiscard]] bool FileExists(const std::string& path);
 
 [[nodiscard]] bool FolderExists(const std::string& path);
@@ -37,7 +38,8 @@ struct FileStamp {
 // The stamp of a file; the same for all files that cannot be looked at.
 [[nodiscard]] FileStamp StampOf(const std::string& path);
 
-// Whether both paths name one file, be it by another spelling or a link.
+// Whether both paths name one file, be it by another spelling or a link. True also for
+// two existing files of which the system cannot tell.
 [[nodiscard]] bool IsSameFile(const std::string& path, const std::string& other);
 
 // The path of `name`, which may hold folders that end in "/", below `folder`, with
@@ -76,13 +78,21 @@ struct FileRead {
   int errorNumber = 0;
 };
 
-// Reads the first `limit` bytes of a file, the whole file by default.
-[[nodiscard]] FileRead ReadFileBytes(const std::string& path, std::uint64_t limit = UINT64_MAX);
+// More than any file that can be worked on: reading one that grows all the time ends there.
+inline constexpr std::uint64_t MOST_BYTES_READ = std::uint64_t{1} << 31U;
+
+// Reads the first `limit` bytes of a file, by default as good as the whole file.
+[[nodiscard]] FileRead ReadFileBytes(const std::string& path,
+                                     std::uint64_t limit = MOST_BYTES_READ);
 
 // Hands the bytes of a file to `take`, front to back, `chunkLength` at a time and
 // the rest last. False when the file could not be read to its end.
 [[nodiscard]] bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
                                     const std::function<void(std::string_view)>& take);
+
+// Lets a write beyond the file size that the user may have set fail like one on a full
+// disk; otherwise it ends the program. For the start of a program.
+void LetOversizedWritesFail();
 
 // A file being written. The bytes go to a new file in the target's folder, which
 // takes the target's place only in Commit: until then, and after any failure, an
@@ -101,8 +111,12 @@ class OutputFile {
   // Appends bytes. False once anything has failed since the file was opened.
   bool Write(std::string_view bytes);
 
-  // Puts the written file in the target's place. False when anything failed.
+  // Puts the written file in the target's place; it is on the disk by then, so that a
+  // power cut leaves the old or the new file. False when anything failed.
   [[nodiscard]] bool Commit();
+
+  // The same for a file that is not needed for long: without the wait for the disk.
+  [[nodiscard]] bool CommitPassing();
 
   // The system's description of the first failure; empty as long as there is none.
   [[nodiscard]] const std::string& Error() const { return error_; }
@@ -110,6 +124,7 @@ class OutputFile {
  private:
   void Open();
   void OpenBeside(bool replaces);
+  void Sync();
   void CloseHandle();
   void Fail(int errorNumber);
 

@@ -3,11 +3,13 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "input/file_system.h"
 #include "ui/main_window.h"
 #include "ui/product_information.h"
 #include "ui/text.h"
 
 int main(int argumentCount, char** arguments) {
+  quorvel::LetOversizedWritesFail();
   const QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("quorvel");
   QApplication::setDesktopFileName("quorvel");
