@@ -7,6 +7,7 @@
 #include "cli/terminal_interface.h"
 #include "cli/word_lists.h"
 #include "engine/run_state.h"
+#include "input/file_system.h"
 #include "output/index_file.h"
 #include "run/run_driver.h"
 #include "settings/settings_file.h"
@@ -40,8 +41,24 @@ int SaveSettings(const ConcordanceSettings& settings, const std::string& path,
                  TerminalInterface& ui) {
   const std::string errorText = SaveState(settings, path);
   if (errorText.empty()) return 0;
-  ui.Say(errorText);
+  ui.Say(path + ": " + errorText);
   return 1;
+}
+
+// What a script or its user wants to know of a run's files, beyond what the core says of them.
+// False when a file that was asked for is not there.
+bool ReportFiles(const RunState& state, RunOutcome outcome, bool languageKnown,
+                 TerminalInterface& ui) {
+  // A search is silent about a file that it cannot write.
+  if (outcome == RunOutcome::failed && !ui.HasSpoken() && !state.outputSink) {
+    ui.Say("An error occurred when creating search results file.");
+  }
+  if (!state.fileFault.empty()) ui.Say(state.fileFault);
+  if (!languageKnown && state.outputWritten) {
+    ui.Say("The language of " + state.settings.inputFile +
+           " could not be recognized; the stop words are the English ones.");
+  }
+  return state.fileFault.empty();
 }
 
 int Run(const CommandLine& commandLine) {
@@ -49,9 +66,8 @@ int Run(const CommandLine& commandLine) {
   RunState state;
   state.settings = commandLine.settings;
   const bool saves = !commandLine.settingsFileToSave.empty();
-  if (saves || state.settings.mode == Mode::create) {
-    SettleStopWordsFile(commandLine.language, state.settings);
-  }
+  const bool languageKnown = (!saves && state.settings.mode != Mode::create) ||
+                             SettleStopWordsFile(commandLine.language, state.settings, ui);
   if (saves) {
     return SaveSettings(state.settings, commandLine.settingsFileToSave, ui);
   }
@@ -72,21 +88,20 @@ int Run(const CommandLine& commandLine) {
   if (outcome == RunOutcome::nothingFound) {
     ui.Say("No words satisfying the conditions were found.");
   }
-  // A search is silent about a file that it cannot write; a script wants to know.
-  if (outcome == RunOutcome::failed && !ui.HasSpoken() && !commandLine.toStandardOutput) {
-    ui.Say("An error occurred when creating search results file.");
-  }
+  const bool filesWritten = ReportFiles(state, outcome, languageKnown, ui);
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     ui.Say("An error occurred when writing to standard output.");
     return 1;
   }
-  return ExitStatusOf(outcome);
+  const int status = ExitStatusOf(outcome);
+  return status == 0 && !filesWritten ? 1 : status;
 }
 
 }  // namespace
 }  // namespace quorvel
 
 int main(int argumentCount, char** arguments) try {
+  quorvel::LetOversizedWritesFail();
   const quorvel::CommandLine commandLine = quorvel::ReadCommandLine(argumentCount, arguments);
   return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);
 } catch (const std::exception& error) {

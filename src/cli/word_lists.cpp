@@ -1,6 +1,7 @@
 #include "cli/word_lists.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "run/stop_word_choice.h"
 
@@ -34,10 +35,13 @@ bool LoadStopWords(RunState& state, bool tell, UserInterface& ui) {
 
 }  // namespace
 
-void SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings) {
-  if (!settings.stopWordsFile.empty() || language.empty() || language == "none") return;
-  settings.stopWordsFile = StopWordsPath(
-      language == "auto" ? RecognizeInputLanguage(settings.inputFile) : LanguageByCode(language));
+bool SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings,
+                         UserInterface& ui) {
+  if (!settings.stopWordsFile.empty() || language.empty() || language == "none") return true;
+  std::optional<Language> chosen = LanguageByCode(language);
+  if (language == "auto") chosen = RecognizeInputLanguage(settings.inputFile, ui);
+  settings.stopWordsFile = StopWordsPath(chosen.value_or(LANGUAGES.front()));
+  return chosen.has_value();
 }
 
 bool LoadWordLists(RunState& state, bool tellStopWords, TerminalInterface& ui) {

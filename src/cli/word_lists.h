@@ -10,8 +10,9 @@ namespace quorvel {
 
 // Puts the stop-words file of `language` into the settings, unless these name one:
 // `language` is a language's code, "all", "auto" for the language of the input, "none"
-// or empty.
-void SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings);
+// or empty. False when the input's language could not be told, and English is taken for it.
+[[nodiscard]] bool SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings,
+                                       UserInterface& ui);
 
 // Reads the keywords of a search, or the stop words of a concordance, from the files that
 // the settings name. With `tellStopWords` off their number is progress, no message. False

@@ -39,6 +39,7 @@ struct RunState {
   std::string outputText;      // the last listing, in Windows-1252 as the file holds it
   bool textboxFull = false;    // the listing did not fit into the output box
   bool outputWritten = false;  // the last listing has gone to its file
+  std::string fileFault;       // which file the last run could not write, and why; else empty
 
   // Where set, the bytes of the output file go here and no file is written; gives
   // false when it cannot take them.

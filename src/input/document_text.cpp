@@ -1,5 +1,6 @@
 #include "input/document_text.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -50,6 +51,8 @@ void ReportExtractionFailure(ExtractionCode code, const std::string& path, UserI
       return tell("Unable to write to temporary folder.", STANDARD_TITLE, Icon::exclamation);
     case ExtractionCode::damaged:
       return tell("Invalid checksum found when processing\r\n" + path, "Error", Icon::exclamation);
+    case ExtractionCode::unreadable:
+      return tell("File " + path + "\r\ncannot be read.", "Read error", Icon::exclamation);
     case ExtractionCode::noBody:
       return tell("File " + path + "\r\nholds no document text.", "Error", Icon::exclamation);
     case ExtractionCode::tooLarge:
@@ -119,8 +122,10 @@ std::optional<std::string> ReadInputFile(const std::string& path, bool isUtf8, U
 bool IsWordDocument(const std::string& path) {
   constexpr std::uint64_t FEWEST_BYTES = 10;
   if (LowerExtensionOf(path) != "docx") return false;
-  const std::string start = ReadFileBytes(path, FEWEST_BYTES).bytes;
-  return start.size() == FEWEST_BYTES && start.starts_with("PK\x03\x04");
+  const FileRead start = ReadFileBytes(path, FEWEST_BYTES);
+  // One that cannot be read is no text either, and reading it as a document says what is wrong.
+  if (!start.error.empty() && start.errorNumber != ENOENT) return true;
+  return start.bytes.size() == FEWEST_BYTES && start.bytes.starts_with("PK\x03\x04");
 }
 
 std::optional<std::string> ReadWordDocument(const std::string& path, bool& inputIsUtf8,

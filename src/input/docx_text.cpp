@@ -75,6 +75,8 @@ ExtractionCode UnpackDocumentBody(const std::string& path, const std::string& fo
       break;
     case UnpackOutcome::tooLarge:
       return ExtractionCode::tooLarge;
+    case UnpackOutcome::unreadable:
+      return ExtractionCode::unreadable;
     case UnpackOutcome::unwritable:
       return ExtractionCode::unwritable;
   }
@@ -193,7 +195,7 @@ ExtractedText ExtractDocumentText(const std::string& path, std::string_view fold
   const ExtractionCode code = UnpackDocumentBody(path, folder.Path(), options, ui);
   if (code != ExtractionCode::success) return {code, {}};
   const FileRead body = ReadFileBytes(JoinPath(folder.Path(), BodyEntryOf(path)));
-  if (!body.error.empty()) return {ExtractionCode::noBody, {}};
+  if (!body.error.empty()) return {ExtractionCode::unreadable, {}};
   DocumentRuns runs = ReadDocumentRuns(body.bytes, ui);
   if (runs.stopped) return {ExtractionCode::stopped, {}};
   return {ExtractionCode::success, std::move(runs.text)};

@@ -25,6 +25,7 @@ enum class ExtractionCode {
   noBody = -6,          // nothing of the body could be unpacked
   unwritable = -7,      // the temporary folder cannot take the body
   stopped = -8,         // by the user, while the text was read
+  unreadable = -9,      // the system did not give the bytes of the document or of its body
 };
 
 // The size limits of an unpacked body, in bytes.

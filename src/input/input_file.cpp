@@ -39,18 +39,21 @@ TextEncoding EncodingOfXml(std::string_view start) {
   return bigEndian ? TextEncoding::utf16BigEndian : TextEncoding::ansi;
 }
 
-// Reads the file piece by piece, each with the end of the one before it, where what is looked
-// for may begin.
-bool LooksLikeUtf8(const std::string& path) {
+// What a file without a mark looks like; unreadable where it cannot be read to its end. It is
+// read piece by piece, each with the end of the one before it, where what is looked for may
+// begin.
+TextEncoding EncodingByContent(const std::string& path) {
   constexpr std::size_t PIECE_LENGTH = 65536;
   constexpr std::size_t LONGEST_SIGN = 15;  // charset="utf-8"
-  bool looksSo = false;
+  bool looksLikeUtf8 = false;
   std::string piece;
   const bool whole = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view chunk) {
     piece.erase(0, piece.size() - std::min(piece.size(), LONGEST_SIGN)).append(chunk);
-    looksSo = looksSo || piece.find("\xE2\x80") != std::string::npos || DeclaresUtf8(piece);
+    looksLikeUtf8 =
+        looksLikeUtf8 || piece.find("\xE2\x80") != std::string::npos || DeclaresUtf8(piece);
   });
-  return whole && looksSo;
+  if (!whole) return TextEncoding::unreadable;
+  return looksLikeUtf8 ? TextEncoding::utf8 : TextEncoding::ansi;
 }
 
 FileKind KindByLineEnds(std::string_view bytes) {
@@ -150,7 +153,7 @@ TextEncoding DetectTextEncoding(const std::string& path, bool checkMarkupCharset
   if (LowerExtensionOf(path) == "xml") encoding = EncodingOfXml(start.bytes);
   const bool searched =
       encoding == TextEncoding::ansi && checkMarkupCharset && HasTextFileExtension(path);
-  return searched && LooksLikeUtf8(path) ? TextEncoding::utf8 : encoding;
+  return searched ? EncodingByContent(path) : encoding;
 }
 
 FileClass ClassifyTextFile(const std::string& path, std::uint64_t examineLimit,
@@ -169,7 +172,7 @@ FileClass ClassifyTextFile(const std::string& path, std::uint64_t examineLimit,
       return {static_cast<FileKind>(encoding), false};
   }
   const FileRead part = ReadFileBytes(path, examineLimit);
-  if (!part.error.empty()) return {FileKind::notText, false};
+  if (!part.error.empty()) return {FileKind::unreadable, false};
   if (part.bytes.empty()) return {FileKind::empty, false};
   return {KindByLineEnds(part.bytes), false};
 }

@@ -1,6 +1,7 @@
 #include "input/text_sample.h"
 
 #include <optional>
+#include <utility>
 
 #include "input/document_text.h"
 #include "input/docx_text.h"
@@ -15,16 +16,30 @@
 namespace quorvel {
 namespace {
 
-std::string BodyOfWordDocument(const std::string& path) {
-  SilentInterface ui;
+// Passes on what the user has to be told, and nothing else.
+struct ComplaintsOnly : SilentInterface {
+  explicit ComplaintsOnly(UserInterface& ui) : whole(ui) {}
+  Answer Ask(const Message& message) override { return whole.Ask(message); }
+  UserInterface& whole;
+};
+
+std::optional<std::string> BodyOfWordDocument(const std::string& path, UserInterface& whole) {
+  ComplaintsOnly ui(whole);
   ExtractOptions options;
   options.askOnBadChecksum = false;
   options.askOnBigFile = false;
-  return ExtractDocumentText(path, "QVL", options, ui).text;
+  ExtractedText extracted = ExtractDocumentText(path, "QVL", options, ui);
+  switch (extracted.code) {
+    case ExtractionCode::noTemporaryFolder:
+    case ExtractionCode::unwritable:
+    case ExtractionCode::unreadable:
+      return std::nullopt;
+    default:
+      return std::move(extracted.text);
+  }
 }
 
-std::string BodyOfPage(const std::string& path) {
-  std::string page = ReadFileBytes(path).bytes;
+std::string BodyOfPage(std::string page) {
   bool isUtf8 = false;
   const std::optional<std::size_t> body = FindHtmlBody(page, isUtf8);
   if (!body) return page;
@@ -34,20 +49,25 @@ std::string BodyOfPage(const std::string& path) {
   return page;
 }
 
+std::optional<std::string> BytesOf(const std::string& path, std::size_t length, UserInterface& ui) {
+  if (IsWordDocument(path)) return BodyOfWordDocument(path, ui);
+  const bool isPage = PathNamesHtml(path);
+  FileRead file = ReadFileBytes(path, isPage ? MOST_BYTES_READ : length);
+  if (!file.error.empty()) return std::nullopt;
+  return isPage ? BodyOfPage(std::move(file.bytes)) : std::move(file.bytes);
+}
+
 }  // namespace
 
-std::u16string TextSample(const std::string& path, std::size_t length) {
-  std::string text;
-  if (!IsRegularFile(path)) return {};
-  if (IsWordDocument(path)) {
-    text = BodyOfWordDocument(path);
-  } else {
-    text = PathNamesHtml(path) ? BodyOfPage(path) : ReadFileBytes(path, length).bytes;
-  }
-  if (text.size() > length) text.resize(length);
-  RepairUtf8(text);
-  PlainPunctuation(text);
-  return DecodeAnsi(text);
+std::optional<std::u16string> TextSample(const std::string& path, std::size_t length,
+                                         UserInterface& ui) {
+  if (!IsRegularFile(path)) return u"";
+  std::optional<std::string> text = BytesOf(path, length, ui);
+  if (!text) return std::nullopt;
+  if (text->size() > length) text->resize(length);
+  RepairUtf8(*text);
+  PlainPunctuation(*text);
+  return DecodeAnsi(*text);
 }
 
 }  // namespace quorvel

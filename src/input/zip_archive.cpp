@@ -22,12 +22,26 @@ struct CloseEntry {
 using Archive = std::unique_ptr<zip_t, CloseArchive>;
 using Entry = std::unique_ptr<zip_file_t, CloseEntry>;
 
+// A damaged archive is another matter than a disk, or a memory, that failed to hand out its bytes.
+UnpackOutcome OutcomeOf(int zipError) {
+  switch (zipError) {
+    case ZIP_ER_OPEN:
+    case ZIP_ER_READ:
+    case ZIP_ER_SEEK:
+    case ZIP_ER_TELL:
+    case ZIP_ER_MEMORY:
+      return UnpackOutcome::unreadable;
+    default:
+      return UnpackOutcome::failed;
+  }
+}
+
 // No entry when it is not there or cannot be opened. The two methods are those
 // that documents use; others the library may know could ask for any amount of memory.
 Entry OpenEntry(zip_t* archive, const std::string& name) {
   zip_stat_t status;
   zip_stat_init(&status);
-  if (archive == nullptr || zip_stat(archive, name.c_str(), 0, &status) != 0) return nullptr;
+  if (zip_stat(archive, name.c_str(), 0, &status) != 0) return nullptr;
   constexpr zip_uint64_t NEEDED = ZIP_STAT_INDEX | ZIP_STAT_COMP_METHOD;
   if ((status.valid & NEEDED) != NEEDED) return nullptr;
   if (status.comp_method != ZIP_CM_STORE && status.comp_method != ZIP_CM_DEFLATE) return nullptr;
@@ -49,7 +63,8 @@ UnpackOutcome CopyEntry(zip_file_t* entry, std::uint64_t limit, OutputFile& file
   std::uint64_t length = 0;
   while (true) {
     const zip_int64_t got = zip_fread(entry, block.data(), block.size());
-    if (got <= 0) return got == 0 ? UnpackOutcome::done : UnpackOutcome::failed;
+    if (got == 0) return UnpackOutcome::done;
+    if (got < 0) return OutcomeOf(zip_error_code_zip(zip_file_get_error(entry)));
     length += static_cast<std::uint64_t>(got);
     if (length > limit) return UnpackOutcome::tooLarge;
     if (!file.Write(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
@@ -62,14 +77,16 @@ UnpackOutcome CopyEntry(zip_file_t* entry, std::uint64_t limit, OutputFile& file
 
 UnpackOutcome UnpackEntry(const std::string& archive, const std::string& name,
                           const std::string& destination, std::uint64_t limit) {
-  const Archive opened(zip_open(archive.c_str(), ZIP_RDONLY, nullptr));
+  int zipError = 0;
+  const Archive opened(zip_open(archive.c_str(), ZIP_RDONLY, &zipError));
+  if (!opened) return OutcomeOf(zipError);
   const Entry entry = OpenEntry(opened.get(), name);
-  if (!entry) return UnpackOutcome::failed;
+  if (!entry) return OutcomeOf(zip_error_code_zip(zip_get_error(opened.get())));
   if (!MakeFoldersOf(name, destination)) return UnpackOutcome::unwritable;
   OutputFile file(JoinPath(destination, name));
   const UnpackOutcome outcome = CopyEntry(entry.get(), limit, file);
-  if (outcome == UnpackOutcome::tooLarge) return outcome;
-  return file.Commit() ? outcome : UnpackOutcome::unwritable;
+  if (outcome == UnpackOutcome::tooLarge || outcome == UnpackOutcome::unreadable) return outcome;
+  return file.CommitPassing() ? outcome : UnpackOutcome::unwritable;
 }
 
 }  // namespace quorvel

@@ -12,9 +12,10 @@ namespace quorvel {
 
 enum class UnpackOutcome {
   done,
-  failed,     // no archive, no such entry, encrypted, damaged or of another checksum
-  tooLarge,   // longer than the limit; nothing of it is kept
-  unwritable  // the destination cannot take it; nothing of it is kept
+  failed,      // no archive, no such entry, encrypted, damaged or of another checksum
+  tooLarge,    // longer than the limit; nothing of it is kept
+  unreadable,  // the system did not give the bytes of the archive
+  unwritable   // the destination cannot take it; nothing of it is kept
 };
 
 // Unpacks the entry `name`, whose folders end in "/", with its folder path below

@@ -70,10 +70,10 @@ bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view output
   return write(FileHeader(settings, time, ui)) && write(outputText) && write(LINE_END);
 }
 
-FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
+FileWriting WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
                                  UserInterface& ui) {
   const std::string& target = OutputFileOf(settings);
-  if (target.empty() || !MayReplace(settings, target, ui)) return FileOutcome::notWanted;
+  if (target.empty() || !MayReplace(settings, target, ui)) return {};
   OutputFile file(target);
   const auto write = [&file, &ui](std::string_view bytes) {
     // A long listing takes long enough for the user to want the window meanwhile.
@@ -88,9 +88,9 @@ FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings, std::strin
       file.Error().empty() && WriteFileBytes(settings, outputText, std::time(nullptr), write, ui);
   // To replace a large file the system takes its time, and more so on a disk that is busy.
   ui.YieldAtOnce();
-  if (!whole || !file.Commit()) return FileOutcome::failed;
+  if (!whole || !file.Commit()) return {FileOutcome::failed, file.Error()};
   if (settings.mode == Mode::create) ui.PopUp("Concordance file written");
-  return FileOutcome::written;
+  return {FileOutcome::written, {}};
 }
 
 }  // namespace quorvel

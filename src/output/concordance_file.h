@@ -38,10 +38,15 @@ namespace quorvel {
 
 enum class FileOutcome { written, notWanted, failed };
 
+struct FileWriting {
+  FileOutcome outcome = FileOutcome::notWanted;
+  std::string fault;  // the system's description, where it failed
+};
+
 // Writes the file of the current listing, asking first, if the settings say so,
 // before an existing file is replaced. Not wanted: no name is set, or the user
 // said no. After a failure an existing file is as it was.
-[[nodiscard]] FileOutcome WriteConcordanceFile(const ConcordanceSettings& settings,
+[[nodiscard]] FileWriting WriteConcordanceFile(const ConcordanceSettings& settings,
                                                std::string_view outputText, UserInterface& ui);
 
 }  // namespace quorvel

@@ -181,11 +181,18 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
 bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& ui) {
   const std::string& input = state.settings.inputFile;
   const FileStamp stamp = StampOf(input);
-  if (digest.empty() || ComputeFileDigest(input, ui).text != digest) return false;
-  OutputFile file(DefaultIndexFileName(input));
+  const std::string target = DefaultIndexFileName(input);
+  if (digest.empty() || ComputeFileDigest(input, ui).text != digest) {
+    state.fileFault = target + ": The input file has changed or cannot be read.";
+    return false;
+  }
+  OutputFile file(target);
   file.Write(IndexFileBytes(state.table, digest, std::time(nullptr)));
   ui.YieldAtOnce();
-  if (!file.Commit()) return false;
+  if (!file.Commit()) {
+    state.fileFault = target + ": " + file.Error();
+    return false;
+  }
   state.words = {
       input, digest, stamp, false, true, state.settings.inputIsUtf8, state.settings.ignoreLists};
   return true;

@@ -30,7 +30,7 @@ namespace quorvel {
 // Writes the index of the state's table, which has been scanned from its input, beside
 // that input and notes in the state that the words are at hand. `digest` is that of the
 // input before it was read. Lets events run meanwhile. False, with an older file as it was, when
-// the input has changed since or writing failed; nobody is told.
+// the input has changed since or writing failed; nobody is told, but the state holds the reason.
 bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& ui);
 
 // Loads the table from the index file beside the state's input and notes that the words

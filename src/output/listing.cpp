@@ -123,9 +123,11 @@ void ShowListing(RunState& state, UserInterface& ui) {
 bool WriteListing(RunState& state, UserInterface& ui) {
   ConcordanceSettings& settings = state.settings;
   const auto write = [&state, &settings, &ui] {
-    const FileOutcome outcome = WriteConcordanceFile(settings, state.outputText, ui);
-    state.outputWritten = outcome == FileOutcome::written;
-    return outcome != FileOutcome::failed;
+    const FileWriting writing = WriteConcordanceFile(settings, state.outputText, ui);
+    state.outputWritten = writing.outcome == FileOutcome::written;
+    if (writing.outcome != FileOutcome::failed) return true;
+    state.fileFault = OutputFileOf(settings) + ": " + writing.fault;
+    return false;
   };
   if (state.outputSink) {
     state.outputWritten =
@@ -174,6 +176,7 @@ ListingOutcome FinishListing(RunState& state, bool complete, UserInterface& ui) 
 
 ListingOutcome ListWords(RunState& state, UserInterface& ui) {
   state.outputWritten = false;
+  state.fileFault.clear();
   if (state.table.includedCount == 0) {
     ui.SetOutput("");
     return ListingOutcome::nothing;

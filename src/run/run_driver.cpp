@@ -204,6 +204,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
     OrderTable(state, ui);
   }
   state.outputWritten = false;
+  state.fileFault.clear();
   const RunOutcome outcome = ListOrderedWords(state, ui);
   if (wantsIndex && scans && state.outputWritten) CreateIndexFile(state, digest, ui);
   return outcome;

@@ -1,5 +1,6 @@
 #include "run/stop_word_choice.h"
 
+#include <cerrno>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -14,11 +15,13 @@
 namespace quorvel {
 namespace {
 
-StopWordsByLanguage StopWordsOfAllLanguages() {
+// A language without its file has no stop words; nothing when one cannot be read.
+std::optional<StopWordsByLanguage> StopWordsOfAllLanguages() {
   StopWordsByLanguage stopWords;
   SilentInterface ui;
   for (std::size_t i = 0; i < LANGUAGES.size(); ++i) {
     const FileRead file = ReadFileBytes(StopWordsPath(LANGUAGES.at(i)));
+    if (!file.error.empty() && file.errorNumber != ENOENT) return std::nullopt;
     std::optional<std::vector<std::u16string>> words = WordsOfFileBytes(file.bytes, ui);
     if (words) stopWords.at(i) = std::move(*words);
   }
@@ -36,15 +39,18 @@ std::string StopWordsPath(const Language& language) {
   return DataFilePath(std::string(language.stopWordsFile));
 }
 
-const Language& RecognizeInputLanguage(const std::string& inputFile) {
-  return LANGUAGES.at(
-      RecognizeLanguage(TextSample(inputFile, RECOGNITION_LENGTH), StopWordsOfAllLanguages()));
+std::optional<Language> RecognizeInputLanguage(const std::string& inputFile, UserInterface& ui) {
+  const std::optional<StopWordsByLanguage> stopWords = StopWordsOfAllLanguages();
+  const std::optional<std::u16string> sample = TextSample(inputFile, RECOGNITION_LENGTH, ui);
+  if (!stopWords || !sample) return std::nullopt;
+  return LANGUAGES.at(RecognizeLanguage(*sample, *stopWords));
 }
 
 void ChooseStopWords(RunState& state, UserInterface& ui) {
   StopWordList& list = state.lists.stopWords;
   ConcordanceSettings& settings = state.settings;
-  std::string path = StopWordsPath(RecognizeInputLanguage(settings.inputFile));
+  const std::optional<Language> language = RecognizeInputLanguage(settings.inputFile, ui);
+  std::string path = language ? StopWordsPath(*language) : "";
   if (FileExists(path)) {
     const bool allInUse = settings.stopWordsFile.ends_with(ALL_LANGUAGES.stopWordsFile);
     if (list.loaded && (allInUse || settings.stopWordsFile == path)) return;

@@ -5,16 +5,18 @@
 
 #include <cstdlib>
 
+#include "support/made_texts.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
 
 // Runs quorvel-cli in `folder` with standard input closed; standard output and
-// standard error go to the files "out" and "err" there. Gives the exit status.
-int RunCli(const TestFolder& folder, const std::string& arguments) {
-  const std::string command =
-      "cd '" + folder.Path("") + "' && '" QUORVEL_CLI "' " + arguments + " </dev/null >out 2>err";
+// standard error go to the files "out" and "err" there; `before` stands before the program.
+// Gives the exit status.
+int RunCli(const TestFolder& folder, const std::string& arguments, const char* before = "") {
+  const std::string command = "cd '" + folder.Path("") + "' && " + before + " '" QUORVEL_CLI "' " +
+                              arguments + " </dev/null >out 2>err";
   const int status = std::system(command.c_str());
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
@@ -40,7 +42,8 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"no keywords", "a.txt --search", 1,
        "quorvel-cli: Specify a keywords file or type one or more extra keywords.\n"},
       {"search results not to be written", "a.txt -e dog -o no/x.txt", 1,
-       "quorvel-cli: An error occurred when creating search results file.\n"},
+       "quorvel-cli: An error occurred when creating search results file.\n"
+       "quorvel-cli: no/x.txt: No such file or directory\n"},
       {"both modes", "a.txt --search --create", 2, "*"},
       {"keywords in create mode", "a.txt --create -k no.txt -e dog", 0, ""},
       {"stop words", "a.txt --stop-words k.txt", 0,
@@ -53,8 +56,9 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
        "quorvel-cli: a.txt: Error when attempting to restore settings: the file ends after line "
        "1.\n"},
       {"settings not to be saved", "--save-settings no/x", 1,
-       "quorvel-cli: Error when attempting to save settings: No such file or directory\n"},
+       "quorvel-cli: no/x: Error when attempting to save settings: No such file or directory\n"},
       {"index", "a.txt --index", 0, ""},
+      {"index not to be written", "i.txt --index", 1, "quorvel-cli: i.qvl.ndx: Is a directory\n"},
       {"no such language", "a.txt --language xx", 2, "*"},
       {"version", "--version", 0, ""},
       {"help", "--help", 0, ""},
@@ -72,12 +76,15 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"nothing found", "short.txt", 3,
        "quorvel-cli: No words satisfying the conditions were found.\n"},
       {"full device", "a.txt -o /dev/full", 1,
-       "quorvel-cli: An error occurred when creating concordance file.\n"}};
+       "quorvel-cli: An error occurred when creating concordance file.\n"
+       "quorvel-cli: /dev/full: No space left on device\n"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     const TestFolder folder;
     (void)folder.Write("a.txt", "the cat and the dog\r\n");
     (void)folder.Write("a.log", "the cat and the dog\r\n");
+    (void)folder.Write("i.txt", "the cat and the dog\r\n");
+    std::filesystem::create_directory(folder.Path("i.qvl.ndx"));
     (void)folder.Write("k.txt", "/* one */\r\ndog\r\n");
     (void)folder.Write("short.txt", "a b c d\r\n");
     ASSERT_EQ(std::system(("mkfifo '" + folder.Path("pipe.txt") + "'").c_str()), 0);
@@ -87,6 +94,15 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
     }
     EXPECT_EQ(folder.Read("a.txt"), "the cat and the dog\r\n");
   }
+}
+
+TEST(CommandLine, TakesASizeLimitForAFullDisk) {
+  const TestFolder folder;
+  (void)folder.Write("a.txt", Repeated("the cat and the dog\r\n", 100));
+  (void)folder.Write("a.qvl.conc.txt", "old");
+  EXPECT_EQ(RunCli(folder, "a.txt --no-frequencies --language none", "ulimit -f 1;"), 1);
+  EXPECT_TRUE(folder.Read("err").ends_with("quorvel-cli: a.qvl.conc.txt: File too large\n"));
+  EXPECT_EQ(folder.Read("a.qvl.conc.txt"), "old");
 }
 
 TEST(CommandLine, WritesTheSameBytesToAFileAndToStandardOutput) {

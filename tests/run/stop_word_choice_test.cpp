@@ -67,6 +67,7 @@ TEST(LanguageRecognition, GoesByTheBeginningOfTheText) {
   const std::string german = "Der Hafen war still, und die Boote lagen in der Nacht am Ufer. ";
   const std::string french = "Le port \xC3\xA9tait calme et les bateaux dormaient dans la nuit. ";
   const std::string filler(RECOGNITION_LENGTH, '.');
+  ScriptedInterface ui;
   const std::pair<std::string, const char*> rows[] = {
       {"The harbour was still, and the boats lay on the shore that night.", "en"},
       {german, "de"},
@@ -88,9 +89,12 @@ TEST(LanguageRecognition, GoesByTheBeginningOfTheText) {
   for (const auto& [bytes, code] : rows) {
     const TestFolder folder;
     const char* name = bytes.starts_with('<') ? "a.htm" : "a.txt";
-    EXPECT_EQ(RecognizeInputLanguage(folder.Write(name, bytes)).code, code) << bytes.substr(0, 60);
+    EXPECT_EQ(RecognizeInputLanguage(folder.Write(name, bytes), ui)->code, code)
+        << bytes.substr(0, 60);
   }
-  EXPECT_EQ(RecognizeInputLanguage("/no/such/file.docx").code, "en");
+  EXPECT_EQ(RecognizeInputLanguage("/no/such/file.docx", ui)->code, "en");
+  EXPECT_EQ(RecognizeInputLanguage("/proc/self/mem", ui), std::nullopt);
+  EXPECT_EQ(ui.Said(), "");
 }
 
 TEST(StopWordChoice, FollowsTheInput) {
