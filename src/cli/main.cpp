@@ -65,6 +65,7 @@ int Run(const CommandLine& commandLine) {
   TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet);
   RunState state;
   state.settings = commandLine.settings;
+  StopOnSignals();
   const bool saves = !commandLine.settingsFileToSave.empty();
   const bool languageKnown = (!saves && state.settings.mode != Mode::create) ||
                              SettleStopWordsFile(commandLine.language, state.settings, ui);
@@ -78,7 +79,6 @@ int Run(const CommandLine& commandLine) {
 #endif
     state.outputSink = WriteToStandardOutput;
   }
-  StopOnInterrupt();
   // The list of the input's own language is no news.
   if (!LoadWordLists(state, commandLine.language != "auto", ui)) {
     return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
@@ -104,6 +104,8 @@ int main(int argumentCount, char** arguments) try {
   quorvel::LetOversizedWritesFail();
   const quorvel::CommandLine commandLine = quorvel::ReadCommandLine(argumentCount, arguments);
   return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);
+} catch (const quorvel::EndRequested& request) {
+  quorvel::EndBySignal(request.signal);
 } catch (const std::exception& error) {
   std::fprintf(stderr, "quorvel-cli: %s\n", error.what());  // NOLINT(*-vararg)
   return 1;

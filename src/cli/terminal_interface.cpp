@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -11,12 +12,27 @@ namespace {
 
 // A signal handler can reach nothing but a global.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
-volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t interrupted = 0;  // the signal, or 0
 
-void NoteInterrupt(int signal) {
-  interrupted = 1;
+void NoteSignal(int signal) {
+  interrupted = signal;
   std::signal(signal, SIG_DFL);
 }
+
+#ifdef _WIN32
+void NoteOnce(int signal) { std::signal(signal, NoteSignal); }
+#else
+// A question that waits for an answer is broken off too. What the caller has set to be
+// ignored (nohup) stays so.
+void NoteOnce(int signal) {
+  struct sigaction action = {};
+  ::sigaction(signal, nullptr, &action);
+  if (action.sa_handler == SIG_IGN) return;
+  action = {};
+  action.sa_handler = NoteSignal;
+  ::sigaction(signal, &action, nullptr);
+}
+#endif
 
 bool IsTerminal(int handle) { return ::isatty(handle) != 0; }
 
@@ -84,7 +100,9 @@ void TerminalInterface::PopUp(std::string_view /*text*/) {}
 void TerminalInterface::OfferStop(bool /*offered*/) {}
 
 void TerminalInterface::YieldNow() {
-  if (interrupted == 0) return;
+  const int signal = interrupted;
+  if (signal == 0) return;
+  if (signal != SIGINT) throw EndRequested{signal};
   interrupted = 0;
   RequestStop();
 }
@@ -102,6 +120,18 @@ void TerminalInterface::ClearBar() {
   barShown_ = false;
 }
 
-void StopOnInterrupt() { std::signal(SIGINT, NoteInterrupt); }
+void StopOnSignals() {
+  NoteOnce(SIGINT);
+  NoteOnce(SIGTERM);
+#ifndef _WIN32
+  NoteOnce(SIGHUP);
+#endif
+}
+
+void EndBySignal(int signal) {
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+  std::abort();
+}
 
 }  // namespace quorvel

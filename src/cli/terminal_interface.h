@@ -42,8 +42,17 @@ class TerminalInterface : public UserInterface {
   bool spoken_ = false;
 };
 
-// From now on an interrupt (Ctrl-C) asks the run to stop, and the next one ends
-// the program.
-void StopOnInterrupt();
+// Leaves YieldNow when the system wants the program to end: on the way out all that is
+// temporary is removed.
+struct EndRequested {
+  int signal = 0;
+};
+
+// From now on an interrupt (Ctrl-C) asks the run to stop, and the next one ends the program.
+// A request to end, or the loss of the terminal, makes YieldNow throw EndRequested.
+void StopOnSignals();
+
+// Ends the program as `signal` does by itself.
+[[noreturn]] void EndBySignal(int signal);
 
 }  // namespace quorvel
