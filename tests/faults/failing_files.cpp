@@ -1,0 +1,238 @@
+// A library that is loaded before the C library (LD_PRELOAD) and lets one file operation of the
+// program fail. It sees the operations on paths below one folder, and numbers them from 1 on.
+//
+// QUORVEL_FAULT_BELOW  the folder
+// QUORVEL_FAULT_LOG    a file that gets a line for each operation: its name, a blank, the path
+// QUORVEL_FAULT        what happens at which operation: its number, a blank and "E28" for error
+//                      number 28, "S" for a short transfer, "K" for the end of the process;
+//                      with "+" behind it, at every later operation too; with "w" only where
+//                      room is taken on the disk
+//
+// The clock stands still, so that two runs write the same.
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+namespace {
+
+struct Plan {
+  const char* below = std::getenv("QUORVEL_FAULT_BELOW");
+  const char* log = std::getenv("QUORVEL_FAULT_LOG");
+  long at = 0;
+  char kind = ' ';
+  int error = 0;
+  bool stays = false;
+  bool onlyRoom = false;
+
+  Plan() {
+    const char* fault = std::getenv("QUORVEL_FAULT");
+    if (fault == nullptr) return;
+    char* rest = nullptr;
+    at = std::strtol(fault, &rest, 10);
+    kind = rest[1];
+    error = static_cast<int>(std::strtol(rest + 2, &rest, 10));
+    stays = std::strchr(rest, '+') != nullptr;
+    onlyRoom = std::strchr(rest, 'w') != nullptr;
+  }
+};
+
+constexpr std::size_t MOST_HANDLES = 64;
+using Name = std::array<char, 512>;
+
+struct Watch {
+  Plan plan;
+  long count = 0;
+  std::array<Name, MOST_HANDLES> names{};  // of the files that are open; empty where not watched
+};
+
+Watch& TheWatch() {
+  static Watch watch;
+  return watch;
+}
+
+// The C library's own function of that name.
+template <typename Function>
+Function* Real(const char* name) {
+  return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+void Log(const char* operation, const char* path) {
+  if (TheWatch().plan.log == nullptr) return;
+  std::array<char, 1024> line{};
+  const int length = std::snprintf(line.data(), line.size(), "%s %s\n", operation, path);
+  const int handle =
+      Real<decltype(::open)>("open")(TheWatch().plan.log, O_WRONLY | O_APPEND | O_CREAT, 0666);
+  const auto wrote =
+      Real<decltype(::write)>("write")(handle, line.data(), static_cast<std::size_t>(length));
+  Real<decltype(::close)>("close")(handle);
+  if (wrote != length) std::abort();
+}
+
+enum class Effect { none, fails, isShort };
+
+// Counts an operation on a path, if it is one that is watched, and tells what becomes of it.
+Effect EffectOn(const char* operation, const char* path, bool takesRoom = false) {
+  Watch& watch = TheWatch();
+  const Plan& plan = watch.plan;
+  if (plan.below == nullptr || path == nullptr) return Effect::none;
+  if (std::strncmp(path, plan.below, std::strlen(plan.below)) != 0) return Effect::none;
+  ++watch.count;
+  Log(operation, path);
+  const bool hit = watch.count == plan.at || (plan.stays && watch.count > plan.at && plan.at > 0);
+  if (!hit || (plan.onlyRoom && !takesRoom)) return Effect::none;
+  if (plan.kind == 'K') ::kill(::getpid(), SIGKILL);
+  errno = plan.error;
+  return plan.kind == 'S' ? Effect::isShort : Effect::fails;
+}
+
+bool Fails(const char* operation, const char* path, bool takesRoom = false) {
+  return EffectOn(operation, path, takesRoom) == Effect::fails;
+}
+
+const char* NameOf(int handle) {
+  const auto place = static_cast<std::size_t>(handle);
+  return place < MOST_HANDLES ? TheWatch().names.at(place).data() : "";
+}
+
+int Opened(int handle, const char* path) {
+  const auto place = static_cast<std::size_t>(handle);
+  if (place < MOST_HANDLES) {
+    std::snprintf(TheWatch().names.at(place).data(), sizeof(Name), "%s", path);
+  }
+  return handle;
+}
+
+void Forget(int handle) {
+  if (handle >= 0) Opened(handle, "");
+}
+
+std::size_t Half(std::size_t length) { return length > 1 ? length / 2 : length; }
+
+}  // namespace
+
+// Named as the C library has them.
+// NOLINTBEGIN(readability-identifier-naming)
+extern "C" {
+
+int open(const char* path, int flags, ...) {
+  std::va_list arguments;
+  va_start(arguments, flags);
+  const mode_t mode = va_arg(arguments, mode_t);
+  va_end(arguments);
+  const bool creates = (static_cast<unsigned>(flags) & unsigned{O_CREAT}) != 0;
+  if (Fails(creates ? "create" : "open", path, creates)) return -1;
+  return Opened(Real<decltype(::open)>("open")(path, flags, mode), path);
+}
+
+ssize_t read(int handle, void* into, size_t length) {
+  const Effect effect = EffectOn("read", NameOf(handle));
+  if (effect == Effect::fails) return -1;
+  if (effect == Effect::isShort) length = Half(length);
+  return Real<decltype(::read)>("read")(handle, into, length);
+}
+
+ssize_t write(int handle, const void* from, size_t length) {
+  const Effect effect = EffectOn("write", NameOf(handle), true);
+  if (effect == Effect::fails) return -1;
+  if (effect == Effect::isShort) length = Half(length);
+  return Real<decltype(::write)>("write")(handle, from, length);
+}
+
+int fsync(int handle) {
+  return Fails("fsync", NameOf(handle), true) ? -1 : Real<decltype(::fsync)>("fsync")(handle);
+}
+
+// Whatever a close reports, the handle is gone.
+int close(int handle) {
+  const bool fails = Fails("close", NameOf(handle), true);
+  const int error = errno;
+  Forget(handle);
+  const int result = Real<decltype(::close)>("close")(handle);
+  if (!fails) return result;
+  errno = error;
+  return -1;
+}
+
+int stat(const char* path, struct stat* status) noexcept {
+  return Fails("stat", path) ? -1 : Real<decltype(::stat)>("stat")(path, status);
+}
+
+int lstat(const char* path, struct stat* status) noexcept {
+  return Fails("stat", path) ? -1 : Real<decltype(::lstat)>("lstat")(path, status);
+}
+
+int fstat(int handle, struct stat* status) noexcept {
+  return Fails("stat", NameOf(handle)) ? -1 : Real<decltype(::fstat)>("fstat")(handle, status);
+}
+
+int access(const char* path, int mode) noexcept {
+  return Fails("access", path) ? -1 : Real<decltype(::access)>("access")(path, mode);
+}
+
+char* realpath(const char* path, char* resolved) noexcept {
+  return Fails("stat", path) ? nullptr : Real<decltype(::realpath)>("realpath")(path, resolved);
+}
+
+int fchown(int handle, uid_t owner, gid_t group) noexcept {
+  return Fails("change", NameOf(handle)) ? -1
+                                         : Real<decltype(::fchown)>("fchown")(handle, owner, group);
+}
+
+int fchmod(int handle, mode_t mode) noexcept {
+  return Fails("change", NameOf(handle)) ? -1 : Real<decltype(::fchmod)>("fchmod")(handle, mode);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept {
+  return Fails("create", path, true) ? -1 : Real<decltype(::mkdir)>("mkdir")(path, mode);
+}
+
+int rename(const char* from, const char* to) noexcept {
+  return Fails("rename", to, true) ? -1 : Real<decltype(::rename)>("rename")(from, to);
+}
+
+int remove(const char* path) noexcept {
+  return Fails("remove", path) ? -1 : Real<decltype(::remove)>("remove")(path);
+}
+
+FILE* fdopen(int handle, const char* mode) noexcept {
+  return Fails("open", NameOf(handle)) ? nullptr : Real<decltype(::fdopen)>("fdopen")(handle, mode);
+}
+
+size_t fread(void* into, size_t size, size_t count, FILE* file) {
+  if (!Fails("fread", NameOf(::fileno(file)))) {
+    return Real<decltype(::fread)>("fread")(into, size, count, file);
+  }
+  // The stream is to know of it, as after a failure of its own.
+  file->_flags |= 0x20;
+  return 0;
+}
+
+int fseeko(FILE* file, off_t offset, int origin) {
+  if (Fails("seek", NameOf(::fileno(file)))) return -1;
+  return Real<decltype(::fseeko)>("fseeko")(file, offset, origin);
+}
+
+int fclose(FILE* file) {
+  Forget(::fileno(file));
+  return Real<decltype(::fclose)>("fclose")(file);
+}
+
+time_t time(time_t* into) noexcept {
+  constexpr time_t NOON = 1764590400;
+  if (into != nullptr) *into = NOON;
+  return NOON;
+}
+
+}  // extern "C"
+// NOLINTEND(readability-identifier-naming)

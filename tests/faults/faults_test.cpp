@@ -1,0 +1,319 @@
+// No fault of the system loses a file: the built program runs with one file operation after the
+// other failing, by the library of failing_files.cpp, and is killed at each of them and between.
+//
+// With QUORVEL_ALL_FAULTS set each operation fails in every way that is listed; without, in one.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <random>
+#include <sstream>
+#include <thread>
+
+#include "naive/places.h"
+#include "support/made_texts.h"
+#include "support/test_folder.h"
+#include "support/zip_builder.h"
+
+namespace quorvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Scenario {
+  const char* name;
+  std::vector<std::string> arguments;  // with "@" for the folder
+  std::vector<std::string> written;    // the files that the run writes
+  bool oldExist = true;                // such files are there already
+};
+
+const Scenario SCENARIOS[] = {
+    {"text", {"@/a.txt", "-o", "@/out.txt", "--index"}, {"out.txt", "a.qvl.ndx"}},
+    {"text, nothing there yet", {"@/b.txt", "--index"}, {"b.qvl.conc.txt", "b.qvl.ndx"}, false},
+    {"page", {"@/p.htm", "-o", "@/out.txt", "--language", "none"}, {"out.txt"}},
+    {"document", {"@/d.docx", "-o", "@/out.txt"}, {"out.txt"}},
+    {"search", {"@/b.txt", "-k", "@/k.txt", "-e", "s* lamp", "-o", "@/out.txt"}, {"out.txt"}},
+    {"from an index", {"@/i.txt", "--use-index", "-o", "@/out.txt"}, {"out.txt"}},
+    {"from settings", {"-s", "@/s.lvz", "--create", "--language", "en"}, {"out.txt"}},
+    {"settings", {"@/a.txt", "-k", "@/k.txt", "--save-settings", "@/t.lvz"}, {"t.lvz"}},
+};
+
+// In which ways an operation may fail; what ends in "+" or "w" lasts.
+const std::map<std::string, std::vector<std::string>> FAULTS = {
+    {"open", {"E13", "E5", "E24"}},
+    {"create", {"E28", "E13", "E2"}},
+    {"read", {"E5", "E4", "S"}},
+    {"fread", {"E5"}},
+    {"seek", {"E5"}},
+    {"write", {"E28", "E5", "E27", "E4", "S"}},
+    {"fsync", {"E28", "E5", "E4"}},
+    {"close", {"E5", "E28"}},
+    {"stat", {"E13", "E5"}},
+    {"access", {"E13", "E30"}},
+    {"change", {"E1"}},
+    {"rename", {"E13", "E28", "E5", "E2"}},
+    {"remove", {"E13", "E5"}},
+};
+const std::vector<std::string> LASTING = {"E5+", "E28+w", "K"};
+
+bool AllFaults() { return std::getenv("QUORVEL_ALL_FAULTS") != nullptr; }
+
+struct Ending {
+  int signal = 0;
+  int status = 0;
+  std::string errors;
+};
+
+struct Operation {
+  std::string name;
+  std::string path;
+};
+
+// The program, its data and its inputs in a folder that is watched.
+class Desk {
+ public:
+  explicit Desk(const Scenario& scenario) : scenario_(scenario) {
+    for (const char* folder : {"bin", "tmp"}) fs::create_directory(folder_.Path(folder));
+    fs::copy_file(QUORVEL_CLI, folder_.Path("bin/quorvel-cli"));
+    for (const auto& file : fs::directory_iterator(QUORVEL_DATA)) {
+      if (file.path().extension() == ".txt") fs::copy(file.path(), folder_.Path("bin"));
+    }
+    const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 30);
+    for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder_.Write(name, text);
+    (void)folder_.Write("k.txt", "harbour\r\nships\r\n");
+    (void)folder_.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" +
+                                     text + "caf\xC3\xA9</body>");
+    (void)folder_.Write("d.docx",
+                        ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
+    EXPECT_EQ(Start({"@/i.txt", "--index"}).status, 0);
+    EXPECT_EQ(Start({"@/a.txt", "-o", "@/out.txt", "--save-settings", "@/s.lvz"}).status, 0);
+    fs::remove(folder_.Path("i.qvl.conc.txt"));
+    PutBack();
+    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
+      before_.push_back(file.path().string());
+    }
+    clean_ = Start(scenario.arguments);
+    EXPECT_EQ(clean_.status, 0) << clean_.errors;
+    for (const std::string& name : scenario.written) new_[name] = folder_.Read(name);
+    std::istringstream log(beside_.Read("log"));
+    Operation operation;
+    while (log >> operation.name && std::getline(log >> std::ws, operation.path)) {
+      operations_.push_back(operation);
+    }
+    PutBack();
+  }
+
+  [[nodiscard]] const std::vector<Operation>& Operations() const { return operations_; }
+
+  // Runs the scenario; `fault` as for the library.
+  [[nodiscard]] Ending Run(const std::string& fault) const {
+    return Start(scenario_.arguments, fault);
+  }
+
+  // Starts the scenario and sends it the signal after so long; gives the one that ended it.
+  [[nodiscard]] int EndAfter(std::chrono::microseconds time, int signal) const {
+    const pid_t child = Fork(scenario_.arguments, "");
+    std::this_thread::sleep_for(time);
+    ::kill(child, signal);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+  }
+
+  // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
+  // when the run has said that all went well.
+  [[nodiscard]] std::string FilesComplaint(bool mustBeNew) const {
+    for (const auto& [name, bytes] : new_) {
+      const bool exists = fs::exists(folder_.Path(name));
+      const std::string found = folder_.Read(name);
+      if (found == bytes || found == WithoutDigest(bytes)) {
+        struct stat status = {};
+        ::stat(folder_.Path(name).c_str(), &status);
+        if (scenario_.oldExist && (status.st_mode & 077U) != 0) return name + ": open to all; ";
+      } else if (exists != scenario_.oldExist || (exists && found != OLD)) {
+        return name + ": a mixture; ";
+      } else if (mustBeNew) {
+        return name + ": still the old one; ";
+      }
+    }
+    return {};
+  }
+
+  // The files that are too many, but for those that only a kill may leave.
+  [[nodiscard]] std::string Litter(bool killed) const {
+    std::string litter;
+    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
+      const std::string path = file.path().string();
+      const std::string name = path.substr(folder_.Path("").size());
+      if (std::count(before_.begin(), before_.end(), path) + new_.count(name) > 0) continue;
+      const bool ofAKill =
+          name.starts_with("tmp/QVL") || (name.starts_with(".qvl") && name.ends_with(".tmp"));
+      if (!killed || !ofAKill) litter += name + " ";
+    }
+    return litter;
+  }
+
+  // Makes all as it was before the run.
+  void PutBack() const {
+    for (const auto& file : fs::directory_iterator(folder_.Path("tmp"))) fs::remove_all(file);
+    for (const auto& file : fs::directory_iterator(folder_.Path(""))) {
+      if (file.path().filename().string().starts_with(".qvl")) fs::remove(file);
+    }
+    for (const std::string& name : scenario_.written) {
+      fs::remove(folder_.Path(name));
+      if (!scenario_.oldExist) continue;
+      ::chmod(folder_.Write(name, OLD).c_str(), 0600);
+    }
+  }
+
+  [[nodiscard]] const Ending& Clean() const { return clean_; }
+  [[nodiscard]] std::string Folder() const { return folder_.Path(""); }
+
+ private:
+  static constexpr const char* OLD = "old\r\n";
+
+  // The header says so where the input could not be read once more for its digest.
+  static std::string WithoutDigest(std::string bytes) {
+    const std::string label = "digest of input file: ";
+    const std::size_t place = bytes.find(label);
+    return place == std::string::npos ? bytes : bytes.erase(place + label.size(), 32);
+  }
+
+  [[nodiscard]] pid_t Fork(const std::vector<std::string>& arguments,
+                           const std::string& fault) const {
+    std::string folder = folder_.Path("");
+    folder.pop_back();
+    std::vector<std::string> words = {folder + "/bin/quorvel-cli"};
+    words.reserve(arguments.size() + 1);
+    for (const std::string& word : arguments) {
+      words.push_back(naive::Replace<std::string>(word, "@", folder));
+    }
+    std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    fs::remove(beside_.Path("log"));
+    const pid_t child = ::fork();
+    if (child != 0) return child;
+    ::setenv("LD_PRELOAD", QUORVEL_FAILING_FILES, 1);
+    ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
+    ::setenv("QUORVEL_FAULT_BELOW", folder.c_str(), 1);
+    ::setenv("QUORVEL_FAULT_LOG", beside_.Path("log").c_str(), 1);
+    ::setenv("QUORVEL_FAULT", fault.c_str(), 1);
+    ::setenv("TMPDIR", folder_.Path("tmp").c_str(), 1);
+    (void)std::freopen("/dev/null", "r", stdin);
+    (void)std::freopen("/dev/null", "w", stdout);
+    (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
+    constexpr unsigned LONGEST = 60;  // seconds, after which it hangs
+    ::alarm(LONGEST);
+    ::execv(pointers[0], pointers.data());
+    ::_exit(127);
+  }
+
+  [[nodiscard]] Ending Start(const std::vector<std::string>& arguments,
+                             const std::string& fault = "") const {
+    const pid_t child = Fork(arguments, fault);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFSIGNALED(status) ? WTERMSIG(status) : 0, WEXITSTATUS(status),
+            beside_.Read("errors")};
+  }
+
+  const Scenario& scenario_;
+  TestFolder folder_;
+  TestFolder beside_;
+  std::vector<std::string> before_;
+  std::map<std::string, std::string> new_;
+  std::vector<Operation> operations_;
+  Ending clean_;
+};
+
+std::string Complaint(const Desk& desk, const Operation& operation, const std::string& kind,
+                      const Ending& ending) {
+  const bool killed = kind == "K";
+  const bool harmless = kind == "E4" || kind == "S";
+  std::string complaint;
+  if (ending.signal != (killed ? SIGKILL : 0)) {
+    complaint += "signal " + std::to_string(ending.signal) + "; ";
+  }
+  const bool silent = ending.errors == desk.Clean().errors;
+  const bool failed = ending.status != 0;
+  const bool saysWhere = std::ranges::any_of(
+      std::vector<std::string>{desk.Folder(), "input file", "temporary folder"},
+      [&ending](const auto& place) { return ending.errors.find(place) != std::string::npos; });
+  if (!killed && failed && (silent || !saysWhere)) complaint += "does not say what failed where; ";
+  if (harmless && (failed || !silent)) complaint += "gives up; ";
+  complaint += desk.FilesComplaint(!killed && !failed && silent);
+  // What cannot be removed stays; the user is told.
+  const bool stays = kind == "E5+" || (operation.name == "remove" && !silent);
+  const std::string litter = stays ? "" : desk.Litter(killed);
+  if (!litter.empty()) complaint += "leaves " + litter;
+  return complaint;
+}
+
+// The ways in which the operation is to fail, the n-th of its run.
+std::vector<std::string> KindsOf(const Operation& operation, std::size_t n) {
+  std::vector<std::string> kinds = FAULTS.at(operation.name);
+  kinds.insert(kinds.end(), LASTING.begin(), LASTING.end());
+  if (AllFaults()) return kinds;
+  // There are many stop-words files, and all are read in the same way.
+  if (operation.path.find("/bin/") != std::string::npos && n % 4 != 0) return {};
+  return {kinds[n % kinds.size()]};
+}
+
+TEST(Faults, LoseNothing) {
+  std::size_t faults = 0;
+  for (const Scenario& scenario : SCENARIOS) {
+    const Desk desk(scenario);
+    EXPECT_GT(desk.Operations().size(), 10U) << scenario.name;
+    for (std::size_t n = 0; n < desk.Operations().size(); ++n) {
+      const Operation& operation = desk.Operations()[n];
+      for (const std::string& kind : KindsOf(operation, n)) {
+        const Ending ending = desk.Run(std::to_string(n + 1) + " " + kind);
+        EXPECT_EQ(Complaint(desk, operation, kind, ending), "")
+            << scenario.name << ", " << n + 1 << " " << kind << ": " << operation.name << " "
+            << operation.path << "\n"
+            << ending.errors;
+        desk.PutBack();
+        ++faults;
+      }
+    }
+  }
+  std::cout << faults << " faults\n";
+}
+
+// A kill leaves no time to clear away; a request to end does.
+TEST(Faults, AnEndAtAnyMomentLeavesTheOldOrTheNewFile) {
+  const int ends = AllFaults() ? 100 : 10;
+  std::mt19937 random(20261121);
+  for (const std::size_t place : {0, 3}) {
+    const Desk desk(SCENARIOS[place]);
+    const auto start = std::chrono::steady_clock::now();
+    (void)desk.Run("");
+    const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
+    desk.PutBack();
+    for (const int signal : {SIGTERM, SIGHUP, SIGKILL}) {
+      int ended = 0;
+      for (int n = 0; n < ends; ++n) {
+        const auto moment = static_cast<int>(random() % static_cast<unsigned>(time.count()));
+        const int endedBy = desk.EndAfter(std::chrono::microseconds(moment), signal);
+        EXPECT_TRUE(endedBy == signal || endedBy == 0) << endedBy;
+        ended += endedBy == signal ? 1 : 0;
+        EXPECT_EQ(desk.FilesComplaint(endedBy == 0) + desk.Litter(signal == SIGKILL), "") << moment;
+      }
+      EXPECT_GT(ended, 0) << signal;
+    }
+    // What the killed ones left is in nobody's way.
+    EXPECT_EQ(desk.Run("").status, 0);
+    EXPECT_EQ(desk.FilesComplaint(true), "");
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
