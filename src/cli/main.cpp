@@ -37,6 +37,11 @@ int ExitStatusOf(RunOutcome outcome) {
   }
 }
 
+void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& ui) {
+  ui.Say("The language of " + settings.inputFile +
+         " could not be recognized; the stop words are the English ones.");
+}
+
 int SaveSettings(const ConcordanceSettings& settings, const std::string& path,
                  TerminalInterface& ui) {
   const std::string errorText = SaveState(settings, path);
@@ -54,10 +59,7 @@ bool ReportFiles(const RunState& state, RunOutcome outcome, bool languageKnown,
     ui.Say("An error occurred when creating search results file.");
   }
   if (!state.fileFault.empty()) ui.Say(state.fileFault);
-  if (!languageKnown && state.outputWritten) {
-    ui.Say("The language of " + state.settings.inputFile +
-           " could not be recognized; the stop words are the English ones.");
-  }
+  if (!languageKnown && state.outputWritten) SayLanguageUnknown(state.settings, ui);
   return state.fileFault.empty();
 }
 
@@ -70,6 +72,7 @@ int Run(const CommandLine& commandLine) {
   const bool languageKnown = (!saves && state.settings.mode != Mode::create) ||
                              SettleStopWordsFile(commandLine.language, state.settings, ui);
   if (saves) {
+    if (!languageKnown) SayLanguageUnknown(state.settings, ui);
     return SaveSettings(state.settings, commandLine.settingsFileToSave, ui);
   }
   state.encodingChoice = commandLine.encodingChoice;
