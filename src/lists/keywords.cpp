@@ -84,6 +84,15 @@ ExtraKeyword ExtraKeywordOf(std::u16string_view keyword) {
   return {std::u16string(keyword.substr(0, plus)), true, std::u16string(keyword.substr(plus + 1))};
 }
 
+bool WantsContext(const ExtraKeyword& keyword, std::string_view context) {
+  if (!keyword.hasContextPattern) return true;
+  const std::u16string lower = ToLowerCase(DecodeAnsi(context));
+  const std::vector<std::u16string_view> words = SplitAtBlanks(lower);
+  return std::any_of(words.begin(), words.end(), [&keyword](std::u16string_view word) {
+    return MatchesWildcard(word, keyword.contextPattern);
+  });
+}
+
 ExtraKeywordList::ExtraKeywordList(std::vector<ExtraKeyword> keywords)
     : keywords_(std::move(keywords)) {
   for (std::size_t i = 0; i < keywords_.size(); ++i) {

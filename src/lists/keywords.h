@@ -27,6 +27,10 @@ struct ExtraKeyword {
 // Takes one keyword apart at its "+".
 [[nodiscard]] ExtraKeyword ExtraKeywordOf(std::u16string_view keyword);
 
+// Whether `context`, in Windows-1252, is one that the keyword asks for: any where it has no
+// context pattern, else one of whose words, with its punctuation, matches that.
+[[nodiscard]] bool WantsContext(const ExtraKeyword& keyword, std::string_view context);
+
 // The extra keywords of a search, in the order in which their results are listed.
 class ExtraKeywordList {
  public:

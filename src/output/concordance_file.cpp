@@ -64,14 +64,13 @@ std::string FileHeader(const ConcordanceSettings& settings, std::time_t time, Us
 }
 
 bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
-                    std::time_t time, const std::function<bool(std::string_view)>& write,
-                    UserInterface& ui) {
+                    std::time_t time, const ByteSink& write, UserInterface& ui) {
   // The listing is a record like the lines of the header: it ends in one more line end.
   return write(FileHeader(settings, time, ui)) && write(outputText) && write(LINE_END);
 }
 
-FileWriting WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
-                                 UserInterface& ui) {
+FileWriting WriteOutputFile(const ConcordanceSettings& settings, UserInterface& ui,
+                            const std::function<bool(const ByteSink&)>& produce) {
   const std::string& target = OutputFileOf(settings);
   if (target.empty() || !MayReplace(settings, target, ui)) return {};
   OutputFile file(target);
@@ -84,13 +83,22 @@ FileWriting WriteConcordanceFile(const ConcordanceSettings& settings, std::strin
     }
     return true;
   };
-  const bool whole =
-      file.Error().empty() && WriteFileBytes(settings, outputText, std::time(nullptr), write, ui);
+  const bool whole = file.Error().empty() && produce(write);
   // To replace a large file the system takes its time, and more so on a disk that is busy.
   ui.YieldAtOnce();
   if (!whole || !file.Commit()) return {FileOutcome::failed, file.Error()};
-  if (settings.mode == Mode::create) ui.PopUp("Concordance file written");
   return {FileOutcome::written, {}};
+}
+
+FileWriting WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
+                                 UserInterface& ui) {
+  FileWriting writing = WriteOutputFile(settings, ui, [&](const ByteSink& write) {
+    return WriteFileBytes(settings, outputText, std::time(nullptr), write, ui);
+  });
+  if (writing.outcome == FileOutcome::written && settings.mode == Mode::create) {
+    ui.PopUp("Concordance file written");
+  }
+  return writing;
 }
 
 }  // namespace quorvel

@@ -29,12 +29,13 @@ namespace quorvel {
 [[nodiscard]] std::string FileHeader(const ConcordanceSettings& settings, std::time_t time,
                                      UserInterface& ui);
 
+// Takes bytes; false when it could not, and needs no more of them.
+using ByteSink = std::function<bool(std::string_view)>;
+
 // Hands the file's bytes to `write`, front to back; stops and gives false as soon
 // as that gives false.
 [[nodiscard]] bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
-                                  std::time_t time,
-                                  const std::function<bool(std::string_view)>& write,
-                                  UserInterface& ui);
+                                  std::time_t time, const ByteSink& write, UserInterface& ui);
 
 enum class FileOutcome { written, notWanted, failed };
 
@@ -43,9 +44,14 @@ struct FileWriting {
   std::string fault;  // the system's description, where it failed
 };
 
-// Writes the file of the current listing, asking first, if the settings say so,
-// before an existing file is replaced. Not wanted: no name is set, or the user
-// said no. After a failure an existing file is as it was.
+// Writes the file that the settings name with the bytes that `produce` hands on, asking
+// first, if the settings say so, before an existing file is replaced. Not wanted: no name
+// is set, or the user said no. After a failure, which is also where `produce` gives false,
+// an existing file is as it was.
+[[nodiscard]] FileWriting WriteOutputFile(const ConcordanceSettings& settings, UserInterface& ui,
+                                          const std::function<bool(const ByteSink&)>& produce);
+
+// The same with the bytes of the current listing's file.
 [[nodiscard]] FileWriting WriteConcordanceFile(const ConcordanceSettings& settings,
                                                std::string_view outputText, UserInterface& ui);
 

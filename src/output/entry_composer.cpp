@@ -1,9 +1,5 @@
 #include "output/entry_composer.h"
 
-#include <algorithm>
-
-#include "lists/wildcard.h"
-#include "lists/word_file.h"
 #include "util/ansi.h"
 #include "util/characters.h"
 #include "util/find_pair.h"
@@ -14,16 +10,6 @@ namespace {
 // Whether the two characters stand side by side anywhere in `text`.
 bool Holds(std::string_view text, char first, char second) {
   return FindPair(text, 0, first, second) < text.size();
-}
-
-// Whether a word of the context, with its punctuation and, like any other, the
-// repeat marker, matches.
-bool HoldsMatch(std::string_view context, std::u16string_view pattern) {
-  const std::u16string lower = ToLowerCase(DecodeAnsi(context));
-  const std::vector<std::u16string_view> words = SplitAtBlanks(lower);
-  return std::any_of(words.begin(), words.end(), [pattern](std::u16string_view word) {
-    return MatchesWildcard(word, pattern);
-  });
 }
 
 }  // namespace
@@ -56,15 +42,14 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputT
   }
 }
 
-// With a keyword that has a context pattern, only the contexts that match it.
+// With a keyword only the contexts that it asks for. The repeat marker is a word like any other.
 void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
                                  std::string& outputText) const {
-  const bool filtered = keyword != nullptr && keyword->hasContextPattern;
   std::string withMarker;
   for (const MergedContext& context : merger_.Contexts()) {
     std::string_view text = context.text;
     if (context.repeats != 0) text = withMarker = TextWithMarker(context);
-    if (filtered && !HoldsMatch(text, keyword->contextPattern)) continue;
+    if (keyword != nullptr && !WantsContext(*keyword, text)) continue;
     outputText += "... ";
     marker.MarkKeywordInContext(outputText, text);
     outputText += LINE_END;

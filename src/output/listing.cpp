@@ -1,19 +1,16 @@
 #include "output/listing.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
+#include "output/listed_words.h"
 #include "util/ansi.h"
 #include "util/large_pages.h"
-#include "util/progress_bar.h"
 #include "util/time_text.h"
 
 namespace quorvel {
 namespace {
-
-constexpr std::int32_t FEWEST_WORDS_FOR_BAR = 100;
 
 EntryOptions OptionsOf(const RunState& state) {
   EntryOptions options;
@@ -47,16 +44,13 @@ class ListingPass {
  public:
   ListingPass(RunState& state, UserInterface& ui)
       : state_(state), ui_(ui), composer_(state.documentText, OptionsOf(state)) {
-    if (state.table.WordCount() > FEWEST_WORDS_FOR_BAR) bar_.emplace(ui);
     state.outputText = {};
     ReserveLarge(state.outputText, ExpectedLength(state));
   }
 
-  // Lists entry `i`, 1-based, the `step`-th one looked at; false when it cannot be listed.
-  bool List(std::int32_t i, std::int32_t step) {
-    const WordEntry& entry = state_.table.entries[static_cast<std::size_t>(i) - 1];
+  // Lists a word; false when it cannot be listed.
+  bool List(const WordEntry& entry) {
     if (entry.Count() > MOST_OCCURRENCES) return RefuseFrequentWord(entry);
-    if (bar_) bar_->Update(step, state_.table.WordCount(), 0);
     const bool first = state_.outputText.empty();
     composer_.DisplayNextWord(entry, state_.outputText);
     // The line end that opens the first entry goes while the text is still short.
@@ -65,12 +59,6 @@ class ListingPass {
       ui_.SetOutput(EncodeUtf8(DecodeAnsi(composer_.WordLine(entry))) + "\r\n");
     }
     return true;
-  }
-
-  // Lets events run; false when the user wants the listing to end.
-  bool MayGoOn() {
-    ui_.YieldNow();
-    return !ui_.StopRequested();
   }
 
  private:
@@ -85,29 +73,13 @@ class ListingPass {
   RunState& state_;
   UserInterface& ui_;
   EntryComposer composer_;
-  std::optional<ProgressBar> bar_;
 };
 
-// Both give false when a word could not be listed; a stop ends them early.
-bool ListWordsAlphabetically(RunState& state, UserInterface& ui) {
+// False when a word could not be listed; a stop ends it early.
+bool ComposeListing(RunState& state, UserInterface& ui) {
   ListingPass pass(state, ui);
-  for (std::int32_t i = 1; i <= state.table.WordCount(); ++i) {
-    const bool included = state.table.entries[static_cast<std::size_t>(i) - 1].include;
-    if (included && !pass.List(i, i)) return false;
-    if (!pass.MayGoOn()) break;
-  }
-  return true;
-}
-
-bool ListWordsByFrequency(RunState& state, UserInterface& ui) {
-  ListingPass pass(state, ui);
-  std::int32_t i = state.table.frequencyHead;
-  for (std::int32_t step = 1; step <= state.table.includedCount; ++step) {
-    if (!pass.List(i, step)) return false;
-    if (!pass.MayGoOn()) break;
-    i = state.table.entries[static_cast<std::size_t>(i) - 1].frequencyNext;
-  }
-  return true;
+  return ForEachListedWord(state.table, state.settings.wordOrder, ui,
+                           [&pass](const WordEntry& entry) { return pass.List(entry); });
 }
 
 void ShowListing(RunState& state, UserInterface& ui) {
@@ -183,9 +155,7 @@ ListingOutcome ListWords(RunState& state, UserInterface& ui) {
   }
   const bool create = state.settings.mode == Mode::create;
   ui.AppendOutput(create ? "Creating concordance ...\r\n" : "Getting search results ...\r\n");
-  const bool complete = state.settings.wordOrder == WordOrder::alphabetical
-                            ? ListWordsAlphabetically(state, ui)
-                            : ListWordsByFrequency(state, ui);
+  const bool complete = ComposeListing(state, ui);
   // A stop from here on comes too late: the listing is whole, and written whole.
   const bool stopped = ui.StopRequested();
   const ListingOutcome outcome = FinishListing(state, complete, ui);
