@@ -64,7 +64,7 @@ bool ReportFiles(const RunState& state, RunOutcome outcome, bool languageKnown,
 }
 
 int Run(const CommandLine& commandLine) {
-  TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet);
+  TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet, commandLine.settings.inputFile);
   RunState state;
   state.settings = commandLine.settings;
   StopOnSignals();

@@ -161,8 +161,8 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
       app, "--answer",
       {{"yes", AnswerPolicy::yes}, {"no", AnswerPolicy::no}, {"default", AnswerPolicy::preset}},
       raw.answer,
-      "how questions are answered: yes, no or default. Without it they are asked where standard "
-      "input is a terminal, and take their default elsewhere");
+      "how questions are answered: yes, no or default. Without it they are asked on a terminal, "
+      "and take their default elsewhere");
   app.add_flag("-q,--quiet", commandLine.quiet,
                "show no progress, and no message that all went well");
   app.set_version_flag("--version", "quorvel-cli " + VersionText());

@@ -5,7 +5,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
-#include <string>
+#include <utility>
 
 namespace quorvel {
 namespace {
@@ -45,6 +45,19 @@ std::string TerminalText(std::string_view text) {
   return result;
 }
 
+// The lines of a message as one, a blank between them.
+std::string OneLine(std::string_view text) {
+  std::string line;
+  bool atLineStart = false;
+  for (const char ch : text) {
+    if (ch == '\r' || (atLineStart && ch == ' ')) continue;
+    atLineStart = ch == '\n';
+    if (atLineStart) line.erase(line.find_last_not_of(' ') + 1);
+    line += atLineStart ? ' ' : ch;
+  }
+  return line;
+}
+
 Answer AnswerBy(AnswerPolicy policy, const Message& message) {
   if (policy == AnswerPolicy::preset) return message.preset;
   return policy == AnswerPolicy::yes ? Answer::yes : Answer::no;
@@ -67,8 +80,12 @@ Answer AskAtTerminal(const Message& message) {
 
 }  // namespace
 
-TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet)
-    : policy_(policy), quiet_(quiet), showsProgress_(!quiet && IsTerminal(STDERR_FILENO)) {}
+TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet,
+                                     std::string inputFile)
+    : policy_(policy),
+      quiet_(quiet),
+      inputFile_(std::move(inputFile)),
+      showsProgress_(!quiet && IsTerminal(STDERR_FILENO)) {}
 
 void TerminalInterface::AppendOutput(std::string_view text) {
   if (!showsProgress_) return;
@@ -88,10 +105,15 @@ void TerminalInterface::SetLabel(Label label, std::string_view text) {
 
 Answer TerminalInterface::Ask(const Message& message) {
   const bool isMessage = message.buttons == Buttons::ok;
-  if (!(quiet_ && isMessage && message.icon == Icon::none)) Say(message.text);
+  if (!isMessage || message.icon != Icon::none) {
+    Say(message.text);
+  } else if (!quiet_) {
+    WriteLine(message.text);
+  }
   if (isMessage) return Answer::ok;
   if (policy_) return AnswerBy(*policy_, message);
-  return IsTerminal(STDIN_FILENO) ? AskAtTerminal(message) : message.preset;
+  const bool canAsk = IsTerminal(STDIN_FILENO) && IsTerminal(STDERR_FILENO);
+  return canAsk ? AskAtTerminal(message) : message.preset;
 }
 
 void TerminalInterface::PopUp(std::string_view /*text*/) {}
@@ -108,9 +130,15 @@ void TerminalInterface::YieldNow() {
 }
 
 void TerminalInterface::Say(std::string_view text) {
+  const bool namesInput = text.find(inputFile_) != std::string_view::npos;
+  WriteLine((namesInput ? "" : inputFile_ + ": ").append(text));
+}
+
+// In one go, so that the lines of several runs do not mix.
+void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();
   spoken_ = true;
-  std::cerr << "quorvel-cli: " << TerminalText(text) << std::endl;
+  std::cerr << "quorvel-cli: " + OneLine(text) + '\n' << std::flush;
 }
 
 void TerminalInterface::ClearBar() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "util/user_interface.h"
@@ -13,10 +14,10 @@ enum class AnswerPolicy { yes, no, preset };
 
 class TerminalInterface : public UserInterface {
  public:
-  // Without a policy, questions are asked where standard input is a terminal and
+  // Without a policy, questions are asked where a terminal shows and answers them, and
   // take their default button elsewhere. Progress is shown only on a terminal; with
-  // `quiet` neither progress nor a message that all went well.
-  TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet);
+  // `quiet` neither progress nor a message that all went well. `inputFile` may be empty.
+  TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet, std::string inputFile);
 
   void AppendOutput(std::string_view text) override;
   void SetOutput(std::string_view text) override;
@@ -26,17 +27,20 @@ class TerminalInterface : public UserInterface {
   void OfferStop(bool offered) override;
   void YieldNow() override;
 
-  // Writes "quorvel-cli: " and the text to standard error.
+  // Writes the text to standard error, as one line that names the program and the input
+  // file: several runs may share one log.
   void Say(std::string_view text);
 
   // Whether anything but progress has been said.
   [[nodiscard]] bool HasSpoken() const { return spoken_; }
 
  private:
+  void WriteLine(std::string_view text);
   void ClearBar();
 
   std::optional<AnswerPolicy> policy_;
   bool quiet_;
+  std::string inputFile_;
   bool showsProgress_;
   bool barShown_ = false;
   bool spoken_ = false;

@@ -38,20 +38,21 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"search", "a.txt -e 'do*+cat' -c 1 -o x.txt", 0, ""},
       {"keywords file", "a.txt -k k.txt", 0, "quorvel-cli: One keyword word loaded from k.txt\n"},
       {"keywords file, quiet", "a.txt -k k.txt -q", 0, ""},
-      {"no keywords file", "a.txt -k no.txt", 1, "quorvel-cli: Keywords file not found:\nno.txt\n"},
+      {"no keywords file", "a.txt -k no.txt", 1,
+       "quorvel-cli: a.txt: Keywords file not found: no.txt\n"},
       {"no keywords", "a.txt --search", 1,
-       "quorvel-cli: Specify a keywords file or type one or more extra keywords.\n"},
+       "quorvel-cli: a.txt: Specify a keywords file or type one or more extra keywords.\n"},
       {"search results not to be written", "a.txt -e dog -o no/x.txt", 1,
-       "quorvel-cli: An error occurred when creating search results file.\n"
-       "quorvel-cli: no/x.txt: No such file or directory\n"},
+       "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
+       "quorvel-cli: a.txt: no/x.txt: No such file or directory\n"},
       {"both modes", "a.txt --search --create", 2, "*"},
       {"keywords in create mode", "a.txt --create -k no.txt -e dog", 0, ""},
       {"stop words", "a.txt --stop-words k.txt", 0,
        "quorvel-cli: One stop word loaded from k.txt\n"},
       {"no stop words", "a.txt --stop-words no.txt", 1,
-       "quorvel-cli: Stop words file not found:\nno.txt\n"},
+       "quorvel-cli: a.txt: Stop words file not found: no.txt\n"},
       {"nothing left by a language", "a.txt --stop-words a.txt -q", 3,
-       "quorvel-cli: No words satisfying the conditions were found.\n"},
+       "quorvel-cli: a.txt: No words satisfying the conditions were found.\n"},
       {"settings that are none", "-s a.txt", 1,
        "quorvel-cli: a.txt: Error when attempting to restore settings: the file ends after line "
        "1.\n"},
@@ -71,13 +72,14 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"empty output name", "a.txt -o ''", 2, "*"},
       {"no input", "", 1, "quorvel-cli: Input file not specified.\n"},
       {"several lines", "a.log", 1,
-       "quorvel-cli: This program acts only on text files,\nWord DOCX files and HTML files.\n"},
-      {"pipe", "pipe.txt", 1, "quorvel-cli: File pipe.txt\nis a device or a pipe, not a file.\n"},
+       "quorvel-cli: a.log: This program acts only on text files, Word DOCX files and HTML "
+       "files.\n"},
+      {"pipe", "pipe.txt", 1, "quorvel-cli: File pipe.txt is a device or a pipe, not a file.\n"},
       {"nothing found", "short.txt", 3,
-       "quorvel-cli: No words satisfying the conditions were found.\n"},
+       "quorvel-cli: short.txt: No words satisfying the conditions were found.\n"},
       {"full device", "a.txt -o /dev/full", 1,
-       "quorvel-cli: An error occurred when creating concordance file.\n"
-       "quorvel-cli: /dev/full: No space left on device\n"}};
+       "quorvel-cli: a.txt: An error occurred when creating concordance file.\n"
+       "quorvel-cli: a.txt: /dev/full: No space left on device\n"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     const TestFolder folder;
@@ -159,7 +161,8 @@ TEST(CommandLine, GoesOnFromSettingsAndIndexFiles) {
   EXPECT_EQ(entries("a.txt -c 0 --use-index -o -"), "cat 1\r\ndog 1\r\n\r\n");
   (void)folder.Write("a.txt", "the cow xx\r\n");
   EXPECT_EQ(entries("a.txt -c 0 --use-index -o -"), "cow 1\r\n\r\n");
-  EXPECT_EQ(folder.Read("err").substr(0, 45), "quorvel-cli: The index file was not made from");
+  EXPECT_EQ(folder.Read("err").substr(0, 52),
+            "quorvel-cli: a.txt: The index file was not made from");
 }
 
 TEST(CommandLine, AnswersQuestionsAsTold) {
