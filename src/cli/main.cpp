@@ -75,6 +75,7 @@ int Run(const CommandLine& commandLine) {
     if (!languageKnown) SayLanguageUnknown(state.settings, ui);
     return SaveSettings(state.settings, commandLine.settingsFileToSave, ui);
   }
+  state.outputFormat = commandLine.format;
   state.encodingChoice = commandLine.encodingChoice;
   if (commandLine.toStandardOutput) {
 #ifdef _WIN32

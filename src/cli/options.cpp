@@ -69,12 +69,19 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   app.add_option(
          "-o,--output", raw.outputFile,
          "the concordance or search-results file; \"-\" for standard output. Default: for a "
-         "concordance beside the input, its extension replaced by qvl.conc.txt; for a "
-         "search standard output")
+         "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
+         ".json: see --format); for a search standard output")
       ->option_text("FILE")
       ->check([](const std::string& name) {
         return name.empty() ? std::string("a file name is needed") : std::string();
       });
+  AddChoice<OutputFormat>(
+      app, "--format",
+      {{"text", OutputFormat::text}, {"tsv", OutputFormat::tsv}, {"json", OutputFormat::json}},
+      commandLine.format,
+      "text: the concordance; tsv or json: its occurrences for other programs, one row each with "
+      "word, folded key, count, left context, match, right context and position, in UTF-8. "
+      "Default: text");
   app.add_option("-s,--settings", raw.settingsFile,
                  "start from a settings file, such as the window saves; every other option "
                  "overrides what it says")
@@ -168,9 +175,23 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
   app.set_version_flag("--version", "quorvel-cli " + VersionText());
 }
 
+// The rows have no part in what a settings file says of the listing's file.
+void ApplyRowsOutput(const std::string& outputFile, CommandLine& commandLine) {
+  ConcordanceSettings& settings = commandLine.settings;
+  const bool search = settings.mode == Mode::search;
+  std::string target = outputFile == "-" ? "" : outputFile;
+  if (outputFile.empty() && !search) {
+    target = DefaultRowsFileName(settings.inputFile,
+                                 commandLine.format == OutputFormat::json ? "json" : "tsv");
+  }
+  commandLine.toStandardOutput = target.empty();
+  (search ? settings.searchResultsFile : settings.outputFile) = target;
+}
+
 // Puts the output where the mode has it.
 void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
                        CommandLine& commandLine) {
+  if (commandLine.format != OutputFormat::text) return ApplyRowsOutput(outputFile, commandLine);
   ConcordanceSettings& settings = commandLine.settings;
   const bool search = settings.mode == Mode::search;
   std::string& target = search ? settings.searchResultsFile : settings.outputFile;
@@ -193,6 +214,20 @@ void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLin
     commandLine.settings.stopWordsFile.clear();
   } else if (raw.settingsFile.empty()) {
     commandLine.language = "auto";
+  }
+}
+
+// Refuses what makes no sense together.
+void CheckOptions(const CLI::App& app, const CommandLine& commandLine) {
+  if (commandLine.settings.inputFile == "-") {
+    throw CLI::ValidationError("INPUT", "a document is read from a file, not from standard input");
+  }
+  if (commandLine.format == OutputFormat::text) return;
+  if (app.count("--frequencies") > 0 && !commandLine.settings.showFrequencies) {
+    throw CLI::ValidationError("--no-frequencies", "only with --format text");
+  }
+  if (app.count("--save-settings") > 0) {
+    throw CLI::ValidationError("--save-settings", "no settings file keeps a --format");
   }
 }
 
@@ -224,6 +259,7 @@ void Parse(int argumentCount, const char* const* arguments, CommandLine& command
   AddDialogOptions(app, commandLine, raw);
   try {
     app.parse(argumentCount, arguments);
+    CheckOptions(app, commandLine);
     ApplyRawOptions(app, raw, commandLine);
   } catch (const CLI::CallForHelp&) {
     std::cout << HelpText(app);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/terminal_interface.h"
+#include "engine/run_state.h"
 #include "input/document_text.h"
 #include "settings/settings.h"
 
@@ -16,6 +17,7 @@ struct CommandLine {
   std::string language;  // whose stop words; empty: of the file that the settings name
   bool useIndex = false;
   std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
+  OutputFormat format = OutputFormat::text;
   bool toStandardOutput = false;
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;

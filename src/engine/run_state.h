@@ -27,8 +27,12 @@ struct WordsAtHand {
   bool ignoreLists = false;
 };
 
+// What a run writes: the listing, or the occurrences behind it as rows.
+enum class OutputFormat { text, tsv, json };
+
 struct RunState {
   ConcordanceSettings settings;
+  OutputFormat outputFormat = OutputFormat::text;
   EncodingChoice encodingChoice = EncodingChoice::confirm;
   bool macNoticeShown = false;  // once in the life of the program is enough
   WordLists lists;

@@ -1,5 +1,7 @@
 #include "engine/tokenizer.h"
 
+#include <algorithm>
+
 #include "engine/known_tokens.h"
 #include "engine/token_cutter.h"
 #include "engine/word_tests.h"
@@ -57,6 +59,18 @@ std::u16string_view WordOfToken(std::u16string_view token) {
 bool MayEnterTable(std::u16string_view word) {
   return word.size() >= MIN_WORD_LENGTH && word.size() <= MAX_WORD_LENGTH &&
          !IsOneRepeatedChar(word) && !IsRomanNumeral(word);
+}
+
+// Its token ends as many characters behind the recorded place as the word has, or at the end
+// of the text. A word that ends in "s" has lost none.
+TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
+                          std::int32_t position) {
+  TextSpan span;
+  span.end = std::min(static_cast<std::size_t>(position) - 1 + word.size(), text.size());
+  while (text[span.end - 1] == u'-') --span.end;
+  const bool lostPlural = text[span.end - 1] == u's' && word.back() != u's';
+  span.begin = span.end - word.size() - (lostPlural ? 1 : 0);
+  return span;
 }
 
 void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {

@@ -33,6 +33,17 @@ inline constexpr std::size_t MIN_WORD_LENGTH = 3;
 // neither one repeated letter nor a Roman numeral.
 [[nodiscard]] bool MayEnterTable(std::u16string_view word);
 
+// A stretch of the text: from place `begin` up to, not including, place `end`, 0-based.
+struct TextSpan {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+// Where the occurrence of `word` that the scan has recorded at `position` really stands, a
+// plural "s" that was dropped included. The text must be the one that was scanned.
+[[nodiscard]] TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
+                                        std::int32_t position);
+
 // Scans a text whose double hyphens are blanked and adds its words to the table.
 // Ends early when a stop is requested, after the word at hand.
 void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui);

@@ -51,6 +51,10 @@ std::string DefaultIndexFileName(std::string_view inputFile) {
   return WithEnding(inputFile, INDEX_ENDING);
 }
 
+std::string DefaultRowsFileName(std::string_view inputFile, std::string_view extension) {
+  return WithEnding(inputFile, "qvl.conc." + std::string(extension));
+}
+
 bool IsConcordanceFileName(std::string_view path) {
   return LowerAscii(path).ends_with(CONCORDANCE_ENDING);
 }

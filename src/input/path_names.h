@@ -29,6 +29,10 @@ namespace quorvel {
 [[nodiscard]] std::string DefaultConcordanceFileName(std::string_view inputFile);
 [[nodiscard]] std::string DefaultIndexFileName(std::string_view inputFile);
 
+// The same for the rows behind a concordance: "qvl.conc." and the extension given.
+[[nodiscard]] std::string DefaultRowsFileName(std::string_view inputFile,
+                                              std::string_view extension);
+
 // Whether `path` names a file that the program itself wrote.
 [[nodiscard]] bool IsConcordanceFileName(std::string_view path);
 [[nodiscard]] bool IsIndexFileName(std::string_view path);

@@ -21,23 +21,26 @@ namespace {
 
 constexpr std::size_t NONE = BitMap::NONE;
 
-// The characters from place `begin` up to, not including, place `end`, 0-based in
-// the text. All places are places in the text.
-class Window {
- public:
-  Window(std::string_view text, const BitMap& blanks, const BitMap& removed,
-         const ContextOptions& options, std::size_t begin, std::size_t end)
-      : text_(text),
-        blanks_(blanks),
-        removed_(removed),
-        begin_(begin),
-        end_(end),
-        wordsWanted_(options.contextSize),
-        showLineBreaks_(options.showLineBreaks) {}
+}  // namespace
 
-  // Where the context begins, given where the window is cut.
-  [[nodiscard]] std::size_t LeftEdge(std::size_t cut) const {
+// The characters from place `begin` up to, not including, place `end`, 0-based in
+// the text, cut at place `cut`. All places are places in the text.
+class ContextCutter::Window {
+ public:
+  Window(const ContextCutter& cutter, std::size_t begin, std::size_t cut, std::size_t end)
+      : text_(cutter.text_),
+        blanks_(cutter.blanks_),
+        removed_(cutter.removed_),
+        begin_(begin),
+        cut_(cut),
+        end_(end),
+        wordsWanted_(cutter.options_.contextSize),
+        showLineBreaks_(cutter.options_.showLineBreaks) {}
+
+  // Where the context begins.
+  [[nodiscard]] std::size_t LeftEdge() const {
     int counted = 0;
+    std::size_t cut = cut_;
     while (true) {
       const std::size_t from = PreviousCharacter(PreviousCharacter(cut));
       const std::size_t blank = from == NONE ? NONE : blanks_.LastUpTo(from, begin_);
@@ -69,7 +72,17 @@ class Window {
     }
   }
 
-  // Appends the characters from `start` to `end` that are not removed.
+  // The characters from `start` to `end` that are not removed: a view into the text where
+  // all of them stay, else into `copies`, to which they are appended.
+  [[nodiscard]] std::string_view Part(std::size_t start, std::size_t end,
+                                      std::string& copies) const {
+    if (removed_.NthFrom(start, 1, end) == NONE) return text_.substr(start, end - start);
+    const std::size_t before = copies.size();
+    AppendPart(copies, start, end);
+    return std::string_view(copies).substr(before);
+  }
+
+ private:
   void AppendPart(std::string& to, std::size_t start, std::size_t end) const {
     while (start < end) {
       const std::size_t removed = std::min(removed_.NthFrom(start, 1, end), end);
@@ -80,7 +93,6 @@ class Window {
     }
   }
 
- private:
   // A line break that the window cuts in two is none.
   [[nodiscard]] bool IsRemoved(std::size_t i) const {
     if (!removed_.IsSet(i)) return false;
@@ -121,12 +133,11 @@ class Window {
   const BitMap& blanks_;
   const BitMap& removed_;
   std::size_t begin_;
+  std::size_t cut_;
   std::size_t end_;
   int wordsWanted_;
   bool showLineBreaks_;
 };
-
-}  // namespace
 
 ContextCutter::ContextCutter(std::string_view text, const ContextOptions& options)
     : text_(text),
@@ -158,23 +169,37 @@ void ContextCutter::Prefetch(std::int64_t position) const {
   removed_.Prefetch(place);
 }
 
-std::string_view ContextCutter::Cut(std::int64_t position, std::size_t wordLength,
-                                    std::string& copies) const {
+std::optional<ContextCutter::Window> ContextCutter::WindowAt(std::int64_t position,
+                                                             std::size_t wordLength) const {
   const std::int64_t reach = CHARS_PER_CONTEXT_WORD * options_.contextSize;
   const bool fromTextStart = position <= reach;
   const std::int64_t begin = fromTextStart ? 0 : position - reach - 1;
   const std::int64_t cut = fromTextStart ? position - 1 : position - 2;
-  if (cut < 0 || static_cast<std::size_t>(cut) >= text_.size()) return {};
+  if (cut < 0 || static_cast<std::size_t>(cut) >= text_.size()) return std::nullopt;
   const std::size_t end =
       static_cast<std::size_t>(begin) + LongestContext(fromTextStart ? 0 : wordLength);
-  const Window window(text_, blanks_, removed_, options_, static_cast<std::size_t>(begin),
-                      std::min(end, text_.size()));
-  const std::size_t start = window.LeftEdge(static_cast<std::size_t>(cut));
-  const std::size_t stop = window.RightEdge(start);
-  if (removed_.NthFrom(start, 1, stop) == BitMap::NONE) return text_.substr(start, stop - start);
-  const std::size_t before = copies.size();
-  window.AppendPart(copies, start, stop);
-  return std::string_view(copies).substr(before);
+  return Window(*this, static_cast<std::size_t>(begin), static_cast<std::size_t>(cut),
+                std::min(end, text_.size()));
+}
+
+std::string_view ContextCutter::Cut(std::int64_t position, std::size_t wordLength,
+                                    std::string& copies) const {
+  const std::optional<Window> window = WindowAt(position, wordLength);
+  if (!window) return {};
+  const std::size_t start = window->LeftEdge();
+  return window->Part(start, window->RightEdge(start), copies);
+}
+
+ContextParts ContextCutter::CutApart(std::int64_t position, std::size_t wordLength,
+                                     const TextSpan& word, std::string& copies) const {
+  const std::optional<Window> window = WindowAt(position, wordLength);
+  if (!window) return {};
+  const std::size_t start = window->LeftEdge();
+  const std::size_t stop = window->RightEdge(start);
+  ContextParts parts;
+  if (start < word.begin) parts.left = window->Part(start, std::min(word.begin, stop), copies);
+  if (word.end < stop) parts.right = window->Part(std::max(word.end, start), stop, copies);
+  return parts;
 }
 
 }  // namespace quorvel

@@ -6,9 +6,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "engine/tokenizer.h"
 #include "util/bit_map.h"
 
 namespace quorvel {
@@ -20,6 +22,12 @@ inline constexpr std::int64_t CHARS_PER_CONTEXT_WORD = 20;
 struct ContextOptions {
   int contextSize = 5;  // words on each side, at least 1
   bool showLineBreaks = false;
+};
+
+// What a context has before a word and behind it.
+struct ContextParts {
+  std::string_view left;
+  std::string_view right;
 };
 
 // Cuts contexts out of one text; the text must outlive it.
@@ -43,7 +51,17 @@ class ContextCutter {
   [[nodiscard]] std::string_view Cut(std::int64_t position, std::size_t wordLength,
                                      std::string& copies) const;
 
+  // The same context, taken apart at the place of its word. A context that ends before the
+  // word, as some do near the end of the text, has nothing behind it.
+  [[nodiscard]] ContextParts CutApart(std::int64_t position, std::size_t wordLength,
+                                      const TextSpan& word, std::string& copies) const;
+
  private:
+  class Window;
+
+  // The characters around a position; nothing for one outside the text.
+  [[nodiscard]] std::optional<Window> WindowAt(std::int64_t position, std::size_t wordLength) const;
+
   std::string_view text_;
   ContextOptions options_;
   BitMap blanks_;   // all that stay blanks

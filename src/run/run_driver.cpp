@@ -16,6 +16,7 @@
 #include "output/digest.h"
 #include "output/index_file.h"
 #include "output/listing.h"
+#include "output/occurrence_rows.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
 
@@ -171,7 +172,8 @@ RunOutcome ListOrderedWords(RunState& state, UserInterface& ui) {
     ui.SetOutput("No words satisfying the conditions were found.");
     return RunOutcome::nothingFound;
   }
-  return OutcomeOf(ListWords(state, ui));
+  return OutcomeOf(state.outputFormat == OutputFormat::text ? ListWords(state, ui)
+                                                            : ListOccurrences(state, ui));
 }
 
 // Reads the text unless it is there, and notes what it was read under.

@@ -61,6 +61,22 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"index", "a.txt --index", 0, ""},
       {"index not to be written", "i.txt --index", 1, "quorvel-cli: i.qvl.ndx: Is a directory\n"},
       {"no such language", "a.txt --language xx", 2, "*"},
+      {"rows", "a.txt --format tsv", 0, ""},
+      {"rows without a folder for them", "a.txt --format json -o no/x.json", 1,
+       "quorvel-cli: a.txt: An error occurred when creating concordance file.\n"},
+      {"rows on a full device", "a.txt -e dog --format json -o /dev/full", 1,
+       "quorvel-cli: a.txt: An error occurred when creating search results file.\n"},
+      {"rows of no words", "short.txt --format tsv", 3,
+       "quorvel-cli: short.txt: No words satisfying the conditions were found.\n"},
+      {"rows without counts", "a.txt --format tsv --no-frequencies", 2,
+       "quorvel-cli: --no-frequencies: only with --format text\n"
+       "quorvel-cli --help tells the options.\n"},
+      {"rows in settings", "a.txt --format tsv --save-settings s.lvz", 2,
+       "quorvel-cli: --save-settings: no settings file keeps a --format\n"
+       "quorvel-cli --help tells the options.\n"},
+      {"standard input", "-", 2,
+       "quorvel-cli: INPUT: a document is read from a file, not from standard input\n"
+       "quorvel-cli --help tells the options.\n"},
       {"version", "--version", 0, ""},
       {"help", "--help", 0, ""},
       {"unknown option", "--nonsense", 2, "*"},
@@ -137,6 +153,30 @@ TEST(CommandLine, ListsWhatIsAskedFor) {
     EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(words) + "\r\n"))
         << options << folder.Read("out");
   }
+}
+
+TEST(CommandLine, WritesRowsWhereTheyAreWanted) {
+  const TestFolder folder;
+  (void)folder.Write("a.txt", "of the caf\xE9 to us it is so\r\n");
+  const std::string tsv =
+      "word\tkey\tcount\tleft\tmatch\tright\tposition\n"
+      "caf\xC3\xA9\tcafe\t1\tthe \tcaf\xC3\xA9\t to\t8\n";
+  const std::pair<const char*, const char*> rows[] = {
+      {"", "a.qvl.conc.tsv"},     {"-o x.y", "x.y"},         {"-o -", "out"},
+      {"-e caf?", "out"},         {"-e caf? -o y.z", "y.z"}, {"-s s.lvz", "a.qvl.conc.tsv"},
+      {"-s s.lvz -e caf?", "out"}};
+  EXPECT_EQ(RunCli(folder, "a.txt -c 1 -o l.txt --save-settings s.lvz"), 0);
+  for (const auto& [options, file] : rows) {
+    SCOPED_TRACE(options);
+    (void)folder.Write("l.txt", "a listing");
+    (void)folder.Write("a.qvl.conc.tsv", "old");
+    EXPECT_EQ(RunCli(folder, std::string("a.txt -c 1 --format tsv ") + options), 0);
+    EXPECT_EQ(folder.Read(file), tsv);
+    EXPECT_EQ(folder.Read("l.txt"), "a listing");
+    EXPECT_EQ(folder.Read("out"), std::string(file) == "out" ? tsv : "");
+  }
+  EXPECT_EQ(RunCli(folder, "a.txt -c 1 --format json"), 0);
+  EXPECT_TRUE(folder.Read("a.qvl.conc.json").starts_with("[\n{\"word\":\"caf\xC3\xA9\","));
 }
 
 TEST(CommandLine, GoesOnFromSettingsAndIndexFiles) {

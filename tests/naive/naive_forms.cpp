@@ -241,19 +241,13 @@ Text MarkKeywordInContext(const Text& word, Text context) {
   return Replace(context, u"»s", u"s»");
 }
 
-Text ComposeEntry(const Text& text, const WordEntry& entry, const ConcordanceSettings& settings) {
-  const Text label =
-      entry.word + (settings.showFrequencies ? Text(u" ") + ToDecimal(entry.Count()) : Text());
-  if (settings.contextSize == 0) return label + u"\r\n";
+std::vector<Text> CutContexts(const Text& text, const WordEntry& entry,
+                              const ConcordanceSettings& settings) {
   std::vector<Text> contexts;
   for (const std::int32_t position : entry.positions) {
     contexts.push_back(CutContext(text, position, Length(entry.word), settings));
   }
-  Text result = Text(u"\r\n[") + label + u"]\r\n";
-  for (const Text& context : MergeContexts(contexts, settings.showFrequencies)) {
-    result += Text(u"... ") + MarkKeywordInContext(entry.word, context) + u"\r\n";
-  }
-  return result;
+  return contexts;
 }
 
 std::string Byte(int code) { return {static_cast<char>(code)}; }
@@ -295,19 +289,34 @@ WordTable MakeWordTable(const Text& text, const ConcordanceSettings& settings) {
   return table;
 }
 
+Text ComposeEntry(const Text& word, const std::vector<Text>& contexts,
+                  const ConcordanceSettings& settings) {
+  const int count = Length(contexts);
+  const Text label = word + (settings.showFrequencies ? Text(u" ") + ToDecimal(count) : Text());
+  if (settings.contextSize == 0) return label + u"\r\n";
+  Text result = Text(u"\r\n[") + label + u"]\r\n";
+  for (const Text& context : MergeContexts(contexts, settings.showFrequencies)) {
+    result += Text(u"... ") + MarkKeywordInContext(word, context) + u"\r\n";
+  }
+  return result;
+}
+
 Text ListWords(const Text& documentText, const ConcordanceSettings& settings) {
   const Text text = BlankDoubleHyphens(documentText);
   const WordTable table = MakeWordTable(text, settings);
   Text output;
+  const auto list = [&](const WordEntry& entry) {
+    output += ComposeEntry(entry.word, CutContexts(text, entry, settings), settings);
+  };
   if (settings.wordOrder == WordOrder::byFrequency) {
     for (std::int32_t i = table.frequencyHead; i > 0;) {
       const WordEntry& entry = table.entries[static_cast<std::size_t>(i - 1)];
-      output += ComposeEntry(text, entry, settings);
+      list(entry);
       i = entry.frequencyNext;
     }
   } else {
     for (const WordEntry& entry : table.entries) {
-      if (entry.include) output += ComposeEntry(text, entry, settings);
+      if (entry.include) list(entry);
     }
   }
   while (!output.empty() && output[0] <= 32) output = From(output, 2);

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "engine/word_table.h"
 #include "settings/settings.h"
@@ -19,6 +20,11 @@ namespace quorvel::naive {
 // The words of a blanked text: sorted, admitted, linked by frequency and counted.
 [[nodiscard]] WordTable MakeWordTable(const std::u16string& text,
                                       const ConcordanceSettings& settings);
+
+// The entry of a word in a listing, made of the contexts of its occurrences in text order.
+[[nodiscard]] std::u16string ComposeEntry(const std::u16string& word,
+                                          const std::vector<std::u16string>& contexts,
+                                          const ConcordanceSettings& settings);
 
 // The listing of a text whose double hyphens are not blanked yet, without leading line ends.
 [[nodiscard]] std::u16string ListWords(const std::u16string& documentText,

@@ -1,0 +1,234 @@
+#include "output/occurrence_rows.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "output/concordance_file.h"
+#include "output/context_window.h"
+#include "output/listed_words.h"
+#include "util/ansi.h"
+#include "util/characters.h"
+
+// A field of the tab-separated table needs no quotes: every tab and line end of a document
+// has become a blank when its text was prepared, and the other controls are no separators to
+// any reader of lines. JSON has its own escapes.
+
+namespace quorvel {
+namespace {
+
+constexpr std::size_t PIECE = std::size_t{1} << 18U;  // bytes
+
+// What stands before each field of a row, and around the rows.
+struct Layout {
+  std::string_view begin;
+  std::string_view beginOfWordList;
+  std::string_view firstRow;  // and the beginning of its word
+  std::string_view nextRow;
+  std::string_view key;
+  std::string_view count;
+  std::string_view left;
+  std::string_view match;
+  std::string_view right;
+  std::string_view position;
+  std::string_view rowEnd;
+  std::string_view end;
+};
+
+constexpr Layout TSV_LAYOUT = {
+    .begin = "word\tkey\tcount\tleft\tmatch\tright\tposition\n",
+    .beginOfWordList = "word\tkey\tcount\n",
+    .firstRow = "",
+    .nextRow = "",
+    .key = "\t",
+    .count = "\t",
+    .left = "\t",
+    .match = "\t",
+    .right = "\t",
+    .position = "\t",
+    .rowEnd = "\n",
+    .end = "",
+};
+
+constexpr Layout JSON_LAYOUT = {
+    .begin = "[",
+    .beginOfWordList = "[",
+    .firstRow = "\n{\"word\":\"",
+    .nextRow = ",\n{\"word\":\"",
+    .key = R"(","key":")",
+    .count = R"(","count":)",
+    .left = R"(,"left":")",
+    .match = R"(","match":")",
+    .right = R"(","right":")",
+    .position = R"(","position":)",
+    .rowEnd = "}",
+    .end = "\n]\n",
+};
+
+// Which occurrences of one word are rows.
+class Wanted {
+ public:
+  Wanted(const WordEntry& entry, const RunState& state) {
+    if (state.settings.mode == Mode::create) return;
+    const KeywordLists& lists = state.lists.keywords;
+    const std::u16string lower = ToLowerCase(entry.word);
+    if (BinarySearch(lists.fileKeywords, lower)) return;
+    for (const std::size_t i : lists.extraKeywords.Matches(lower)) {
+      keywords_.push_back(&lists.extraKeywords.Keywords()[i]);
+    }
+    const auto takesAll = [](const ExtraKeyword* keyword) { return !keyword->hasContextPattern; };
+    if (std::any_of(keywords_.begin(), keywords_.end(), takesAll)) keywords_.clear();
+  }
+
+  [[nodiscard]] bool All() const { return keywords_.empty(); }
+
+  [[nodiscard]] bool Takes(std::string_view context) const {
+    return std::any_of(keywords_.begin(), keywords_.end(), [context](const ExtraKeyword* keyword) {
+      return WantsContext(*keyword, context);
+    });
+  }
+
+ private:
+  std::vector<const ExtraKeyword*> keywords_;  // one of which must want the context
+};
+
+class RowWriter {
+ public:
+  RowWriter(const RunState& state, const ByteSink& write)
+      : state_(state),
+        write_(write),
+        isJson_(state.outputFormat == OutputFormat::json),
+        layout_(isJson_ ? JSON_LAYOUT : TSV_LAYOUT),
+        text_(EncodeAnsi(state.documentText)),
+        cutter_(text_, {state.settings.contextSize, state.settings.showLineBreaks}) {
+    copies_.reserve(cutter_.LongestContext(MAX_WORD_LENGTH));
+  }
+
+  // False when the bytes could not all be written.
+  bool WriteTable(UserInterface& ui) {
+    bytes_ = IsWordList() ? layout_.beginOfWordList : layout_.begin;
+    if (!ForEachListedWord(state_.table, state_.settings.wordOrder, ui,
+                           [this](const WordEntry& entry) { return WriteRowsOf(entry); })) {
+      return false;
+    }
+    bytes_ += layout_.end;
+    return write_(bytes_);
+  }
+
+ private:
+  [[nodiscard]] bool IsWordList() const { return state_.settings.contextSize == 0; }
+
+  bool WriteRowsOf(const WordEntry& entry) {
+    constexpr std::size_t AHEAD = 8;
+    TakeWord(entry);
+    if (IsWordList()) return WriteRow([] {});
+    const Wanted wanted(entry, state_);
+    const std::vector<std::int32_t>& positions = entry.positions;
+    for (std::size_t k = 0; k < positions.size(); ++k) {
+      if (k + AHEAD < positions.size()) cutter_.Prefetch(positions[k + AHEAD]);
+      copies_.clear();
+      if (!wanted.All() && !wanted.Takes(cutter_.Cut(positions[k], entry.word.size(), copies_))) {
+        continue;
+      }
+      if (!WriteRow([&] { AppendOccurrence(entry, positions[k]); })) return false;
+    }
+    return true;
+  }
+
+  // The fields that all rows of a word begin with.
+  void TakeWord(const WordEntry& entry) {
+    wordFields_.clear();
+    AppendField(wordFields_, EncodeAnsi(entry.word));
+    wordFields_ += layout_.key;
+    AppendField(wordFields_, EncodeAnsi(entry.sortKey));
+    wordFields_.append(layout_.count).append(std::to_string(entry.Count()));
+  }
+
+  template <typename AppendRest>
+  bool WriteRow(AppendRest appendRest) {
+    bytes_.append(rowWritten_ ? layout_.nextRow : layout_.firstRow).append(wordFields_);
+    rowWritten_ = true;
+    appendRest();
+    bytes_ += layout_.rowEnd;
+    if (bytes_.size() < PIECE) return true;
+    const bool written = write_(bytes_);
+    bytes_.clear();
+    return written;
+  }
+
+  void AppendOccurrence(const WordEntry& entry, std::int32_t position) {
+    const TextSpan span = SpanOfOccurrence(state_.documentText, entry.word, position);
+    copies_.clear();
+    const ContextParts context = cutter_.CutApart(position, entry.word.size(), span, copies_);
+    bytes_ += layout_.left;
+    AppendField(bytes_, context.left);
+    bytes_ += layout_.match;
+    AppendField(bytes_, std::string_view(text_).substr(span.begin, span.end - span.begin));
+    bytes_ += layout_.right;
+    AppendField(bytes_, context.right);
+    bytes_.append(layout_.position).append(std::to_string(span.begin + 1));
+  }
+
+  // `text` is Windows-1252.
+  void AppendField(std::string& to, std::string_view text) const {
+    for (const char ch : text) {
+      if (ch >= ' ' && ch < '\x7F' && ch != '"' && ch != '\\') {
+        to += ch;
+      } else {
+        AppendRareCharacter(to, DecodeAnsi({&ch, 1}).front());
+      }
+    }
+  }
+
+  void AppendRareCharacter(std::string& to, char16_t ch) const {
+    const bool isControl = ch < u' ' || (ch >= 0x7F && ch < 0xA0);
+    if (isJson_ && isControl) {
+      constexpr std::string_view DIGITS = "0123456789abcdef";
+      to.append("\\u00").append({DIGITS[ch >> 4U], DIGITS[ch & 0xFU]});
+      return;
+    }
+    if (isJson_ && (ch == u'"' || ch == u'\\')) to += '\\';
+    to += EncodeUtf8({&ch, 1});
+  }
+
+  const RunState& state_;
+  const ByteSink& write_;
+  bool isJson_;
+  const Layout& layout_;
+  std::string text_;  // as contexts are cut, in Windows-1252
+  ContextCutter cutter_;
+  bool rowWritten_ = false;
+  std::string wordFields_;
+  std::string bytes_;   // not handed on yet
+  std::string copies_;  // of what a context could not be viewed in
+};
+
+void ShowFailure(Mode mode, UserInterface& ui) {
+  ui.Ask({"An error occurred when creating " + LowerAscii(OutputName(mode)) + ".", "Error",
+          Icon::exclamation, Buttons::ok, Answer::ok});
+}
+
+}  // namespace
+
+ListingOutcome ListOccurrences(RunState& state, UserInterface& ui) {
+  ui.AppendOutput("Writing rows ...\r\n");
+  const auto produce = [&state, &ui](const ByteSink& write) {
+    return RowWriter(state, write).WriteTable(ui);
+  };
+  if (state.outputSink) {
+    state.outputWritten = produce(state.outputSink);
+    if (!state.outputWritten) return ListingOutcome::failed;
+  } else {
+    const FileWriting writing = WriteOutputFile(state.settings, ui, produce);
+    state.outputWritten = writing.outcome == FileOutcome::written;
+    if (writing.outcome == FileOutcome::failed) {
+      state.fileFault = OutputFileOf(state.settings) + ": " + writing.fault;
+      ShowFailure(state.settings.mode, ui);
+      return ListingOutcome::failed;
+    }
+  }
+  return ui.StopRequested() ? ListingOutcome::stopped : ListingOutcome::listed;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,248 @@
+#include "output/occurrence_rows.h"
+
+#include <gtest/gtest.h>
+
+#include "lists/wildcard.h"
+#include "lists/word_file.h"
+#include "naive/naive_forms.h"
+#include "support/made_texts.h"
+#include "support/scanned_text.h"
+#include "support/scripted_interface.h"
+#include "util/ansi.h"
+#include "util/characters.h"
+
+namespace quorvel {
+namespace {
+
+using Text = std::u16string;
+using Row = std::vector<Text>;  // its fields
+enum Column { WORD, KEY, COUNT, LEFT, MATCH, RIGHT, POSITION, COLUMNS };
+
+std::string Table(RunState& state, OutputFormat format) {
+  ScriptedInterface ui;
+  std::string bytes;
+  state.outputFormat = format;
+  state.outputSink = [&bytes](std::string_view piece) {
+    bytes += piece;
+    return true;
+  };
+  EXPECT_EQ(ListOccurrences(state, ui), ListingOutcome::listed);
+  return bytes;
+}
+
+std::vector<Text> Split(const Text& text, char16_t by) {
+  std::vector<Text> parts(1);
+  for (const char16_t ch : text) {
+    if (ch == by) {
+      parts.emplace_back();
+    } else {
+      parts.back() += ch;
+    }
+  }
+  return parts;
+}
+
+std::vector<Row> RowsOf(RunState& state) {
+  std::vector<Row> rows;
+  for (const Text& line : Split(DecodeUtf8(Table(state, OutputFormat::tsv)), u'\n')) {
+    rows.push_back(Split(line, u'\t'));
+  }
+  EXPECT_EQ(rows.back(), Row{Text()});  // the table ends with a line end
+  rows.pop_back();
+  rows.erase(rows.begin());
+  return rows;
+}
+
+Text ContextOf(const Row& row) { return row[LEFT] + row[MATCH] + row[RIGHT]; }
+
+// The listing, made anew of the rows; each row is looked at by itself on the way.
+Text ListingOf(const std::vector<Row>& rows, const RunState& state) {
+  Text listing;
+  for (std::size_t i = 0; i < rows.size();) {
+    const Row& first = rows[i];
+    std::vector<Text> contexts;
+    for (; i < rows.size() && rows[i][WORD] == first[WORD]; ++i) {
+      EXPECT_EQ(rows[i].size(), COLUMNS);
+      const std::size_t place = std::stoul(EncodeUtf8(rows[i][POSITION])) - 1;
+      EXPECT_EQ(state.documentText.substr(place, rows[i][MATCH].size()), rows[i][MATCH]);
+      EXPECT_TRUE(rows[i][MATCH] == first[WORD] || rows[i][MATCH] == first[WORD] + u's');
+      contexts.push_back(ContextOf(rows[i]));
+    }
+    EXPECT_EQ(EncodeUtf8(first[COUNT]), std::to_string(contexts.size()));
+    EXPECT_EQ(first[KEY], ToLowerCase(FoldForKey(first[WORD])));
+    listing += naive::ComposeEntry(first[WORD], contexts, state.settings);
+  }
+  return listing.erase(0, 2);
+}
+
+// Away from the ends of the text every context holds its word.
+Text Padded(const Text& text) {
+  const Text padding = DecodeAnsi(Repeated("to it of us ", 20));
+  return padding + text + u' ' + padding;
+}
+
+const std::vector<std::vector<Text>> ALPHABETS = {
+    {u"the ", u"old ", u"harbour ", u"harbours, ", u"/ ", u"/ / ", u". "},
+    {u"the ", u"sea ", u"(x2) ", u"(x ", u" (x2)", u"/ (x3) "},
+    {u"cats ", u"Cat", u"s ", u" -", u"- ", u"--", u"«", u"»s ", u"»", u"\"", u"\\"},
+    {u"TV-s ", u"x12s ", u"90s", u" ", u"-", u"'s ", u"ass ", u"<!-- ", u"-->"},
+    {u"\u00e9t\u00e9s ", u"\u00c4rsche ", u"Arsche ", u"\u20ac", u"\u0081 ", u"\u007f", u"sea "}};
+
+TEST(OccurrenceRows, GroupedMergedAndMarkedAreTheListing) {
+  std::mt19937 random(20261121);
+  for (int round = 0; round < 1000 && !HasFailure(); ++round) {
+    ConcordanceSettings settings;
+    settings.contextSize = 1 + static_cast<int>(random() % 9);
+    settings.wordOrder = random() % 2 == 0 ? WordOrder::alphabetical : WordOrder::byFrequency;
+    settings.showFrequencies = random() % 4 != 0;
+    settings.showLineBreaks = random() % 2 == 0;
+    settings.allowWordsWithNumerals = random() % 2 == 0;
+    settings.ignoreInfrequentWords = random() % 4 == 0;
+    ScriptedInterface ui;
+    const std::vector<Text>& parts = ALPHABETS[static_cast<std::size_t>(round) % ALPHABETS.size()];
+    RunState state = ScanText(Padded(RandomText(parts, 60, random)), settings, ui);
+    if (ListWords(state, ui) == ListingOutcome::nothing) continue;
+    EXPECT_EQ(ListingOf(RowsOf(state), state), DecodeAnsi(state.outputText))
+        << testing::PrintToString(state.documentText);
+  }
+}
+
+// Whether a search for the keywords finds the occurrence.
+bool IsFound(const Row& row, const KeywordLists& lists) {
+  const Text word = ToLowerCase(row[WORD]);
+  if (BinarySearch(lists.fileKeywords, word)) return true;
+  const Text context = ToLowerCase(ContextOf(row));
+  const auto& keywords = lists.extraKeywords.Keywords();
+  return std::any_of(keywords.begin(), keywords.end(), [&](const ExtraKeyword& keyword) {
+    const auto words = SplitAtBlanks(context);
+    return MatchesWildcard(word, keyword.wildcardPattern) &&
+           (!keyword.hasContextPattern ||
+            std::any_of(words.begin(), words.end(), [&keyword](std::u16string_view one) {
+              return MatchesWildcard(one, keyword.contextPattern);
+            }));
+  });
+}
+
+TEST(OccurrenceRows, OfASearchAreThoseThatAnyKeywordFinds) {
+  const std::vector<const char16_t*> keywords = {u"sea",    u"c*",       u"cat+dog", u"*+\u00e9t*",
+                                                 u"d*+c?t", u"*+d*g,",   u"cat+",    u"sea+*a*",
+                                                 u"cat",    u"dog+(x2)", u"*+?x#?"};
+  std::mt19937 random(7);
+  std::size_t found = 0;
+  std::size_t notFound = 0;
+  for (int round = 0; round < 300; ++round) {
+    ScriptedInterface ui;
+    ConcordanceSettings settings;
+    settings.contextSize = 1 + round % 3;
+    RunState state =
+        ScanText(Padded(RandomText<Text>({u"cat ", u"dogs ", u"dog, ", u"sea ", u"\u00c9t\u00e9 "},
+                                         40, random)),
+                 settings, ui);
+    std::vector<Row> expected = RowsOf(state);
+    const std::size_t all = expected.size();
+    std::vector<ExtraKeyword> typed;
+    typed.reserve(3);
+    for (int k = 0; k < 3; ++k) {
+      typed.push_back(ExtraKeywordOf(keywords[random() % keywords.size()]));
+    }
+    state.lists.keywords.extraKeywords = ExtraKeywordList(typed);
+    if (round % 5 == 0) state.lists.keywords.fileKeywords = {u"dog"};
+    state.settings.mode = Mode::search;
+    ApplyAdmissionFilters(state.table, state.settings, state.lists);
+    CountIncludedWords(state.table);
+    std::erase_if(expected, [&](const Row& row) { return !IsFound(row, state.lists.keywords); });
+    EXPECT_EQ(RowsOf(state), expected) << round;
+    found += expected.size();
+    notFound += all - expected.size();
+  }
+  EXPECT_GT(found, 1000U);
+  EXPECT_GT(notFound, 1000U);
+}
+
+TEST(OccurrenceRows, StandWhereTheirWordsStand) {
+  const struct {
+    const char* name;
+    Text text;
+    std::string rows;
+    int contextSize = 2;
+    bool showLineBreaks = false;
+  } cases[] = {
+      {"plural at the front and at the end, contexts as cut there", u"cats or dogs",
+       "cat\tcat\t1\t\tcats\t or\t1\ndog\tdog\t1\tor \tdogs\t\t9\n"},
+      {"a context that ends before its word",
+       u"we go to it so as to be at it if we do so as to be us as we go at dawn",
+       "dawn\tdawn\t1\tgo at\tdawn\t\t67\n"},
+      {"hyphens stay outside", u"of it to us -ship- or -ship's- it is so it is",
+       "ship\tship\t2\tus -\tship\t- or -ship's- it\t14\n"
+       "ship\tship\t2\tor -\tship\t's- it is so\t24\n"},
+      {"line breaks taken out on both sides", u"of a b / c / dog / e f / g h i it",
+       "dog\tdog\t1\tb c \tdog\t e f\t14\n"},
+      {"line breaks shown", u"of a b / c / dog / e f / g h i it",
+       "dog\tdog\t1\tb / c / \tdog\t / e f\t14\n", 2, true},
+      {"a word list", u"\u00c9tat or dogs or dog. to", "dog\tdog\t2\n\u00c9tat\tetat\t1\n", 0},
+      {"quotes and a control of the text", u"of us \"\x81 cat \\n\" to us it",
+       "cat\tcat\t1\tus \"\xC2\x81 \tcat\t \\n\" to\t10\n"},
+  };
+  for (const auto& [name, text, rows, contextSize, showLineBreaks] : cases) {
+    SCOPED_TRACE(name);
+    ScriptedInterface ui;
+    ConcordanceSettings settings;
+    settings.contextSize = contextSize;
+    settings.showLineBreaks = showLineBreaks;
+    RunState state = ScanText(text, settings, ui);
+    const std::string table = Table(state, OutputFormat::tsv);
+    EXPECT_EQ(table.substr(table.find('\n') + 1), rows);
+  }
+}
+
+TEST(OccurrenceRows, AsJsonAreAnArrayWithALineEach) {
+  ScriptedInterface ui;
+  ConcordanceSettings settings;
+  settings.contextSize = 1;
+  RunState state = ScanText(u"of us \"\x81\x7f\t\u20ac cat \\n\" to cats us it", settings, ui);
+  EXPECT_EQ(Table(state, OutputFormat::json),
+            "[\n"
+            R"({"word":"cat","key":"cat","count":2,"left":"\"\u0081\u007f\u0009€ ",)"
+            R"("match":"cat","right":" \\n\"","position":13})"
+            ",\n"
+            R"({"word":"cat","key":"cat","count":2,"left":"to ","match":"cats","right":" us",)"
+            R"("position":24})"
+            "\n]\n");
+  state.settings.contextSize = 0;
+  EXPECT_EQ(Table(state, OutputFormat::json),
+            "[\n"
+            R"({"word":"cat","key":"cat","count":2})"
+            "\n]\n");
+  state.table.entries.clear();
+  EXPECT_EQ(Table(state, OutputFormat::json), "[\n]\n");
+}
+
+TEST(OccurrenceRows, EndWhereTheUserOrTheSinkWants) {
+  ScriptedInterface ui;
+  const Text text = DecodeAnsi(Repeated("the sea ", 32768));  // more than a listing takes
+  RunState state = ScanText(text, {}, ui);
+  state.outputFormat = OutputFormat::json;
+  std::vector<std::size_t> pieces;
+  std::string last;
+  std::size_t taken = 100;
+  state.outputSink = [&](std::string_view piece) {
+    pieces.push_back(piece.size());
+    last = piece;
+    return pieces.size() < taken;
+  };
+  ui.stopAtYield = ui.yields + 1;
+  EXPECT_EQ(ListOccurrences(state, ui), ListingOutcome::stopped);
+  EXPECT_TRUE(last.ends_with("}\n]\n"));
+  EXPECT_NE(last.find("\"sea\","), std::string::npos);
+  EXPECT_EQ(last.find("\"the\","), std::string::npos);
+  EXPECT_GT(pieces.size(), 5U);
+  EXPECT_LT(*std::max_element(pieces.begin(), pieces.end()), 300000U);
+  pieces.clear();
+  taken = 3;
+  ui.ClearStop();
+  EXPECT_EQ(ListOccurrences(state, ui), ListingOutcome::failed);
+  EXPECT_EQ(pieces.size(), taken);
+}
+
+}  // namespace
+}  // namespace quorvel
