@@ -14,8 +14,7 @@
 namespace quorvel {
 namespace {
 
-// Often enough for a window to feel alive, seldom enough to cost little: each time it paints what has
-// changed.
+// Often enough for a window to feel alive, seldom enough to cost little: it paints each time.
 constexpr qint64 BETWEEN_EVENTS_MS = 25;
 
 QMessageBox::Icon IconOf(Icon icon) {
