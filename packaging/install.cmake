@@ -58,7 +58,7 @@ if(UNIX)
   add_custom_target(quorvel_documents ALL DEPENDS ${compressed} packaging/changelog.gz)
 
   install(FILES packaging/copyright ${PROJECT_BINARY_DIR}/packaging/changelog.gz
-    docs/concordance-file.md docs/index-file.md docs/settings-file.md docs/word-files.md
+    docs/concordance-file.md docs/data-formats.md docs/index-file.md docs/settings-file.md docs/word-files.md
     DESTINATION ${CMAKE_INSTALL_DOCDIR})
   install(FILES packaging/completions/quorvel-cli.bash RENAME quorvel-cli
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)

@@ -22,6 +22,7 @@ _quorvel_cli() {
   fi
   COMPREPLY=()
   case $option in
+    --format) values='text tsv json' ;;
     --encoding) values='auto utf-8 ansi' ;;
     --order) values='alphabetical frequency' ;;
     --language) values='auto en de es pt it fr all none' ;;
@@ -43,8 +44,8 @@ _quorvel_cli() {
     -e | --keywords | --extra-stop-words) return ;; # words of the user's own
   esac
   if [[ -z $values && $word == -* ]]; then
-    values='-h --help -o --output -s --settings --save-settings --index --use-index --encoding
-      --create --search -k --keywords-file -e --keywords -c --context --order
+    values='-h --help -o --output --format -s --settings --save-settings --index --use-index
+      --encoding --create --search -k --keywords-file -e --keywords -c --context --order
       --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens --no-hyphens
       --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words --language
       --extra-stop-words --answer -q --quiet --version'

@@ -5,6 +5,7 @@ _arguments -s -S \
   '(- *)'{-h,--help}'[show the options]' \
   '(- *)--version[show the version]' \
   '(-o --output)'{-o,--output=}'[the concordance or search-results file, - for standard output]:output file:_files' \
+  '--format=[the concordance, or its occurrences as rows]:format:(text tsv json)' \
   '(-s --settings)'{-s,--settings=}'[start from a settings file]:settings file:_files -g "*.(#i)lvz"' \
   '--save-settings=[save the settings and run nothing]:settings file:_files -g "*.(#i)lvz"' \
   '--index[write the words of the input to an index file]' \

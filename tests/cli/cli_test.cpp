@@ -59,13 +59,15 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"settings not to be saved", "--save-settings no/x", 1,
        "quorvel-cli: no/x: Error when attempting to save settings: No such file or directory\n"},
       {"index", "a.txt --index", 0, ""},
-      {"index not to be written", "i.txt --index", 1, "quorvel-cli: i.qvl.ndx: Is a directory\n"},
+      {"index not to be written", "i.txt --index", 1, "quorvel-cli: i.txt: i.qvl.ndx: Is a directory\n"},
       {"no such language", "a.txt --language xx", 2, "*"},
       {"rows", "a.txt --format tsv", 0, ""},
       {"rows without a folder for them", "a.txt --format json -o no/x.json", 1,
-       "quorvel-cli: a.txt: An error occurred when creating concordance file.\n"},
+       "quorvel-cli: a.txt: An error occurred when creating concordance file.\n"
+       "quorvel-cli: a.txt: no/x.json: No such file or directory\n"},
       {"rows on a full device", "a.txt -e dog --format json -o /dev/full", 1,
-       "quorvel-cli: a.txt: An error occurred when creating search results file.\n"},
+       "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
+       "quorvel-cli: a.txt: /dev/full: No space left on device\n"},
       {"rows of no words", "short.txt --format tsv", 3,
        "quorvel-cli: short.txt: No words satisfying the conditions were found.\n"},
       {"rows without counts", "a.txt --format tsv --no-frequencies", 2,
@@ -119,7 +121,7 @@ TEST(CommandLine, TakesASizeLimitForAFullDisk) {
   (void)folder.Write("a.txt", Repeated("the cat and the dog\r\n", 100));
   (void)folder.Write("a.qvl.conc.txt", "old");
   EXPECT_EQ(RunCli(folder, "a.txt --no-frequencies --language none", "ulimit -f 1;"), 1);
-  EXPECT_TRUE(folder.Read("err").ends_with("quorvel-cli: a.qvl.conc.txt: File too large\n"));
+  EXPECT_TRUE(folder.Read("err").ends_with("quorvel-cli: a.txt: a.qvl.conc.txt: File too large\n"));
   EXPECT_EQ(folder.Read("a.qvl.conc.txt"), "old");
 }
 
