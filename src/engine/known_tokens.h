@@ -16,38 +16,43 @@ struct TokenMeaning {
   static constexpr std::int32_t NO_WORD = -1;
 
   std::int32_t entry = NO_WORD;  // 0-based in the table
-  std::int32_t wordLength = 0;   // in characters
+  std::uint8_t wordLength = 0;   // in characters
+};
+
+// A token as it is looked up. One of up to eight characters is known by its ends alone, which
+// saves a look at the text.
+struct TokenKey {
+  std::uint64_t front = 0;   // its first four characters
+  std::uint64_t back = 0;    // and its last four
+  std::uint32_t begin = 0;   // 0-based in the text
+  std::uint32_t length = 0;  // in characters
+  std::uint32_t hash = 0;
 };
 
 // Belongs to one text and to the table that its words go to. Both must outlive it.
 class KnownTokens {
  public:
-  KnownTokens(std::u16string_view text, WordTable& table) : text_(text), table_(table) {}
+  KnownTokens(std::u16string_view text, WordTable& table);
 
-  // What the token at the 0-based `begin`, of `length` characters, at least MIN_WORD_LENGTH,
-  // stands for. A word that is new to the table gets an entry.
-  TokenMeaning MeaningOf(std::size_t begin, std::size_t length);
+  // The key of the token at the 0-based `begin`, of `length` characters, at least
+  // MIN_WORD_LENGTH. Has what is known of it fetched from memory: it is there when it is
+  // asked for some tokens later.
+  [[nodiscard]] TokenKey KeyOf(std::size_t begin, std::size_t length) const;
+
+  // What the token stands for. A word that is new to the table gets an entry.
+  TokenMeaning MeaningOf(const TokenKey& key);
 
  private:
-  // A spelling; one of up to eight characters is known by these three alone, which saves a
-  // look at the text.
-  struct Spelling {
-    std::uint64_t front = 0;  // its first four characters
-    std::uint64_t back = 0;   // and its last four
-    std::uint32_t length = 0;
-
-    bool operator==(const Spelling&) const = default;
-  };
-
   struct Slot {
-    Spelling spelling;        // of length 0 in a free slot
+    std::uint64_t front = 0;
+    std::uint64_t back = 0;
     std::uint32_t begin = 0;  // where it stands first
-    TokenMeaning meaning;
+    std::uint8_t length = 0;  // 0 in a free slot
+    std::uint8_t wordLength = 0;
+    std::int32_t entry = TokenMeaning::NO_WORD;
   };
 
-  [[nodiscard]] Spelling SpellingOf(std::size_t begin, std::size_t length) const;
-  [[nodiscard]] std::size_t FirstPlaceOf(const Spelling& spelling, std::size_t begin) const;
-  [[nodiscard]] bool Holds(const Slot& slot, const Spelling& spelling, std::size_t begin) const;
+  [[nodiscard]] bool Holds(const Slot& slot, const TokenKey& key) const;
   [[nodiscard]] TokenMeaning LookInto(std::u16string_view token);
   void Grow();
 

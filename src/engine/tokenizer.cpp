@@ -1,6 +1,7 @@
 #include "engine/tokenizer.h"
 
 #include <algorithm>
+#include <array>
 
 #include "engine/known_tokens.h"
 #include "engine/token_cutter.h"
@@ -26,6 +27,68 @@ std::u16string_view StripHyphens(std::u16string_view token) {
   const std::size_t last = token.find_last_not_of(u'-');
   return token.substr(first, last - first + 1);
 }
+
+// Tokens are taken some at a time: what is to be looked up for one of them comes from memory
+// while the others are cut, and the place that its word is to be recorded at while the others
+// are looked up. Waiting for each would take as long as all the rest.
+class Scan {
+ public:
+  Scan(std::u16string_view text, WordTable& table, UserInterface& ui)
+      : text_(text), table_(table), ui_(ui), bar_(ui), known_(text, table), tokens_(text) {}
+
+  // Cuts the next tokens; false when there is none, or after a stop.
+  bool CutTokens() {
+    cut_ = 0;
+    Token token;
+    // The last character is never looked at as the start of a word.
+    while (cut_ < keys_.size() && tokens_.Next(token) && token.begin + 1 < text_.size()) {
+      ui_.Yield();
+      const std::size_t length = token.end - token.begin;
+      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(token.begin, length);
+    }
+    return cut_ > 0 && !stopped_;
+  }
+
+  // Records the words that they stand for.
+  void RecordWords() {
+    std::size_t found = 0;
+    for (std::size_t i = 0; i < cut_ && !stopped_; ++i) {
+      const TokenMeaning meaning = known_.MeaningOf(keys_[i]);
+      if (meaning.entry == TokenMeaning::NO_WORD) continue;
+      const std::size_t end = keys_[i].begin + keys_[i].length;
+      const auto scanPosition = static_cast<std::int32_t>(end + (end < text_.size() ? 1 : 2));
+      occurrences_[found++] = {meaning.entry, scanPosition - meaning.wordLength};
+      __builtin_prefetch(&EntryAt(meaning.entry).positions);
+      bar_.Update(scanPosition, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
+      ui_.Yield();
+      stopped_ = ui_.StopRequested();
+    }
+    for (std::size_t i = 0; i < found; ++i) {
+      EntryAt(occurrences_[i].entry).positions.push_back(occurrences_[i].position);
+    }
+  }
+
+ private:
+  static constexpr std::size_t AT_A_TIME = 64;
+
+  struct Occurrence {
+    std::int32_t entry = 0;  // 0-based
+    std::int32_t position = 0;
+  };
+
+  WordEntry& EntryAt(std::int32_t entry) { return table_.entries[static_cast<std::size_t>(entry)]; }
+
+  std::u16string_view text_;
+  WordTable& table_;
+  UserInterface& ui_;
+  ProgressBar bar_;
+  KnownTokens known_;
+  TokenCutter tokens_;
+  std::array<TokenKey, AT_A_TIME> keys_{};
+  std::size_t cut_ = 0;
+  std::array<Occurrence, AT_A_TIME> occurrences_{};
+  bool stopped_ = false;
+};
 
 }  // namespace
 
@@ -74,24 +137,8 @@ TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
 }
 
 void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {
-  ProgressBar bar(ui);
-  KnownTokens known(text, table);
-  TokenCutter tokens(text);
-  Token token;
-  // The last character is never looked at as the start of a word.
-  while (tokens.Next(token) && token.begin + 1 < text.size()) {
-    ui.Yield();
-    if (token.end - token.begin < MIN_WORD_LENGTH) continue;
-    const TokenMeaning meaning = known.MeaningOf(token.begin, token.end - token.begin);
-    if (meaning.entry == TokenMeaning::NO_WORD) continue;
-    const auto scanPosition =
-        static_cast<std::int32_t>(token.end + (token.end < text.size() ? 1 : 2));
-    table.entries[static_cast<std::size_t>(meaning.entry)].positions.push_back(scanPosition -
-                                                                               meaning.wordLength);
-    bar.Update(scanPosition, static_cast<std::int64_t>(text.size()), PROGRESS_THRESHOLD);
-    ui.Yield();
-    if (ui.StopRequested()) return;
-  }
+  Scan scan(text, table, ui);
+  while (scan.CutTokens()) scan.RecordWords();
 }
 
 }  // namespace quorvel
