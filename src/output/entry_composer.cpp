@@ -7,6 +7,8 @@
 namespace quorvel {
 namespace {
 
+constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
+
 // Whether the two characters stand side by side anywhere in `text`.
 bool Holds(std::string_view text, char first, char second) {
   return FindPair(text, 0, first, second) < text.size();
@@ -27,19 +29,20 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputT
     outputText.append(WordLine(entry)).append(LINE_END);
     return;
   }
-  outputText.append(LINE_END).append("[").append(WordLine(entry)).append("]").append(LINE_END);
+  outputText.append(LINE_END).append("[").append(WordLine(entry)).append("]");
   GatherContexts(entry);
   const KeywordMarker marker(entry.word, pluralMarksInText_);
   const KeywordLists* lists = options_.keywords;
   const std::u16string lower = lists != nullptr ? ToLowerCase(entry.word) : std::u16string();
   if (lists == nullptr || BinarySearch(lists->fileKeywords, lower)) {
     EmitContexts(marker, nullptr, outputText);
-    return;
+  } else {
+    // A word that several patterns match has its contexts listed for each: so meant.
+    for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
+      EmitContexts(marker, &lists->extraKeywords.Keywords()[i], outputText);
+    }
   }
-  // A word that several patterns match has its contexts listed for each: so meant.
-  for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
-    EmitContexts(marker, &lists->extraKeywords.Keywords()[i], outputText);
-  }
+  outputText += LINE_END;
 }
 
 // With a keyword only the contexts that it asks for. The repeat marker is a word like any other.
@@ -50,9 +53,8 @@ void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword
     std::string_view text = context.text;
     if (context.repeats != 0) text = withMarker = TextWithMarker(context);
     if (keyword != nullptr && !WantsContext(*keyword, text)) continue;
-    outputText += "... ";
+    outputText += NEXT_CONTEXT;
     marker.MarkKeywordInContext(outputText, text);
-    outputText += LINE_END;
   }
 }
 

@@ -24,7 +24,7 @@ __m128i Equal(__m128i a, __m128i b) {
   return sizeof(Character) == 1 ? _mm_cmpeq_epi8(a, b) : _mm_cmpeq_epi16(a, b);
 }
 
-// Moves `i` on to the first pair, or to where fewer pairs are left than are looked at in
+// Moves `i` on to the first pair, or behind the last one that may be looked at with others in
 // one go; true in the first case.
 template <typename Character>
 bool SkipInLanes(std::basic_string_view<Character> text, std::size_t& i, Character first,
@@ -32,11 +32,16 @@ bool SkipInLanes(std::basic_string_view<Character> text, std::size_t& i, Charact
   constexpr std::size_t LANES = sizeof(__m128i) / sizeof(Character);
   const __m128i firsts = Lanes(first);
   const __m128i seconds = Lanes(second);
-  for (; i + LANES < text.size(); i += LANES) {
-    const Character* place = text.data() + i;
+  if (text.size() <= LANES) return false;
+  const std::size_t last = text.size() - LANES - 1;
+  // What is left at the end is looked at together with what stands before it.
+  for (std::size_t skipped = 0; i < last + LANES; i += LANES - skipped) {
+    skipped = i <= last ? 0 : i - last;
+    const Character* place = text.data() + i - skipped;
     const __m128i equal = _mm_and_si128(Equal<Character>(Load(place), firsts),
                                         Equal<Character>(Load(place + 1), seconds));
-    const auto mask = static_cast<unsigned>(_mm_movemask_epi8(equal));
+    const auto mask =
+        static_cast<unsigned>(_mm_movemask_epi8(equal)) >> (skipped * sizeof(Character));
     if (mask != 0) {
       i += static_cast<std::size_t>(std::countr_zero(mask)) / sizeof(Character);
       return true;
