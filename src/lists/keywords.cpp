@@ -122,6 +122,8 @@ std::vector<std::size_t> ExtraKeywordList::Matches(std::u16string_view lowerWord
     }
   }
   std::sort(matches.begin(), matches.end());
+  // A word that begins like a wildcard has met its patterns twice.
+  matches.erase(std::unique(matches.begin(), matches.end()), matches.end());
   return matches;
 }
 

@@ -78,6 +78,11 @@ TEST(SearchWords, AreTheFilesAndThePatterns) {
   EXPECT_EQ(lists.extraKeywords.Matches(u"harbour"), (Places{1, 3}));
   EXPECT_EQ(lists.extraKeywords.Matches(u"cat"), (Places{0, 2}));
   EXPECT_EQ(lists.extraKeywords.Matches(u"cats"), Places());
+  const ExtraKeywordList unsorted({ExtraKeywordOf(u"walk"), ExtraKeywordOf(u"*lk"),
+                                   ExtraKeywordOf(u"ant"), ExtraKeywordOf(u"dog")});
+  EXPECT_EQ(unsorted.Matches(u"walk"), (Places{0, 1}));
+  EXPECT_EQ(unsorted.Matches(u"ant"), Places{2});
+  EXPECT_EQ(unsorted.Matches(u"*lk"), Places{1});
 }
 
 }  // namespace
