@@ -34,6 +34,8 @@ TEST(WordFiles, GiveTheirWords) {
               {"LF inside a line", "the\na\r\nan\r\n", "an|the\na|", "an|"},
               {"control characters around lines", "\t the\x01\r\n\x1F\r\n", "the|", "the|"},
               {"a tab separates nothing", "the\ta an\r\n", "an|the\ta|", "an|"},
+              {"any order", "walk\r\nant\r\ncat\r\n", "ant|cat|walk|", "ant|cat|walk|"},
+              {"words behind a block", "/* a\r\nb */\r\nc\r\n", "c|", "c|"},
               {"duplicates stay", "the\r\nThe\r\nthe\r\n", "The|the|the|", "the|the|the|"},
               {"comments only", "/* a\r\nb */\r\n/* c */\r\n\r\n", "", ""},
               {"one-line comment", "a1\r\n/* note */\r\nbc\r\n", "a1|bc|", "bc|"},

@@ -198,10 +198,15 @@ TEST(IndexFile, BadBytesNeverChangeAListing) {
     EXPECT_TRUE(isOfScan(*table)) << changed;
   }
   EXPECT_GT(accepted, 100);  // the frequency links, which are made anew, may say what they like
-  for (const char* head :
+  const std::string head = "\r\n\r\n 1 \r\n 2 \r\n 1 \r\nthe*0*3*0*";
+  EXPECT_TRUE(TableOfIndexFile(head + "043259"));
+  for (const char* places : {"043232", "325932", "003259"}) {
+    EXPECT_FALSE(TableOfIndexFile(head + places)) << places;
+  }
+  for (const char* numbers :
        {"\r\n 1000000 \r\n", "\r\n -1 \r\n", "\r\n 99999999999 \r\n", "\r\n\r\n"}) {
     EXPECT_FALSE(
-        TableOfIndexFile(bytes.substr(0, 50) + head + bytes.substr(bytes.find("\r\n", 52) + 2)));
+        TableOfIndexFile(bytes.substr(0, 50) + numbers + bytes.substr(bytes.find("\r\n", 52) + 2)));
   }
 }
 
