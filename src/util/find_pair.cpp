@@ -32,21 +32,24 @@ bool SkipInLanes(std::basic_string_view<Character> text, std::size_t& i, Charact
   constexpr std::size_t LANES = sizeof(__m128i) / sizeof(Character);
   const __m128i firsts = Lanes(first);
   const __m128i seconds = Lanes(second);
-  if (text.size() <= LANES) return false;
-  const std::size_t last = text.size() - LANES - 1;
-  // What is left at the end is looked at together with what stands before it.
-  for (std::size_t skipped = 0; i < last + LANES; i += LANES - skipped) {
-    skipped = i <= last ? 0 : i - last;
+  // Whether pairs begin at `i` and the places behind it: those at the `skipped` places before
+  // it are looked at, too, but do not count.
+  const auto look = [&](std::size_t skipped) {
     const Character* place = text.data() + i - skipped;
     const __m128i equal = _mm_and_si128(Equal<Character>(Load(place), firsts),
                                         Equal<Character>(Load(place + 1), seconds));
-    const auto mask =
-        static_cast<unsigned>(_mm_movemask_epi8(equal)) >> (skipped * sizeof(Character));
-    if (mask != 0) {
-      i += static_cast<std::size_t>(std::countr_zero(mask)) / sizeof(Character);
-      return true;
-    }
+    const auto mask = static_cast<unsigned>(_mm_movemask_epi8(equal));
+    const unsigned found = mask >> (skipped * sizeof(Character));
+    if (found != 0) i += static_cast<std::size_t>(std::countr_zero(found)) / sizeof(Character);
+    return found != 0;
+  };
+  for (; i + LANES < text.size(); i += LANES) {
+    if (look(0)) return true;
   }
+  // The end is looked at together with what stands before it.
+  if (i + 1 >= text.size() || text.size() <= LANES) return false;
+  if (look(i + LANES + 1 - text.size())) return true;
+  i = text.size() - 1;
   return false;
 }
 #else
