@@ -1,4 +1,4 @@
-// Documents that are not plain text: 20 MB of a body's XML and of a web page, each
+// Documents that are not plain text: 2 and 20 MB of a body's XML and of a web page, the body
 // beside a plain copy of the same bytes.
 #include <benchmark/benchmark.h>
 
@@ -12,23 +12,22 @@
 namespace quorvel {
 namespace {
 
-constexpr std::size_t DOCUMENT_LENGTH = 20000000;
-
-// The part again and again behind the beginning, up to DOCUMENT_LENGTH bytes.
-std::string Filled(std::string text, std::string_view part) {
-  while (text.size() < DOCUMENT_LENGTH) text += part;
+// The part again and again behind the beginning, up to as many bytes as the benchmark's argument
+// says.
+std::string Filled(const benchmark::State& state, std::string text, std::string_view part) {
+  while (std::ssize(text) < state.range(0)) text += part;
   return text;
 }
 
-std::string Body() {
-  return Filled("<w:document><w:body>",
+std::string Body(const benchmark::State& state) {
+  return Filled(state, "<w:document><w:body>",
                 "<w:p><w:pPr><w:rPr/></w:pPr><w:r><w:rPr><w:lang w:val=\"fr-FR\"/></w:rPr>"
                 "<w:t xml:space=\"preserve\">The lamp of the caf\xC3\xA9 is lit, and </w:t></w:r>"
                 "<w:r><w:t>whoever is still on the water</w:t></w:r></w:p>");
 }
 
-std::string Page(std::string_view part) {
-  return Filled("<!DOCTYPE html><html><head></head><body>", part);
+std::string Page(const benchmark::State& state, std::string_view part) {
+  return Filled(state, "<!DOCTYPE html><html><head></head><body>", part);
 }
 
 void Copy(benchmark::State& state, const std::string& document) {
@@ -39,10 +38,10 @@ void Copy(benchmark::State& state, const std::string& document) {
   state.SetBytesProcessed(state.iterations() * std::ssize(document));
 }
 
-void CopyBody(benchmark::State& state) { Copy(state, Body()); }
+void CopyBody(benchmark::State& state) { Copy(state, Body(state)); }
 
 void ReadBody(benchmark::State& state) {
-  const std::string body = Body();
+  const std::string body = Body(state);
   SilentInterface ui;
   for (auto _ : state) {
     const DocumentRuns runs = ReadDocumentRuns(body, ui);
@@ -53,7 +52,7 @@ void ReadBody(benchmark::State& state) {
 
 // The copy that each round begins with is counted too.
 void PreparePage(benchmark::State& state, std::string_view part) {
-  const std::string page = Page(part);
+  const std::string page = Page(state, part);
   SilentInterface ui;
   for (auto _ : state) {
     std::string text = page;
@@ -63,14 +62,18 @@ void PreparePage(benchmark::State& state, std::string_view part) {
   state.SetBytesProcessed(state.iterations() * std::ssize(page));
 }
 
-BENCHMARK(CopyBody)->Unit(benchmark::kMillisecond);
-BENCHMARK(ReadBody)->Unit(benchmark::kMillisecond);
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(2000000)->Arg(20000000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(CopyBody)->Apply(Sizes);
+BENCHMARK(ReadBody)->Apply(Sizes);
+// Four tags in 47 bytes, so that there are 1,700,000 of them in 20 MB.
 BENCHMARK_CAPTURE(PreparePage, prose, "<p>the lamp is <b>lit</b> and <i>whoever</i></p>")
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(PreparePage, entities, "<p>&eacute;t&eacute; &nope; &amp; </p>")
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(PreparePage, unclosedTags, "a line < and ")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(PreparePage, nestedLists, "<ul><li>one")->Unit(benchmark::kMillisecond);
+    ->Apply(Sizes);
+BENCHMARK_CAPTURE(PreparePage, entities, "<p>&eacute;t&eacute; &nope; &amp; </p>")->Apply(Sizes);
+BENCHMARK_CAPTURE(PreparePage, unclosedTags, "a line < and ")->Apply(Sizes);
+BENCHMARK_CAPTURE(PreparePage, nestedLists, "<ul><li>one")->Apply(Sizes);
 
 }  // namespace
 }  // namespace quorvel

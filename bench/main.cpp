@@ -1,7 +1,8 @@
-// quorvel_bench: the benchmarks, or a generated text.
+// quorvel_bench: the benchmarks, a generated text, or the least that a concordance can cost.
 //
 //   quorvel_bench [OPTION...]                   as Google Benchmark has it
 //   quorvel_bench text LENGTH VOCABULARY SEED   writes a text to standard output
+//   quorvel_bench floor INPUT OUTPUT            see floor.h
 
 #include <benchmark/benchmark.h>
 
@@ -9,6 +10,7 @@
 #include <exception>
 #include <string>
 
+#include "floor.h"
 #include "generated_text.h"
 
 namespace {
@@ -26,6 +28,10 @@ int main(int argumentCount, char** arguments) try {
   constexpr int TEXT_ARGUMENTS = 5;
   if (argumentCount == TEXT_ARGUMENTS && std::string(arguments[1]) == "text") {
     return WriteText(arguments + 2);
+  }
+  constexpr int FLOOR_ARGUMENTS = 4;
+  if (argumentCount == FLOOR_ARGUMENTS && std::string(arguments[1]) == "floor") {
+    return quorvel::WriteFloor(arguments[2], arguments[3]) ? 0 : 1;
   }
   benchmark::Initialize(&argumentCount, arguments);
   if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) return 1;
