@@ -172,7 +172,7 @@ FileClass ClassifyTextFile(const std::string& path, std::uint64_t examineLimit,
       return {static_cast<FileKind>(encoding), false};
   }
   const FileRead part = ReadFileBytes(path, examineLimit);
-  if (!part.error.empty()) return {FileKind::unreadable, false};
+  if (!part.error.empty()) return {FileKind::notText, false};
   if (part.bytes.empty()) return {FileKind::empty, false};
   return {KindByLineEnds(part.bytes), false};
 }

@@ -93,6 +93,8 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
        "quorvel-cli: a.log: This program acts only on text files, Word DOCX files and HTML "
        "files.\n"},
       {"pipe", "pipe.txt", 1, "quorvel-cli: File pipe.txt is a device or a pipe, not a file.\n"},
+      {"full standard output", "a.txt -o - </dev/null >/dev/full 2>err #", 1,
+       "quorvel-cli: a.txt: An error occurred when writing to standard output.\n"},
       {"nothing found", "short.txt", 3,
        "quorvel-cli: short.txt: No words satisfying the conditions were found.\n"},
       {"full device", "a.txt -o /dev/full", 1,

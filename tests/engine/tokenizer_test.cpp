@@ -8,6 +8,7 @@
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_interface.h"
+#include "util/ansi.h"
 
 namespace quorvel {
 namespace {
@@ -108,6 +109,20 @@ TEST(Tokenizer, StopsAfterTheWordAtHand) {
   ScriptedInterface ui;
   ui.RequestStop();
   EXPECT_EQ(WordsInTextOrder(ScanText(u"on . harbour house", {}, ui).table), u"harbour@6");
+}
+
+// More words than the look-up by spelling has room for at first.
+TEST(WordTable, HoldsManyWordsOnceEach) {
+  WordTable table;
+  const auto wordOf = [](std::int32_t n) { return Text(u"w") + DecodeAnsi(std::to_string(n)); };
+  for (const std::int32_t offset : {1, 2}) {
+    for (std::int32_t n = 0; n < 20000; ++n) AddWordToList(table, wordOf(n), offset);
+  }
+  ASSERT_EQ(table.WordCount(), 20000);
+  for (std::int32_t n = 0; n < 20000; ++n) {
+    const WordEntry& entry = table.entries[static_cast<std::size_t>(n)];
+    EXPECT_TRUE(entry.word == wordOf(n) && entry.Count() == 2) << n;
+  }
 }
 
 TEST(WordTable, PositionWidthByLogarithms) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <new>
 
 #include "naive/places.h"
 #include "output/digest.h"
@@ -188,6 +189,24 @@ TEST(RunDriver, StopsWhereTheUserWants) {
     EXPECT_TRUE(run.Entries().starts_with("[harbour 2]\r\n"));
     EXPECT_EQ(run.Entries().find("[now"), std::string::npos);
   }
+}
+
+// Has no more memory from the third yield on.
+struct FullMemory : ScriptedInterface {
+  void YieldNow() override {
+    if (++yields >= 3) throw std::bad_alloc();
+  }
+};
+
+TEST(RunDriver, EndsWithoutMemoryAndCanGoOn) {
+  TestRun run("the cat and the dog\r\n");
+  (void)run.folder.Write("out.txt", "old");
+  FullMemory full;
+  EXPECT_EQ(RunConcordance(run.state, full), RunOutcome::failed);
+  EXPECT_EQ(full.Said(), "Quorvel: There is not enough memory for this input file.\n");
+  EXPECT_EQ(run.folder.Read("out.txt"), "old");
+  EXPECT_EQ(run.folder.Count(), 2);
+  EXPECT_EQ(run.Go(), RunOutcome::done);
 }
 
 TEST(RunDriver, SendsTheBytesWhereTheSinkSays) {

@@ -114,6 +114,13 @@ TEST(StopWordChoice, FollowsTheInput) {
   EraseStopWords(run.state.lists.stopWords);
   ChooseStopWords(run.state, run.ui);
   EXPECT_EQ(run.settings.stopWordsFile, StopWordsPath(LANGUAGES.front()));
+  run.settings.inputFile = "/proc/self/mem";  // its reading fails
+  run.settings.stopWordsFile.clear();
+  run.ui.questions.clear();
+  ChooseStopWords(run.state, run.ui);
+  EXPECT_EQ(run.ui.questions.at(0).text,
+            "No stop words file is set.\r\nDo you wish to use the English list?");
+  EXPECT_EQ(run.settings.stopWordsFile, StopWordsPath(LANGUAGES.front()));
 }
 
 }  // namespace
