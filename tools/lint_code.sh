@@ -24,7 +24,7 @@ for folder in $(find src tests bench -name '*.cpp' -printf '%h\n' | sort -u); do
   sources=("$root/$folder"/*.cpp)
   mkdir -p "$units/$folder"
   printf '#include "%s"\n' "${sources[@]}" >"$units/$folder/all.cpp"
-  compile_command "${sources[0]}" "$units/$folder/all.cpp"
+  compile_command "${sources[-1]}" "$units/$folder/all.cpp"
 done >"$units/commands"
 find fuzz tools -name '*.cpp' | while read -r source; do
   compile_command "$root/$source" "$root/$source"

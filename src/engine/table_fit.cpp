@@ -81,6 +81,14 @@ class Spelling {
   std::uint64_t mask_ = 0;
 };
 
+// Has the text at the first and the last place fetched from memory: words in alphabetical order
+// stand all over it.
+void PrefetchEnds(const std::vector<std::int32_t>& positions, std::u16string_view text) {
+  for (const std::int32_t position : {positions.front(), positions.back()}) {
+    __builtin_prefetch(text.data() + std::min(static_cast<std::size_t>(position), text.size()));
+  }
+}
+
 bool WordFits(const WordEntry& entry, std::u16string_view text) {
   constexpr std::size_t AHEAD = 8;
   const std::vector<std::int32_t>& positions = entry.positions;
@@ -112,9 +120,12 @@ bool HoldsWord(std::u16string_view text, std::size_t position) {
 }  // namespace
 
 bool TableFitsText(const WordTable& table, std::u16string_view text) {
+  constexpr std::size_t AHEAD = 16;
   if (table.positionWidth != PositionWidth(text.size())) return false;
   std::size_t lastEnd = 1;
-  for (const WordEntry& entry : table.entries) {
+  for (std::size_t i = 0; i < table.entries.size(); ++i) {
+    if (i + AHEAD < table.entries.size()) PrefetchEnds(table.entries[i + AHEAD].positions, text);
+    const WordEntry& entry = table.entries[i];
     if (!MayBeScanned(entry.word) || !WordFits(entry, text)) return false;
     const auto last = static_cast<std::size_t>(entry.positions.back());
     lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));

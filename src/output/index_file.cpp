@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -72,24 +74,52 @@ class LineReader {
   std::string_view rest_;
 };
 
+// The number in the last `width` of the eight characters before `end`, most of them at a time;
+// nothing unless these are digits.
+std::optional<std::int64_t> ShortNumberBefore(const char* end, std::size_t width) {
+  constexpr std::uint64_t ZEROS = 0x3030303030303030U;
+  constexpr std::uint64_t HIGH_HALVES = 0xF0F0F0F0F0F0F0F0U;
+  constexpr std::uint64_t PAIRS = 0x000000FF000000FFU;
+  std::uint64_t digits = 0;  // the first one in the lowest byte
+  std::memcpy(&digits, end - sizeof(digits), sizeof(digits));
+  const std::uint64_t wanted = ~std::uint64_t{0} << (8 * (sizeof(digits) - width));
+  digits = (digits & wanted) | (ZEROS & ~wanted);
+  const std::uint64_t upToFifteen = digits + 0x0606060606060606U;  // another high half above "9"
+  if ((digits & HIGH_HALVES) != ZEROS || (upToFifteen & HIGH_HALVES) != ZEROS) return std::nullopt;
+  digits -= ZEROS;
+  digits = digits * 10 + (digits >> 8U);
+  const std::uint64_t hundreds = (digits & PAIRS) * (100 + (std::uint64_t{1000000} << 32U));
+  const std::uint64_t ones = ((digits >> 16U) & PAIRS) * (1 + (std::uint64_t{10000} << 32U));
+  return static_cast<std::int64_t>((hundreds + ones) >> 32U);
+}
+
+// The number in the `width` characters before `end`. At least eight characters of the file stand
+// before it.
+std::optional<std::int64_t> NumberBefore(const char* end, std::size_t width) {
+  if (std::endian::native == std::endian::little && width <= sizeof(std::uint64_t)) {
+    return ShortNumberBefore(end, width);
+  }
+  std::int64_t number = 0;
+  for (const char* digit = end - width; digit < end; ++digit) {
+    if (*digit < '0' || *digit > '9') return std::nullopt;
+    number = number * 10 + (*digit - '0');
+  }
+  return number;
+}
+
 // The places in fixed-width fields; false unless they are `count` ascending numbers from 1 on.
 bool ReadPositions(std::string_view fields, std::int32_t count, int width,
                    std::vector<std::int32_t>& positions) {
   const auto fieldWidth = static_cast<std::size_t>(width);
   if (fields.size() != static_cast<std::size_t>(count) * fieldWidth) return false;
-  positions.resize(static_cast<std::size_t>(count));
+  positions.reserve(static_cast<std::size_t>(count));
   std::int64_t last = 0;
-  const char* digit = fields.data();
-  for (std::int32_t& position : positions) {
-    std::int64_t number = 0;
-    for (std::size_t i = 0; i < fieldWidth; ++i, ++digit) {
-      const auto value = static_cast<std::uint8_t>(*digit - '0');
-      if (value > 9) return false;
-      number = number * 10 + value;
-    }
-    if (number <= last || number > LARGEST_NUMBER) return false;
-    position = static_cast<std::int32_t>(number);
-    last = number;
+  for (const char* end = fields.data(); end < fields.data() + fields.size();) {
+    end += fieldWidth;
+    const std::optional<std::int64_t> number = NumberBefore(end, fieldWidth);
+    if (!number || *number <= last || *number > LARGEST_NUMBER) return false;
+    positions.push_back(static_cast<std::int32_t>(*number));
+    last = *number;
   }
   return true;
 }
