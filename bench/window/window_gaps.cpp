@@ -168,7 +168,8 @@ void MeasureYields(MainWindow& window, const std::string& input) {
   ConcordanceSettings& settings = state.settings;
   settings.inputFile = input;
   settings.outputFile = DefaultConcordanceFileName(input);
-  settings.stopWordsFile = StopWordsPath(RecognizeInputLanguage(input));
+  settings.stopWordsFile =
+      StopWordsPath(RecognizeInputLanguage(input, nobody).value_or(LANGUAGES.front()));
   if (!ReadStopWordsFile(settings.stopWordsFile, state.lists.stopWords, nobody)) return;
   const auto run = [&state](UserInterface& listener) {
     const double start = ProcessorTime();

@@ -15,7 +15,7 @@ namespace quorvel {
 namespace {
 
 using Text = std::u16string;
-using Row = std::vector<Text>;  // its fields
+using TableRow = std::vector<Text>;  // its fields
 enum Column { WORD, KEY, COUNT, LEFT, MATCH, RIGHT, POSITION, COLUMNS };
 
 std::string Table(RunState& state, OutputFormat format) {
@@ -42,24 +42,24 @@ std::vector<Text> Split(const Text& text, char16_t by) {
   return parts;
 }
 
-std::vector<Row> RowsOf(RunState& state) {
-  std::vector<Row> rows;
+std::vector<TableRow> RowsOf(RunState& state) {
+  std::vector<TableRow> rows;
   for (const Text& line : Split(DecodeUtf8(Table(state, OutputFormat::tsv)), u'\n')) {
     rows.push_back(Split(line, u'\t'));
   }
-  EXPECT_EQ(rows.back(), Row{Text()});  // the table ends with a line end
+  EXPECT_EQ(rows.back(), TableRow{Text()});  // the table ends with a line end
   rows.pop_back();
   rows.erase(rows.begin());
   return rows;
 }
 
-Text ContextOf(const Row& row) { return row[LEFT] + row[MATCH] + row[RIGHT]; }
+Text ContextOf(const TableRow& row) { return row[LEFT] + row[MATCH] + row[RIGHT]; }
 
 // The listing, made anew of the rows; each row is looked at by itself on the way.
-Text ListingOf(const std::vector<Row>& rows, const RunState& state) {
+Text ListingOf(const std::vector<TableRow>& rows, const RunState& state) {
   Text listing;
   for (std::size_t i = 0; i < rows.size();) {
-    const Row& first = rows[i];
+    const TableRow& first = rows[i];
     std::vector<Text> contexts;
     for (; i < rows.size() && rows[i][WORD] == first[WORD]; ++i) {
       EXPECT_EQ(rows[i].size(), COLUMNS);
@@ -108,7 +108,7 @@ TEST(OccurrenceRows, GroupedMergedAndMarkedAreTheListing) {
 }
 
 // Whether a search for the keywords finds the occurrence.
-bool IsFound(const Row& row, const KeywordLists& lists) {
+bool IsFound(const TableRow& row, const KeywordLists& lists) {
   const Text word = ToLowerCase(row[WORD]);
   if (BinarySearch(lists.fileKeywords, word)) return true;
   const Text context = ToLowerCase(ContextOf(row));
@@ -138,7 +138,7 @@ TEST(OccurrenceRows, OfASearchAreThoseThatAnyKeywordFinds) {
         ScanText(Padded(RandomText<Text>({u"cat ", u"dogs ", u"dog, ", u"sea ", u"\u00c9t\u00e9 "},
                                          40, random)),
                  settings, ui);
-    std::vector<Row> expected = RowsOf(state);
+    std::vector<TableRow> expected = RowsOf(state);
     const std::size_t all = expected.size();
     std::vector<ExtraKeyword> typed;
     typed.reserve(3);
@@ -150,7 +150,8 @@ TEST(OccurrenceRows, OfASearchAreThoseThatAnyKeywordFinds) {
     state.settings.mode = Mode::search;
     ApplyAdmissionFilters(state.table, state.settings, state.lists);
     CountIncludedWords(state.table);
-    std::erase_if(expected, [&](const Row& row) { return !IsFound(row, state.lists.keywords); });
+    std::erase_if(expected,
+                  [&](const TableRow& row) { return !IsFound(row, state.lists.keywords); });
     EXPECT_EQ(RowsOf(state), expected) << round;
     found += expected.size();
     notFound += all - expected.size();
