@@ -275,6 +275,9 @@ TEST(Faults, LoseNothing) {
     EXPECT_GT(desk.Operations().size(), 10U) << scenario.name;
     for (std::size_t n = 0; n < desk.Operations().size(); ++n) {
       const Operation& operation = desk.Operations()[n];
+      if (operation.name == "rename" && operation.path.find("/tmp/QVL") == std::string::npos) {
+        EXPECT_EQ(desk.Operations()[n - 2].name, "fsync") << "before " << operation.path;
+      }
       for (const std::string& kind : KindsOf(operation, n)) {
         const Ending ending = desk.Run(std::to_string(n + 1) + " " + kind);
         EXPECT_EQ(Complaint(desk, operation, kind, ending), "")

@@ -168,6 +168,16 @@ TEST(IndexFile, NoticesAChangedInput) {
   }
 }
 
+TEST(IndexFile, ReadsTheTextAnewInAnotherEncoding) {
+  TestRun run("caf\xC3\xA9 bar caf\xC3\xA9 zz\r\n");
+  run.settings.createIndexFile = true;
+  run.settings.contextSize = 0;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  run.settings.inputIsUtf8 = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_EQ(run.Entries(), "bar 1\r\ncaf\xE9 2\r\n\r\n");
+}
+
 TEST(IndexFile, BadBytesNeverChangeAListing) {
   TestRun run(std::string(SENTENCE) + "all the dogs of the house\r\n");
   run.settings.createIndexFile = true;
@@ -200,6 +210,7 @@ TEST(IndexFile, BadBytesNeverChangeAListing) {
   EXPECT_GT(accepted, 100);  // the frequency links, which are made anew, may say what they like
   const std::string head = "\r\n\r\n 1 \r\n 2 \r\n 1 \r\nthe*0*3*0*";
   EXPECT_TRUE(TableOfIndexFile(head + "043259"));
+  EXPECT_FALSE(TableOfIndexFile("\r\n\r\n 1 \r\n 2 \r\n 1 \r\nthe*0*0*0*"));
   for (const char* places : {"043232", "325932", "003259"}) {
     EXPECT_FALSE(TableOfIndexFile(head + places)) << places;
   }

@@ -185,10 +185,19 @@ TEST(RunDriver, StopsWhereTheUserWants) {
     EXPECT_EQ(run.Go(), yield == 12 ? RunOutcome::done : RunOutcome::stopped);
     EXPECT_TRUE(run.ui.output.ends_with(lastLine)) << run.ui.output;
     EXPECT_EQ(run.folder.Count(), yield > 4 ? 2 : 1);
-    if (yield != 5) continue;
-    EXPECT_TRUE(run.Entries().starts_with("[harbour 2]\r\n"));
-    EXPECT_EQ(run.Entries().find("[now"), std::string::npos);
+    if (yield == 5) {
+      EXPECT_TRUE(run.Entries().starts_with("[harbour 2]\r\n"));
+      EXPECT_EQ(run.Entries().find("[now"), std::string::npos);
+    }
+    EXPECT_EQ(run.Go(), RunOutcome::done);
   }
+}
+
+TEST(RunDriver, ListsTheMostFrequentWordAndAsksOnlyBeforeReplacing) {
+  TestRun run(Repeated("word ", 32767));
+  run.settings.warnOnOverwrite = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_EQ(run.ui.Said(), "");
 }
 
 // Has no more memory from the third yield on.

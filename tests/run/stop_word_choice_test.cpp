@@ -81,6 +81,7 @@ TEST(LanguageRecognition, GoesByTheBeginningOfTheText) {
       {"", "en"},
       {filler + french + french, "en"},
       {german + filler + french + french, "de"},
+      {"<html><head></head><body>" + german + filler + french + french, "de"},
       {"<html><head><title>This is what you and they have been at</title></head><body "
        "class=\"the\">"
        "<p for=\"him\">" +
