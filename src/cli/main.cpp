@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "cli/options.h"
+#include "cli/platform.h"
 #include "cli/terminal_interface.h"
 #include "cli/word_lists.h"
 #include "engine/run_state.h"
@@ -11,11 +12,6 @@
 #include "output/index_file.h"
 #include "run/run_driver.h"
 #include "settings/settings_file.h"
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#endif
 
 namespace quorvel {
 namespace {
@@ -78,9 +74,7 @@ int Run(const CommandLine& commandLine) {
   state.outputFormat = commandLine.format;
   state.encodingChoice = commandLine.encodingChoice;
   if (commandLine.toStandardOutput) {
-#ifdef _WIN32
-    _setmode(_fileno(stdout), _O_BINARY);
-#endif
+    LetStandardOutputBeBytes();
     state.outputSink = WriteToStandardOutput;
   }
   // The list of the input's own language is no news.
@@ -106,7 +100,9 @@ int Run(const CommandLine& commandLine) {
 
 int main(int argumentCount, char** arguments) try {
   quorvel::LetOversizedWritesFail();
-  const quorvel::CommandLine commandLine = quorvel::ReadCommandLine(argumentCount, arguments);
+  quorvel::PrepareTerminal();
+  const quorvel::CommandLine commandLine =
+      quorvel::ReadCommandLine(quorvel::ProgramArguments(argumentCount, arguments));
   return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);
 } catch (const quorvel::EndRequested& request) {
   quorvel::EndBySignal(request.signal);

@@ -248,9 +248,10 @@ void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& co
 }
 
 // Parses the arguments into `commandLine`, over what it holds already.
-void Parse(int argumentCount, const char* const* arguments, CommandLine& commandLine,
-           RawOptions& raw) {
+void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, RawOptions& raw) {
   CLI::App app(DESCRIPTION, "quorvel-cli");
+  // A path may begin with "/" on Windows too.
+  app.allow_windows_style_options(false);
   app.footer(EXIT_STATUS);
   AddFileOptions(app, commandLine, raw);
   AddSearchOptions(app, commandLine.settings, raw);
@@ -258,7 +259,8 @@ void Parse(int argumentCount, const char* const* arguments, CommandLine& command
   AddWordOptions(app, commandLine, raw);
   AddDialogOptions(app, commandLine, raw);
   try {
-    app.parse(argumentCount, arguments);
+    // The last one first: so the library wants them.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     CheckOptions(app, commandLine);
     ApplyRawOptions(app, raw, commandLine);
   } catch (const CLI::CallForHelp&) {
@@ -276,10 +278,10 @@ void Parse(int argumentCount, const char* const* arguments, CommandLine& command
 
 }  // namespace
 
-CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
+CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   CommandLine commandLine;
   RawOptions raw;
-  Parse(argumentCount, arguments, commandLine, raw);
+  Parse(arguments, commandLine, raw);
   if (commandLine.exitStatus || raw.settingsFile.empty()) return commandLine;
   CommandLine withSettings;
   const RestoredState restored = RestoreSavedState(withSettings.settings, raw.settingsFile, false);
@@ -289,7 +291,7 @@ CommandLine ReadCommandLine(int argumentCount, const char* const* arguments) {
     return withSettings;
   }
   raw = {};
-  Parse(argumentCount, arguments, withSettings, raw);
+  Parse(arguments, withSettings, raw);
   return withSettings;
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "cli/terminal_interface.h"
 #include "engine/run_state.h"
@@ -26,7 +27,7 @@ struct CommandLine {
   std::optional<int> exitStatus;
 };
 
-// Reads the arguments of the program; prints the help or what is wrong with them.
-[[nodiscard]] CommandLine ReadCommandLine(int argumentCount, const char* const* arguments);
+// Reads the arguments of the program, without its name; prints the help or what is wrong with them.
+[[nodiscard]] CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace quorvel

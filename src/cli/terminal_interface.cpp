@@ -1,11 +1,11 @@
 #include "cli/terminal_interface.h"
 
-#include <unistd.h>
-
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <utility>
+
+#include "cli/platform.h"
 
 namespace quorvel {
 namespace {
@@ -18,23 +18,6 @@ void NoteSignal(int signal) {
   interrupted = signal;
   std::signal(signal, SIG_DFL);
 }
-
-#ifdef _WIN32
-void NoteOnce(int signal) { std::signal(signal, NoteSignal); }
-#else
-// A question that waits for an answer is broken off too. What the caller has set to be
-// ignored (nohup) stays so.
-void NoteOnce(int signal) {
-  struct sigaction action = {};
-  ::sigaction(signal, nullptr, &action);
-  if (action.sa_handler == SIG_IGN) return;
-  action = {};
-  action.sa_handler = NoteSignal;
-  ::sigaction(signal, &action, nullptr);
-}
-#endif
-
-bool IsTerminal(int handle) { return ::isatty(handle) != 0; }
 
 // The text with the line ends that a terminal wants.
 std::string TerminalText(std::string_view text) {
@@ -85,7 +68,7 @@ TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool qu
     : policy_(policy),
       quiet_(quiet),
       inputFile_(std::move(inputFile)),
-      showsProgress_(!quiet && IsTerminal(STDERR_FILENO)) {}
+      showsProgress_(!quiet && IsTerminal(Stream::error)) {}
 
 void TerminalInterface::AppendOutput(std::string_view text) {
   if (!showsProgress_) return;
@@ -112,7 +95,7 @@ Answer TerminalInterface::Ask(const Message& message) {
   }
   if (isMessage) return Answer::ok;
   if (policy_) return AnswerBy(*policy_, message);
-  const bool canAsk = IsTerminal(STDIN_FILENO) && IsTerminal(STDERR_FILENO);
+  const bool canAsk = IsTerminal(Stream::input) && IsTerminal(Stream::error);
   return canAsk ? AskAtTerminal(message) : message.preset;
 }
 
@@ -148,13 +131,7 @@ void TerminalInterface::ClearBar() {
   barShown_ = false;
 }
 
-void StopOnSignals() {
-  NoteOnce(SIGINT);
-  NoteOnce(SIGTERM);
-#ifndef _WIN32
-  NoteOnce(SIGHUP);
-#endif
-}
+void StopOnSignals() { CatchSignals(NoteSignal); }
 
 void EndBySignal(int signal) {
   std::signal(signal, SIG_DFL);

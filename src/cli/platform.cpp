@@ -1,0 +1,80 @@
+#include "cli/platform.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+// The headers of Windows want to be included in this order.
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+
+#include <filesystem>
+#else
+#include <unistd.h>
+#endif
+
+namespace quorvel {
+
+#ifdef _WIN32
+// What main() is given has lost all characters beyond the code page of the system.
+std::vector<std::string> ProgramArguments(int /*argumentCount*/, char** /*arguments*/) {
+  int count = 0;
+  wchar_t** const wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+  std::vector<std::string> result;
+  for (int i = 1; wide != nullptr && i < count; ++i) {
+    const std::u8string text = std::filesystem::path(wide[i]).u8string();
+    result.emplace_back(text.begin(), text.end());
+  }
+  ::LocalFree(wide);
+  return result;
+}
+
+// The console outlives the program and belongs to the programs that come after it too.
+void PrepareTerminal() {
+  static const unsigned codePage = ::GetConsoleOutputCP();
+  if (codePage == 0 || !::SetConsoleOutputCP(CP_UTF8)) return;
+  std::atexit([] { ::SetConsoleOutputCP(codePage); });
+}
+
+void LetStandardOutputBeBytes() { ::_setmode(_fileno(stdout), _O_BINARY); }
+
+// Other devices, such as NUL, have no console mode.
+bool IsTerminal(Stream stream) {
+  unsigned long mode = 0;
+  const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(static_cast<int>(stream)));
+  return ::GetConsoleMode(handle, &mode) != 0;
+}
+
+void CatchSignals(void (*handle)(int)) {
+  for (const int signal : {SIGINT, SIGTERM, SIGBREAK}) std::signal(signal, handle);
+}
+#else
+std::vector<std::string> ProgramArguments(int argumentCount, char** arguments) {
+  return {arguments + std::min(argumentCount, 1), arguments + argumentCount};
+}
+
+void PrepareTerminal() {}
+
+void LetStandardOutputBeBytes() {}
+
+bool IsTerminal(Stream stream) { return ::isatty(static_cast<int>(stream)) != 0; }
+
+void CatchSignals(void (*handle)(int)) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction action = {};
+    ::sigaction(signal, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) continue;
+    action = {};
+    action.sa_handler = handle;
+    ::sigaction(signal, &action, nullptr);
+  }
+}
+#endif
+
+}  // namespace quorvel
