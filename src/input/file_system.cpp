@@ -28,9 +28,8 @@ namespace fs = std::filesystem;
 // One read or write call moves at most this many bytes: a size every platform takes.
 constexpr std::size_t LARGEST_TRANSFER = std::size_t{1} << 30U;
 
-std::string SystemMessage(int errorNumber) {
-  return std::error_code(errorNumber, std::generic_category()).message();
-}
+// The number that `errno` would have, whatever the system's own is.
+int NumberOf(const std::error_code& error) { return error.default_error_condition().value(); }
 
 #ifdef _WIN32
 fs::path ToPath(const std::string& path) {
@@ -63,19 +62,72 @@ FolderMaking MakeFolderOfOwner(const fs::path& path) {
   return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
 }
 
+// A file that another program keeps to itself is no matter of rights: EBUSY stands for it here.
+bool IsSharingFault(unsigned long systemError) {
+  return systemError == ERROR_SHARING_VIOLATION || systemError == ERROR_LOCK_VIOLATION;
+}
+
+std::string SystemMessage(int errorNumber) {
+  if (errorNumber == EBUSY) return "The file is open in another program";
+  return std::error_code(errorNumber, std::generic_category()).message();
+}
+
 int OpenFile(const fs::path& path, int flags, bool /*private*/ = false) {
-  return _wopen(path.c_str(), flags | O_BINARY, 0666);
+  const int handle = _wopen(path.c_str(), flags | O_BINARY | O_NOINHERIT, 0666);
+  if (handle < 0 && errno == EACCES) {
+    std::error_code error;
+    const int number = IsSharingFault(_doserrno) ? EBUSY : EACCES;
+    errno = fs::is_directory(path, error) ? EISDIR : number;
+  }
+  return handle;
 }
 
 int SyncFile(int handle) { return ::_commit(handle); }
 
-bool IsWritable(const fs::path& path) { return _waccess(path.c_str(), W_OK) == 0; }
+// Whether the file can be written and, while others may have it open, replaced.
+bool IsWritable(const fs::path& path) {
+  constexpr unsigned long SHARED = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE handle = ::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, SHARED, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    errno = IsSharingFault(::GetLastError()) ? EBUSY : EACCES;
+    return false;
+  }
+  ::CloseHandle(handle);
+  return true;
+}
+
+// Why a file could not take the place of `target`: of one that is open elsewhere, which may have
+// been opened since, the system only says that it denies it.
+int RenamingFault(const std::error_code& error, const fs::path& target) {
+  std::error_code ignored;
+  return fs::exists(target, ignored) && !IsWritable(target) ? errno : NumberOf(error);
+}
 
 void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
+
+// "NUL" and the like are devices in every folder, of which the standard library knows nothing.
+fs::file_status StatusOf(const fs::path& path, std::error_code& error) {
+  constexpr std::size_t LONGEST_NAME = 32;
+  std::wstring device(LONGEST_NAME, L'\0');
+  const unsigned long length =
+      ::GetFullPathNameW(path.c_str(), LONGEST_NAME, device.data(), nullptr);
+  device.resize(std::min<std::size_t>(length, LONGEST_NAME));
+  if (device.starts_with(L"\\\\.\\")) return fs::file_status(fs::file_type::character);
+  return fs::status(path, error);
+}
 #else
 fs::path ToPath(const std::string& path) { return {path}; }
 
 std::string FromPath(const fs::path& path) { return path.string(); }
+
+std::string SystemMessage(int errorNumber) {
+  return std::error_code(errorNumber, std::generic_category()).message();
+}
+
+fs::file_status StatusOf(const fs::path& path, std::error_code& error) {
+  return fs::status(path, error);
+}
 
 fs::path ProgramPath() {
   std::error_code error;
@@ -96,6 +148,10 @@ int OpenFile(const fs::path& path, int flags, bool isPrivate = false) {
 int SyncFile(int handle) { return ::fsync(handle); }
 
 bool IsWritable(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+int RenamingFault(const std::error_code& error, const fs::path& /*target*/) {
+  return NumberOf(error);
+}
 
 // A file that takes another's place keeps its owner, as far as that is allowed, and its mode.
 void TakeAttributesOf(int handle, const fs::path& target) {
@@ -148,7 +204,7 @@ class ReadHandle {
 
 bool FileExists(const std::string& path) {
   std::error_code error;
-  const fs::file_status status = fs::status(ToPath(path), error);
+  const fs::file_status status = StatusOf(ToPath(path), error);
   return (fs::exists(status) && !fs::is_directory(status)) || IsWithheld(error);
 }
 
@@ -159,7 +215,7 @@ bool FolderExists(const std::string& path) {
 
 bool IsRegularFile(const std::string& path) {
   std::error_code error;
-  return fs::is_regular_file(ToPath(path), error) || IsWithheld(error);
+  return fs::is_regular_file(StatusOf(ToPath(path), error)) || IsWithheld(error);
 }
 
 std::optional<std::int64_t> FileLength(const std::string& path) {
@@ -298,9 +354,9 @@ OutputFile::~OutputFile() {
 
 void OutputFile::Open() {
   std::error_code error;
-  const fs::file_status status = fs::status(target_, error);
+  const fs::file_status status = StatusOf(target_, error);
   if (status.type() == fs::file_type::not_found) return OpenBeside(false);
-  if (error) return Fail(error.value());
+  if (error) return Fail(NumberOf(error));
   if (fs::is_directory(status)) return Fail(EISDIR);
   if (!fs::is_regular_file(status)) {
     handle_ = OpenFile(target_, O_WRONLY);
@@ -309,7 +365,7 @@ void OutputFile::Open() {
   }
   if (!IsWritable(target_)) return Fail(errno);
   target_ = fs::canonical(target_, error);
-  if (error) return Fail(error.value());
+  if (error) return Fail(NumberOf(error));
   OpenBeside(true);
 }
 
@@ -354,7 +410,7 @@ bool OutputFile::CommitPassing() {
     std::error_code error;
     fs::rename(temporary_, target_, error);
     if (error) {
-      Fail(error.value());
+      Fail(RenamingFault(error, target_));
     } else {
       temporary_.clear();
     }
