@@ -12,6 +12,7 @@
 #include "naive/places.h"
 #include "support/file_size_limit.h"
 #include "support/made_texts.h"
+#include "support/platform.h"
 #include "support/scripted_interface.h"
 #include "support/test_folder.h"
 #include "support/zip_builder.h"
@@ -31,9 +32,9 @@ class Desk {
  public:
   explicit Desk(const std::string& name = "temporary") {
     fs::create_directories(folder_.Path("temporary"));
-    ::setenv("TMPDIR", folder_.Path(name).c_str(), 1);
+    SetVariable("TMPDIR", folder_.Path(name));
   }
-  ~Desk() { ::unsetenv("TMPDIR"); }
+  ~Desk() { SetVariable("TMPDIR", ""); }
 
   [[nodiscard]] std::string Put(const std::string& bytes, const char* name = "a.docx") const {
     return folder_.Write(name, bytes);
@@ -148,7 +149,7 @@ struct DocumentRow {
   std::string bytes;
   std::string expected;  // the messages and then the text, or how long it is
   std::vector<Answer> answers = {};
-  rlim_t largestFile = RLIM_INFINITY;
+  std::uint64_t largestFile = FileSizeLimit::NONE;
   std::string temporaryFolder = "temporary";
 };
 
@@ -209,7 +210,7 @@ TEST(DocumentText, ReadsOddDocumentsOrSaysWhatIsWrong) {
       {"no body", ZipArchive({{"content.xml", Xml("ships")}}), noText, {yes}},
       {"a folder of its name", ZipArchive({{"word/document.xml/", ""}}), noText, {yes}},
       {"no archive", "PK\x03\x04 is how one begins", noText, {yes}},
-      {"no temporary folder", plain, noFolder, {}, RLIM_INFINITY, "none"},
+      {"no temporary folder", plain, noFolder, {}, FileSizeLimit::NONE, "none"},
       {"a full disk", BodyOfSize(100000), unwritable, {}, 1000},
       {"at the threshold", BodyOfSize(10485760), "= 10485738"},
       {"above it, declined by Enter", BodyOfSize(10485761), isBig + saveAsText},
@@ -217,7 +218,12 @@ TEST(DocumentText, ReadsOddDocumentsOrSaysWhatIsWrong) {
       {"above the limit", BodyOfSize(20971521), tooBig},
       {"far above it, small by the directory", lying, tooBig},
   };
-  for (const DocumentRow& row : rows) EXPECT_EQ(ReadDocument(row), row.expected) << row.name;
+  for (const DocumentRow& row : rows) {
+    // On Windows files cannot be limited, and the place of temporary folders is always there.
+    const bool hasFault = row.largestFile != FileSizeLimit::NONE || row.temporaryFolder == "none";
+    if (ON_WINDOWS && hasFault) continue;
+    EXPECT_EQ(ReadDocument(row), row.expected) << row.name;
+  }
 }
 
 TEST(DocxText, TakesOptionsAndOtherDocuments) {

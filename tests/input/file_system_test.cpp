@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 #include "support/file_size_limit.h"
+#include "support/platform.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
@@ -28,6 +32,7 @@ TEST(OutputFile, ReplacesOnlyWhenCommitted) {
 }
 
 TEST(OutputFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  SKIP_ON_WINDOWS("the size of files cannot be limited");
   const TestFolder folder;
   const std::string path = folder.Write("a", "old");
   {
@@ -45,12 +50,14 @@ TEST(OutputFile, SaysWhatStandsInTheWay) {
   const TestFolder folder;
   EXPECT_EQ(OutputFile(folder.Path("none/a")).Error(), "No such file or directory");
   EXPECT_EQ(OutputFile(folder.Path("")).Error(), "Is a directory");
+  SKIP_ON_WINDOWS("no device is full");
   OutputFile full("/dev/full");
   EXPECT_FALSE(full.Write("x"));
   EXPECT_EQ(full.Error(), "No space left on device");
 }
 
 TEST(OutputFile, KeepsLinksModesAndDevices) {
+  SKIP_ON_WINDOWS("there are no such modes, and links are for administrators");
   const TestFolder folder;
   const std::string path = folder.Write("a", "old");
   ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
@@ -67,6 +74,40 @@ TEST(OutputFile, KeepsLinksModesAndDevices) {
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
+TEST(OutputFile, WritesToANullDevice) {
+  OutputFile device(NULL_DEVICE);
+  EXPECT_TRUE(device.Write("x") && device.Commit()) << device.Error();
+}
+
+#ifdef _WIN32
+// A file that another program has open: that it may be read by others is all the same.
+TEST(OutputFile, LeavesAFileThatIsOpenElsewhere) {
+  const std::string message = "The file is open in another program";
+  for (const int sharing : {0, FILE_SHARE_READ | FILE_SHARE_WRITE}) {
+    const TestFolder folder;
+    const std::string path = folder.Write("\xC3\xA9 \xCF\x89", "old");
+    const std::filesystem::path widePath = PathOfBytes(path);
+    OutputFile early(path);
+    EXPECT_TRUE(early.Write("new"));
+    const HANDLE open =
+        ::CreateFileW(widePath.c_str(), GENERIC_READ, static_cast<unsigned long>(sharing), nullptr,
+                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(open, INVALID_HANDLE_VALUE) << ::GetLastError();
+    EXPECT_EQ(OutputFile(path).Error(), message);
+    EXPECT_FALSE(early.Commit());
+    EXPECT_EQ(early.Error(), message);
+    EXPECT_EQ(ReadFileBytes(path).error, sharing == 0 ? message : "");
+    ::CloseHandle(open);
+    EXPECT_EQ(ReadFileBytes(path).bytes, "old");
+  }
+}
+
+TEST(FileSystem, FindsTheFixedDrive) {
+  EXPECT_EQ(TemporaryBase(), "C:\\");
+  EXPECT_EQ(JoinPath(TemporaryBase(), "a/b"), "C:\\a\\b");
+}
+#endif
+
 TEST(FileSystem, TellsFilesFromFoldersAndReads) {
   const TestFolder folder;
   const std::string path = folder.Write("a", std::string(100000, 'x') + "end");
@@ -74,7 +115,7 @@ TEST(FileSystem, TellsFilesFromFoldersAndReads) {
   EXPECT_FALSE(FileExists(folder.Path("")));
   EXPECT_TRUE(FolderExists(folder.Path("")));
   EXPECT_FALSE(FolderExists(path));
-  EXPECT_FALSE(IsRegularFile("/dev/null"));
+  EXPECT_FALSE(IsRegularFile(NULL_DEVICE));
   EXPECT_TRUE(IsSameFile(path, folder.Path("./a")));
   EXPECT_FALSE(IsSameFile(path, folder.Path("b")));
   EXPECT_EQ(FileLength(path), 100003);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/platform.h"
 #include "support/scripted_interface.h"
 #include "support/test_folder.h"
 
@@ -76,10 +77,11 @@ TEST(InputFile, SaysNothingOfAnEmptyNameAndNamesAMissingFile) {
   EXPECT_TRUE(ui.questions.empty());
   EXPECT_EQ(CheckInputFile("/no/such.txt", {}, macNoticeShown, ui).kind, FileKind::missing);
   // Nothing but an ordinary file is opened: a pipe might never give a byte.
-  EXPECT_EQ(CheckInputFile("/dev/null", {}, macNoticeShown, ui).kind, FileKind::unreadable);
+  EXPECT_EQ(CheckInputFile(NULL_DEVICE, {}, macNoticeShown, ui).kind, FileKind::unreadable);
   EXPECT_EQ(ui.Said(),
             "Fatal error: File /no/such.txt not found.\n"
-            "Fatal error: File /dev/null\r\n cannot be opened (permission denied).\n");
+            "Fatal error: File " +
+                std::string(NULL_DEVICE) + "\r\n cannot be opened (permission denied).\n");
 }
 
 TEST(InputFile, WarnsOfLargeUnixFilesAndRefusesTheLargest) {

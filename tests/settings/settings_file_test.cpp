@@ -1,12 +1,12 @@
 #include "settings/settings_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cstdlib>
 #include <random>
 
 #include "support/file_size_limit.h"
+#include "support/platform.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
@@ -16,7 +16,7 @@ namespace {
 ConcordanceSettings Unusual(const TestFolder& folder) {
   ConcordanceSettings settings;
   settings.mode = Mode::search;
-  settings.inputFile = folder.Write("in \"put\xFF.txt", "x");
+  settings.inputFile = folder.Write(ON_WINDOWS ? "in put.txt" : "in \"put\xFF.txt", "x");
   settings.searchResultsFile = folder.Write("results", "x");
   settings.keywordsFile = folder.Write("keys", "x");
   settings.outputFile = "not/there.txt";
@@ -139,18 +139,20 @@ TEST(SettingsFile, CutOrSpoiltNeverGivesWrongValues) {
 
 TEST(SettingsFile, IsTheUsersOwnByDefault) {
   const TestFolder folder;
-  const std::string before = ::getenv("XDG_CONFIG_HOME") ? ::getenv("XDG_CONFIG_HOME") : "";
-  ::setenv("XDG_CONFIG_HOME", folder.Path("new").c_str(), 1);
+  const char* const set = ::getenv(CONFIGURATION_VARIABLE);
+  const std::string before = set != nullptr ? set : "";
+  SetVariable(CONFIGURATION_VARIABLE, folder.Path("new"));
   EXPECT_EQ(StateFilePath(), folder.Path("new/Quorvel/qvl.usr"));
   EXPECT_EQ(SaveState({}, ""), "");
   ConcordanceSettings restored;
   restored.contextSize = 3;
   EXPECT_EQ(RestoreSavedState(restored, "", true).errorText, "");
   EXPECT_EQ(restored.contextSize, 5);
-  ::setenv("XDG_CONFIG_HOME", before.c_str(), 1);
+  SetVariable(CONFIGURATION_VARIABLE, before);
 }
 
 TEST(SettingsFile, LeavesTheOldOneWhenItCannotBeWritten) {
+  SKIP_ON_WINDOWS("the size of files cannot be limited");
   const std::string prefix = "Error when attempting to save settings: ";
   const TestFolder folder;
   const std::string old = BytesOf({}, folder);

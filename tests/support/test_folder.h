@@ -13,6 +13,11 @@
 
 namespace quorvel {
 
+// Names are bytes, UTF-8 on Windows.
+inline std::filesystem::path PathOfBytes(std::string_view bytes) {
+  return std::u8string(bytes.begin(), bytes.end());
+}
+
 class TestFolder {
  public:
   TestFolder() {
@@ -28,16 +33,16 @@ class TestFolder {
   TestFolder(const TestFolder&) = delete;
   TestFolder& operator=(const TestFolder&) = delete;
 
-  [[nodiscard]] std::string Path(std::string_view name) const { return (path_ / name).string(); }
+  [[nodiscard]] std::string Path(std::string_view name) const { return BytesOfPath(Place(name)); }
 
   // Writes a file and gives its path.
   [[nodiscard]] std::string Write(std::string_view name, std::string_view bytes) const {
-    std::ofstream(Path(name), std::ios::binary).write(bytes.data(), std::ssize(bytes));
+    std::ofstream(Place(name), std::ios::binary).write(bytes.data(), std::ssize(bytes));
     return Path(name);
   }
 
   [[nodiscard]] std::string Read(std::string_view name) const {
-    std::ifstream file(Path(name), std::ios::binary);
+    std::ifstream file(Place(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
@@ -47,6 +52,15 @@ class TestFolder {
   }
 
  private:
+  [[nodiscard]] std::filesystem::path Place(std::string_view name) const {
+    return (path_ / PathOfBytes(name)).make_preferred();
+  }
+
+  static std::string BytesOfPath(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+  }
+
   std::filesystem::path path_;
 };
 

@@ -1,0 +1,43 @@
+// What tests want of the system that they run on, and what it does not have.
+#pragma once
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+namespace quorvel {
+
+#ifdef _WIN32
+inline constexpr bool ON_WINDOWS = true;
+inline constexpr const char* NULL_DEVICE = "NUL";
+inline constexpr const char* CONFIGURATION_VARIABLE = "APPDATA";
+
+inline void SetVariable(const char* name, const std::string& value) {
+  _putenv_s(name, value.c_str());
+}
+#else
+inline constexpr bool ON_WINDOWS = false;
+inline constexpr const char* NULL_DEVICE = "/dev/null";
+inline constexpr const char* CONFIGURATION_VARIABLE = "XDG_CONFIG_HOME";
+
+// An empty value takes the variable away, as on Windows.
+inline void SetVariable(const char* name, const std::string& value) {
+  if (value.empty()) {
+    ::unsetenv(name);
+  } else {
+    ::setenv(name, value.c_str(), 1);
+  }
+}
+#endif
+
+// The path with the separators of the system.
+inline std::string NativePath(std::string path) {
+  if (ON_WINDOWS) std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
+
+}  // namespace quorvel
+
+// The rest of a test is for a system other than Windows; says why.
+#define SKIP_ON_WINDOWS(why) \
+  if (ON_WINDOWS) GTEST_SKIP() << "on Windows " why

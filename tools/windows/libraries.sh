@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Builds the libraries for Windows that Debian has only as source:
+#
+#   libraries.sh FOLDER JOBS
+#
+# They are installed in FOLDER, with sources and objects in FOLDER/work. What is there is kept.
+set -euo pipefail
+
+folder=$1
+jobs=$2
+work=$folder/work
+toolchain=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/mingw.cmake
+mkdir -p "$work"
+
+# Unpacks the source of a Debian package into $work/NAME. The system's own list of sources may have
+# packages only, and is left as it is.
+unpack_source() { # name
+  local apt=$work/apt
+  mkdir -p "$apt/lists/partial"
+  apt-get indextargets --format "deb-src \$(SITE) \$(RELEASE) \$(COMPONENT)" 'Created-By: Packages' |
+    sort -u >"$apt/sources.list"
+  local options=(-q -o "Dir::Etc::sourcelist=$apt/sources.list" -o Dir::Etc::sourceparts=-
+    -o "Dir::State::lists=$apt/lists" -o "Dir::Cache=$apt" -o APT::Sandbox::User=root)
+  apt-get "${options[@]}" update
+  (cd "$apt" && rm -rf "$1"-*/ && apt-get "${options[@]}" source "$1")
+  mv "$apt/$1"-*/ "$work/$1"
+}
+
+install_library() { # name, source, option...
+  cmake -G Ninja -S "$2" -B "$work/build-$1" --toolchain "$toolchain" -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_INSTALL_PREFIX="$folder" "${@:3}" >"$work/$1.log"
+  cmake --build "$work/build-$1" --parallel "$jobs" --target install >>"$work/$1.log"
+}
+
+if [[ ! -f $folder/lib/libzip.a ]]; then
+  echo "Building libzip"
+  [[ -d $work/libzip ]] || unpack_source libzip
+  install_library libzip "$work/libzip" -DBUILD_SHARED_LIBS=OFF -DBUILD_TOOLS=OFF \
+    -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF \
+    -DENABLE_COMMONCRYPTO=OFF -DENABLE_GNUTLS=OFF -DENABLE_MBEDTLS=OFF -DENABLE_OPENSSL=OFF \
+    -DENABLE_WINDOWS_CRYPTO=OFF
+fi
+
+if [[ ! -f $folder/lib/libgtest.a ]]; then
+  echo "Building GoogleTest"
+  install_library gtest /usr/src/googletest -DBUILD_GMOCK=OFF
+fi
+
+if [[ ! -d $folder/include/CLI ]]; then
+  # Headers alone, but among those of the machine's own system.
+  cp -r /usr/include/CLI "$folder/include"
+  mkdir -p "$folder/share/cmake"
+  cp -r /usr/share/cmake/CLI11 "$folder/share/cmake"
+fi

@@ -1,0 +1,76 @@
+#!/usr/bin/env bash
+# Tries what was built for Windows, under Wine:
+#
+#   try.sh WINDOWS-BUILD-FOLDER LINUX-BUILD-FOLDER
+#
+# The tests of the core and of the command line; then the concordance of the sample, which must be
+# that of the program of this system, byte for byte, but for the lines that name file and time.
+# Wine keeps its drive in the Windows build folder and touches nothing else.
+set -euo pipefail
+
+windows=$(realpath "$1")
+linux=$(realpath "$2")
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+export WINEPREFIX=$windows/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+unset DISPLAY WAYLAND_DISPLAY
+desk=$(mktemp -d)
+
+# Left alone, the server of Wine ends some seconds after each program, and holds our output till then.
+end() {
+  wineserver -k || true
+  rm -rf "$desk"
+}
+trap end EXIT
+mkdir -p "$WINEPREFIX"
+wineserver -p >/dev/null 2>&1 </dev/null
+wine wineboot --init >/dev/null 2>&1 </dev/null
+
+echo "Tests of the core and of the command line"
+# Those that need what Windows does not have are told as skipped, each with its reason.
+(cd "$windows" && wine ./quorvel_tests.exe --gtest_brief=1 </dev/null) >"$desk/tests" 2>&1 ||
+  failed=1
+tr -d '\r' <"$desk/tests"
+[[ -z ${failed:-} ]] || exit 1
+
+echo "Whole runs"
+# As a user has it: program and data in a folder of their own.
+cmake --install "$windows" --prefix "$desk/quorvel" >/dev/null
+cd "$desk"
+quorvel() {
+  wine "$desk/quorvel/bin/quorvel-cli.exe" "$@" </dev/null
+}
+# What must be the same: all but the lines that name the file and the time.
+body() { # file
+  grep -av -e '^Input file: ' -e '^Concordance file created ' "$1"
+}
+same() { # what, file, file
+  cmp <(body "$2") <(body "$3") || {
+    echo "$1: not what this system makes" >&2
+    exit 1
+  }
+  echo "the same: $1, $(wc -c <"$2") bytes"
+}
+
+sample=$root/data/sample/the-lamp-at-harbour-end.txt
+cp "$sample" $'\u00e9 \u03c9.txt'
+"$linux/quorvel-cli" -q -o here.txt "$sample"
+"$linux/quorvel-cli" -q --format json -o here.json "$sample"
+quorvel -q -o 'C:\there.txt' "Z:${sample//\//\\}"
+same "concordance, paths with drive letters" here.txt "$WINEPREFIX/drive_c/there.txt"
+quorvel -q $'\u00e9 \u03c9.txt'
+same "concordance beside an input named in two scripts" here.txt $'\u00e9 \u03c9.qvl.conc.txt'
+quorvel -q $'\u00e9 \u03c9.txt'
+same "concordance over the old one" here.txt $'\u00e9 \u03c9.qvl.conc.txt'
+quorvel -q "$sample" -o - >out
+same "concordance on standard output" here.txt out
+quorvel -q --format json "$sample" -o - >out
+same "rows" here.json out
+for document in "$root"/tests/data/docx/*.docx; do
+  "$linux/quorvel-cli" -q -o here.txt "$document"
+  quorvel -q -o there.txt "$document"
+  same "concordance of $(basename "$document")" here.txt there.txt
+done
+[[ -z $(find "$WINEPREFIX/drive_c" -maxdepth 1 -name 'QVL*') ]] || {
+  echo "A temporary folder was left" >&2
+  exit 1
+}
