@@ -154,11 +154,8 @@ ConversationControls ControlsOf(MainWindow& window) {
           window.findChild<QPlainTextEdit*>("txbOutput"),
           window.findChild<QPushButton*>("cmdListWords"),
           window.findChild<QLineEdit*>("txbFile_3"),
-          label("lblNumberOfWords"),
-          label("lblNumOccurrences"),
-          label("lblKeywordsFound"),
-          label("lblTotalNumOccurrences"),
-          label("lblTwirler")};
+          {label("lblNumberOfWords"), label("lblNumOccurrences"), label("lblKeywordsFound"),
+           label("lblTotalNumOccurrences"), label("lblTwirler")}};
 }
 
 void MeasureYields(MainWindow& window, const std::string& input) {

@@ -9,6 +9,7 @@
 #include "cli/word_lists.h"
 #include "engine/run_state.h"
 #include "input/file_system.h"
+#include "output/concordance_file.h"
 #include "output/index_file.h"
 #include "run/run_driver.h"
 #include "settings/settings_file.h"
@@ -52,7 +53,7 @@ bool ReportFiles(const RunState& state, RunOutcome outcome, bool languageKnown,
                  TerminalInterface& ui) {
   // A search is silent about a file that it cannot write.
   if (outcome == RunOutcome::failed && !ui.HasSpoken() && !state.outputSink) {
-    ui.Say("An error occurred when creating search results file.");
+    ui.Say(WritingFailed(Mode::search));
   }
   if (!state.fileFault.empty()) ui.Say(state.fileFault);
   if (!languageKnown && state.outputWritten) SayLanguageUnknown(state.settings, ui);

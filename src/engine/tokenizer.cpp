@@ -58,13 +58,13 @@ class Scan {
       const std::size_t end = keys_[i].begin + keys_[i].length;
       const auto scanPosition = static_cast<std::int32_t>(end + (end < text_.size() ? 1 : 2));
       occurrences_[found++] = {meaning.entry, scanPosition - meaning.wordLength};
-      __builtin_prefetch(&EntryAt(meaning.entry).positions);
+      __builtin_prefetch(&table_.entries[static_cast<std::size_t>(meaning.entry)].positions);
       bar_.Update(scanPosition, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
       ui_.Yield();
       stopped_ = ui_.StopRequested();
     }
     for (std::size_t i = 0; i < found; ++i) {
-      EntryAt(occurrences_[i].entry).positions.push_back(occurrences_[i].position);
+      AddWordToList(table_, occurrences_[i].entry, occurrences_[i].position);
     }
   }
 
@@ -75,8 +75,6 @@ class Scan {
     std::int32_t entry = 0;  // 0-based
     std::int32_t position = 0;
   };
-
-  WordEntry& EntryAt(std::int32_t entry) { return table_.entries[static_cast<std::size_t>(entry)]; }
 
   std::u16string_view text_;
   WordTable& table_;

@@ -83,11 +83,6 @@ std::int32_t EntryOf(WordTable& table, std::u16string_view word) {
   return table.WordCount() - 1;
 }
 
-void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offset) {
-  if (word.size() > MAX_WORD_LENGTH) return;
-  table.entries[static_cast<std::size_t>(EntryOf(table, word))].positions.push_back(offset);
-}
-
 bool PrecedesAlphabetically(const WordEntry& a, const WordEntry& b) {
   const int order = a.sortKey.compare(b.sortKey);
   return order != 0 ? order < 0 : a.word < b.word;

@@ -73,9 +73,11 @@ void EmptyWordTable(WordTable& table);
 // The 0-based entry of `word`, a new one without any occurrence where there is none.
 std::int32_t EntryOf(WordTable& table, std::u16string_view word);
 
-// Records one occurrence of `word` at `offset`, a 1-based character position in
-// the document text. Words over MAX_WORD_LENGTH code units are ignored.
-void AddWordToList(WordTable& table, std::u16string_view word, std::int32_t offset);
+// Records one occurrence of the word of the 0-based `entry` at `offset`, a 1-based character
+// position in the document text.
+inline void AddWordToList(WordTable& table, std::int32_t entry, std::int32_t offset) {
+  table.entries[static_cast<std::size_t>(entry)].positions.push_back(offset);
+}
 
 // Whether entry `a` stands before `b` in alphabetical order: by sort key, then by spelling.
 [[nodiscard]] bool PrecedesAlphabetically(const WordEntry& a, const WordEntry& b);

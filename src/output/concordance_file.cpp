@@ -25,6 +25,10 @@ bool MayReplace(const ConcordanceSettings& settings, const std::string& target, 
 
 std::string OutputName(Mode mode) { return KindWord(mode) + " file"; }
 
+std::string WritingFailed(Mode mode) {
+  return "An error occurred when creating " + LowerAscii(OutputName(mode)) + ".";
+}
+
 std::string VersionText() {
   return std::to_string(VERSION_MAJOR) + "." + std::to_string(VERSION_MINOR) + "6";
 }
@@ -86,7 +90,7 @@ FileWriting WriteOutputFile(const ConcordanceSettings& settings, UserInterface& 
   const bool whole = file.Error().empty() && produce(write);
   // To replace a large file the system takes its time, and more so on a disk that is busy.
   ui.YieldAtOnce();
-  if (!whole || !file.Commit()) return {FileOutcome::failed, file.Error()};
+  if (!whole || !file.Commit()) return {FileOutcome::failed, target + ": " + file.Error()};
   return {FileOutcome::written, {}};
 }
 

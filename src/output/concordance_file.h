@@ -15,6 +15,9 @@ namespace quorvel {
 // What a mode's file is called in messages: "Concordance file" or "Search results file".
 [[nodiscard]] std::string OutputName(Mode mode);
 
+// What is said when that file could not be written.
+[[nodiscard]] std::string WritingFailed(Mode mode);
+
 // The program's version as headers show it: "21.36".
 [[nodiscard]] std::string VersionText();
 
@@ -41,7 +44,7 @@ enum class FileOutcome { written, notWanted, failed };
 
 struct FileWriting {
   FileOutcome outcome = FileOutcome::notWanted;
-  std::string fault;  // the system's description, where it failed
+  std::string fault;  // the file and the system's description, where it failed
 };
 
 // Writes the file that the settings name with the bytes that `produce` hands on, asking

@@ -97,9 +97,8 @@ bool WriteListing(RunState& state, UserInterface& ui) {
   const auto write = [&state, &settings, &ui] {
     const FileWriting writing = WriteConcordanceFile(settings, state.outputText, ui);
     state.outputWritten = writing.outcome == FileOutcome::written;
-    if (writing.outcome != FileOutcome::failed) return true;
-    state.fileFault = OutputFileOf(settings) + ": " + writing.fault;
-    return false;
+    state.fileFault = writing.fault;
+    return writing.outcome != FileOutcome::failed;
   };
   if (state.outputSink) {
     state.outputWritten =
@@ -125,7 +124,7 @@ bool WriteListing(RunState& state, UserInterface& ui) {
     return true;
   }
   if (write()) return true;
-  ShowError(ui, "An error occurred when creating " + LowerAscii(OutputName(settings.mode)) + ".");
+  ShowError(ui, WritingFailed(settings.mode));
   return false;
 }
 

@@ -204,11 +204,6 @@ class RowWriter {
   std::string copies_;  // of what a context could not be viewed in
 };
 
-void ShowFailure(Mode mode, UserInterface& ui) {
-  ui.Ask({"An error occurred when creating " + LowerAscii(OutputName(mode)) + ".", "Error",
-          Icon::exclamation, Buttons::ok, Answer::ok});
-}
-
 }  // namespace
 
 ListingOutcome ListOccurrences(RunState& state, UserInterface& ui) {
@@ -222,9 +217,10 @@ ListingOutcome ListOccurrences(RunState& state, UserInterface& ui) {
   } else {
     const FileWriting writing = WriteOutputFile(state.settings, ui, produce);
     state.outputWritten = writing.outcome == FileOutcome::written;
+    state.fileFault = writing.fault;
     if (writing.outcome == FileOutcome::failed) {
-      state.fileFault = OutputFileOf(state.settings) + ": " + writing.fault;
-      ShowFailure(state.settings.mode, ui);
+      ui.Ask({WritingFailed(state.settings.mode), "Error", Icon::exclamation, Buttons::ok,
+              Answer::ok});
       return ListingOutcome::failed;
     }
   }

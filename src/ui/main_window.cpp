@@ -63,9 +63,13 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   cmdFile_ = {ui_->cmdFile_0, ui_->cmdFile_1, ui_->cmdFile_2, ui_->cmdFile_3};
   cmdClearFile_ = {ui_->cmdClearFile_0, ui_->cmdClearFile_1, ui_->cmdClearFile_2,
                    ui_->cmdClearFile_3};
-  interface_ = std::make_unique<WindowInterface>(ConversationControls{
-      this, ui_->txbOutput, ui_->cmdListWords, ui_->txbFile_3, ui_->lblNumberOfWords,
-      ui_->lblNumOccurrences, ui_->lblKeywordsFound, ui_->lblTotalNumOccurrences, ui_->lblTwirler});
+  interface_ = std::make_unique<WindowInterface>(
+      ConversationControls{this,
+                           ui_->txbOutput,
+                           ui_->cmdListWords,
+                           ui_->txbFile_3,
+                           {ui_->lblNumberOfWords, ui_->lblNumOccurrences, ui_->lblKeywordsFound,
+                            ui_->lblTotalNumOccurrences, ui_->lblTwirler}});
   findBar_ = new FindBar({ui_->findBar, ui_->txbFind, ui_->lblFindCount, ui_->txbOutput}, this);
   panel_ = new SettingsPanel(
       state_, *interface_,

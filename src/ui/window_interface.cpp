@@ -75,26 +75,9 @@ void WindowInterface::SetOutput(std::string_view text) {
 }
 
 void WindowInterface::SetLabel(Label label, std::string_view text) {
-  QLabel* shown = nullptr;
-  switch (label) {
-    case Label::numberOfWords:
-      shown = controls_.numberOfWords;
-      break;
-    case Label::numberOfOccurrences:
-      shown = controls_.numberOfOccurrences;
-      break;
-    case Label::keywordsFound:
-      shown = controls_.keywordsFound;
-      break;
-    case Label::progressBar:
-      shown = controls_.progressBar;
-      break;
-    case Label::busyIndicator:
-      shown = controls_.busyIndicator;
-      break;
-  }
-  shown->setText(ShownText(text));
-  shown->setVisible(true);
+  QLabel& shown = LabelOf(label);
+  shown.setText(ShownText(text));
+  shown.setVisible(true);
 }
 
 Answer WindowInterface::Ask(const Message& message) {
@@ -151,8 +134,12 @@ void WindowInterface::BeginWork() {
 void WindowInterface::EndWork() {
   working_ = false;
   ShowPendingOutput();
-  controls_.progressBar->clear();
-  controls_.busyIndicator->setText(" ");
+  LabelOf(Label::progressBar).clear();
+  LabelOf(Label::busyIndicator).setText(" ");
+}
+
+QLabel& WindowInterface::LabelOf(Label label) const {
+  return *controls_.labels.at(static_cast<std::size_t>(label));
 }
 
 void WindowInterface::ShowPendingOutput() {
@@ -166,8 +153,8 @@ void WindowInterface::TurnBusyIndicator() {
   constexpr std::array<char, 4> FACES = {'|', '/', '-', '\\'};
   constexpr int STEPS_A_FACE = 8;
   busyStep_ = (busyStep_ + 1) % (STEPS_A_FACE * static_cast<int>(FACES.size()));
-  controls_.busyIndicator->setText(
-      QString(QChar(FACES.at(static_cast<std::size_t>(busyStep_ / STEPS_A_FACE)))));
+  LabelOf(Label::busyIndicator)
+      .setText(QString(QChar(FACES.at(static_cast<std::size_t>(busyStep_ / STEPS_A_FACE)))));
 }
 
 }  // namespace quorvel

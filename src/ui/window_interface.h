@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <array>
 #include <optional>
 #include <string_view>
 
@@ -21,12 +22,8 @@ struct ConversationControls {
   QWidget* window;
   QPlainTextEdit* output;
   QPushButton* stopButton;
-  QWidget* outputFileBox;  // beside which it says that the file is written
-  QLabel* numberOfWords;
-  QLabel* numberOfOccurrences;
-  QLabel* keywordsFound;
-  QLabel* progressBar;
-  QLabel* busyIndicator;
+  QWidget* outputFileBox;              // beside which it says that the file is written
+  std::array<QLabel*, LABELS> labels;  // in the order of Label
 };
 
 class WindowInterface : public UserInterface {
@@ -52,6 +49,7 @@ class WindowInterface : public UserInterface {
   void ShowPendingPopUp();
 
  private:
+  [[nodiscard]] QLabel& LabelOf(Label label) const;
   void ShowPendingOutput();
   void TurnBusyIndicator();
 

@@ -5,6 +5,7 @@
 // UTF-8; lines inside one are separated by CR LF.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,7 @@ enum class Label {
   progressBar,
   busyIndicator,
 };
+inline constexpr std::size_t LABELS = 5;
 
 class UserInterface {
  public:

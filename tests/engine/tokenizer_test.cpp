@@ -116,7 +116,8 @@ TEST(WordTable, HoldsManyWordsOnceEach) {
   WordTable table;
   const auto wordOf = [](std::int32_t n) { return Text(u"w") + DecodeAnsi(std::to_string(n)); };
   for (const std::int32_t offset : {1, 2}) {
-    for (std::int32_t n = 0; n < 20000; ++n) AddWordToList(table, wordOf(n), offset);
+    for (std::int32_t n = 0; n < 20000; ++n)
+      AddWordToList(table, EntryOf(table, wordOf(n)), offset);
   }
   ASSERT_EQ(table.WordCount(), 20000);
   for (std::int32_t n = 0; n < 20000; ++n) {

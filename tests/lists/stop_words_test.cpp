@@ -64,7 +64,7 @@ TEST(Admission, FollowsTheSettings) {
     lists.extraStopWords = ExtraStopWordsOf(settings.extraStopWords);
     WordTable table;
     for (const char16_t* word : {u"12th", u"3-d", u"The", u"co-op", u"the", u"the", u"two"}) {
-      AddWordToList(table, word, 1);
+      AddWordToList(table, EntryOf(table, word), 1);
     }
     ApplyAdmissionFilters(table, settings, lists);
     std::u16string listed;
