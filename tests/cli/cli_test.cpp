@@ -24,55 +24,32 @@ std::string Said(const TestFolder& folder) {
 }
 
 TEST(CommandLine, AnswersWithItsStatusAndMessages) {
-  struct Row {
-    const char* name;
-    const char* arguments;
-    int status;
-    const char* errors;  // "*" for any
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, std::string, int, const char*> rows[] = {
       {"default output", "a.txt", 0, ""},
-      {"all options",
-       "a.txt -o x.txt -c 0 --order frequency --no-frequencies --line-breaks --no-hyphens "
-       "--numerals --min-count 2 --extra-stop-words and --encoding auto --answer no -q "
-       "--language none --create",
-       0, ""},
-      {"search", "a.txt -e 'do*+cat' -c 1 -o x.txt", 0, ""},
       {"keywords file", "a.txt -k k.txt", 0, "quorvel-cli: One keyword word loaded from k.txt\n"},
-      {"keywords file, quiet", "a.txt -k k.txt -q", 0, ""},
       {"no keywords file", "a.txt -k no.txt", 1,
        "quorvel-cli: a.txt: Keywords file not found: no.txt\n"},
-      {"no keywords", "a.txt --search", 1,
-       "quorvel-cli: a.txt: Specify a keywords file or type one or more extra keywords.\n"},
       {"search results not to be written", "a.txt -e dog -o no/x.txt", 1,
        "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
        "quorvel-cli: a.txt: no/x.txt: No such file or directory\n"},
-      {"both modes", "a.txt --search --create", 2, "*"},
+      {"both modes", "a.txt --search --create", 2,
+       "quorvel-cli: --create excludes --search\n"
+       "quorvel-cli --help tells the options.\n"},
       {"keywords in create mode", "a.txt --create -k no.txt -e dog", 0, ""},
       {"stop words", "a.txt --stop-words k.txt", 0,
        "quorvel-cli: One stop word loaded from k.txt\n"},
       {"no stop words", "a.txt --stop-words no.txt", 1,
        "quorvel-cli: a.txt: Stop words file not found: no.txt\n"},
-      {"nothing left by a language", "a.txt --stop-words a.txt -q", 3,
-       "quorvel-cli: a.txt: No words satisfying the conditions were found.\n"},
       {"settings that are none", "-s a.txt", 1,
        "quorvel-cli: a.txt: Error when attempting to restore settings: the file ends after line "
        "1.\n"},
       {"settings not to be saved", "--save-settings no/x", 1,
        "quorvel-cli: no/x: Error when attempting to save settings: No such file or directory\n"},
-      {"index", "a.txt --index", 0, ""},
       {"index not to be written", "i.txt --index", 1,
        "quorvel-cli: i.txt: i.qvl.ndx: Is a directory\n"},
-      {"no such language", "a.txt --language xx", 2, "*"},
-      {"rows", "a.txt --format tsv", 0, ""},
-      {"rows without a folder for them", "a.txt --format json -o no/x.json", 1,
-       "quorvel-cli: a.txt: An error occurred when creating concordance file.\n"
-       "quorvel-cli: a.txt: no/x.json: No such file or directory\n"},
       {"rows on a full device", "a.txt -e dog --format json -o /dev/full", 1,
        "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
        "quorvel-cli: a.txt: /dev/full: No space left on device\n"},
-      {"rows of no words", "short.txt --format tsv", 3,
-       "quorvel-cli: short.txt: No words satisfying the conditions were found.\n"},
       {"rows without counts", "a.txt --format tsv --no-frequencies", 2,
        "quorvel-cli: --no-frequencies: only with --format text\n"
        "quorvel-cli --help tells the options.\n"},
@@ -83,14 +60,12 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
        "quorvel-cli: INPUT: a document is read from a file, not from standard input\n"
        "quorvel-cli --help tells the options.\n"},
       {"version", "--version", 0, ""},
-      {"help", "--help", 0, ""},
-      {"unknown option", "--nonsense", 2, "*"},
-      {"context out of range", "a.txt -c 10", 2, "*"},
-      {"threshold out of range", "a.txt --min-count 1", 2, "*"},
       {"no such order", "a.txt --order 1", 2,
        "quorvel-cli: --order: 1 not in {alphabetical,frequency}\n"
        "quorvel-cli --help tells the options.\n"},
-      {"empty output name", "a.txt -o ''", 2, "*"},
+      {"empty output name", "a.txt -o ''", 2,
+       "quorvel-cli: --output: a file name is needed\n"
+       "quorvel-cli --help tells the options.\n"},
       {"no input", "", 1, "quorvel-cli: Input file not specified.\n"},
       {"several lines", "a.log", 1,
        "quorvel-cli: a.log: This program acts only on text files, Word DOCX files and HTML "
@@ -103,27 +78,21 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"full device", "a.txt -o /dev/full", 1,
        "quorvel-cli: a.txt: An error occurred when creating concordance file.\n"
        "quorvel-cli: a.txt: /dev/full: No space left on device\n"}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
+  const std::string text = "the cat and the dog\r\n";
+  for (const auto& [name, arguments, status, errors] : rows) {
+    SCOPED_TRACE(name);
     const TestFolder folder;
-    (void)folder.Write("a.txt", "the cat and the dog\r\n");
-    (void)folder.Write("a.log", "the cat and the dog\r\n");
-    (void)folder.Write("i.txt", "the cat and the dog\r\n");
+    for (const char* file : {"a.txt", "a.log", "i.txt"}) (void)folder.Write(file, text);
     std::filesystem::create_directory(folder.Path("i.qvl.ndx"));
     (void)folder.Write("k.txt", "/* one */\r\ndog\r\n");
     (void)folder.Write("short.txt", "a b c d\r\n");
-    // Windows has no such devices.
-    const std::string arguments = row.arguments;
-    const bool wantsDevice =
-        arguments.find("/dev/") != std::string::npos || arguments == "pipe.txt";
+    const bool wantsDevice = arguments == "pipe.txt" || arguments.find("/dev/") < arguments.size();
     if (ON_WINDOWS && wantsDevice) continue;
     ASSERT_TRUE(ON_WINDOWS ||
                 std::system(("mkfifo '" + folder.Path("pipe.txt") + "'").c_str()) == 0);
-    EXPECT_EQ(RunCli(folder, arguments), row.status);
-    if (std::string(row.errors) != "*") {
-      EXPECT_EQ(Said(folder), row.errors);
-    }
-    EXPECT_EQ(folder.Read("a.txt"), "the cat and the dog\r\n");
+    EXPECT_EQ(RunCli(folder, arguments), status);
+    EXPECT_EQ(Said(folder), errors);
+    EXPECT_EQ(folder.Read("a.txt"), text);
   }
 }
 
@@ -137,35 +106,31 @@ TEST(CommandLine, TakesASizeLimitForAFullDisk) {
   EXPECT_EQ(folder.Read("a.qvl.conc.txt"), "old");
 }
 
-TEST(CommandLine, WritesTheSameBytesToAFileAndToStandardOutput) {
-  const TestFolder folder;
-  (void)folder.Write("a.txt", "the caf\xE9 and the dog\r\n");
-  EXPECT_EQ(RunCli(folder, "a.txt --no-frequencies"), 0);
-  EXPECT_EQ(folder.Read("out"), "");
-  const std::string file = folder.Read("a.qvl.conc.txt");
-  EXPECT_NE(file.find("[caf\xE9]\r\n"), std::string::npos);
-  EXPECT_EQ(RunCli(folder, "a.txt --no-frequencies -o -"), 0);
-  // But for the minute in the header, which may have passed.
-  const std::string out = folder.Read("out");
-  EXPECT_EQ(out.substr(out.find("\r\n\r\n")), file.substr(file.find("\r\n\r\n")));
-}
-
 TEST(CommandLine, ListsWhatIsAskedFor) {
   const std::pair<const char*, const char*> rows[] = {
-      {"-o -", "cat 1\r\ndog 1\r\n"},
-      {"-o - --language none", "and 1\r\ncat 1\r\ndog 1\r\nthe 2\r\n"},
-      {"-o - --language de", "and 1\r\ncat 1\r\ndog 1\r\nthe 2\r\n"},
-      {"-o - --language all --extra-stop-words cat", "dog 1\r\n"},
-      {"-o - --stop-words k.txt", "and 1\r\ncat 1\r\nthe 2\r\n"},
-      {"--search -e t*", "the 2\r\n"},
-      {"-k k.txt -e the", "dog 1\r\nthe 2\r\n"}};
-  for (const auto& [options, words] : rows) {
+      {"a.txt -o -", "cat 1\r\ndog 1\r\n"},
+      {"a.txt -o - --language none", "and 1\r\ncat 1\r\ndog 1\r\nthe 2\r\n"},
+      {"a.txt -o - --language de", "and 1\r\ncat 1\r\ndog 1\r\nthe 2\r\n"},
+      {"a.txt -o - --language all --extra-stop-words cat", "dog 1\r\n"},
+      {"a.txt -o - --language none --order frequency --line-breaks --no-hyphens --numerals",
+       "the 2\r\nand 1\r\ncat 1\r\ndog 1\r\n"},
+      {"a.txt -o - --language none --min-count 2", "the 2\r\n"},
+      {"a.txt -o - --stop-words k.txt", "and 1\r\ncat 1\r\nthe 2\r\n"},
+      {"a.txt --search -e t*", "the 2\r\n"},
+      {"a.txt -k k.txt -e the", "dog 1\r\nthe 2\r\n"},
+      {"u.txt -o -", "caf\xE9 2\r\n"},
+      {"u.txt -o - --encoding utf-8 --answer no", "caf\xE9 2\r\n"},
+      {"u.txt -o - --encoding ansi", "caf\xC3 2\r\n"},
+      {"u.txt -o - --encoding ansi --answer yes", "caf\xE9 2\r\n"}};
+  for (const auto& [arguments, words] : rows) {
     const TestFolder folder;
     (void)folder.Write("a.txt", "the cat and the dog xx\r\n");
     (void)folder.Write("k.txt", "dogs\r\ndog\r\n");
-    EXPECT_EQ(RunCli(folder, std::string("a.txt -c 0 ") + options), 0);
+    // "café" with an accent in UTF-8, and a dash that shows it.
+    (void)folder.Write("u.txt", "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9\r\n");
+    EXPECT_EQ(RunCli(folder, std::string("-c 0 ") + arguments), 0);
     EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(words) + "\r\n"))
-        << options << folder.Read("out");
+        << arguments << folder.Read("out");
   }
 }
 
@@ -236,24 +201,6 @@ TEST(CommandLine, TakesNamesOfAnyCharacters) {
       0);
   EXPECT_EQ(RunCli(folder, "-s " + quoted + ".lvz' " + quoted + ".txt' -o -"), 0);
   EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\ncaf\xE9 1\r\n\r\n")) << folder.Read("out");
-}
-
-TEST(CommandLine, AnswersQuestionsAsTold) {
-  // "café" with an accent in UTF-8, and a dash that shows it.
-  const std::pair<const char*, const char*> rows[] = {
-      {"", "caf\xE9"},
-      {"--encoding utf-8", "caf\xE9"},
-      {"--encoding ansi --answer default", "caf\xC3"},
-      {"--encoding ansi", "caf\xC3"},
-      {"--encoding ansi --answer no", "caf\xC3"},
-      {"--encoding ansi --answer yes", "caf\xE9"}};
-  for (const auto& [options, word] : rows) {
-    const TestFolder folder;
-    (void)folder.Write("a.txt", "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9\r\n");
-    EXPECT_EQ(RunCli(folder, std::string("a.txt -c 0 -o - ") + options), 0);
-    EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(word) + " 2\r\n\r\n"))
-        << options;
-  }
 }
 
 }  // namespace

@@ -15,7 +15,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -23,21 +22,34 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <map>
+#include <string>
 
 namespace {
 
-struct Plan {
+// The C library's own function of that name.
+template <typename Function>
+Function* Real(const char* name) {
+  return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+struct Watch {
   const char* below = std::getenv("QUORVEL_FAULT_BELOW");
-  const char* log = std::getenv("QUORVEL_FAULT_LOG");
+  int log = -1;
   long at = 0;
   char kind = ' ';
   int error = 0;
   bool stays = false;
   bool onlyRoom = false;
+  long count = 0;
+  std::map<int, std::string> names;  // of the files that are open
 
-  Plan() {
+  Watch() {
     const char* fault = std::getenv("QUORVEL_FAULT");
     if (fault == nullptr) return;
+    log = Real<decltype(::open)>("open")(std::getenv("QUORVEL_FAULT_LOG"),
+                                         O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    if (*fault == '\0') return;
     char* rest = nullptr;
     at = std::strtol(fault, &rest, 10);
     kind = rest[1];
@@ -47,36 +59,11 @@ struct Plan {
   }
 };
 
-constexpr std::size_t MOST_HANDLES = 64;
-using Name = std::array<char, 512>;
-
-struct Watch {
-  Plan plan;
-  long count = 0;
-  std::array<Name, MOST_HANDLES> names{};  // of the files that are open; empty where not watched
-};
-
+// It is there until the last file is closed.
 Watch& TheWatch() {
-  static Watch watch;
-  return watch;
-}
-
-// The C library's own function of that name.
-template <typename Function>
-Function* Real(const char* name) {
-  return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
-}
-
-void Log(const char* operation, const char* path) {
-  if (TheWatch().plan.log == nullptr) return;
-  std::array<char, 1024> line{};
-  const int length = std::snprintf(line.data(), line.size(), "%s %s\n", operation, path);
-  const int handle =
-      Real<decltype(::open)>("open")(TheWatch().plan.log, O_WRONLY | O_APPEND | O_CREAT, 0666);
-  const auto wrote =
-      Real<decltype(::write)>("write")(handle, line.data(), static_cast<std::size_t>(length));
-  Real<decltype(::close)>("close")(handle);
-  if (wrote != length) std::abort();
+  // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+  static auto* watch = new Watch;
+  return *watch;
 }
 
 enum class Effect { none, fails, isShort };
@@ -84,40 +71,22 @@ enum class Effect { none, fails, isShort };
 // Counts an operation on a path, if it is one that is watched, and tells what becomes of it.
 Effect EffectOn(const char* operation, const char* path, bool takesRoom = false) {
   Watch& watch = TheWatch();
-  const Plan& plan = watch.plan;
-  if (plan.below == nullptr || path == nullptr) return Effect::none;
-  if (std::strncmp(path, plan.below, std::strlen(plan.below)) != 0) return Effect::none;
+  if (watch.below == nullptr || path == nullptr) return Effect::none;
+  if (std::strncmp(path, watch.below, std::strlen(watch.below)) != 0) return Effect::none;
   ++watch.count;
-  Log(operation, path);
-  const bool hit = watch.count == plan.at || (plan.stays && watch.count > plan.at && plan.at > 0);
-  if (!hit || (plan.onlyRoom && !takesRoom)) return Effect::none;
-  if (plan.kind == 'K') ::kill(::getpid(), SIGKILL);
-  errno = plan.error;
-  return plan.kind == 'S' ? Effect::isShort : Effect::fails;
+  if (::dprintf(watch.log, "%s %s\n", operation, path) < 0) std::abort();
+  const bool hit = watch.count == watch.at || (watch.stays && watch.count > watch.at);
+  if (!hit || (watch.onlyRoom && !takesRoom)) return Effect::none;
+  if (watch.kind == 'K') ::kill(::getpid(), SIGKILL);
+  errno = watch.error;
+  return watch.kind == 'S' ? Effect::isShort : Effect::fails;
 }
 
 bool Fails(const char* operation, const char* path, bool takesRoom = false) {
   return EffectOn(operation, path, takesRoom) == Effect::fails;
 }
 
-const char* NameOf(int handle) {
-  const auto place = static_cast<std::size_t>(handle);
-  return place < MOST_HANDLES ? TheWatch().names.at(place).data() : "";
-}
-
-int Opened(int handle, const char* path) {
-  const auto place = static_cast<std::size_t>(handle);
-  if (place < MOST_HANDLES) {
-    std::snprintf(TheWatch().names.at(place).data(), sizeof(Name), "%s", path);
-  }
-  return handle;
-}
-
-void Forget(int handle) {
-  if (handle >= 0) Opened(handle, "");
-}
-
-std::size_t Half(std::size_t length) { return length > 1 ? length / 2 : length; }
+const char* NameOf(int handle) { return TheWatch().names[handle].c_str(); }
 
 }  // namespace
 
@@ -132,20 +101,22 @@ int open(const char* path, int flags, ...) {
   va_end(arguments);
   const bool creates = (static_cast<unsigned>(flags) & unsigned{O_CREAT}) != 0;
   if (Fails(creates ? "create" : "open", path, creates)) return -1;
-  return Opened(Real<decltype(::open)>("open")(path, flags, mode), path);
+  const int handle = Real<decltype(::open)>("open")(path, flags, mode);
+  if (handle >= 0) TheWatch().names[handle] = path;
+  return handle;
 }
 
 ssize_t read(int handle, void* into, size_t length) {
   const Effect effect = EffectOn("read", NameOf(handle));
   if (effect == Effect::fails) return -1;
-  if (effect == Effect::isShort) length = Half(length);
+  if (effect == Effect::isShort) length = (length + 1) / 2;
   return Real<decltype(::read)>("read")(handle, into, length);
 }
 
 ssize_t write(int handle, const void* from, size_t length) {
   const Effect effect = EffectOn("write", NameOf(handle), true);
   if (effect == Effect::fails) return -1;
-  if (effect == Effect::isShort) length = Half(length);
+  if (effect == Effect::isShort) length = (length + 1) / 2;
   return Real<decltype(::write)>("write")(handle, from, length);
 }
 
@@ -157,7 +128,7 @@ int fsync(int handle) {
 int close(int handle) {
   const bool fails = Fails("close", NameOf(handle), true);
   const int error = errno;
-  Forget(handle);
+  TheWatch().names.erase(handle);
   const int result = Real<decltype(::close)>("close")(handle);
   if (!fails) return result;
   errno = error;
@@ -166,10 +137,6 @@ int close(int handle) {
 
 int stat(const char* path, struct stat* status) noexcept {
   return Fails("stat", path) ? -1 : Real<decltype(::stat)>("stat")(path, status);
-}
-
-int lstat(const char* path, struct stat* status) noexcept {
-  return Fails("stat", path) ? -1 : Real<decltype(::lstat)>("lstat")(path, status);
 }
 
 int fstat(int handle, struct stat* status) noexcept {
@@ -224,7 +191,7 @@ int fseeko(FILE* file, off_t offset, int origin) {
 }
 
 int fclose(FILE* file) {
-  Forget(::fileno(file));
+  TheWatch().names.erase(::fileno(file));
   return Real<decltype(::fclose)>("fclose")(file);
 }
 

@@ -11,7 +11,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <map>
-#include <optional>
 #include <random>
 #include <sstream>
 #include <thread>
@@ -91,14 +90,16 @@ class Desk {
                                      text + "caf\xC3\xA9</body>");
     (void)folder_.Write("d.docx",
                         ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
-    EXPECT_EQ(Start({"@/i.txt", "--index"}).status, 0);
-    EXPECT_EQ(Start({"@/a.txt", "-o", "@/out.txt", "--save-settings", "@/s.lvz"}).status, 0);
+    EXPECT_EQ(EndOf(Fork({"@/i.txt", "--index"}, "")).status, 0);
+    const std::vector<std::string> saving = {"@/a.txt", "-o", "@/out.txt", "--save-settings",
+                                             "@/s.lvz"};
+    EXPECT_EQ(EndOf(Fork(saving, "")).status, 0);
     fs::remove(folder_.Path("i.qvl.conc.txt"));
     PutBack();
     for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
       before_.push_back(file.path().string());
     }
-    clean_ = Start(scenario.arguments);
+    clean_ = Run("");
     EXPECT_EQ(clean_.status, 0) << clean_.errors;
     for (const std::string& name : scenario.written) new_[name] = folder_.Read(name);
     std::istringstream log(beside_.Read("log"));
@@ -113,7 +114,7 @@ class Desk {
 
   // Runs the scenario; `fault` as for the library.
   [[nodiscard]] Ending Run(const std::string& fault) const {
-    return Start(scenario_.arguments, fault);
+    return EndOf(Fork(scenario_.arguments, fault));
   }
 
   // Starts the scenario and sends it the signal after so long; gives the one that ended it.
@@ -121,9 +122,26 @@ class Desk {
     const pid_t child = Fork(scenario_.arguments, "");
     std::this_thread::sleep_for(time);
     ::kill(child, signal);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    return EndOf(child).signal;
+  }
+
+  // What is wrong after a run with such a fault in the operation.
+  [[nodiscard]] std::string Complaint(const Operation& operation, const std::string& kind,
+                                      const Ending& ending) const {
+    const bool killed = kind == "K";
+    const bool silent = ending.errors == clean_.errors;
+    const bool failed = ending.status != 0;
+    const bool saysWhere = std::ranges::any_of(
+        std::vector<std::string>{folder_.Path(""), "input file", "temporary folder"},
+        [&ending](const auto& place) { return ending.errors.find(place) != std::string::npos; });
+    std::string complaint = ending.signal == (killed ? SIGKILL : 0) ? "" : "signal; ";
+    if (!killed && failed && (silent || !saysWhere))
+      complaint += "does not say what failed where; ";
+    if ((kind == "E4" || kind == "S") && (failed || !silent)) complaint += "gives up; ";
+    complaint += FilesComplaint(!killed && !failed && silent);
+    // What cannot be removed stays; the user is told.
+    const bool stays = kind == "E5+" || (operation.name == "remove" && !silent);
+    return complaint + (stays ? "" : Litter(killed));
   }
 
   // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
@@ -154,7 +172,7 @@ class Desk {
       if (std::count(before_.begin(), before_.end(), path) + new_.count(name) > 0) continue;
       const bool ofAKill =
           name.starts_with("tmp/QVL") || (name.starts_with(".qvl") && name.ends_with(".tmp"));
-      if (!killed || !ofAKill) litter += name + " ";
+      if (!killed || !ofAKill) litter += "leaves " + name + "; ";
     }
     return litter;
   }
@@ -172,9 +190,6 @@ class Desk {
     }
   }
 
-  [[nodiscard]] const Ending& Clean() const { return clean_; }
-  [[nodiscard]] std::string Folder() const { return folder_.Path(""); }
-
  private:
   static constexpr const char* OLD = "old\r\n";
 
@@ -185,19 +200,15 @@ class Desk {
     return place == std::string::npos ? bytes : bytes.erase(place + label.size(), 32);
   }
 
-  [[nodiscard]] pid_t Fork(const std::vector<std::string>& arguments,
-                           const std::string& fault) const {
+  [[nodiscard]] pid_t Fork(std::vector<std::string> words, const std::string& fault) const {
     std::string folder = folder_.Path("");
     folder.pop_back();
-    std::vector<std::string> words = {folder + "/bin/quorvel-cli"};
-    words.reserve(arguments.size() + 1);
-    for (const std::string& word : arguments) {
-      words.push_back(naive::Replace<std::string>(word, "@", folder));
+    words.insert(words.begin(), "@/bin/quorvel-cli");
+    std::vector<char*> pointers(words.size() + 1);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      words[i] = naive::Replace(words[i], "@", folder);
+      pointers[i] = words[i].data();
     }
-    std::vector<char*> pointers;
-    pointers.reserve(words.size() + 1);
-    for (std::string& word : words) pointers.push_back(word.data());
-    pointers.push_back(nullptr);
     fs::remove(beside_.Path("log"));
     std::fflush(nullptr);
     const pid_t child = ::fork();
@@ -211,15 +222,12 @@ class Desk {
     (void)std::freopen("/dev/null", "r", stdin);
     (void)std::freopen("/dev/null", "w", stdout);
     (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
-    constexpr unsigned LONGEST = 60;  // seconds, after which it hangs
-    ::alarm(LONGEST);
+    ::alarm(60);  // seconds, after which it hangs
     ::execv(pointers[0], pointers.data());
     ::_exit(127);
   }
 
-  [[nodiscard]] Ending Start(const std::vector<std::string>& arguments,
-                             const std::string& fault = "") const {
-    const pid_t child = Fork(arguments, fault);
+  [[nodiscard]] Ending EndOf(pid_t child) const {
     int status = 0;
     ::waitpid(child, &status, 0);
     return {WIFSIGNALED(status) ? WTERMSIG(status) : 0, WEXITSTATUS(status),
@@ -234,29 +242,6 @@ class Desk {
   std::vector<Operation> operations_;
   Ending clean_;
 };
-
-std::string Complaint(const Desk& desk, const Operation& operation, const std::string& kind,
-                      const Ending& ending) {
-  const bool killed = kind == "K";
-  const bool harmless = kind == "E4" || kind == "S";
-  std::string complaint;
-  if (ending.signal != (killed ? SIGKILL : 0)) {
-    complaint += "signal " + std::to_string(ending.signal) + "; ";
-  }
-  const bool silent = ending.errors == desk.Clean().errors;
-  const bool failed = ending.status != 0;
-  const bool saysWhere = std::ranges::any_of(
-      std::vector<std::string>{desk.Folder(), "input file", "temporary folder"},
-      [&ending](const auto& place) { return ending.errors.find(place) != std::string::npos; });
-  if (!killed && failed && (silent || !saysWhere)) complaint += "does not say what failed where; ";
-  if (harmless && (failed || !silent)) complaint += "gives up; ";
-  complaint += desk.FilesComplaint(!killed && !failed && silent);
-  // What cannot be removed stays; the user is told.
-  const bool stays = kind == "E5+" || (operation.name == "remove" && !silent);
-  const std::string litter = stays ? "" : desk.Litter(killed);
-  if (!litter.empty()) complaint += "leaves " + litter;
-  return complaint;
-}
 
 // The ways in which the operation is to fail, the n-th of its run.
 std::vector<std::string> KindsOf(const Operation& operation, std::size_t n) {
@@ -280,10 +265,10 @@ TEST(Faults, LoseNothing) {
       }
       for (const std::string& kind : KindsOf(operation, n)) {
         const Ending ending = desk.Run(std::to_string(n + 1) + " " + kind);
-        EXPECT_EQ(Complaint(desk, operation, kind, ending), "")
+        EXPECT_EQ(desk.Complaint(operation, kind, ending), "")
             << scenario.name << ", " << n + 1 << " " << kind << ": " << operation.name << " "
             << operation.path << "\n"
-            << ending.errors;
+            << ending.signal << ending.errors;
         desk.PutBack();
         ++faults;
       }

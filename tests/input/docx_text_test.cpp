@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
-#include <stdexcept>
 
 #include "input/document_text.h"
 #include "input/file_system.h"
-#include "naive/naive_forms.h"
 #include "naive/places.h"
 #include "support/file_size_limit.h"
-#include "support/made_texts.h"
 #include "support/platform.h"
 #include "support/scripted_interface.h"
 #include "support/test_folder.h"
@@ -21,18 +17,15 @@ namespace quorvel {
 namespace {
 
 namespace fs = std::filesystem;
-using naive::Find;
-using naive::Mid;
-using naive::Replace;
 
 constexpr const char* BODY = "word/document.xml";
 
 // A file named a.docx beside the place where temporary folders are made, while it lives.
 class Desk {
  public:
-  explicit Desk(const std::string& name = "temporary") {
+  Desk() {
     fs::create_directories(folder_.Path("temporary"));
-    SetVariable("TMPDIR", folder_.Path(name));
+    SetVariable("TMPDIR", folder_.Path("temporary"));
   }
   ~Desk() { SetVariable("TMPDIR", ""); }
 
@@ -44,28 +37,6 @@ class Desk {
  private:
   TestFolder folder_;
 };
-
-// The walk over the XML as it is defined, run by run and without a thought of time.
-std::string NaiveRuns(const std::string& xml) {
-  std::string joined;
-  int previous = 0;  // the place behind the run before
-  for (int position = 1;;) {
-    const int start = Find(xml, position, "<w:t");
-    const int end = Find(xml, position, "</w:t>");
-    if (start == 0 || end < start) return joined;
-    position = start + 4;
-    if (Mid(xml, position, 1) != " " && Mid(xml, position, 1) != ">") continue;
-    const int from = Find(xml, position, ">") + 1;
-    std::string run = Mid(xml, from, end - from);
-    const std::string between = previous > 0 ? Mid(xml, previous, start - previous) : "";
-    const bool isBroken = Find(between, 1, "<w:br/>") > 0 || Find(between, 1, "</w:p>") > 0;
-    if (isBroken) run = " " + run;
-    run = Replace(Replace(Replace(run, "&amp;", "&"), "&lt;", "<"), "&gt;", ">");
-    const bool isBlank = Replace(run, " ", "").empty();
-    joined += isBlank ? " " : naive::PlainPunctuation(naive::RepairUtf8(run));
-    position = previous = end + 6;
-  }
-}
 
 TEST(DocxText, ReadsRuns) {
   // With "[" for the start of a run and "]" for its end.
@@ -84,25 +55,11 @@ TEST(DocxText, ReadsRuns) {
        "\xE2\x80\x99'\xC3\xA9"},
   };
   for (const auto& [name, marked, expected] : rows) {
-    const std::string xml = Replace(Replace<std::string>(marked, "[", "<w:t>"), "]", "</w:t>");
+    const std::string starts = naive::Replace(std::string(marked), "[", "<w:t>");
     ScriptedInterface ui;
+    const std::string xml = naive::Replace(starts, "]", "</w:t>");
     EXPECT_EQ(ReadDocumentRuns(xml, ui).text, expected) << name;
-    EXPECT_EQ(NaiveRuns(xml), expected) << name;
     EXPECT_TRUE(ui.labels.empty()) << name;
-  }
-}
-
-TEST(DocxText, RunsAreTheSameAsInTheNaiveForm) {
-  const std::vector<std::string> parts = {
-      "<w:t>",    "<w:t>",        "<w:t ",    "<w:t",  "</w:t>", "</w:t>", "</w:t>",
-      "<w:tab/>", "<w:br/>",      "</w:p>",   "</w:p", ">",      "a",      "a ",
-      " ",        "  ",           "&amp;",    "&lt;",  "&gt;",   "lt;",    "amp;",
-      "&",        "\xE2\x80\x94", "\xC3\xA9", "\xC3",  "\xA9",   "\xC2",   "\xE2\x80\xA0"};
-  std::mt19937 random(20261121);
-  ScriptedInterface ui;
-  for (int round = 0; round < 60000; ++round) {
-    const std::string xml = RandomText(parts, 40, random);
-    ASSERT_EQ(ReadDocumentRuns(xml, ui).text, NaiveRuns(xml)) << xml;
   }
 }
 
@@ -112,7 +69,7 @@ TEST(DocxText, WalkStopsOnlyWhenConfirmedAndShowsHowFarItIs) {
   ScriptedInterface ui;
   ui.answers = {Answer::no};
   ui.stopAtYield = 3;
-  DocumentRuns runs = ReadDocumentRuns(xml, ui);
+  const DocumentRuns runs = ReadDocumentRuns(xml, ui);
   EXPECT_EQ(runs.text.size(), xml.size() / 27 * 5);
   EXPECT_FALSE(runs.stopped || ui.StopRequested());
   EXPECT_EQ(ui.Said(),
@@ -121,44 +78,19 @@ TEST(DocxText, WalkStopsOnlyWhenConfirmedAndShowsHowFarItIs) {
   EXPECT_EQ(bar.front(), "[>" + std::string(40, ' ') + "]");
   EXPECT_EQ(bar.at(bar.size() - 2).substr(0, 35), "[" + std::string(34, '-'));
   EXPECT_EQ(bar.back(), "");
-
-  ScriptedInterface stopping;
-  stopping.stopAtYield = 3;
-  runs = ReadDocumentRuns(xml.substr(0, 1000000), stopping);
-  EXPECT_TRUE(runs.stopped && stopping.StopRequested());
-  EXPECT_LT(runs.text.size(), 50000U);
-  EXPECT_TRUE(stopping.labels.empty());
 }
 
 std::string Xml(const std::string& text) { return "<w:p><w:t>" + text + "</w:t></w:p>"; }
-
-// A long text that no method makes much shorter.
-std::string NoisyText() {
-  std::mt19937 random(20261121);
-  std::string text(20000, ' ');
-  for (char& letter : text) letter = static_cast<char>('a' + random() % 26);
-  return text;
-}
 
 std::string BodyOfSize(std::size_t size) {
   return ZipArchive({{BODY, Xml(std::string(size - Xml("").size(), 'x'))}});
 }
 
-struct DocumentRow {
-  const char* name;
-  std::string bytes;
-  std::string expected;  // the messages and then the text, or how long it is
-  std::vector<Answer> answers = {};
-  std::uint64_t largestFile = FileSizeLimit::NONE;
-  std::string temporaryFolder = "temporary";
-};
-
-std::string ReadDocument(const DocumentRow& row) {
-  const Desk desk(row.temporaryFolder);
-  const std::string path = desk.Put(row.bytes);
-  const FileSizeLimit disk(row.largestFile);
+// The messages and then the text, or how long it is.
+std::string ReadDocument(const Desk& desk, const std::string& bytes, bool yes = false) {
+  const std::string path = desk.Put(bytes);
   ScriptedInterface ui;
-  ui.answers = row.answers;
+  if (yes) ui.answers = {Answer::yes};
   bool isUtf8 = false;
   bool macNoticeShown = false;
   const auto text = ObtainDocumentText(path, EncodingChoice::confirm, isUtf8, macNoticeShown, ui);
@@ -170,12 +102,10 @@ std::string ReadDocument(const DocumentRow& row) {
 }
 
 TEST(DocumentText, ReadsOddDocumentsOrSaysWhatIsWrong) {
-  using enum Answer;
   const std::string anyway =
       "Error: Invalid checksum found when processing\r\n@\r\n"
       "Do you wish to scan this file anyway?\n";
   const std::string empty = "Error: File @\r\nholds no document text.\n";
-  const std::string noText = anyway + empty;
   const std::string isBig =
       "Big file: @\r\nis rather large.  It may take awhile to scan.\r\n"
       "Do you wish to continue?\n";
@@ -185,94 +115,82 @@ TEST(DocumentText, ReadsOddDocumentsOrSaysWhatIsWrong) {
   const std::string tooBig =
       "File too big: @\r\nis too large to be scanned directly.\r\n\r\n"
       "Recommend saving it as a text file and\r\napplying this program to that file.\n";
-  const std::string unwritable = "Quorvel: Unable to write to temporary folder.\n";
-  const std::string noFolder = "Quorvel: Unable to create temporary folder.\n";
-  const std::string plain = ZipArchive({{BODY, Xml("ships")}});
   const std::string stored = ZipArchive({{BODY, Xml("ships"), ZIP_CM_STORE}});
-  const std::string damaged = Replace(stored, "ships", "chips");
+  const std::string damaged = naive::Replace(stored, "ships", "chips");
   const std::string others = ZipArchive({{"a", "x"}, {BODY, Xml("caf\xC3\xA9")}, {"z", ""}});
-  const auto central = [&plain](std::size_t offset, std::uint64_t value, int width) {
-    return WithField(plain, CENTRAL_RECORD, offset, value, width);
-  };
   const auto lying = WithField(BodyOfSize(30000000), CENTRAL_RECORD, 24, 10, 4);
-  const DocumentRow rows[] = {
+  const struct {
+    const char* name;
+    std::string bytes;
+    std::string expected;
+    bool yes = false;
+  } rows[] = {
       {"among others", others, "= caf\xE9"},
-      {"64-bit", AsZip64(plain, 1), "= ships"},
-      {"64-bit with a wrong count", AsZip64(plain, 1ULL << 40U), noText, {yes}},
       {"no runs", ZipArchive({{BODY, "<w:p/>"}}), "= "},
       {"an empty body", ZipArchive({{BODY, ""}}), empty},
-      {"wrong checksum, yes", damaged, anyway + "= chips", {yes}},
-      {"wrong checksum, no", damaged, anyway, {no}},
-      {"wrong checksum in the directory", central(16, 1, 4), anyway + "= ships", {yes}},
-      {"place beyond the end", central(42, 4000000000, 4), noText, {yes}},
-      {"several disks", WithField(plain, END_RECORD, 4, 1, 2), noText, {yes}},
-      {"encrypted", central(8, 1, 2), noText, {yes}},
-      {"no body", ZipArchive({{"content.xml", Xml("ships")}}), noText, {yes}},
-      {"a folder of its name", ZipArchive({{"word/document.xml/", ""}}), noText, {yes}},
-      {"no archive", "PK\x03\x04 is how one begins", noText, {yes}},
-      {"no temporary folder", plain, noFolder, {}, FileSizeLimit::NONE, "none"},
-      {"a full disk", BodyOfSize(100000), unwritable, {}, 1000},
+      {"wrong checksum, yes", damaged, anyway + "= chips", true},
+      {"no body", ZipArchive({{"content.xml", Xml("ships")}}), anyway + empty, true},
+      {"no archive", "PK\x03\x04 is how one begins", anyway + empty, true},
+      {"encrypted", WithField(stored, CENTRAL_RECORD, 8, 1, 2), anyway + empty, true},
       {"at the threshold", BodyOfSize(10485760), "= 10485738"},
       {"above it, declined by Enter", BodyOfSize(10485761), isBig + saveAsText},
-      {"at the limit", BodyOfSize(20971520), isBig + "= 20971498", {yes}},
+      {"at the limit", BodyOfSize(20971520), isBig + "= 20971498", true},
       {"above the limit", BodyOfSize(20971521), tooBig},
       {"far above it, small by the directory", lying, tooBig},
   };
-  for (const DocumentRow& row : rows) {
-    // On Windows files cannot be limited, and the place of temporary folders is always there.
-    const bool hasFault = row.largestFile != FileSizeLimit::NONE || row.temporaryFolder == "none";
-    if (ON_WINDOWS && hasFault) continue;
-    EXPECT_EQ(ReadDocument(row), row.expected) << row.name;
+  const Desk desk;
+  for (const auto& row : rows) {
+    EXPECT_EQ(ReadDocument(desk, row.bytes, row.yes), row.expected) << row.name;
   }
 }
 
-TEST(DocxText, TakesOptionsAndOtherDocuments) {
+TEST(DocumentText, TellsThatTheTemporaryFolderIsOfNoUse) {
+  SKIP_ON_WINDOWS("files cannot be limited, and the place of temporary folders is always there");
+  const Desk desk;
+  {
+    const FileSizeLimit disk(1000);
+    EXPECT_EQ(ReadDocument(desk, BodyOfSize(100000)),
+              "Quorvel: Unable to write to temporary folder.\n");
+  }
+  SetVariable("TMPDIR", "/none");
+  EXPECT_EQ(ReadDocument(desk, BodyOfSize(100)), "Quorvel: Unable to create temporary folder.\n");
+}
+
+TEST(DocxText, AsksOnlyWhereItMay) {
   const Desk desk;
   ScriptedInterface ui;
+  ui.answers = {Answer::no};
+  const std::string damaged = WithField(BodyOfSize(150), CENTRAL_RECORD, 16, 1, 4);
   const auto codeOf = [&](const std::string& bytes, const ExtractOptions& options) {
     return ExtractDocumentText(desk.Put(bytes), "QVL", options, ui).code;
   };
-  const ExtractOptions unasked = {false, false, {200, 100}};
-  const std::string damaged = WithField(BodyOfSize(150), CENTRAL_RECORD, 16, 1, 4);
-  EXPECT_EQ(codeOf(damaged, unasked), ExtractionCode::damaged);
-  EXPECT_EQ(codeOf(BodyOfSize(200), unasked), ExtractionCode::success);
-  EXPECT_EQ(codeOf(BodyOfSize(201), unasked), ExtractionCode::tooLarge);
-  EXPECT_EQ(codeOf(BodyOfSize(101), {true, true, {200, 100}}), ExtractionCode::sizeDeclined);
-  EXPECT_EQ(ui.questions.size(), 2U);
-  const std::string odt = desk.Put(ZipArchive({{"content.xml", Xml("ships")}}), "a.ODT");
-  EXPECT_EQ(ExtractDocumentText(odt, "QVL", {}, ui).text, "ships");
-  EXPECT_TRUE(desk.IsClean());
+  EXPECT_EQ(codeOf(damaged, {false, false, {200, 100}}), ExtractionCode::damaged);
+  EXPECT_EQ(codeOf(BodyOfSize(150), {false, false, {200, 100}}), ExtractionCode::success);
+  EXPECT_TRUE(ui.questions.empty());
+  EXPECT_EQ(codeOf(damaged, {}), ExtractionCode::damageDeclined);
 }
 
 TEST(DocxText, SpoiltArchivesEndInTextOrMessage) {
-  const std::string whole = ZipArchive({{"a.xml", NoisyText()}, {BODY, Xml(NoisyText())}});
   std::mt19937 random(20261121);
-  std::vector<std::string> spoilt;
-  for (std::size_t length = 4; length < whole.size(); length += 97) {
-    spoilt.push_back(whole.substr(0, length));
-  }
-  for (int n = 0; n < 300; ++n) {
-    std::string bytes = whole;
-    // Most of them where the directory is.
-    for (int hits = 3; hits > 0; --hits) {
-      const std::size_t back = random() % (n % 3 == 0 ? whole.size() : 200);
+  // A text that no method makes much shorter.
+  std::string text(20000, ' ');
+  for (char& letter : text) letter = static_cast<char>('a' + random() % 26);
+  const std::string whole = ZipArchive({{BODY, Xml(text)}});
+  const Desk desk;
+  for (int n = 0; n < 500; ++n) {
+    std::string bytes = n % 3 == 0 ? whole.substr(0, 4 + random() % (whole.size() - 4)) : whole;
+    // Most of the others where the directory is.
+    for (int hits = n % 3; hits > 0; --hits) {
+      const std::size_t back = random() % (n % 4 == 0 ? whole.size() : 130);
       bytes[whole.size() - 1 - back] = static_cast<char>(random());
     }
-    spoilt.push_back(bytes);
-  }
-  for (const std::uint64_t length : {0U, 3U, 100000U, 4000000000U}) {
-    spoilt.push_back(WithField(whole, CENTRAL_RECORD, 20, length, 4));
-    spoilt.push_back(WithField(whole, CENTRAL_RECORD, 24, length, 4));
-  }
-  const Desk desk;
-  for (const std::string& bytes : spoilt) {
     ScriptedInterface ui;
     ui.answers = {Answer::yes};
     const ExtractedText got = ExtractDocumentText(desk.Put(bytes), "QVL", {}, ui);
     const bool hasText = got.code == ExtractionCode::success;
     EXPECT_TRUE(hasText || got.code == ExtractionCode::noBody) << testing::PrintToString(bytes);
     // What passes unasked is whole.
-    EXPECT_TRUE(!hasText || !ui.questions.empty() || got.text == NoisyText());
+    EXPECT_TRUE(!hasText || !ui.questions.empty() || got.text == text);
     ASSERT_TRUE(desk.IsClean());
   }
 }
@@ -282,42 +200,26 @@ TEST(DocumentText, TellsWordDocumentsFromOthers) {
   EXPECT_TRUE(IsWordDocument(desk.Put("PK\x03\x04 56789", "A.DOCX")));
   EXPECT_FALSE(IsWordDocument(desk.Put("PK\x03\x04 5678")));
   EXPECT_FALSE(IsWordDocument(desk.Put("PK is no archive")));
-  EXPECT_FALSE(IsWordDocument(desk.Put("PK\x03\x04 56789", "a.odt")));
 }
 
-// Fails at the first yield, in the middle of a walk.
-struct FailingInterface : ScriptedInterface {
-  void YieldNow() override { throw std::runtime_error("window gone"); }
-};
-
-TEST(DocumentText, RemovesTheFolderAfterAStopAndAFailure) {
+TEST(DocumentText, RemovesTheFolderAfterAStop) {
   const Desk desk;
-  const std::string path = desk.Put(ZipArchive({{BODY, Xml("ships")}}));
   bool isUtf8 = false;
   ScriptedInterface ui;
   ui.stopAtYield = 1;
-  EXPECT_FALSE(ReadWordDocument(path, isUtf8, ui).has_value());
+  EXPECT_FALSE(ReadWordDocument(desk.Put(BodyOfSize(100)), isUtf8, ui).has_value());
   EXPECT_TRUE(ui.StopRequested());
-  EXPECT_TRUE(desk.IsClean());
-  FailingInterface failing;
-  EXPECT_THROW((void)ReadWordDocument(path, isUtf8, failing), std::runtime_error);
   EXPECT_TRUE(desk.IsClean());
 }
 
-// Documents as two programs wrote them, from the source that stands beside each; so does
-// what must come out.
+// As two programs wrote them, from the source that stands beside each.
 TEST(DocumentText, ReadsDocumentsOfOtherPrograms) {
-  int documents = 0;
-  for (const fs::directory_entry& file : fs::directory_iterator(QUORVEL_TEST_DATA "/docx")) {
-    if (file.path().extension() != ".docx") continue;
-    ++documents;
+  for (const char* name : {"harbour_log", "market_day"}) {
+    const std::string path = QUORVEL_TEST_DATA "/docx/" + std::string(name);
     ScriptedInterface ui;
     bool isUtf8 = false;
-    const auto text = ReadWordDocument(file.path().string(), isUtf8, ui);
-    fs::path expected = file.path();
-    EXPECT_EQ(text, ReadFileBytes(expected.replace_extension("txt").string()).bytes) << file.path();
+    EXPECT_EQ(ReadWordDocument(path + ".docx", isUtf8, ui), ReadFileBytes(path + ".txt").bytes);
   }
-  EXPECT_EQ(documents, 2);
 }
 
 }  // namespace

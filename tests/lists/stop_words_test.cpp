@@ -2,19 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/admission.h"
-#include "settings/settings.h"
+#include "support/scanned_text.h"
 #include "support/scripted_interface.h"
 
 namespace quorvel {
 namespace {
 
 TEST(StopWords, TidiesExtraStopWords) {
-  const char* rows[][2] = {{"the, a,an", "a an the"},
-                           {"  The   ÉTÉ ", "the été"},
-                           {" , ", ""},
-                           {"one", "one"},
-                           {"b a b", "a b b"}};
+  const char* rows[][2] = {
+      {"the, a,an", "a an the"}, {"  The   ÉTÉ ", "the été"}, {" , ", ""}, {"b a b", "a b b"}};
   for (const auto& row : rows) EXPECT_EQ(TidyExtraStopWords(row[0]), row[1]);
 }
 
@@ -42,56 +38,38 @@ TEST(StopWords, ChecksTheirCharacters) {
   }
 }
 
-TEST(Admission, FollowsTheSettings) {
-  const struct {
-    const char* name;
-    void (*change)(ConcordanceSettings&);
-    std::u16string listed;
-  } rows[] = {{"defaults", [](auto&) {}, u"The co-op the two "},
-              {"no hyphens", [](auto& s) { s.allowWordsWithHyphens = false; }, u"The the two "},
-              {"numerals", [](auto& s) { s.allowWordsWithNumerals = true; },
-               u"12th 3-d The co-op the two "},
-              {"infrequent", [](auto& s) { s.ignoreInfrequentWords = true; }, u"the "},
-              // With any stop words at all, the list counts too, and the number words in it.
-              {"extra stop word in any case", [](auto& s) { s.extraStopWords = "the"; }, u""},
-              {"list word as spelled", [](auto& s) { s.stopWordsFile = "a file"; }, u"The the "}};
-  for (const auto& [name, change, expected] : rows) {
+// With any stop words at all, the list counts too, and the number words in it.
+TEST(Admission, LeavesOutStopWords) {
+  const std::tuple<const char*, const char*, std::u16string> rows[] = {
+      {"", "", u"co-op The the two "}, {"the", "", u""}, {"", "a file", u"The the "}};
+  for (const auto& [extra, file, expected] : rows) {
+    ScriptedInterface ui;
     ConcordanceSettings settings;
-    change(settings);
-    WordLists lists;
-    lists.stopWords.words = {u"co-op"};
-    ConcealNumWords(lists.stopWords, true);
-    lists.extraStopWords = ExtraStopWordsOf(settings.extraStopWords);
-    WordTable table;
-    for (const char16_t* word : {u"12th", u"3-d", u"The", u"co-op", u"the", u"the", u"two"}) {
-      AddWordToList(table, EntryOf(table, word), 1);
-    }
-    ApplyAdmissionFilters(table, settings, lists);
+    settings.extraStopWords = extra;
+    settings.stopWordsFile = file;
+    RunState state = ScanText(u"The co-op, the two.", settings, ui);
+    state.lists.stopWords.words = {u"co-op"};
+    ConcealNumWords(state.lists.stopWords, true);
+    ApplyAdmissionFilters(state.table, settings, state.lists);
     std::u16string listed;
-    for (const WordEntry& entry : table.entries) listed += entry.include ? entry.word + u" " : u"";
-    EXPECT_EQ(listed, expected) << name;
+    for (const WordEntry& entry : state.table.entries) {
+      listed += entry.include ? entry.word + u" " : u"";
+    }
+    EXPECT_EQ(listed, expected) << extra << file;
   }
 }
 
-TEST(Settings, GoBackToTheirDefaults) {
-  ConcordanceSettings changed;
-  changed.contextSize = 9;
-  changed.inputFile = changed.stopWordsFile = changed.extraStopWords = "x";
-  changed.thresholdFrequency = 20;
-  changed.allowWordsWithHyphens = false;
-  changed.createIndexFile = true;
-  ConcordanceSettings window = changed;
-  InitializeVariables(window, false);
-  EXPECT_EQ(window.contextSize, 5);
-  EXPECT_EQ(window.inputFile + window.stopWordsFile, "");
-  EXPECT_EQ(window.extraStopWords, "x");
-  EXPECT_EQ(window.thresholdFrequency, 20);
-  EXPECT_TRUE(window.createIndexFile && !window.allowWordsWithHyphens);
-  ConcordanceSettings all = changed;
-  InitializeVariables(all, true);
-  EXPECT_EQ(all.extraStopWords, "");
-  EXPECT_EQ(all.thresholdFrequency, 2);
-  EXPECT_TRUE(all.createIndexFile && all.allowWordsWithHyphens);
+TEST(Settings, GoBackToTheirDefaultsButForLastingChoices) {
+  for (const bool all : {false, true}) {
+    ConcordanceSettings settings;
+    settings.contextSize = 9;
+    settings.thresholdFrequency = 20;
+    settings.createIndexFile = settings.saveStateOnQuit = settings.warnOnOverwrite = true;
+    InitializeVariables(settings, all);
+    EXPECT_EQ(settings.contextSize, 5);
+    EXPECT_EQ(settings.thresholdFrequency, all ? 2 : 20);
+    EXPECT_TRUE(settings.createIndexFile && settings.saveStateOnQuit && settings.warnOnOverwrite);
+  }
 }
 
 }  // namespace

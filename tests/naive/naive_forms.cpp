@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -31,8 +32,6 @@ Text MapCharacters(const Text& s, const Text& from, const Text& to, int width) {
 }
 
 Text ToUpperCase(const Text& s) { return MapCharacters(s, Left(LOWER, Length(UPPER)), UPPER, 1); }
-
-Text CapitalizeFirstLetter(const Text& s) { return ToUpperCase(Left(s, 1)) + From(s, 2); }
 
 Text RemoveChars(const Text& s, const Text& set) { return MapCharacters(s, set, u"", 1); }
 
@@ -151,10 +150,8 @@ void LinkByFrequency(WordTable& table) {
     ++table.includedCount;
     table.totalOccurrences += entries[i].Count();
   }
-  const auto isMoreFrequent = [&](auto a, auto b) {
-    return entries[a].Count() > entries[b].Count();
-  };
-  std::stable_sort(order.begin(), order.end(), isMoreFrequent);
+  const auto countOf = [&entries](std::size_t i) { return entries[i].Count(); };
+  std::ranges::stable_sort(order, std::greater(), countOf);
   for (std::size_t k = 0; k < order.size(); ++k) {
     const auto place = static_cast<std::int32_t>(order[k]) + 1;
     (k == 0 ? table.frequencyHead : entries[order[k - 1]].frequencyNext) = place;
@@ -235,19 +232,10 @@ std::vector<Text> MergeContexts(const std::vector<Text>& contexts, bool showFreq
 }
 
 Text MarkKeywordInContext(const Text& word, Text context) {
-  const Text capitalized = CapitalizeFirstLetter(word);
+  const Text capitalized = ToUpperCase(Left(word, 1)) + From(word, 2);
   context = Replace(context, word, Text(u"«") + word + u"»");
   if (capitalized != word) context = Replace(context, capitalized, Text(u"«") + capitalized + u"»");
   return Replace(context, u"»s", u"s»");
-}
-
-std::vector<Text> CutContexts(const Text& text, const WordEntry& entry,
-                              const ConcordanceSettings& settings) {
-  std::vector<Text> contexts;
-  for (const std::int32_t position : entry.positions) {
-    contexts.push_back(CutContext(text, position, Length(entry.word), settings));
-  }
-  return contexts;
 }
 
 std::string Byte(int code) { return {static_cast<char>(code)}; }
@@ -303,21 +291,18 @@ Text ComposeEntry(const Text& word, const std::vector<Text>& contexts,
 
 Text ListWords(const Text& documentText, const ConcordanceSettings& settings) {
   const Text text = BlankDoubleHyphens(documentText);
-  const WordTable table = MakeWordTable(text, settings);
-  Text output;
-  const auto list = [&](const WordEntry& entry) {
-    output += ComposeEntry(entry.word, CutContexts(text, entry, settings), settings);
-  };
+  std::vector<WordEntry> entries = MakeWordTable(text, settings).entries;
+  std::erase_if(entries, [](const WordEntry& entry) { return !entry.include; });
   if (settings.wordOrder == WordOrder::byFrequency) {
-    for (std::int32_t i = table.frequencyHead; i > 0;) {
-      const WordEntry& entry = table.entries[static_cast<std::size_t>(i - 1)];
-      list(entry);
-      i = entry.frequencyNext;
+    std::ranges::stable_sort(entries, std::greater(), &WordEntry::Count);
+  }
+  Text output;
+  for (const WordEntry& entry : entries) {
+    std::vector<Text> contexts;
+    for (const std::int32_t position : entry.positions) {
+      contexts.push_back(CutContext(text, position, Length(entry.word), settings));
     }
-  } else {
-    for (const WordEntry& entry : table.entries) {
-      if (entry.include) list(entry);
-    }
+    output += ComposeEntry(entry.word, contexts, settings);
   }
   while (!output.empty() && output[0] <= 32) output = From(output, 2);
   return output;

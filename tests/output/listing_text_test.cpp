@@ -19,49 +19,21 @@ Text FastListing(const Text& text, const ConcordanceSettings& settings) {
   return DecodeAnsi(state.outputText);
 }
 
-void CompareWithNaive(const Text& text, ConcordanceSettings settings) {
-  for (int choice = 0; choice < 80; ++choice) {
-    settings.contextSize = choice / 8;
-    settings.wordOrder = choice % 2 == 0 ? WordOrder::alphabetical : WordOrder::byFrequency;
-    settings.showFrequencies = choice / 2 % 2 == 0;
-    settings.showLineBreaks = choice / 4 % 2 == 0;
-    ASSERT_EQ(FastListing(text, settings), naive::ListWords(text, settings))
-        << "text: " << testing::PrintToString(text) << "\nchoice " << choice << ", numerals "
-        << settings.allowWordsWithNumerals;
-  }
-}
-
-struct Row {
-  const char* name;
-  int contextSize;
-  Text text, expected;
-  const char* stopWords = "";
-  bool showFrequencies = true, showLineBreaks = false;
-};
-
 TEST(ListingText, Entries) {
-  const Text harbour =
-      u"So it is of the old harbour was silent of the old harbour was silent of the harbour "
-      u"master's house to us.";
-  const char* others = "house master of old silent the was";
-  const Text breaks = u"a b / c / dog / e f / g h i";
   // The long word ends the window before the context is complete.
   const Text cut = u"to a dog abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyz ";
   const Text marked = u"to a dog--(x2) is ";
   const Text start = u"of us so it is to be or it is so to us of it ";
   const std::string many = "to " + Repeated("x12 to ", 13) + "it";
-  const Row rows[] = {
-      {"counted", 2, harbour,
-       u"[harbour 3]\r\n... the old «harbour» was silent (x2)\r\n"
-       u"... of the «harbour» master's house\r\n",
-       others},
-      {"not counted", 2, harbour,
-       u"[harbour]\r\n... the old «harbour» was silent\r\n... of the «harbour» master's house\r\n",
-       others, false},
-      {"bare words", 0, u"Cats and cats or cats.", u"Cat 1\r\ncat 2\r\n", "and"},
-      {"line breaks taken out", 2, breaks, u"[dog 1]\r\n... b c «dog» e f\r\n"},
-      {"line breaks shown, not counted as words", 2, breaks,
-       u"[dog 1]\r\n... b / c / «dog» / e f\r\n", "", true, true},
+  const struct {
+    const char* name;
+    int contextSize;
+    Text text, expected;
+    const char* stopWords = "";
+    bool showLineBreaks = false;
+  } rows[] = {
+      {"line breaks shown, not counted as words", 2, u"a b / c / dog / e f / g h i",
+       u"[dog 1]\r\n... b / c / «dog» / e f\r\n", "", true},
       {"a text too short for its context", 5, u"It was big.",
        u"[big 1]\r\n... \r\n\r\n[was 1]\r\n... «was» \r\n"},
       {"a neighbour longer than the window", 1, u"of abcdefghijklmnopqrstuvwxyzabcdef sea by us at",
@@ -74,7 +46,7 @@ TEST(ListingText, Entries) {
        u"[cat 1]\r\n...  «cats», «Cat» s«cat»ter «Cats» CAT \r\n",
        "scatter"},
       {"marks of the text", 3, u"to »s cat »ss «cat» to.",
-       u"[cat]\r\n...  s» «cat» s»s ««cat»» \r\n... «cat» s»s ««cat»»\r\n", "", false},
+       u"[cat 2]\r\n...  s» «cat» s»s ««cat»» \r\n... «cat» s»s ««cat»»\r\n"},
       {"a marker of the text is none of its own", 1, u"a dog (x2) . a dog (x2) . a dog (x2) . ",
        u"[dog 3]\r\n... «dog» (x2) .\r\n... a «dog» (x2)\r\n... a «dog» (x2)\r\n"},
       {"a context equals one less the text's marker", 2, start + marked + cut,
@@ -84,27 +56,15 @@ TEST(ListingText, Entries) {
       {"the word within the marker", 1, DecodeAnsi(many),
        u"[x12 13]\r\n... «x12» to «x12»\r\n... to «x12» to («x12»)\r\n"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     ConcordanceSettings settings;
     settings.contextSize = row.contextSize;
-    settings.showFrequencies = row.showFrequencies;
     settings.showLineBreaks = row.showLineBreaks;
     settings.allowWordsWithNumerals = true;
     settings.extraStopWords = row.stopWords;
     EXPECT_EQ(FastListing(row.text, settings), row.expected) << row.name;
     EXPECT_EQ(naive::ListWords(row.text, settings), row.expected) << row.name;
   }
-}
-
-TEST(ListingText, StoppedListingEndsWithACompleteEntry) {
-  ScriptedInterface ui;
-  RunState state = ScanText(u"the sea. the old sea.", {}, ui);
-  state.settings.contextSize = 1;
-  ui.stopAtYield = 2;
-  EXPECT_EQ(ListWords(state, ui), ListingOutcome::stopped);
-  EXPECT_EQ(DecodeAnsi(state.outputText),
-            (u"[old 1]\r\n... the «old» \r\n\r\n[sea 2]\r\n... «sea». the old\r\n... old\r\n"));
-  EXPECT_EQ(ui.appends.back(), "\r\nListing stopped.\r\n");
 }
 
 TEST(ListingText, SameAsTheNaiveForm) {
@@ -120,13 +80,20 @@ TEST(ListingText, SameAsTheNaiveForm) {
       {u"abcdefghijklmnopqrs ", u"abcdefghijklmnopqr/ ", u"/ ", u"/ / ", u"ship ", u"-",
        u"\u00e9t\u00e9 "}};
   std::mt19937 random(20261121);
-  for (int round = 0; round < 480 && !HasFatalFailure(); ++round) {
+  for (std::size_t round = 0; round < 480; ++round) {
     const std::size_t mostParts = round % 4 == 0 ? 12 : round % 50 == 1 ? 200 : 40;
     ConcordanceSettings settings;
     settings.allowWordsWithNumerals = random() % 2 == 0;
-    CompareWithNaive(RandomText(alphabets[static_cast<std::size_t>(round) % alphabets.size()],
-                                mostParts, random),
-                     settings);
+    const Text text = RandomText(alphabets[round % alphabets.size()], mostParts, random);
+    for (int choice = 0; choice < 80; ++choice) {
+      settings.contextSize = choice / 8;
+      settings.wordOrder = choice % 2 == 0 ? WordOrder::alphabetical : WordOrder::byFrequency;
+      settings.showFrequencies = choice / 2 % 2 == 0;
+      settings.showLineBreaks = choice / 4 % 2 == 0;
+      ASSERT_EQ(FastListing(text, settings), naive::ListWords(text, settings))
+          << "text: " << testing::PrintToString(text) << "\nchoice " << choice << ", numerals "
+          << settings.allowWordsWithNumerals;
+    }
   }
 }
 

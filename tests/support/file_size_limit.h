@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #ifndef _WIN32
 #include <sys/resource.h>
 
@@ -15,15 +14,13 @@ namespace quorvel {
 // is about one is skipped there.
 class FileSizeLimit {
  public:
-  static constexpr std::uint64_t NONE = std::numeric_limits<std::uint64_t>::max();
-
 #ifdef _WIN32
   explicit FileSizeLimit(std::uint64_t /*bytes*/) {}
   ~FileSizeLimit() = default;
 #else
   explicit FileSizeLimit(std::uint64_t bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
     getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit = {bytes == NONE ? RLIM_INFINITY : bytes, old_.rlim_max};
+    const rlimit limit = {bytes, old_.rlim_max};
     setrlimit(RLIMIT_FSIZE, &limit);
   }
   ~FileSizeLimit() {

@@ -10,7 +10,6 @@ namespace quorvel {
 #ifdef _WIN32
 inline constexpr bool ON_WINDOWS = true;
 inline constexpr const char* NULL_DEVICE = "NUL";
-inline constexpr const char* CONFIGURATION_VARIABLE = "APPDATA";
 
 inline void SetVariable(const char* name, const std::string& value) {
   _putenv_s(name, value.c_str());
@@ -18,7 +17,6 @@ inline void SetVariable(const char* name, const std::string& value) {
 #else
 inline constexpr bool ON_WINDOWS = false;
 inline constexpr const char* NULL_DEVICE = "/dev/null";
-inline constexpr const char* CONFIGURATION_VARIABLE = "XDG_CONFIG_HOME";
 
 // An empty value takes the variable away, as on Windows.
 inline void SetVariable(const char* name, const std::string& value) {

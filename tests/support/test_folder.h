@@ -33,7 +33,10 @@ class TestFolder {
   TestFolder(const TestFolder&) = delete;
   TestFolder& operator=(const TestFolder&) = delete;
 
-  [[nodiscard]] std::string Path(std::string_view name) const { return BytesOfPath(Place(name)); }
+  [[nodiscard]] std::string Path(std::string_view name) const {
+    const std::u8string path = Place(name).u8string();
+    return {path.begin(), path.end()};
+  }
 
   // Writes a file and gives its path.
   [[nodiscard]] std::string Write(std::string_view name, std::string_view bytes) const {
@@ -54,11 +57,6 @@ class TestFolder {
  private:
   [[nodiscard]] std::filesystem::path Place(std::string_view name) const {
     return (path_ / PathOfBytes(name)).make_preferred();
-  }
-
-  static std::string BytesOfPath(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
   }
 
   std::filesystem::path path_;

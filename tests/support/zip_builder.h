@@ -56,20 +56,5 @@ inline std::string WithField(std::string archive, std::string_view signature, st
 }
 
 inline constexpr const char* CENTRAL_RECORD = "PK\x01\x02";
-inline constexpr const char* END_RECORD = "PK\x05\x06";
-
-// The archive with a 64-bit end record that claims so many entries.
-inline std::string AsZip64(const std::string& archive, std::uint64_t entries) {
-  const std::size_t end = archive.rfind(END_RECORD);
-  const std::string directory = archive.substr(end + 12, 8);  // its length and its offset
-  const std::string zeros(4, '\0');
-  const std::string record = "PK\x06\x06" + LittleEndian(44, 8) + LittleEndian(45, 2) +
-                             LittleEndian(45, 2) + zeros + zeros + LittleEndian(entries, 8) +
-                             LittleEndian(entries, 8) + directory.substr(0, 4) + zeros +
-                             directory.substr(4) + zeros;
-  const std::string locator = "PK\x06\x07" + zeros + LittleEndian(end, 8) + LittleEndian(1, 4);
-  const std::string last = END_RECORD + zeros + std::string(12, '\xFF') + LittleEndian(0, 2);
-  return archive.substr(0, end) + record + locator + last;
-}
 
 }  // namespace quorvel

@@ -49,15 +49,6 @@ std::string ShownBy(const QWidget& window) {
   return message == nullptr ? title : POP_UP + message->text().toStdString();
 }
 
-void PressButton(QWidget& box, const std::string& caption) {
-  if (caption == "Escape") return QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
-  if (caption == "Enter") return QTest::keyClick(box.windowHandle(), Qt::Key_Enter);
-  for (QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
-    if (Caption(*button) == caption) return ClickOn(*button);
-  }
-  ADD_FAILURE() << "no button " << caption;
-}
-
 xcb_connection_t* XServer() {
   return qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
 }
@@ -96,6 +87,15 @@ void ClickOn(QWidget& control) {
   EXPECT_TRUE(control.isVisible() && control.isEnabled() && isHit)
       << control.objectName().toStdString() << " is hidden, disabled or covered";
   QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, inWindow);
+}
+
+void PressButton(QWidget& box, const std::string& caption) {
+  if (caption == "Escape") return QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
+  if (caption == "Enter") return QTest::keyClick(box.windowHandle(), Qt::Key_Enter);
+  for (QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
+    if (Caption(*button) == caption) return ClickOn(*button);
+  }
+  ADD_FAILURE() << "no button " << caption;
 }
 
 void TypeText(QWidget& window, const std::string& text) {

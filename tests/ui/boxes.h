@@ -24,6 +24,9 @@ void Activate(QWidget& window);
 // Clicks a control. Fails when that is hidden, disabled or covered.
 void ClickOn(QWidget& control);
 
+// Presses the button of this caption, or the key "Enter" or "Escape".
+void PressButton(QWidget& box, const std::string& caption);
+
 // Presses the keys for `text`.
 void TypeText(QWidget& window, const std::string& text);
 
@@ -38,8 +41,7 @@ using BoxList = std::vector<Box>;
 [[nodiscard]] Box Tells(const std::string& title, const std::string& text,
                         Icon icon = Icon::exclamation);
 
-// A question on which Enter would press `preset`. The user presses `button`, which may be the key
-// "Enter" or "Escape".
+// A question on which Enter would press `preset`. The user presses `button`.
 [[nodiscard]] Box Asks(const std::string& title, const std::string& text, const char* preset,
                        const char* button, std::string buttons = "Yes,No");
 

@@ -1,7 +1,6 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
@@ -14,8 +13,8 @@ namespace {
 
 class Controls : public WindowTest {
  protected:
-  // Fails unless `key` leads to each control of a window that takes keys at all.
-  static void ExpectAllReachedBy(Qt::Key key, QWidget& window) {
+  // Fails unless Tab leads to each control of a window that takes keys at all.
+  static void ExpectAllReached(QWidget& window) {
     ExpectSoon([&window] { return HasTheKeys(window); });
     std::set<std::string> wanted;
     for (const QWidget* control : window.findChildren<QWidget*>()) {
@@ -29,7 +28,7 @@ class Controls : public WindowTest {
     }
     std::set<std::string> reached;
     for (int presses = 0; presses < 60; ++presses) {
-      QTest::keyClick(window.windowHandle(), key);
+      QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
       if (window.focusWidget()) reached.insert(window.focusWidget()->objectName().toStdString());
     }
     EXPECT_EQ(reached, wanted);
@@ -40,26 +39,18 @@ TEST_F(Controls, AreReachedByTab) {
   OpenText("a.txt");
   List();
   Press(Qt::CTRL | Qt::Key_F);
-  ExpectAllReachedBy(Qt::Key_Tab, *window_);
-  Search();
-  ExpectAllReachedBy(Qt::Key_Backtab, *window_);
+  ExpectAllReached(*window_);
   Click("cmdSetParameters");
-  ExpectAllReachedBy(Qt::Key_Tab, Control("SettingsPanel"));
+  ExpectAllReached(Control("SettingsPanel"));
 }
 
 TEST_F(Controls, AreAllInView) {
-  window_ = std::make_unique<MainWindow>();
-  window_->show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+  Open();
   const QRegularExpression ours("^(cmd|txb|chk|opt|cbo|lbl)");
-  for (const QSize size : {window_->size(), USABLE_SIZE}) {
-    window_->resize(size);
-    ExpectSoon([this, size] { return window_->size() == size; });
-    for (const QWidget* control : window_->findChildren<QWidget*>(ours)) {
-      if (!control->isVisible()) continue;
-      EXPECT_EQ(control->visibleRegion().boundingRect(), control->rect())
-          << control->objectName().toStdString() << " at a height of " << size.height();
-    }
+  for (const QWidget* control : window_->findChildren<QWidget*>(ours)) {
+    if (!control->isVisible()) continue;
+    EXPECT_EQ(control->visibleRegion().boundingRect(), control->rect())
+        << control->objectName().toStdString();
   }
 }
 
@@ -80,26 +71,17 @@ TEST_F(Controls, AnswerToTheirKeys) {
                                      Qt::CTRL | Qt::Key_Enter, Qt::ALT | Qt::Key_S}) {
     Press(keys, {WritesConcordance()});
   }
-  Press(Qt::Key_F1);
-  QWidget& help = *Control("txbText1").window();
-  EXPECT_EQ(help.windowTitle(), "Help for Quorvel");
-  EXPECT_GT(Text("txbText1").size(), 1000U);
-  ExpectSoon([&help] { return HasTheKeys(help); });
-  Press(Qt::Key_Escape);
-  EXPECT_FALSE(help.isVisible());
   Click("cmdAbout", {{"About Quorvel", [](QWidget& about) {
-                        const auto* version = about.findChild<QWidget*>("lblVersion");
-                        EXPECT_EQ(version->property("text").toString(), "Version 21.36");
-                        const auto* icon = about.findChild<QLabel*>("lblIcon");
-                        EXPECT_EQ(icon->pixmap().deviceIndependentSize(), QSizeF(64, 64));
-                        ClickOn(*about.findChild<QPushButton*>("cmdClose"));
+                        EXPECT_FALSE(about.findChild<QLabel*>("lblIcon")->pixmap().isNull());
+                        PressButton(about, "Close");
                       }}});
+  Press(Qt::Key_F1);
+  EXPECT_GT(Text("txbText1").size(), 1000U);
 }
 
 TEST_F(Controls, FindInTheListing) {
   OpenText("a.txt");
   List();
-  EXPECT_FALSE(Shown("findBar"));
   Press(Qt::CTRL | Qt::Key_F);
   TypeText(*window_, "HARBOUR");
   EXPECT_EQ(Text("lblFindCount"), "11 found");
@@ -127,24 +109,6 @@ TEST_F(Controls, FindInTheListing) {
   EXPECT_TRUE(output.hasFocus());
 }
 
-TEST_F(Controls, ZoomTheListingByTheWheel) {
-  OpenText("a.txt");
-  const QWidget& output = Control("txbOutput");
-  const QPoint place = output.mapTo(window_.get(), QPoint(50, 50));
-  const double size = output.font().pointSizeF();
-  const auto turn = [this, place](int angle, Qt::KeyboardModifier modifier) {
-    QWheelEvent event(place, window_->mapToGlobal(place), {}, {0, angle}, Qt::NoButton, modifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(window_->windowHandle(), &event);
-  };
-  turn(360, Qt::NoModifier);
-  EXPECT_EQ(output.font().pointSizeF(), size);
-  turn(360, Qt::ControlModifier);
-  EXPECT_EQ(output.font().pointSizeF(), size + 3);
-  turn(-240, Qt::ControlModifier);
-  EXPECT_EQ(output.font().pointSizeF(), size + 1);
-}
-
 TEST_F(Controls, AreKeptCurrent) {
   const std::string input = OpenText("a.txt");
   const auto tip = [this] { return Control("txbFile_0").toolTip().toStdString(); };
@@ -156,7 +120,6 @@ TEST_F(Controls, AreKeptCurrent) {
   ExpectSoon([this] { return !Control("cmdViewFile").isEnabled(); });
   EXPECT_EQ(Text("lblConcordanceFileSize"), "");
   Click("cmdClearFile_0");
-  EXPECT_EQ(Text("lblInputFileSize"), "");
   ExpectSoon([&] { return tip() != input; });
 }
 

@@ -16,8 +16,6 @@ TEST(FileViewer, CutsALongText) {
   } rows[] = {
       {"just short enough", "a", 65529, 65529},
       {"just too long", "a", 65530, 65534},
-      {"much too long", "a", 300000, 65534},
-      {"two bytes each", "\xC3\xA9", 65529, 65529},
       {"two bytes, too long", "\xC3\xA9", 200000, 65534},
   };
   for (const auto& row : rows) {

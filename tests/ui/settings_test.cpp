@@ -9,16 +9,12 @@ class Settings : public WindowTest {
   static Box Saved() { return PopsUp("Settings saved"); }
   [[nodiscard]] std::string StateFile() const { return folder_.Read("config/Quorvel/qvl.usr"); }
 
-  void SaveTo(const char* name, const BoxList& more = {}) {
-    BoxList boxes = {AsksForFile("Specify file to save settings to", folder_.Path(name))};
-    boxes.insert(boxes.end(), more.begin(), more.end());
-    Click("cmdSaveLoadState_0", boxes);
+  [[nodiscard]] Box AsksToSave(const char* name) const {
+    return AsksForFile("Specify file to save settings to", folder_.Path(name));
   }
 
-  void LoadFrom(const char* name, const BoxList& more) {
-    BoxList boxes = {AsksForFile("Specify file to load settings from.", folder_.Path(name))};
-    boxes.insert(boxes.end(), more.begin(), more.end());
-    Click("cmdSaveLoadState_1", boxes);
+  [[nodiscard]] Box AsksToLoad(const char* name) const {
+    return AsksForFile("Specify file to load settings from.", folder_.Path(name));
   }
 
   // Gives every option a value that it does not have at first, and ends in search mode with the
@@ -71,75 +67,49 @@ TEST_F(Settings, AreSavedAndComeBackInCreateMode) {
 }
 
 TEST_F(Settings, AreSavedWhenTheProgramEnds) {
-  const std::pair<const char*, std::function<void(const BoxList&)>> ways[] = {
-      {"frame", [this](const BoxList& boxes) { CloseWindow(boxes); }},
-      {"button", [this](const BoxList& boxes) { Click("cmdQuit", boxes); }},
-      {"key", [this](const BoxList& boxes) { Press(Qt::CTRL | Qt::Key_Q, boxes); }},
-      {"panel",
-       [this](BoxList boxes) {
-         Click("cmdSetParameters");
-         Click("cmdQuitProgram", {Asks("Quit", "Really quit?", "Yes", "No")});
-         EXPECT_TRUE(window_->isVisible());
-         boxes.insert(boxes.begin(), Asks("Quit", "Really quit?", "Yes", "Yes"));
-         Click("cmdQuitProgram", boxes);
-       }},
-  };
-  for (const auto& [name, quit] : ways) {
-    SCOPED_TRACE(name);
-    Open();
-    quit({});
-    EXPECT_EQ(StateFile(), "");
-    Open();
-    Click("chkSaveStateOnQuit");
-    quit({Saved()});
-    EXPECT_FALSE(window_->isVisible());
-    const std::string saved = StateFile();
-    Open();
-    Click("cmdSaveState", {Saved()});
-    EXPECT_EQ(StateFile(), saved);
-    std::filesystem::remove_all(folder_.Path("config"));
-  }
+  Open();
+  Press(Qt::CTRL | Qt::Key_Q);
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(StateFile(), "");
+  Open();
+  Click("chkSaveStateOnQuit");
+  Click("cmdSetParameters");
+  Click("cmdQuitProgram", {Asks("Quit", "Really quit?", "Yes", "No")});
+  EXPECT_TRUE(window_->isVisible());
+  Click("cmdQuitProgram", {Asks("Quit", "Really quit?", "Yes", "Yes"), Saved()});
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_NE(StateFile(), "");
 }
 
 TEST_F(Settings, GoToAFileOfTheUsersChoiceAndBack) {
+  const Box initialized = PopsUp("Settings reinitialized");
   ChangeEverything();
-  SaveTo("mine");
+  Click("cmdSaveLoadState_0", {AsksToSave("mine")});
   EXPECT_EQ(folder_.Read("mine.lvz"), ChangedFile(SEARCH));
-  Click("cmdInitialize", {PopsUp("Settings reinitialized")});
-  SaveTo("initial.lvz");
-  EXPECT_EQ(folder_.Read("initial.lvz"),
-            "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n1\r\n1\r\n"
-            "1\r\n0\r\n0\r\n5\r\n\"\"\r\n\"\"\r\n1\r\n0\r\n");
-  EXPECT_EQ(Text("lblIndexFile") + Text("lblInputFileSize"), "Index file:");
+  Click("cmdInitialize", {initialized});
+  EXPECT_EQ(Text("cboContextSize") + Text("txbExtraStopWords") + Text("lblInputFileSize"), " 5");
   (void)folder_.Write("none.lvz", ChangedFile("0\r\n0\r\n"));
-  LoadFrom("none.lvz", {LoadsStopWords()});
+  Click("cmdSaveLoadState_1", {AsksToLoad("none.lvz"), LoadsStopWords()});
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "");
   EXPECT_EQ(Text("txbExtraStopWords") + Text("cboThresholdFrequency"), "mp3 the 20");
   (void)folder_.Write("bad.lvz", "\"" + folder_.Path("a.txt") + "\"\r\n");
   const char* const error =
       "Error when attempting to restore settings: the file ends after line 1.";
-  LoadFrom("bad.lvz", {Tells("Load settings", error)});
+  Click("cmdSaveLoadState_1", {AsksToLoad("bad.lvz"), Tells("Load settings", error)});
   EXPECT_EQ(Text("txbFile_0") + Text("cboContextSize") + Text("txbExtraStopWords"), " 5mp3 the");
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optCreate ");
-}
-
-// What the boxes show is what a run goes by.
-TEST_F(Settings, BringTheirKeywords) {
-  ChangeEverything();
-  SaveTo("mine.lvz");
-  Open();
-  Click("cmdSetParameters");
-  LoadFrom("mine.lvz", {LoadsStopWords(), OffersKeywords("No")});
+  // They bring their keywords: what the boxes show is what a run goes by.
+  Click("cmdSaveLoadState_1", {AsksToLoad("mine.lvz"), LoadsStopWords(), OffersKeywords("No")});
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optSearch ");
   Type("txbExtraKeywords", "");
   Type("txbFile_1", "");
   Click("cmdListWords");
   EXPECT_EQ(Text("txbOutput").substr(0, 6), "[old]\n");
   // And they go when the settings do.
-  Click("cmdInitialize", {PopsUp("Settings reinitialized")});
+  Click("cmdInitialize", {initialized});
   Drop(folder_.Path("a.txt"), {LoadsStopWords()});
   Search();
-  Click("cmdListWords", {WantsKeywords("Search")});
+  Click("cmdListWords", {WantsKeywords()});
 }
 
 TEST_F(Settings, ThatCannotBeSavedAreReported) {
@@ -148,7 +118,7 @@ TEST_F(Settings, ThatCannotBeSavedAreReported) {
   Open();
   Click("cmdSaveState", {Tells("Quorvel", error)});
   Click("cmdSetParameters");
-  SaveTo("config/x.lvz", {Tells("Save settings", error)});
+  Click("cmdSaveLoadState_0", {AsksToSave("config/x.lvz"), Tells("Save settings", error)});
 }
 
 }  // namespace

@@ -12,7 +12,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "lists/languages.h"
 #include "lists/stop_words.h"
 #include "run/stop_word_choice.h"
 #include "util/silent_interface.h"
@@ -20,6 +19,8 @@
 namespace quorvel {
 namespace {
 
+// In which all of the window is to be seen and used.
+constexpr QSize USABLE_SIZE(1000, 700);
 constexpr int LOOK_MS = 5000;
 
 }  // namespace
@@ -154,20 +155,16 @@ void WindowTest::ExpectSoon(const std::function<bool()>& condition) {
   EXPECT_TRUE(QTest::qWaitFor(condition, LOOK_MS));
 }
 
-Box WindowTest::LoadsStopWords(const std::string& code) {
-  const Language* language = &ALL_LANGUAGES;
-  for (const Language& one : LANGUAGES) {
-    if (one.code == code) language = &one;
-  }
-  const std::string path = StopWordsPath(*language);
+Box WindowTest::LoadsStopWords(const Language& language) {
+  const std::string path = StopWordsPath(language);
   StopWordList list;
   SilentInterface ui;
   EXPECT_TRUE(ReadStopWordsFile(path, list, ui));
   return Tells("Stop words loaded", StopWordsLoadedText(list, path), Icon::none);
 }
 
-Box WindowTest::WantsKeywords(const char* title) {
-  return Tells(title, "Specify a keywords file or type one or more extra keywords.",
+Box WindowTest::WantsKeywords() {
+  return Tells("Search", "Specify a keywords file or type one or more extra keywords.",
                Icon::information);
 }
 

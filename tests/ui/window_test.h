@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "lists/languages.h"
 #include "support/test_folder.h"
 #include "ui/boxes.h"
 #include "ui/main_window.h"
@@ -17,20 +18,12 @@ namespace quorvel {
 inline constexpr const char* HARBOUR =
     "The old harbour was silent now.\r\nThe old harbour was silent too.\r\n";
 
-// Its concordance at the settings of a first start.
-inline constexpr const char* HARBOUR_LISTING =
+// How its concordance begins at the settings of a first start.
+inline constexpr const char* HARBOUR_ENTRY =
     "[harbour 2]\n"
     "...  old «harbour» was silent now. The old «harbour» was silent\n"
     "... was silent now. The old «harbour» was silent \n"
-    "\n[old 2]\n"
-    "... «old» harbour was silent now. The «old» harbour was silent \n"
-    "... harbour was silent now. The «old» harbour was silent \n"
-    "\n[silent 2]\n"
-    "...  old harbour was «silent» now. The old harbour was «silent»\n"
-    "... now. The old harbour was «silent» \n";
-
-// In which all of the window is to be seen and used.
-inline constexpr QSize USABLE_SIZE(1024, 700);
+    "\n[old 2]\n";
 
 // Each test is a user of their own, who starts the program for the first time. Every action waits
 // for the boxes that it brings, in this order, and answers them.
@@ -56,7 +49,7 @@ class WindowTest : public testing::Test {
             const std::string& control = "txbOutput");
   void CloseWindow(const BoxList& boxes = {});  // by its frame
   void List() { Click("cmdListWords", {WritesConcordance()}); }
-  void Search() { Click("optSearch", {WantsKeywords("Search")}); }
+  void Search() { Click("optSearch", {WantsKeywords()}); }
 
   // Acts as soon as `when` holds, from inside the events of what goes on.
   void Meanwhile(std::function<bool()> when, std::function<void()> act);
@@ -70,9 +63,8 @@ class WindowTest : public testing::Test {
   [[nodiscard]] std::string Which(const char* property, const Names& names) const;
   static void ExpectSoon(const std::function<bool()>& condition);
 
-  // What is said when the stop words of a language are loaded, by its code.
-  [[nodiscard]] static Box LoadsStopWords(const std::string& code = "en");
-  [[nodiscard]] static Box WantsKeywords(const char* title);
+  [[nodiscard]] static Box LoadsStopWords(const Language& language = LANGUAGES.front());
+  [[nodiscard]] static Box WantsKeywords();
   [[nodiscard]] static Box OffersKeywords(const char* button);
   [[nodiscard]] static Box WritesConcordance() { return PopsUp("Concordance file written"); }
 

@@ -2,28 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace quorvel {
 namespace {
 
 // What is not UTF-8 is taken byte by byte for Windows-1252.
 TEST(Utf8, IsDecodedWhereItIsWellFormed) {
-  const struct {
-    const char* name;
-    std::string bytes;
-    std::u16string text;
-    bool comesBack = true;
-  } rows[] = {{"the shortest and longest of each length",
-               "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
-               u"\x7F\x80\x7FF\x800\xFFFF\U00010000\U0010FFFF"},
-              {"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", u"\xD7FF\xE000"},
-              {"an overlong letter", "\xC1\x81", u"\xC1\x81", false},
-              {"overlong in three", "\xE0\x9F\xBF", u"\xE0\x178\xBF", false},
-              {"overlong in four", "\xF0\x8F\xBF\xBF", u"\xF0\x8F\xBF\xBF", false},
-              {"a surrogate", "\xED\xA0\x80", u"\xED\xA0\x20AC", false},
-              {"beyond the last", "\xF4\x90\x80\x80", u"\xF4\x90\x20AC\x20AC", false},
-              {"a first byte beyond all", "\xF5\x80", u"\xF5\x20AC", false},
-              {"cut", "a\xE2\x82", u"a\xE2\x201A", false},
-              {"no continuation", "\xC3(", u"\xC3(", false}};
+  const std::tuple<const char*, std::string, std::u16string, bool> rows[] = {
+      {"the shortest and longest of each length",
+       "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
+       u"\x7F\x80\x7FF\x800\xFFFF\U00010000\U0010FFFF", true},
+      {"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", u"\xD7FF\xE000", true},
+      {"an overlong letter", "\xC1\x81", u"\xC1\x81", false},
+      {"overlong in three", "\xE0\x9F\xBF", u"\xE0\x178\xBF", false},
+      {"overlong in four", "\xF0\x8F\xBF\xBF", u"\xF0\x8F\xBF\xBF", false},
+      {"a surrogate", "\xED\xA0\x80", u"\xED\xA0\x20AC", false},
+      {"beyond the last", "\xF4\x90\x80\x80", u"\xF4\x90\x20AC\x20AC", false},
+      {"a first byte beyond all", "\xF5\x80", u"\xF5\x20AC", false},
+      {"cut", "a\xE2\x82", u"a\xE2\x201A", false},
+      {"no continuation", "\xC3(", u"\xC3(", false}};
   for (const auto& [name, bytes, text, comesBack] : rows) {
     EXPECT_EQ(DecodeUtf8(bytes), text) << name;
     EXPECT_EQ(EncodeUtf8(text) == bytes, comesBack) << name;
