@@ -201,7 +201,7 @@ instruction_rows() {
         "Filtering and counting and ordering by frequency|+OrderTable;" \
         "Encoding for the listing and mapping blanks|+EncodeAnsi +ContextCutter;" \
         "Cutting contexts|+Cut;" \
-        "Merging them|+ForEachListedWord -Cut -EmitContexts;" \
+        "Merging them|+DisplayNextWord -Cut -EmitContexts;" \
         "Marking and listing them|+EmitContexts;" \
         "The digest of the input|+ComputeFileDigest", rows, ";")
     }
@@ -275,7 +275,7 @@ text_row() { # caption, name of its measurement, text, extra stop words
 }
 
 renew_part measured <<END
-Each command ran $RUNS times, on a machine with $(nproc) cores, of which a run uses one.
+Each command ran $RUNS times, on a machine with $(nproc) cores, which a run uses to compose.
 
 | Measured | By medians | By minima | Target |
 |---|---|---|---|

@@ -1,5 +1,6 @@
 #include "cli/terminal_interface.h"
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -12,7 +13,8 @@ namespace {
 
 // A signal handler can reach nothing but a global.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
-volatile std::sig_atomic_t interrupted = 0;  // the signal, or 0
+std::atomic<int> interrupted = 0;  // the signal, or 0
+static_assert(std::atomic<int>::is_always_lock_free);
 
 void NoteSignal(int signal) {
   interrupted = signal;

@@ -16,23 +16,25 @@ bool Holds(std::string_view text, char first, char second) {
 
 }  // namespace
 
-EntryComposer::EntryComposer(std::u16string_view documentText, const EntryOptions& options)
+EntrySource::EntrySource(std::u16string_view documentText, const EntryOptions& options)
     : options_(options),
       text_(EncodeAnsi(documentText)),
       pluralMarksInText_(Holds(text_, PLURAL_MARK[0], PLURAL_MARK[1])),
-      cutter_(text_, options.context),
-      merger_(options.showFrequencies,
-              Holds(text_, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])) {}
+      repeatMarkersInText_(Holds(text_, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])),
+      cutter_(text_, options.context) {}
+
+EntryComposer::EntryComposer(const EntrySource& source)
+    : source_(source), merger_(source.options_.showFrequencies, source.repeatMarkersInText_) {}
 
 void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputText) {
-  if (options_.context.contextSize == 0) {
+  if (source_.options_.context.contextSize == 0) {
     outputText.append(WordLine(entry)).append(LINE_END);
     return;
   }
   outputText.append(LINE_END).append("[").append(WordLine(entry)).append("]");
   GatherContexts(entry);
-  const KeywordMarker marker(entry.word, pluralMarksInText_);
-  const KeywordLists* lists = options_.keywords;
+  const KeywordMarker marker(entry.word, source_.pluralMarksInText_);
+  const KeywordLists* lists = source_.options_.keywords;
   const std::u16string lower = lists != nullptr ? ToLowerCase(entry.word) : std::u16string();
   if (lists == nullptr || BinarySearch(lists->fileKeywords, lower)) {
     EmitContexts(marker, nullptr, outputText);
@@ -60,17 +62,17 @@ void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword
 
 std::string EntryComposer::WordLine(const WordEntry& entry) const {
   const std::string word = EncodeAnsi(entry.word);
-  return options_.showFrequencies ? word + ' ' + std::to_string(entry.Count()) : word;
+  return source_.options_.showFrequencies ? word + ' ' + std::to_string(entry.Count()) : word;
 }
 
 void EntryComposer::GatherContexts(const WordEntry& entry) {
   constexpr std::size_t AHEAD = 8;
   copies_.clear();
-  copies_.reserve(entry.positions.size() * cutter_.LongestContext(entry.word.size()));
+  copies_.reserve(entry.positions.size() * source_.cutter_.LongestContext(entry.word.size()));
   merger_.Start(entry.Count());
   for (std::size_t k = 0; k < entry.positions.size(); ++k) {
-    if (k + AHEAD < entry.positions.size()) cutter_.Prefetch(entry.positions[k + AHEAD]);
-    merger_.Add(cutter_.Cut(entry.positions[k], entry.word.size(), copies_));
+    if (k + AHEAD < entry.positions.size()) source_.cutter_.Prefetch(entry.positions[k + AHEAD]);
+    merger_.Add(source_.cutter_.Cut(entry.positions[k], entry.word.size(), copies_));
   }
 }
 

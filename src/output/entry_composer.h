@@ -26,10 +26,27 @@ struct EntryOptions {
   const KeywordLists* keywords = nullptr;  // of a search; without them every context is shown
 };
 
+// What all entries of a listing have in common: the text, as the listing holds it, and the options.
+// Any number of composers may use it at once.
+class EntrySource {
+ public:
+  // The double hyphens of `documentText` are blanked. The keywords must outlive the source.
+  EntrySource(std::u16string_view documentText, const EntryOptions& options);
+
+ private:
+  friend class EntryComposer;
+
+  EntryOptions options_;
+  std::string text_;  // in Windows-1252: half as much to compare and nothing to encode
+  bool pluralMarksInText_;
+  bool repeatMarkersInText_;
+  ContextCutter cutter_;
+};
+
 class EntryComposer {
  public:
-  // The double hyphens of `documentText` are blanked. The keywords must outlive the composer.
-  EntryComposer(std::u16string_view documentText, const EntryOptions& options);
+  // The source must outlive the composer.
+  explicit EntryComposer(const EntrySource& source);
 
   // Appends the entry of one word to `outputText`. The word must not occur more
   // often than MOST_OCCURRENCES.
@@ -43,10 +60,7 @@ class EntryComposer {
   void EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
                     std::string& outputText) const;
 
-  EntryOptions options_;
-  std::string text_;  // as the listing holds it: half as much to compare and nothing to encode
-  bool pluralMarksInText_;
-  ContextCutter cutter_;
+  const EntrySource& source_;
   ContextMerger merger_;
   std::string copies_;  // contexts that had to be copied, for the word at hand
 };

@@ -1,12 +1,18 @@
 #include "output/listing.h"
 
 #include <algorithm>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
 
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
 #include "output/listed_words.h"
 #include "util/ansi.h"
 #include "util/large_pages.h"
+#include "util/piece_makers.h"
 #include "util/time_text.h"
 
 namespace quorvel {
@@ -39,47 +45,108 @@ std::size_t ExpectedLength(const RunState& state) {
   return std::min(words * HEADER_LENGTH + lines * wordsInLine * WORD_LENGTH, LARGEST_RESERVE);
 }
 
-// The entries of a listing, one after the other.
+using ListedSpan = std::span<const ListedWord>;
+
+bool CanBeListed(const ListedWord& word) { return word.entry->Count() <= MOST_OCCURRENCES; }
+
+void RefuseFrequentWord(const WordEntry& entry, UserInterface& ui) {
+  ShowError(ui, "The word \"" + EncodeUtf8(entry.word) + "\" occurs " +
+                    std::to_string(entry.Count()) + " times; a word that occurs more than " +
+                    std::to_string(MOST_OCCURRENCES) +
+                    " times cannot be listed.\r\nAdd it to the stop words.");
+}
+
+// Cuts the words into pieces that take some tenths of a millisecond each to compose.
+std::vector<ListedSpan> PiecesOf(ListedSpan words) {
+  constexpr std::int32_t OCCURRENCES = 2048;
+  std::vector<ListedSpan> pieces;
+  while (!words.empty()) {
+    std::size_t taken = 0;
+    for (std::int32_t found = 0; taken < words.size() && found < OCCURRENCES; ++taken) {
+      found += words[taken].entry->Count();
+    }
+    pieces.push_back(words.first(taken));
+    words = words.subspan(taken);
+  }
+  return pieces;
+}
+
+// The composing of a listing, which a stop ends early.
 class ListingPass {
  public:
   ListingPass(RunState& state, UserInterface& ui)
-      : state_(state), ui_(ui), composer_(state.documentText, OptionsOf(state)) {
+      : state_(state),
+        ui_(ui),
+        progress_(state.table, ui),
+        source_(state.documentText, OptionsOf(state)) {
     state.outputText = {};
     ReserveLarge(state.outputText, ExpectedLength(state));
   }
 
-  // Lists a word; false when it cannot be listed.
-  bool List(const WordEntry& entry) {
-    if (entry.Count() > MOST_OCCURRENCES) return RefuseFrequentWord(entry);
-    const bool first = state_.outputText.empty();
-    composer_.DisplayNextWord(entry, state_.outputText);
-    // The line end that opens the first entry goes while the text is still short.
-    if (first) TrimLeadingControlChars(state_.outputText);
-    if (state_.settings.contextSize == 0) {
-      ui_.SetOutput(EncodeUtf8(DecodeAnsi(composer_.WordLine(entry))) + "\r\n");
-    }
-    return true;
+  void List(ListedSpan words) {
+    constexpr std::size_t FEWEST_PIECES = 4;  // that are worth a thread
+    const std::vector<ListedSpan> pieces = PiecesOf(words);
+    if (IsWordList() || pieces.size() < FEWEST_PIECES) return ListHere(words);
+    ListByThreads(pieces);
   }
 
  private:
-  bool RefuseFrequentWord(const WordEntry& entry) {
-    ShowError(ui_, "The word \"" + EncodeUtf8(entry.word) + "\" occurs " +
-                       std::to_string(entry.Count()) + " times; a word that occurs more than " +
-                       std::to_string(MOST_OCCURRENCES) +
-                       " times cannot be listed.\r\nAdd it to the stop words.");
-    return false;
+  [[nodiscard]] bool IsWordList() const { return state_.settings.contextSize == 0; }
+
+  void ListHere(ListedSpan words) {
+    EntryComposer composer(source_);
+    std::string text;
+    for (const ListedWord& word : words) {
+      text.clear();
+      composer.DisplayNextWord(*word.entry, text);
+      Add(text);
+      if (IsWordList()) {
+        ui_.SetOutput(EncodeUtf8(DecodeAnsi(composer.WordLine(*word.entry))) + "\r\n");
+      }
+      progress_.Show(word);
+      if (!progress_.MayGoOn()) return;
+    }
+  }
+
+  void ListByThreads(const std::vector<ListedSpan>& pieces) {
+    constexpr std::chrono::milliseconds PATIENCE(5);
+    PieceMakers makers(pieces.size(), Processors(), [this, &pieces] {
+      const auto composer = std::make_shared<EntryComposer>(source_);
+      return [composer, &pieces](std::size_t piece, std::string& to) {
+        for (const ListedWord& word : pieces[piece]) composer->DisplayNextWord(*word.entry, to);
+      };
+    });
+    for (std::size_t done = 0; done < pieces.size();) {
+      if (const std::optional<std::string_view> text = makers.Next(PATIENCE)) {
+        Add(*text);
+        progress_.Show(pieces[done++].back());
+      }
+      if (!progress_.MayGoOn()) return;
+    }
+  }
+
+  void Add(std::string_view text) {
+    const bool first = state_.outputText.empty();
+    state_.outputText += text;
+    // The line end that opens the first entry goes while the text is still short.
+    if (first) TrimLeadingControlChars(state_.outputText);
   }
 
   RunState& state_;
   UserInterface& ui_;
-  EntryComposer composer_;
+  ListingProgress progress_;
+  EntrySource source_;
 };
 
-// False when a word could not be listed; a stop ends it early.
+// False when a word could not be listed, before which the listing ends.
 bool ComposeListing(RunState& state, UserInterface& ui) {
+  const std::vector<ListedWord> words = ListedWords(state.table, state.settings.wordOrder);
+  const auto end = std::find_if_not(words.begin(), words.end(), CanBeListed);
   ListingPass pass(state, ui);
-  return ForEachListedWord(state.table, state.settings.wordOrder, ui,
-                           [&pass](const WordEntry& entry) { return pass.List(entry); });
+  pass.List({words.begin(), end});
+  if (end == words.end() || ui.StopRequested()) return true;
+  RefuseFrequentWord(*end->entry, ui);
+  return false;
 }
 
 void ShowListing(RunState& state, UserInterface& ui) {

@@ -97,5 +97,32 @@ TEST(ListingText, SameAsTheNaiveForm) {
   }
 }
 
+// Long enough to be composed on several threads.
+TEST(ListingText, OfALongTextIsWholeUpToAStopOrAWordThatCannotBeListed) {
+  std::vector<Text> words;
+  for (const char16_t first : std::u16string_view(u"abcdefghijklmnopqrst")) {
+    for (const char16_t second : std::u16string_view(u"abcdefghijklmnopqrst")) {
+      words.push_back(Text{u'w', first, second} + u". ");
+    }
+  }
+  std::mt19937 random(20261121);
+  const Text text = RandomText(words, 20000, random) + RandomText(words, 20000, random);
+  ConcordanceSettings settings;
+  const Text whole = FastListing(text, settings);
+  EXPECT_EQ(whole, naive::ListWords(text, settings));
+  ScriptedInterface ui;
+  RunState state = ScanText(text, settings, ui);
+  EXPECT_GT(state.table.totalOccurrences, 16384);
+  ui.stopAtYield = ui.yields + 8;
+  EXPECT_EQ(ListWords(state, ui), ListingOutcome::stopped);
+  EXPECT_TRUE(whole.starts_with(DecodeAnsi(state.outputText)));
+  ui.ClearStop();
+  const Text frequent = DecodeAnsi(Repeated("zebu ", 32768));
+  state = ScanText(text + frequent, settings, ui);
+  EXPECT_EQ(ListWords(state, ui), ListingOutcome::failed);
+  EXPECT_EQ(state.outputText.find("[zebu"), std::string::npos);
+  EXPECT_NE(state.outputText.find("[wab"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace quorvel
