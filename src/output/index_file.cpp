@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
+#include <future>
 #include <limits>
 #include <utility>
 
@@ -232,6 +233,10 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   const std::string& input = state.settings.inputFile;
   const FileRead file = ReadFileBytes(DefaultIndexFileName(input));
   if (!file.error.empty()) return false;
+  // Two things that take time and do not wait for each other; the words are looked at only when
+  // the digest fits.
+  std::future<std::optional<WordTable>> words =
+      std::async([&file] { return TableOfIndexFile(file.bytes); });
   LineReader lines(file.bytes);
   const FileStamp stamp = StampOf(input);
   const std::string digest = ComputeFileDigest(input, ui).text;
@@ -241,7 +246,7 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   }
   const std::optional<std::string_view> date = lines.Next();
   if (ask && !WantsIndex(date.value_or(""), ui)) return false;
-  std::optional<WordTable> table = TableOfIndexFile(file.bytes);
+  std::optional<WordTable> table = words.get();
   if (!table) return false;
   state.table = std::move(*table);
   state.words = {input, digest, stamp, true};
