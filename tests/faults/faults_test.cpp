@@ -163,6 +163,18 @@ class Desk {
     return {};
   }
 
+  // What is wrong after a run whose input was cut at a read. What there was of it may be listed.
+  [[nodiscard]] std::string ComplaintOfCut(const Ending& ending) const {
+    std::string complaint = ending.signal == 0 ? "" : "signal; ";
+    for (const auto& [name, bytes] : new_) {
+      const std::string found = folder_.Read(name);
+      const bool isNew = found.starts_with(bytes.substr(0, 20)) && found.ends_with("\r\n");
+      if (found != OLD && !isNew) complaint += name + ": a mixture; ";
+      if (found == OLD && ending.errors == clean_.errors) complaint += name + ": still the old; ";
+    }
+    return complaint + Litter(false);
+  }
+
   // The files that are too many, but for those that only a kill may leave.
   [[nodiscard]] std::string Litter(bool killed) const {
     std::string litter;
@@ -275,6 +287,25 @@ TEST(Faults, LoseNothing) {
     }
   }
   std::cout << faults << " faults\n";
+}
+
+TEST(Faults, AnInputThatIsCutWhileItIsReadIsListedAsFarAsItCameOrRefused) {
+  for (const std::size_t place : {0, 2, 3, 5}) {
+    const Desk desk(SCENARIOS[place]);
+    int cuts = 0;
+    for (std::size_t n = 0; n < desk.Operations().size(); ++n) {
+      const Operation& operation = desk.Operations()[n];
+      if (!operation.name.ends_with("read") || operation.path.find("/bin/") < operation.path.size())
+        continue;
+      const Ending ending = desk.Run(std::to_string(n + 1) + " Z");
+      EXPECT_EQ(desk.ComplaintOfCut(ending), "")
+          << SCENARIOS[place].name << ", " << n + 1 << ": " << operation.path << "\n"
+          << ending.signal << ending.errors;
+      desk.PutBack();
+      ++cuts;
+    }
+    EXPECT_GT(cuts, 3) << SCENARIOS[place].name;
+  }
 }
 
 // A kill leaves no time to clear away; a request to end does. What Ctrl-C stops in the listing is
