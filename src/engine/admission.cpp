@@ -7,15 +7,10 @@
 namespace quorvel {
 namespace {
 
-bool HasDigit(std::u16string_view word) {
-  return std::any_of(word.begin(), word.end(),
-                     [](char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; });
-}
-
 bool IsListed(const WordEntry& entry, const ConcordanceSettings& settings, const WordLists& lists) {
   const bool hyphenated = entry.word.find(u'-') != std::u16string::npos;
   if (hyphenated && !settings.allowWordsWithHyphens) return false;
-  if (!settings.allowWordsWithNumerals && HasDigit(entry.word)) return false;
+  if (!settings.allowWordsWithNumerals && std::ranges::any_of(entry.word, IsDigit)) return false;
   if (settings.ignoreInfrequentWords && entry.Count() < settings.thresholdFrequency) return false;
   return !IsStopWord(entry.word, settings, lists);
 }

@@ -48,7 +48,7 @@ std::u16string WithoutPossessives(std::u16string_view text) {
 
 bool MayStandInKeyword(char16_t ch, const ConcordanceSettings& settings) {
   if (ch == u'-') return settings.allowWordsWithHyphens;
-  if ((ClassOf(ch) & CLASS_DIGIT) != 0) return settings.allowWordsWithNumerals;
+  if (IsDigit(ch)) return settings.allowWordsWithNumerals;
   return IsLetter(ch) || std::u16string_view(u"*?#+ ").find(ch) != std::u16string_view::npos;
 }
 

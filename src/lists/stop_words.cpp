@@ -25,8 +25,6 @@ std::string CountText(const StopWordList& list) {
   return CountInWords(list.words.size(), "One stop word", " stop words");
 }
 
-bool IsDigit(char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; }
-
 bool MayStandInWord(char16_t ch, const ConcordanceSettings& settings) {
   if (ch == u'-') return settings.allowWordsWithHyphens;
   if (IsDigit(ch)) return settings.allowWordsWithNumerals;

@@ -26,7 +26,7 @@ bool ListHolds(std::u16string_view list, char16_t ch) {
 bool Fits(std::u16string_view element, char16_t ch) {
   if (element.size() > 1) return ListHolds(element.substr(1, element.size() - 2), ch);
   if (element[0] == u'?') return true;
-  if (element[0] == u'#') return (ClassOf(ch) & CLASS_DIGIT) != 0;
+  if (element[0] == u'#') return IsDigit(ch);
   return element[0] == ch;
 }
 

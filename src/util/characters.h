@@ -84,6 +84,9 @@ constexpr std::uint8_t ClassOf(char16_t ch) {
 // True for a letter of either case.
 constexpr bool IsLetter(char16_t ch) { return (ClassOf(ch) & CLASS_LETTER) != 0; }
 
+// True for 0 to 9.
+constexpr bool IsDigit(char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; }
+
 // True for what a token is made of: a letter, a digit or a hyphen.
 constexpr bool IsWordCharacter(char16_t ch) {
   return (ClassOf(ch) & (CLASS_LETTER | CLASS_DIGIT | CLASS_HYPHEN)) != 0;
