@@ -19,11 +19,7 @@ namespace {
 
 // Words that the user typed are Windows-1252 in the file. Paths are the file system's
 // own bytes, so that each comes back; on Windows these have a Windows-1252 form.
-std::string AnsiBytes(std::string_view utf8) {
-  std::string bytes;
-  AppendAnsi(bytes, DecodeUtf8(utf8));
-  return bytes;
-}
+std::string AnsiBytes(std::string_view utf8) { return EncodeAnsi(DecodeUtf8(utf8)); }
 
 std::string Utf8OfAnsi(std::string_view bytes) { return EncodeUtf8(DecodeAnsi(bytes)); }
 
