@@ -44,7 +44,7 @@ bool SettleStopWordsFile(const std::string& language, ConcordanceSettings& setti
   return chosen.has_value();
 }
 
-bool LoadWordLists(RunState& state, bool tellStopWords, TerminalInterface& ui) {
+bool LoadWordLists(RunState& state, bool tellStopWords, UserInterface& ui) {
   if (state.settings.mode == Mode::search) return LoadKeywords(state, ui);
   return LoadStopWords(state, tellStopWords, ui);
 }

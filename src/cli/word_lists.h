@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "cli/terminal_interface.h"
 #include "engine/run_state.h"
+#include "util/user_interface.h"
 
 namespace quorvel {
 
@@ -17,6 +17,6 @@ namespace quorvel {
 // Reads the keywords of a search, or the stop words of a concordance, from the files that
 // the settings name. With `tellStopWords` off their number is progress, no message. False
 // when a list could not be read (the user has been told) or the user stopped.
-[[nodiscard]] bool LoadWordLists(RunState& state, bool tellStopWords, TerminalInterface& ui);
+[[nodiscard]] bool LoadWordLists(RunState& state, bool tellStopWords, UserInterface& ui);
 
 }  // namespace quorvel
