@@ -12,8 +12,7 @@ bool LoadKeywords(RunState& state, UserInterface& ui) {
   const std::string& path = state.settings.keywordsFile;
   if (path.empty()) return true;
   if (!ReadKeywordsFile(path, state.lists.keywords, ui)) return false;
-  ui.Ask({KeywordsLoadedText(state.lists.keywords, path), "Keywords to search for", Icon::none,
-          Buttons::ok, Answer::ok});
+  ui.Tell(KeywordsLoadedText(state.lists.keywords, path), "Keywords to search for", Icon::none);
   return true;
 }
 

@@ -33,34 +33,30 @@ Message EncodingQuestion(bool inputIsUtf8) {
 }
 
 std::optional<std::string> ReadFailed(const std::string& errorText, UserInterface& ui) {
-  ui.Ask({errorText + "\r\nwhen reading input file.", "Read error", Icon::exclamation, Buttons::ok,
-          Answer::ok});
+  ui.Tell(errorText + "\r\nwhen reading input file.", "Read error");
   ui.SetOutput("");
   return std::nullopt;
 }
 
 // Tells why a document gave no text; nothing where the user knows.
 void ReportExtractionFailure(ExtractionCode code, const std::string& path, UserInterface& ui) {
-  const auto tell = [&ui](const std::string& text, const char* title, Icon icon) {
-    ui.Ask({text, title, icon, Buttons::ok, Answer::ok});
-  };
   switch (code) {
     case ExtractionCode::noTemporaryFolder:
-      return tell("Unable to create temporary folder.", STANDARD_TITLE, Icon::exclamation);
+      return ui.Tell("Unable to create temporary folder.", STANDARD_TITLE);
     case ExtractionCode::unwritable:
-      return tell("Unable to write to temporary folder.", STANDARD_TITLE, Icon::exclamation);
+      return ui.Tell("Unable to write to temporary folder.", STANDARD_TITLE);
     case ExtractionCode::damaged:
-      return tell("Invalid checksum found when processing\r\n" + path, "Error", Icon::exclamation);
+      return ui.Tell("Invalid checksum found when processing\r\n" + path, "Error");
     case ExtractionCode::unreadable:
-      return tell("File " + path + "\r\ncannot be read.", "Read error", Icon::exclamation);
+      return ui.Tell("File " + path + "\r\ncannot be read.", "Read error");
     case ExtractionCode::noBody:
-      return tell("File " + path + "\r\nholds no document text.", "Error", Icon::exclamation);
+      return ui.Tell("File " + path + "\r\nholds no document text.", "Error");
     case ExtractionCode::tooLarge:
-      return tell(path +
-                      "\r\nis too large to be scanned directly.\r\n\r\n"
-                      "Recommend saving it as a text file and\r\n"
-                      "applying this program to that file.",
-                  "File too big", Icon::information);
+      return ui.Tell(path +
+                         "\r\nis too large to be scanned directly.\r\n\r\n"
+                         "Recommend saving it as a text file and\r\n"
+                         "applying this program to that file.",
+                     "File too big", Icon::information);
     case ExtractionCode::success:
     case ExtractionCode::damageDeclined:
     case ExtractionCode::sizeDeclined:

@@ -57,8 +57,8 @@ bool WishesToScanBigFile(const std::string& path, UserInterface& ui) {
                            "\r\nis rather large.  It may take awhile to scan.\r\n"
                            "Do you wish to continue?";
   if (ui.Ask(Question(text, title, Icon::none, Answer::no)) == Answer::yes) return true;
-  ui.Ask({"You could try saving it as a text file\r\nand applying this program to that file.",
-          title, Icon::information, Buttons::ok, Answer::ok});
+  ui.Tell("You could try saving it as a text file\r\nand applying this program to that file.",
+          title, Icon::information);
   return false;
 }
 

@@ -125,8 +125,7 @@ HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, Us
   bool pageIsUtf8 = isUtf8;
   const std::optional<std::size_t> body = FindHtmlBody(text, pageIsUtf8);
   if (!body) {
-    ui.Ask({"This HTML file does not contain a HEAD section.", "Error", Icon::exclamation,
-            Buttons::ok, Answer::ok});
+    ui.Tell("This HTML file does not contain a HEAD section.", "Error");
     return HtmlOutcome::refused;
   }
   text.erase(0, *body);

@@ -64,7 +64,7 @@ FileKind KindByLineEnds(std::string_view bytes) {
 }
 
 void Inform(UserInterface& ui, const std::string& text, const std::string& title) {
-  ui.Ask({text, title, Icon::information, Buttons::ok, Answer::ok});
+  ui.Tell(text, title, Icon::information);
 }
 
 // The message about a file that cannot be read as text; empty when it can.
@@ -120,7 +120,7 @@ bool AcceptUnixFile(const std::string& path, bool askToContinue, UserInterface& 
   const std::string title = "This is a Unix-style text file";
   const std::string question = warning + "\r\n\r\nDo you wish to continue processing this file?";
   if (ui.Ask({question, title, Icon::none, Buttons::yesNo, Answer::no}) == Answer::yes) return true;
-  ui.Ask({"Operation canceled.", title, Icon::none, Buttons::ok, Answer::ok});
+  ui.Tell("Operation canceled.", title, Icon::none);
   return false;
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 bool Delete(const std::string& path, const std::string& complaint, UserInterface& ui) {
   if (RemoveFileOrFolder(path)) return true;
-  ui.Ask({complaint, "Error", Icon::exclamation, Buttons::ok, Answer::ok});
+  ui.Tell(complaint, "Error");
   return false;
 }
 

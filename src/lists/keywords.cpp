@@ -58,9 +58,9 @@ bool CheckCharacters(std::u16string_view text, const ConcordanceSettings& settin
     return !MayStandInKeyword(ch, settings);
   });
   if (fault == text.end()) return true;
-  ui.Ask({"The extra keywords textbox contains an inadmissable character: " +
+  ui.Tell("The extra keywords textbox contains an inadmissable character: " +
               CharacterAt(text, static_cast<std::size_t>(fault - text.begin())),
-          "Invalid input", Icon::exclamation, Buttons::ok, Answer::ok});
+          "Invalid input");
   return false;
 }
 
@@ -71,8 +71,7 @@ bool CheckPlusSigns(const std::vector<std::u16string_view>& keywords, UserInterf
     return true;
   }
   // This title has another case than that of a bad character: so meant.
-  ui.Ask({"A keyword cannot contain more then one '+'.", "Invalid Input", Icon::information,
-          Buttons::ok, Answer::ok});
+  ui.Tell("A keyword cannot contain more then one '+'.", "Invalid Input", Icon::information);
   return false;
 }
 

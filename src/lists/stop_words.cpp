@@ -47,8 +47,7 @@ bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settin
   if (!ReadStopWordsFile(path, list, ui)) return false;
   ui.SetOutput("");
   ui.SetLabel(Label::numberOfWords, CountText(list));
-  ui.Ask(
-      {StopWordsLoadedText(list, path), "Stop words loaded", Icon::none, Buttons::ok, Answer::ok});
+  ui.Tell(StopWordsLoadedText(list, path), "Stop words loaded", Icon::none);
   settings.stopWordsFile = path;
   return true;
 }
@@ -66,7 +65,7 @@ void ListStopWords(const StopWordList& list, UserInterface& ui) {
     text += EncodeUtf8(list.words[i]) + "\r\n";
   }
   if (count > MOST_SHOWN) text += "\r\nand more";
-  ui.Ask({text, "Stop words", Icon::none, Buttons::ok, Answer::ok});
+  ui.Tell(text, "Stop words", Icon::none);
 }
 
 void EraseStopWords(StopWordList& list) {
@@ -110,7 +109,7 @@ bool CheckAllowedExtraChars(const ConcordanceSettings& settings, UserInterface& 
   if (*fault == u',') {
     message += "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
   }
-  ui.Ask({message, "Character not allowed", Icon::exclamation, Buttons::ok, Answer::ok});
+  ui.Tell(message, "Character not allowed");
   return false;
 }
 

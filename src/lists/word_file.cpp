@@ -41,8 +41,7 @@ class CommentFilter {
 bool IsReadable(const std::string& path, const WordFileTexts& texts, UserInterface& ui) {
   if (path.empty()) return false;
   if (!FileExists(path)) {
-    ui.Ask({std::string(texts.missing) + "\r\n" + path, texts.title, Icon::exclamation, Buttons::ok,
-            Answer::ok});
+    ui.Tell(std::string(texts.missing) + "\r\n" + path, texts.title);
     return false;
   }
   CheckOptions options;
@@ -66,8 +65,7 @@ std::optional<std::vector<std::u16string>> ReadWordFile(const std::string& path,
   if (file.error.empty()) words = WordsOfFileBytes(file.bytes, ui);
   if (stoppable) ui.OfferStop(false);
   if (!file.error.empty()) {
-    ui.Ask({"Error #" + std::to_string(file.errorNumber) + " " + texts.failed + path, texts.title,
-            Icon::exclamation, Buttons::ok, Answer::ok});
+    ui.Tell("Error #" + std::to_string(file.errorNumber) + " " + texts.failed + path, texts.title);
   } else if (!words) {
     ui.SetOutput(texts.stopped);
   }

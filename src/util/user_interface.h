@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace quorvel {
 
@@ -54,6 +55,11 @@ class UserInterface {
 
   // Shows a message box and waits; gives the button that was pressed.
   virtual Answer Ask(const Message& message) = 0;
+
+  // Shows a message box that has nothing to answer, and waits until it is closed.
+  void Tell(std::string text, std::string title, Icon icon = Icon::exclamation) {
+    Ask({std::move(text), std::move(title), icon, Buttons::ok, Answer::ok});
+  }
 
   // Shows a short text that goes away by itself.
   virtual void PopUp(std::string_view text) = 0;
