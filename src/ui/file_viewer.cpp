@@ -111,10 +111,6 @@ FileViewer& ViewerOf(QWidget& window) {
   return *new FileViewer(&window);  // the main window deletes it
 }
 
-void Complain(UserInterface& ui, const std::string& text) {
-  ui.Ask({text, STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
-}
-
 }  // namespace
 
 std::u16string ViewerText(std::string_view bytes) {
@@ -126,19 +122,17 @@ std::u16string ViewerText(std::string_view bytes) {
   return std::u16string(NOTE_BEFORE) + text + u"\r\n\r\n" + std::u16string(NOTE_BEHIND);
 }
 
-bool ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui) {
+void ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui) {
   const std::string fault = ViewerOf(window).Show(path, caption);
-  if (!fault.empty()) Complain(ui, "File " + path + "\r\n" + fault);
-  return fault.empty();
+  if (!fault.empty()) ui.Tell("File " + path + "\r\n" + fault, STANDARD_TITLE);
 }
 
-bool ViewHelp(QWidget& window, UserInterface& ui) {
+void ViewHelp(QWidget& window, UserInterface& ui) {
   const std::string path = DataFilePath("qvl_help.txt");
   if (!FileExists(path)) {
-    Complain(ui, "The help file is not installed:\r\n" + path);
-    return false;
+    return ui.Tell("The help file is not installed:\r\n" + path, STANDARD_TITLE);
   }
-  return ViewFile(window, path, "Help for Quorvel", ui);
+  ViewFile(window, path, "Help for Quorvel", ui);
 }
 
 }  // namespace quorvel

@@ -29,10 +29,10 @@ inline constexpr std::size_t VIEWER_BYTES = 3 * (VIEWER_LIMIT + 1);
 [[nodiscard]] std::u16string ViewerText(std::string_view bytes);
 
 // Shows the file at `path` in the viewer of `window`, captioned `caption`, and returns at
-// once. False when it cannot be read; the user has been told.
-bool ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui);
+// once. Where it cannot be read the user is told.
+void ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui);
 
 // The same for the help text.
-bool ViewHelp(QWidget& window, UserInterface& ui);
+void ViewHelp(QWidget& window, UserInterface& ui);
 
 }  // namespace quorvel

@@ -249,8 +249,8 @@ void MainWindow::cmdFile_Click(int index) {
   } else if (index == RESULTS_BOX) {
     ChooseOutputFile(RESULTS_BOX, "Specify output file", txbFile_[RESULTS_BOX]->text());
   } else if (txbFile_[INPUT_BOX]->text().trimmed().isEmpty()) {
-    interface_->Ask({"An input file must be specified before a concordance file.", STANDARD_TITLE,
-                     Icon::information, Buttons::ok, Answer::ok});
+    interface_->Tell("An input file must be specified before a concordance file.", STANDARD_TITLE,
+                     Icon::information);
   } else {
     TakeControls();
     ChooseOutputFile(CONCORDANCE_BOX, "Specify concordance (output) file",
@@ -366,11 +366,11 @@ void MainWindow::SetInput(InputOrigin origin) {
 bool MainWindow::CheckChosenInput() {
   const std::string path = state_.settings.inputFile;
   if (IsConcordanceFileName(path)) {
-    RefuseInput("This is an QVL concordance file.", "Invalid input", Icon::exclamation);
+    RefuseInput("This is an QVL concordance file.", "Invalid input");
     return false;
   }
   if (IsIndexFileName(path)) {
-    RefuseInput("This is an QVL index file.", "Invalid input", Icon::exclamation);
+    RefuseInput("This is an QVL index file.", "Invalid input");
     return false;
   }
   const bool isDocx = LowerExtensionOf(path) == "docx";
@@ -386,14 +386,14 @@ bool MainWindow::CheckChosenInput() {
   if (isDocx && !IsWordDocument(path)) {
     RefuseInput("The file " + path +
                     "\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' file.",
-                STANDARD_TITLE, Icon::exclamation);
+                STANDARD_TITLE);
     return false;
   }
   return true;
 }
 
-void MainWindow::RefuseInput(const std::string& text, const char* title, Icon icon) {
-  interface_->Ask({text, title, icon, Buttons::ok, Answer::ok});
+void MainWindow::RefuseInput(const std::string& text, const char* title) {
+  interface_->Tell(text, title);
   state_.settings.inputFile.clear();
 }
 
@@ -433,16 +433,15 @@ void MainWindow::optSearch_Click() {
   modeSelected_ = true;
   TakeControls();
   if (state_.settings.inputFile.empty()) {
-    interface_->Ask(
-        {"Input file not specified.", STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+    interface_->Tell("Input file not specified.", STANDARD_TITLE);
     ui_->optCreate->setChecked(true);
     return;
   }
   ShowWhatIsPossible();
   if (FileExists(state_.settings.keywordsFile)) ReadKeywords();
   if (state_.settings.keywordsFile.empty() && state_.settings.extraKeywords.empty()) {
-    interface_->Ask({"Specify a keywords file or type one or more extra keywords.", "Search",
-                     Icon::information, Buttons::ok, Answer::ok});
+    interface_->Tell("Specify a keywords file or type one or more extra keywords.", "Search",
+                     Icon::information);
   }
 }
 
@@ -536,7 +535,7 @@ void MainWindow::cmdSetParameters_Click() {
   panel_->activateWindow();
 }
 
-bool MainWindow::cmdSaveState_Click() {
+void MainWindow::cmdSaveState_Click() {
   constexpr int SHOWN_MS = 2000;
   TakeControls();
   const std::string error = SaveState(state_.settings, {});
@@ -544,9 +543,8 @@ bool MainWindow::cmdSaveState_Click() {
     PopUpInForm(*ui_->cmdSetParameters, {"Settings saved", ui_->cmdSetParameters->size(), SHOWN_MS},
                 QPoint(0, 0));
   } else {
-    interface_->Ask({error, STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+    interface_->Tell(error, STANDARD_TITLE);
   }
-  return error.empty();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -68,7 +68,7 @@ class MainWindow : public QMainWindow {
   void cmdListWords_Click();
   void cmdViewFile_Click();
   void cmdSetParameters_Click();
-  bool cmdSaveState_Click();
+  void cmdSaveState_Click();
   void Timer1_Timer();
   void Timer2_Timer();
 
@@ -79,7 +79,7 @@ class MainWindow : public QMainWindow {
   void FinishEditing();
   void SetInput(InputOrigin origin);
   bool CheckChosenInput();
-  void RefuseInput(const std::string& text, const char* title, Icon icon);
+  void RefuseInput(const std::string& text, const char* title);
   void ReadKeywords();
   void ReadStopWords(const std::string& path);
 

@@ -166,7 +166,7 @@ void SettingsPanel::SaveToFile() {
   host_.takeControls();
   const std::string error = SaveState(state_.settings, PathOf(dialog.selectedFiles().constFirst()));
   if (error.empty()) return;
-  userInterface_.Ask({error, "Save settings", Icon::exclamation, Buttons::ok, Answer::ok});
+  userInterface_.Tell(error, "Save settings");
 }
 
 void SettingsPanel::LoadFromFile() {
@@ -176,8 +176,7 @@ void SettingsPanel::LoadFromFile() {
   host_.takeControls();
   const RestoredState restored = RestoreSavedState(state_.settings, PathOf(chosen), false);
   if (!restored.errorText.empty()) {
-    userInterface_.Ask(
-        {restored.errorText, "Load settings", Icon::exclamation, Buttons::ok, Answer::ok});
+    userInterface_.Tell(restored.errorText, "Load settings");
     InitializeVariables(state_.settings, false);
   }
   host_.settingsReplaced(restored.modeSelected || !restored.errorText.empty());
