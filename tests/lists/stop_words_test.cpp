@@ -59,18 +59,5 @@ TEST(Admission, LeavesOutStopWords) {
   }
 }
 
-TEST(Settings, GoBackToTheirDefaultsButForLastingChoices) {
-  for (const bool all : {false, true}) {
-    ConcordanceSettings settings;
-    settings.contextSize = 9;
-    settings.thresholdFrequency = 20;
-    settings.createIndexFile = settings.saveStateOnQuit = settings.warnOnOverwrite = true;
-    InitializeVariables(settings, all);
-    EXPECT_EQ(settings.contextSize, 5);
-    EXPECT_EQ(settings.thresholdFrequency, all ? 2 : 20);
-    EXPECT_TRUE(settings.createIndexFile && settings.saveStateOnQuit && settings.warnOnOverwrite);
-  }
-}
-
 }  // namespace
 }  // namespace quorvel
