@@ -1,4 +1,9 @@
-// A program as its users start it: in a folder, with arguments, its output in files.
+// A program as its users start it.
+//
+// RunProgram runs it in `folder` with standard input closed; standard output and standard error go
+// to the files "out" and "err" there. In the arguments only single quotes keep blanks together.
+// `before`, for a shell alone, stands before the program. Gives the exit status, of a program that
+// a signal ended 128 and the signal.
 #pragma once
 
 #include <string>
@@ -50,9 +55,6 @@ inline int RunProgram(const TestFolder& folder, const std::string& program, std:
   return static_cast<int>(status);
 }
 #else
-// Runs a program in `folder` with standard input closed; standard output and standard error go to
-// the files "out" and "err" there; `before` stands before it. In the arguments only single quotes
-// keep blanks together. Gives the exit status.
 inline int RunProgram(const TestFolder& folder, const std::string& program,
                       const std::string& arguments, const char* before = "") {
   const std::string command = "cd '" + folder.Path("") + "' && " + before + " '" + program + "' " +
