@@ -23,7 +23,8 @@ struct CommandLine {
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;
 
-  // Set when nothing is to be run: the help was shown (0) or the usage is wrong (2).
+  // Set when nothing is to be run: the help was shown (0), the settings file could not be
+  // used (1) or the usage is wrong (2).
   std::optional<int> exitStatus;
 };
 

@@ -72,8 +72,8 @@ class Scan {
   static constexpr std::size_t AT_A_TIME = 64;
 
   struct Occurrence {
-    std::int32_t entry = 0;  // 0-based
-    std::int32_t position = 0;
+    std::int32_t entry = 0;     // 0-based
+    std::int32_t position = 0;  // 1-based
   };
 
   std::u16string_view text_;

@@ -1,9 +1,8 @@
 // The file-system services that the program needs: tests, reading, and writing
 // without ever losing the file that was there.
 //
-// Every platform call of the core stands behind this header. Paths are the file
-// system's own bytes, UTF-8 on Windows. Nothing here throws,
-// but for want of memory.
+// Every call of the core to the file system stands behind this header. Paths are the
+// file system's own bytes, UTF-8 on Windows. Nothing here throws, but for want of memory.
 #pragma once
 
 #include <cstdint>

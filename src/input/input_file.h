@@ -29,6 +29,7 @@ enum class TextEncoding {
   rtf = 6,
 };
 
+// The negative numbers and 6 mean what they mean in TextEncoding.
 enum class FileKind {
   noPath = -5,
   oneToFourBytes = -4,

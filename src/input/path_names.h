@@ -1,5 +1,5 @@
-// What the name of a file tells: its folder, its extension, and the names of the
-// files that a run writes beside its input.
+// What the name of a file tells of its kind, and the names of the files that a run
+// writes beside its input.
 //
 // Only names are looked at here, never the disk. Both "\" and "/" end a folder
 // name, wherever the program runs.

@@ -62,7 +62,8 @@ struct KeywordLists {
 [[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists);
 
 // Reads the file at `path` into the list of file keywords; what is no plain word is
-// left out. False as for stop words.
+// left out. False when that could not be done or was stopped (the user has been told) or
+// `path` is empty; the keywords are then as they were, but no longer count as loaded.
 [[nodiscard]] bool ReadKeywordsFile(const std::string& path, KeywordLists& lists,
                                     UserInterface& ui);
 

@@ -42,9 +42,9 @@ struct ConcordanceSettings {
   std::string extraStopWords;
 };
 
-// Puts the main window's fields back to their defaults; with `reinitialize` the
-// settings panel's fields too. The three lasting choices (index file, saving on
-// quit, overwrite warning) stay as the user set them either way.
+// Puts the main window's fields and the stop-words file back to their defaults; with
+// `reinitialize` the settings panel's other fields too. The three lasting choices (index
+// file, saving on quit, overwrite warning) stay as the user set them either way.
 void InitializeVariables(ConcordanceSettings& settings, bool reinitialize);
 
 }  // namespace quorvel

@@ -24,8 +24,12 @@ class FindBar : public QObject {
  public:
   FindBar(const FindControls& controls, QObject* parent);
 
+  // Shows the bar, with the text that is selected in the listing, if any.
   void Open();
+
+  // Hides it; the listing has the keys then.
   void Close() const;
+
   void FindNext() { Find(false); }
   void FindPrevious() { Find(true); }
 

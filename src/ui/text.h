@@ -11,10 +11,12 @@
 
 namespace quorvel {
 
+// A text of the core, as a widget shows it.
 [[nodiscard]] inline QString ShownText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).remove('\r');
 }
 
+// A path, as a widget shows it; not every name of a file can be shown as it is.
 [[nodiscard]] inline QString ShownPath(const std::string& path) {
 #ifdef _WIN32
   return QString::fromStdString(path);
@@ -23,6 +25,7 @@ namespace quorvel {
 #endif
 }
 
+// The path that is shown so.
 [[nodiscard]] inline std::string PathOf(const QString& shown) {
 #ifdef _WIN32
   return shown.toStdString();
@@ -31,8 +34,7 @@ namespace quorvel {
 #endif
 }
 
-// Takes over what a box shows, unless it is `path` already: not every name of a file can
-// be shown as it is.
+// Takes over what a box shows, unless that is `path` already, which then keeps its own bytes.
 inline void TakePath(const QString& shown, std::string& path) {
   if (shown != ShownPath(path)) path = PathOf(shown);
 }

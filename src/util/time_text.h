@@ -10,8 +10,8 @@
 namespace quorvel {
 
 // The duration of `totalSeconds` seconds: "1h 2m 5s", in the long form
-// "1 hour,  2 minutes and 5 seconds". `roundToMinute` counts 30 seconds or more one minute up
-// and leaves the seconds out.
+// "1 hour,  2 minutes and 5 seconds". With `roundToMinute` a duration of 30 seconds or more loses
+// its seconds, and gains a minute where it is shorter than 59 of them.
 [[nodiscard]] std::string ElapsedText(int32_t totalSeconds, bool longForm, bool roundToMinute);
 
 // The duration of `minutes` minutes: "1 day, 2 hours and 5 minutes" in the long form, where units
