@@ -66,7 +66,8 @@ bool WishesToScanBigFile(const std::string& path, UserInterface& ui) {
 ExtractionCode UnpackDocumentBody(const std::string& path, const std::string& folder,
                                   const ExtractOptions& options, UserInterface& ui) {
   const std::string entry = BodyEntryOf(path);
-  switch (UnpackEntry(path, entry, folder, options.limits.hard)) {
+  const UnpackOutcome outcome = UnpackEntry(path, entry, folder, options.limits.hard);
+  switch (outcome) {
     case UnpackOutcome::done:
       break;
     case UnpackOutcome::failed:
@@ -81,7 +82,7 @@ ExtractionCode UnpackDocumentBody(const std::string& path, const std::string& fo
       return ExtractionCode::unwritable;
   }
   const std::int64_t length = FileLength(JoinPath(folder, entry)).value_or(0);
-  if (length == 0) return ExtractionCode::noBody;
+  if (length == 0 && outcome == UnpackOutcome::failed) return ExtractionCode::noBody;
   const bool isBig = static_cast<std::uint64_t>(length) > options.limits.warning;
   if (isBig && options.askOnBigFile && !WishesToScanBigFile(path, ui)) {
     return ExtractionCode::sizeDeclined;
