@@ -25,7 +25,7 @@ TextEncoding EncodingByMark(std::string_view start) {
   if (start == "{\\rtf") return TextEncoding::rtf;
   if (start.starts_with("\xFF\xFE")) return TextEncoding::utf16LittleEndian;
   if (start.starts_with("\xFE\xFF")) return TextEncoding::utf16BigEndian;
-  if (start.starts_with("\xEF\xBB\xBF")) return TextEncoding::utf8;
+  if (start.starts_with(BYTE_ORDER_MARK)) return TextEncoding::utf8;
   if (start.starts_with("\0\0\xFE\xFF"sv)) return TextEncoding::utf32BigEndian;
   return TextEncoding::ansi;
 }

@@ -5,12 +5,11 @@
 
 #include "input/file_system.h"
 #include "input/utf8_repair.h"
+#include "util/ansi.h"
 #include "util/large_pages.h"
 
 namespace quorvel {
 namespace {
-
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 std::string_view SeparatorOf(LineJoin join) {
   if (join == LineJoin::blank) return " ";

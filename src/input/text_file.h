@@ -1,4 +1,4 @@
-// The reader of text files, shared by documents and word lists.
+// The reader of text documents.
 //
 // It cuts a file into lines and joins them again in the way that is asked for,
 // repairing UTF-8 on the way if need be. The result is bytes, each one character

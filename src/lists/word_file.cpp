@@ -12,7 +12,6 @@ namespace quorvel {
 namespace {
 
 constexpr std::int64_t STOPPABLE_ABOVE = 20480;  // bytes
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 std::string_view TrimControlCharacters(std::string_view line) {
   const auto isBlank = [](char ch) { return static_cast<std::uint8_t>(ch) <= 32; };

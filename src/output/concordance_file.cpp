@@ -50,8 +50,7 @@ const std::string& OutputFileOf(const ConcordanceSettings& settings) {
 }
 
 std::string FileHeader(const ConcordanceSettings& settings, std::time_t time, UserInterface& ui) {
-  std::string header;
-  AppendAnsi(header, DecodeUtf8("Input file: " + settings.inputFile));
+  std::string header = EncodeAnsi(DecodeUtf8("Input file: " + settings.inputFile));
   header += LINE_END;
   if (settings.mode == Mode::create) {
     header.append("MD5 message digest of input file: ")

@@ -126,7 +126,7 @@ bool ReadPositions(std::string_view fields, std::int32_t count, int width,
 }
 
 // The entry on one line of a table of `wordCount` words.
-std::optional<WordEntry> EntryOf(std::string_view line, std::int32_t wordCount, int width) {
+std::optional<WordEntry> EntryOnLine(std::string_view line, std::int32_t wordCount, int width) {
   std::array<std::string_view, 5> fields;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const bool last = i + 1 == fields.size();
@@ -197,7 +197,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
   for (std::int32_t i = 0; i < *wordCount; ++i) {
     const std::optional<std::string_view> line = lines.Next();
     std::optional<WordEntry> entry;
-    if (line) entry = EntryOf(*line, *wordCount, *width);
+    if (line) entry = EntryOnLine(*line, *wordCount, *width);
     const bool inOrder =
         entry && (table.entries.empty() || PrecedesAlphabetically(table.entries.back(), *entry));
     if (!inOrder) return std::nullopt;
@@ -205,7 +205,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
   }
   // What stands behind the last entry is left alone, but one more shows that the count is wrong.
   const std::optional<std::string_view> more = lines.Next();
-  if (more && EntryOf(*more, LARGEST_NUMBER, *width)) return std::nullopt;
+  if (more && EntryOnLine(*more, LARGEST_NUMBER, *width)) return std::nullopt;
   return table;
 }
 
@@ -224,8 +224,12 @@ bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& 
     state.fileFault = target + ": " + file.Error();
     return false;
   }
-  state.words = {
-      input, digest, stamp, false, true, state.settings.inputIsUtf8, state.settings.ignoreLists};
+  state.words = {.inputFile = input,
+                 .digest = digest,
+                 .stamp = stamp,
+                 .withText = true,
+                 .inputIsUtf8 = state.settings.inputIsUtf8,
+                 .ignoreLists = state.settings.ignoreLists};
   return true;
 }
 
@@ -233,8 +237,7 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   const std::string& input = state.settings.inputFile;
   const FileRead file = ReadFileBytes(DefaultIndexFileName(input));
   if (!file.error.empty()) return false;
-  // Two things that take time and do not wait for each other; the words are looked at only when
-  // the digest fits.
+  // Beside the digest, where the system has a thread for it; looked at only when that fits.
   std::future<std::optional<WordTable>> words =
       std::async([&file] { return TableOfIndexFile(file.bytes); });
   LineReader lines(file.bytes);
@@ -249,15 +252,15 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   std::optional<WordTable> table = words.get();
   if (!table) return false;
   state.table = std::move(*table);
-  state.words = {input, digest, stamp, true};
+  state.words = {.inputFile = input, .digest = digest, .stamp = stamp, .fromIndexFile = true};
   return true;
 }
 
 void ShowBadIndexFile(UserInterface& ui) {
-  ui.Ask(
-      {"The index file was not made from this input file as it is now,\r\n"
-       "so the input file will be scanned.",
-       "Bad index file", Icon::information, Buttons::ok, Answer::ok});
+  ui.Tell(
+      "The index file was not made from this input file as it is now,\r\n"
+      "so the input file will be scanned.",
+      "Bad index file", Icon::information);
 }
 
 }  // namespace quorvel

@@ -15,8 +15,8 @@ namespace quorvel {
 
 struct ListedWord {
   const WordEntry* entry = nullptr;
-  std::int32_t step =
-      0;  // where the progress bar stands with it, of as many as the table has words
+  // Where the progress bar stands with it, of as many as the table has words.
+  std::int32_t step = 0;
 };
 
 // The included words in the order asked for.

@@ -27,10 +27,6 @@ EntryOptions OptionsOf(const RunState& state) {
   return options;
 }
 
-void ShowError(UserInterface& ui, const std::string& text) {
-  ui.Ask({text, "Error", Icon::exclamation, Buttons::ok, Answer::ok});
-}
-
 // Room for a whole listing, so that it need not be moved while it grows. An
 // estimate of what English takes; memory that stays unused is never touched. Beyond
 // the limit the listing grows as it must.
@@ -50,10 +46,10 @@ using ListedSpan = std::span<const ListedWord>;
 bool CanBeListed(const ListedWord& word) { return word.entry->Count() <= MOST_OCCURRENCES; }
 
 void RefuseFrequentWord(const WordEntry& entry, UserInterface& ui) {
-  ShowError(ui, "The word \"" + EncodeUtf8(entry.word) + "\" occurs " +
-                    std::to_string(entry.Count()) + " times; a word that occurs more than " +
-                    std::to_string(MOST_OCCURRENCES) +
-                    " times cannot be listed.\r\nAdd it to the stop words.");
+  ui.Tell("The word \"" + EncodeUtf8(entry.word) + "\" occurs " + std::to_string(entry.Count()) +
+              " times; a word that occurs more than " + std::to_string(MOST_OCCURRENCES) +
+              " times cannot be listed.\r\nAdd it to the stop words.",
+          "Error");
 }
 
 // Cuts the words into pieces that take some tenths of a millisecond each to compose.
@@ -179,19 +175,17 @@ bool WriteListing(RunState& state, UserInterface& ui) {
   }
   if (settings.outputFile.empty()) {
     if (state.textboxFull) {
-      ui.Ask({"To get the entire concordance, specify a concordance (output) file.",
-              "The concordance is too large for the textbox.", Icon::information, Buttons::ok,
-              Answer::ok});
+      ui.Tell("To get the entire concordance, specify a concordance (output) file.",
+              "The concordance is too large for the textbox.", Icon::information);
     }
     return true;
   }
   if (settings.outputToFileDisabled) {
-    ui.Ask({"Output to file is disabled.", STANDARD_TITLE, Icon::information, Buttons::ok,
-            Answer::ok});
+    ui.Tell("Output to file is disabled.", STANDARD_TITLE, Icon::information);
     return true;
   }
   if (write()) return true;
-  ShowError(ui, WritingFailed(settings.mode));
+  ui.Tell(WritingFailed(settings.mode), "Error");
   return false;
 }
 

@@ -219,8 +219,7 @@ ListingOutcome ListOccurrences(RunState& state, UserInterface& ui) {
     state.outputWritten = writing.outcome == FileOutcome::written;
     state.fileFault = writing.fault;
     if (writing.outcome == FileOutcome::failed) {
-      ui.Ask({WritingFailed(state.settings.mode), "Error", Icon::exclamation, Buttons::ok,
-              Answer::ok});
+      ui.Tell(WritingFailed(state.settings.mode), "Error");
       return ListingOutcome::failed;
     }
   }

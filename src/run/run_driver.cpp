@@ -24,7 +24,7 @@ namespace quorvel {
 namespace {
 
 bool Refuse(UserInterface& ui, const std::string& text) {
-  ui.Ask({text, STANDARD_TITLE, Icon::exclamation, Buttons::ok, Answer::ok});
+  ui.Tell(text, STANDARD_TITLE);
   return false;
 }
 
@@ -53,8 +53,8 @@ bool CheckExtraWords(RunState& state, UserInterface& ui) {
 
 bool CheckKeywords(const RunState& state, UserInterface& ui) {
   if (state.settings.mode == Mode::create || HoldKeywords(state.lists.keywords)) return true;
-  ui.Ask({"Specify a keywords file or type one or more extra keywords.",
-          ListButtonCaption(state.settings), Icon::information, Buttons::ok, Answer::ok});
+  ui.Tell("Specify a keywords file or type one or more extra keywords.",
+          ListButtonCaption(state.settings), Icon::information);
   return false;
 }
 

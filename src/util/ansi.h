@@ -13,6 +13,9 @@ namespace quorvel {
 // What ends each line of a file that the program writes.
 inline constexpr std::string_view LINE_END = "\r\n";
 
+// What a file may begin with that is UTF-8.
+inline constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
 // The characters of Windows-1252 bytes, one for each. The five bytes without a
 // character (81, 8D, 8F, 90, 9D hex) become the control of the same number.
 [[nodiscard]] std::u16string DecodeAnsi(std::string_view bytes);

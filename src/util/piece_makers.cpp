@@ -1,7 +1,6 @@
 #include "util/piece_makers.h"
 
 #include <algorithm>
-#include <system_error>
 
 namespace quorvel {
 
@@ -19,8 +18,8 @@ PieceMakers::PieceMakers(std::size_t count, unsigned threads,
     for (unsigned i = 0; i < threads; ++i) {
       threads_.emplace_back([this, i] { MakePieces(makers_[i]); });
     }
-  } catch (const std::system_error&) {
-    // The system allows no more of them. Those that there are will do.
+  } catch (const std::exception&) {
+    // The system has no room for more of them. Those that there are will do.
   }
 }
 
