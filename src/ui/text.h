@@ -1,9 +1,11 @@
 // Between the core's texts and those of the window.
 //
 // The core's texts are UTF-8 with CR LF between lines, and its paths the file system's
-// own bytes; a widget wants UTF-16 with LF.
+// own bytes; a widget wants UTF-16 with LF. What the widgets say of files has "/" between
+// folders on every system.
 #pragma once
 
+#include <QDir>
 #include <QFile>
 #include <QString>
 #include <string>
@@ -28,7 +30,7 @@ namespace quorvel {
 // The path that is shown so.
 [[nodiscard]] inline std::string PathOf(const QString& shown) {
 #ifdef _WIN32
-  return shown.toStdString();
+  return QDir::toNativeSeparators(shown).toStdString();
 #else
   return QFile::encodeName(shown).toStdString();
 #endif
