@@ -1,6 +1,13 @@
-# What is installed, where, and the Debian package of it; ./dev package makes that.
+# What is installed, where, and the packages of it: the one for Debian, which ./dev package makes, and the
+# zip of ./dev windows --window.
 
 include(GNUInstallDirs)
+set(DATA_FOLDER ${CMAKE_INSTALL_DATADIR}/quorvel)
+if(WIN32)
+  # As it is usual there, all that belongs to a program stands in one folder.
+  set(CMAKE_INSTALL_BINDIR .)
+  set(DATA_FOLDER .)
+endif()
 
 # The releases are told in one place. Their list fills the software centre's page.
 file(STRINGS CHANGELOG.md headings REGEX "^## ")
@@ -16,12 +23,21 @@ foreach(heading IN LISTS headings)
 endforeach()
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
 
-# The program looks for its data in ../share/quorvel, seen from its own folder.
+# The program looks for its data in its own folder and in ../share/quorvel, seen from there.
 install(TARGETS quorvel-cli)
 file(GLOB DATA_FILES CONFIGURE_DEPENDS data/stwds_*.txt)
-install(FILES ${DATA_FILES} data/qvl_help.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvel)
+install(FILES ${DATA_FILES} data/qvl_help.txt DESTINATION ${DATA_FOLDER})
 if(QUORVEL_WINDOW)
   install(TARGETS quorvel)
+endif()
+
+if(WIN32)
+  # The licences of all that is linked in, each as Debian's package of it tells them.
+  install(FILES packaging/copyright DESTINATION licenses RENAME quorvel.txt)
+  foreach(package IN ITEMS qt6-base-dev libzip-dev libz-mingw-w64-dev mingw-w64-x86-64-dev
+      g++-mingw-w64-x86-64-posix)
+    install(FILES /usr/share/doc/${package}/copyright DESTINATION licenses RENAME ${package}.txt)
+  endforeach()
 endif()
 
 if(UNIX)
@@ -67,6 +83,12 @@ if(UNIX)
 endif()
 
 set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_FILE_NAME quorvel-${PROJECT_VERSION}-windows)
+  unset(CPACK_PACKAGING_INSTALL_PREFIX)
+endif()
 set(CPACK_PACKAGE_CONTACT "Quorvel maintainers <maintainers@quorvel.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "key-word-in-context concordances of a document")
 set(CPACK_PACKAGE_DESCRIPTION
@@ -78,7 +100,6 @@ languages; that of the document is recognised.
 This package holds the program with a window, quorvel, and the command line
 for scripts, quorvel-cli.")
 set(CPACK_PACKAGE_HOMEPAGE_URL "https://quorvel.example/")
-set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

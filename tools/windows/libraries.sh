@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Builds the libraries for Windows that Debian has only as source:
 #
-#   libraries.sh FOLDER JOBS
+#   libraries.sh FOLDER JOBS [window]
 #
-# They are installed in FOLDER, with sources and objects in FOLDER/work. What is there is kept.
+# They are installed in FOLDER, with sources and objects in FOLDER/work. What is there is kept. Those of
+# the window, which take half an hour, are built when they are asked for.
 set -euo pipefail
 
 folder=$1
@@ -51,4 +52,19 @@ if [[ ! -d $folder/include/CLI ]]; then
   cp -r /usr/include/CLI "$folder/include"
   mkdir -p "$folder/share/cmake"
   cp -r /usr/share/cmake/CLI11 "$folder/share/cmake"
+fi
+
+# Static and bare: the program is one file then, and needs no more than the basic modules, the platform's
+# plug-in and its style. moc, uic and rcc are those of this system, whose version is the same. Not every
+# choice fits every other: without Direct2D there can be no DirectWrite, and OpenGL goes as a whole.
+if [[ ${3:-} == window && ! -f $folder/lib/cmake/Qt6Widgets/Qt6WidgetsConfig.cmake ]]; then
+  echo "Building Qt, which takes a while"
+  [[ -d $work/qt6-base ]] || unpack_source qt6-base
+  without=()
+  for feature in androiddeployqt concurrent dbus direct2d directwrite gif ico jpeg network pkg_config \
+    printsupport sql system_zlib tabletevent testlib vulkan xml; do
+    without+=("-DFEATURE_$feature=OFF")
+  done
+  install_library qt "$work/qt6-base" -DBUILD_SHARED_LIBS=OFF -DINPUT_opengl=no -DQT_HOST_PATH=/usr \
+    -DQT_HOST_PATH_CMAKE_DIR="/usr/lib/$(gcc -print-multiarch)/cmake" "${without[@]}"
 fi

@@ -11,19 +11,10 @@ set -euo pipefail
 windows=$(realpath "$1")
 linux=$(realpath "$2")
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-export WINEPREFIX=$windows/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+# shellcheck source=tools/windows/wine.bash
+. "$root/tools/windows/wine.bash"
 unset DISPLAY WAYLAND_DISPLAY
-desk=$(mktemp -d)
-
-# Left alone, the server of Wine ends some seconds after each program, and holds our output till then.
-end() {
-  wineserver -k || true
-  rm -rf "$desk"
-}
-trap end EXIT
-mkdir -p "$WINEPREFIX"
-wineserver -p >/dev/null 2>&1 </dev/null
-wine wineboot --init >/dev/null 2>&1 </dev/null
+start_wine "$windows/wine"
 
 echo "Tests of the core and of the command line"
 # Those that need what Windows does not have are told as skipped, each with its reason.
@@ -37,18 +28,7 @@ echo "Whole runs"
 cmake --install "$windows" --prefix "$desk/quorvel" >/dev/null
 cd "$desk"
 quorvel() {
-  wine "$desk/quorvel/bin/quorvel-cli.exe" "$@" </dev/null
-}
-# What must be the same: all but the lines that name the file and the time.
-body() { # file
-  grep -av -e '^Input file: ' -e '^Concordance file created ' "$1"
-}
-same() { # what, file, file
-  cmp <(body "$2") <(body "$3") || {
-    echo "$1: not what this system makes" >&2
-    exit 1
-  }
-  echo "the same: $1, $(wc -c <"$2") bytes"
+  wine "$desk/quorvel/quorvel-cli.exe" "$@" </dev/null
 }
 
 sample=$root/data/sample/the-lamp-at-harbour-end.txt

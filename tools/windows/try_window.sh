@@ -1,0 +1,104 @@
+#!/usr/bin/env bash
+# Tries the window for Windows as its users get it, under Wine:
+#
+#   with_x_server.sh try_window.sh ZIP LINUX-BUILD-FOLDER PICTURE
+#
+# The zip is unpacked in a fresh folder, and the words of the sample are listed by keys. The concordance must
+# be that of the program of this system, byte for byte, but for the lines that name file and time; the
+# settings must come back in a second session. The picture shows the window with the listing.
+set -euo pipefail
+
+zip=$(realpath "$1")
+linux=$(realpath "$2")
+picture=$(realpath "$3")
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+# shellcheck source=tools/windows/wine.bash
+. "$root/tools/windows/wine.bash"
+start_wine "$desk/wine"
+
+fail() {
+  import -window root "$picture"
+  echo "try_window: $*; see $picture" >&2
+  exit 1
+}
+
+await() { # what, command that succeeds when it is there
+  local tries
+  for ((tries = 0; tries < 300; ++tries)); do
+    ! "${@:2}" || return 0
+    sleep 0.1
+  done
+  fail "not seen: $1"
+}
+
+window() { # title
+  xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1
+}
+
+activate() { # title
+  await "window '$1'" window "$1"
+  xdotool search --onlyvisible --name "^$1\$" windowactivate --sync
+}
+
+# A message that closes by itself takes the keys for a while.
+press_until() { # key, command that succeeds when it has worked
+  local tries
+  for ((tries = 0; tries < 40; ++tries)); do
+    xdotool key "$1"
+    sleep 0.5
+    ! "${@:2}" || return 0
+  done
+  fail "$1 did nothing"
+}
+
+has_ended() {
+  ! kill -0 "$program" 2>/dev/null
+}
+
+start_window() { # argument...
+  wine "$folder/quorvel.exe" "$@" >/dev/null 2>&1 </dev/null &
+  program=$!
+}
+
+list_words() {
+  activate 'Stop words loaded'
+  xdotool key Return
+  activate Quorvel
+  xdotool key F5
+  await "$concordance" test -s "$concordance"
+}
+
+quit_window() {
+  press_until ctrl+q has_ended
+  wait "$program" || fail "the window ended with status $?"
+}
+
+cd "$desk"
+cmake -E tar xf "$zip"
+folder=$(echo "$desk"/quorvel-*)
+user=$(id -un)
+home=$WINEPREFIX/drive_c/users/$user
+name=$'r\u00e9cit 1'
+sample=$root/data/sample/the-lamp-at-harbour-end.txt
+cp "$sample" "$home/$name.txt"
+concordance=$home/$name.qvl.conc.txt
+state=$home/AppData/Roaming/Quorvel/qvl.usr
+
+start_window "C:/users/$user/$name.txt" # as the dialog that asks for a file names it
+list_words
+"$linux/quorvel-cli" -q -o here.txt "$sample"
+same "concordance that F5 wrote in the window" here.txt "$concordance"
+[[ $(head -n 1 "$concordance" | iconv -f WINDOWS-1252) == "Input file: C:\\users\\$user\\$name.txt"$'\r' ]] ||
+  fail "the concordance names its input '$(head -n 1 "$concordance")'"
+wine "$folder/quorvel-cli.exe" -q -o - "$sample" >out </dev/null
+same "concordance of the command line" here.txt out
+import -window root "$picture"
+echo "Its picture: $picture"
+
+press_until alt+v test -s "$state"
+quit_window
+rm "$concordance"
+start_window # the input is that of the settings
+list_words
+same "concordance of a second session, with the settings kept in AppData" here.txt "$concordance"
+quit_window
