@@ -75,9 +75,11 @@ class LineReader {
   std::string_view rest_;
 };
 
+constexpr std::int64_t NO_NUMBER = -1;
+
 // The number in the last `width` of the eight characters before `end`, most of them at a time;
-// nothing unless these are digits.
-std::optional<std::int64_t> ShortNumberBefore(const char* end, std::size_t width) {
+// NO_NUMBER unless these are digits.
+std::int64_t ShortNumberBefore(const char* end, std::size_t width) {
   constexpr std::uint64_t ZEROS = 0x3030303030303030U;
   constexpr std::uint64_t HIGH_HALVES = 0xF0F0F0F0F0F0F0F0U;
   constexpr std::uint64_t PAIRS = 0x000000FF000000FFU;
@@ -86,7 +88,7 @@ std::optional<std::int64_t> ShortNumberBefore(const char* end, std::size_t width
   const std::uint64_t wanted = ~std::uint64_t{0} << (8 * (sizeof(digits) - width));
   digits = (digits & wanted) | (ZEROS & ~wanted);
   const std::uint64_t upToFifteen = digits + 0x0606060606060606U;  // another high half above "9"
-  if ((digits & HIGH_HALVES) != ZEROS || (upToFifteen & HIGH_HALVES) != ZEROS) return std::nullopt;
+  if ((((digits ^ ZEROS) | (upToFifteen ^ ZEROS)) & HIGH_HALVES) != 0) return NO_NUMBER;
   digits -= ZEROS;
   digits = digits * 10 + (digits >> 8U);
   const std::uint64_t hundreds = (digits & PAIRS) * (100 + (std::uint64_t{1000000} << 32U));
@@ -94,15 +96,15 @@ std::optional<std::int64_t> ShortNumberBefore(const char* end, std::size_t width
   return static_cast<std::int64_t>((hundreds + ones) >> 32U);
 }
 
-// The number in the `width` characters before `end`. At least eight characters of the file stand
-// before it.
-std::optional<std::int64_t> NumberBefore(const char* end, std::size_t width) {
+// The number in the `width` characters before `end`, or NO_NUMBER. At least eight characters of
+// the file stand before it.
+std::int64_t NumberBefore(const char* end, std::size_t width) {
   if (std::endian::native == std::endian::little && width <= sizeof(std::uint64_t)) {
     return ShortNumberBefore(end, width);
   }
   std::int64_t number = 0;
   for (const char* digit = end - width; digit < end; ++digit) {
-    if (*digit < '0' || *digit > '9') return std::nullopt;
+    if (*digit < '0' || *digit > '9') return NO_NUMBER;
     number = number * 10 + (*digit - '0');
   }
   return number;
@@ -113,16 +115,18 @@ bool ReadPositions(std::string_view fields, std::int32_t count, int width,
                    std::vector<std::int32_t>& positions) {
   const auto fieldWidth = static_cast<std::size_t>(width);
   if (fields.size() != static_cast<std::size_t>(count) * fieldWidth) return false;
-  positions.reserve(static_cast<std::size_t>(count));
+  positions.resize(static_cast<std::size_t>(count));
+  const char* end = fields.data();
   std::int64_t last = 0;
-  for (const char* end = fields.data(); end < fields.data() + fields.size();) {
+  bool ascend = true;
+  for (std::int32_t& position : positions) {
     end += fieldWidth;
-    const std::optional<std::int64_t> number = NumberBefore(end, fieldWidth);
-    if (!number || *number <= last || *number > LARGEST_NUMBER) return false;
-    positions.push_back(static_cast<std::int32_t>(*number));
-    last = *number;
+    const std::int64_t number = NumberBefore(end, fieldWidth);
+    ascend = ascend && number > last;
+    position = static_cast<std::int32_t>(number);
+    last = number;
   }
-  return true;
+  return ascend && last <= LARGEST_NUMBER;
 }
 
 // The entry on one line of a table of `wordCount` words.
