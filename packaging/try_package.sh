@@ -11,6 +11,8 @@ set -euo pipefail
 
 package=$(realpath "$1")
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+# shellcheck source=tools/press_until.bash
+. "$here/../tools/press_until.bash"
 
 fail() {
   echo "try_package: $*" >&2
@@ -93,21 +95,6 @@ await_file() {
     sleep 0.1
   done
   fail "the window never wrote $1"
-}
-
-# A message that closes by itself takes the keys for a while.
-press_until() { # key, command that succeeds when it has worked
-  local tries
-  for ((tries = 0; tries < 40; ++tries)); do
-    xdotool key "$1"
-    sleep 0.5
-    ! "${@:2}" || return 0
-  done
-  fail "$1 did nothing"
-}
-
-has_ended() {
-  ! kill -0 "$1" 2>/dev/null
 }
 
 try_window() {

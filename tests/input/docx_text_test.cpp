@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "input/document_text.h"
 #include "input/file_system.h"
 #include "naive/places.h"
@@ -168,31 +166,6 @@ TEST(DocxText, AsksOnlyWhereItMay) {
   EXPECT_EQ(codeOf(BodyOfSize(150), {false, false, {200, 100}}), ExtractionCode::success);
   EXPECT_TRUE(ui.questions.empty());
   EXPECT_EQ(codeOf(damaged, {}), ExtractionCode::damageDeclined);
-}
-
-TEST(DocxText, SpoiltArchivesEndInTextOrMessage) {
-  std::mt19937 random(20261121);
-  // A text that no method makes much shorter.
-  std::string text(20000, ' ');
-  for (char& letter : text) letter = static_cast<char>('a' + random() % 26);
-  const std::string whole = ZipArchive({{BODY, Xml(text)}});
-  const Desk desk;
-  for (int n = 0; n < 500; ++n) {
-    std::string bytes = n % 3 == 0 ? whole.substr(0, 4 + random() % (whole.size() - 4)) : whole;
-    // Most of the others where the directory is.
-    for (int hits = n % 3; hits > 0; --hits) {
-      const std::size_t back = random() % (n % 4 == 0 ? whole.size() : 130);
-      bytes[whole.size() - 1 - back] = static_cast<char>(random());
-    }
-    ScriptedInterface ui;
-    ui.answers = {Answer::yes};
-    const ExtractedText got = ExtractDocumentText(desk.Put(bytes), "QVL", {}, ui);
-    const bool hasText = got.code == ExtractionCode::success;
-    EXPECT_TRUE(hasText || got.code == ExtractionCode::noBody) << testing::PrintToString(bytes);
-    // What passes unasked is whole.
-    EXPECT_TRUE(!hasText || !ui.questions.empty() || got.text == text);
-    ASSERT_TRUE(desk.IsClean());
-  }
 }
 
 TEST(DocumentText, TellsWordDocumentsFromOthers) {

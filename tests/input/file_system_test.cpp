@@ -12,23 +12,6 @@
 namespace quorvel {
 namespace {
 
-TEST(OutputFile, ReplacesOnlyWhenCommitted) {
-  const TestFolder folder;
-  const std::string path = folder.Write("a", "old");
-  {
-    OutputFile file(path);
-    EXPECT_TRUE(file.Write("new "));
-  }
-  EXPECT_EQ(folder.Read("a"), "old");
-  EXPECT_EQ(folder.Count(), 1);
-  OutputFile file(path);
-  EXPECT_TRUE(file.Write("new ") && file.Write("text"));
-  EXPECT_EQ(folder.Read("a"), "old");
-  EXPECT_TRUE(file.Commit());
-  EXPECT_EQ(folder.Read("a"), "new text");
-  EXPECT_EQ(folder.Count(), 1);
-}
-
 TEST(OutputFile, KeepsLinksAndModes) {
   SKIP_ON_WINDOWS("there are no such modes, and links are for administrators");
   const TestFolder folder;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <vector>
 
 #include "input/entities.h"
@@ -43,22 +42,6 @@ TEST(HtmlText, HasItsOddities) {
     EXPECT_EQ(Decoded(StrippedOfLists(text, true)), expected) << name;
   }
   EXPECT_EQ(Decoded(naive::ENTITY_TABLE), naive::DecodeEntities(naive::ENTITY_TABLE));
-}
-
-TEST(HtmlText, SameAsTheNaiveForm) {
-  const std::vector<std::string> parts = {
-      "<",          ">",         "/",       "<ul",      "</ul>",  "<OL>",    "</ol",
-      "<script",    "</script",  "<Style>", "</STYLE>", "<!--",   "ul",      " word ",
-      "<noscript>", "noscript>", "</nosc",  "&",        ";",      "&amp;",   "&eacute;",
-      "&nbsp;",     "eth;",      "&Eth;",   "#160",     "&quot;", "&#8212;", "\xE9"};
-  std::mt19937 random(20261121);
-  for (int round = 0; round < 60000; ++round) {
-    const std::string text = RandomText(parts, 24, random);
-    ASSERT_EQ(Stripped(text), naive::StripTags(text)) << text;
-    ASSERT_EQ(StrippedOfLists(text, true), naive::StripTagsAndLists(text, true)) << text;
-    ASSERT_EQ(StrippedOfLists(text, false), naive::StripTagsAndLists(text, false)) << text;
-    ASSERT_EQ(Decoded(text), naive::DecodeEntities(text)) << text;
-  }
 }
 
 TEST(HtmlText, HostileTextsTakeLinearTime) {

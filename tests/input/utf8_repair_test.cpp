@@ -2,11 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-#include <vector>
-
-#include "naive/naive_forms.h"
-
 namespace quorvel {
 namespace {
 
@@ -34,23 +29,6 @@ TEST(Utf8Repair, MakesSingleBytesAndPlainPunctuation) {
       {"a dagger first: only that goes", "\xE2\x80\xA0.\xE2\x80\x99", ".\xE2\x80\x99"},
   };
   for (const auto& [name, text, expected] : rows) EXPECT_EQ(Repaired(text), expected) << name;
-}
-
-TEST(Utf8Repair, SameAsTheNaiveForm) {
-  const std::vector<std::vector<int>> alphabets = {
-      {194, 195, 196, 131, 128, 133, 141, 160, 169, 226, 147, 166, 'a'},
-      {194, 133, 141, 160, 169, 'a'},
-      {195, 131, 130, 169, 'a'},
-      {194, 195, 130, 131, 132, 141, 196},
-      {226, 128, 147, 148, 151, 166, 160, 'a'}};
-  std::mt19937 random(20261121);
-  for (int round = 0; round < 400000; ++round) {
-    const std::vector<int>& alphabet = alphabets[random() % alphabets.size()];
-    std::string text(random() % 41, ' ');
-    for (char& byte : text) byte = static_cast<char>(alphabet[random() % alphabet.size()]);
-    const std::string expected = naive::PlainPunctuation(naive::RepairUtf8(text));
-    ASSERT_EQ(Repaired(text), expected) << testing::PrintToString(text);
-  }
 }
 
 }  // namespace

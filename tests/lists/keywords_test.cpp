@@ -56,25 +56,5 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
   }
 }
 
-TEST(SearchWords, AreTheFilesAndThePatterns) {
-  KeywordLists lists;
-  EXPECT_FALSE(IsSearchWord(u"walk", lists) || HoldKeywords(lists));
-  lists.fileKeywords = {u"dog", u"walk"};
-  EXPECT_TRUE(HoldKeywords(lists));
-  lists.extraKeywords =
-      ExtraKeywordList({ExtraKeywordOf(u"cat+dog"), ExtraKeywordOf(u"h*"), ExtraKeywordOf(u"cat"),
-                        ExtraKeywordOf(u"*r"), ExtraKeywordOf(u"cow")});
-  for (const auto* word : {u"WALK", u"dog", u"Harbour", u"COW"}) {
-    EXPECT_TRUE(IsSearchWord(word, lists)) << EncodeUtf8(word);
-  }
-  for (const auto* word : {u"walks", u"dogs", u"cats", u"shed"}) {
-    EXPECT_FALSE(IsSearchWord(word, lists)) << EncodeUtf8(word);
-  }
-  using Places = std::vector<std::size_t>;
-  EXPECT_EQ(lists.extraKeywords.Matches(u"harbour"), (Places{1, 3}));
-  EXPECT_EQ(lists.extraKeywords.Matches(u"cat"), (Places{0, 2}));
-  EXPECT_EQ(lists.extraKeywords.Matches(u"*r"), Places{3});
-}
-
 }  // namespace
 }  // namespace quorvel

@@ -2,26 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "support/made_texts.h"
 #include "util/ansi.h"
 
 namespace quorvel {
 namespace {
-
-// Tries everything that a "*" can stand for.
-bool MatchesByTrial(std::u16string_view word, std::u16string_view pattern) {
-  if (pattern.empty()) return word.empty();
-  if (pattern[0] == u'*') {
-    return MatchesByTrial(word, pattern.substr(1)) ||
-           (!word.empty() && MatchesByTrial(word.substr(1), pattern));
-  }
-  if (word.empty()) return false;
-  const bool fits = pattern[0] == u'?' || pattern[0] == word[0] ||
-                    (pattern[0] == u'#' && word[0] >= u'0' && word[0] <= u'9');
-  return fits && MatchesByTrial(word.substr(1), pattern.substr(1));
-}
 
 TEST(Wildcards, MatchAsWritten) {
   const struct {
@@ -47,18 +32,6 @@ TEST(Wildcards, MatchAsWritten) {
         words.remove_prefix(std::min(word.size() + 1, words.size()));
       }
     }
-  }
-}
-
-TEST(Wildcards, MatchAsTrialHasIt) {
-  std::mt19937 random(4);
-  const std::vector<std::u16string> parts = {u"a", u"b", u"ab", u"1", u"*", u"?", u"#"};
-  const std::vector<std::u16string> letters = {u"a", u"b", u"1"};
-  for (int i = 0; i < 20000; ++i) {
-    const std::u16string pattern = RandomText(parts, 6, random).substr(0, 12);
-    const std::u16string word = RandomText(letters, 9, random).substr(0, 12);
-    ASSERT_EQ(MatchesWildcard(word, pattern), MatchesByTrial(word, pattern))
-        << EncodeUtf8(word) << " by " << EncodeUtf8(pattern);
   }
 }
 

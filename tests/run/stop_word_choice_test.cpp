@@ -89,23 +89,5 @@ TEST(LanguageRecognition, GoesByTheBeginningOfTheText) {
   EXPECT_EQ(ui.Said(), "");
 }
 
-TEST(StopWordChoice, FollowsTheInput) {
-  TestRun run("Der Hafen war still, und die Boote lagen in der Nacht am Ufer.\r\n");
-  ChooseStopWords(run.state, run.ui);
-  ChooseStopWords(run.state, run.ui);  // in use already
-  EXPECT_EQ(run.settings.stopWordsFile, StopWordsPath(LANGUAGES.at(1)));
-  EXPECT_EQ(run.ui.questions.size(), 1U);
-  EraseStopWords(run.state.lists.stopWords);
-  ChooseStopWords(run.state, run.ui);
-  EXPECT_EQ(run.ui.questions.size(), 2U);
-  run.settings.inputFile = "/proc/self/mem";  // its reading fails
-  run.settings.stopWordsFile.clear();
-  run.ui.questions.clear();
-  ChooseStopWords(run.state, run.ui);
-  EXPECT_EQ(run.ui.questions.at(0).text,
-            "No stop words file is set.\r\nDo you wish to use the English list?");
-  EXPECT_EQ(run.settings.stopWordsFile, StopWordsPath(LANGUAGES.front()));
-}
-
 }  // namespace
 }  // namespace quorvel

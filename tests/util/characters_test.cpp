@@ -9,14 +9,6 @@ namespace {
 
 using Text = std::u16string;
 
-TEST(Characters, LowerVowels) {
-  const Text vowels = u"aeiouàáâãäåæèéêëìíîïòóôõöøùúûü";
-  for (char32_t code = 0; code <= 0xFFFF; ++code) {
-    const auto ch = static_cast<char16_t>(code);
-    EXPECT_EQ(IsLowerVowel(ch), vowels.find(ch) != Text::npos) << static_cast<unsigned>(code);
-  }
-}
-
 TEST(Characters, Cases) {
   const std::tuple<Text, Text, Text> rows[] = {{u"AZŠŒŸÀÆÉÖÞ", u"azšœÿàæéöþ", u"AZŠŒŸÀÆÉÖÞ"},
                                                {u"azšœÿàæéöþ", u"azšœÿàæéöþ", u"AZŠŒŸÀÆÉÖÞ"},

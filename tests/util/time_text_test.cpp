@@ -30,11 +30,6 @@ TEST(TimeText, Elapsed) {
   }
 }
 
-TEST(TimeText, LongDuration) {
-  EXPECT_EQ(DurationText(0, true), "0 minutes");
-  EXPECT_EQ(DurationText(1440 + 125, true), "1 day, 2 hours and 5 minutes");
-}
-
 TEST(TimeText, Size) {
   const std::pair<int64_t, const char*> rows[] = {
       {1023, "1023 bytes"},
@@ -45,8 +40,6 @@ TEST(TimeText, Size) {
       {std::numeric_limits<int64_t>::max(), "8,796,093,022,208.00 Mb"}};
   for (const auto& [bytes, expected] : rows) EXPECT_EQ(SizeText(bytes), expected);
 }
-
-TEST(TimeText, GroupedNegative) { EXPECT_EQ(GroupedNumber(-123456), "-123,456"); }
 
 }  // namespace
 }  // namespace quorvel

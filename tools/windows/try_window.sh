@@ -14,6 +14,8 @@ picture=$(realpath "$3")
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/windows/wine.bash
 . "$root/tools/windows/wine.bash"
+# shellcheck source=tools/press_until.bash
+. "$root/tools/press_until.bash"
 start_wine "$desk/wine"
 
 fail() {
@@ -40,21 +42,6 @@ activate() { # title
   xdotool search --onlyvisible --name "^$1\$" windowactivate --sync
 }
 
-# A message that closes by itself takes the keys for a while.
-press_until() { # key, command that succeeds when it has worked
-  local tries
-  for ((tries = 0; tries < 40; ++tries)); do
-    xdotool key "$1"
-    sleep 0.5
-    ! "${@:2}" || return 0
-  done
-  fail "$1 did nothing"
-}
-
-has_ended() {
-  ! kill -0 "$program" 2>/dev/null
-}
-
 start_window() { # argument...
   wine "$folder/quorvel.exe" "$@" >/dev/null 2>&1 </dev/null &
   program=$!
@@ -69,7 +56,7 @@ list_words() {
 }
 
 quit_window() {
-  press_until ctrl+q has_ended
+  press_until ctrl+q has_ended "$program"
   wait "$program" || fail "the window ended with status $?"
 }
 
