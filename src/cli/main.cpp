@@ -102,6 +102,7 @@ int Run(const CommandLine& commandLine) {
 int main(int argumentCount, char** arguments) try {
   quorvel::LetOversizedWritesFail();
   quorvel::PrepareTerminal();
+  quorvel::TakeMemoryInLargeSteps();
   const quorvel::CommandLine commandLine =
       quorvel::ReadCommandLine(quorvel::ProgramArguments(argumentCount, arguments));
   return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);

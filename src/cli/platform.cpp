@@ -4,6 +4,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #ifdef _WIN32
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -20,6 +23,17 @@
 #endif
 
 namespace quorvel {
+
+#ifdef __GLIBC__
+// What the words of a text need comes in small pieces; by itself the library asks for 128 KB more
+// each time.
+void TakeMemoryInLargeSteps() {
+  constexpr int STEP = 16 << 20;
+  ::mallopt(M_TOP_PAD, STEP);
+}
+#else
+void TakeMemoryInLargeSteps() {}
+#endif
 
 #ifdef _WIN32
 // What main() is given has lost all characters beyond the code page of the system.

@@ -18,6 +18,9 @@ void PrepareTerminal();
 // From now on bytes go to standard output as they are, line ends too.
 void LetStandardOutputBeBytes();
 
+// Takes memory from the system in large steps, for a program that needs much of it once.
+void TakeMemoryInLargeSteps();
+
 enum class Stream { input = 0, error = 2 };
 
 // Whether somebody sits at the other end of the stream.
