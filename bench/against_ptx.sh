@@ -203,7 +203,7 @@ instruction_rows() {
         "Cutting contexts|+Cut;" \
         "Merging them|+DisplayNextWord -Cut -EmitContexts;" \
         "Marking and listing them|+EmitContexts;" \
-        "The digest of the input|+ComputeFileDigest", rows, ";")
+        "The digest of the input|+Md5Update", rows, ";")
     }
     /PROGRAM TOTALS/ { total = $1 }
     { gsub(/\(anonymous namespace\)::/, "") }

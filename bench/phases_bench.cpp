@@ -97,7 +97,8 @@ void Write(benchmark::State& state, Source source) {
     state.PauseTiming();
     std::filesystem::remove(sample.concordancePath);
     state.ResumeTiming();
-    if (WriteConcordanceFile(run.settings, run.outputText, ui).outcome != FileOutcome::written) {
+    if (WriteConcordanceFile(run.settings, "", run.outputText, ui).outcome !=
+        FileOutcome::written) {
       state.SkipWithError("not written");
     }
   }

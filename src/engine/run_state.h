@@ -8,8 +8,8 @@
 
 #include "engine/admission.h"
 #include "engine/word_table.h"
+#include "input/digest.h"
 #include "input/document_text.h"
-#include "input/file_system.h"
 #include "input/skip_spans.h"
 #include "settings/settings.h"
 
@@ -18,9 +18,7 @@ namespace quorvel {
 // Whose words the table holds without a scan: those of an index file that was read, or
 // written after the scan.
 struct WordsAtHand {
-  std::string inputFile;       // empty: nobody's, so that the next run scans its input
-  std::string digest;          // of the input's bytes ...
-  FileStamp stamp;             // ... and what the input was like when that was computed
+  InputDigest input;           // no path: nobody's, so that the next run scans its input
   bool fromIndexFile = false;  // and so to be compared with the text
   bool withText = false;       // the document text is there too, read under these settings:
   bool inputIsUtf8 = false;
@@ -37,6 +35,7 @@ struct RunState {
   bool macNoticeShown = false;  // once in the life of the program is enough
   WordLists lists;
   SkipSpans skipSpans;          // of the last input
+  InputDigest inputDigest;      // the last one that was needed
   std::u16string documentText;  // of the last input; its double hyphens are blanked
   WordTable table;
   WordsAtHand words;

@@ -327,13 +327,13 @@ FileRead ReadFileBytes(const std::string& path, std::uint64_t limit) {
 }
 
 bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
-                      const std::function<void(std::string_view)>& take) {
+                      const std::function<bool(std::string_view)>& take) {
   const ReadHandle file(path);
   if (!file.IsOpen()) return false;
   std::string chunk(chunkLength, '\0');
   std::int64_t got = 0;
   while ((got = file.Read(chunk.data(), chunkLength)) > 0) {
-    take(std::string_view(chunk).substr(0, static_cast<std::size_t>(got)));
+    if (!take(std::string_view(chunk).substr(0, static_cast<std::size_t>(got)))) return true;
   }
   return got == 0;
 }

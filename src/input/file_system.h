@@ -85,9 +85,9 @@ inline constexpr std::uint64_t MOST_BYTES_READ = std::uint64_t{1} << 31U;
                                      std::uint64_t limit = MOST_BYTES_READ);
 
 // Hands the bytes of a file to `take`, front to back, `chunkLength` at a time and
-// the rest last. False when the file could not be read to its end.
+// the rest last, as long as that gives true. False when reading failed before.
 [[nodiscard]] bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
-                                    const std::function<void(std::string_view)>& take);
+                                    const std::function<bool(std::string_view)>& take);
 
 // Lets a write beyond the file size that the user may have set fail like one on a full
 // disk; otherwise it ends the program. For the start of a program.

@@ -49,8 +49,8 @@ TextEncoding EncodingByContent(const std::string& path) {
   std::string piece;
   const bool whole = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view chunk) {
     piece.erase(0, piece.size() - std::min(piece.size(), LONGEST_SIGN)).append(chunk);
-    looksLikeUtf8 =
-        looksLikeUtf8 || piece.find("\xE2\x80") != std::string::npos || DeclaresUtf8(piece);
+    looksLikeUtf8 = piece.find("\xE2\x80") != std::string::npos || DeclaresUtf8(piece);
+    return !looksLikeUtf8;
   });
   if (!whole) return TextEncoding::unreadable;
   return looksLikeUtf8 ? TextEncoding::utf8 : TextEncoding::ansi;

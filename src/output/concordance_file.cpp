@@ -4,7 +4,6 @@
 #include <array>
 
 #include "input/file_system.h"
-#include "output/digest.h"
 #include "util/ansi.h"
 #include "util/version.h"
 
@@ -49,13 +48,12 @@ const std::string& OutputFileOf(const ConcordanceSettings& settings) {
   return settings.mode == Mode::create ? settings.outputFile : settings.searchResultsFile;
 }
 
-std::string FileHeader(const ConcordanceSettings& settings, std::time_t time, UserInterface& ui) {
+std::string FileHeader(const ConcordanceSettings& settings, std::string_view digest,
+                       std::time_t time) {
   std::string header = EncodeAnsi(DecodeUtf8("Input file: " + settings.inputFile));
   header += LINE_END;
   if (settings.mode == Mode::create) {
-    header.append("MD5 message digest of input file: ")
-        .append(ComputeFileDigest(settings.inputFile, ui).text)
-        .append(LINE_END);
+    header.append("MD5 message digest of input file: ").append(digest).append(LINE_END);
   }
   return header.append(KindWord(settings.mode))
       .append(" file created using Quorvel (V.")
@@ -66,10 +64,10 @@ std::string FileHeader(const ConcordanceSettings& settings, std::time_t time, Us
       .append(LINE_END);
 }
 
-bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
-                    std::time_t time, const ByteSink& write, UserInterface& ui) {
+bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view digest,
+                    std::string_view outputText, std::time_t time, const ByteSink& write) {
   // The listing is a record like the lines of the header: it ends in one more line end.
-  return write(FileHeader(settings, time, ui)) && write(outputText) && write(LINE_END);
+  return write(FileHeader(settings, digest, time)) && write(outputText) && write(LINE_END);
 }
 
 FileWriting WriteOutputFile(const ConcordanceSettings& settings, UserInterface& ui,
@@ -93,10 +91,10 @@ FileWriting WriteOutputFile(const ConcordanceSettings& settings, UserInterface& 
   return {FileOutcome::written, {}};
 }
 
-FileWriting WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view outputText,
-                                 UserInterface& ui) {
+FileWriting WriteConcordanceFile(const ConcordanceSettings& settings, std::string_view digest,
+                                 std::string_view outputText, UserInterface& ui) {
   FileWriting writing = WriteOutputFile(settings, ui, [&](const ByteSink& write) {
-    return WriteFileBytes(settings, outputText, std::time(nullptr), write, ui);
+    return WriteFileBytes(settings, digest, outputText, std::time(nullptr), write);
   });
   if (writing.outcome == FileOutcome::written && settings.mode == Mode::create) {
     ui.PopUp("Concordance file written");

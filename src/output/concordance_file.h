@@ -28,17 +28,18 @@ namespace quorvel {
 [[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
 
 // The header of the file that a run with these settings writes at `time`, as
-// Windows-1252 bytes. Reads the input file once more for its digest.
-[[nodiscard]] std::string FileHeader(const ConcordanceSettings& settings, std::time_t time,
-                                     UserInterface& ui);
+// Windows-1252 bytes. `digest` is that of the input file; the header of a search has none.
+[[nodiscard]] std::string FileHeader(const ConcordanceSettings& settings, std::string_view digest,
+                                     std::time_t time);
 
 // Takes bytes; false when it could not, and needs no more of them.
 using ByteSink = std::function<bool(std::string_view)>;
 
 // Hands the file's bytes to `write`, front to back; stops and gives false as soon
 // as that gives false.
-[[nodiscard]] bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view outputText,
-                                  std::time_t time, const ByteSink& write, UserInterface& ui);
+[[nodiscard]] bool WriteFileBytes(const ConcordanceSettings& settings, std::string_view digest,
+                                  std::string_view outputText, std::time_t time,
+                                  const ByteSink& write);
 
 enum class FileOutcome { written, notWanted, failed };
 
@@ -56,6 +57,7 @@ struct FileWriting {
 
 // The same with the bytes of the current listing's file.
 [[nodiscard]] FileWriting WriteConcordanceFile(const ConcordanceSettings& settings,
-                                               std::string_view outputText, UserInterface& ui);
+                                               std::string_view digest, std::string_view outputText,
+                                               UserInterface& ui);
 
 }  // namespace quorvel

@@ -10,10 +10,10 @@
 #include <limits>
 #include <utility>
 
+#include "input/digest.h"
 #include "input/file_system.h"
 #include "input/path_names.h"
 #include "output/concordance_file.h"
-#include "output/digest.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -215,9 +215,9 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
 
 bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& ui) {
   const std::string& input = state.settings.inputFile;
-  const FileStamp stamp = StampOf(input);
   const std::string target = DefaultIndexFileName(input);
-  if (digest.empty() || ComputeFileDigest(input, ui).text != digest) {
+  const InputDigest now = ComputeInputDigest(input, ui);
+  if (digest.empty() || now.text != digest) {
     state.fileFault = target + ": The input file has changed or cannot be read.";
     return false;
   }
@@ -228,9 +228,7 @@ bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& 
     state.fileFault = target + ": " + file.Error();
     return false;
   }
-  state.words = {.inputFile = input,
-                 .digest = digest,
-                 .stamp = stamp,
+  state.words = {.input = now,
                  .withText = true,
                  .inputIsUtf8 = state.settings.inputIsUtf8,
                  .ignoreLists = state.settings.ignoreLists};
@@ -245,9 +243,8 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   std::future<std::optional<WordTable>> words =
       std::async([&file] { return TableOfIndexFile(file.bytes); });
   LineReader lines(file.bytes);
-  const FileStamp stamp = StampOf(input);
-  const std::string digest = ComputeFileDigest(input, ui).text;
-  if (digest.empty() || lines.Next() != digest) {
+  const InputDigest digest = ComputeInputDigest(input, ui);
+  if (digest.text.empty() || lines.Next() != digest.text) {
     ShowBadIndexFile(ui);
     return false;
   }
@@ -256,7 +253,8 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   std::optional<WordTable> table = words.get();
   if (!table) return false;
   state.table = std::move(*table);
-  state.words = {.inputFile = input, .digest = digest, .stamp = stamp, .fromIndexFile = true};
+  state.words = {.input = digest, .fromIndexFile = true};
+  state.inputDigest = digest;
   return true;
 }
 

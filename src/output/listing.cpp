@@ -154,18 +154,27 @@ void ShowListing(RunState& state, UserInterface& ui) {
   ui.SetOutput(EncodeUtf8(DecodeAnsi(TextboxPart(state.outputText))));
 }
 
+// What the header of the listing's file says of the input.
+std::string DigestForHeader(RunState& state, UserInterface& ui) {
+  const std::string& input = state.settings.inputFile;
+  if (state.settings.mode != Mode::create) return {};
+  if (!IsDigestOf(state.inputDigest, input)) state.inputDigest = ComputeInputDigest(input, ui);
+  return state.inputDigest.text;
+}
+
 // Whether the listing is where it should be; the user has been told if not.
 bool WriteListing(RunState& state, UserInterface& ui) {
   ConcordanceSettings& settings = state.settings;
   const auto write = [&state, &settings, &ui] {
-    const FileWriting writing = WriteConcordanceFile(settings, state.outputText, ui);
+    const FileWriting writing =
+        WriteConcordanceFile(settings, DigestForHeader(state, ui), state.outputText, ui);
     state.outputWritten = writing.outcome == FileOutcome::written;
     state.fileFault = writing.fault;
     return writing.outcome != FileOutcome::failed;
   };
   if (state.outputSink) {
-    state.outputWritten =
-        WriteFileBytes(settings, state.outputText, std::time(nullptr), state.outputSink, ui);
+    state.outputWritten = WriteFileBytes(settings, DigestForHeader(state, ui), state.outputText,
+                                         std::time(nullptr), state.outputSink);
     return state.outputWritten;
   }
   // A search writes whatever the settings say of the concordance file, and is silent about it.

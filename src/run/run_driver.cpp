@@ -7,13 +7,13 @@
 #include "engine/table_fit.h"
 #include "engine/tokenizer.h"
 #include "input/compact_spaces.h"
+#include "input/digest.h"
 #include "input/file_system.h"
 #include "input/html_text.h"
 #include "input/input_file.h"
 #include "input/path_names.h"
 #include "input/skip_spans.h"
 #include "output/concordance_file.h"
-#include "output/digest.h"
 #include "output/index_file.h"
 #include "output/listing.h"
 #include "output/occurrence_rows.h"
@@ -93,13 +93,13 @@ bool ReadText(RunState& state, UserInterface& ui) {
 bool AreWordsAtHand(const RunState& state, UserInterface& ui) {
   const ConcordanceSettings& settings = state.settings;
   const WordsAtHand& words = state.words;
-  if (words.inputFile != settings.inputFile) return false;
+  if (words.input.path != settings.inputFile) return false;
   if (words.withText &&
       (words.inputIsUtf8 != settings.inputIsUtf8 || words.ignoreLists != settings.ignoreLists)) {
     return false;
   }
-  if (StampOf(settings.inputFile) == words.stamp ||
-      ComputeFileDigest(settings.inputFile, ui).text == words.digest) {
+  if (IsDigestOf(words.input, settings.inputFile) ||
+      ComputeFileDigest(settings.inputFile, ui).text == words.input.text) {
     return true;
   }
   if (words.fromIndexFile) ShowBadIndexFile(ui);
@@ -156,6 +156,18 @@ bool ScanText(RunState& state, UserInterface& ui) {
   return !ui.StopRequested();
 }
 
+// The same beside the digest of the input, which the header of a concordance has.
+bool ScanInput(RunState& state, UserInterface& ui) {
+  const std::string& input = state.settings.inputFile;
+  if (state.settings.mode != Mode::create || IsDigestOf(state.inputDigest, input)) {
+    return ScanText(state, ui);
+  }
+  DigestUnderWay digest(input);
+  if (!ScanText(state, ui)) return false;
+  state.inputDigest = digest.Take();
+  return true;
+}
+
 // Admits and orders the words that are at hand. False when they come from an index file
 // and do not stand in the text as that has it; the user is told.
 bool TakeWordsAtHand(RunState& state, UserInterface& ui) {
@@ -192,7 +204,11 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
     return RunOutcome::refused;
   }
   const bool wantsIndex = state.settings.createIndexFile && state.settings.mode == Mode::create;
-  const std::string digest = wantsIndex ? ComputeFileDigest(state.settings.inputFile, ui).text : "";
+  std::string digest;
+  if (wantsIndex) {
+    state.inputDigest = ComputeInputDigest(state.settings.inputFile, ui);
+    digest = state.inputDigest.text;
+  }
   const bool atHand = AreWordsAtHand(state, ui);
   if (!atHand) state.words = {};
   if (!ReadTextOnce(state, ui)) {
@@ -202,7 +218,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
   }
   const bool scans = !atHand || !TakeWordsAtHand(state, ui);
   if (scans) {
-    if (!ScanText(state, ui)) return StopAfterScan(state, ui);
+    if (!ScanInput(state, ui)) return StopAfterScan(state, ui);
     OrderTable(state, ui);
   }
   state.outputWritten = false;
@@ -217,7 +233,7 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
 RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
   if (!CheckExtraWords(state, ui)) return RunOutcome::refused;
   ui.SetOutput("");
-  if (state.words.inputFile.empty()) EmptyWordTable(state.table);
+  if (state.words.input.path.empty()) EmptyWordTable(state.table);
   ui.ClearStop();
   try {
     const RunOutcome outcome = RunPhases(state, ui);

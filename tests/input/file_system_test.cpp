@@ -66,7 +66,10 @@ TEST(FileSystem, ReadsPartsAndTellsFilesFromFolders) {
   EXPECT_EQ(ReadFileBytes(path, 5).bytes, "xxxxx");
   EXPECT_EQ(ReadFileBytes(folder.Path("")).error, "Is a directory");
   std::string chunks;
-  EXPECT_TRUE(ReadFileInChunks(path, 65536, [&](std::string_view c) { chunks += c.back(); }));
+  EXPECT_TRUE(ReadFileInChunks(path, 65536, [&](std::string_view c) {
+    chunks += c.back();
+    return true;
+  }));
   EXPECT_EQ(chunks, "xd");
 }
 
