@@ -25,12 +25,11 @@ constexpr bool AsTheTableSays() {
 }
 static_assert(AsTheTableSays());
 
-using Characters = std::array<char16_t, FLAG_COUNT>;
-
-Flags WordCharacterFlags(const Characters& characters) {
+// Of FLAG_COUNT characters.
+Flags WordCharacterFlags(const char16_t* characters) {
   Flags flags{};
   char16_t all = 0;
-  for (std::size_t i = 0; i < characters.size(); ++i) {
+  for (std::size_t i = 0; i < FLAG_COUNT; ++i) {
     all |= characters[i];
     flags[i] = static_cast<std::uint8_t>(characters[i]);
   }
@@ -38,19 +37,23 @@ Flags WordCharacterFlags(const Characters& characters) {
     for (std::uint8_t& flag : flags) flag = AsciiWordCharacter(flag);
     return flags;
   }
-  for (std::size_t i = 0; i < characters.size(); ++i) {
+  for (std::size_t i = 0; i < FLAG_COUNT; ++i) {
     flags[i] = IsWordCharacter(characters[i]) ? 1 : 0;
   }
   return flags;
 }
 
+std::uint64_t WordCharacters(std::u16string_view block) {
+  if (block.size() == FLAG_COUNT) return BitsOf(WordCharacterFlags(block.data()));
+  std::array<char16_t, FLAG_COUNT> characters{};
+  std::copy(block.begin(), block.end(), characters.begin());
+  return BitsOf(WordCharacterFlags(characters.data()));
+}
+
 }  // namespace
 
 void TokenCutter::TakeBlock() {
-  const std::u16string_view block = text_.substr(blockEnd_, FLAG_COUNT);
-  Characters characters{};
-  std::copy(block.begin(), block.end(), characters.begin());
-  const std::uint64_t wordCharacters = BitsOf(WordCharacterFlags(characters));
+  const std::uint64_t wordCharacters = WordCharacters(text_.substr(blockEnd_, FLAG_COUNT));
   edges_ = wordCharacters ^ (wordCharacters << 1U | isInToken_);
   isInToken_ = wordCharacters >> (FLAG_COUNT - 1);
   blockEnd_ += FLAG_COUNT;
