@@ -10,8 +10,10 @@
 #include <filesystem>
 #include <string_view>
 
+#include "output/index_file.h"
 #include "run/run_driver.h"
 #include "samples.h"
+#include "util/ansi.h"
 
 namespace quorvel {
 namespace {
@@ -81,6 +83,31 @@ void Run(benchmark::State& state, Source source) {
     state.counters[PHASE_NAMES[phase]] = ui.Percent(phase);
   }
 }
+
+// A search for a rare word as the window makes it, where all words are recorded for what may be
+// asked for next.
+void Search(benchmark::State& state, Source source, bool fromIndex) {
+  const Sample& sample = SampleOf(source);
+  SilentInterface ui;
+  RunState made = sample.ordered;
+  made.settings.outputFile = sample.concordancePath;
+  made.settings.createIndexFile = true;
+  made.encodingChoice = EncodingChoice::adoptDetected;
+  if (RunConcordance(made, ui) != RunOutcome::done) state.SkipWithError("no index");
+  for (auto _ : state) {
+    RunState run;
+    run.settings = sample.ordered.settings;
+    run.settings.mode = Mode::search;
+    run.settings.extraKeywords = EncodeUtf8(made.table.entries.back().word);
+    run.encodingChoice = EncodingChoice::adoptDetected;
+    if (fromIndex && !ReadIndexFile(run, false, ui)) state.SkipWithError("index not used");
+    if (RunConcordance(run, ui) != RunOutcome::done) state.SkipWithError("not done");
+  }
+  state.SetBytesProcessed(state.iterations() * sample.fileLength);
+}
+
+BENCHMARK_CAPTURE(Search, scanned, Source::text, false);
+BENCHMARK_CAPTURE(Search, fromIndex, Source::text, true);
 
 BENCHMARK_CAPTURE(Run, text, Source::text);
 BENCHMARK_CAPTURE(Run, wideVocabulary, Source::wideVocabulary);

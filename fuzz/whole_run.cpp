@@ -89,6 +89,15 @@ void CheckSearched(const RunState& state) {
   RequireSame(EncodeUtf8(got), EncodeUtf8(expected), "a search lists a part of the concordance");
 }
 
+// Whether the words that are not looked for are recorded makes no difference to a search.
+void CheckSearchedOnce(const RunState& state) {
+  RunState once = state;
+  once.listsOnce = true;
+  SilentInterface ui;
+  (void)RunConcordance(once, ui);
+  RequireSame(once.outputText, state.outputText, "a search for its words alone lists the same");
+}
+
 void TakeOptions(FuzzInput& input, ConcordanceSettings& settings) {
   settings.mode = input.Flag() ? Mode::search : Mode::create;
   settings.wordOrder = input.Flag() ? WordOrder::byFrequency : WordOrder::alphabetical;
@@ -125,7 +134,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool found = state.table.includedCount > 0;
   Require(outcome == (found ? RunOutcome::done : RunOutcome::nothingFound), "a run ends");
   Require(!found || written.ends_with(state.outputText + "\r\n"), "the listing is written");
-  state.settings.mode == Mode::create ? CheckCreated(state) : CheckSearched(state);
+  if (state.settings.mode == Mode::create) {
+    CheckCreated(state);
+  } else {
+    CheckSearched(state);
+    CheckSearchedOnce(state);
+  }
   return 0;
 }
 

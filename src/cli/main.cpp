@@ -72,6 +72,7 @@ int Run(const CommandLine& commandLine) {
     if (!languageKnown) SayLanguageUnknown(state.settings, ui);
     return SaveSettings(state.settings, commandLine.settingsFileToSave, ui);
   }
+  state.listsOnce = true;
   state.outputFormat = commandLine.format;
   state.encodingChoice = commandLine.encodingChoice;
   if (commandLine.toStandardOutput) {

@@ -27,8 +27,8 @@ std::uint64_t ThreeAt(const char16_t* place) {
 
 }  // namespace
 
-KnownTokens::KnownTokens(std::u16string_view text, WordTable& table)
-    : text_(text), table_(table), slots_(FIRST_SLOTS) {}
+KnownTokens::KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought)
+    : text_(text), table_(table), sought_(sought), slots_(FIRST_SLOTS) {}
 
 TokenKey KnownTokens::KeyOf(std::size_t begin, std::size_t length) const {
   static_assert(MIN_WORD_LENGTH == END - 1);
@@ -72,7 +72,7 @@ TokenMeaning KnownTokens::MeaningOf(const TokenKey& key) {
 
 TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
   const std::u16string_view word = WordOfToken(token);
-  if (!MayEnterTable(word)) return {};
+  if (!MayEnterTable(word) || (sought_ != nullptr && !IsSearchWord(word, *sought_))) return {};
   return {EntryOf(table_, word), static_cast<std::uint8_t>(word.size())};
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/word_table.h"
+#include "lists/keywords.h"
 
 namespace quorvel {
 
@@ -29,10 +30,11 @@ struct TokenKey {
   std::uint32_t hash = 0;
 };
 
-// Belongs to one text and to the table that its words go to. Both must outlive it.
+// Belongs to one text and to the table that its words go to: all, or those that are `sought` where
+// such are given. These three must outlive it.
 class KnownTokens {
  public:
-  KnownTokens(std::u16string_view text, WordTable& table);
+  KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought);
 
   // The key of the token at the 0-based `begin`, of `length` characters, at least
   // MIN_WORD_LENGTH. Has what is known of it fetched from memory: it is there when it is
@@ -58,6 +60,7 @@ class KnownTokens {
 
   std::u16string_view text_;
   WordTable& table_;
+  const KeywordLists* sought_;
   std::vector<Slot> slots_;  // a power of two of them, at most half in use
   std::size_t used_ = 0;
 };

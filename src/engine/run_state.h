@@ -32,6 +32,7 @@ struct RunState {
   ConcordanceSettings settings;
   OutputFormat outputFormat = OutputFormat::text;
   EncodingChoice encodingChoice = EncodingChoice::confirm;
+  bool listsOnce = false;       // the words of a run are listed at its end and then not again
   bool macNoticeShown = false;  // once in the life of the program is enough
   WordLists lists;
   SkipSpans skipSpans;          // of the last input

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "engine/known_tokens.h"
 #include "engine/token_cutter.h"
 #include "engine/word_tests.h"
+#include "lists/keyword_beginnings.h"
 #include "util/characters.h"
 #include "util/find_pair.h"
 #include "util/make_singular.h"
@@ -33,20 +35,25 @@ std::u16string_view StripHyphens(std::u16string_view token) {
 // are looked up. Waiting for each would take as long as all the rest.
 class Scan {
  public:
-  Scan(std::u16string_view text, WordTable& table, UserInterface& ui)
-      : text_(text), table_(table), ui_(ui), bar_(ui), known_(text, table), tokens_(text) {}
+  Scan(std::u16string_view text, WordTable& table, UserInterface& ui, const KeywordLists* sought)
+      : text_(text), table_(table), ui_(ui), bar_(ui), known_(text, table, sought), tokens_(text) {
+    if (sought != nullptr) beginnings_.emplace(*sought);
+  }
 
   // Cuts the next tokens; false when there is none, or after a stop.
   bool CutTokens() {
     cut_ = 0;
     Token token;
+    std::size_t taken = 0;
     // The last character is never looked at as the start of a word.
-    while (cut_ < keys_.size() && tokens_.Next(token) && token.begin + 1 < text_.size()) {
+    while (taken < keys_.size() && tokens_.Next(token) && token.begin + 1 < text_.size()) {
+      ++taken;
       ui_.Yield();
-      const std::size_t length = token.end - token.begin;
-      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(token.begin, length);
+      if (IsSought(token)) keys_[cut_++] = known_.KeyOf(token.begin, token.end - token.begin);
     }
-    return cut_ > 0 && !stopped_;
+    // A stretch without any word that is sought is progress, too.
+    if (taken > 0 && cut_ == 0) stopped_ = !GoesOn(token.end);
+    return taken > 0 && !stopped_;
   }
 
   // Records the words that they stand for.
@@ -59,9 +66,7 @@ class Scan {
       const auto scanPosition = static_cast<std::int32_t>(end + (end < text_.size() ? 1 : 2));
       occurrences_[found++] = {meaning.entry, scanPosition - meaning.wordLength};
       __builtin_prefetch(&table_.entries[static_cast<std::size_t>(meaning.entry)].positions);
-      bar_.Update(scanPosition, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
-      ui_.Yield();
-      stopped_ = ui_.StopRequested();
+      stopped_ = !GoesOn(scanPosition);
     }
     for (std::size_t i = 0; i < found; ++i) {
       AddWordToList(table_, occurrences_[i].entry, occurrences_[i].position);
@@ -70,6 +75,25 @@ class Scan {
 
  private:
   static constexpr std::size_t AT_A_TIME = 64;
+  static_assert(KeywordBeginnings::LENGTH <= MIN_WORD_LENGTH);
+
+  // Whether the token may stand for a word that is looked for. A hyphen at its front is none of
+  // the word's.
+  [[nodiscard]] bool IsSought(const Token& token) const {
+    const bool isLong = token.end - token.begin >= MIN_WORD_LENGTH;
+    if (!beginnings_ || token.begin + MIN_WORD_LENGTH > text_.size()) return isLong;
+    // The length comes last: it cannot be foretold, while hardly any beginning is one.
+    const char16_t* const start = text_.data() + token.begin;
+    return (beginnings_->MayBegin(start) || *start == u'-') && isLong;
+  }
+
+  // Shows how far the scan has come and lets events run; false after a stop.
+  bool GoesOn(std::size_t position) {
+    bar_.Update(static_cast<std::int64_t>(position), static_cast<std::int64_t>(text_.size()),
+                PROGRESS_THRESHOLD);
+    ui_.Yield();
+    return !ui_.StopRequested();
+  }
 
   struct Occurrence {
     std::int32_t entry = 0;     // 0-based
@@ -82,6 +106,7 @@ class Scan {
   ProgressBar bar_;
   KnownTokens known_;
   TokenCutter tokens_;
+  std::optional<KeywordBeginnings> beginnings_;  // of the words that alone are looked for
   std::array<TokenKey, AT_A_TIME> keys_{};
   std::size_t cut_ = 0;
   std::array<Occurrence, AT_A_TIME> occurrences_{};
@@ -134,8 +159,9 @@ TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
   return span;
 }
 
-void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui) {
-  Scan scan(text, table, ui);
+void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui,
+              const KeywordLists* sought) {
+  Scan scan(text, table, ui, sought);
   while (scan.CutTokens()) scan.RecordWords();
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "engine/word_table.h"
+#include "lists/keywords.h"
 #include "util/user_interface.h"
 
 namespace quorvel {
@@ -44,8 +45,10 @@ struct TextSpan {
 [[nodiscard]] TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
                                         std::int32_t position);
 
-// Scans a text whose double hyphens are blanked and adds its words to the table.
-// Ends early when a stop is requested, after the word at hand.
-void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui);
+// Scans a text whose double hyphens are blanked and adds its words to the table; of these
+// only the `sought` ones, where such are given, which is much faster. Ends early when a stop is
+// requested, after the word at hand.
+void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui,
+              const KeywordLists* sought = nullptr);
 
 }  // namespace quorvel

@@ -146,10 +146,11 @@ RunOutcome OutcomeOf(ListingOutcome listing) {
 
 // Fills the table from the text. False when that was stopped.
 bool ScanText(RunState& state, UserInterface& ui) {
+  const bool soughtOnly = state.listsOnce && state.settings.mode == Mode::search;
   state.words = {};
   EmptyWordTable(state.table);
   state.table.positionWidth = PositionWidth(state.documentText.size());
-  GetWords(state.documentText, state.table, ui);
+  GetWords(state.documentText, state.table, ui, soughtOnly ? &state.lists.keywords : nullptr);
   ui.AppendOutput("Sorting ...\r\n");
   SortWordTable(state.table);
   ui.YieldNow();

@@ -50,6 +50,9 @@ TEST(Search, ListsTheWantedLines) {
     EXPECT_EQ(run.ui.popUps.size(), 0U);
     EXPECT_EQ(run.ui.labels[Label::keywordsFound], std::vector<std::string>{""});
     EXPECT_EQ(run.ui.appends.back(), "Getting search results ...\r\n");
+    run.state.listsOnce = true;
+    EXPECT_EQ(run.Go(), RunOutcome::done) << keywords;
+    EXPECT_EQ(run.Entries(), entries + "\r\n") << keywords;
   }
 }
 

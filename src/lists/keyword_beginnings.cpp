@@ -1,0 +1,34 @@
+#include "lists/keyword_beginnings.h"
+
+#include "lists/wildcard.h"
+#include "util/characters.h"
+
+namespace quorvel {
+
+KeywordBeginnings::KeywordBeginnings(const KeywordLists& keywords) {
+  for (const std::u16string& word : keywords.fileKeywords) Add(word, 0, 0);
+  for (const ExtraKeyword& keyword : keywords.extraKeywords.Keywords()) {
+    Add(keyword.wildcardPattern, 0, 0);
+  }
+}
+
+// Adds what begins with the first `length` characters, which are known, and goes on as `pattern`
+// does behind them. From a wildcard on, and behind the pattern's end, anything may follow.
+void KeywordBeginnings::Add(std::u16string_view pattern, std::size_t beginning,
+                            std::size_t length) {
+  if (length == LENGTH) {
+    known_.set(beginning);
+    return;
+  }
+  if (length < pattern.size() && !HoldsWildcard(pattern.substr(length, 1))) {
+    const char16_t lower = pattern[length];
+    for (const char16_t ch : {lower, ToUpperCase(lower)}) {
+      Add(pattern, Extended(beginning, ch), length + 1);
+    }
+    return;
+  }
+  const std::size_t shift = BITS * (LENGTH - length);
+  for (std::size_t i = 0; i < std::size_t{1} << shift; ++i) known_.set(beginning << shift | i);
+}
+
+}  // namespace quorvel
