@@ -202,7 +202,7 @@ instruction_rows() {
         "Cutting contexts|+Cut;" \
         "Merging them|+DisplayNextWord -Cut -EmitContexts;" \
         "Marking and listing them|+EmitContexts;" \
-        "The digest of the input|+Md5Update", rows, ";")
+        "The digest of the input|+AddBlock", rows, ";")
     }
     /PROGRAM TOTALS/ { total = $1 }
     { gsub(/\(anonymous namespace\)::/, "") }

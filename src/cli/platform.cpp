@@ -25,11 +25,15 @@
 namespace quorvel {
 
 #ifdef __GLIBC__
-// What the words of a text need comes in small pieces; by itself the library asks for 128 KB more
-// each time.
+// What the words of a text need comes in small pieces, for which the library by itself asks for
+// 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
 void TakeMemoryInLargeSteps() {
   constexpr int STEP = 16 << 20;
+  constexpr int LARGEST_KEPT = 32 << 20;
+  constexpr int GIVEN_BACK_ABOVE = 256 << 20;
   ::mallopt(M_TOP_PAD, STEP);
+  ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
+  ::mallopt(M_TRIM_THRESHOLD, GIVEN_BACK_ABOVE);
 }
 #else
 void TakeMemoryInLargeSteps() {}

@@ -18,7 +18,7 @@ void PrepareTerminal();
 // From now on bytes go to standard output as they are, line ends too.
 void LetStandardOutputBeBytes();
 
-// Takes memory from the system in large steps, for a program that needs much of it once.
+// Takes memory from the system in large steps and keeps it, for a program that soon ends.
 void TakeMemoryInLargeSteps();
 
 enum class Stream { input = 0, error = 2 };
