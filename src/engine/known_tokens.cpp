@@ -63,17 +63,42 @@ TokenMeaning KnownTokens::MeaningOf(const TokenKey& key) {
     if (Holds(slot, key)) return {slot.entry, slot.wordLength};
   }
   const TokenMeaning meaning = LookInto(token);
-  slots_[place] = {key.front,          key.back,
-                   key.begin,          static_cast<std::uint8_t>(key.length),
-                   meaning.wordLength, meaning.entry};
-  if (2 * ++used_ > slots_.size()) Grow();
+  Keep(key, meaning);
   return meaning;
 }
 
 TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
   const std::u16string_view word = WordOfToken(token);
   if (!MayEnterTable(word) || (sought_ != nullptr && !IsSearchWord(word, *sought_))) return {};
-  return {EntryOf(table_, word), static_cast<std::uint8_t>(word.size())};
+  return {EntryOf(token, word), static_cast<std::uint8_t>(word.size())};
+}
+
+// The entry of the word that the token, which is not known yet, stands for. A word is known as
+// the token that is spelled like it, so that it need not be looked for anywhere else; unless
+// that token would stand for no word: "1990s" gives "1990", which by itself is a number.
+std::int32_t KnownTokens::EntryOf(std::u16string_view token, std::u16string_view word) {
+  if (word.size() == token.size()) return AddEntry(word);
+  if (WordOfToken(word) == word) {
+    return MeaningOf(KeyOf(static_cast<std::size_t>(word.data() - text_.data()), word.size()))
+        .entry;
+  }
+  const auto known = others_.find(word);
+  return known != others_.end() ? known->second : others_[word] = AddEntry(word);
+}
+
+std::int32_t KnownTokens::AddEntry(std::u16string_view word) {
+  table_.entries.push_back(NewWordEntry(word));
+  return table_.WordCount() - 1;
+}
+
+void KnownTokens::Keep(const TokenKey& key, const TokenMeaning& meaning) {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t place = key.hash & mask;
+  while (slots_[place].length != 0) place = (place + 1) & mask;
+  slots_[place] = {key.front,          key.back,
+                   key.begin,          static_cast<std::uint8_t>(key.length),
+                   meaning.wordLength, meaning.entry};
+  if (2 * ++used_ > slots_.size()) Grow();
 }
 
 void KnownTokens::Grow() {

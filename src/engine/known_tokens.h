@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -56,6 +57,9 @@ class KnownTokens {
 
   [[nodiscard]] bool Holds(const Slot& slot, const TokenKey& key) const;
   [[nodiscard]] TokenMeaning LookInto(std::u16string_view token);
+  [[nodiscard]] std::int32_t EntryOf(std::u16string_view token, std::u16string_view word);
+  std::int32_t AddEntry(std::u16string_view word);
+  void Keep(const TokenKey& key, const TokenMeaning& meaning);
   void Grow();
 
   std::u16string_view text_;
@@ -63,6 +67,7 @@ class KnownTokens {
   const KeywordLists* sought_;
   std::vector<Slot> slots_;  // a power of two of them, at most half in use
   std::size_t used_ = 0;
+  std::map<std::u16string_view, std::int32_t> others_;  // entries of words that are no token's own
 };
 
 }  // namespace quorvel

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "util/characters.h"
-#include "util/text_hash.h"
 
 namespace quorvel {
 namespace {
@@ -24,41 +23,6 @@ std::uint64_t LeadingUnits(std::u16string_view text) {
 
 }  // namespace
 
-std::int32_t SpellingIndex::FindOrInsert(std::u16string_view word, std::int32_t newEntry,
-                                         const std::vector<WordEntry>& entries) {
-  if (2 * (used_ + 1) > slots_.size()) Grow();
-  const std::uint32_t hash = HashOf(word);
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t place = hash & mask;
-  for (; slots_[place].entry != NOT_FOUND; place = (place + 1) & mask) {
-    const Slot& slot = slots_[place];
-    if (slot.hash == hash && entries[static_cast<std::size_t>(slot.entry)].word == word) {
-      return slot.entry;
-    }
-  }
-  slots_[place] = {hash, newEntry};
-  ++used_;
-  return NOT_FOUND;
-}
-
-void SpellingIndex::Clear() {
-  slots_.clear();
-  used_ = 0;
-}
-
-void SpellingIndex::Grow() {
-  constexpr std::size_t FIRST_SIZE = 4096;
-  std::vector<Slot> old(std::max(FIRST_SIZE, 2 * slots_.size()));
-  old.swap(slots_);
-  const std::size_t mask = slots_.size() - 1;
-  for (const Slot& slot : old) {
-    if (slot.entry == NOT_FOUND) continue;
-    std::size_t place = slot.hash & mask;
-    while (slots_[place].entry != NOT_FOUND) place = (place + 1) & mask;
-    slots_[place] = slot;
-  }
-}
-
 WordEntry NewWordEntry(std::u16string_view word) {
   WordEntry entry;
   entry.word = word;
@@ -74,13 +38,6 @@ void EmptyWordTable(WordTable& table) { table = WordTable{}; }
 int PositionWidth(std::size_t length) {
   if (length == 0) return 1;
   return static_cast<int>(std::log(static_cast<double>(length)) / std::log(10.0)) + 1;
-}
-
-std::int32_t EntryOf(WordTable& table, std::u16string_view word) {
-  const std::int32_t found = table.spellings.FindOrInsert(word, table.WordCount(), table.entries);
-  if (found != SpellingIndex::NOT_FOUND) return found;
-  table.entries.push_back(NewWordEntry(word));
-  return table.WordCount() - 1;
 }
 
 bool PrecedesAlphabetically(const WordEntry& a, const WordEntry& b) {
@@ -107,7 +64,6 @@ void SortWordTable(WordTable& table) {
   sorted.reserve(entries.size());
   for (const Place& place : places) sorted.push_back(std::move(entries[place.entry]));
   entries.swap(sorted);
-  table.spellings.Clear();
 }
 
 void CountIncludedWords(WordTable& table) {
@@ -121,24 +77,31 @@ void CountIncludedWords(WordTable& table) {
 }
 
 void BuildFrequencyChain(WordTable& table) {
-  std::vector<std::int32_t> chain;  // 1-based entries
+  constexpr unsigned HALF = 32;
+  constexpr std::uint64_t LOW_HALF = (std::uint64_t{1} << HALF) - 1;
+  // Numbers that are sorted without a look at the entries: what the count lacks of the largest
+  // one, and the entry.
+  std::vector<std::uint64_t> chain;
+  chain.reserve(static_cast<std::size_t>(table.includedCount));
   for (std::int32_t i = 1; i <= table.WordCount(); ++i) {
     WordEntry& entry = table.entries[static_cast<std::size_t>(i) - 1];
     entry.frequencyPrev = 0;
     entry.frequencyNext = 0;
-    if (entry.include) chain.push_back(i);
+    const auto lack = LOW_HALF - static_cast<std::uint64_t>(entry.Count());
+    if (entry.include) chain.push_back(lack << HALF | static_cast<std::uint64_t>(i));
   }
-  const auto entryAt = [&table](std::int32_t i) -> WordEntry& {
-    return table.entries[static_cast<std::size_t>(i) - 1];
+  std::sort(chain.begin(), chain.end());
+  const auto numberAt = [&chain](std::size_t k) {
+    return static_cast<std::int32_t>(chain[k] & LOW_HALF);
   };
-  std::stable_sort(chain.begin(), chain.end(), [&entryAt](std::int32_t a, std::int32_t b) {
-    return entryAt(a).Count() > entryAt(b).Count();
-  });
+  const auto entryAt = [&table, &numberAt](std::size_t k) -> WordEntry& {
+    return table.entries[static_cast<std::size_t>(numberAt(k)) - 1];
+  };
   for (std::size_t k = 1; k < chain.size(); ++k) {
-    entryAt(chain[k - 1]).frequencyNext = chain[k];
-    entryAt(chain[k]).frequencyPrev = chain[k - 1];
+    entryAt(k - 1).frequencyNext = numberAt(k);
+    entryAt(k).frequencyPrev = numberAt(k - 1);
   }
-  table.frequencyHead = chain.empty() ? 0 : chain.front();
+  table.frequencyHead = chain.empty() ? 0 : numberAt(0);
 }
 
 }  // namespace quorvel

@@ -26,37 +26,12 @@ struct WordEntry {
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(positions.size()); }
 };
 
-// Finds the entry of a spelling, by hashing. Belongs to the table that fills it.
-class SpellingIndex {
- public:
-  static constexpr std::int32_t NOT_FOUND = -1;
-
-  // The 0-based entry with this spelling. When there is none, `newEntry` is
-  // recorded for it and NOT_FOUND comes back.
-  std::int32_t FindOrInsert(std::u16string_view word, std::int32_t newEntry,
-                            const std::vector<WordEntry>& entries);
-
-  void Clear();
-
- private:
-  struct Slot {
-    std::uint32_t hash = 0;
-    std::int32_t entry = NOT_FOUND;
-  };
-
-  void Grow();
-
-  std::vector<Slot> slots_;  // a power of two of them, at most half in use
-  std::size_t used_ = 0;
-};
-
 struct WordTable {
   std::vector<WordEntry> entries;
   int positionWidth = 1;           // digits that a position is written with
   std::int32_t frequencyHead = 0;  // 1-based entry, 0 for an empty chain
   std::int32_t includedCount = 0;
   std::int64_t totalOccurrences = 0;  // of the included entries
-  SpellingIndex spellings;            // up to date during a scan only
 
   [[nodiscard]] std::int32_t WordCount() const { return static_cast<std::int32_t>(entries.size()); }
 };
@@ -69,9 +44,6 @@ void EmptyWordTable(WordTable& table);
 
 // The width of a position in a text of `length` characters.
 [[nodiscard]] int PositionWidth(std::size_t length);
-
-// The 0-based entry of `word`, a new one without any occurrence where there is none.
-std::int32_t EntryOf(WordTable& table, std::u16string_view word);
 
 // Records one occurrence of the word of the 0-based `entry` at `offset`, a 1-based character
 // position in the document text.
