@@ -52,7 +52,7 @@ class Scan {
       if (IsSought(token)) keys_[cut_++] = known_.KeyOf(token.begin, token.end - token.begin);
     }
     // A stretch without any word that is sought is progress, too.
-    if (taken > 0 && cut_ == 0) stopped_ = !GoesOn(token.end);
+    if (taken > 0 && cut_ == 0) stopped_ = !GoesOn(static_cast<std::int64_t>(token.end));
     return taken > 0 && !stopped_;
   }
 
@@ -88,9 +88,8 @@ class Scan {
   }
 
   // Shows how far the scan has come and lets events run; false after a stop.
-  bool GoesOn(std::size_t position) {
-    bar_.Update(static_cast<std::int64_t>(position), static_cast<std::int64_t>(text_.size()),
-                PROGRESS_THRESHOLD);
+  bool GoesOn(std::int64_t position) {
+    bar_.Update(position, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
     ui_.Yield();
     return !ui_.StopRequested();
   }
