@@ -198,7 +198,7 @@ instruction_rows() {
         "Decoding and blanking double hyphens|+DecodeAnsi +BlankDoubleHyphens;" \
         "Scanning|+GetWords;" \
         "Filtering and counting and ordering by frequency|+OrderTable;" \
-        "Encoding for the listing and mapping blanks|+EncodeAnsi +ContextCutter;" \
+        "Mapping blanks|+ContextCutter;" \
         "Cutting contexts|+Cut;" \
         "Merging them|+DisplayNextWord -Cut -EmitContexts;" \
         "Marking and listing them|+EmitContexts;" \

@@ -31,8 +31,8 @@ void Read(benchmark::State& state, Source source) {
     std::optional<std::string> text =
         ObtainDocumentText(sample.path, EncodingChoice::adoptDetected, isUtf8, macNoticeShown, ui);
     CompactSpaces(*text);
-    std::u16string documentText = DecodeAnsi(*text);
-    BlankDoubleHyphens(documentText);
+    BlankDoubleHyphens(*text);
+    const std::u16string documentText = DecodeAnsi(*text);
     benchmark::DoNotOptimize(documentText.data());
   }
   CountBytes(state, sample);

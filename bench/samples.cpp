@@ -69,17 +69,15 @@ std::string TooFrequentWords(const WordTable& table) {
   return TidyExtraStopWords(words);
 }
 
-// The text of a file as it is scanned.
-std::u16string TextToScan(const std::string& path, ConcordanceSettings& settings,
-                          UserInterface& ui) {
+// The text of a file as it is listed.
+std::string TextToList(const std::string& path, ConcordanceSettings& settings, UserInterface& ui) {
   bool macNoticeShown = false;
   std::optional<std::string> bytes = ObtainDocumentText(path, EncodingChoice::adoptDetected,
                                                         settings.inputIsUtf8, macNoticeShown, ui);
   if (!bytes) throw std::runtime_error("the text is of a kind that cannot be read");
   CompactSpaces(*bytes);
-  std::u16string text = DecodeAnsi(*bytes);
-  BlankDoubleHyphens(text);
-  return text;
+  BlankDoubleHyphens(*bytes);
+  return std::move(*bytes);
 }
 
 RunState OrderedState(const Sample& sample, const ConcordanceSettings& settings) {
@@ -89,6 +87,7 @@ RunState OrderedState(const Sample& sample, const ConcordanceSettings& settings)
   state.settings.extraStopWords = TooFrequentWords(sample.scannedTable);
   state.lists.extraStopWords = ExtraStopWordsOf(state.settings.extraStopWords);
   state.documentText = sample.documentText;
+  state.ansiText = EncodeAnsi(sample.documentText);
   state.table = sample.scannedTable;
   SortWordTable(state.table);
   ApplyAdmissionFilters(state.table, state.settings, state.lists);
@@ -108,7 +107,7 @@ Sample MakeSample(Source source) {
   sample.concordancePath = folder.FileNamed(name + ".qvl.conc.txt");
   sample.fileLength = static_cast<std::int64_t>(bytes.size());
   WriteText(sample.path, bytes);
-  sample.documentText = TextToScan(sample.path, settings, ui);
+  sample.documentText = DecodeAnsi(TextToList(sample.path, settings, ui));
   GetWords(sample.documentText, sample.scannedTable, ui);
   sample.ordered = OrderedState(sample, settings);
   return sample;

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "engine/tokenizer.h"
+#include "util/ansi.h"
 #include "util/characters.h"
 
 namespace quorvel {
@@ -25,10 +26,11 @@ std::unordered_map<std::u16string_view, LanguageSet> LanguagesByWord(
 
 }  // namespace
 
-std::size_t RecognizeLanguage(std::u16string text, const StopWordsByLanguage& stopWords) {
+std::size_t RecognizeLanguage(std::string bytes, const StopWordsByLanguage& stopWords) {
   const auto languages = LanguagesByWord(stopWords);
   std::array<std::int32_t, LANGUAGES.size()> scores{};
-  BlankDoubleHyphens(text);
+  BlankDoubleHyphens(bytes);
+  const std::u16string text = DecodeAnsi(bytes);
   std::size_t position = 1;
   while (position <= text.size()) {
     if (!IsWordCharacter(text[position - 1])) {

@@ -38,6 +38,7 @@ struct RunState {
   SkipSpans skipSpans;          // of the last input
   InputDigest inputDigest;      // the last one that was needed
   std::u16string documentText;  // of the last input; its double hyphens are blanked
+  std::string ansiText;         // the same in Windows-1252, as a listing quotes it
   WordTable table;
   WordsAtHand words;
   std::string outputText;      // the last listing, in Windows-1252 as the file holds it

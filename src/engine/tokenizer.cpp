@@ -114,12 +114,12 @@ class Scan {
 
 }  // namespace
 
-void BlankDoubleHyphens(std::u16string& text) {
-  for (std::size_t p = FindPair(text, 0, u'-', u'-'); p < text.size();
-       p = FindPair(text, p + 2, u'-', u'-')) {
-    const bool inOpening = p >= 2 && text.compare(p - 2, 4, u"<!--") == 0;
-    const bool inClosing = text.compare(p, 3, u"-->") == 0;
-    if (p >= 2 && !inOpening && !inClosing) text[p] = text[p + 1] = u' ';
+void BlankDoubleHyphens(std::string& text) {
+  for (std::size_t p = FindPair(text, 0, '-', '-'); p < text.size();
+       p = FindPair(text, p + 2, '-', '-')) {
+    const bool inOpening = p >= 2 && text.compare(p - 2, 4, "<!--") == 0;
+    const bool inClosing = text.compare(p, 3, "-->") == 0;
+    if (p >= 2 && !inOpening && !inClosing) text[p] = text[p + 1] = ' ';
   }
 }
 

@@ -14,9 +14,9 @@
 
 namespace quorvel {
 
-// Makes blanks of double hyphens, except in the first two characters and in the
-// comment marks "<!--" and "-->". The length stays, so places stay valid.
-void BlankDoubleHyphens(std::u16string& text);
+// Makes blanks of double hyphens in a text of Windows-1252 bytes, except in the first two and in
+// the comment marks "<!--" and "-->". The length stays, so places stay valid.
+void BlankDoubleHyphens(std::string& text);
 
 // A shorter word is never recorded. In characters.
 inline constexpr std::size_t MIN_WORD_LENGTH = 3;

@@ -59,15 +59,15 @@ std::optional<std::string> BytesOf(const std::string& path, std::size_t length, 
 
 }  // namespace
 
-std::optional<std::u16string> TextSample(const std::string& path, std::size_t length,
-                                         UserInterface& ui) {
-  if (!IsRegularFile(path)) return u"";
+std::optional<std::string> TextSample(const std::string& path, std::size_t length,
+                                      UserInterface& ui) {
+  if (!IsRegularFile(path)) return "";
   std::optional<std::string> text = BytesOf(path, length, ui);
   if (!text) return std::nullopt;
   if (text->size() > length) text->resize(length);
   RepairUtf8(*text);
   PlainPunctuation(*text);
-  return DecodeAnsi(*text);
+  return text;
 }
 
 }  // namespace quorvel

@@ -16,12 +16,11 @@ bool Holds(std::string_view text, char first, char second) {
 
 }  // namespace
 
-EntrySource::EntrySource(std::u16string_view documentText, const EntryOptions& options)
+EntrySource::EntrySource(std::string_view text, const EntryOptions& options)
     : options_(options),
-      text_(EncodeAnsi(documentText)),
-      pluralMarksInText_(Holds(text_, PLURAL_MARK[0], PLURAL_MARK[1])),
-      repeatMarkersInText_(Holds(text_, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])),
-      cutter_(text_, options.context) {}
+      pluralMarksInText_(Holds(text, PLURAL_MARK[0], PLURAL_MARK[1])),
+      repeatMarkersInText_(Holds(text, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])),
+      cutter_(text, options.context) {}
 
 EntryComposer::EntryComposer(const EntrySource& source)
     : source_(source), merger_(source.options_.showFrequencies, source.repeatMarkersInText_) {}

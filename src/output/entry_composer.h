@@ -26,18 +26,18 @@ struct EntryOptions {
   const KeywordLists* keywords = nullptr;  // of a search; without them every context is shown
 };
 
-// What all entries of a listing have in common: the text, as the listing holds it, and the options.
+// What all entries of a listing have in common: the text and the options.
 // Any number of composers may use it at once.
 class EntrySource {
  public:
-  // The double hyphens of `documentText` are blanked. The keywords must outlive the source.
-  EntrySource(std::u16string_view documentText, const EntryOptions& options);
+  // `text` is in Windows-1252, its double hyphens blanked. It and the keywords must outlive the
+  // source.
+  EntrySource(std::string_view text, const EntryOptions& options);
 
  private:
   friend class EntryComposer;
 
   EntryOptions options_;
-  std::string text_;  // in Windows-1252: half as much to compare and nothing to encode
   bool pluralMarksInText_;
   bool repeatMarkersInText_;
   ContextCutter cutter_;

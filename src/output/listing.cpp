@@ -74,7 +74,7 @@ class ListingPass {
       : state_(state),
         ui_(ui),
         progress_(state.table, ui),
-        source_(state.documentText, OptionsOf(state)) {
+        source_(state.ansiText, OptionsOf(state)) {
     state.outputText = {};
     ReserveLarge(state.outputText, ExpectedLength(state));
   }

@@ -100,8 +100,7 @@ class RowWriter {
         write_(write),
         isJson_(state.outputFormat == OutputFormat::json),
         layout_(isJson_ ? JSON_LAYOUT : TSV_LAYOUT),
-        text_(EncodeAnsi(state.documentText)),
-        cutter_(text_, {state.settings.contextSize, state.settings.showLineBreaks}) {
+        cutter_(state.ansiText, {state.settings.contextSize, state.settings.showLineBreaks}) {
     copies_.reserve(cutter_.LongestContext(MAX_WORD_LENGTH));
   }
 
@@ -164,7 +163,8 @@ class RowWriter {
     bytes_ += layout_.left;
     AppendField(bytes_, context.left);
     bytes_ += layout_.match;
-    AppendField(bytes_, std::string_view(text_).substr(span.begin, span.end - span.begin));
+    AppendField(bytes_,
+                std::string_view(state_.ansiText).substr(span.begin, span.end - span.begin));
     bytes_ += layout_.right;
     AppendField(bytes_, context.right);
     bytes_.append(layout_.position).append(std::to_string(span.begin + 1));
@@ -196,7 +196,6 @@ class RowWriter {
   const ByteSink& write_;
   bool isJson_;
   const Layout& layout_;
-  std::string text_;  // as contexts are cut, in Windows-1252
   ContextCutter cutter_;
   bool rowWritten_ = false;
   std::string wordFields_;

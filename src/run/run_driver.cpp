@@ -81,8 +81,9 @@ bool ReadText(RunState& state, UserInterface& ui) {
                          state.macNoticeShown, ui);
   if (!text || !PrepareText(state.settings, *text, ui)) return false;
   ui.YieldNow();
+  BlankDoubleHyphens(*text);
   state.documentText = DecodeAnsi(*text);
-  BlankDoubleHyphens(state.documentText);
+  state.ansiText = std::move(*text);
   ui.YieldNow();
   return !ui.StopRequested();
 }
@@ -244,6 +245,7 @@ RunOutcome RunConcordance(RunState& state, UserInterface& ui) {
     EmptyWordTable(state.table);
     state.words = {};
     state.documentText = {};
+    state.ansiText = {};
     state.outputText = {};
     ui.SetOutput("");
     Refuse(ui, "There is not enough memory for this input file.");

@@ -41,7 +41,7 @@ std::string StopWordsPath(const Language& language) {
 
 std::optional<Language> RecognizeInputLanguage(const std::string& inputFile, UserInterface& ui) {
   const std::optional<StopWordsByLanguage> stopWords = StopWordsOfAllLanguages();
-  const std::optional<std::u16string> sample = TextSample(inputFile, RECOGNITION_LENGTH, ui);
+  const std::optional<std::string> sample = TextSample(inputFile, RECOGNITION_LENGTH, ui);
   if (!stopWords || !sample) return std::nullopt;
   return LANGUAGES.at(RecognizeLanguage(*sample, *stopWords));
 }

@@ -1,6 +1,6 @@
 // Windows-1252 and UTF-8 to 16-bit characters and back.
 //
-// A document is bytes until its last repair and 16-bit characters from then on;
+// A document is bytes until its last repair; its words are 16-bit characters, and
 // what a run writes is Windows-1252 again. Paths and messages are UTF-8. With the few
 // operations on single bytes that all such texts share.
 #pragma once
