@@ -59,4 +59,11 @@ void TokenCutter::TakeBlock() {
   blockEnd_ += FLAG_COUNT;
 }
 
+void TokenBeginnings::TakeBlock() {
+  const std::uint64_t wordCharacters = WordCharacters(text_.substr(blockEnd_, FLAG_COUNT));
+  beginnings_ = wordCharacters & ~(wordCharacters << 1U | isInToken_);
+  isInToken_ = wordCharacters >> (FLAG_COUNT - 1);
+  blockEnd_ += FLAG_COUNT;
+}
+
 }  // namespace quorvel

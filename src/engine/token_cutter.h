@@ -51,4 +51,30 @@ class TokenCutter {
   std::uint64_t isInToken_ = 0;  // 1 where its last character belongs to a token
 };
 
+// Where tokens begin, for whoever wants to know the ends of only a few.
+class TokenBeginnings {
+ public:
+  // The text must outlive it.
+  explicit TokenBeginnings(std::u16string_view text) : text_(text) {}
+
+  // The 0-based place where the next token begins; the text's length when there is none.
+  std::size_t Next() {
+    while (beginnings_ == 0) {
+      if (blockEnd_ >= text_.size()) return text_.size();
+      TakeBlock();
+    }
+    const auto place = static_cast<std::size_t>(std::countr_zero(beginnings_));
+    beginnings_ &= beginnings_ - 1;
+    return blockEnd_ - FLAG_COUNT + place;
+  }
+
+ private:
+  void TakeBlock();
+
+  std::u16string_view text_;
+  std::size_t blockEnd_ = 0;
+  std::uint64_t beginnings_ = 0;
+  std::uint64_t isInToken_ = 0;
+};
+
 }  // namespace quorvel

@@ -36,24 +36,20 @@ std::u16string_view StripHyphens(std::u16string_view token) {
 class Scan {
  public:
   Scan(std::u16string_view text, WordTable& table, UserInterface& ui, const KeywordLists* sought)
-      : text_(text), table_(table), ui_(ui), bar_(ui), known_(text, table, sought), tokens_(text) {
+      : text_(text),
+        table_(table),
+        ui_(ui),
+        bar_(ui),
+        known_(text, table, sought),
+        tokens_(text),
+        starts_(text) {
     if (sought != nullptr) beginnings_.emplace(*sought);
   }
 
   // Cuts the next tokens; false when there is none, or after a stop.
   bool CutTokens() {
     cut_ = 0;
-    Token token;
-    std::size_t taken = 0;
-    // The last character is never looked at as the start of a word.
-    while (taken < keys_.size() && tokens_.Next(token) && token.begin + 1 < text_.size()) {
-      ++taken;
-      ui_.Yield();
-      if (IsSought(token)) keys_[cut_++] = known_.KeyOf(token.begin, token.end - token.begin);
-    }
-    // A stretch without any word that is sought is progress, too.
-    if (taken > 0 && cut_ == 0) stopped_ = !GoesOn(static_cast<std::int64_t>(token.end));
-    return taken > 0 && !stopped_;
+    return beginnings_ ? CutSought() : CutAll();
   }
 
   // Records the words that they stand for.
@@ -75,16 +71,35 @@ class Scan {
 
  private:
   static constexpr std::size_t AT_A_TIME = 64;
+  static constexpr std::size_t BEGINNINGS_AT_A_TIME = 512;
   static_assert(KeywordBeginnings::LENGTH <= MIN_WORD_LENGTH);
 
-  // Whether the token may stand for a word that is looked for. A hyphen at its front is none of
-  // the word's.
-  [[nodiscard]] bool IsSought(const Token& token) const {
-    const bool isLong = token.end - token.begin >= MIN_WORD_LENGTH;
-    if (!beginnings_ || token.begin + MIN_WORD_LENGTH > text_.size()) return isLong;
-    // The length comes last: it cannot be foretold, while hardly any beginning is one.
-    const char16_t* const start = text_.data() + token.begin;
-    return (beginnings_->MayBegin(start) || *start == u'-') && isLong;
+  bool CutAll() {
+    Token token;
+    // The last character is never looked at as the start of a word.
+    while (cut_ < keys_.size() && tokens_.Next(token) && token.begin + 1 < text_.size()) {
+      ui_.Yield();
+      const std::size_t length = token.end - token.begin;
+      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(token.begin, length);
+    }
+    return cut_ > 0 && !stopped_;
+  }
+
+  // Only those that begin like a word that is sought: of the others not even the end is looked for.
+  bool CutSought() {
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < BEGINNINGS_AT_A_TIME && cut_ < keys_.size(); ++i) {
+      begin = starts_.Next();
+      if (begin + MIN_WORD_LENGTH > text_.size()) break;
+      const char16_t* const start = text_.data() + begin;
+      // A hyphen at the front of a token is none of its word's.
+      if (!beginnings_->MayBegin(start) && *start != u'-') continue;
+      std::size_t end = begin;
+      while (end < text_.size() && IsWordCharacter(text_[end])) ++end;
+      if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, end - begin);
+    }
+    stopped_ = !GoesOn(static_cast<std::int64_t>(begin));
+    return (cut_ > 0 || begin < text_.size()) && !stopped_;
   }
 
   // Shows how far the scan has come and lets events run; false after a stop.
@@ -105,7 +120,8 @@ class Scan {
   ProgressBar bar_;
   KnownTokens known_;
   TokenCutter tokens_;
-  std::optional<KeywordBeginnings> beginnings_;  // of the words that alone are looked for
+  std::optional<KeywordBeginnings> beginnings_;  // of the words that alone are sought
+  TokenBeginnings starts_;                       // where these may stand
   std::array<TokenKey, AT_A_TIME> keys_{};
   std::size_t cut_ = 0;
   std::array<Occurrence, AT_A_TIME> occurrences_{};

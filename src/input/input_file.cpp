@@ -39,17 +39,22 @@ TextEncoding EncodingOfXml(std::string_view start) {
   return bigEndian ? TextEncoding::utf16BigEndian : TextEncoding::ansi;
 }
 
+bool LooksLikeUtf8(std::string_view bytes) {
+  return bytes.find("\xE2\x80") != std::string_view::npos || DeclaresUtf8(bytes);
+}
+
 // What a file without a mark looks like; unreadable where it cannot be read to its end. It is
-// read piece by piece, each with the end of the one before it, where what is looked for may
-// begin.
+// read piece by piece; what is looked for may also stand where two of them meet.
 TextEncoding EncodingByContent(const std::string& path) {
   constexpr std::size_t PIECE_LENGTH = 65536;
   constexpr std::size_t LONGEST_SIGN = 15;  // charset="utf-8"
   bool looksLikeUtf8 = false;
-  std::string piece;
-  const bool whole = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view chunk) {
-    piece.erase(0, piece.size() - std::min(piece.size(), LONGEST_SIGN)).append(chunk);
-    looksLikeUtf8 = piece.find("\xE2\x80") != std::string::npos || DeclaresUtf8(piece);
+  std::string seam;
+  const bool whole = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view piece) {
+    seam += piece.substr(0, LONGEST_SIGN);
+    looksLikeUtf8 = LooksLikeUtf8(seam) || LooksLikeUtf8(piece);
+    const std::string_view end = piece.size() < LONGEST_SIGN ? seam : piece;
+    seam = std::string(end.substr(end.size() - std::min(end.size(), LONGEST_SIGN)));
     return !looksLikeUtf8;
   });
   if (!whole) return TextEncoding::unreadable;
