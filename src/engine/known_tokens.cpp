@@ -63,7 +63,9 @@ TokenMeaning KnownTokens::MeaningOf(const TokenKey& key) {
     if (Holds(slot, key)) return {slot.entry, slot.wordLength};
   }
   const TokenMeaning meaning = LookInto(token);
-  Keep(key, meaning);
+  if (2 * ++used_ > slots_.size()) Grow();
+  Fill({key.front, key.back, key.begin, key.hash, meaning.entry, meaning.wordLength,
+        static_cast<std::uint8_t>(key.length)});
   return meaning;
 }
 
@@ -91,25 +93,19 @@ std::int32_t KnownTokens::AddEntry(std::u16string_view word) {
   return table_.WordCount() - 1;
 }
 
-void KnownTokens::Keep(const TokenKey& key, const TokenMeaning& meaning) {
+// Puts what is known of one token more into the first free slot that is looked at for it.
+void KnownTokens::Fill(const Slot& slot) {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t place = key.hash & mask;
+  std::size_t place = slot.hash & mask;
   while (slots_[place].length != 0) place = (place + 1) & mask;
-  slots_[place] = {key.front,          key.back,
-                   key.begin,          static_cast<std::uint8_t>(key.length),
-                   meaning.wordLength, meaning.entry};
-  if (2 * ++used_ > slots_.size()) Grow();
+  slots_[place] = slot;
 }
 
 void KnownTokens::Grow() {
   std::vector<Slot> old(2 * slots_.size());
   old.swap(slots_);
-  const std::size_t mask = slots_.size() - 1;
   for (const Slot& slot : old) {
-    if (slot.length == 0) continue;
-    std::size_t place = KeyOf(slot.begin, slot.length).hash & mask;
-    while (slots_[place].length != 0) place = (place + 1) & mask;
-    slots_[place] = slot;
+    if (slot.length != 0) Fill(slot);
   }
 }
 

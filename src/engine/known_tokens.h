@@ -50,16 +50,17 @@ class KnownTokens {
     std::uint64_t front = 0;
     std::uint64_t back = 0;
     std::uint32_t begin = 0;  // where it stands first
-    std::uint8_t length = 0;  // 0 in a free slot
-    std::uint8_t wordLength = 0;
+    std::uint32_t hash = 0;
     std::int32_t entry = TokenMeaning::NO_WORD;
+    std::uint8_t wordLength = 0;
+    std::uint8_t length = 0;  // 0 in a free slot
   };
 
   [[nodiscard]] bool Holds(const Slot& slot, const TokenKey& key) const;
   [[nodiscard]] TokenMeaning LookInto(std::u16string_view token);
   [[nodiscard]] std::int32_t EntryOf(std::u16string_view token, std::u16string_view word);
   std::int32_t AddEntry(std::u16string_view word);
-  void Keep(const TokenKey& key, const TokenMeaning& meaning);
+  void Fill(const Slot& slot);
   void Grow();
 
   std::u16string_view text_;
