@@ -17,8 +17,8 @@ inline constexpr std::size_t RECOGNITION_LENGTH = 65536;
 using StopWordsByLanguage = std::array<std::vector<std::u16string>, LANGUAGES.size()>;
 
 // The 0-based place in LANGUAGES of the language that has most of the words of
-// `text`, in Windows-1252, among its stop words; of several the first, and English when there is
+// `bytes`, in Windows-1252, among its stop words; of several the first, and English when there is
 // none.
-[[nodiscard]] std::size_t RecognizeLanguage(std::string text, const StopWordsByLanguage& stopWords);
+[[nodiscard]] std::size_t RecognizeLanguage(std::string bytes, const StopWordsByLanguage& stopWords);
 
 }  // namespace quorvel
