@@ -20,11 +20,13 @@ inline std::filesystem::path PathOfBytes(std::string_view bytes) {
 
 class TestFolder {
  public:
+  // One that an earlier process has left behind is passed over.
   TestFolder() {
     static std::atomic<int> made = 0;
-    const std::string name = "quorvel-" + std::to_string(::getpid()) + "-" + std::to_string(made++);
-    path_ = std::filesystem::path(testing::TempDir()) / name;
-    std::filesystem::create_directories(path_);
+    const std::string name = "quorvel-" + std::to_string(::getpid()) + "-";
+    do {
+      path_ = std::filesystem::path(testing::TempDir()) / (name + std::to_string(made++));
+    } while (!std::filesystem::create_directories(path_));
   }
   ~TestFolder() {
     std::error_code ignored;

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QSettings>
+
+#include "support/test_folder.h"
 
 int main(int argumentCount, char** arguments) {
   testing::InitGoogleTest(&argumentCount, arguments);
@@ -11,5 +14,9 @@ int main(int argumentCount, char** arguments) {
   QApplication::setApplicationName("quorvel");
   // Windows come and go with the tests.
   QApplication::setQuitOnLastWindowClosed(false);
+  // Qt's own dialogs keep theirs where it looked first, after the folder of that test is gone.
+  const quorvel::TestFolder settings;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString(settings.Path("")));
   return RUN_ALL_TESTS();
 }
