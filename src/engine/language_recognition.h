@@ -19,6 +19,7 @@ using StopWordsByLanguage = std::array<std::vector<std::u16string>, LANGUAGES.si
 // The 0-based place in LANGUAGES of the language that has most of the words of
 // `bytes`, in Windows-1252, among its stop words; of several the first, and English when there is
 // none.
-[[nodiscard]] std::size_t RecognizeLanguage(std::string bytes, const StopWordsByLanguage& stopWords);
+[[nodiscard]] std::size_t RecognizeLanguage(std::string bytes,
+                                            const StopWordsByLanguage& stopWords);
 
 }  // namespace quorvel
