@@ -87,7 +87,6 @@ RunState OrderedState(const Sample& sample, const ConcordanceSettings& settings)
   state.settings.extraStopWords = TooFrequentWords(sample.scannedTable);
   state.lists.extraStopWords = ExtraStopWordsOf(state.settings.extraStopWords);
   state.documentText = sample.documentText;
-  state.ansiText = EncodeAnsi(sample.documentText);
   state.table = sample.scannedTable;
   SortWordTable(state.table);
   ApplyAdmissionFilters(state.table, state.settings, state.lists);
@@ -107,9 +106,11 @@ Sample MakeSample(Source source) {
   sample.concordancePath = folder.FileNamed(name + ".qvl.conc.txt");
   sample.fileLength = static_cast<std::int64_t>(bytes.size());
   WriteText(sample.path, bytes);
-  sample.documentText = DecodeAnsi(TextToList(sample.path, settings, ui));
+  std::string text = TextToList(sample.path, settings, ui);
+  sample.documentText = DecodeAnsi(text);
   GetWords(sample.documentText, sample.scannedTable, ui);
   sample.ordered = OrderedState(sample, settings);
+  sample.ordered.ansiText = std::move(text);
   return sample;
 }
 

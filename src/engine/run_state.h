@@ -36,7 +36,7 @@ struct RunState {
   bool macNoticeShown = false;  // once in the life of the program is enough
   WordLists lists;
   SkipSpans skipSpans;          // of the last input
-  InputDigest inputDigest;      // the last one that was needed
+  InputDigest inputDigest;      // of the last input, where a run or its file has needed it
   std::u16string documentText;  // of the last input; its double hyphens are blanked
   std::string ansiText;         // the same in Windows-1252, as a listing quotes it
   WordTable table;

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "engine/known_tokens.h"
-#include "engine/token_cutter.h"
+#include "engine/token_edges.h"
 #include "engine/word_tests.h"
 #include "lists/keyword_beginnings.h"
 #include "util/characters.h"
@@ -41,8 +41,7 @@ class Scan {
         ui_(ui),
         bar_(ui),
         known_(text, table, sought),
-        tokens_(text),
-        starts_(text) {
+        edges_(text, sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
     if (sought != nullptr) beginnings_.emplace(*sought);
   }
 
@@ -75,12 +74,13 @@ class Scan {
   static_assert(KeywordBeginnings::LENGTH <= MIN_WORD_LENGTH);
 
   bool CutAll() {
-    Token token;
-    // The last character is never looked at as the start of a word.
-    while (cut_ < keys_.size() && tokens_.Next(token) && token.begin + 1 < text_.size()) {
+    while (cut_ < keys_.size()) {
+      const std::size_t begin = edges_.Next();
+      const std::size_t end = edges_.Next();
+      // The last character is never looked at as the start of a word.
+      if (begin + 1 >= text_.size()) break;
       ui_.Yield();
-      const std::size_t length = token.end - token.begin;
-      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(token.begin, length);
+      if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, end - begin);
     }
     return cut_ > 0 && !stopped_;
   }
@@ -89,7 +89,7 @@ class Scan {
   bool CutSought() {
     std::size_t begin = 0;
     for (std::size_t i = 0; i < BEGINNINGS_AT_A_TIME && cut_ < keys_.size(); ++i) {
-      begin = starts_.Next();
+      begin = edges_.Next();
       if (begin + MIN_WORD_LENGTH > text_.size()) break;
       const char16_t* const start = text_.data() + begin;
       // A hyphen at the front of a token is none of its word's.
@@ -119,9 +119,8 @@ class Scan {
   UserInterface& ui_;
   ProgressBar bar_;
   KnownTokens known_;
-  TokenCutter tokens_;
+  TokenEdges edges_;
   std::optional<KeywordBeginnings> beginnings_;  // of the words that alone are sought
-  TokenBeginnings starts_;                       // where these may stand
   std::array<TokenKey, AT_A_TIME> keys_{};
   std::size_t cut_ = 0;
   std::array<Occurrence, AT_A_TIME> occurrences_{};

@@ -254,7 +254,6 @@ bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
   if (!table) return false;
   state.table = std::move(*table);
   state.words = {.input = digest, .fromIndexFile = true};
-  state.inputDigest = digest;
   return true;
 }
 

@@ -206,11 +206,8 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
     return RunOutcome::refused;
   }
   const bool wantsIndex = state.settings.createIndexFile && state.settings.mode == Mode::create;
-  std::string digest;
-  if (wantsIndex) {
-    state.inputDigest = ComputeInputDigest(state.settings.inputFile, ui);
-    digest = state.inputDigest.text;
-  }
+  state.inputDigest = wantsIndex ? ComputeInputDigest(state.settings.inputFile, ui) : InputDigest();
+  const std::string digest = state.inputDigest.text;
   const bool atHand = AreWordsAtHand(state, ui);
   if (!atHand) state.words = {};
   if (!ReadTextOnce(state, ui)) {

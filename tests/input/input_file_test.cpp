@@ -29,6 +29,10 @@ TEST(InputFile, TellsKinds) {
       {"xml as text", "a.txt", "<?xml version", windowsText},
       {"xml, utf-16", "a.xml", "<\0?\0x\0"s, otherUnicode},
       {"charset", "a.htm", "<META CHARSET=\"utf-8\">", windowsText, true},
+      // It is read in pieces of 65536 bytes.
+      {"quote across pieces", "a.txt", std::string(65535, 'b') + "\xE2\x80", windowsText, true},
+      {"charset across pieces", "a.txt", std::string(65529, 'b') + "charset=utf-8", windowsText,
+       true},
       {"no text extension", "a.dat", "say \xE2\x80\x9Chi", windowsText},
       {"return behind the examined part", "a.txt", UnixText(16384) + "\r\n", unixText},
       {"line end behind it", "a.txt", std::string(16384, 'b') + "\n", windowsText}};

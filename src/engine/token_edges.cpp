@@ -1,4 +1,4 @@
-#include "engine/token_cutter.h"
+#include "engine/token_edges.h"
 
 #include <algorithm>
 #include <array>
@@ -52,16 +52,10 @@ std::uint64_t WordCharacters(std::u16string_view block) {
 
 }  // namespace
 
-void TokenCutter::TakeBlock() {
+void TokenEdges::TakeBlock() {
   const std::uint64_t wordCharacters = WordCharacters(text_.substr(blockEnd_, FLAG_COUNT));
   edges_ = wordCharacters ^ (wordCharacters << 1U | isInToken_);
-  isInToken_ = wordCharacters >> (FLAG_COUNT - 1);
-  blockEnd_ += FLAG_COUNT;
-}
-
-void TokenBeginnings::TakeBlock() {
-  const std::uint64_t wordCharacters = WordCharacters(text_.substr(blockEnd_, FLAG_COUNT));
-  beginnings_ = wordCharacters & ~(wordCharacters << 1U | isInToken_);
+  if (which_ == Which::beginnings) edges_ &= wordCharacters;
   isInToken_ = wordCharacters >> (FLAG_COUNT - 1);
   blockEnd_ += FLAG_COUNT;
 }
