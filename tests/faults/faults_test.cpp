@@ -189,6 +189,19 @@ class Desk {
     return litter;
   }
 
+  // What a run takes at least, in microseconds. Of several, as one may have to wait for the disk,
+  // and then most moments within its time would be too late for the others.
+  [[nodiscard]] double QuickestTime() const {
+    std::chrono::duration<double, std::micro> quickest = std::chrono::minutes(1);
+    for (int i = 0; i < 3; ++i) {
+      const auto start = std::chrono::steady_clock::now();
+      (void)Run("");
+      quickest = std::min(quickest, decltype(quickest)(std::chrono::steady_clock::now() - start));
+      PutBack();
+    }
+    return quickest.count();
+  }
+
   // Makes all as it was before the run.
   void PutBack() const {
     for (const auto& file : fs::directory_iterator(folder_.Path("tmp"))) fs::remove_all(file);
@@ -315,14 +328,11 @@ TEST(Faults, AnEndAtAnyMomentLeavesTheOldOrTheNewFile) {
   std::mt19937 random(20261121);
   for (const std::size_t place : {0, 3}) {
     const Desk desk(SCENARIOS[place]);
-    const auto start = std::chrono::steady_clock::now();
-    (void)desk.Run("");
-    const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
-    desk.PutBack();
+    const double time = desk.QuickestTime();
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGKILL}) {
       int ended = 0;
       for (int n = 0; n < ends; ++n) {
-        const auto moment = static_cast<int>(random() % static_cast<unsigned>(time.count()));
+        const auto moment = static_cast<int>(random() % static_cast<unsigned>(time));
         const int endedBy = desk.EndAfter(std::chrono::microseconds(moment), signal);
         EXPECT_TRUE(endedBy == signal || endedBy == 0) << endedBy;
         ended += endedBy == signal ? 1 : 0;
