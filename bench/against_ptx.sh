@@ -193,7 +193,7 @@ instruction_rows() {
     awk -v length_="$(bytes bible.txt)" '
     BEGIN {
       count = split("Looking for signs of UTF-8|+CheckInputFile;" \
-        "Reading|+ReadFileBytes;" \
+        "Reading|+ReadTextFile;" \
         "Compacting|+CompactSpaces;" \
         "Decoding and blanking double hyphens|+DecodeAnsi +BlankDoubleHyphens;" \
         "Scanning|+GetWords;" \

@@ -1,5 +1,6 @@
 // From the bytes of a text file to its characters, with and without the repair of UTF-8.
 
+#include <algorithm>
 #include <cstring>
 
 #include "fuzz_input.h"
@@ -28,6 +29,14 @@ std::string JoinedNaively(std::string bytes, const ReadOptions& options) {
     text += (text.empty() ? "" : separators[static_cast<int>(options.join)]) + line;
   }
   return text;
+}
+
+std::string Joined(std::string_view bytes, std::size_t pieceLength, const ReadOptions& options) {
+  LineJoiner joiner(options, 0);
+  while (!bytes.empty() && joiner.Add(bytes.substr(0, pieceLength))) {
+    bytes.remove_prefix(std::min(bytes.size(), pieceLength));
+  }
+  return joiner.Finish().text;
 }
 
 void CheckRepairs(const std::string& bytes) {
@@ -70,11 +79,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   options.cleanUp = input.Flag();
   options.join = static_cast<LineJoin>(input.Number(3));
   options.maxLines = input.Number(4);
+  const auto pieceLength = static_cast<std::size_t>(input.Number(7) + 1);
   const std::string bytes = input.Rest();
   for (const bool convertUtf8 : {false, true}) {
     options.convertUtf8 = convertUtf8;
-    RequireSame(JoinLines(bytes, options).text, JoinedNaively(bytes, options),
-                "JoinLines is its naive form");
+    RequireSame(Joined(bytes, pieceLength, options), JoinedNaively(bytes, options),
+                "LineJoiner is its naive form");
   }
   CheckRepairs(bytes);
   CheckCodecs(bytes);

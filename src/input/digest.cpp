@@ -16,11 +16,11 @@ FileDigest DigestWhile(const std::string& path, const std::function<bool()>& goe
   if (FileLength(path) == 0) return {"", -1, "Zero-length file"};
   Md5Context context = Md5Init();
   bool whole = true;
-  const bool read = ReadFileInChunks(path, CHUNK_LENGTH, [&](std::string_view chunk) {
+  const int error = ReadFileInChunks(path, CHUNK_LENGTH, [&](std::string_view chunk) {
     Md5Update(context, chunk);
     return whole = goesOn();
   });
-  if (!read || !whole) return {"", -5, "File not readable"};
+  if (error != 0 || !whole) return {"", -5, "File not readable"};
   return {HexOfBytes(Md5Final(context), false, false, false), 0, ""};
 }
 

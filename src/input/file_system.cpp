@@ -67,11 +67,6 @@ bool IsSharingFault(unsigned long systemError) {
   return systemError == ERROR_SHARING_VIOLATION || systemError == ERROR_LOCK_VIOLATION;
 }
 
-std::string SystemMessage(int errorNumber) {
-  if (errorNumber == EBUSY) return "The file is open in another program";
-  return std::error_code(errorNumber, std::generic_category()).message();
-}
-
 int OpenFile(const fs::path& path, int flags, bool /*private*/ = false) {
   const int handle = _wopen(path.c_str(), flags | O_BINARY | O_NOINHERIT, 0666);
   if (handle < 0 && errno == EACCES) {
@@ -120,10 +115,6 @@ fs::file_status StatusOf(const fs::path& path, std::error_code& error) {
 fs::path ToPath(const std::string& path) { return {path}; }
 
 std::string FromPath(const fs::path& path) { return path.string(); }
-
-std::string SystemMessage(int errorNumber) {
-  return std::error_code(errorNumber, std::generic_category()).message();
-}
 
 fs::file_status StatusOf(const fs::path& path, std::error_code& error) {
   return fs::status(path, error);
@@ -299,6 +290,13 @@ bool RemoveFileOrFolder(const std::string& path) {
   return !error;
 }
 
+std::string SystemMessage(int errorNumber) {
+#ifdef _WIN32
+  if (errorNumber == EBUSY) return "The file is open in another program";
+#endif
+  return std::error_code(errorNumber, std::generic_category()).message();
+}
+
 FileRead ReadFileBytes(const std::string& path, std::uint64_t limit) {
   constexpr std::uint64_t STEP = 65536;
   FileRead result;
@@ -326,16 +324,16 @@ FileRead ReadFileBytes(const std::string& path, std::uint64_t limit) {
   }
 }
 
-bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
-                      const std::function<bool(std::string_view)>& take) {
+int ReadFileInChunks(const std::string& path, std::size_t chunkLength,
+                     const std::function<bool(std::string_view)>& take) {
   const ReadHandle file(path);
-  if (!file.IsOpen()) return false;
+  if (!file.IsOpen()) return errno;
   std::string chunk(chunkLength, '\0');
   std::int64_t got = 0;
   while ((got = file.Read(chunk.data(), chunkLength)) > 0) {
-    if (!take(std::string_view(chunk).substr(0, static_cast<std::size_t>(got)))) return true;
+    if (!take(std::string_view(chunk).substr(0, static_cast<std::size_t>(got)))) return 0;
   }
-  return got == 0;
+  return got == 0 ? 0 : errno;
 }
 
 #ifdef _WIN32

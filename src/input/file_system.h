@@ -70,6 +70,9 @@ enum class FolderMaking { made, exists, failed };
 // Removes a file or an empty folder. True also when there is none of that name.
 [[nodiscard]] bool RemoveFileOrFolder(const std::string& path);
 
+// The system's description of what failed, by its number.
+[[nodiscard]] std::string SystemMessage(int errorNumber);
+
 // What came of reading a file: `error` is the system's description, empty on success.
 struct FileRead {
   std::string bytes;
@@ -85,9 +88,9 @@ inline constexpr std::uint64_t MOST_BYTES_READ = std::uint64_t{1} << 31U;
                                      std::uint64_t limit = MOST_BYTES_READ);
 
 // Hands the bytes of a file to `take`, front to back, `chunkLength` at a time and
-// the rest last, as long as that gives true. False when reading failed before.
-[[nodiscard]] bool ReadFileInChunks(const std::string& path, std::size_t chunkLength,
-                                    const std::function<bool(std::string_view)>& take);
+// the rest last, as long as that gives true. The system's number of what failed; 0 on success.
+[[nodiscard]] int ReadFileInChunks(const std::string& path, std::size_t chunkLength,
+                                   const std::function<bool(std::string_view)>& take);
 
 // Lets a write beyond the file size that the user may have set fail like one on a full
 // disk; otherwise it ends the program. For the start of a program.

@@ -50,14 +50,14 @@ TextEncoding EncodingByContent(const std::string& path) {
   constexpr std::size_t LONGEST_SIGN = 15;  // charset="utf-8"
   bool looksLikeUtf8 = false;
   std::string seam;
-  const bool whole = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view piece) {
+  const int error = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view piece) {
     seam += piece.substr(0, LONGEST_SIGN);
     looksLikeUtf8 = LooksLikeUtf8(seam) || LooksLikeUtf8(piece);
     const std::string_view end = piece.size() < LONGEST_SIGN ? seam : piece;
     seam = std::string(end.substr(end.size() - std::min(end.size(), LONGEST_SIGN)));
     return !looksLikeUtf8;
   });
-  if (!whole) return TextEncoding::unreadable;
+  if (error != 0) return TextEncoding::unreadable;
   return looksLikeUtf8 ? TextEncoding::utf8 : TextEncoding::ansi;
 }
 

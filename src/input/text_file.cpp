@@ -16,49 +16,72 @@ std::string_view SeparatorOf(LineJoin join) {
   return join == LineJoin::slash ? " / " : "\r\n";
 }
 
-// Takes the first line, with its end, off the front of `bytes`.
-std::string_view TakeLine(std::string_view& bytes) {
-  const std::size_t length = std::min(bytes.find('\r'), bytes.size());
-  const std::string_view line = bytes.substr(0, length);
-  const bool withLineFeed = length + 1 < bytes.size() && bytes[length + 1] == '\n';
-  bytes.remove_prefix(std::min(bytes.size(), length + (withLineFeed ? 2 : 1)));
-  return line;
-}
-
 }  // namespace
 
 TextFile ReadTextFile(const std::string& path, const ReadOptions& options) {
-  FileRead file = ReadFileBytes(path);
-  if (file.error.empty()) return JoinLines(file.bytes, options);
+  constexpr std::size_t PIECE_LENGTH = 65536;
+  const auto length = static_cast<std::uint64_t>(FileLength(path).value_or(0));
+  LineJoiner joiner(options, static_cast<std::size_t>(std::min(length, MOST_BYTES_READ)));
+  std::uint64_t read = 0;
+  const int error = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view piece) {
+    read += piece.size();
+    return joiner.Add(piece) && read < MOST_BYTES_READ;
+  });
+  if (error == 0) return joiner.Finish();
   TextFile failed;
-  failed.errorText = std::move(file.error);
-  failed.errorNumber = file.errorNumber;
+  failed.errorText = SystemMessage(error);
+  failed.errorNumber = error;
   return failed;
 }
 
-TextFile JoinLines(std::string_view bytes, const ReadOptions& options) {
-  const std::string_view separator = SeparatorOf(options.join);
-  if (options.convertUtf8 && bytes.starts_with(BYTE_ORDER_MARK)) {
-    bytes.remove_prefix(BYTE_ORDER_MARK.size());
-  }
-  TextFile result;
-  ReserveLarge(result.text, bytes.size() + bytes.size() / 16);
-  std::string repaired;
-  while (!bytes.empty()) {
-    std::string_view line = TakeLine(bytes);
-    if (options.skipEmptyLines && line.empty()) continue;
-    ++result.linesKept;
-    if (options.convertUtf8) {
-      repaired.assign(line);
-      RepairUtf8(repaired);
-      if (options.cleanUp) PlainPunctuation(repaired);
-      line = repaired;
+LineJoiner::LineJoiner(const ReadOptions& options, std::size_t length) : options_(options) {
+  ReserveLarge(joined_.text, length + length / 16);
+}
+
+bool LineJoiner::Add(std::string_view piece) {
+  if (piece.empty()) return !IsDone();
+  if (endsWithReturn_ && piece.front() == '\n') piece.remove_prefix(1);
+  endsWithReturn_ = piece.ends_with('\r');
+  while (!IsDone()) {
+    const std::size_t length = piece.find('\r');
+    if (length == std::string_view::npos) break;
+    if (begun_.empty()) {
+      AddLine(piece.substr(0, length));
+    } else {
+      AddLine(begun_.append(piece.substr(0, length)));
+      begun_.clear();
     }
-    if (!result.text.empty()) result.text += separator;
-    result.text += line;
-    if (options.maxLines > 0 && result.linesKept == options.maxLines) break;
+    const bool withLineFeed = length + 1 < piece.size() && piece[length + 1] == '\n';
+    piece.remove_prefix(length + (withLineFeed ? 2 : 1));
   }
-  return result;
+  begun_ += piece;
+  return !IsDone();
+}
+
+TextFile LineJoiner::Finish() {
+  if (!begun_.empty() && !IsDone()) AddLine(begun_);
+  return std::move(joined_);
+}
+
+void LineJoiner::AddLine(std::string_view line) {
+  if (isFirst_ && options_.convertUtf8 && line.starts_with(BYTE_ORDER_MARK)) {
+    line.remove_prefix(BYTE_ORDER_MARK.size());
+  }
+  isFirst_ = false;
+  if (options_.skipEmptyLines && line.empty()) return;
+  ++joined_.linesKept;
+  if (options_.convertUtf8) {
+    repaired_.assign(line);
+    RepairUtf8(repaired_);
+    if (options_.cleanUp) PlainPunctuation(repaired_);
+    line = repaired_;
+  }
+  if (!joined_.text.empty()) joined_.text += SeparatorOf(options_.join);
+  joined_.text += line;
+}
+
+bool LineJoiner::IsDone() const {
+  return options_.maxLines > 0 && joined_.linesKept == options_.maxLines;
 }
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 // of Windows-1252.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,7 +33,28 @@ struct TextFile {
 // LF alone. With convertUtf8 a byte-order mark at the very start is dropped.
 [[nodiscard]] TextFile ReadTextFile(const std::string& path, const ReadOptions& options);
 
-// The same for bytes that have been read already.
-[[nodiscard]] TextFile JoinLines(std::string_view bytes, const ReadOptions& options);
+// Does so for bytes that come in pieces, cut anywhere.
+class LineJoiner {
+ public:
+  // `length` is that of all pieces, as far as it is known: room is made for them.
+  LineJoiner(const ReadOptions& options, std::size_t length);
+
+  // Takes the next piece. False when no more lines are wanted.
+  bool Add(std::string_view piece);
+
+  // What has been joined, after the last piece. To be called once.
+  [[nodiscard]] TextFile Finish();
+
+ private:
+  void AddLine(std::string_view line);
+  [[nodiscard]] bool IsDone() const;
+
+  ReadOptions options_;
+  TextFile joined_;
+  std::string begun_;            // the line whose end is still to come
+  std::string repaired_;         // the line at hand
+  bool isFirst_ = true;          // nothing was taken off the file yet
+  bool endsWithReturn_ = false;  // the last piece, so an LF may still belong to it
+};
 
 }  // namespace quorvel

@@ -66,11 +66,13 @@ TEST(FileSystem, ReadsPartsAndTellsFilesFromFolders) {
   EXPECT_EQ(ReadFileBytes(path, 5).bytes, "xxxxx");
   EXPECT_EQ(ReadFileBytes(folder.Path("")).error, "Is a directory");
   std::string chunks;
-  EXPECT_TRUE(ReadFileInChunks(path, 65536, [&](std::string_view c) {
+  const auto takeLast = [&](std::string_view c) {
     chunks += c.back();
     return true;
-  }));
+  };
+  EXPECT_EQ(ReadFileInChunks(path, 65536, takeLast), 0);
   EXPECT_EQ(chunks, "xd");
+  EXPECT_EQ(ReadFileInChunks(folder.Path(""), 65536, takeLast), EISDIR);
 }
 
 }  // namespace

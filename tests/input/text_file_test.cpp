@@ -24,7 +24,13 @@ TEST(TextFile, JoinsLines) {
               {"each line has its own first sequence", "\xE2\x80\xA0\xE2\x80\x9C\r\n\xE2\x80\x9C",
                "\xE2\x80\x9C / \""}};
   for (const auto& [name, bytes, text, isUtf8] : rows) {
-    EXPECT_EQ(JoinLines(bytes, {true, 0, isUtf8, true, LineJoin::slash}).text, text) << name;
+    const std::string whole = bytes;
+    for (std::size_t cut = 1; cut <= whole.size(); ++cut) {
+      LineJoiner joiner({true, 0, isUtf8, true, LineJoin::slash}, whole.size());
+      joiner.Add(std::string_view(whole).substr(0, cut));
+      joiner.Add(std::string_view(whole).substr(cut));
+      EXPECT_EQ(joiner.Finish().text, text) << name << ", cut at " << cut;
+    }
   }
 }
 
