@@ -2,24 +2,22 @@
 
 #include "util/ansi.h"
 #include "util/characters.h"
-#include "util/find_pair.h"
 
 namespace quorvel {
 namespace {
 
 constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
 
-// Whether the two characters stand side by side anywhere in `text`.
-bool Holds(std::string_view text, char first, char second) {
-  return FindPair(text, 0, first, second) < text.size();
+bool Holds(std::string_view text, std::string_view mark) {
+  return text.find(mark) != std::string_view::npos;
 }
 
 }  // namespace
 
 EntrySource::EntrySource(std::string_view text, const EntryOptions& options)
     : options_(options),
-      pluralMarksInText_(Holds(text, PLURAL_MARK[0], PLURAL_MARK[1])),
-      repeatMarkersInText_(Holds(text, REPEAT_MARKER_START[1], REPEAT_MARKER_START[2])),
+      pluralMarksInText_(Holds(text, PLURAL_MARK)),
+      repeatMarkersInText_(Holds(text, REPEAT_MARKER_START.substr(1))),
       cutter_(text, options.context) {}
 
 EntryComposer::EntryComposer(const EntrySource& source)
