@@ -4,6 +4,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
+#include <new>
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -22,18 +24,25 @@
 #include <unistd.h>
 #endif
 
+#include "util/large_pages.h"
+
 namespace quorvel {
 
 #ifdef __GLIBC__
 // What the words of a text need comes in small pieces, for which the library by itself asks for
 // 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
+// The first step is in large pages from end to end, so texts that lie there side by side have no
+// seams of small ones.
 void TakeMemoryInLargeSteps() {
   constexpr int STEP = 16 << 20;
+  constexpr std::size_t FIRST_STEP = 24 << 20;
   constexpr int LARGEST_KEPT = 32 << 20;
   constexpr int GIVEN_BACK_ABOVE = 256 << 20;
   ::mallopt(M_TOP_PAD, STEP);
   ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
   ::mallopt(M_TRIM_THRESHOLD, GIVEN_BACK_ABOVE);
+  const std::unique_ptr<char[]> first(new (std::nothrow) char[FIRST_STEP]);
+  AdviseLargePages(first.get(), FIRST_STEP);
 }
 #else
 void TakeMemoryInLargeSteps() {}

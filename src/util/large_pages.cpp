@@ -7,11 +7,10 @@
 #endif
 
 namespace quorvel {
-namespace {
 
 #ifdef __linux__
 // Only the whole pages inside the memory; what lies around them is not ours to advise on.
-void Advise(void* memory, std::size_t length) {
+void AdviseLargePages(void* memory, std::size_t length) {
   constexpr std::uintptr_t PAGE = 4096;
   constexpr std::size_t WORTH_IT = std::size_t{4} << 20U;
   if (length < WORTH_IT) return;
@@ -20,15 +19,13 @@ void Advise(void* memory, std::size_t length) {
   ::madvise(static_cast<char*>(memory) + skipped, (length - skipped) / PAGE * PAGE, MADV_HUGEPAGE);
 }
 #else
-void Advise(void* /*memory*/, std::size_t /*length*/) {}
+void AdviseLargePages(void* /*memory*/, std::size_t /*length*/) {}
 #endif
-
-}  // namespace
 
 template <typename Character>
 void ReserveLarge(std::basic_string<Character>& text, std::size_t characters) {
   text.reserve(characters);
-  Advise(text.data(), characters * sizeof(Character));
+  AdviseLargePages(text.data(), characters * sizeof(Character));
 }
 
 template void ReserveLarge(std::string& text, std::size_t characters);
