@@ -79,7 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   options.cleanUp = input.Flag();
   options.join = static_cast<LineJoin>(input.Number(3));
   options.maxLines = input.Number(4);
-  const auto pieceLength = static_cast<std::size_t>(input.Number(7) + 1);
+  const std::size_t pieceLength = 1 + static_cast<std::size_t>(input.Number(7));
   const std::string bytes = input.Rest();
   for (const bool convertUtf8 : {false, true}) {
     options.convertUtf8 = convertUtf8;
