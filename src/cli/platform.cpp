@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <new>
 #ifdef __GLIBC__
@@ -31,18 +32,23 @@ namespace quorvel {
 #ifdef __GLIBC__
 // What the words of a text need comes in small pieces, for which the library by itself asks for
 // 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
-// The first step is in large pages from end to end, so texts that lie there side by side have no
-// seams of small ones.
+// The first step is all that most runs need, in large pages from end to end: texts that lie there
+// side by side have no seams of small ones. It takes no memory until that is written to.
 void TakeMemoryInLargeSteps() {
+  constexpr int FIRST_STEP = 256 << 20;
   constexpr int STEP = 16 << 20;
-  constexpr std::size_t FIRST_STEP = 24 << 20;
   constexpr int LARGEST_KEPT = 32 << 20;
-  constexpr int GIVEN_BACK_ABOVE = 256 << 20;
-  ::mallopt(M_TOP_PAD, STEP);
+  constexpr int GIVEN_BACK_ABOVE = 1 << 30;
   ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
   ::mallopt(M_TRIM_THRESHOLD, GIVEN_BACK_ABOVE);
-  const std::unique_ptr<char[]> first(new (std::nothrow) char[FIRST_STEP]);
-  AdviseLargePages(first.get(), FIRST_STEP);
+  // A piece that is larger than what is there takes the first step behind itself.
+  ::mallopt(M_TOP_PAD, FIRST_STEP);
+  const std::unique_ptr<char[]> piece(new (std::nothrow) char[STEP]);
+  const auto* const end = static_cast<const char*>(::sbrk(0));
+  if (piece != nullptr && std::less<>()(piece.get(), end)) {
+    AdviseLargePages(piece.get(), static_cast<std::size_t>(end - piece.get()));
+  }
+  ::mallopt(M_TOP_PAD, STEP);
 }
 #else
 void TakeMemoryInLargeSteps() {}
