@@ -9,6 +9,7 @@
 #include <new>
 #ifdef __GLIBC__
 #include <malloc.h>
+#include <sys/resource.h>
 #endif
 #ifdef _WIN32
 #ifndef NOMINMAX
@@ -30,17 +31,19 @@
 namespace quorvel {
 
 #ifdef __GLIBC__
-// What the words of a text need comes in small pieces, for which the library by itself asks for
-// 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
-// The first step is all that most runs need, in large pages from end to end: texts that lie there
-// side by side have no seams of small ones. It takes no memory until that is written to.
-void TakeMemoryInLargeSteps() {
+namespace {
+
+constexpr int STEP = 16 << 20;
+
+// All that most runs need, in large pages from end to end: texts that lie there side by side have
+// no seams of small ones. It takes no memory until that is written to, but addresses: where the
+// user has limited these, they are left to what will need them.
+void TakeFirstStep() {
   constexpr int FIRST_STEP = 256 << 20;
-  constexpr int STEP = 16 << 20;
-  constexpr int LARGEST_KEPT = 32 << 20;
-  constexpr int GIVEN_BACK_ABOVE = 1 << 30;
-  ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
-  ::mallopt(M_TRIM_THRESHOLD, GIVEN_BACK_ABOVE);
+  for (const auto resource : {RLIMIT_AS, RLIMIT_DATA}) {
+    rlimit limit = {};
+    if (::getrlimit(resource, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY) return;
+  }
   // A piece that is larger than what is there takes the first step behind itself.
   ::mallopt(M_TOP_PAD, FIRST_STEP);
   const std::unique_ptr<char[]> piece(new (std::nothrow) char[STEP]);
@@ -48,6 +51,18 @@ void TakeMemoryInLargeSteps() {
   if (piece != nullptr && std::less<>()(piece.get(), end)) {
     AdviseLargePages(piece.get(), static_cast<std::size_t>(end - piece.get()));
   }
+}
+
+}  // namespace
+
+// What the words of a text need comes in small pieces, for which the library by itself asks for
+// 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
+void TakeMemoryInLargeSteps() {
+  constexpr int LARGEST_KEPT = 32 << 20;
+  constexpr int GIVEN_BACK_ABOVE = 1 << 30;
+  ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
+  ::mallopt(M_TRIM_THRESHOLD, GIVEN_BACK_ABOVE);
+  TakeFirstStep();
   ::mallopt(M_TOP_PAD, STEP);
 }
 #else
