@@ -94,9 +94,8 @@ class Scan {
       const char16_t* const start = text_.data() + begin;
       // A hyphen at the front of a token is none of its word's.
       if (!beginnings_->MayBegin(start) && *start != u'-') continue;
-      std::size_t end = begin;
-      while (end < text_.size() && IsWordCharacter(text_[end])) ++end;
-      if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, end - begin);
+      const std::size_t length = EndOfRun(text_, begin) - begin;
+      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, length);
     }
     stopped_ = !GoesOn(static_cast<std::int64_t>(begin));
     return (cut_ > 0 || begin < text_.size()) && !stopped_;

@@ -329,8 +329,11 @@ int ReadFileInChunks(const std::string& path, std::size_t chunkLength,
   const ReadHandle file(path);
   if (!file.IsOpen()) return errno;
   std::string chunk(chunkLength, '\0');
+  std::uint64_t done = 0;
   std::int64_t got = 0;
   while ((got = file.Read(chunk.data(), chunkLength)) > 0) {
+    done += static_cast<std::uint64_t>(got);
+    if (done > MOST_BYTES_READ) return EFBIG;
     if (!take(std::string_view(chunk).substr(0, static_cast<std::size_t>(got)))) return 0;
   }
   return got == 0 ? 0 : errno;

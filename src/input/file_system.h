@@ -88,7 +88,8 @@ inline constexpr std::uint64_t MOST_BYTES_READ = std::uint64_t{1} << 31U;
                                      std::uint64_t limit = MOST_BYTES_READ);
 
 // Hands the bytes of a file to `take`, front to back, `chunkLength` at a time and
-// the rest last, as long as that gives true. The system's number of what failed; 0 on success.
+// the rest last, as long as that gives true. The system's number of what failed, which for more
+// than MOST_BYTES_READ is EFBIG; 0 on success.
 [[nodiscard]] int ReadFileInChunks(const std::string& path, std::size_t chunkLength,
                                    const std::function<bool(std::string_view)>& take);
 

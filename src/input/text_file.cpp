@@ -22,11 +22,8 @@ TextFile ReadTextFile(const std::string& path, const ReadOptions& options) {
   constexpr std::size_t PIECE_LENGTH = 65536;
   const auto length = static_cast<std::uint64_t>(FileLength(path).value_or(0));
   LineJoiner joiner(options, static_cast<std::size_t>(std::min(length, MOST_BYTES_READ)));
-  std::uint64_t read = 0;
-  const int error = ReadFileInChunks(path, PIECE_LENGTH, [&](std::string_view piece) {
-    read += piece.size();
-    return joiner.Add(piece) && read < MOST_BYTES_READ;
-  });
+  const int error = ReadFileInChunks(
+      path, PIECE_LENGTH, [&joiner](std::string_view piece) { return joiner.Add(piece); });
   if (error == 0) return joiner.Finish();
   TextFile failed;
   failed.errorText = SystemMessage(error);

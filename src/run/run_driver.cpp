@@ -206,10 +206,12 @@ RunOutcome RunPhases(RunState& state, UserInterface& ui) {
     return RunOutcome::refused;
   }
   const bool wantsIndex = state.settings.createIndexFile && state.settings.mode == Mode::create;
-  state.inputDigest = wantsIndex ? ComputeInputDigest(state.settings.inputFile, ui) : InputDigest();
-  const std::string digest = state.inputDigest.text;
   const bool atHand = AreWordsAtHand(state, ui);
   if (!atHand) state.words = {};
+  // Of the input before its text is read, for that is what an index file is tied to.
+  state.inputDigest =
+      wantsIndex && !atHand ? ComputeInputDigest(state.settings.inputFile, ui) : state.words.input;
+  const std::string digest = state.inputDigest.text;
   if (!ReadTextOnce(state, ui)) {
     if (!ui.StopRequested()) return RunOutcome::refused;
     ui.SetOutput("Stopped when reading file.");

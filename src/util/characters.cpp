@@ -31,9 +31,13 @@ bool ContainsNoLetter(std::u16string_view text) {
   return std::none_of(text.begin(), text.end(), [](char16_t ch) { return IsLetter(ch); });
 }
 
+std::size_t EndOfRun(std::u16string_view text, std::size_t place) {
+  while (place < text.size() && IsWordCharacter(text[place])) ++place;
+  return place;
+}
+
 std::size_t LetterRunLength(std::u16string_view text, std::size_t start) {
-  std::size_t end = start - 1;
-  while (end < text.size() && IsWordCharacter(text[end])) ++end;
+  const std::size_t end = EndOfRun(text, start - 1);
   const std::size_t length = end - (start - 1);
   return end == text.size() ? length + 1 : length;
 }

@@ -98,6 +98,9 @@ constexpr bool IsLowerVowel(char16_t ch) { return (ClassOf(ch) & CLASS_LOWER_VOW
 // True when `text` holds no letter at all; so for the empty text.
 [[nodiscard]] bool ContainsNoLetter(std::u16string_view text);
 
+// Where the run of word characters ends that begins at `place`: the place behind it, both 0-based.
+[[nodiscard]] std::size_t EndOfRun(std::u16string_view text, std::size_t place);
+
 // The length of the run of word characters that begins at `start`, a 1-based
 // position that holds a word character. When the run reaches the end of the text the result is one
 // more than the characters that are left: the places recorded for a last word count on it.

@@ -14,7 +14,8 @@ int main(int argumentCount, char** arguments) {
   QApplication::setApplicationName("quorvel");
   // Windows come and go with the tests.
   QApplication::setQuitOnLastWindowClosed(false);
-  // Qt's own dialogs keep theirs where it looked first, after the folder of that test is gone.
+  // Qt's file dialogs keep settings of their own. They write them where they did so first, which
+  // must not be the folder of a test, for that is gone by then.
   const quorvel::TestFolder settings;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString(settings.Path("")));
