@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "util/large_pages.h"
 #include "util/text_hash.h"
 

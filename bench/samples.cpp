@@ -8,10 +8,10 @@
 #include <utility>
 
 #include "engine/tokenizer.h"
+#include "files/file_system.h"
 #include "generated_text.h"
 #include "input/compact_spaces.h"
 #include "input/document_text.h"
-#include "input/file_system.h"
 #include "output/entry_composer.h"
 #include "util/ansi.h"
 

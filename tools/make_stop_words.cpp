@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "lists/languages.h"
 #include "lists/word_file.h"
 #include "util/ansi.h"

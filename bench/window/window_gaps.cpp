@@ -21,7 +21,7 @@
 #include <string>
 #include <vector>
 
-#include "input/path_names.h"
+#include "files/path_names.h"
 #include "lists/languages.h"
 #include "lists/stop_words.h"
 #include "run/run_driver.h"

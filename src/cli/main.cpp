@@ -8,7 +8,7 @@
 #include "cli/terminal_interface.h"
 #include "cli/word_lists.h"
 #include "engine/run_state.h"
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "output/concordance_file.h"
 #include "output/index_file.h"
 #include "run/run_driver.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "input/path_names.h"
+#include "files/path_names.h"
 #include "lists/languages.h"
 #include "output/concordance_file.h"
 #include "settings/settings_file.h"

@@ -8,7 +8,7 @@
 
 #include "engine/admission.h"
 #include "engine/word_table.h"
-#include "input/digest.h"
+#include "files/digest.h"
 #include "input/document_text.h"
 #include "input/skip_spans.h"
 #include "settings/settings.h"

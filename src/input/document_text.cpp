@@ -5,10 +5,10 @@
 #include <limits>
 #include <utility>
 
+#include "files/file_system.h"
+#include "files/path_names.h"
 #include "input/docx_text.h"
-#include "input/file_system.h"
 #include "input/input_file.h"
-#include "input/path_names.h"
 #include "input/text_file.h"
 #include "input/utf8_repair.h"
 

@@ -5,9 +5,9 @@
 #include <optional>
 #include <utility>
 
-#include "input/file_system.h"
-#include "input/path_names.h"
-#include "input/temporary_folder.h"
+#include "files/file_system.h"
+#include "files/path_names.h"
+#include "files/temporary_folder.h"
 #include "input/utf8_repair.h"
 #include "input/zip_archive.h"
 #include "util/ansi.h"

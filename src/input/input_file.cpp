@@ -4,8 +4,8 @@
 #include <limits>
 #include <string_view>
 
-#include "input/file_system.h"
-#include "input/path_names.h"
+#include "files/file_system.h"
+#include "files/path_names.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
 

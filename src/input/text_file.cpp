@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "input/utf8_repair.h"
 #include "util/ansi.h"
 #include "util/large_pages.h"

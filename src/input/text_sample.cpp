@@ -3,12 +3,12 @@
 #include <optional>
 #include <utility>
 
+#include "files/file_system.h"
+#include "files/path_names.h"
 #include "input/document_text.h"
 #include "input/docx_text.h"
 #include "input/entities.h"
-#include "input/file_system.h"
 #include "input/html_text.h"
-#include "input/path_names.h"
 #include "input/utf8_repair.h"
 #include "util/ansi.h"
 #include "util/silent_interface.h"

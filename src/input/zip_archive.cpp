@@ -6,7 +6,7 @@
 #include <memory>
 #include <string_view>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 
 namespace quorvel {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "input/input_file.h"
 #include "input/utf8_repair.h"
 #include "util/ansi.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "util/ansi.h"
 #include "util/version.h"
 

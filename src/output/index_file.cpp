@@ -10,9 +10,9 @@
 #include <limits>
 #include <utility>
 
-#include "input/digest.h"
-#include "input/file_system.h"
-#include "input/path_names.h"
+#include "files/digest.h"
+#include "files/file_system.h"
+#include "files/path_names.h"
 #include "output/concordance_file.h"
 #include "util/ansi.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/language_recognition.h"
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "input/text_sample.h"
 #include "lists/stop_words.h"
 #include "lists/word_file.h"

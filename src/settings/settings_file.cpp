@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "util/ansi.h"
 
 // A text stands between double quotes, and nothing in it is escaped: what holds a

@@ -8,7 +8,7 @@
 #include <optional>
 #include <utility>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "ui_file_viewer.h"
 #include "util/ansi.h"
 

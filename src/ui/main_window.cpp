@@ -10,9 +10,9 @@
 #include <QScreen>
 #include <QShortcut>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
+#include "files/path_names.h"
 #include "input/input_file.h"
-#include "input/path_names.h"
 #include "lists/languages.h"
 #include "lists/stop_words.h"
 #include "output/index_file.h"

@@ -1,8 +1,8 @@
 // Between the controls of the main window and the settings: which control shows which field, and
 // when it can be used.
 
-#include "input/file_system.h"
-#include "input/path_names.h"
+#include "files/file_system.h"
+#include "files/path_names.h"
 #include "run/run_driver.h"
 #include "ui/main_window.h"
 #include "ui/settings_panel.h"

@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <utility>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "lists/languages.h"
 #include "lists/stop_words.h"
 #include "run/stop_word_choice.h"

@@ -1,8 +1,8 @@
 // Feeds a fuzz target with every file of the folders that are named: what once failed must not
 // fail again. The last name on the error output is that of the input at fault.
 
+#include "files/file_system.h"
 #include "fuzz_input.h"
-#include "input/file_system.h"
 
 int main(int argc, char** argv) {
   int inputs = 0;

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "files/file_system.h"
 #include "input/document_text.h"
-#include "input/file_system.h"
 #include "naive/places.h"
 #include "support/file_size_limit.h"
 #include "support/platform.h"

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "files/path_names.h"
 #include "input/compact_spaces.h"
-#include "input/path_names.h"
 
 namespace quorvel {
 namespace {

@@ -6,8 +6,8 @@
 #include <random>
 
 #include "engine/table_fit.h"
-#include "input/digest.h"
-#include "input/file_system.h"
+#include "files/digest.h"
+#include "files/file_system.h"
 #include "support/made_texts.h"
 #include "support/test_run.h"
 

@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "engine/language_recognition.h"
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "support/run_program.h"
 #include "support/test_run.h"
 #include "util/ansi.h"

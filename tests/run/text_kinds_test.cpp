@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "naive/naive_forms.h"
 #include "support/made_texts.h"
 #include "support/test_run.h"

@@ -1,4 +1,4 @@
-#include "input/digest.h"
+#include "files/digest.h"
 
 #include <functional>
 

@@ -6,7 +6,7 @@
 #include <future>
 #include <string>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "util/user_interface.h"
 
 namespace quorvel {

@@ -1,9 +1,9 @@
-#include "input/temporary_folder.h"
+#include "files/temporary_folder.h"
 
 #include <exception>
 #include <utility>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 
 namespace quorvel {
 namespace {

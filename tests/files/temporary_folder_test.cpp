@@ -1,9 +1,9 @@
-#include "input/temporary_folder.h"
+#include "files/temporary_folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "input/file_system.h"
+#include "files/file_system.h"
 #include "support/platform.h"
 #include "support/scripted_interface.h"
 #include "support/test_folder.h"

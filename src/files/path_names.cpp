@@ -1,4 +1,4 @@
-#include "input/path_names.h"
+#include "files/path_names.h"
 
 #include <algorithm>
 #include <array>
