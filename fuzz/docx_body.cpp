@@ -17,7 +17,9 @@ std::size_t RunStart(const std::string& xml) {
 // The text of one run as it is shown.
 std::string RunText(std::string run) {
   if (run.find_first_not_of(' ') == std::string::npos) return " ";
-  run = naive::Replace(naive::Replace(naive::Replace(run, "&amp;", "&"), "&lt;", "<"), "&gt;", ">");
+  const std::pair<const char*, const char*> entities[] = {
+      {"&amp;", "&"}, {"&lt;", "<"}, {"&gt;", ">"}, {"&quot;", "\""}, {"&apos;", "'"}};
+  for (const auto& [entity, character] : entities) run = naive::Replace(run, entity, character);
   return naive::PlainPunctuation(naive::RepairUtf8(run));
 }
 

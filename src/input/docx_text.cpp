@@ -18,7 +18,7 @@
 // told by the character behind it, so an empty run that has attributes
 // ("<w:t x=""/>") takes all up to the next run end for its text; a line break is
 // one in its shortest spelling only, and a tab is nothing; of the entities only
-// "&amp;", "&lt;" and "&gt;" are decoded.
+// the five that XML itself names are decoded.
 
 namespace quorvel {
 namespace {
@@ -147,6 +147,8 @@ void AppendRun(std::string& text, std::string_view xml, bool afterBreak, std::st
     DecodeEntity(run, "&amp;", '&');
     DecodeEntity(run, "&lt;", '<');
     DecodeEntity(run, "&gt;", '>');
+    DecodeEntity(run, "&quot;", '"');
+    DecodeEntity(run, "&apos;", '\'');
   }
   if (NeedsRepair(run)) {
     RepairUtf8(run);

@@ -49,6 +49,7 @@ TEST(DocxText, ReadsRuns) {
       {"an end without a start ends the walk", "[a]][b]", "a"},
       {"deleted text", "<w:delText>x</w:delText>[a]", "a"},
       {"an escaped entity is decoded twice", "[&gt; &amp;lt; &amp;amp;]", "> < &amp;"},
+      {"quotes too", "[&quot;it&apos;s&quot; &amp;quot; &#39;]", "\"it's\" \" &#39;"},
       {"each run is repaired for itself", "[\xE2\x80\xA0\xE2\x80\x99][\xE2\x80\x99\xC3][\xA9]",
        "\xE2\x80\x99'\xC3\xA9"},
   };
