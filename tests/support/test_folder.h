@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -49,6 +50,21 @@ class TestFolder {
   [[nodiscard]] std::string Read(std::string_view name) const {
     std::ifstream file(Place(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  // The name of each file in it, those of its folders too, with the bytes, or where the link leads.
+  // Not of "out" and "err", which a program that was run leaves behind.
+  [[nodiscard]] std::map<std::string, std::string> Files() const {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path_)) {
+      const std::string name = entry.path().lexically_relative(path_).generic_string();
+      if (entry.is_symlink()) {
+        files[name] = "link to " + std::filesystem::read_symlink(entry.path()).string();
+      } else if (entry.is_regular_file() && name != "out" && name != "err") {
+        files[name] = Read(name);
+      }
+    }
+    return files;
   }
 
   // How many files and folders it holds.
