@@ -137,6 +137,10 @@ memory_of() { # name, text
   calculate "$(median "$1" 2) * 1024 / ($(bytes "$2") + $(median "$1" 3))"
 }
 
+peak_megabytes() { # least or median, name
+  calculate "$("$1" "$2" 2) * 1024 / 1e6"
+}
+
 # The words of a text that occur too often to be listed: the program refuses one at a time.
 too_frequent_words() { # text
   local words='' message word
@@ -267,6 +271,8 @@ compared_row 'Search in a page with 1,700,000 tags : with 170,000' search_tags10
 benchmarks_row 'The body of a DOCX document of 20 MB : of 2 MB' ReadBody/20000000 ReadBody/2000000 'at most' 11
 benchmarks_row 'Search in the window for a rare word: with a scan : with an index file' Search/scanned Search/fromIndex 'at least' 1.5
 benchmarks_row 'A whole run : listing again, as for another context' Run/text Compose/text_context5 'at least' 1.3
+row 'The Bible: peak memory in MB' "$(peak_megabytes median our_bible)" \
+  "$(peak_megabytes least our_bible)" 'at most' 40
 row 'The Bible: peak memory : (input + output)' "$(memory_of our_bible bible.txt)" '' 'at most' 3
 row 'Ten times the length: peak memory : (input + output)' "$(memory_of our_long long.txt)" '' 'at most' 3
 
