@@ -27,6 +27,7 @@
 #include "run/run_driver.h"
 #include "run/stop_word_choice.h"
 #include "ui/main_window.h"
+#include "ui/pop_up.h"
 #include "ui/window_interface.h"
 #include "util/silent_interface.h"
 
@@ -116,9 +117,9 @@ class Watch {
       QAbstractButton* const yes = question->button(QMessageBox::Yes);
       sinceConfirmed_.start();
       (yes != nullptr ? yes : question->defaultButton())->click();
-    } else if (box != nullptr) {  // says that the file is written
+    } else if (QWidget* const popUp = ShownPopUp()) {  // says that the file is written
       ended_ = Since(sinceConfirmed_);
-      box->hide();
+      popUp->hide();
     } else if (!stopIn_.empty() && phase_ == stopIn_) {
       stopIn_.clear();
       QTimer::singleShot(0, &button_, &QPushButton::click);

@@ -579,7 +579,8 @@ void MainWindow::Timer1_Timer() {
     box->setToolTip(box->text().isEmpty() ? box->property(PLAIN_TIP).toString() : box->text());
   }
   // What was left behind while a button was pressed that then did nothing.
-  if (QApplication::activeModalWidget() == nullptr && FocusedEdit() == nullptr) FinishEditing();
+  const bool isBusy = QApplication::activeModalWidget() != nullptr || ShownPopUp() != nullptr;
+  if (!isBusy && FocusedEdit() == nullptr) FinishEditing();
   ShowWhatIsPossible();
   ShowFileSizes();
 }

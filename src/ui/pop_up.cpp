@@ -1,21 +1,26 @@
 #include "ui/pop_up.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QEventLoop>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 
 namespace quorvel {
 namespace {
 
+// No modal window: Qt keeps a click beside that from the program altogether, and a click
+// anywhere is to close this one.
 class PopUpWindow : public QDialog {
  public:
   explicit PopUpWindow(QWidget* window)
       : QDialog(window, Qt::Dialog | Qt::FramelessWindowHint), message_(this), timer_(this) {
-    setWindowModality(Qt::WindowModal);
     message_.setObjectName("lblMessage");
     message_.setAlignment(Qt::AlignCenter);
     message_.setTextFormat(Qt::PlainText);
@@ -39,20 +44,69 @@ class PopUpWindow : public QDialog {
   void ShowAt(QPoint place) {
     move(place);
     timer_.start();
-    if (!isVisible()) exec();  // else it is there already, with its older message
+    if (isVisible()) return;  // it is there already, with its older message
+    QEventLoop wait;
+    wait_ = &wait;
+    isPressed_ = false;
+    qApp->installEventFilter(this);
+    show();
+    wait.exec();
   }
 
  protected:
-  void mouseReleaseEvent(QMouseEvent* event) override {
-    if (rect().contains(event->position().toPoint())) hide();
+  // Keeps from the whole program what the user does meanwhile.
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::ShortcutOverride:  // the key comes as a press then, and presses no button
+        event->accept();
+        return true;
+      case QEvent::KeyPress:
+        // A key held down since before is no press.
+        if (!dynamic_cast<QKeyEvent&>(*event).isAutoRepeat()) hide();
+        return true;
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonDblClick:
+        isPressed_ = true;
+        return true;
+      case QEvent::MouseButtonRelease:
+        if (!isPressed_) return false;  // of a button pressed before
+        hide();
+        return true;
+      default:
+        return KeepsAway(*receiver, *event);
+    }
   }
 
-  void hideEvent(QHideEvent*) override { timer_.stop(); }
+  void hideEvent(QHideEvent*) override {
+    timer_.stop();
+    qApp->removeEventFilter(this);
+    if (wait_) wait_->quit();
+  }
 
  private:
+  bool KeepsAway(const QObject& receiver, QEvent& event) {
+    switch (event.type()) {
+      case QEvent::Close:  // of another window, by its frame
+        if (!event.spontaneous() || &receiver == this || &receiver == windowHandle()) return false;
+        hide();
+        [[fallthrough]];
+      case QEvent::Wheel:
+      case QEvent::ContextMenu:
+      case QEvent::DragEnter:
+      case QEvent::DragMove:
+      case QEvent::Drop:
+        event.ignore();
+        return true;
+      default:
+        return false;
+    }
+  }
+
   static constexpr int MARGIN = 9;  // pixels between frame and text
   QLabel message_;
   QTimer timer_;
+  QPointer<QEventLoop> wait_;
+  bool isPressed_ = false;  // a mouse button, since the window came
 };
 
 PopUpWindow& PopUpOf(QWidget& owner) {
@@ -93,6 +147,13 @@ void PopUpInForm(QWidget& owner, const PopUpMessage& message, QPoint offset) {
   popUp.SetMessage(message);
   popUp.ShowAt(
       KeptOn(owner.screen()->availableGeometry(), owner.mapToGlobal(offset), popUp.size()));
+}
+
+QWidget* ShownPopUp() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && dynamic_cast<PopUpWindow*>(window) != nullptr) return window;
+  }
+  return nullptr;
 }
 
 }  // namespace quorvel

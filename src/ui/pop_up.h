@@ -1,7 +1,8 @@
 // A short message in a small window that closes by itself.
 //
-// For what needs no answer; a message box is for the rest. Each form waits, modal to the
-// window of `owner`, until the time is up or the user clicks the message, and then returns.
+// For what needs no answer; a message box is for the rest. Each form waits until the time is
+// up or the user presses a key or clicks, in whichever window of the program, and then returns.
+// That key or click does nothing else.
 // While one is shown already, its text, place and time are replaced and the call returns
 // at once.
 #pragma once
@@ -29,5 +30,8 @@ void PopUpCenterScreen(QWidget& owner, const PopUpMessage& message);
 // At `offset`, in pixels, from the top left corner of `owner`, which may be a window or
 // a control in it; but not beyond the edges of the screen.
 void PopUpInForm(QWidget& owner, const PopUpMessage& message, QPoint offset);
+
+// The pop-up that is shown now, if any; it is no modal window.
+[[nodiscard]] QWidget* ShownPopUp();
 
 }  // namespace quorvel

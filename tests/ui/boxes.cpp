@@ -15,6 +15,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "ui/pop_up.h"
+
 namespace quorvel {
 namespace {
 
@@ -47,6 +49,12 @@ std::string ShownBy(const QWidget& window) {
   }
   const auto* message = window.findChild<QLabel*>("lblMessage");
   return message == nullptr ? title : POP_UP + message->text().toStdString();
+}
+
+// The box that the program waits for, if any.
+QWidget* ShownBox() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : ShownPopUp();
 }
 
 xcb_connection_t* XServer() {
@@ -146,8 +154,7 @@ void Boxes::During(const BoxList& boxes, const std::string& name,
   act();
   QCoreApplication::processEvents();  // what was put off until the next turn comes now
   const auto allCame = [this, others] {
-    return expected_.size() <= others &&
-           (others > 0 || QApplication::activeModalWidget() == nullptr);
+    return expected_.size() <= others && (others > 0 || ShownBox() == nullptr);
   };
   if (QTest::qWaitFor(allCame, PATIENCE_MS)) return;
   for (; expected_.size() > others; expected_.pop_front()) {
@@ -156,7 +163,7 @@ void Boxes::During(const BoxList& boxes, const std::string& name,
 }
 
 void Boxes::Look() {
-  QWidget* box = QApplication::activeModalWidget();
+  QWidget* box = ShownBox();
   if (box == nullptr) return;
   looks_ = box == current_ ? looks_ + 1 : 0;
   current_ = box;
