@@ -1,9 +1,13 @@
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
+#include <array>
 #include <set>
 
 #include "ui/window_test.h"
@@ -32,6 +36,17 @@ class Controls : public WindowTest {
       if (window.focusWidget()) reached.insert(window.focusWidget()->objectName().toStdString());
     }
     EXPECT_EQ(reached, wanted);
+  }
+
+  // Turns the wheel of the mouse over a control, both ways.
+  void Wheel(const std::string& name) {
+    QWidget& control = Control(name);
+    const QPointF place = control.mapTo(control.window(), control.rect().center());
+    for (const int turn : {120, -120, -120}) {
+      QWheelEvent event(place, control.window()->mapToGlobal(place), {}, {0, turn}, Qt::NoButton,
+                        Qt::NoModifier, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(control.window()->windowHandle(), &event);
+    }
   }
 };
 
@@ -107,6 +122,51 @@ TEST_F(Controls, FindInTheListing) {
   Press(Qt::Key_Escape);
   EXPECT_FALSE(Shown("findBar"));
   EXPECT_TRUE(output.hasFocus());
+}
+
+TEST_F(Controls, AreNotChangedByTheWheel) {
+  OpenText("a.txt");
+  List();
+  const std::string listing = Text("txbOutput");
+  Click("cmdSetParameters");
+  const Names lists = {"cboWordOrder", "cboContextSize", "cboThresholdFrequency"};
+  for (const std::string& name : lists) Wheel(name);
+  for (const char* name : {"chkFrequencies", "chkDisable", "chkIgnoreLists"}) Wheel(name);
+  EXPECT_EQ(Text(lists[0]) + Text(lists[1]) + Text(lists[2]), "alphabetical 5 2");
+  EXPECT_EQ(Which("checked", {"chkFrequencies", "chkDisable", "chkIgnoreLists"}),
+            "chkFrequencies ");
+  EXPECT_EQ(Text("txbOutput"), listing);
+  Click("cmdSelectStopWordsFile_1", {{"Stop words", [this](QWidget& chooser) {
+                                        Wheel("cboCommonWordsFiles");
+                                        EXPECT_EQ(Text("cboCommonWordsFiles"), "English");
+                                        PressButton(chooser, "Cancel");
+                                      }}});
+}
+
+TEST_F(Controls, ChooseTheNumberThatIsTyped) {
+  OpenText("a.txt");
+  Click("cmdSetParameters");
+  using Row = std::array<const char*, 3>;
+  const Row rows[] = {
+      {"cboContextSize", "3", " 3"},          {"cboContextSize", "0", " 0"},
+      {"cboThresholdFrequency", "7", " 7"},   {"cboThresholdFrequency", "2", " 2"},
+      {"cboThresholdFrequency", "20", " 20"}, {"cboThresholdFrequency", "13", " 13"}};
+  for (const auto& [list, typed, chosen] : rows) {
+    SCOPED_TRACE(list + std::string(typed));
+    Activate(*Control(list).window());
+    Control(list).setFocus();
+    TypeText(*Control(list).window(), typed);
+    ExpectSoon([this, list = list, chosen = chosen] { return Text(list) == chosen; });
+  }
+  // In the open list Enter ends the choice.
+  const Row openRows[] = {{"cboContextSize", "38", " 8"}, {"cboThresholdFrequency", "11", " 11"}};
+  for (const auto& [list, typed, chosen] : openRows) {
+    Click(list);
+    QWindow* opened = dynamic_cast<QComboBox&>(Control(list)).view()->window()->windowHandle();
+    for (const char* digit = typed; *digit != 0; ++digit) QTest::keyClick(opened, *digit);
+    Do(list, {}, [opened] { QTest::keyClick(opened, Qt::Key_Return); });
+    EXPECT_EQ(Text(list), chosen) << list;
+  }
 }
 
 TEST_F(Controls, AreKeptCurrent) {

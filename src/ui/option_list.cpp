@@ -1,0 +1,75 @@
+#include "ui/option_list.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+namespace quorvel {
+
+OptionList::OptionList(QWidget* parent) : QComboBox(parent) {
+  pause_.setSingleShot(true);
+  connect(&pause_, &QTimer::timeout, this, &OptionList::ChooseMeant);
+}
+
+void OptionList::showPopup() {
+  QComboBox::showPopup();
+  view()->installEventFilter(this);  // the keys are the opened list's from now on
+}
+
+void OptionList::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+void OptionList::keyPressEvent(QKeyEvent* event) {
+  if (!TakeDigit(event->text())) QComboBox::keyPressEvent(event);
+}
+
+void OptionList::focusOutEvent(QFocusEvent* event) {
+  ChooseMeant();
+  QComboBox::focusOutEvent(event);
+}
+
+bool OptionList::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && TakeDigit(dynamic_cast<QKeyEvent*>(event)->text())) {
+    return true;
+  }
+  return QComboBox::eventFilter(watched, event);
+}
+
+// In the closed list nothing is chosen while another digit may follow, since what follows a choice
+// takes the focus.
+bool OptionList::TakeDigit(const QString& typed) {
+  if (typed.size() != 1 || !typed.front().isDigit()) return false;
+  digits_ += typed;
+  if (Meant().empty()) digits_ = typed;
+  const std::vector<int> meant = Meant();
+  if (meant.empty()) {
+    digits_.clear();
+    return false;
+  }
+  pause_.start(QApplication::keyboardInputInterval());
+  if (view()->isVisible()) {
+    view()->setCurrentIndex(model()->index(meant.front(), modelColumn()));
+  } else if (meant.size() == 1) {
+    ChooseMeant();
+  }
+  return true;
+}
+
+// The places of the numbers that begin with the digits, the shortest one first.
+std::vector<int> OptionList::Meant() const {
+  std::vector<int> places;
+  for (int place = 0; place < count(); ++place) {
+    if (itemText(place).startsWith(' ' + digits_)) places.push_back(place);
+  }
+  return places;
+}
+
+void OptionList::ChooseMeant() {
+  pause_.stop();
+  const bool isChoice = !digits_.isEmpty() && !view()->isVisible();
+  const int place = isChoice ? Meant().front() : -1;
+  digits_.clear();
+  if (isChoice) setCurrentIndex(place);
+}
+
+}  // namespace quorvel
