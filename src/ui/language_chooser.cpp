@@ -38,7 +38,7 @@ void FitBothCaptions(QPushButton& button) {
 
 }  // namespace
 
-int ChooseLanguage(QWidget* parent) {
+int ChooseLanguage(QWidget* parent, int inUse) {
   QDialog dialog(parent);
   Ui::LanguageChooser form;
   form.setupUi(&dialog);
@@ -46,6 +46,7 @@ int ChooseLanguage(QWidget* parent) {
   QObject::connect(form.cboCommonWordsFiles, &QComboBox::currentIndexChanged, &dialog,
                    [&form](int index) { form.cmdAccept->setText(AcceptCaption(index)); });
   form.cboCommonWordsFiles->addItems(LanguageNames());
+  form.cboCommonWordsFiles->setCurrentIndex(inUse);
   QObject::connect(form.cmdAccept, &QPushButton::clicked, &dialog, &QDialog::accept);
   QObject::connect(form.cmdCancel, &QPushButton::clicked, &dialog, &QDialog::reject);
   return dialog.exec() == QDialog::Accepted ? form.cboCommonWordsFiles->currentIndex() : -1;

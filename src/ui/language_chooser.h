@@ -5,9 +5,9 @@ class QWidget;
 
 namespace quorvel {
 
-// Asks for a language and waits for the answer; the window is modal. Gives the 0-based
-// index of the language in LANGUAGES, LANGUAGES.size() for all of them, -1 on Cancel.
-// `parent` may be null.
-[[nodiscard]] int ChooseLanguage(QWidget* parent);
+// Asks for a language and waits for the answer; the window is modal, and opens on `inUse`. Gives
+// the 0-based index of the language in LANGUAGES, LANGUAGES.size() for all of them, -1 on Cancel;
+// `inUse` is such an index, too. `parent` may be null.
+[[nodiscard]] int ChooseLanguage(QWidget* parent, int inUse);
 
 }  // namespace quorvel

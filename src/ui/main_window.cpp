@@ -74,6 +74,7 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   panel_ = new SettingsPanel(
       state_, *interface_,
       {[this] { TakeControls(); }, [this](const std::string& path) { ReadStopWords(path); },
+       [this] { return PrepareStopWords(); },
        [this](bool modeSelected) { TakeLoadedSettings(modeSelected); },
        [this] {
          if (ui_->txbOutput->toPlainText().contains("stop")) ui_->txbOutput->clear();
@@ -467,7 +468,7 @@ void MainWindow::RunOrList() {
   timer2_.start(SECOND_MS);
   Work([this] {
     interface_->OfferStop(true);
-    if (ReadTypedStopWords()) {
+    if (state_.settings.mode == Mode::search || ReadTypedStopWords()) {
       interface_->OfferStop(true);
       listedMode_ = state_.settings.mode;
       RunConcordance(state_, *interface_);
@@ -480,10 +481,20 @@ void MainWindow::RunOrList() {
 
 // A path that was typed is read when it is needed.
 bool MainWindow::ReadTypedStopWords() {
-  const bool wanted = state_.settings.mode == Mode::create && !state_.lists.stopWords.loaded &&
-                      !state_.settings.stopWordsFile.empty();
-  return !wanted ||
-         ReadStopWordsFile(state_.settings.stopWordsFile, state_.lists.stopWords, *interface_);
+  const std::string& path = state_.settings.stopWordsFile;
+  StopWordList& stopWords = state_.lists.stopWords;
+  return stopWords.loaded || path.empty() || ReadStopWordsFile(path, stopWords, *interface_);
+}
+
+// Has them read, where they are those of a path that was typed, so that they can be shown.
+bool MainWindow::PrepareStopWords() {
+  if (state_.lists.stopWords.loaded || state_.settings.stopWordsFile.empty()) return true;
+  bool read = false;
+  Work([this, &read] {
+    read = ReadTypedStopWords();
+    if (read) interface_->SetOutput("");  // not "Reading ..." any more
+  });
+  return read;
 }
 
 // Lists the words of the last run again, as the options are now.

@@ -87,6 +87,7 @@ class MainWindow : public QMainWindow {
   void EnableControls(bool enabled);
   void RunOrList();
   bool ReadTypedStopWords();
+  bool PrepareStopWords();
   void Relist();
   bool ConfirmStop();
 

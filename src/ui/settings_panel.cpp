@@ -20,6 +20,16 @@ namespace {
 
 constexpr const char* SETTINGS_FILTER = "Settings files (*.lvz)";
 
+// The place of the language that the stop words at `path` are of, in the chooser of languages; that
+// of English where they are of none.
+int LanguageInUse(const std::string& path) {
+  if (path.ends_with(ALL_LANGUAGES.stopWordsFile)) return static_cast<int>(LANGUAGES.size());
+  for (std::size_t i = 0; i < LANGUAGES.size(); ++i) {
+    if (path.ends_with(LANGUAGES.at(i).stopWordsFile)) return static_cast<int>(i);
+  }
+  return 0;
+}
+
 }  // namespace
 
 SettingsPanel::SettingsPanel(RunState& state, UserInterface& ui, PanelHost host, QWidget* parent)
@@ -112,7 +122,7 @@ void SettingsPanel::chkIgnoreLists_Click(bool ticked) {
 void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
   std::string path;
   if (index == 1) {
-    const int language = ChooseLanguage(this);
+    const int language = ChooseLanguage(this, LanguageInUse(state_.settings.stopWordsFile));
     if (language < 0) return;
     const auto place = static_cast<std::size_t>(language);
     path = StopWordsPath(place < LANGUAGES.size() ? LANGUAGES.at(place) : ALL_LANGUAGES);
@@ -132,11 +142,14 @@ void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
 }
 
 void SettingsPanel::cmdListStopWords_Click() {
-  ListStopWords(state_.lists.stopWords, userInterface_);
+  txbStopWordsFile_LostFocus();  // a key may have pressed the button from inside the box
+  if (host_.prepareStopWords()) ListStopWords(state_.lists.stopWords, userInterface_);
+  StayAt(*ui_->cmdListStopWords);
 }
 
 void SettingsPanel::cmdClearStopWordsFile_Click() {
   ui_->txbStopWordsFile->clear();
+  ui_->txbStopWordsFile->setModified(false);
   state_.settings.stopWordsFile.clear();
   EraseStopWords(state_.lists.stopWords);
   host_.clearStopWordsOutput();
@@ -148,6 +161,7 @@ void SettingsPanel::cmdInitialize_Click() {
   host_.settingsReplaced(true);
   PopUpInForm(*ui_->cmdInitialize, {"Settings reinitialized", ui_->cmdInitialize->size(), SHOWN_MS},
               QPoint(0, 0));
+  StayAt(*ui_->cmdInitialize);
 }
 
 void SettingsPanel::cmdSaveLoadState_Click(int index) {
@@ -180,6 +194,7 @@ void SettingsPanel::LoadFromFile() {
     InitializeVariables(state_.settings, false);
   }
   host_.settingsReplaced(restored.modeSelected || !restored.errorText.empty());
+  StayAt(*ui_->cmdSaveLoadState_1);
 }
 
 void SettingsPanel::cmdQuitProgram_Click() {
@@ -191,6 +206,7 @@ void SettingsPanel::cmdQuitProgram_Click() {
 
 void SettingsPanel::txbStopWordsFile_LostFocus() {
   if (!ui_->txbStopWordsFile->isModified()) return;
+  if (ui_->txbStopWordsFile->text().trimmed().isEmpty()) return cmdClearStopWordsFile_Click();
   ui_->txbStopWordsFile->setText(ui_->txbStopWordsFile->text().trimmed());
   TakePath(ui_->txbStopWordsFile->text(), state_.settings.stopWordsFile);
   state_.lists.stopWords.loaded = false;
@@ -203,9 +219,12 @@ void SettingsPanel::txbExtraStopWords_LostFocus() {
   (void)CheckAllowedExtraChars(state_.settings, userInterface_);
 }
 
-void SettingsPanel::FocusCloseButton() {
+void SettingsPanel::FocusCloseButton() { StayAt(*ui_->cmdClosePanel); }
+
+// What the main window did meanwhile may have taken the keys to it.
+void SettingsPanel::StayAt(QWidget& control) {
   activateWindow();
-  ui_->cmdClosePanel->setFocus();
+  control.setFocus();
 }
 
 }  // namespace quorvel

@@ -21,6 +21,7 @@ namespace quorvel {
 struct PanelHost {
   std::function<void()> takeControls;  // put its own controls into the settings
   std::function<void(const std::string& path)> readStopWords;
+  std::function<bool()> prepareStopWords;  // see to it that they are those of the settings
   std::function<void(bool modeSelected)> settingsReplaced;
   std::function<void()> clearStopWordsOutput;
   std::function<void()> quit;
@@ -57,6 +58,7 @@ class SettingsPanel : public QDialog {
   void SaveToFile();
   void LoadFromFile();
   void FocusCloseButton();
+  void StayAt(QWidget& control);
 
   RunState& state_;
   UserInterface& userInterface_;

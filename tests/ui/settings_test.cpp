@@ -35,6 +35,14 @@ class Settings : public WindowTest {
     Type("txbExtraStopWords", "mp3,the");
   }
 
+  // A press of a button in the panel after which the keys are still the panel's.
+  void ClickAndStay(const std::string& button, const BoxList& boxes) {
+    Click(button, boxes);
+    QWidget& panel = Control("SettingsPanel");
+    ExpectSoon([&panel] { return HasTheKeys(panel); });
+    EXPECT_TRUE(Control(button).hasFocus()) << button;
+  }
+
   // The settings file that says so, with the modes in lines 5 and 6.
   [[nodiscard]] std::string ChangedFile(const std::string& modes) const {
     std::string lines;
@@ -86,20 +94,21 @@ TEST_F(Settings, GoToAFileOfTheUsersChoiceAndBack) {
   ChangeEverything();
   Click("cmdSaveLoadState_0", {AsksToSave("mine")});
   EXPECT_EQ(folder_.Read("mine.lvz"), ChangedFile(SEARCH));
-  Click("cmdInitialize", {initialized});
+  ClickAndStay("cmdInitialize", {initialized});
   EXPECT_EQ(Text("cboContextSize") + Text("txbExtraStopWords") + Text("lblInputFileSize"), " 5");
   (void)folder_.Write("none.lvz", ChangedFile("0\r\n0\r\n"));
-  Click("cmdSaveLoadState_1", {AsksToLoad("none.lvz"), LoadsStopWords()});
+  ClickAndStay("cmdSaveLoadState_1", {AsksToLoad("none.lvz"), LoadsStopWords()});
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "");
   EXPECT_EQ(Text("txbExtraStopWords") + Text("cboThresholdFrequency"), "mp3 the 20");
   (void)folder_.Write("bad.lvz", "\"" + folder_.Path("a.txt") + "\"\r\n");
   const char* const error =
       "Error when attempting to restore settings: the file ends after line 1.";
-  Click("cmdSaveLoadState_1", {AsksToLoad("bad.lvz"), Tells("Load settings", error)});
+  ClickAndStay("cmdSaveLoadState_1", {AsksToLoad("bad.lvz"), Tells("Load settings", error)});
   EXPECT_EQ(Text("txbFile_0") + Text("cboContextSize") + Text("txbExtraStopWords"), " 5mp3 the");
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optCreate ");
   // They bring their keywords: what the boxes show is what a run goes by.
-  Click("cmdSaveLoadState_1", {AsksToLoad("mine.lvz"), LoadsStopWords(), OffersKeywords("No")});
+  ClickAndStay("cmdSaveLoadState_1",
+               {AsksToLoad("mine.lvz"), LoadsStopWords(), OffersKeywords("No")});
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optSearch ");
   Type("txbExtraKeywords", "");
   Type("txbFile_1", "");

@@ -10,9 +10,11 @@ namespace {
 class StopWords : public WindowTest {
  protected:
   // The chooser of languages: takes the one at `place`, and leaves by a button.
-  static Box AsksForLanguage(int place, const char* name, const char* caption) {
+  static Box AsksForLanguage(const char* opensOn, int place, const char* name,
+                             const char* caption) {
     return {"Stop words", [=](QWidget& chooser) {
               auto* list = chooser.findChild<QComboBox*>("cboCommonWordsFiles");
+              EXPECT_EQ(list->currentText(), opensOn);
               list->setFocus();
               QTest::keyClick(chooser.windowHandle(), Qt::Key_Home);
               for (int i = 0; i < place; ++i) {
@@ -31,15 +33,16 @@ TEST_F(StopWords, FollowTheLanguageOfTheInputUnlessAllAreInUse) {
   Drop(german, {LoadsStopWords(LANGUAGES.at(1))});
   Drop(german);
   Click("cmdSetParameters");
-  Click("cmdSelectStopWordsFile_1", {AsksForLanguage(2, "Spanish", "Cancel")});
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("German", 2, "Spanish", "Cancel")});
   EXPECT_EQ(Text("txbStopWordsFile"), StopWordsPath(LANGUAGES.at(1)));
   Click("cmdSelectStopWordsFile_1",
-        {AsksForLanguage(5, "French", "Load stop words file for this language"),
+        {AsksForLanguage("German", 5, "French", "Load stop words file for this language"),
          LoadsStopWords(LANGUAGES.back())});
-  Click("cmdSelectStopWordsFile_1",
-        {AsksForLanguage(6, "All six languages", "Load stop words file for these languages"),
-         LoadsStopWords(ALL_LANGUAGES)});
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("French", 6, "All six languages",
+                                                     "Load stop words file for these languages"),
+                                     LoadsStopWords(ALL_LANGUAGES)});
   ExpectSoon([this] { return Control("cmdClosePanel").hasFocus(); });
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("All six languages", 0, "English", "Cancel")});
   Click("cmdClosePanel");
   EXPECT_FALSE(Shown("SettingsPanel"));
   Drop(english);
@@ -61,16 +64,27 @@ TEST_F(StopWords, OfAFileOfOnesOwn) {
         {AsksForFile("Specify file of stop words (words to ignore)", own),
          Tells("Stop words loaded", "Two stop words loaded from " + own, Icon::none)});
   EXPECT_EQ(Text("txbStopWordsFile"), own);
-  Click("cmdListStopWords",
-        {Tells("Stop words", "There are 2 stop words.\n\nold\nsilent\n", Icon::none)});
+  const Box listed = Tells("Stop words", "There are 2 stop words.\n\nold\nsilent\n", Icon::none);
+  Click("cmdListStopWords", {listed});
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("English", 1, "German", "Cancel")});
   Click("cmdClearStopWordsFile");
   EXPECT_EQ(Text("txbStopWordsFile"), "");
   List();
   EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 7");
+  // A box emptied by typing is like one that was cleared.
+  Type("txbStopWordsFile", own);
+  Click("cmdListStopWords", {listed});
+  Type("txbStopWordsFile", "");
+  List();
+  EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 7");
+  Click("cmdListStopWords");
+  EXPECT_NE(Text("txbOutput"), "");
   // A path that was typed is read when it is needed.
   Type("txbStopWordsFile", " " + missing + " ");
   EXPECT_EQ(Text("txbStopWordsFile"), missing);
-  Click("cmdListWords", {Tells("Stop words", "Stop words file not found:\n" + missing)});
+  const Box refused = Tells("Stop words", "Stop words file not found:\n" + missing);
+  Click("cmdListWords", {refused});
+  Click("cmdListStopWords", {refused});
   Type("txbStopWordsFile", own, {}, Qt::Key_Return);
   List();
   EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 5");
