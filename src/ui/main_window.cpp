@@ -26,6 +26,7 @@
 #include "ui/product_information.h"
 #include "ui/settings_panel.h"
 #include "ui/text.h"
+#include "ui/text_box.h"
 #include "ui_main_window.h"
 #include "util/ansi.h"
 #include "util/progress_bar.h"
@@ -49,8 +50,6 @@ void FixSize(QLabel& label, const QFont& font, const QString& widest) {
   label.setFont(font);
   label.setFixedSize(metrics.horizontalAdvance(widest), metrics.height());
 }
-
-bool IsMouseDown() { return QGuiApplication::mouseButtons() != Qt::NoButton; }
 
 // The line that is being typed in, if any.
 QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
@@ -142,27 +141,6 @@ void MainWindow::TakeRestoredLists() {
   if (all) (void)ReadStopWordsFile(path, stopWords, nobody);
 }
 
-void MainWindow::ConnectFiles() {
-  for (int index = 0; index < FILE_BOXES; ++index) {
-    const auto i = static_cast<std::size_t>(index);
-    connect(cmdFile_.at(i), &QPushButton::clicked, this, [this, index] {
-      FinishEditing();
-      cmdFile_Click(index);
-    });
-    connect(cmdClearFile_.at(i), &QPushButton::clicked, this,
-            [this, index] { cmdClearFile_Click(index); });
-    connect(txbFile_.at(i), &QLineEdit::editingFinished, this,
-            [this, index] { txbFile_LostFocus(index); });
-  }
-  connect(ui_->txbExtraKeywords, &QLineEdit::editingFinished, this,
-          &MainWindow::txbExtraKeywords_LostFocus);
-  connect(ui_->cmdClearExtraKeywords, &QPushButton::clicked, this, [this] {
-    ui_->txbExtraKeywords->clear();
-    ui_->txbExtraKeywords->setModified(true);
-    txbExtraKeywords_LostFocus();
-  });
-}
-
 void MainWindow::ConnectOptions() {
   const auto onChange = [this](auto* control, auto signal, auto handler) {
     connect(control, signal, this, [this, handler] {
@@ -199,7 +177,9 @@ void MainWindow::ConnectButtons() {
       handler();
     });
   };
-  onClick(ui_->cmdListWords, [this] { cmdListWords_Click(); });
+  connect(ui_->cmdListWords, &QAbstractButton::clicked, this, [this] {
+    if (FinishEditing()) cmdListWords_Click();  // else the run would tell of the same fault
+  });
   onClick(ui_->cmdViewFile, [this] { cmdViewFile_Click(); });
   onClick(ui_->cmdSetParameters, [this] { cmdSetParameters_Click(); });
   onClick(ui_->cmdSaveState, [this] { cmdSaveState_Click(); });
@@ -264,7 +244,7 @@ void MainWindow::ChooseInputFile() {
       this, "Specify input file", txbFile_[INPUT_BOX]->text(),
       "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml);;All files (*)");
   if (chosen.isEmpty()) return;
-  txbFile_[INPUT_BOX]->setText(chosen);
+  ReplaceText(*txbFile_[INPUT_BOX], chosen);
   PathChosen(INPUT_BOX);
 }
 
@@ -272,7 +252,7 @@ void MainWindow::ChooseKeywordsFile() {
   const QString chosen =
       QFileDialog::getOpenFileName(this, "Specify keywords file", txbFile_[KEYWORDS_BOX]->text());
   if (chosen.isEmpty()) return;
-  txbFile_[KEYWORDS_BOX]->setText(chosen);
+  ReplaceText(*txbFile_[KEYWORDS_BOX], chosen);
   PathChosen(KEYWORDS_BOX);
 }
 
@@ -282,7 +262,7 @@ void MainWindow::ChooseOutputFile(FileBox box, const QString& title, const QStri
   const QString chosen = QFileDialog::getSaveFileName(this, title, proposal, {}, nullptr,
                                                       QFileDialog::DontConfirmOverwrite);
   if (chosen.isEmpty()) return;
-  txbFile_.at(box)->setText(chosen);
+  ReplaceText(*txbFile_.at(box), chosen);
   PathChosen(box);
 }
 
@@ -297,42 +277,6 @@ void MainWindow::PathChosen(int index) {
   ShowWhatIsPossible();
   ShowFileSizes();
   SetTheFocus();
-}
-
-// Where a button is being pressed the edit is finished when it is let go: a box that
-// came up meanwhile would keep the button from hearing of that.
-void MainWindow::txbFile_LostFocus(int index) {
-  QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
-  if (showing_ || !box->isModified() || IsMouseDown()) return;
-  box->setText(box->text().trimmed());
-  PathChosen(index);
-}
-
-// Takes up what was typed and not yet looked at.
-void MainWindow::FinishEditing() {
-  for (int index = 0; index < FILE_BOXES; ++index) txbFile_LostFocus(index);
-  txbExtraKeywords_LostFocus();
-}
-
-void MainWindow::cmdClearFile_Click(int index) {
-  txbFile_.at(static_cast<std::size_t>(index))->clear();
-  TakeControls();
-  switch (index) {
-    case INPUT_BOX:
-      SetInput(InputOrigin::restored);
-      break;
-    case RESULTS_BOX:
-      ui_->lblSearchResultsFileSize->clear();
-      break;
-    case KEYWORDS_BOX:
-      EraseSearchWords(state_.lists.keywords);
-      if (ui_->txbOutput->toPlainText().contains("keywords loaded from")) ui_->txbOutput->clear();
-      break;
-    default:
-      break;
-  }
-  ShowWhatIsPossible();
-  ShowFileSizes();
 }
 
 // Sees to all that follows a new input, which stands in the settings: what is known of
@@ -413,15 +357,6 @@ void MainWindow::ReadStopWords(const std::string& path) {
   Work([this, &path] {
     AttemptToReadStopWords(path, state_.settings, state_.lists.stopWords, *interface_);
   });
-}
-
-void MainWindow::txbExtraKeywords_LostFocus() {
-  if (showing_ || !ui_->txbExtraKeywords->isModified() || IsMouseDown()) return;
-  ui_->txbExtraKeywords->setModified(false);
-  TakeControls();
-  (void)GetExtraKeywords(state_.settings, state_.lists.keywords, *interface_);
-  ui_->txbExtraKeywords->setText(ShownText(state_.settings.extraKeywords));
-  ShowWhatIsPossible();
 }
 
 void MainWindow::optCreate_Click() {
@@ -579,7 +514,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   const QString path = urls.constFirst().toLocalFile();
   // Whoever dragged the file waits for the drop to end, so what it brings is asked later.
   QTimer::singleShot(0, this, [this, path] {
-    txbFile_[INPUT_BOX]->setText(path);
+    ReplaceText(*txbFile_[INPUT_BOX], path);
     PathChosen(INPUT_BOX);
   });
 }

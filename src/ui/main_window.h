@@ -61,7 +61,8 @@ class MainWindow : public QMainWindow {
   void cmdFile_Click(int index);
   void cmdClearFile_Click(int index);
   void txbFile_LostFocus(int index);
-  void txbExtraKeywords_LostFocus();
+  bool txbExtraKeywords_LostFocus();
+  bool TakeExtraKeywords();
   void optCreate_Click();
   void optSearch_Click();
   void cboContextSize_Click();
@@ -76,7 +77,7 @@ class MainWindow : public QMainWindow {
   void ChooseKeywordsFile();
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);
   void PathChosen(int index);
-  void FinishEditing();
+  bool FinishEditing();
   void SetInput(InputOrigin origin);
   bool CheckChosenInput();
   void RefuseInput(const std::string& text, const char* title);

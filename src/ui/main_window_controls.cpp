@@ -7,6 +7,7 @@
 #include "ui/main_window.h"
 #include "ui/settings_panel.h"
 #include "ui/text.h"
+#include "ui/text_box.h"
 #include "ui_main_window.h"
 #include "util/time_text.h"
 
@@ -73,7 +74,7 @@ void MainWindow::ShowSettings() {
   ui_->chkSaveStateOnQuit->setChecked(settings.saveStateOnQuit);
   ui_->chkWarnOnOverwrite->setChecked(settings.warnOnOverwrite);
   ui_->chkUTF8_0->setChecked(settings.inputIsUtf8);
-  ui_->txbExtraKeywords->setText(ShownText(settings.extraKeywords));
+  ReplaceText(*ui_->txbExtraKeywords, ShownText(settings.extraKeywords));
   panel_->ShowSettings();
   showing_ = false;
   ShowWhatIsPossible();
@@ -83,7 +84,7 @@ void MainWindow::ShowSettings() {
 void MainWindow::ShowPath(int index) {
   QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
   const QString shown = ShownPath(PathSetting(index));
-  if (box->text() != shown) box->setText(shown);
+  if (box->text() != shown) ReplaceText(*box, shown);
 }
 
 // Enables what the mode, the input and the options allow.

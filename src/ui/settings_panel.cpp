@@ -12,6 +12,7 @@
 #include "ui/language_chooser.h"
 #include "ui/pop_up.h"
 #include "ui/text.h"
+#include "ui/text_box.h"
 #include "ui_settings_panel.h"
 #include "util/ansi.h"
 
@@ -62,8 +63,8 @@ void SettingsPanel::ShowSettings() {
   ui_->chkIgnoreInfrequentWords->setChecked(settings.ignoreInfrequentWords);
   ui_->chkIgnoreLists->setChecked(settings.ignoreLists);
   ui_->cboThresholdFrequency->setCurrentIndex(settings.thresholdFrequency - SMALLEST_THRESHOLD);
-  ui_->txbStopWordsFile->setText(ShownPath(settings.stopWordsFile));
-  ui_->txbExtraStopWords->setText(ShownText(settings.extraStopWords));
+  ReplaceText(*ui_->txbStopWordsFile, ShownPath(settings.stopWordsFile));
+  ReplaceText(*ui_->txbExtraStopWords, ShownText(settings.extraStopWords));
   showing_ = false;
 }
 
@@ -133,7 +134,7 @@ void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
     if (!chosen.isEmpty()) path = PathOf(chosen);
   }
   if (!path.empty()) {
-    ui_->txbStopWordsFile->setText(ShownPath(path));
+    ReplaceText(*ui_->txbStopWordsFile, ShownPath(path));
     state_.settings.stopWordsFile = path;
     host_.readStopWords(path);
     ConcealNumWords(state_.lists.stopWords, true);
@@ -148,8 +149,7 @@ void SettingsPanel::cmdListStopWords_Click() {
 }
 
 void SettingsPanel::cmdClearStopWordsFile_Click() {
-  ui_->txbStopWordsFile->clear();
-  ui_->txbStopWordsFile->setModified(false);
+  ReplaceText(*ui_->txbStopWordsFile, {});
   state_.settings.stopWordsFile.clear();
   EraseStopWords(state_.lists.stopWords);
   host_.clearStopWordsOutput();
@@ -207,7 +207,7 @@ void SettingsPanel::cmdQuitProgram_Click() {
 void SettingsPanel::txbStopWordsFile_LostFocus() {
   if (!ui_->txbStopWordsFile->isModified()) return;
   if (ui_->txbStopWordsFile->text().trimmed().isEmpty()) return cmdClearStopWordsFile_Click();
-  ui_->txbStopWordsFile->setText(ui_->txbStopWordsFile->text().trimmed());
+  ReplaceText(*ui_->txbStopWordsFile, ui_->txbStopWordsFile->text().trimmed());
   TakePath(ui_->txbStopWordsFile->text(), state_.settings.stopWordsFile);
   state_.lists.stopWords.loaded = false;
 }
@@ -215,7 +215,7 @@ void SettingsPanel::txbStopWordsFile_LostFocus() {
 void SettingsPanel::txbExtraStopWords_LostFocus() {
   if (!ui_->txbExtraStopWords->isModified()) return;
   state_.settings.extraStopWords = TidyExtraStopWords(ui_->txbExtraStopWords->text().toStdString());
-  ui_->txbExtraStopWords->setText(ShownText(state_.settings.extraStopWords));
+  ReplaceText(*ui_->txbExtraStopWords, ShownText(state_.settings.extraStopWords));
   (void)CheckAllowedExtraChars(state_.settings, userInterface_);
 }
 
