@@ -30,6 +30,18 @@ void FindBar::Close() const {
   controls_.output->setFocus();
 }
 
+void FindBar::FindAgain(bool backward) {
+  if (controls_.text->text().isEmpty()) return Open();
+  Find(backward);
+}
+
+void FindBar::ShowSearchesPart(bool part) {
+  searchesPart_ = part;
+  controls_.text->setPlaceholderText(part ? tr("Find in what is shown of the listing")
+                                          : tr("Find in the listing"));
+  ShowCount();
+}
+
 void FindBar::Find(bool backward) {
   const QString text = controls_.text->text();
   if (text.isEmpty()) return;
@@ -58,8 +70,9 @@ void FindBar::ShowCount() const {
     ++count;
     if (place == selected && controls_.output->textCursor().hasSelection()) current = count;
   }
-  controls_.count->setText(current > 0 ? tr("%1 of %2").arg(current).arg(count)
-                                       : tr("%1 found").arg(count));
+  const QString found =
+      current > 0 ? tr("%1 of %2").arg(current).arg(count) : tr("%1 found").arg(count);
+  controls_.count->setText(searchesPart_ ? tr("%1 in what is shown").arg(found) : found);
 }
 
 }  // namespace quorvel

@@ -33,11 +33,18 @@ class FindBar : public QObject {
   void FindNext() { Find(false); }
   void FindPrevious() { Find(true); }
 
+  // Finds what was sought last, which needs no bar; opens that where there is nothing to find.
+  void FindAgain(bool backward);
+
+  // Says, where this is so, that only a part of the listing is there to be searched.
+  void ShowSearchesPart(bool part);
+
  private:
   void Find(bool backward);
   void ShowCount() const;
 
   FindControls controls_;
+  bool searchesPart_ = false;
 };
 
 }  // namespace quorvel

@@ -189,6 +189,9 @@ void MainWindow::ConnectButtons() {
   onClick(ui_->cmdFindNext, [this] { findBar_->FindNext(); });
   onClick(ui_->cmdFindPrevious, [this] { findBar_->FindPrevious(); });
   onClick(ui_->cmdFindClose, [this] { findBar_->Close(); });
+  connect(ui_->txbOutput, &QPlainTextEdit::textChanged, this, [this] {
+    if (!ui_->lblListingShown->isHidden()) ShowPartShown(0, 0, false);
+  });
   connect(&timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
   connect(&timer2_, &QTimer::timeout, this, &MainWindow::Timer2_Timer);
 }
@@ -220,6 +223,10 @@ void MainWindow::AddShortcuts() {
   });
   connect(new QShortcut(Qt::CTRL | Qt::Key_F, this), &QShortcut::activated, findBar_,
           &FindBar::Open);
+  connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, findBar_,
+          [this] { findBar_->FindAgain(false); });
+  connect(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, findBar_,
+          [this] { findBar_->FindAgain(true); });
 }
 
 void MainWindow::cmdFile_Click(int index) {
@@ -406,7 +413,7 @@ void MainWindow::RunOrList() {
     if (state_.settings.mode == Mode::search || ReadTypedStopWords()) {
       interface_->OfferStop(true);
       listedMode_ = state_.settings.mode;
-      RunConcordance(state_, *interface_);
+      if (RunConcordance(state_, *interface_) == RunOutcome::done) ShowLengthOfListing();
     }
     timer2_.stop();
     ShowSettings();
@@ -439,7 +446,7 @@ void MainWindow::Relist() {
     Work([this] {
       interface_->OfferStop(true);
       interface_->ClearStop();
-      ListWords(state_, *interface_);
+      if (ListWords(state_, *interface_) != ListingOutcome::nothing) ShowLengthOfListing();
     });
   }
   SetTheFocus();

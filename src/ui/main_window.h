@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -97,6 +98,8 @@ class MainWindow : public QMainWindow {
   void ShowPath(int index);
   void ShowWhatIsPossible();
   void ShowFileSizes();
+  void ShowLengthOfListing();
+  void ShowPartShown(std::int64_t shown, std::int64_t whole, bool fileHoldsAll);
   [[nodiscard]] bool MayShowLineBreaks() const;
   [[nodiscard]] std::string& PathSetting(int index);
   void SetTheFocus();

@@ -3,7 +3,9 @@
 
 #include "files/file_system.h"
 #include "files/path_names.h"
+#include "output/listing.h"
 #include "run/run_driver.h"
+#include "ui/find_bar.h"
 #include "ui/main_window.h"
 #include "ui/settings_panel.h"
 #include "ui/text.h"
@@ -131,6 +133,24 @@ void MainWindow::ShowFileSizes() {
     ui_->lblSearchResultsFileSize->setText(
         SizeLabel("Search results filesize: ", settings.searchResultsFile));
   }
+}
+
+void MainWindow::ShowLengthOfListing() {
+  interface_->ShowPendingOutput();  // any later change of the output box takes the line away
+  const std::size_t whole = state_.outputText.size();
+  ShowPartShown(static_cast<std::int64_t>(std::min(whole, TEXTBOX_LIMIT)),
+                static_cast<std::int64_t>(whole), state_.outputWritten);
+}
+
+// Says how much of a listing the output box shows, in characters, where that is not all of it.
+void MainWindow::ShowPartShown(std::int64_t shown, std::int64_t whole, bool fileHoldsAll) {
+  const bool isPart = shown < whole;
+  const std::string text =
+      "The first " + GroupedNumber(shown) + " of " + GroupedNumber(whole) + " characters";
+  const char* const end = fileHoldsAll ? "; the file holds all of it." : ".";
+  ui_->lblListingShown->setText(isPart ? ShownText(text + end) : QString());
+  ui_->lblListingShown->setVisible(isPart);
+  findBar_->ShowSearchesPart(isPart);
 }
 
 std::string& MainWindow::PathSetting(int index) {

@@ -48,9 +48,11 @@ class WindowInterface : public UserInterface {
   // Shows the message that popped up during the work; it would only have held that up.
   void ShowPendingPopUp();
 
+  // Shows at once what the output box is to show next.
+  void ShowPendingOutput();
+
  private:
   [[nodiscard]] QLabel& LabelOf(Label label) const;
-  void ShowPendingOutput();
   void TurnBusyIndicator();
 
   ConversationControls controls_;

@@ -11,6 +11,7 @@
 #include <set>
 
 #include "ui/window_test.h"
+#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
@@ -122,6 +123,59 @@ TEST_F(Controls, FindInTheListing) {
   Press(Qt::Key_Escape);
   EXPECT_FALSE(Shown("findBar"));
   EXPECT_TRUE(output.hasFocus());
+}
+
+TEST_F(Controls, FindAgainWithoutTheBar) {
+  OpenText("a.txt");
+  List();
+  const auto& output = dynamic_cast<QPlainTextEdit&>(Control("txbOutput"));
+  const auto selected = [&output] { return output.textCursor().selectionStart(); };
+  Press(Qt::Key_F3);
+  TypeText(*window_, "harbour");
+  Press(Qt::Key_F3);
+  EXPECT_EQ(Text("lblFindCount"), "1 of 11");
+  const int first = selected();
+  Press(Qt::Key_Escape);
+  Press(Qt::Key_F3);
+  const int second = selected();
+  EXPECT_GT(second, first);
+  Press(Qt::SHIFT | Qt::Key_F3);
+  EXPECT_EQ(selected(), first);
+  EXPECT_EQ(output.textCursor().selectedText(), "harbour");
+  EXPECT_FALSE(Shown("findBar"));
+}
+
+TEST_F(Controls, SayHowMuchOfTheListingIsShown) {
+  const std::string letters = "bcdfghjklmnpqrstwz";
+  std::string text;
+  for (const char first : letters) {
+    for (const char second : letters) {
+      for (const char* end : {"arbour ", "ouse ", "ight "}) {
+        text.push_back(first);
+        text.push_back(second);
+        text += end;
+      }
+    }
+  }
+  OpenText("a.txt", text + "\r\n");
+  List();
+  const std::string file = folder_.Read("a.qvl.conc.txt");
+  const std::size_t listed = file.size() - file.find('[') - std::string_view("\r\n").size();
+  const auto whole = static_cast<std::int64_t>(listed);
+  const std::string first = "The first 65,000 of " + GroupedNumber(whole) + " characters";
+  EXPECT_EQ(Text("lblListingShown"), first + "; the file holds all of it.");
+  Press(Qt::CTRL | Qt::Key_F);
+  TypeText(*window_, "ight");
+  EXPECT_TRUE(Text("lblFindCount").ends_with(" found in what is shown")) << Text("lblFindCount");
+  Press(Qt::Key_Return);
+  EXPECT_TRUE(Text("lblFindCount").ends_with(" in what is shown")) << Text("lblFindCount");
+  const Box disabled = Tells("Quorvel", "Output to file is disabled.", Icon::information);
+  Click("chkDisable");
+  Choose("cboContextSize", " 4", {disabled});
+  EXPECT_TRUE(Text("lblListingShown").ends_with(" characters.")) << Text("lblListingShown");
+  Choose("cboContextSize", " 0", {disabled});
+  EXPECT_FALSE(Shown("lblListingShown"));
+  EXPECT_EQ(Text("lblFindCount"), "324 found");
 }
 
 TEST_F(Controls, AreNotChangedByTheWheel) {
