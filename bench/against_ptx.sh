@@ -141,13 +141,12 @@ peak_megabytes() { # least or median, name
   calculate "$("$1" "$2" 2) * 1024 / 1e6"
 }
 
-# The words of a text that occur too often to be listed: the program refuses one at a time.
+# The words of a text that occur too often to be listed: the program names ten at a time.
 too_frequent_words() { # text
-  local words='' message word
+  local words='' message named
   until message=$("$CLI" "$1" -c 0 --language none --extra-stop-words "$words" -q -o - 2>&1 >/dev/null); do
-    word=$(sed -n 's/.*The word "\(.*\)" occurs.*/\1/p' <<<"$message")
-    [[ -n $word ]] || die "$message"
-    words+=" $word"
+    named=$(grep -o '"[^"]*"' <<<"$message" | tr -d '"') || die "$message"
+    words+=" ${named//$'\n'/ }"
   done
   echo "${words# }"
 }
@@ -177,8 +176,8 @@ phase_shares() {
     BEGIN {
       phases = "read,decode,scan,sort,order,compose,write"
       captions = "Checking and reading the file,Compacting and decoding,Scanning," \
-        "Sorting,Filtering and counting and ordering by frequency,Composing the entries," \
-        "Writing the file"
+        "Sorting,Filtering and counting and ordering by frequency,Composing and writing the entries," \
+        "Showing them and putting the file in its place"
     }
     /^name,/ { for (i = 1; i <= NF; i++) column[$i] = i }
     /^Run/ {
@@ -196,12 +195,12 @@ instruction_rows() {
   callgrind_annotate --inclusive=yes --threshold=100 callgrind.out | tr -d , |
     awk -v length_="$(bytes bible.txt)" '
     BEGIN {
-      count = split("Looking for signs of UTF-8|+CheckInputFile;" \
+      count = split("Looking for signs of UTF-8|+ClassifyTextFile;" \
         "Reading|+ReadTextFile;" \
         "Compacting|+CompactSpaces;" \
         "Decoding and blanking double hyphens|+DecodeAnsi +BlankDoubleHyphens;" \
         "Scanning|+GetWords;" \
-        "Filtering and counting and ordering by frequency|+OrderTable;" \
+        "Filtering and counting and ordering by frequency|+OrderWords;" \
         "Mapping blanks|+ContextCutter;" \
         "Cutting contexts|+Cut;" \
         "Merging them|+DisplayNextWord -Cut -EmitContexts;" \
@@ -270,7 +269,7 @@ compared_row 'One word in each of 32,767 lines : of 3,277' our_often10 our_often
 compared_row 'Search in a page with 1,700,000 tags : with 170,000' search_tags10 search_tags 'at most' 11
 benchmarks_row 'The body of a DOCX document of 20 MB : of 2 MB' ReadBody/20000000 ReadBody/2000000 'at most' 11
 benchmarks_row 'Search in the window for a rare word: with a scan : with an index file' Search/scanned Search/fromIndex 'at least' 1.5
-benchmarks_row 'A whole run : listing again, as for another context' Run/text Compose/text_context5 'at least' 1.3
+benchmarks_row 'A whole run : listing again, as for another context' Run/text ListAgain/text 'at least' 1.3
 row 'The Bible: peak memory in MB' "$(peak_megabytes median our_bible)" \
   "$(peak_megabytes least our_bible)" 'at most' 40
 row 'The Bible: peak memory : (input + output)' "$(memory_of our_bible bible.txt)" '' 'at most' 3

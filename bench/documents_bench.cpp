@@ -42,10 +42,11 @@ void CopyBody(benchmark::State& state) { Copy(state, Body(state)); }
 
 void ReadBody(benchmark::State& state) {
   const std::string body = Body(state);
-  SilentInterface ui;
+  SilentProgress nobody;
   for (auto _ : state) {
-    const DocumentRuns runs = ReadDocumentRuns(body, ui);
-    benchmark::DoNotOptimize(runs.text.data());
+    DocumentRuns runs(body);
+    benchmark::DoNotOptimize(runs.Read(nobody));
+    benchmark::DoNotOptimize(runs.Text().data());
   }
   state.SetBytesProcessed(state.iterations() * std::ssize(body));
 }
@@ -53,10 +54,10 @@ void ReadBody(benchmark::State& state) {
 // The copy that each round begins with is counted too.
 void PreparePage(benchmark::State& state, std::string_view part) {
   const std::string page = Page(state, part);
-  SilentInterface ui;
+  SilentProgress nobody;
   for (auto _ : state) {
     std::string text = page;
-    benchmark::DoNotOptimize(PrepareHtmlText(text, true, true, ui));
+    benchmark::DoNotOptimize(PrepareHtmlText(text, true, true, nobody));
     benchmark::DoNotOptimize(text.data());
   }
   state.SetBytesProcessed(state.iterations() * std::ssize(page));

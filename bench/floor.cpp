@@ -6,7 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "files/file_system.h"
+#include "files/output_file.h"
+#include "files/read_file.h"
 #include "util/large_pages.h"
 #include "util/text_hash.h"
 
@@ -30,8 +31,10 @@ bool WriteFloor(const std::string& input, const std::string& output) {
   constexpr std::size_t SLICE = 60;
   constexpr std::size_t MOST_PER_BYTE = 12;  // in words of five letters and a blank, ten
   constexpr std::size_t COUNTERS = 65536;
-  const FileRead file = ReadFileBytes(input);
-  const std::string_view text = file.bytes;
+  SilentProgress nobody;
+  const Result<InputBytes> file = ReadInput(input, nobody);
+  if (!file) return false;
+  const std::string_view text = file->View();
   std::vector<std::uint32_t> counts(COUNTERS);
   std::string slices;
   ReserveLarge(slices, MOST_PER_BYTE * text.size());
@@ -43,8 +46,8 @@ bool WriteFloor(const std::string& input, const std::string& output) {
     slices += text.substr(begin, SLICE);
   }
   benchmark::DoNotOptimize(counts.data());
-  OutputFile written(output);
-  return file.error.empty() && written.Write(slices) && written.Commit();
+  OutputFile written(output, {});
+  return written.Write(slices) && written.Commit();
 }
 
 }  // namespace quorvel

@@ -3,14 +3,11 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "engine/tokenizer.h"
-#include "input/compact_spaces.h"
-#include "input/document_text.h"
-#include "output/concordance_file.h"
 #include "output/listing.h"
+#include "run/listing_run.h"
 #include "samples.h"
 #include "util/ansi.h"
 
@@ -24,26 +21,16 @@ void CountBytes(benchmark::State& state, const Sample& sample) {
 // From the file to the text that is scanned.
 void Read(benchmark::State& state, Source source) {
   const Sample& sample = SampleOf(source);
-  SilentInterface ui;
-  for (auto _ : state) {
-    bool isUtf8 = false;
-    bool macNoticeShown = false;
-    std::optional<std::string> text =
-        ObtainDocumentText(sample.path, EncodingChoice::adoptDetected, isUtf8, macNoticeShown, ui);
-    CompactSpaces(*text);
-    BlankDoubleHyphens(*text);
-    const std::u16string documentText = DecodeAnsi(*text);
-    benchmark::DoNotOptimize(documentText.data());
-  }
+  for (auto _ : state) benchmark::DoNotOptimize(DocumentAt(sample.path));
   CountBytes(state, sample);
 }
 
 void Scan(benchmark::State& state, Source source) {
   const Sample& sample = SampleOf(source);
-  SilentInterface ui;
+  SilentProgress nobody;
   for (auto _ : state) {
     WordTable table;
-    GetWords(sample.documentText, table, ui);
+    GetWords(sample.document->documentText, table, nobody);
     benchmark::DoNotOptimize(table.entries.data());
   }
   CountBytes(state, sample);
@@ -66,41 +53,41 @@ void Sort(benchmark::State& state, Source source) {
 
 void Chain(benchmark::State& state, Source source) {
   const Sample& sample = SampleOf(source);
-  WordTable table = sample.ordered.table;
+  const ListedWords& words = *sample.listing.words;
   for (auto _ : state) {
-    BuildFrequencyChain(table);
-    benchmark::DoNotOptimize(table.frequencyHead);
+    benchmark::DoNotOptimize(BuildFrequencyChain(*words.words.table, words.include));
   }
   CountBytes(state, sample);
 }
 
-void Compose(benchmark::State& state, Source source, int contextSize, bool showLineBreaks) {
+void ComposeListing(benchmark::State& state, Source source, int contextSize, bool showLineBreaks) {
   const Sample& sample = SampleOf(source);
-  RunState run = sample.ordered;
-  run.settings.contextSize = contextSize;
-  run.settings.showLineBreaks = showLineBreaks;
-  SilentInterface ui;
-  for (auto _ : state) {
-    if (ListWords(run, ui) != ListingOutcome::listed) state.SkipWithError("not listed");
-    benchmark::DoNotOptimize(run.outputText.data());
-  }
+  Listing listing = sample.listing;
+  listing.options.contextSize = contextSize;
+  listing.options.showLineBreaks = showLineBreaks;
+  SilentProgress nobody;
+  std::size_t length = 0;
+  const auto take = [&length](std::string_view piece) {
+    length += piece.size();
+    return true;
+  };
+  for (auto _ : state) Compose(listing, take, nobody);
+  if (length == 0) state.SkipWithError("not listed");
   CountBytes(state, sample);
 }
 
-void Write(benchmark::State& state, Source source) {
+// Composed, shown and written, as when the user has changed an option.
+void ListAgain(benchmark::State& state, Source source) {
   const Sample& sample = SampleOf(source);
-  RunState run = sample.ordered;
-  SilentInterface ui;
-  if (ListWords(run, ui) != ListingOutcome::listed) state.SkipWithError("not listed");
-  run.settings.outputFile = sample.concordancePath;
+  SilentConversation ui;
+  Listing listing = sample.listing;
+  ListingTarget target;
+  target.path = sample.concordancePath;
   for (auto _ : state) {
     state.PauseTiming();
     std::filesystem::remove(sample.concordancePath);
     state.ResumeTiming();
-    if (WriteConcordanceFile(run.settings, "", run.outputText, ui).outcome !=
-        FileOutcome::written) {
-      state.SkipWithError("not written");
-    }
+    if (!ListWords(listing, target, ui).written) state.SkipWithError("not written");
   }
   CountBytes(state, sample);
 }
@@ -118,14 +105,14 @@ BENCHMARK_CAPTURE(Sort, wideVocabulary, Source::wideVocabulary);
 BENCHMARK_CAPTURE(Chain, text, Source::text);
 BENCHMARK_CAPTURE(Chain, wideVocabulary, Source::wideVocabulary);
 
-BENCHMARK_CAPTURE(Compose, text_context5, Source::text, 5, false);
-BENCHMARK_CAPTURE(Compose, text_context0, Source::text, 0, false);
-BENCHMARK_CAPTURE(Compose, text_context5_lineBreaks, Source::text, 5, true);
-BENCHMARK_CAPTURE(Compose, wideVocabulary_context5, Source::wideVocabulary, 5, false);
-BENCHMARK_CAPTURE(Compose, repeatedSentence_context5, Source::repeatedSentence, 5, false);
+BENCHMARK_CAPTURE(ComposeListing, text_context5, Source::text, 5, false);
+BENCHMARK_CAPTURE(ComposeListing, text_context0, Source::text, 0, false);
+BENCHMARK_CAPTURE(ComposeListing, text_context5_lineBreaks, Source::text, 5, true);
+BENCHMARK_CAPTURE(ComposeListing, wideVocabulary_context5, Source::wideVocabulary, 5, false);
+BENCHMARK_CAPTURE(ComposeListing, repeatedSentence_context5, Source::repeatedSentence, 5, false);
 
-BENCHMARK_CAPTURE(Write, text, Source::text);
-BENCHMARK_CAPTURE(Write, repeatedSentence, Source::repeatedSentence);
+BENCHMARK_CAPTURE(ListAgain, text, Source::text);
+BENCHMARK_CAPTURE(ListAgain, repeatedSentence, Source::repeatedSentence);
 
 }  // namespace
 }  // namespace quorvel

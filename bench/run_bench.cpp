@@ -10,8 +10,6 @@
 #include <filesystem>
 #include <string_view>
 
-#include "output/index_file.h"
-#include "run/run_driver.h"
 #include "samples.h"
 #include "util/ansi.h"
 
@@ -23,23 +21,29 @@ enum Phase : std::size_t { READ, DECODE, SCAN, SORT, ORDER, COMPOSE, WRITE, PHAS
 constexpr std::array<const char*, PHASE_COUNT> PHASE_NAMES = {"read",  "decode",  "scan", "sort",
                                                               "order", "compose", "write"};
 
-class PhaseClock : public SilentInterface {
+const SessionOptions DETECTED = {.encodingChoice = EncodingChoice::adoptDetected};
+
+class PhaseClock : public SilentConversation {
  public:
   using Clock = std::chrono::steady_clock;
 
   void Start() { since_ = Clock::now(); }
   void Stop() { Enter(READ); }  // which the next run begins with
 
-  void AppendOutput(std::string_view text) override {
-    if (text.starts_with("Compacting spaces")) Enter(DECODE);
-    if (text.starts_with("Sorting")) Enter(SORT);
-    if (text.starts_with("Applying filters")) Enter(ORDER);
-    if (text.starts_with("Creating concordance")) Enter(COMPOSE);
+  void BeginPhase(std::string_view name) override {
+    if (name == "Compacting spaces") Enter(DECODE);
+    if (name == "Sorting") Enter(SORT);
+    if (name == "Applying filters") Enter(ORDER);
+    if (name == "Creating concordance") Enter(COMPOSE);
   }
 
-  // The scan begins with an empty bar; with the composed listing the caption is renewed.
+  // The scan begins with an empty bar.
+  void ShowBar(std::string_view /*caption*/) override {
+    if (phase_ == DECODE) Enter(SCAN);
+  }
+
+  // With the composed listing the caption is renewed.
   void SetLabel(Label label, std::string_view /*text*/) override {
-    if (label == Label::progressBar && phase_ == DECODE) Enter(SCAN);
     if (label == Label::keywordsFound && phase_ == COMPOSE) Enter(WRITE);
   }
 
@@ -69,12 +73,11 @@ void Run(benchmark::State& state, Source source) {
     state.PauseTiming();
     std::filesystem::remove(sample.concordancePath);  // what it takes to drop one is not at issue
     state.ResumeTiming();
-    RunState run;
-    run.settings = sample.ordered.settings;
-    run.settings.outputFile = sample.concordancePath;
-    run.encodingChoice = EncodingChoice::adoptDetected;
+    Session session(ui, DETECTED);
+    session.Settings() = sample.settings;
+    session.Settings().outputFile = sample.concordancePath;
     ui.Start();
-    if (RunConcordance(run, ui) != RunOutcome::done) state.SkipWithError("not done");
+    if (session.RunConcordance() != RunOutcome::done) state.SkipWithError("not done");
     ui.Stop();
   }
   state.SetBytesProcessed(state.iterations() * sample.fileLength);
@@ -88,20 +91,21 @@ void Run(benchmark::State& state, Source source) {
 // asked for next.
 void Search(benchmark::State& state, Source source, bool fromIndex) {
   const Sample& sample = SampleOf(source);
-  SilentInterface ui;
-  RunState made = sample.ordered;
-  made.settings.outputFile = sample.concordancePath;
-  made.settings.createIndexFile = true;
-  made.encodingChoice = EncodingChoice::adoptDetected;
-  if (RunConcordance(made, ui) != RunOutcome::done) state.SkipWithError("no index");
+  SilentConversation ui;
+  Session made(ui, DETECTED);
+  made.Settings() = sample.settings;
+  made.Settings().outputFile = sample.concordancePath;
+  made.Settings().createIndexFile = true;
+  if (made.RunConcordance() != RunOutcome::done) state.SkipWithError("no index");
+  const std::string rareWord =
+      EncodeUtf8(made.CurrentListing()->words->words.table->entries.back().word);
   for (auto _ : state) {
-    RunState run;
-    run.settings = sample.ordered.settings;
-    run.settings.mode = Mode::search;
-    run.settings.extraKeywords = EncodeUtf8(made.table.entries.back().word);
-    run.encodingChoice = EncodingChoice::adoptDetected;
-    if (fromIndex && !ReadIndexFile(run, false, ui)) state.SkipWithError("index not used");
-    if (RunConcordance(run, ui) != RunOutcome::done) state.SkipWithError("not done");
+    Session session(ui, DETECTED);
+    session.Settings() = sample.settings;
+    session.Settings().mode = Mode::search;
+    session.Settings().extraKeywords = rareWord;
+    if (fromIndex) session.UseIndexFile();
+    if (session.RunConcordance() != RunOutcome::done) state.SkipWithError("not done");
   }
   state.SetBytesProcessed(state.iterations() * sample.fileLength);
 }

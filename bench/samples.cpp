@@ -8,11 +8,11 @@
 #include <utility>
 
 #include "engine/tokenizer.h"
-#include "files/file_system.h"
+#include "files/output_file.h"
+#include "files/read_file.h"
 #include "generated_text.h"
-#include "input/compact_spaces.h"
-#include "input/document_text.h"
 #include "output/entry_composer.h"
+#include "run/document_reading.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -51,14 +51,15 @@ std::string TextOf(Source source) {
   if (source == Source::wideVocabulary) return GeneratedText({TEXT_LENGTH, WIDE_VOCABULARY, 1});
   const char* const path = std::getenv("QUORVEL_BENCH_TEXT");
   if (path == nullptr) return GeneratedText({TEXT_LENGTH, VOCABULARY, 1});
-  FileRead file = ReadFileBytes(path);
-  if (!file.error.empty()) throw std::runtime_error(std::string(path) + ": " + file.error);
-  return std::move(file.bytes);
+  constexpr std::uint64_t LONGEST = std::uint64_t{1} << 31U;
+  Result<std::string> bytes = ReadFileBytes(path, LONGEST);
+  if (!bytes) throw std::runtime_error(std::string(path) + ": " + bytes.Why().reason);
+  return *std::move(bytes);
 }
 
 void WriteText(const std::string& path, std::string_view text) {
-  OutputFile file(path);
-  if (!file.Write(text) || !file.Commit()) throw std::runtime_error(path + ": " + file.Error());
+  OutputFile file(path, {});
+  if (!file.Write(text) || !file.Commit()) throw std::runtime_error(path + ": not written");
 }
 
 std::string TooFrequentWords(const WordTable& table) {
@@ -69,48 +70,35 @@ std::string TooFrequentWords(const WordTable& table) {
   return TidyExtraStopWords(words);
 }
 
-// The text of a file as it is listed.
-std::string TextToList(const std::string& path, ConcordanceSettings& settings, UserInterface& ui) {
-  bool macNoticeShown = false;
-  std::optional<std::string> bytes = ObtainDocumentText(path, EncodingChoice::adoptDetected,
-                                                        settings.inputIsUtf8, macNoticeShown, ui);
-  if (!bytes) throw std::runtime_error("the text is of a kind that cannot be read");
-  CompactSpaces(*bytes);
-  BlankDoubleHyphens(*bytes);
-  return std::move(*bytes);
-}
-
-RunState OrderedState(const Sample& sample, const ConcordanceSettings& settings) {
-  RunState state;
-  state.settings = settings;
-  state.settings.inputFile = sample.path;
-  state.settings.extraStopWords = TooFrequentWords(sample.scannedTable);
-  state.lists.extraStopWords = ExtraStopWordsOf(state.settings.extraStopWords);
-  state.documentText = sample.documentText;
-  state.table = sample.scannedTable;
-  SortWordTable(state.table);
-  ApplyAdmissionFilters(state.table, state.settings, state.lists);
-  CountIncludedWords(state.table);
-  BuildFrequencyChain(state.table);
-  return state;
+Listing ListingOf(std::shared_ptr<const Document> document, const ConcordanceSettings& settings) {
+  SilentProgress nobody;
+  WordLists lists;
+  lists.extraStopWords = ExtraStopWordsOf(settings.extraStopWords);
+  ListedWords listed;
+  listed.words = ScanWords(std::move(document), nullptr, nobody);
+  const WordTable& table = *listed.words.table;
+  listed.include = ApplyAdmissionFilters(table, settings, lists);
+  listed.counts = CountIncludedWords(table, listed.include);
+  listed.frequencyChain = BuildFrequencyChain(table, listed.include);
+  return {std::make_shared<const ListedWords>(std::move(listed)), nullptr,
+          ListingOptionsOf(settings)};
 }
 
 Sample MakeSample(Source source) {
   static const ScratchFolder folder;
   const std::string name = std::to_string(static_cast<int>(source));
   const std::string bytes = TextOf(source);
-  SilentInterface ui;
-  ConcordanceSettings settings;
   Sample sample;
   sample.path = folder.FileNamed(name + ".txt");
   sample.concordancePath = folder.FileNamed(name + ".qvl.conc.txt");
   sample.fileLength = static_cast<std::int64_t>(bytes.size());
   WriteText(sample.path, bytes);
-  std::string text = TextToList(sample.path, settings, ui);
-  sample.documentText = DecodeAnsi(text);
-  GetWords(sample.documentText, sample.scannedTable, ui);
-  sample.ordered = OrderedState(sample, settings);
-  sample.ordered.ansiText = std::move(text);
+  sample.document = DocumentAt(sample.path);
+  SilentProgress nobody;
+  GetWords(sample.document->documentText, sample.scannedTable, nobody);
+  sample.settings.inputFile = sample.path;
+  sample.settings.extraStopWords = TooFrequentWords(sample.scannedTable);
+  sample.listing = ListingOf(sample.document, sample.settings);
   return sample;
 }
 
@@ -121,6 +109,20 @@ const Sample& OnlySample() {
 }
 
 }  // namespace
+
+std::shared_ptr<const Document> DocumentAt(const std::string& path) {
+  SilentConversation ui;
+  Result<InputBytes> input = ReadInput(path, ui);
+  if (!input) throw std::runtime_error(path + ": " + input.Why().reason);
+  ReadingRequest request;
+  request.encodingChoice = EncodingChoice::adoptDetected;
+  request.digest = std::make_shared<const InputDigest>(*input);
+  bool isUtf8 = false;
+  bool macNoticeShown = false;
+  auto document = ObtainDocument(*std::move(input), request, isUtf8, macNoticeShown, ui);
+  if (document == nullptr) throw std::runtime_error("the text is of a kind that cannot be read");
+  return document;
+}
 
 const Sample& SampleOf(Source source) {
   switch (source) {

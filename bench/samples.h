@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
-#include "engine/run_state.h"
-#include "util/silent_interface.h"
+#include "output/listing.h"
+#include "run/session.h"
+#include "run/silent_conversation.h"
 
 namespace quorvel {
 
@@ -19,11 +21,15 @@ enum class Source {
 struct Sample {
   std::string path;             // of a file that is there as long as the program runs
   std::int64_t fileLength = 0;  // in bytes
-  std::u16string documentText;  // with its double hyphens blanked
-  WordTable scannedTable;       // in the order of first occurrence
-  RunState ordered;             // ready to be listed, at the default settings
-  std::string concordancePath;  // where a concordance of it may be written
+  std::shared_ptr<const Document> document;
+  WordTable scannedTable;        // in the order of first occurrence
+  ConcordanceSettings settings;  // the default ones, for the file
+  Listing listing;               // ready to be composed
+  std::string concordancePath;   // where a concordance of it may be written
 };
+
+// The document at a path, read as a run reads it.
+[[nodiscard]] std::shared_ptr<const Document> DocumentAt(const std::string& path);
 
 // Made when it is first asked for. Words that occur too often to be listed stand in
 // the settings as extra stop words.

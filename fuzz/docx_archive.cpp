@@ -2,35 +2,47 @@
 
 #include "fuzz_input.h"
 #include "input/docx_text.h"
-#include "util/silent_interface.h"
+#include "run/document_reading.h"
+#include "run/silent_conversation.h"
 
 namespace quorvel::fuzz {
 namespace {
 
-// Answers every question in one way.
-struct AnsweringInterface : SilentInterface {
+// Answers every question in one way and keeps what was said.
+struct AnsweringConversation : SilentConversation {
   Answer answer = Answer::no;
-  Answer Ask(const Message& /*message*/) override { return answer; }
+  std::string said;
+  Answer Ask(const Message& message) override {
+    said += message.text;
+    return answer;
+  }
 };
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using enum ExtractionCode;
   static const FuzzFolder folder;
   FuzzInput input(data, size);
-  // Small limits: what a body of some megabytes does is no different, only slower.
-  const ExtractOptions options = {input.Flag(), input.Flag(), {65536, 4096}};
-  AnsweringInterface ui;
+  AnsweringConversation ui;
   if (input.Flag()) ui.answer = Answer::yes;
-  const std::string path = folder.Write("a.docx", input.Rest());
-  const ExtractedText got = ExtractDocumentText(path, "QVL", options, ui);
-  Require(folder.Count() == 1, "the temporary folder is gone");
-  Require(got.code == success || got.text.empty(), "a failure gives no text");
-  Require(got.code != noTemporaryFolder && got.code != unwritable && got.code != stopped,
-          "no document is to blame for what only the system or the user does");
-  Require(got.code != damaged || !options.askOnBadChecksum, "damage is asked about");
-  Require(got.text.size() <= options.limits.hard / 3 * 4 + 4, "the limit holds");
+  // Small limits: what a body of some megabytes does is no different, only slower.
+  const BodyLimits limits = {.hard = 65536, .warning = 4096};
+  const InputBytes bytes("a.docx", input.Rest());
+  TemporaryFolder temporary("QVL", BODY_ENTRY);
+  const Result<UnpackedBody> body = UnpackDocumentBody(bytes, temporary, limits);
+  Require(!temporary.Remove() && folder.Count() == 0, "the temporary folder is gone");
+  Require(body || body.Why().kind == FaultKind::bodyTooLarge,
+          "no document is to blame for what only the system does");
+  Require(!body || body->length <= limits.hard, "the limit holds");
+  if (!IsWordDocument(bytes)) return 0;
+  bool isUtf8 = false;
+  bool macNoticeShown = true;
+  const ReadingRequest request = {.limits = limits};
+  const auto document = ObtainDocument(bytes, request, isUtf8, macNoticeShown, ui);
+  Require(folder.Count() == 0, "and it is gone after all questions");
+  Require(document || !ui.said.empty(), "the user knows why there is no document");
+  Require(!document || document->ansiText.size() <= limits.hard / 3 * 4 + 4, "texts are short");
+  if (body && body->isDamaged) RequireSame(TextOfIntactDocument(bytes), "", "no text of damage");
   return 0;
 }
 

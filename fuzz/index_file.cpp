@@ -3,13 +3,11 @@
 // The first line of an input is the text. Behind it stands an index, or, by the option, changes
 // to the true index of that text.
 
-#include "output/index_file.h"
+#include "engine/index_file.h"
 
 #include "engine/table_fit.h"
 #include "fuzz_input.h"
-#include "output/listing.h"
 #include "support/scanned_text.h"
-#include "util/silent_interface.h"
 
 namespace quorvel::fuzz {
 namespace {
@@ -35,11 +33,13 @@ bool IsPartOf(const WordTable& table, const WordTable& scanned) {
   });
 }
 
-// The table of an index that is accepted for the text, else none.
-std::optional<WordTable> TableFor(std::u16string_view text, const std::string& bytes) {
+// The words of an index that is accepted for the document, else no table.
+Words WordsFor(const std::shared_ptr<const Document>& document, const std::string& bytes) {
   std::optional<WordTable> table = TableOfIndexFile(bytes);
-  if (table && !TableFitsText(*table, text)) table.reset();
-  return table;
+  if (!table) return {};
+  const IncludeFlags all(table->entries.size(), true);
+  if (!TableFitsText(*table, all, document->documentText)) return {};
+  return {document, std::make_shared<const WordTable>(*std::move(table))};
 }
 
 }  // namespace
@@ -49,19 +49,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool changesTrueIndex = input.Flag();
   ConcordanceSettings settings;
   settings.contextSize = input.Number(LARGEST_CONTEXT_SIZE + 1);
-  SilentInterface ui;
-  RunState state = ScanText(DecodeAnsi(input.Line()), settings, ui);
-  const std::string ownIndex = IndexFileBytes(state.table, "digest", 0);
-  auto table = TableFor(state.documentText, ownIndex);
-  Require(table.has_value(), "the index of a text fits it");
-  RequireSame(IndexFileBytes(*table, "digest", 0), ownIndex, "and comes back");
-  table = TableFor(state.documentText, changesTrueIndex ? Changed(ownIndex, input) : input.Rest());
-  if (!table) return 0;
-  Require(IsPartOf(*table, state.table), "what fits is what a scan gives");
-  state.table = std::move(*table);
-  CountIncludedWords(state.table);
-  BuildFrequencyChain(state.table);
-  (void)ListWords(state, ui);
+  SilentProgress nobody;
+  const Listing scanned = ScanText(DecodeAnsi(input.Line()), settings, nobody);
+  const auto& document = scanned.words->words.document;
+  const std::string ownIndex = IndexFileBytes(*scanned.words, "digest", 0);
+  Words words = WordsFor(document, ownIndex);
+  Require(words.table != nullptr, "the index of a text fits it");
+  const Listing again = ListingOf(words, settings);
+  RequireSame(IndexFileBytes(*again.words, "digest", 0), ownIndex, "and comes back");
+  words =
+      WordsFor(document, changesTrueIndex ? Changed(ownIndex, input) : std::string(input.Rest()));
+  if (words.table == nullptr) return 0;
+  Require(IsPartOf(*words.table, TableOf(scanned)), "what fits is what a scan gives");
+  (void)Composed(ListingOf(words, settings), nobody);
   return 0;
 }
 

@@ -6,7 +6,6 @@
 
 #include "fuzz_input.h"
 #include "lists/wildcard.h"
-#include "util/silent_interface.h"
 
 namespace quorvel::fuzz {
 namespace {
@@ -43,28 +42,25 @@ bool MatchesBySets(View word, View pattern) {
 }
 
 // Each keyword in a line of its own.
-std::string Joined(const KeywordLists& lists) {
+std::string Joined(const ExtraKeywordList& list) {
   std::u16string text;
-  for (const ExtraKeyword& keyword : lists.extraKeywords.Keywords()) {
+  for (const ExtraKeyword& keyword : list.Keywords()) {
     const auto* const plus = keyword.hasContextPattern ? u"+" : u"";
     text += keyword.wildcardPattern + plus + keyword.contextPattern + u"\n";
   }
   return EncodeUtf8(text);
 }
 
-// Takes the keywords under the settings; gives them, or nothing where they are refused.
-std::string CheckKeywords(ConcordanceSettings settings) {
-  SilentInterface ui;
-  KeywordLists lists;
-  lists.extraKeywords = ExtraKeywordList({ExtraKeywordOf(u"old")});
-  if (!GetExtraKeywords(settings, lists, ui)) {
-    RequireSame(Joined(lists), "old\n", "refused keywords leave the list as it was");
-    return {};
-  }
-  std::string keywords = Joined(lists);
-  Require(GetExtraKeywords(settings, lists, ui), "tidied keywords are accepted");
-  RequireSame(Joined(lists), keywords, "tidied keywords are the same");
-  return keywords;
+// The keywords that are taken under the settings, or nothing where they are refused.
+std::string CheckKeywords(const ConcordanceSettings& settings) {
+  const std::string tidied = TidyExtraKeywords(settings.extraKeywords);
+  RequireSame(TidyExtraKeywords(tidied), tidied, "tidied keywords stay as they are");
+  const Result<ExtraKeywordList> keywords = ExtraKeywordsOf(tidied, settings);
+  if (keywords) return Joined(*keywords);
+  const bool isCharacter = keywords.Why().kind == FaultKind::notAllowedInKeyword;
+  Require(isCharacter != keywords.Why().reason.empty(), "a bad character is named");
+  Require(tidied.find(keywords.Why().reason) != std::string::npos, "and is one of them");
+  return {};
 }
 
 }  // namespace

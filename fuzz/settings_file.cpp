@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           "the record holds allowed values");
   Require(!starting || settings.mode == Mode::create, "the program starts in create mode");
   if (!state.errorText.empty()) return 0;
-  RequireSame(SaveState(settings, path), "", "a record can be saved");
+  RequireSame(SaveState(settings, path, {}), "", "a record can be saved");
   ConcordanceSettings restored;
   RequireSame(RestoreSavedState(restored, path, false).errorText, "", "and restored");
   Require(ValuesOf(restored) == ValuesOf(settings), "as it was");

@@ -15,28 +15,18 @@ namespace {
 
 // The lines of a file, taken off one by one and each repaired for itself.
 std::string JoinedNaively(std::string bytes, const ReadOptions& options) {
-  const char* const separators[] = {"\r\n", " ", " / "};
   if (options.convertUtf8 && bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
   bytes = naive::Replace(bytes, "\r\n", "\r");
+  const char* const separator = options.join == LineJoin::blank ? " " : " / ";
   std::string text;
-  for (std::int64_t kept = 0; !bytes.empty() && (kept == 0 || kept != options.maxLines);) {
+  while (!bytes.empty()) {
     std::string line = bytes.substr(0, bytes.find('\r'));
     bytes.erase(0, line.size() + 1);
-    if (options.skipEmptyLines && line.empty()) continue;
-    ++kept;
-    if (options.convertUtf8) line = naive::RepairUtf8(line);
-    if (options.convertUtf8 && options.cleanUp) line = naive::PlainPunctuation(line);
-    text += (text.empty() ? "" : separators[static_cast<int>(options.join)]) + line;
+    if (line.empty()) continue;
+    if (options.convertUtf8) line = naive::PlainPunctuation(naive::RepairUtf8(line));
+    text += (text.empty() ? "" : separator) + line;
   }
   return text;
-}
-
-std::string Joined(std::string_view bytes, std::size_t pieceLength, const ReadOptions& options) {
-  LineJoiner joiner(options, 0);
-  while (!bytes.empty() && joiner.Add(bytes.substr(0, pieceLength))) {
-    bytes.remove_prefix(std::min(bytes.size(), pieceLength));
-  }
-  return joiner.Finish().text;
 }
 
 void CheckRepairs(const std::string& bytes) {
@@ -74,17 +64,12 @@ void CheckCodecs(const std::string& bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzInput input(data, size);
-  ReadOptions options;
-  options.skipEmptyLines = input.Flag();
-  options.cleanUp = input.Flag();
-  options.join = static_cast<LineJoin>(input.Number(3));
-  options.maxLines = input.Number(4);
-  const std::size_t pieceLength = 1 + static_cast<std::size_t>(input.Number(7));
+  const LineJoin join = input.Flag() ? LineJoin::blank : LineJoin::slash;
   const std::string bytes = input.Rest();
   for (const bool convertUtf8 : {false, true}) {
-    options.convertUtf8 = convertUtf8;
-    RequireSame(Joined(bytes, pieceLength, options), JoinedNaively(bytes, options),
-                "LineJoiner is its naive form");
+    const ReadOptions options = {convertUtf8, join};
+    RequireSame(ReadTextFile(bytes, options), JoinedNaively(bytes, options),
+                "ReadTextFile is its naive form");
   }
   CheckRepairs(bytes);
   CheckCodecs(bytes);

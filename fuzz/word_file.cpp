@@ -3,11 +3,10 @@
 #include "lists/word_file.h"
 
 #include "fuzz_input.h"
-#include "lists/keywords.h"
-#include "lists/stop_words.h"
+#include "run/silent_conversation.h"
+#include "run/word_lists.h"
 #include "util/characters.h"
 #include "util/make_singular.h"
-#include "util/silent_interface.h"
 
 namespace quorvel::fuzz {
 namespace {
@@ -20,7 +19,7 @@ bool IsPlain(char16_t ch) { return ch > u' ' && ch < 128 && ch != u'*'; }
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const FuzzFolder folder;
   const std::string bytes = FuzzInput(data, size).Rest();
-  SilentInterface ui;
+  SilentConversation ui;
   SortedWords words = *WordsOfFileBytes(bytes, ui);
   std::string lines;
   bool plain = true;
@@ -28,13 +27,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     lines += EncodeUtf8(word) + "\r\n";
     plain = plain && std::ranges::all_of(word, IsPlain);
   }
-  Require(!plain || WordsOfFileBytes(lines, ui) == words, "plain words come back");
+  Require(!plain || *WordsOfFileBytes(lines, ui) == words, "plain words come back");
   const std::string path = folder.Write("words.txt", bytes);
   StopWordList stopWords;
   KeywordLists keywords;
   const bool readable = ReadStopWordsFile(path, stopWords, ui);
   Require(ReadKeywordsFile(path, keywords, ui) == readable, "both lists read the same files");
   if (!readable) return 0;
+  Require(keywords.fileKeywords == KeywordsOfFile(words), "keywords are those of the words");
   std::sort(words.begin(), words.end());
   Require(stopWords.words == words, "stop words are all words");
   std::erase_if(words, [](const auto& word) { return !std::ranges::all_of(word, IsLetter); });

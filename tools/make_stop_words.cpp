@@ -16,6 +16,8 @@
 #include <vector>
 
 #include "files/file_system.h"
+#include "files/output_file.h"
+#include "files/read_file.h"
 #include "lists/languages.h"
 #include "lists/word_file.h"
 #include "util/ansi.h"
@@ -37,7 +39,9 @@ void AddForms(std::u16string word, WordSet& forms) {
 
 // The words of a plain list with their derived forms; none where it cannot be read.
 WordSet FormsOfList(const std::string& path) {
-  const std::u16string text = DecodeUtf8(ReadFileBytes(path).bytes);
+  SilentProgress nobody;
+  const Result<InputBytes> list = ReadInput(path, nobody);
+  const std::u16string text = DecodeUtf8(list ? list->View() : "");
   WordSet forms;
   std::u16string_view rest = text;
   while (!rest.empty()) {
@@ -56,7 +60,7 @@ bool WriteList(const Language& language, const WordSet& forms, const std::string
                       ".\r\nMade by tools/make_stop_words from data/stopwords: change the lists "
                       "there, not this file.\r\n*/\r\n";
   for (const std::u16string& word : forms) bytes += EncodeUtf8(word) + "\r\n";
-  OutputFile file(JoinPath(folder, std::string(language.stopWordsFile)));
+  OutputFile file(JoinPath(folder, std::string(language.stopWordsFile)), {});
   file.Write(bytes);
   return file.Commit();
 }

@@ -18,18 +18,20 @@
 #include <cstdio>
 #include <ctime>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "files/path_names.h"
 #include "lists/languages.h"
-#include "lists/stop_words.h"
-#include "run/run_driver.h"
+#include "run/session.h"
+#include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
+#include "run/word_lists.h"
+#include "ui/find_bar.h"
 #include "ui/main_window.h"
 #include "ui/pop_up.h"
 #include "ui/window_interface.h"
-#include "util/silent_interface.h"
 
 namespace quorvel {
 namespace {
@@ -156,38 +158,51 @@ class TimedInterface : public WindowInterface {
 
 ConversationControls ControlsOf(MainWindow& window) {
   const auto label = [&window](const char* name) { return window.findChild<QLabel*>(name); };
-  return {&window,
-          window.findChild<QPlainTextEdit*>("txbOutput"),
-          window.findChild<QPushButton*>("cmdListWords"),
-          window.findChild<QLineEdit*>("txbFile_3"),
-          {label("lblNumberOfWords"), label("lblNumOccurrences"), label("lblKeywordsFound"),
-           label("lblTotalNumOccurrences"), label("lblTwirler")}};
+  return {
+      .window = &window,
+      .output = window.findChild<QPlainTextEdit*>("txbOutput"),
+      .stopButton = window.findChild<QPushButton*>("cmdListWords"),
+      .outputFileBox = window.findChild<QLineEdit*>("txbFile_3"),
+      .labels = {label("lblNumberOfWords"), label("lblNumOccurrences"), label("lblKeywordsFound")},
+      .progressBar = label("lblTotalNumOccurrences"),
+      .busyIndicator = label("lblTwirler"),
+      .timeElapsed = label("lblTimeElapsed"),
+      .listingShown = label("lblListingShown"),
+      .findBar = window.findChild<FindBar*>()};
+}
+
+// A session that lists the input as the window does.
+std::unique_ptr<Session> SessionOn(const std::string& input, Conversation& ui) {
+  auto session = std::make_unique<Session>(ui);
+  SilentConversation nobody;
+  ConcordanceSettings& settings = session->Settings();
+  settings.inputFile = input;
+  settings.outputFile = DefaultConcordanceFileName(input);
+  settings.stopWordsFile = StopWordsPath(session->RecognizeLanguage().value_or(LANGUAGES.front()));
+  (void)ReadStopWordsFile(settings.stopWordsFile, session->Lists().stopWords, nobody);
+  return session;
+}
+
+double TimeOfRun(Session& session) {
+  const double start = ProcessorTime(CLOCK_PROCESS_CPUTIME_ID);
+  session.RunConcordance();
+  return ProcessorTime(CLOCK_PROCESS_CPUTIME_ID) - start;
 }
 
 void MeasureYields(MainWindow& window, const std::string& input) {
   TimedInterface ui(ControlsOf(window));
-  SilentInterface nobody;
-  RunState state;
-  ConcordanceSettings& settings = state.settings;
-  settings.inputFile = input;
-  settings.outputFile = DefaultConcordanceFileName(input);
-  settings.stopWordsFile =
-      StopWordsPath(RecognizeInputLanguage(input, nobody).value_or(LANGUAGES.front()));
-  if (!ReadStopWordsFile(settings.stopWordsFile, state.lists.stopWords, nobody)) return;
-  const auto run = [&state](UserInterface& listener) {
-    const double start = ProcessorTime(CLOCK_PROCESS_CPUTIME_ID);
-    (void)RunConcordance(state, listener);
-    return ProcessorTime(CLOCK_PROCESS_CPUTIME_ID) - start;
-  };
+  SilentConversation nobody;
+  const std::unique_ptr<Session> unheard = SessionOn(input, nobody);
+  const std::unique_ptr<Session> shown = SessionOn(input, ui);
   std::vector<double> silent;
   std::vector<double> heard;
   std::vector<double> yielded;
   for (int round = 0; round < ROUNDS; ++round) {
-    silent.push_back(run(nobody));
+    silent.push_back(TimeOfRun(*unheard));
     ui.yielded = 0;
     ui.SetOutput("");
     ui.BeginWork();
-    heard.push_back(run(ui));
+    heard.push_back(TimeOfRun(*shown));
     ui.EndWork();
     yielded.push_back(ui.yielded);
   }

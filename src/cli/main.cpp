@@ -2,17 +2,14 @@
 
 #include <cstdio>
 #include <exception>
+#include <new>
 
 #include "cli/options.h"
 #include "cli/platform.h"
 #include "cli/terminal_interface.h"
 #include "cli/word_lists.h"
-#include "engine/run_state.h"
-#include "files/file_system.h"
-#include "output/concordance_file.h"
-#include "output/index_file.h"
-#include "run/run_driver.h"
-#include "settings/settings_file.h"
+#include "files/output_file.h"
+#include "run/session.h"
 
 namespace quorvel {
 namespace {
@@ -39,62 +36,78 @@ void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& 
          " could not be recognized; the stop words are the English ones.");
 }
 
-int SaveSettings(const ConcordanceSettings& settings, const std::string& path,
-                 TerminalInterface& ui) {
-  const std::string errorText = SaveState(settings, path);
-  if (errorText.empty()) return 0;
-  ui.Say(path + ": " + errorText);
+int SaveSettings(Session& session, const std::string& path, TerminalInterface& ui) {
+  const std::optional<std::string> errorText = session.SaveSettings(path);
+  if (errorText && errorText->empty()) return 0;
+  if (errorText) ui.Say(path + ": " + *errorText);
   return 1;
 }
 
 // What a script or its user wants to know of a run's files, beyond what the core says of them.
 // False when a file that was asked for is not there.
-bool ReportFiles(const RunState& state, RunOutcome outcome, bool languageKnown,
+bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool languageKnown,
                  TerminalInterface& ui) {
-  // A search is silent about a file that it cannot write.
-  if (outcome == RunOutcome::failed && !ui.HasSpoken() && !state.outputSink) {
-    ui.Say(WritingFailed(Mode::search));
+  const ListingReport& report = session.Report();
+  const ConcordanceSettings& settings = session.Settings();
+  if (outcome == RunOutcome::nothingFound) {
+    ui.Say("No words satisfying the conditions were found.");
   }
-  if (!state.fileFault.empty()) ui.Say(state.fileFault);
-  if (!languageKnown && state.outputWritten) SayLanguageUnknown(state.settings, ui);
-  return state.fileFault.empty();
+  if (report.wordsTooFrequent && settings.mode == Mode::search) {
+    ui.Say("The rows of --format tsv have no such limit.");
+  }
+  // A search is silent about a file that it cannot write.
+  const bool isSilent = settings.mode == Mode::search && format == OutputFormat::text;
+  const bool listingFailed = outcome == RunOutcome::failed && report.fileFault;
+  if (listingFailed && isSilent) ui.Say(WritingFailed(settings.mode));
+  if (report.fileFault) ui.Say(report.fileFault->file + ": " + report.fileFault->reason);
+  if (!languageKnown && report.written) SayLanguageUnknown(settings, ui);
+  return !report.fileFault;
+}
+
+SessionOptions OptionsOf(const CommandLine& commandLine) {
+  SessionOptions options;
+  options.outputFormat = commandLine.format;
+  options.encodingChoice = commandLine.encodingChoice;
+  options.listsOnce = true;
+  if (commandLine.toStandardOutput) {
+    LetStandardOutputBeBytes();
+    options.outputSink = WriteToStandardOutput;
+  }
+  return options;
+}
+
+int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
+  const bool saves = !commandLine.settingsFileToSave.empty();
+  const bool languageKnown = (!saves && session.Settings().mode != Mode::create) ||
+                             SettleStopWordsFile(commandLine.language, session);
+  if (saves) {
+    if (!languageKnown) SayLanguageUnknown(session.Settings(), ui);
+    return SaveSettings(session, commandLine.settingsFileToSave, ui);
+  }
+  // The list of the input's own language is no news.
+  if (!LoadWordLists(session, commandLine.language != "auto", ui)) {
+    return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
+  }
+  if (commandLine.useIndex) session.UseIndexFile();
+  const RunOutcome outcome = session.RunConcordance();
+  const bool filesWritten = ReportFiles(session, outcome, commandLine.format, languageKnown, ui);
+  const int status = ExitStatusOf(outcome);
+  return status == 0 && !filesWritten ? 1 : status;
 }
 
 int Run(const CommandLine& commandLine) {
   TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet, commandLine.settings.inputFile);
-  RunState state;
-  state.settings = commandLine.settings;
+  Session session(ui, OptionsOf(commandLine));
+  session.Settings() = commandLine.settings;
+  if (!commandLine.settingsFile.empty()) session.KeepSettingsFile(commandLine.settingsFile);
   StopOnSignals();
-  const bool saves = !commandLine.settingsFileToSave.empty();
-  const bool languageKnown = (!saves && state.settings.mode != Mode::create) ||
-                             SettleStopWordsFile(commandLine.language, state.settings, ui);
-  if (saves) {
-    if (!languageKnown) SayLanguageUnknown(state.settings, ui);
-    return SaveSettings(state.settings, commandLine.settingsFileToSave, ui);
-  }
-  state.listsOnce = true;
-  state.outputFormat = commandLine.format;
-  state.encodingChoice = commandLine.encodingChoice;
-  if (commandLine.toStandardOutput) {
-    LetStandardOutputBeBytes();
-    state.outputSink = WriteToStandardOutput;
-  }
-  // The list of the input's own language is no news.
-  if (!LoadWordLists(state, commandLine.language != "auto", ui)) {
-    return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
-  }
-  if (commandLine.useIndex) ReadIndexFile(state, false, ui);
-  const RunOutcome outcome = RunConcordance(state, ui);
-  if (outcome == RunOutcome::nothingFound) {
-    ui.Say("No words satisfying the conditions were found.");
-  }
-  const bool filesWritten = ReportFiles(state, outcome, languageKnown, ui);
+  int status = 1;
+  session.Enter([&] { status = RunOnce(commandLine, session, ui); });
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     ui.Say("An error occurred when writing to standard output.");
     return 1;
   }
-  const int status = ExitStatusOf(outcome);
-  return status == 0 && !filesWritten ? 1 : status;
+  return status;
 }
 
 }  // namespace
@@ -109,6 +122,9 @@ int main(int argumentCount, char** arguments) try {
   return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);
 } catch (const quorvel::EndRequested& request) {
   quorvel::EndBySignal(request.signal);
+} catch (const std::bad_alloc&) {
+  std::fputs("quorvel-cli: There is not enough memory.\n", stderr);
+  return 1;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "quorvel-cli: %s\n", error.what());  // NOLINT(*-vararg)
   return 1;

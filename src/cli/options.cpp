@@ -284,6 +284,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   Parse(arguments, commandLine, raw);
   if (commandLine.exitStatus || raw.settingsFile.empty()) return commandLine;
   CommandLine withSettings;
+  withSettings.settingsFile = raw.settingsFile;
   const RestoredState restored = RestoreSavedState(withSettings.settings, raw.settingsFile, false);
   if (!restored.errorText.empty()) {
     std::cerr << "quorvel-cli: " << raw.settingsFile << ": " << restored.errorText << '\n';

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "cli/terminal_interface.h"
-#include "engine/run_state.h"
-#include "input/document_text.h"
+#include "run/input_check.h"
+#include "run/listing_run.h"
 #include "settings/settings.h"
 
 namespace quorvel {
@@ -17,6 +17,7 @@ struct CommandLine {
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
   std::string language;  // whose stop words; empty: of the file that the settings name
   bool useIndex = false;
+  std::string settingsFile;        // that the settings come from, if any
   std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
   OutputFormat format = OutputFormat::text;
   bool toStandardOutput = false;

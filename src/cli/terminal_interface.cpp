@@ -81,10 +81,10 @@ void TerminalInterface::AppendOutput(std::string_view text) {
 // The listing goes to its file; the output box of a window has no place here.
 void TerminalInterface::SetOutput(std::string_view /*text*/) {}
 
-void TerminalInterface::SetLabel(Label label, std::string_view text) {
-  if (!showsProgress_ || label != Label::progressBar) return;
-  if (text.empty()) return ClearBar();
-  std::cerr << '\r' << text << std::flush;
+void TerminalInterface::ShowBar(std::string_view caption) {
+  if (!showsProgress_) return;
+  if (caption.empty()) return ClearBar();
+  std::cerr << '\r' << caption << std::flush;
   barShown_ = true;
 }
 
@@ -100,11 +100,6 @@ Answer TerminalInterface::Ask(const Message& message) {
   const bool canAsk = IsTerminal(Stream::input) && IsTerminal(Stream::error);
   return canAsk ? AskAtTerminal(message) : message.preset;
 }
-
-void TerminalInterface::PopUp(std::string_view /*text*/) {}
-
-// Ctrl-C is always there.
-void TerminalInterface::OfferStop(bool /*offered*/) {}
 
 void TerminalInterface::YieldNow() {
   const int signal = interrupted;
@@ -122,7 +117,6 @@ void TerminalInterface::Say(std::string_view text) {
 // In one go, so that the lines of several runs do not mix.
 void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();
-  spoken_ = true;
   std::cerr << "quorvel-cli: " + OneLine(text) + '\n' << std::flush;
 }
 

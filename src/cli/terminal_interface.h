@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
-#include "util/user_interface.h"
+#include "run/conversation.h"
 
 namespace quorvel {
 
 enum class AnswerPolicy { yes, no, preset };
 
-class TerminalInterface : public UserInterface {
+class TerminalInterface : public Conversation {
  public:
   // Without a policy, questions are asked where a terminal shows and answers them, and
   // take their default button elsewhere. Progress is shown only on a terminal; with
@@ -21,18 +21,19 @@ class TerminalInterface : public UserInterface {
 
   void AppendOutput(std::string_view text) override;
   void SetOutput(std::string_view text) override;
-  void SetLabel(Label label, std::string_view text) override;
+  void ShowBar(std::string_view caption) override;
   Answer Ask(const Message& message) override;
-  void PopUp(std::string_view text) override;
-  void OfferStop(bool offered) override;
+  // What only a window has.
+  void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
+  void SayWhatIsShown(const ListingShown& /*listing*/) override {}
+  void CountSeconds(bool /*counting*/) override {}
+  void PopUp(std::string_view /*text*/) override {}
+  void OfferStop(bool /*offered*/) override {}  // Ctrl-C is always there
   void YieldNow() override;
 
   // Writes the text to standard error, as one line that names the program and the input
   // file: several runs may share one log.
   void Say(std::string_view text);
-
-  // Whether anything but progress has been said.
-  [[nodiscard]] bool HasSpoken() const { return spoken_; }
 
  private:
   void WriteLine(std::string_view text);
@@ -43,7 +44,6 @@ class TerminalInterface : public UserInterface {
   std::string inputFile_;
   bool showsProgress_;
   bool barShown_ = false;
-  bool spoken_ = false;
 };
 
 // Leaves YieldNow when the system wants the program to end: on the way out all that is

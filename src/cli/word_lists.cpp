@@ -4,15 +4,17 @@
 #include <optional>
 
 #include "run/stop_word_choice.h"
+#include "run/word_lists.h"
 
 namespace quorvel {
 namespace {
 
-bool LoadKeywords(RunState& state, UserInterface& ui) {
-  const std::string& path = state.settings.keywordsFile;
+bool LoadKeywords(Session& session, Conversation& ui) {
+  const std::string& path = session.Settings().keywordsFile;
+  KeywordLists& keywords = session.Lists().keywords;
   if (path.empty()) return true;
-  if (!ReadKeywordsFile(path, state.lists.keywords, ui)) return false;
-  ui.Tell(KeywordsLoadedText(state.lists.keywords, path), "Keywords to search for", Icon::none);
+  if (!ReadKeywordsFile(path, keywords, ui)) return false;
+  ui.Tell(KeywordsLoadedText(keywords, path), "Keywords to search for", Icon::none);
   return true;
 }
 
@@ -22,11 +24,11 @@ const Language& LanguageByCode(const std::string& code) {
   return found != LANGUAGES.end() ? *found : ALL_LANGUAGES;
 }
 
-bool LoadStopWords(RunState& state, bool tell, UserInterface& ui) {
-  const std::string path = state.settings.stopWordsFile;
-  StopWordList& list = state.lists.stopWords;
+bool LoadStopWords(Session& session, bool tell, Conversation& ui) {
+  const std::string path = session.Settings().stopWordsFile;
+  StopWordList& list = session.Lists().stopWords;
   if (path.empty()) return true;
-  if (tell) return AttemptToReadStopWords(path, state.settings, list, ui);
+  if (tell) return AttemptToReadStopWords(path, session.Settings(), list, ui);
   if (!ReadStopWordsFile(path, list, ui)) return false;
   ui.AppendOutput(StopWordsLoadedText(list, path) + "\r\n");
   return true;
@@ -34,18 +36,18 @@ bool LoadStopWords(RunState& state, bool tell, UserInterface& ui) {
 
 }  // namespace
 
-bool SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings,
-                         UserInterface& ui) {
+bool SettleStopWordsFile(const std::string& language, Session& session) {
+  ConcordanceSettings& settings = session.Settings();
   if (!settings.stopWordsFile.empty() || language.empty() || language == "none") return true;
   std::optional<Language> chosen = LanguageByCode(language);
-  if (language == "auto") chosen = RecognizeInputLanguage(settings.inputFile, ui);
+  if (language == "auto") chosen = session.RecognizeLanguage();
   settings.stopWordsFile = StopWordsPath(chosen.value_or(LANGUAGES.front()));
   return chosen.has_value();
 }
 
-bool LoadWordLists(RunState& state, bool tellStopWords, UserInterface& ui) {
-  if (state.settings.mode == Mode::search) return LoadKeywords(state, ui);
-  return LoadStopWords(state, tellStopWords, ui);
+bool LoadWordLists(Session& session, bool tellStopWords, Conversation& ui) {
+  if (session.Settings().mode == Mode::search) return LoadKeywords(session, ui);
+  return LoadStopWords(session, tellStopWords, ui);
 }
 
 }  // namespace quorvel

@@ -3,20 +3,18 @@
 
 #include <string>
 
-#include "engine/run_state.h"
-#include "util/user_interface.h"
+#include "run/session.h"
 
 namespace quorvel {
 
 // Puts the stop-words file of `language` into the settings, unless these name one:
 // `language` is a language's code, "all", "auto" for the language of the input, "none"
 // or empty. False when the input's language could not be told, and English is taken for it.
-[[nodiscard]] bool SettleStopWordsFile(const std::string& language, ConcordanceSettings& settings,
-                                       UserInterface& ui);
+[[nodiscard]] bool SettleStopWordsFile(const std::string& language, Session& session);
 
 // Reads the keywords of a search, or the stop words of a concordance, from the files that
 // the settings name. With `tellStopWords` off their number is progress, no message. False
 // when a list could not be read (the user has been told) or the user stopped.
-[[nodiscard]] bool LoadWordLists(RunState& state, bool tellStopWords, UserInterface& ui);
+[[nodiscard]] bool LoadWordLists(Session& session, bool tellStopWords, Conversation& ui);
 
 }  // namespace quorvel

@@ -25,12 +25,15 @@ bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
          BinarySearch(lists.stopWords.numberWords, word);
 }
 
-void ApplyAdmissionFilters(WordTable& table, const ConcordanceSettings& settings,
-                           const WordLists& lists) {
-  for (WordEntry& entry : table.entries) {
-    entry.include = settings.mode == Mode::create ? IsListed(entry, settings, lists)
-                                                  : IsSearchWord(entry.word, lists.keywords);
+IncludeFlags ApplyAdmissionFilters(const WordTable& table, const ConcordanceSettings& settings,
+                                   const WordLists& lists) {
+  IncludeFlags include;
+  include.reserve(table.entries.size());
+  for (const WordEntry& entry : table.entries) {
+    include.push_back(settings.mode == Mode::create ? IsListed(entry, settings, lists)
+                                                    : IsSearchWord(entry.word, lists.keywords));
   }
+  return include;
 }
 
 }  // namespace quorvel

@@ -1,7 +1,7 @@
 // Decides which entries of a finished word table are listed.
 #pragma once
 
-#include "engine/word_table.h"
+#include "engine/words.h"
 #include "lists/keywords.h"
 #include "lists/stop_words.h"
 #include "settings/settings.h"
@@ -21,9 +21,10 @@ struct WordLists {
 [[nodiscard]] bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
                               const WordLists& lists);
 
-// Sets the `include` flag of every entry: in create mode by the settings and the stop
-// words, in search mode by the keywords alone.
-void ApplyAdmissionFilters(WordTable& table, const ConcordanceSettings& settings,
-                           const WordLists& lists);
+// Which entries are listed: in create mode by the settings and the stop words, in search mode by
+// the keywords alone.
+[[nodiscard]] IncludeFlags ApplyAdmissionFilters(const WordTable& table,
+                                                 const ConcordanceSettings& settings,
+                                                 const WordLists& lists);
 
 }  // namespace quorvel

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "engine/tokenizer.h"
+#include "input/double_hyphens.h"
 #include "util/ansi.h"
 #include "util/characters.h"
 

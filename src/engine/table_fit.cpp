@@ -89,12 +89,12 @@ void PrefetchEnds(const std::vector<std::int32_t>& positions, std::u16string_vie
   }
 }
 
-bool WordFits(const WordEntry& entry, std::u16string_view text) {
+bool WordFits(const WordEntry& entry, bool included, std::u16string_view text) {
   constexpr std::size_t AHEAD = 8;
   const std::vector<std::int32_t>& positions = entry.positions;
   const Spelling spelling(entry.word);
   const bool givesItself = GivesItself(entry.word);
-  const std::size_t step = entry.include ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
+  const std::size_t step = included ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
   if (static_cast<std::size_t>(positions.back()) > text.size()) return false;
   for (std::size_t k = 0; k < positions.size(); k += step) {
     const auto position = static_cast<std::size_t>(positions[k]);
@@ -119,14 +119,14 @@ bool HoldsWord(std::u16string_view text, std::size_t position) {
 
 }  // namespace
 
-bool TableFitsText(const WordTable& table, std::u16string_view text) {
+bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16string_view text) {
   constexpr std::size_t AHEAD = 16;
   if (table.positionWidth != PositionWidth(text.size())) return false;
   std::size_t lastEnd = 1;
   for (std::size_t i = 0; i < table.entries.size(); ++i) {
     if (i + AHEAD < table.entries.size()) PrefetchEnds(table.entries[i + AHEAD].positions, text);
     const WordEntry& entry = table.entries[i];
-    if (!MayBeScanned(entry.word) || !WordFits(entry, text)) return false;
+    if (!MayBeScanned(entry.word) || !WordFits(entry, include[i], text)) return false;
     const auto last = static_cast<std::size_t>(entry.positions.back());
     lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));
   }

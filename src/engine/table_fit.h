@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "engine/word_table.h"
+#include "engine/words.h"
 
 namespace quorvel {
 
@@ -13,6 +13,7 @@ namespace quorvel {
 // made from the same file under other settings (encoding, lists left out) never fits,
 // since these move whatever follows. Places must ascend. Not looked for: words left out
 // of the table between others.
-[[nodiscard]] bool TableFitsText(const WordTable& table, std::u16string_view text);
+[[nodiscard]] bool TableFitsText(const WordTable& table, const IncludeFlags& include,
+                                 std::u16string_view text);
 
 }  // namespace quorvel

@@ -9,7 +9,6 @@
 #include "engine/word_tests.h"
 #include "lists/keyword_beginnings.h"
 #include "util/characters.h"
-#include "util/find_pair.h"
 #include "util/make_singular.h"
 #include "util/progress_bar.h"
 
@@ -35,11 +34,11 @@ std::u16string_view StripHyphens(std::u16string_view token) {
 // are looked up. Waiting for each would take as long as all the rest.
 class Scan {
  public:
-  Scan(std::u16string_view text, WordTable& table, UserInterface& ui, const KeywordLists* sought)
+  Scan(std::u16string_view text, WordTable& table, Progress& progress, const KeywordLists* sought)
       : text_(text),
         table_(table),
-        ui_(ui),
-        bar_(ui),
+        progress_(progress),
+        bar_(progress),
         known_(text, table, sought),
         edges_(text, sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
     if (sought != nullptr) beginnings_.emplace(*sought);
@@ -54,6 +53,7 @@ class Scan {
   // Records the words that they stand for.
   void RecordWords() {
     std::size_t found = 0;
+    progress_.NoteWordsFound(table_.WordCount());
     for (std::size_t i = 0; i < cut_ && !stopped_; ++i) {
       const TokenMeaning meaning = known_.MeaningOf(keys_[i]);
       if (meaning.entry == TokenMeaning::NO_WORD) continue;
@@ -79,7 +79,7 @@ class Scan {
       const std::size_t end = edges_.Next();
       // The last character is never looked at as the start of a word.
       if (begin + 1 >= text_.size()) break;
-      ui_.Yield();
+      progress_.Yield();
       if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, end - begin);
     }
     return cut_ > 0 && !stopped_;
@@ -104,8 +104,8 @@ class Scan {
   // Shows how far the scan has come and lets events run; false after a stop.
   bool GoesOn(std::int64_t position) {
     bar_.Update(position, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
-    ui_.Yield();
-    return !ui_.StopRequested();
+    progress_.Yield();
+    return !progress_.StopRequested();
   }
 
   struct Occurrence {
@@ -115,7 +115,7 @@ class Scan {
 
   std::u16string_view text_;
   WordTable& table_;
-  UserInterface& ui_;
+  Progress& progress_;
   ProgressBar bar_;
   KnownTokens known_;
   TokenEdges edges_;
@@ -127,15 +127,6 @@ class Scan {
 };
 
 }  // namespace
-
-void BlankDoubleHyphens(std::string& text) {
-  for (std::size_t p = FindPair(text, 0, '-', '-'); p < text.size();
-       p = FindPair(text, p + 2, '-', '-')) {
-    const bool inOpening = p >= 2 && text.compare(p - 2, 4, "<!--") == 0;
-    const bool inClosing = text.compare(p, 3, "-->") == 0;
-    if (p >= 2 && !inOpening && !inClosing) text[p] = text[p + 1] = ' ';
-  }
-}
 
 std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition) {
   const std::size_t length = LetterRunLength(text, scanPosition);
@@ -172,9 +163,9 @@ TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
   return span;
 }
 
-void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui,
+void GetWords(std::u16string_view text, WordTable& table, Progress& progress,
               const KeywordLists* sought) {
-  Scan scan(text, table, ui, sought);
+  Scan scan(text, table, progress, sought);
   while (scan.CutTokens()) scan.RecordWords();
 }
 

@@ -5,18 +5,13 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "engine/word_table.h"
 #include "lists/keywords.h"
-#include "util/user_interface.h"
+#include "util/progress.h"
 
 namespace quorvel {
-
-// Makes blanks of double hyphens in a text of Windows-1252 bytes, except in the first two and in
-// the comment marks "<!--" and "-->". The length stays, so places stay valid.
-void BlankDoubleHyphens(std::string& text);
 
 // A shorter word is never recorded. In characters.
 inline constexpr std::size_t MIN_WORD_LENGTH = 3;
@@ -48,7 +43,7 @@ struct TextSpan {
 // Scans a text whose double hyphens are blanked and adds its words to the table; of these
 // only the `sought` ones, where such are given, which is much faster. Ends early when a stop is
 // requested, after the word at hand.
-void GetWords(std::u16string_view text, WordTable& table, UserInterface& ui,
+void GetWords(std::u16string_view text, WordTable& table, Progress& progress,
               const KeywordLists* sought = nullptr);
 
 }  // namespace quorvel

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
 #include "util/characters.h"
@@ -29,8 +28,6 @@ WordEntry NewWordEntry(std::u16string_view word) {
   entry.sortKey = ToLowerCase(FoldForKey(word));
   return entry;
 }
-
-void EmptyWordTable(WordTable& table) { table = WordTable{}; }
 
 // By logarithms, not by counting digits: the quotient falls just below some powers
 // of ten (1000 gives 2.9999999999999996, so 3 digits). Every offset is smaller
@@ -64,44 +61,6 @@ void SortWordTable(WordTable& table) {
   sorted.reserve(entries.size());
   for (const Place& place : places) sorted.push_back(std::move(entries[place.entry]));
   entries.swap(sorted);
-}
-
-void CountIncludedWords(WordTable& table) {
-  table.includedCount = 0;
-  table.totalOccurrences = 0;
-  for (const WordEntry& entry : table.entries) {
-    if (!entry.include) continue;
-    ++table.includedCount;
-    table.totalOccurrences += entry.Count();
-  }
-}
-
-void BuildFrequencyChain(WordTable& table) {
-  constexpr unsigned HALF = 32;
-  constexpr std::uint64_t LOW_HALF = (std::uint64_t{1} << HALF) - 1;
-  // Numbers that are sorted without a look at the entries: what the count lacks of the largest
-  // one, and the entry.
-  std::vector<std::uint64_t> chain;
-  chain.reserve(static_cast<std::size_t>(table.includedCount));
-  for (std::int32_t i = 1; i <= table.WordCount(); ++i) {
-    WordEntry& entry = table.entries[static_cast<std::size_t>(i) - 1];
-    entry.frequencyPrev = 0;
-    entry.frequencyNext = 0;
-    const auto lack = LOW_HALF - static_cast<std::uint64_t>(entry.Count());
-    if (entry.include) chain.push_back(lack << HALF | static_cast<std::uint64_t>(i));
-  }
-  std::sort(chain.begin(), chain.end());
-  const auto numberAt = [&chain](std::size_t k) {
-    return static_cast<std::int32_t>(chain[k] & LOW_HALF);
-  };
-  const auto entryAt = [&table, &numberAt](std::size_t k) -> WordEntry& {
-    return table.entries[static_cast<std::size_t>(numberAt(k)) - 1];
-  };
-  for (std::size_t k = 1; k < chain.size(); ++k) {
-    entryAt(k - 1).frequencyNext = numberAt(k);
-    entryAt(k).frequencyPrev = numberAt(k - 1);
-  }
-  table.frequencyHead = chain.empty() ? 0 : numberAt(0);
 }
 
 }  // namespace quorvel

@@ -1,8 +1,8 @@
-// The distinct words of one run, each with the places where it occurs.
+// The distinct words of one document, each with the places where it occurs.
 //
-// Filled by AddWordToList while the text is scanned, then sorted by folded key and
-// threaded by frequency. Not a dictionary: spellings that differ in case or accent
-// are different words.
+// Filled by AddWordToList while the text is scanned, then sorted by folded key. Not a dictionary:
+// spellings that differ in case or accent are different words. Which of them are listed is no
+// matter of the table.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +16,8 @@ namespace quorvel {
 inline constexpr std::size_t MAX_WORD_LENGTH = 30;
 
 struct WordEntry {
-  std::u16string word;             // the spelling
-  std::u16string sortKey;          // lower case, umlauts and accents folded
-  std::int32_t frequencyPrev = 0;  // 1-based entries of the frequency chain, 0 at its ends
-  std::int32_t frequencyNext = 0;
-  bool include = true;                  // whether the entry is listed
+  std::u16string word;                  // the spelling
+  std::u16string sortKey;               // lower case, umlauts and accents folded
   std::vector<std::int32_t> positions;  // 1-based places in the text, in text order
 
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(positions.size()); }
@@ -28,19 +25,13 @@ struct WordEntry {
 
 struct WordTable {
   std::vector<WordEntry> entries;
-  int positionWidth = 1;           // digits that a position is written with
-  std::int32_t frequencyHead = 0;  // 1-based entry, 0 for an empty chain
-  std::int32_t includedCount = 0;
-  std::int64_t totalOccurrences = 0;  // of the included entries
+  int positionWidth = 1;  // digits that a position is written with
 
   [[nodiscard]] std::int32_t WordCount() const { return static_cast<std::int32_t>(entries.size()); }
 };
 
 // A fresh entry for `word`, with its sort key and without any occurrence.
 [[nodiscard]] WordEntry NewWordEntry(std::u16string_view word);
-
-// Forgets all words.
-void EmptyWordTable(WordTable& table);
 
 // The width of a position in a text of `length` characters.
 [[nodiscard]] int PositionWidth(std::size_t length);
@@ -57,12 +48,5 @@ inline void AddWordToList(WordTable& table, std::int32_t entry, std::int32_t off
 // Puts the entries, which the scan leaves in the order of first occurrence, into
 // alphabetical order: by sort key, then by spelling. Nothing can be added after it.
 void SortWordTable(WordTable& table);
-
-// Counts the included entries and their occurrences.
-void CountIncludedWords(WordTable& table);
-
-// Links the included entries in the order of falling count, in table order where
-// counts are equal.
-void BuildFrequencyChain(WordTable& table);
 
 }  // namespace quorvel

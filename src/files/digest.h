@@ -1,56 +1,52 @@
 // The digest that ties a concordance and an index file to the exact input they
-// were made from: MD5 over the raw bytes of the file.
+// were made from: MD5 over its raw bytes.
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <future>
 #include <string>
+#include <string_view>
 
-#include "files/file_system.h"
-#include "util/user_interface.h"
+#include "files/read_file.h"
 
 namespace quorvel {
 
+// The digest of some bytes: 32 upper-case hexadecimal digits; empty for none.
+[[nodiscard]] std::string DigestOf(std::string_view bytes);
+
 struct FileDigest {
-  std::string text;  // 32 upper-case hexadecimal digits; empty when there is no digest
+  std::string text;  // empty when there is no digest
   int status = 0;    // 0 on success, else negative
   std::string message;
 };
 
 // The digest of a file: -1 for an empty file, -2 for a folder, -3 for a drive, -4
-// for no path, -5 when reading failed or was stopped. Lets events run meanwhile.
-[[nodiscard]] FileDigest ComputeFileDigest(const std::string& path, UserInterface& ui);
+// for no path, -5 when reading failed.
+[[nodiscard]] FileDigest ComputeFileDigest(const std::string& path);
 
-// A digest with what its file was like just before: as long as it is like that, the digest
-// need not be computed anew.
-struct InputDigest {
-  std::string path;
-  FileStamp stamp;
-  std::string text;  // empty when there is none
-};
-
-[[nodiscard]] InputDigest ComputeInputDigest(const std::string& path, UserInterface& ui);
-
-// Whether `digest` is that of the file at `path` as it is now.
-[[nodiscard]] bool IsDigestOf(const InputDigest& digest, const std::string& path);
-
-// Computes the digest of an input beside other work, where the system has a thread for that.
-class DigestUnderWay {
+// The digest of an input, computed beside other work where the system has a thread for that, and
+// else when it is asked for.
+class InputDigest {
  public:
-  explicit DigestUnderWay(const std::string& path);
+  // Lets go of the bytes as soon as they are done with.
+  explicit InputDigest(InputBytes input);
 
-  // Does not wait for a digest that nobody has taken.
-  ~DigestUnderWay() { wanted_ = false; }
+  // Does not wait for a digest that nobody wants any more.
+  ~InputDigest() { wanted_ = false; }
 
-  DigestUnderWay(const DigestUnderWay&) = delete;
-  DigestUnderWay& operator=(const DigestUnderWay&) = delete;
+  InputDigest(const InputDigest&) = delete;
+  InputDigest& operator=(const InputDigest&) = delete;
 
-  // To be called once.
-  [[nodiscard]] InputDigest Take() { return digest_.get(); }
+  // Waits for it up to that long; true when Text need not wait.
+  [[nodiscard]] bool IsThere(std::chrono::milliseconds patience) const;
+
+  // Waits for it.
+  [[nodiscard]] const std::string& Text() const { return digest_.get(); }
 
  private:
   std::atomic<bool> wanted_ = true;
-  std::future<InputDigest> digest_;  // its end waits for the thread, so it goes first
+  std::shared_future<std::string> digest_;  // its end waits for the thread, so it goes first
 };
 
 }  // namespace quorvel

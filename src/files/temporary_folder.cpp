@@ -2,25 +2,11 @@
 
 #include <exception>
 #include <utility>
+#include <vector>
 
 #include "files/file_system.h"
 
 namespace quorvel {
-namespace {
-
-bool Delete(const std::string& path, const std::string& complaint, UserInterface& ui) {
-  if (RemoveFileOrFolder(path)) return true;
-  ui.Tell(complaint, "Error");
-  return false;
-}
-
-// Here the path comes first, and a blank ends the text: so meant.
-bool DeleteFolder(const std::string& path, UserInterface& ui) {
-  return Delete(path, path + " when attempting to delete folder ", ui);
-}
-
-}  // namespace
-
 // Whether a name is free is told by making the folder: between a test and the
 // making, another program could take it.
 std::string CreateTemporaryFolder(const std::string& base, std::string_view tag) {
@@ -44,27 +30,43 @@ std::string CreateTemporaryFolder(const std::string& base, std::string_view tag)
   return {};
 }
 
-void RemoveTemporaryFolder(const std::string& folder, const std::string& entry, UserInterface& ui) {
+std::optional<Fault> RemoveTemporaryFolder(const std::string& folder, const std::string& entry) {
   const std::string file = JoinPath(folder, entry);
-  if (!Delete(file, "Error when attempting to delete " + file, ui)) return;
+  if (!RemoveFileOrFolder(file)) return Fault{FaultKind::fileNotRemoved, file, {}};
+  std::vector<std::string> folders;
   for (std::size_t end = entry.rfind('/'); end != std::string::npos && end > 0;
        end = entry.rfind('/', end - 1)) {
-    if (!DeleteFolder(JoinPath(folder, entry.substr(0, end)), ui)) return;
+    folders.push_back(JoinPath(folder, entry.substr(0, end)));
   }
-  DeleteFolder(folder, ui);
+  folders.push_back(folder);
+  for (const std::string& path : folders) {
+    if (!RemoveFileOrFolder(path)) return Fault{FaultKind::folderNotRemoved, path, {}};
+  }
+  return std::nullopt;
 }
 
-TemporaryFolder::TemporaryFolder(std::string_view tag, std::string entry, UserInterface& ui)
-    : entry_(std::move(entry)), ui_(ui), path_(CreateTemporaryFolder(TemporaryBase(), tag)) {}
+TemporaryFolder::TemporaryFolder(std::string_view tag, std::string entry)
+    : entry_(std::move(entry)), path_(CreateTemporaryFolder(TemporaryBase(), tag)) {}
+
+TemporaryFolder::TemporaryFolder(TemporaryFolder&& other) noexcept
+    : entry_(std::move(other.entry_)), path_(std::exchange(other.path_, {})) {}
 
 TemporaryFolder::~TemporaryFolder() {
-  if (path_.empty()) return;
   try {
-    RemoveTemporaryFolder(path_, entry_, ui_);
+    // Who wants to know what stayed has called it before.
+    [[maybe_unused]] const std::optional<Fault> stayed = Remove();
   } catch (const std::exception&) {
     // Nothing may leave from here, and there is nobody left to tell.
     return;
   }
+}
+
+std::string TemporaryFolder::EntryPath() const { return JoinPath(path_, entry_); }
+
+std::optional<Fault> TemporaryFolder::Remove() {
+  const std::string path = std::exchange(path_, {});
+  if (path.empty()) return std::nullopt;
+  return RemoveTemporaryFolder(path, entry_);
 }
 
 }  // namespace quorvel

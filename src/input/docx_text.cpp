@@ -2,16 +2,13 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <utility>
 
 #include "files/file_system.h"
-#include "files/path_names.h"
-#include "files/temporary_folder.h"
+#include "files/output_file.h"
 #include "input/utf8_repair.h"
 #include "input/zip_archive.h"
 #include "util/ansi.h"
-#include "util/progress_bar.h"
 
 // The walk over the XML knows four strings and no structure. What follows from
 // that is kept, since it decides which words a concordance holds: a run start is
@@ -36,72 +33,6 @@ constexpr std::size_t LARGEST_WITHOUT_BAR = 1000000;
 // A run grows by a third at most when its punctuation is made plain, so a text
 // never has more characters than a 32-bit position can tell.
 static_assert(BodyLimits().hard < std::numeric_limits<std::int32_t>::max() / 2);
-
-Message Question(std::string text, std::string title, Icon icon, Answer preset) {
-  return {std::move(text), std::move(title), icon, Buttons::yesNo, preset};
-}
-
-std::string BodyEntryOf(const std::string& path) {
-  return LowerExtensionOf(path) == "odt" ? "content.xml" : "word/document.xml";
-}
-
-bool WishesToScanAnyway(const std::string& path, UserInterface& ui) {
-  return ui.Ask(Question("Invalid checksum found when processing\r\n" + path +
-                             "\r\nDo you wish to scan this file anyway?",
-                         "Error", Icon::exclamation, Answer::yes)) == Answer::yes;
-}
-
-bool WishesToScanBigFile(const std::string& path, UserInterface& ui) {
-  const char* const title = "Big file";
-  const std::string text = path +
-                           "\r\nis rather large.  It may take awhile to scan.\r\n"
-                           "Do you wish to continue?";
-  if (ui.Ask(Question(text, title, Icon::none, Answer::no)) == Answer::yes) return true;
-  ui.Tell("You could try saving it as a text file\r\nand applying this program to that file.",
-          title, Icon::information);
-  return false;
-}
-
-// Unpacks the body below `folder` and has its size accepted.
-ExtractionCode UnpackDocumentBody(const std::string& path, const std::string& folder,
-                                  const ExtractOptions& options, UserInterface& ui) {
-  const std::string entry = BodyEntryOf(path);
-  const UnpackOutcome outcome = UnpackEntry(path, entry, folder, options.limits.hard);
-  switch (outcome) {
-    case UnpackOutcome::done:
-      break;
-    case UnpackOutcome::failed:
-      if (!options.askOnBadChecksum) return ExtractionCode::damaged;
-      if (!WishesToScanAnyway(path, ui)) return ExtractionCode::damageDeclined;
-      break;
-    case UnpackOutcome::tooLarge:
-      return ExtractionCode::tooLarge;
-    case UnpackOutcome::unreadable:
-      return ExtractionCode::unreadable;
-    case UnpackOutcome::unwritable:
-      return ExtractionCode::unwritable;
-  }
-  const std::int64_t length = FileLength(JoinPath(folder, entry)).value_or(0);
-  if (length == 0 && outcome == UnpackOutcome::failed) return ExtractionCode::noBody;
-  const bool isBig = static_cast<std::uint64_t>(length) > options.limits.warning;
-  if (isBig && options.askOnBigFile && !WishesToScanBigFile(path, ui)) {
-    return ExtractionCode::sizeDeclined;
-  }
-  return ExtractionCode::success;
-}
-
-// Lets pending events run. True when the user has asked for a stop and stands by
-// it; otherwise the request is withdrawn.
-bool IsStopped(UserInterface& ui) {
-  ui.YieldNow();
-  if (!ui.StopRequested()) return false;
-  if (ui.Ask(Question("Many different words have been found.\r\nDo you really wish to stop?",
-                      "Stop", Icon::none, Answer::yes)) == Answer::yes) {
-    return true;
-  }
-  ui.ClearStop();
-  return false;
-}
 
 // "<w:tab/>" and the elements of tables begin like a run.
 bool IsRunStart(std::string_view xml, std::size_t place) {
@@ -135,73 +66,87 @@ bool NeedsRepair(std::string_view run) {
                      [](char byte) { return static_cast<std::uint8_t>(byte) >= LOWEST_LEAD; });
 }
 
-// Appends one run; `run` is room for it that is used again and again.
-void AppendRun(std::string& text, std::string_view xml, bool afterBreak, std::string& run) {
-  run.assign(afterBreak ? 1 : 0, ' ').append(xml);
-  if (TrimBlanks(run).empty()) {
-    text += ' ';
-    return;
-  }
-  if (run.find('&') != std::string::npos) {
-    // In this order, so that an escaped "&lt;" ends as "<" too: so meant.
-    DecodeEntity(run, "&amp;", '&');
-    DecodeEntity(run, "&lt;", '<');
-    DecodeEntity(run, "&gt;", '>');
-    DecodeEntity(run, "&quot;", '"');
-    DecodeEntity(run, "&apos;", '\'');
-  }
-  if (NeedsRepair(run)) {
-    RepairUtf8(run);
-    PlainPunctuation(run);
-  }
-  text += run;
-}
-
 }  // namespace
 
-DocumentRuns ReadDocumentRuns(std::string_view xml, UserInterface& ui) {
-  DocumentRuns runs;
-  std::optional<ProgressBar> bar;
-  if (xml.size() > LARGEST_WITHOUT_BAR) bar.emplace(ui);
-  std::string run;
-  std::size_t nextLook = 0;
-  std::optional<std::size_t> previousEnd;
-  std::size_t end = xml.find(RUN_END);
-  std::size_t start = xml.find(RUN_START);
-  while (end != std::string_view::npos && start < end) {
-    if (start >= nextLook) {
-      if (bar) bar->Update(static_cast<std::int64_t>(start), std::ssize(xml), 0);
-      runs.stopped = IsStopped(ui);
-      if (runs.stopped) break;
-      nextLook = start + LOOK_INTERVAL;
-    }
-    std::size_t place = start + RUN_START.size();
-    if (IsRunStart(xml, start)) {
-      // The first ">" may be that of the run end, where the start has none.
-      const std::size_t textStart = std::min(xml.find('>', place) + 1, end);
-      const bool afterBreak =
-          previousEnd && HoldsBreak(xml.substr(*previousEnd, start - *previousEnd));
-      AppendRun(runs.text, xml.substr(textStart, end - textStart), afterBreak, run);
-      previousEnd = end;
-      place = end + RUN_END.size();
-      end = xml.find(RUN_END, place);
-    }
-    start = xml.find(RUN_START, place);
-  }
-  return runs;
+Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const TemporaryFolder& folder,
+                                        const BodyLimits& limits) {
+  if (folder.Path().empty()) return Fault{FaultKind::noTemporaryFolder, document.Path(), {}};
+  MakeFoldersFor(folder.EntryPath());
+  OutputFile file(folder.EntryPath(), {});
+  const auto write = [&file](std::string_view block) { return file.Write(block); };
+  const Result<UnpackedEntry> entry = UnpackEntry(document, BODY_ENTRY, limits.hard, write);
+  if (!entry) return entry.Why();
+  if (!file.CommitPassing()) return Fault{FaultKind::temporaryFolderFull, document.Path(), {}};
+  return UnpackedBody{entry->length, entry->isDamaged};
 }
 
-ExtractedText ExtractDocumentText(const std::string& path, std::string_view folderTag,
-                                  const ExtractOptions& options, UserInterface& ui) {
-  const TemporaryFolder folder(folderTag, BodyEntryOf(path), ui);
-  if (folder.Path().empty()) return {ExtractionCode::noTemporaryFolder, {}};
-  const ExtractionCode code = UnpackDocumentBody(path, folder.Path(), options, ui);
-  if (code != ExtractionCode::success) return {code, {}};
-  const FileRead body = ReadFileBytes(JoinPath(folder.Path(), BodyEntryOf(path)));
-  if (!body.error.empty()) return {ExtractionCode::unreadable, {}};
-  DocumentRuns runs = ReadDocumentRuns(body.bytes, ui);
-  if (runs.stopped) return {ExtractionCode::stopped, {}};
-  return {ExtractionCode::success, std::move(runs.text)};
+DocumentRuns::DocumentRuns(std::string_view xml)
+    : xml_(xml), start_(xml.find(RUN_START)), end_(xml.find(RUN_END)) {}
+
+bool DocumentRuns::Read(Progress& progress) {
+  if (xml_.size() > LARGEST_WITHOUT_BAR && !bar_) bar_.emplace(progress);
+  while (end_ != std::string_view::npos && start_ < end_) {
+    if (start_ >= nextLook_) {
+      nextLook_ = start_ + LOOK_INTERVAL;
+      if (bar_) bar_->Update(static_cast<std::int64_t>(start_), std::ssize(xml_), 0);
+      progress.YieldNow();
+      if (progress.StopRequested()) return false;
+    }
+    ReadFromStart();
+  }
+  bar_.reset();
+  return true;
+}
+
+// Passes what begins at `start_`: a run, or another element whose name begins so.
+void DocumentRuns::ReadFromStart() {
+  std::size_t place = start_ + RUN_START.size();
+  if (IsRunStart(xml_, start_)) {
+    // The first ">" may be that of the run end, where the start has none.
+    const std::size_t textStart = std::min(xml_.find('>', place) + 1, end_);
+    const bool afterBreak =
+        previousEnd_ && HoldsBreak(xml_.substr(*previousEnd_, start_ - *previousEnd_));
+    AppendRun(xml_.substr(textStart, end_ - textStart), afterBreak);
+    previousEnd_ = end_;
+    place = end_ + RUN_END.size();
+    end_ = xml_.find(RUN_END, place);
+  }
+  start_ = xml_.find(RUN_START, place);
+}
+
+void DocumentRuns::AppendRun(std::string_view xml, bool afterBreak) {
+  run_.assign(afterBreak ? 1 : 0, ' ').append(xml);
+  if (TrimBlanks(run_).empty()) {
+    text_ += ' ';
+    return;
+  }
+  if (run_.find('&') != std::string::npos) {
+    // In this order, so that an escaped "&lt;" ends as "<" too: so meant.
+    DecodeEntity(run_, "&amp;", '&');
+    DecodeEntity(run_, "&lt;", '<');
+    DecodeEntity(run_, "&gt;", '>');
+    DecodeEntity(run_, "&quot;", '"');
+    DecodeEntity(run_, "&apos;", '\'');
+  }
+  if (NeedsRepair(run_)) {
+    RepairUtf8(run_);
+    PlainPunctuation(run_);
+  }
+  text_ += run_;
+}
+
+std::string TextOfIntactDocument(const InputBytes& document) {
+  std::string xml;
+  const auto write = [&xml](std::string_view block) {
+    xml += block;
+    return true;
+  };
+  const Result<UnpackedEntry> body = UnpackEntry(document, BODY_ENTRY, BodyLimits().hard, write);
+  if (!body || body->isDamaged) return {};
+  SilentProgress nobody;
+  DocumentRuns runs(xml);
+  // Nobody can stop it.
+  return runs.Read(nobody) ? std::move(runs.Text()) : std::string();
 }
 
 }  // namespace quorvel

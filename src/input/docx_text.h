@@ -4,63 +4,76 @@
 // The body is unpacked into a temporary folder, its text runs are read, and the
 // folder is removed again. No XML reader: only run starts and ends, line breaks
 // and ends of paragraphs are looked for, so headers, footnotes and whatever else
-// stands in other entries is left out.
+// stands in other entries is left out. Whether a damaged or a large body is to be read is for the
+// caller to ask, between the steps.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "util/user_interface.h"
+#include "files/read_file.h"
+#include "files/temporary_folder.h"
+#include "util/fault.h"
+#include "util/progress.h"
+#include "util/progress_bar.h"
 
 namespace quorvel {
-
-enum class ExtractionCode {
-  success = 0,
-  noTemporaryFolder = -1,
-  damageDeclined = -2,  // damaged, and the user chose not to scan it
-  damaged = -3,         // damaged, and asking was not allowed
-  tooLarge = -4,        // the body is above the hard limit
-  sizeDeclined = -5,    // the body is above the warning threshold and the user declined
-  noBody = -6,          // nothing of the body could be unpacked
-  unwritable = -7,      // the temporary folder cannot take the body
-  stopped = -8,         // by the user, while the text was read
-  unreadable = -9,      // the system did not give the bytes of the document or of its body
-};
 
 // The size limits of an unpacked body, in bytes.
 struct BodyLimits {
   std::uint64_t hard = 20971520;
-  std::uint64_t warning = 10485760;
+  std::uint64_t warning = 10485760;  // above it the user is asked
 };
 
-struct ExtractOptions {
-  bool askOnBadChecksum = true;  // else a damaged archive is refused
-  bool askOnBigFile = true;      // else only the hard limit counts
-  BodyLimits limits;
+// The entry of a document that holds its body, and so the place of that in a temporary folder.
+inline constexpr const char* BODY_ENTRY = "word/document.xml";
+
+struct UnpackedBody {
+  std::uint64_t length = 0;  // in bytes
+  bool isDamaged = false;    // of another checksum, or only a part of it
 };
 
-struct ExtractedText {
-  ExtractionCode code = ExtractionCode::success;
-  std::string text;  // empty unless the code is success
+// Unpacks the body of a document into a temporary folder that was made for BODY_ENTRY.
+// `noTemporaryFolder`, `temporaryFolderFull`, `bodyTooLarge` (then nothing of it is kept),
+// `notRead`.
+[[nodiscard]] Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document,
+                                                      const TemporaryFolder& folder,
+                                                      const BodyLimits& limits);
+
+// The text of the runs in the XML of a body, each byte one Windows-1252 character. Runs of one
+// paragraph are joined with nothing between them, so that a word in several runs stays one; a line
+// break or an end of paragraph becomes a blank.
+class DocumentRuns {
+ public:
+  // The XML must outlive it.
+  explicit DocumentRuns(std::string_view xml);
+
+  // Reads on. False when a stop was requested: whoever calls again, with the same `progress`, goes
+  // on where it was. In a long body a progress bar shows how far it has come, until the end.
+  [[nodiscard]] bool Read(Progress& progress);
+
+  // What has been read so far.
+  [[nodiscard]] std::string& Text() { return text_; }
+
+ private:
+  void ReadFromStart();
+  void AppendRun(std::string_view xml, bool afterBreak);
+
+  std::string_view xml_;
+  std::string text_;
+  std::string run_;           // room for one run, used again and again
+  std::size_t start_ = 0;     // 0-based place of what may be the start of the next run
+  std::size_t end_ = 0;       // of the end of that run
+  std::size_t nextLook_ = 0;  // from where on the stop request is looked at again
+  std::optional<std::size_t> previousEnd_;
+  std::optional<ProgressBar> bar_;
 };
 
-// The text of a document, each byte one Windows-1252 character. `folderTag` is how
-// the name of the temporary folder begins. The user is asked about a damaged
-// archive and a big body and told when they declined the latter; the other
-// failures are for the caller to report. After `stopped` the stop request stands.
-[[nodiscard]] ExtractedText ExtractDocumentText(const std::string& path, std::string_view folderTag,
-                                                const ExtractOptions& options, UserInterface& ui);
-
-struct DocumentRuns {
-  std::string text;      // of all runs, one after the other
-  bool stopped = false;  // by the user: then `text` ends where the walk did
-};
-
-// The text of the runs in the XML of a body. Runs of one paragraph are joined with
-// nothing between them, so that a word in several runs stays one; a line break or
-// an end of paragraph becomes a blank. The user may stop the walk; in a long body
-// a progress bar shows how far it has come.
-[[nodiscard]] DocumentRuns ReadDocumentRuns(std::string_view xml, UserInterface& ui);
+// The text of a document's body, unpacked in memory and read in silence: empty where that cannot be
+// done without a question.
+[[nodiscard]] std::string TextOfIntactDocument(const InputBytes& document);
 
 }  // namespace quorvel

@@ -118,16 +118,13 @@ void StripTagsAndLists(std::string& text, bool markLists) {
   RemoveMarkup(text, markLists ? ListRule::mark : ListRule::drop);
 }
 
-HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, UserInterface& ui) {
+HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, Progress& progress) {
   // A page without a document-type line keeps its mark-up, and the names of its
   // tags are listed like other words: so meant.
   if (!Holds(text, "<!doctype") || !Holds(text, "html")) return HtmlOutcome::notAPage;
   bool pageIsUtf8 = isUtf8;
   const std::optional<std::size_t> body = FindHtmlBody(text, pageIsUtf8);
-  if (!body) {
-    ui.Tell("This HTML file does not contain a HEAD section.", "Error");
-    return HtmlOutcome::refused;
-  }
+  if (!body) return HtmlOutcome::noHead;
   text.erase(0, *body);
   if (pageIsUtf8 && !isUtf8) {
     RepairUtf8(text);
@@ -138,10 +135,10 @@ HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, Us
   } else {
     StripTags(text);
   }
-  ui.AppendOutput("Compacting spaces ...\r\n");
+  progress.BeginPhase("Compacting spaces");
   CompactSpaces(text);
   DecodeEntities(text);
-  ui.AppendOutput("Processing file ...\r\n");
+  progress.BeginPhase("Processing file");
   return HtmlOutcome::prepared;
 }
 

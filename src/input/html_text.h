@@ -10,14 +10,14 @@
 #include <string>
 #include <string_view>
 
-#include "util/user_interface.h"
+#include "util/progress.h"
 
 namespace quorvel {
 
 enum class HtmlOutcome {
   notAPage,  // it has no document-type line; the text is as it was and nothing was said
   prepared,  // it is plain text now, its blanks compacted
-  refused,   // it has no head; the user has been told
+  noHead,    // it cannot be used
 };
 
 // Makes plain text of a page: without its head, tags and, with `ignoreLists`, its
@@ -25,7 +25,7 @@ enum class HtmlOutcome {
 // was repaired as UTF-8 when it was read; a page that declares itself UTF-8 and was
 // not is repaired here.
 [[nodiscard]] HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists,
-                                          UserInterface& ui);
+                                          Progress& progress);
 
 // The 0-based index behind the first "</head>", in any case; nothing when there is
 // none. Sets `isUtf8` where the page, anywhere in it, declares the charset UTF-8.

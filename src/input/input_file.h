@@ -1,16 +1,15 @@
-// Whether a file is a text that the program can read, and what the user is told
-// when it is not.
+// Whether a file is a text that the program can read.
 //
-// Three layers: the encoding by the first bytes and a declared charset, the kind
-// of the file by encoding and line ends, and the check that reports to the user.
-// Used for documents and for word lists. Nothing of the file is kept here.
+// Two layers: the encoding by the first bytes and a declared charset, and the kind
+// of the file by encoding and line ends. Used for documents and for word lists. What the user is
+// told of them stands in run/input_check.h.
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include <cstddef>
 #include <string_view>
 
-#include "util/user_interface.h"
+#include "files/read_file.h"
+#include "util/fault.h"
 
 namespace quorvel {
 
@@ -48,44 +47,22 @@ enum class FileKind {
 // any case of its letters.
 [[nodiscard]] bool DeclaresUtf8(std::string_view bytes);
 
-// The encoding of a file. With `checkMarkupCharset` a text or mark-up file that
+// The encoding of an input. With `checkMarkupCharset` a text or mark-up file that
 // begins with no mark is searched whole for a UTF-8 charset declaration and for
 // the UTF-8 form of typographic punctuation.
-[[nodiscard]] TextEncoding DetectTextEncoding(const std::string& path, bool checkMarkupCharset);
+[[nodiscard]] TextEncoding DetectTextEncoding(const InputBytes& input, bool checkMarkupCharset);
 
 struct FileClass {
   FileKind kind = FileKind::noPath;
   bool isUtf8 = false;
 };
 
-// The kind of a file; the line ends are looked for in its first `examineLimit`
+// The kind of an input; the line ends are looked for in its first `examineLimit`
 // bytes, and not at all in a UTF-8 file.
-[[nodiscard]] FileClass ClassifyTextFile(const std::string& path, std::uint64_t examineLimit,
+[[nodiscard]] FileClass ClassifyTextFile(const InputBytes& input, std::size_t examineLimit,
                                          bool checkMarkupCharset);
 
-struct CheckOptions {
-  bool quiet = false;          // only the fatal messages may appear
-  bool askToContinue = false;  // ask, not only warn, about a large file with Unix line ends
-};
-
-struct InputCheck {
-  bool accepted = false;
-  FileKind kind = FileKind::noPath;
-  bool isUtf8 = false;
-};
-
-// Classifies a file and tells the user whatever stands in the way. The notice on
-// Macintosh line ends is given once in the life of `macNoticeShown`.
-[[nodiscard]] InputCheck CheckInputFile(const std::string& path, const CheckOptions& options,
-                                        bool& macNoticeShown, UserInterface& ui);
-
-// The gate at the start of a run: only text files, DOCX files and web pages pass,
-// told by name alone. `title` is that of the message for all others.
-[[nodiscard]] bool PassesExtensionGate(const std::string& path, const std::string& title,
-                                       UserInterface& ui);
-
-// Whether the input exists, can be opened, and is an ordinary file whose every
-// character has a place that a 32-bit number can hold. Tells the user if not.
-[[nodiscard]] bool CheckInputReadable(const std::string& path, UserInterface& ui);
+// The kind of an input that could not be read.
+[[nodiscard]] FileKind KindOfUnread(const Fault& fault);
 
 }  // namespace quorvel

@@ -4,9 +4,6 @@
 
 #include <array>
 #include <memory>
-#include <string_view>
-
-#include "files/file_system.h"
 
 namespace quorvel {
 namespace {
@@ -22,18 +19,19 @@ struct CloseEntry {
 using Archive = std::unique_ptr<zip_t, CloseArchive>;
 using Entry = std::unique_ptr<zip_file_t, CloseEntry>;
 
-// A damaged archive is another matter than a disk, or a memory, that failed to hand out its bytes.
-UnpackOutcome OutcomeOf(int zipError) {
-  switch (zipError) {
-    case ZIP_ER_OPEN:
-    case ZIP_ER_READ:
-    case ZIP_ER_SEEK:
-    case ZIP_ER_TELL:
-    case ZIP_ER_MEMORY:
-      return UnpackOutcome::unreadable;
-    default:
-      return UnpackOutcome::failed;
+// Reads the archive where it lies. No archive, and the library's number of why, when that fails.
+Archive OpenArchive(std::string_view bytes, int& zipError) {
+  zip_error_t error;
+  zip_error_init(&error);
+  zip_source_t* const source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
+  Archive archive;
+  if (source != nullptr) {
+    archive.reset(zip_open_from_source(source, ZIP_RDONLY, &error));
+    if (!archive) zip_source_free(source);
   }
+  zipError = zip_error_code_zip(&error);
+  zip_error_fini(&error);
+  return archive;
 }
 
 // No entry when it is not there or cannot be opened. The two methods are those
@@ -48,45 +46,39 @@ Entry OpenEntry(zip_t* archive, const std::string& name) {
   return Entry(zip_fopen_index(archive, status.index, 0));
 }
 
-bool MakeFoldersOf(const std::string& name, const std::string& destination) {
-  for (std::size_t end = name.find('/'); end != std::string::npos; end = name.find('/', end + 1)) {
-    if (MakeFolder(JoinPath(destination, name.substr(0, end))) == FolderMaking::failed) {
-      return false;
-    }
-  }
-  return true;
-}
-
-// The library reports a wrong checksum or length once all bytes are out.
-UnpackOutcome CopyEntry(zip_file_t* entry, std::uint64_t limit, OutputFile& file) {
-  std::array<char, BLOCK_LENGTH> block;
-  std::uint64_t length = 0;
-  while (true) {
-    const zip_int64_t got = zip_fread(entry, block.data(), block.size());
-    if (got == 0) return UnpackOutcome::done;
-    if (got < 0) return OutcomeOf(zip_error_code_zip(zip_file_get_error(entry)));
-    length += static_cast<std::uint64_t>(got);
-    if (length > limit) return UnpackOutcome::tooLarge;
-    if (!file.Write(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
-      return UnpackOutcome::unwritable;
-    }
-  }
+// What a failure after `length` bytes comes to: of bytes in memory only the memory can fail, all
+// else is damage.
+Result<UnpackedEntry> OutcomeOf(int zipError, const std::string& path, std::uint64_t length) {
+  if (zipError == ZIP_ER_MEMORY) return Fault{FaultKind::notRead, path, {}};
+  return UnpackedEntry{length, true};
 }
 
 }  // namespace
 
-UnpackOutcome UnpackEntry(const std::string& archive, const std::string& name,
-                          const std::string& destination, std::uint64_t limit) {
+// The library reports a wrong checksum or length once all bytes are out.
+Result<UnpackedEntry> UnpackEntry(const InputBytes& archive, const std::string& name,
+                                  std::uint64_t limit,
+                                  const std::function<bool(std::string_view)>& write) {
   int zipError = 0;
-  const Archive opened(zip_open(archive.c_str(), ZIP_RDONLY, &zipError));
-  if (!opened) return OutcomeOf(zipError);
+  const Archive opened = OpenArchive(archive.View(), zipError);
+  if (!opened) return OutcomeOf(zipError, archive.Path(), 0);
   const Entry entry = OpenEntry(opened.get(), name);
-  if (!entry) return OutcomeOf(zip_error_code_zip(zip_get_error(opened.get())));
-  if (!MakeFoldersOf(name, destination)) return UnpackOutcome::unwritable;
-  OutputFile file(JoinPath(destination, name));
-  const UnpackOutcome outcome = CopyEntry(entry.get(), limit, file);
-  if (outcome == UnpackOutcome::tooLarge || outcome == UnpackOutcome::unreadable) return outcome;
-  return file.CommitPassing() ? outcome : UnpackOutcome::unwritable;
+  if (!entry) return OutcomeOf(zip_error_code_zip(zip_get_error(opened.get())), archive.Path(), 0);
+  std::array<char, BLOCK_LENGTH> block;
+  std::uint64_t length = 0;
+  while (true) {
+    const zip_int64_t got = zip_fread(entry.get(), block.data(), block.size());
+    if (got == 0) return UnpackedEntry{length, false};
+    if (got < 0) {
+      const int why = zip_error_code_zip(zip_file_get_error(entry.get()));
+      return OutcomeOf(why, archive.Path(), length);
+    }
+    length += static_cast<std::uint64_t>(got);
+    if (length > limit) return Fault{FaultKind::bodyTooLarge, archive.Path(), {}};
+    if (!write(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
+      return Fault{FaultKind::temporaryFolderFull, archive.Path(), {}};
+    }
+  }
 }
 
 }  // namespace quorvel

@@ -9,23 +9,9 @@
 #include "util/ansi.h"
 #include "util/characters.h"
 #include "util/make_singular.h"
-#include "util/number_words.h"
 
 namespace quorvel {
 namespace {
-
-constexpr WordFileTexts KEYWORD_TEXTS = {
-    .title = "Search words",
-    .missing = "Keywords file not found:",
-    .progress = "Reading keywords",
-    .stopped = "Reading search words was stopped.",
-    .failed = "when reading search words from tile ",
-};
-
-std::string CountText(const KeywordLists& lists) {
-  // "keyword word" is as it has always been said.
-  return CountInWords(lists.fileKeywords.size(), "One keyword word", " keywords");
-}
 
 // Patterns and hyphens are for the extra keywords only, whatever the settings
 // allow: a list of plain words stays one.
@@ -52,27 +38,20 @@ bool MayStandInKeyword(char16_t ch, const ConcordanceSettings& settings) {
   return IsLetter(ch) || std::u16string_view(u"*?#+ ").find(ch) != std::u16string_view::npos;
 }
 
-bool CheckCharacters(std::u16string_view text, const ConcordanceSettings& settings,
-                     UserInterface& ui) {
+// The first character of the text that may not stand in a keyword.
+std::optional<Fault> FaultyCharacter(std::u16string_view text,
+                                     const ConcordanceSettings& settings) {
   const auto* const fault = std::find_if(text.begin(), text.end(), [&settings](char16_t ch) {
     return !MayStandInKeyword(ch, settings);
   });
-  if (fault == text.end()) return true;
-  ui.Tell("The extra keywords textbox contains an inadmissable character: " +
-              CharacterAt(text, static_cast<std::size_t>(fault - text.begin())),
-          "Invalid input");
-  return false;
+  if (fault == text.end()) return std::nullopt;
+  return Fault{FaultKind::notAllowedInKeyword,
+               {},
+               CharacterAt(text, static_cast<std::size_t>(fault - text.begin()))};
 }
 
-bool CheckPlusSigns(const std::vector<std::u16string_view>& keywords, UserInterface& ui) {
-  if (std::none_of(keywords.begin(), keywords.end(), [](std::u16string_view keyword) {
-        return std::count(keyword.begin(), keyword.end(), u'+') > 1;
-      })) {
-    return true;
-  }
-  // This title has another case than that of a bad character: so meant.
-  ui.Tell("A keyword cannot contain more then one '+'.", "Invalid Input", Icon::information);
-  return false;
+bool HasManyPlusSigns(std::u16string_view keyword) {
+  return std::count(keyword.begin(), keyword.end(), u'+') > 1;
 }
 
 }  // namespace
@@ -135,56 +114,36 @@ bool IsSearchWord(std::u16string_view word, const KeywordLists& lists) {
   return BinarySearch(lists.fileKeywords, lower) || !lists.extraKeywords.Matches(lower).empty();
 }
 
-bool ReadKeywordsFile(const std::string& path, KeywordLists& lists, UserInterface& ui) {
-  const std::optional<SortedWords> words = ReadWordFile(path, KEYWORD_TEXTS, ui);
-  lists.loaded = words.has_value();
-  if (!words) return false;
-  lists.fileKeywords.clear();
-  for (const std::u16string& word : *words) {
-    if (IsPlainWord(word)) lists.fileKeywords.emplace_back(MakeSingular(ToLowerCase(word)));
+void EraseSearchWords(KeywordLists& lists) { lists.fileKeywords.clear(); }
+
+SortedWords KeywordsOfFile(const std::vector<std::u16string>& words) {
+  SortedWords keywords;
+  for (const std::u16string& word : words) {
+    if (IsPlainWord(word)) keywords.emplace_back(MakeSingular(ToLowerCase(word)));
   }
-  std::sort(lists.fileKeywords.begin(), lists.fileKeywords.end());
-  return true;
+  std::sort(keywords.begin(), keywords.end());
+  return keywords;
 }
 
-bool AttemptToReadSearchWords(const std::string& path, KeywordLists& lists, UserInterface& ui) {
-  if (!ReadKeywordsFile(path, lists, ui)) return false;
-  ui.SetLabel(Label::numberOfWords, CountText(lists));
-  ui.SetOutput(KeywordsLoadedText(lists, path) + "\r\n\r\n");
-  const Message question = {"Display search words?", "Keywords to search for", Icon::none,
-                            Buttons::yesNo, Answer::yes};
-  if (ui.Ask(question) == Answer::yes) {
-    std::string words;
-    for (const std::u16string& word : lists.fileKeywords) words += " " + EncodeUtf8(word);
-    ui.AppendOutput(words);
-  }
-  return true;
+std::string TidyExtraKeywords(std::string_view text) {
+  return EncodeUtf8(WithoutPossessives(ToLowerCase(DecodeUtf8(TrimBlanks(text)))));
 }
 
-std::string KeywordsLoadedText(const KeywordLists& lists, const std::string& path) {
-  return CountText(lists) + " loaded from " + path;
-}
-
-void EraseSearchWords(KeywordLists& lists) {
-  lists.fileKeywords.clear();
-  lists.loaded = false;
-}
-
-bool GetExtraKeywords(ConcordanceSettings& settings, KeywordLists& lists, UserInterface& ui) {
-  const std::u16string text =
-      WithoutPossessives(ToLowerCase(DecodeUtf8(TrimBlanks(settings.extraKeywords))));
-  settings.extraKeywords = EncodeUtf8(text);
-  if (!CheckCharacters(text, settings, ui)) return false;
+Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,
+                                         const ConcordanceSettings& settings) {
+  const std::u16string text = DecodeUtf8(tidied);
+  if (std::optional<Fault> fault = FaultyCharacter(text, settings)) return *std::move(fault);
   std::vector<std::u16string_view> keywords = SplitAtBlanks(text);
-  if (!CheckPlusSigns(keywords, ui)) return false;
+  if (std::any_of(keywords.begin(), keywords.end(), HasManyPlusSigns)) {
+    return Fault{FaultKind::manyPlusSigns, {}, {}};
+  }
   std::sort(keywords.begin(), keywords.end());
   std::vector<ExtraKeyword> list;
   list.reserve(keywords.size());
   for (const std::u16string_view keyword : keywords) {
     list.push_back(ExtraKeywordOf(MakeSingular(keyword)));
   }
-  lists.extraKeywords = ExtraKeywordList(std::move(list));
-  return true;
+  return ExtraKeywordList(std::move(list));
 }
 
 }  // namespace quorvel

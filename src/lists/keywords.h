@@ -14,7 +14,7 @@
 
 #include "lists/binary_search.h"
 #include "settings/settings.h"
-#include "util/user_interface.h"
+#include "util/fault.h"
 
 namespace quorvel {
 
@@ -51,7 +51,6 @@ class ExtraKeywordList {
 
 struct KeywordLists {
   SortedWords fileKeywords;  // lower case, without plural "s"
-  bool loaded = false;       // a keywords file has been read whole
   ExtraKeywordList extraKeywords;
 };
 
@@ -61,23 +60,16 @@ struct KeywordLists {
 // Whether `word` is to be listed in a search.
 [[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists);
 
-// Reads the file at `path` into the list of file keywords; what is no plain word is
-// left out. False when that could not be done or was stopped (the user has been told) or
-// `path` is empty; the keywords are then as they were, but no longer count as loaded.
-[[nodiscard]] bool ReadKeywordsFile(const std::string& path, KeywordLists& lists,
-                                    UserInterface& ui);
-
-// The same, and then tells the user how many keywords there are and offers to show them.
-bool AttemptToReadSearchWords(const std::string& path, KeywordLists& lists, UserInterface& ui);
-
-// What the user is told of a list that was read: "Forty-two keywords loaded from ...".
-[[nodiscard]] std::string KeywordsLoadedText(const KeywordLists& lists, const std::string& path);
-
 void EraseSearchWords(KeywordLists& lists);
 
-// Takes the extra keywords of the settings, which it tidies, into the list. False,
-// with the list as it was, where they hold what no keyword may; the user has been told.
-[[nodiscard]] bool GetExtraKeywords(ConcordanceSettings& settings, KeywordLists& lists,
-                                    UserInterface& ui);
+// The plain words among those of a keywords file, as a search looks for them.
+[[nodiscard]] SortedWords KeywordsOfFile(const std::vector<std::u16string>& words);
+
+// Extra keywords as they are kept: lower case, without "'s". UTF-8 both ways.
+[[nodiscard]] std::string TidyExtraKeywords(std::string_view text);
+
+// The keywords in tidied text. `notAllowedInKeyword`, `manyPlusSigns`.
+[[nodiscard]] Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,
+                                                       const ConcordanceSettings& settings);
 
 }  // namespace quorvel

@@ -1,8 +1,6 @@
 #include "lists/stop_words.h"
 
 #include <algorithm>
-#include <optional>
-#include <utility>
 
 #include "lists/word_file.h"
 #include "util/ansi.h"
@@ -12,19 +10,6 @@
 namespace quorvel {
 namespace {
 
-constexpr WordFileTexts STOP_WORD_TEXTS = {
-    .title = "Stop words",
-    .missing = "Stop words file not found:",
-    .progress = "Reading stop words",
-    .stopped = "Reading stop words was stopped.",
-    // "tile" stands so, here and for keywords.
-    .failed = "when reading stop words from tile ",
-};
-
-std::string CountText(const StopWordList& list) {
-  return CountInWords(list.words.size(), "One stop word", " stop words");
-}
-
 bool MayStandInWord(char16_t ch, const ConcordanceSettings& settings) {
   if (ch == u'-') return settings.allowWordsWithHyphens;
   if (IsDigit(ch)) return settings.allowWordsWithNumerals;
@@ -32,41 +17,6 @@ bool MayStandInWord(char16_t ch, const ConcordanceSettings& settings) {
 }
 
 }  // namespace
-
-bool ReadStopWordsFile(const std::string& path, StopWordList& list, UserInterface& ui) {
-  std::optional<SortedWords> words = ReadWordFile(path, STOP_WORD_TEXTS, ui);
-  list.loaded = words.has_value();
-  if (!words) return false;
-  std::sort(words->begin(), words->end());
-  list.words = std::move(*words);
-  return true;
-}
-
-bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settings,
-                            StopWordList& list, UserInterface& ui) {
-  if (!ReadStopWordsFile(path, list, ui)) return false;
-  ui.SetOutput("");
-  ui.SetLabel(Label::numberOfWords, CountText(list));
-  ui.Tell(StopWordsLoadedText(list, path), "Stop words loaded", Icon::none);
-  settings.stopWordsFile = path;
-  return true;
-}
-
-std::string StopWordsLoadedText(const StopWordList& list, const std::string& path) {
-  return CountText(list) + " loaded from " + path;
-}
-
-void ListStopWords(const StopWordList& list, UserInterface& ui) {
-  constexpr std::size_t MOST_SHOWN = 30;
-  const std::size_t count = list.words.size();
-  if (count < 2) return;
-  std::string text = "There are " + std::to_string(count) + " stop words.\r\n\r\n";
-  for (std::size_t i = 0; i < std::min(count, MOST_SHOWN); ++i) {
-    text += EncodeUtf8(list.words[i]) + "\r\n";
-  }
-  if (count > MOST_SHOWN) text += "\r\nand more";
-  ui.Tell(text, "Stop words", Icon::none);
-}
 
 void EraseStopWords(StopWordList& list) {
   list.words.clear();
@@ -96,21 +46,15 @@ SortedWords ExtraStopWordsOf(std::string_view tidied) {
   return words;
 }
 
-bool CheckAllowedExtraChars(const ConcordanceSettings& settings, UserInterface& ui) {
+std::optional<Fault> FaultInExtraStopWords(const ConcordanceSettings& settings) {
   const std::u16string text = DecodeUtf8(settings.extraStopWords);
   const auto fault = std::find_if(
       text.begin(), text.end(), [&settings](char16_t ch) { return !MayStandInWord(ch, settings); });
-  if (fault == text.end()) return true;
+  if (fault == text.end()) return std::nullopt;
   const bool optional = *fault == u'-' || IsDigit(*fault);
-  std::string message = "The character " +
-                        CharacterAt(text, static_cast<std::size_t>(fault - text.begin())) +
-                        " occurs in some stop word\r\nbut is not " +
-                        (optional ? "currently set as " : "") + "a character allowed in a word.";
-  if (*fault == u',') {
-    message += "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
-  }
-  ui.Tell(message, "Character not allowed");
-  return false;
+  return Fault{optional ? FaultKind::notAllowedForNow : FaultKind::notAllowedInStopWord,
+               {},
+               CharacterAt(text, static_cast<std::size_t>(fault - text.begin()))};
 }
 
 }  // namespace quorvel

@@ -2,12 +2,13 @@
 // words hidden beside them, and the extra stop words that the user types.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "lists/binary_search.h"
 #include "settings/settings.h"
-#include "util/user_interface.h"
+#include "util/fault.h"
 
 namespace quorvel {
 
@@ -16,23 +17,6 @@ struct StopWordList {
   SortedWords numberWords;  // the English ones while they are concealed, else none
   bool loaded = false;      // a file has been read whole
 };
-
-// Reads the file at `path` into the list. False when that could not be done or was
-// stopped (the user has been told) or `path` is empty; the words are then as they
-// were, but no longer count as loaded.
-[[nodiscard]] bool ReadStopWordsFile(const std::string& path, StopWordList& list,
-                                     UserInterface& ui);
-
-// The same, and then tells the user how many words there are and takes the path
-// into the settings.
-bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settings,
-                            StopWordList& list, UserInterface& ui);
-
-// What the user is told of a list that was read: "Forty-two stop words loaded from ...".
-[[nodiscard]] std::string StopWordsLoadedText(const StopWordList& list, const std::string& path);
-
-// Shows the first words of a list of two or more.
-void ListStopWords(const StopWordList& list, UserInterface& ui);
 
 void EraseStopWords(StopWordList& list);
 
@@ -46,8 +30,8 @@ void ConcealNumWords(StopWordList& list, bool conceal);
 // The words of tidied extra stop words.
 [[nodiscard]] SortedWords ExtraStopWordsOf(std::string_view tidied);
 
-// True when every character of the extra stop words may stand in a word under the
-// settings; else tells the user of the first that may not.
-[[nodiscard]] bool CheckAllowedExtraChars(const ConcordanceSettings& settings, UserInterface& ui);
+// The first character of the extra stop words that may not stand in a word under the settings, as
+// `reason` of a fault: `notAllowedInStopWord`, or `notAllowedForNow` for one that an option allows.
+[[nodiscard]] std::optional<Fault> FaultInExtraStopWords(const ConcordanceSettings& settings);
 
 }  // namespace quorvel

@@ -3,15 +3,11 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "files/file_system.h"
-#include "input/input_file.h"
 #include "input/utf8_repair.h"
 #include "util/ansi.h"
 
 namespace quorvel {
 namespace {
-
-constexpr std::int64_t STOPPABLE_ABOVE = 20480;  // bytes
 
 std::string_view TrimControlCharacters(std::string_view line) {
   const auto isBlank = [](char ch) { return static_cast<std::uint8_t>(ch) <= 32; };
@@ -37,42 +33,9 @@ class CommentFilter {
   bool inBlock_ = false;
 };
 
-bool IsReadable(const std::string& path, const WordFileTexts& texts, UserInterface& ui) {
-  if (path.empty()) return false;
-  if (!FileExists(path)) {
-    ui.Tell(std::string(texts.missing) + "\r\n" + path, texts.title);
-    return false;
-  }
-  CheckOptions options;
-  options.quiet = true;
-  bool macNoticeShown = true;
-  return CheckInputFile(path, options, macNoticeShown, ui).accepted;
-}
-
 }  // namespace
 
-std::optional<std::vector<std::u16string>> ReadWordFile(const std::string& path,
-                                                        const WordFileTexts& texts,
-                                                        UserInterface& ui) {
-  ui.ClearStop();
-  if (!IsReadable(path, texts, ui)) return std::nullopt;
-  ui.SetOutput(std::string(texts.progress) + " ...");
-  const bool stoppable = FileLength(path).value_or(0) > STOPPABLE_ABOVE;
-  if (stoppable) ui.OfferStop(true);
-  const FileRead file = ReadFileBytes(path);
-  std::optional<std::vector<std::u16string>> words;
-  if (file.error.empty()) words = WordsOfFileBytes(file.bytes, ui);
-  if (stoppable) ui.OfferStop(false);
-  if (!file.error.empty()) {
-    ui.Tell("Error #" + std::to_string(file.errorNumber) + " " + texts.failed + path, texts.title);
-  } else if (!words) {
-    ui.SetOutput(texts.stopped);
-  }
-  return words;
-}
-
-std::optional<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
-                                                            UserInterface& ui) {
+Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes, Progress& progress) {
   if (bytes.starts_with(BYTE_ORDER_MARK)) bytes.remove_prefix(BYTE_ORDER_MARK.size());
   // Lines end in CR LF; trimming takes care of the LF. A list without any CR was
   // made where lines end in LF: taken as one line it would hold no word at all.
@@ -81,8 +44,8 @@ std::optional<std::vector<std::u16string>> WordsOfFileBytes(std::string_view byt
   CommentFilter comments;
   std::string repaired;
   while (!bytes.empty()) {
-    ui.Yield();
-    if (ui.StopRequested()) return std::nullopt;
+    progress.Yield();
+    if (progress.StopRequested()) return Fault{};
     const std::size_t length = std::min(bytes.find(lineEnd), bytes.size());
     const std::string_view line = TrimControlCharacters(bytes.substr(0, length));
     bytes.remove_prefix(std::min(length + 1, bytes.size()));

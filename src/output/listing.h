@@ -1,36 +1,50 @@
-// Lists a finished word table: on the screen and into the output file.
+// A listing: the words of a document in some order, each with its contexts.
 //
-// Called at the end of each run, and again whenever the user changes what only
-// the listing depends on; the text is not scanned anew for that.
+// A value that holds no text: the words that it lists and the options that it was asked for with.
+// Its bytes are composed when they are wanted, piece by piece, and nowhere held whole.
 #pragma once
 
-#include <string>
+#include <functional>
+#include <memory>
 #include <string_view>
+#include <vector>
 
-#include "engine/run_state.h"
-#include "util/user_interface.h"
+#include "engine/words.h"
+#include "lists/keywords.h"
+#include "settings/settings.h"
+#include "util/progress.h"
 
 namespace quorvel {
 
-// The output box never receives more characters of a listing than this.
-inline constexpr std::size_t TEXTBOX_LIMIT = 65000;
-
-enum class ListingOutcome {
-  listed,   // and written, unless the settings or the user want no file
-  nothing,  // no word is included, or none was listed before the stop
-  stopped,  // by the user: what was composed is shown and written
-  failed,   // the file could not be written, or a word occurs too often to be listed
+// What only the listing depends on.
+struct ListingOptions {
+  WordOrder wordOrder = WordOrder::alphabetical;
+  int contextSize = 5;  // words on each side; 0 for a bare word list
+  bool showFrequencies = true;
+  bool showLineBreaks = false;
 };
 
-// Composes the listing into state.outputText in the order that the settings ask
-// for, shows it and writes the output file.
-ListingOutcome ListWords(RunState& state, UserInterface& ui);
+[[nodiscard]] ListingOptions ListingOptionsOf(const ConcordanceSettings& settings);
 
-// Removes the characters with codes up to 32 from the front of `text`.
-void TrimLeadingControlChars(std::string& text);
+struct Listing {
+  std::shared_ptr<const ListedWords> words;
+  std::shared_ptr<const KeywordLists> keywords;  // of a search; null in a concordance
+  ListingOptions options;
 
-// The part of a listing, one byte a character, that the output box shows: all of it when it is
-// shorter than TEXTBOX_LIMIT, else as much of its beginning as ends in a blank.
-[[nodiscard]] std::string_view TextboxPart(std::string_view text);
+  [[nodiscard]] const Document& Source() const { return *words->words.document; }
+  [[nodiscard]] Mode ModeOf() const { return keywords == nullptr ? Mode::create : Mode::search; }
+};
+
+// Takes the next piece of a listing, which stays valid for the call only. False when no more of
+// them are wanted.
+using PieceSink = std::function<bool(std::string_view piece)>;
+
+// Composes the listing and hands it on, front to back, as Windows-1252 bytes; of a bare word list
+// each piece is a line. Ends before the first word that cannot be listed, or after a stop request
+// with the piece at hand. Several threads compose where it is long; `take` is called on this one.
+void Compose(const Listing& listing, const PieceSink& take, Progress& progress);
+
+// The words that occur too often to be listed, in the order of the listing.
+[[nodiscard]] std::vector<const WordEntry*> TooFrequentWords(const Listing& listing);
 
 }  // namespace quorvel

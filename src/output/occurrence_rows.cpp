@@ -5,9 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "output/concordance_file.h"
 #include "output/context_window.h"
-#include "output/listed_words.h"
+#include "output/listing_order.h"
 #include "util/ansi.h"
 #include "util/characters.h"
 
@@ -69,13 +68,13 @@ constexpr Layout JSON_LAYOUT = {
 // Which occurrences of one word are rows.
 class Wanted {
  public:
-  Wanted(const WordEntry& entry, const RunState& state) {
-    if (state.settings.mode == Mode::create) return;
-    const KeywordLists& lists = state.lists.keywords;
+  // The keywords are those of a search, or null.
+  Wanted(const WordEntry& entry, const KeywordLists* lists) {
+    if (lists == nullptr) return;
     const std::u16string lower = ToLowerCase(entry.word);
-    if (BinarySearch(lists.fileKeywords, lower)) return;
-    for (const std::size_t i : lists.extraKeywords.Matches(lower)) {
-      keywords_.push_back(&lists.extraKeywords.Keywords()[i]);
+    if (BinarySearch(lists->fileKeywords, lower)) return;
+    for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
+      keywords_.push_back(&lists->extraKeywords.Keywords()[i]);
     }
     const auto takesAll = [](const ExtraKeyword* keyword) { return !keyword->hasContextPattern; };
     if (std::any_of(keywords_.begin(), keywords_.end(), takesAll)) keywords_.clear();
@@ -93,36 +92,39 @@ class Wanted {
   std::vector<const ExtraKeyword*> keywords_;  // one of which must want the context
 };
 
-class RowWriter {
+class RowComposer {
  public:
-  RowWriter(const RunState& state, const ByteSink& write)
-      : state_(state),
-        write_(write),
-        isJson_(state.outputFormat == OutputFormat::json),
+  RowComposer(const Listing& listing, RowFormat format, const PieceSink& take)
+      : listing_(listing),
+        take_(take),
+        isJson_(format == RowFormat::json),
         layout_(isJson_ ? JSON_LAYOUT : TSV_LAYOUT),
-        cutter_(state.ansiText, {state.settings.contextSize, state.settings.showLineBreaks}) {
+        cutter_(listing.Source().ansiText,
+                {listing.options.contextSize, listing.options.showLineBreaks}) {
     copies_.reserve(cutter_.LongestContext(MAX_WORD_LENGTH));
   }
 
-  // False when the bytes could not all be written.
-  bool WriteTable(UserInterface& ui) {
+  void ComposeTable(Progress& progress) {
+    ListingProgress shown(*listing_.words, progress);
     bytes_ = IsWordList() ? layout_.beginOfWordList : layout_.begin;
-    if (!ForEachListedWord(state_.table, state_.settings.wordOrder, ui,
-                           [this](const WordEntry& entry) { return WriteRowsOf(entry); })) {
-      return false;
+    for (const ListedWord& word : WordsInOrder(*listing_.words, listing_.options.wordOrder)) {
+      shown.Show(word);
+      if (!AddRowsOf(*word.entry)) return;
+      if (!shown.MayGoOn()) break;
     }
     bytes_ += layout_.end;
-    return write_(bytes_);
+    take_(bytes_);
   }
 
  private:
-  [[nodiscard]] bool IsWordList() const { return state_.settings.contextSize == 0; }
+  [[nodiscard]] bool IsWordList() const { return listing_.options.contextSize == 0; }
 
-  bool WriteRowsOf(const WordEntry& entry) {
+  // False when no more is wanted.
+  bool AddRowsOf(const WordEntry& entry) {
     constexpr std::size_t AHEAD = 8;
     TakeWord(entry);
-    if (IsWordList()) return WriteRow([] {});
-    const Wanted wanted(entry, state_);
+    if (IsWordList()) return AddRow([] {});
+    const Wanted wanted(entry, listing_.keywords.get());
     const std::vector<std::int32_t>& positions = entry.positions;
     for (std::size_t k = 0; k < positions.size(); ++k) {
       if (k + AHEAD < positions.size()) cutter_.Prefetch(positions[k + AHEAD]);
@@ -130,7 +132,7 @@ class RowWriter {
       if (!wanted.All() && !wanted.Takes(cutter_.Cut(positions[k], entry.word.size(), copies_))) {
         continue;
       }
-      if (!WriteRow([&] { AppendOccurrence(entry, positions[k]); })) return false;
+      if (!AddRow([&] { AppendOccurrence(entry, positions[k]); })) return false;
     }
     return true;
   }
@@ -145,26 +147,26 @@ class RowWriter {
   }
 
   template <typename AppendRest>
-  bool WriteRow(AppendRest appendRest) {
-    bytes_.append(rowWritten_ ? layout_.nextRow : layout_.firstRow).append(wordFields_);
-    rowWritten_ = true;
+  bool AddRow(AppendRest appendRest) {
+    bytes_.append(rowAdded_ ? layout_.nextRow : layout_.firstRow).append(wordFields_);
+    rowAdded_ = true;
     appendRest();
     bytes_ += layout_.rowEnd;
     if (bytes_.size() < PIECE) return true;
-    const bool written = write_(bytes_);
+    const bool wantsMore = take_(bytes_);
     bytes_.clear();
-    return written;
+    return wantsMore;
   }
 
   void AppendOccurrence(const WordEntry& entry, std::int32_t position) {
-    const TextSpan span = SpanOfOccurrence(state_.documentText, entry.word, position);
+    const TextSpan span = SpanOfOccurrence(listing_.Source().documentText, entry.word, position);
     copies_.clear();
     const ContextParts context = cutter_.CutApart(position, entry.word.size(), span, copies_);
     bytes_ += layout_.left;
     AppendField(bytes_, context.left);
     bytes_ += layout_.match;
-    AppendField(bytes_,
-                std::string_view(state_.ansiText).substr(span.begin, span.end - span.begin));
+    const std::string_view text = listing_.Source().ansiText;
+    AppendField(bytes_, text.substr(span.begin, span.end - span.begin));
     bytes_ += layout_.right;
     AppendField(bytes_, context.right);
     bytes_.append(layout_.position).append(std::to_string(span.begin + 1));
@@ -192,12 +194,12 @@ class RowWriter {
     to += EncodeUtf8({&ch, 1});
   }
 
-  const RunState& state_;
-  const ByteSink& write_;
+  const Listing& listing_;
+  const PieceSink& take_;
   bool isJson_;
   const Layout& layout_;
   ContextCutter cutter_;
-  bool rowWritten_ = false;
+  bool rowAdded_ = false;
   std::string wordFields_;
   std::string bytes_;   // not handed on yet
   std::string copies_;  // of what a context could not be viewed in
@@ -205,24 +207,9 @@ class RowWriter {
 
 }  // namespace
 
-ListingOutcome ListOccurrences(RunState& state, UserInterface& ui) {
-  ui.AppendOutput("Writing rows ...\r\n");
-  const auto produce = [&state, &ui](const ByteSink& write) {
-    return RowWriter(state, write).WriteTable(ui);
-  };
-  if (state.outputSink) {
-    state.outputWritten = produce(state.outputSink);
-    if (!state.outputWritten) return ListingOutcome::failed;
-  } else {
-    const FileWriting writing = WriteOutputFile(state.settings, ui, produce);
-    state.outputWritten = writing.outcome == FileOutcome::written;
-    state.fileFault = writing.fault;
-    if (writing.outcome == FileOutcome::failed) {
-      ui.Tell(WritingFailed(state.settings.mode), "Error");
-      return ListingOutcome::failed;
-    }
-  }
-  return ui.StopRequested() ? ListingOutcome::stopped : ListingOutcome::listed;
+void ComposeRows(const Listing& listing, RowFormat format, const PieceSink& take,
+                 Progress& progress) {
+  RowComposer(listing, format, take).ComposeTable(progress);
 }
 
 }  // namespace quorvel

@@ -7,15 +7,16 @@
 // written as they are made: never is more than a piece of the table in memory.
 #pragma once
 
-#include "engine/run_state.h"
 #include "output/listing.h"
-#include "util/user_interface.h"
+#include "util/progress.h"
 
 namespace quorvel {
 
-// Writes the rows of a finished word table, in the state's output format, where a listing
-// would be written; the user is told of a file that could not be. After a stop the table ends
-// with the word that was under way.
-ListingOutcome ListOccurrences(RunState& state, UserInterface& ui);
+enum class RowFormat { tsv, json };
+
+// Composes the table of a listing's occurrences and hands it on, front to back. After a stop
+// request it ends with the word that was under way, and as a table that is whole.
+void ComposeRows(const Listing& listing, RowFormat format, const PieceSink& take,
+                 Progress& progress);
 
 }  // namespace quorvel

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "files/file_system.h"
+#include "files/read_file.h"
 #include "util/ansi.h"
 
 // A text stands between double quotes, and nothing in it is escaped: what holds a
@@ -68,7 +69,7 @@ class ValueReader {
  public:
   explicit ValueReader(std::string_view bytes) : rest_(bytes) {}
 
-  [[nodiscard]] const std::string& Fault() const { return fault_; }
+  [[nodiscard]] const std::string& Wrong() const { return fault_; }
 
   void Path(std::string& path) {
     if (const auto text = NextText()) path = PathOfBytes(*text);
@@ -191,23 +192,28 @@ std::string StateFilePath() {
   return JoinPath(JoinPath(UserConfigurationFolder(), "Quorvel"), "qvl.usr");
 }
 
-std::string SaveState(const ConcordanceSettings& settings, const std::string& path) {
-  const std::string prefix = "Error when attempting to save settings: ";
+std::string SaveState(const ConcordanceSettings& settings, const std::string& path,
+                      const FilesToKeep& kept) {
   const std::string target = path.empty() ? StateFilePath() : path;
   if (path.empty()) MakeFoldersFor(target);
-  OutputFile file(target);
+  OutputFile file(target, kept);
   file.Write(FileBytes(settings));
-  return file.Commit() ? "" : prefix + file.Error();
+  if (file.Commit()) return {};
+  if (file.Why()->kind == FaultKind::wouldReplace) {
+    return "The settings file cannot be the same as the " + file.Why()->reason + ".";
+  }
+  return "Error when attempting to save settings: " + file.Why()->reason;
 }
 
 RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string& path,
                                 bool starting) {
   const std::string prefix = "Error when attempting to restore settings: ";
-  constexpr std::uint64_t LONGEST_FILE = 1U << 20U;
-  const FileRead file = ReadFileBytes(path.empty() ? StateFilePath() : path, LONGEST_FILE);
-  if (!file.error.empty()) return {prefix + file.error};
+  constexpr std::uint64_t LONGEST_FILE = 1U << 20U;  // bytes
+  const Result<std::string> bytes =
+      ReadFileBytes(path.empty() ? StateFilePath() : path, LONGEST_FILE);
+  if (!bytes) return {prefix + bytes.Why().reason};
   RestoredState result;
-  ValueReader values(file.bytes);
+  ValueReader values(*bytes);
   for (std::string* name : {&settings.inputFile, &settings.searchResultsFile,
                             &settings.keywordsFile, &settings.outputFile}) {
     values.Path(*name);
@@ -215,8 +221,8 @@ RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string
   result.modeSelected = ReadModes(values, starting, settings.mode);
   ReadPanelOptions(values, settings);
   const bool placesSelected = ReadListingOptions(values, settings);
-  if (!values.Fault().empty()) {
-    result.errorText = prefix + values.Fault();
+  if (!values.Wrong().empty()) {
+    result.errorText = prefix + values.Wrong();
     return result;
   }
   // Only now: a place that is missing keeps nothing else from being read.

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "files/output_file.h"
 #include "settings/settings.h"
 
 namespace quorvel {
@@ -14,9 +15,10 @@ namespace quorvel {
 [[nodiscard]] std::string StateFilePath();
 
 // Writes the settings to the file at `path`, or to the state file, whose folder is made
-// where it is missing, when `path` is empty. Gives an empty text, or what went wrong;
-// then an older file is as it was.
-[[nodiscard]] std::string SaveState(const ConcordanceSettings& settings, const std::string& path);
+// where it is missing, when `path` is empty; never in the place of one of the files to keep. Gives
+// an empty text, or what went wrong; then an older file is as it was.
+[[nodiscard]] std::string SaveState(const ConcordanceSettings& settings, const std::string& path,
+                                    const FilesToKeep& kept);
 
 struct RestoredState {
   std::string errorText;     // empty when all values were read

@@ -8,7 +8,7 @@
 #include <optional>
 #include <utility>
 
-#include "files/file_system.h"
+#include "files/read_file.h"
 #include "ui_file_viewer.h"
 #include "util/ansi.h"
 
@@ -54,9 +54,10 @@ void FitToPage(QWidget& viewer, const QFont& font) {
 std::string ReadStart(const std::string& path, std::string& bytes) {
   // Reading a pipe might never end.
   if (FileExists(path) && !IsRegularFile(path)) return "is a device or a pipe, not a file.";
-  FileRead file = ReadFileBytes(path, VIEWER_BYTES);
-  bytes = std::move(file.bytes);
-  return file.error.empty() ? "" : "cannot be read: " + file.error;
+  Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
+  if (!start) return "cannot be read: " + start.Why().reason;
+  bytes = *std::move(start);
+  return {};
 }
 
 class FileViewer : public QDialog {
@@ -122,12 +123,12 @@ std::u16string ViewerText(std::string_view bytes) {
   return std::u16string(NOTE_BEFORE) + text + u"\r\n\r\n" + std::u16string(NOTE_BEHIND);
 }
 
-void ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui) {
+void ViewFile(QWidget& window, const std::string& path, const QString& caption, Conversation& ui) {
   const std::string fault = ViewerOf(window).Show(path, caption);
   if (!fault.empty()) ui.Tell("File " + path + "\r\n" + fault, STANDARD_TITLE);
 }
 
-void ViewHelp(QWidget& window, UserInterface& ui) {
+void ViewHelp(QWidget& window, Conversation& ui) {
   const std::string path = DataFilePath("qvl_help.txt");
   if (!FileExists(path)) {
     return ui.Tell("The help file is not installed:\r\n" + path, STANDARD_TITLE);

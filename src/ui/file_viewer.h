@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "util/user_interface.h"
+#include "run/conversation.h"
 
 class QWidget;
 
@@ -30,9 +30,9 @@ inline constexpr std::size_t VIEWER_BYTES = 3 * (VIEWER_LIMIT + 1);
 
 // Shows the file at `path` in the viewer of `window`, captioned `caption`, and returns at
 // once. Where it cannot be read the user is told.
-void ViewFile(QWidget& window, const std::string& path, const QString& caption, UserInterface& ui);
+void ViewFile(QWidget& window, const std::string& path, const QString& caption, Conversation& ui);
 
 // The same for the help text.
-void ViewHelp(QWidget& window, UserInterface& ui);
+void ViewHelp(QWidget& window, Conversation& ui);
 
 }  // namespace quorvel

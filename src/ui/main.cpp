@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QTimer>
 
-#include "files/file_system.h"
+#include "files/output_file.h"
 #include "ui/main_window.h"
 #include "ui/product_information.h"
 #include "ui/text.h"

@@ -4,11 +4,9 @@
 #include <QKeyEvent>
 #include <utility>
 
-#include "files/file_system.h"
 #include "lists/languages.h"
-#include "lists/stop_words.h"
 #include "run/stop_word_choice.h"
-#include "settings/settings_file.h"
+#include "run/word_lists.h"
 #include "ui/language_chooser.h"
 #include "ui/pop_up.h"
 #include "ui/text.h"
@@ -33,10 +31,10 @@ int LanguageInUse(const std::string& path) {
 
 }  // namespace
 
-SettingsPanel::SettingsPanel(RunState& state, UserInterface& ui, PanelHost host, QWidget* parent)
+SettingsPanel::SettingsPanel(Session& session, Conversation& ui, PanelHost host, QWidget* parent)
     : QDialog(parent),
-      state_(state),
-      userInterface_(ui),
+      session_(session),
+      conversation_(ui),
       host_(std::move(host)),
       ui_(std::make_unique<Ui::SettingsPanel>()) {
   ui_->setupUi(this);
@@ -56,7 +54,7 @@ void SettingsPanel::keyPressEvent(QKeyEvent* event) {
 }
 
 void SettingsPanel::ShowSettings() {
-  const ConcordanceSettings& settings = state_.settings;
+  const ConcordanceSettings& settings = session_.Settings();
   showing_ = true;
   ui_->chkAllowWordsWithHyphens->setChecked(settings.allowWordsWithHyphens);
   ui_->chkAllowWordsWithNumerals->setChecked(settings.allowWordsWithNumerals);
@@ -78,7 +76,7 @@ void SettingsPanel::ConnectOptions() {
   const auto keep = [this](QCheckBox* box, bool ConcordanceSettings::*field) {
     connect(box, &QCheckBox::toggled, this, [this, field](bool ticked) {
       if (showing_) return;
-      state_.settings.*field = ticked;
+      session_.Settings().*field = ticked;
       FocusCloseButton();
     });
   };
@@ -88,7 +86,7 @@ void SettingsPanel::ConnectOptions() {
   connect(ui_->chkIgnoreLists, &QCheckBox::toggled, this, &SettingsPanel::chkIgnoreLists_Click);
   connect(ui_->cboThresholdFrequency, &QComboBox::currentIndexChanged, this, [this](int place) {
     if (showing_ || place < 0) return;
-    state_.settings.thresholdFrequency = place + SMALLEST_THRESHOLD;
+    session_.Settings().thresholdFrequency = place + SMALLEST_THRESHOLD;
     FocusCloseButton();
   });
   connect(ui_->txbStopWordsFile, &QLineEdit::editingFinished, this,
@@ -115,15 +113,15 @@ void SettingsPanel::ConnectButtons() {
 // Lists are left out while the page is read, so the words have to be gathered anew.
 void SettingsPanel::chkIgnoreLists_Click(bool ticked) {
   if (showing_) return;
-  state_.settings.ignoreLists = ticked;
-  state_.words = {};
+  session_.Settings().ignoreLists = ticked;
+  session_.DropWordsAtHand();
   FocusCloseButton();
 }
 
 void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
   std::string path;
   if (index == 1) {
-    const int language = ChooseLanguage(this, LanguageInUse(state_.settings.stopWordsFile));
+    const int language = ChooseLanguage(this, LanguageInUse(session_.Settings().stopWordsFile));
     if (language < 0) return;
     const auto place = static_cast<std::size_t>(language);
     path = StopWordsPath(place < LANGUAGES.size() ? LANGUAGES.at(place) : ALL_LANGUAGES);
@@ -135,29 +133,43 @@ void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
   }
   if (!path.empty()) {
     ReplaceText(*ui_->txbStopWordsFile, ShownPath(path));
-    state_.settings.stopWordsFile = path;
-    host_.readStopWords(path);
-    ConcealNumWords(state_.lists.stopWords, true);
+    session_.Settings().stopWordsFile = path;
+    host_.work([this, &path] {
+      StopWordList& list = session_.Lists().stopWords;
+      AttemptToReadStopWords(path, session_.Settings(), list, conversation_);
+    });
+    ConcealNumWords(session_.Lists().stopWords, true);
   }
   FocusCloseButton();
 }
 
 void SettingsPanel::cmdListStopWords_Click() {
   txbStopWordsFile_LostFocus();  // a key may have pressed the button from inside the box
-  if (host_.prepareStopWords()) ListStopWords(state_.lists.stopWords, userInterface_);
+  if (HasStopWords()) ListStopWords(session_.Lists().stopWords, conversation_);
   StayAt(*ui_->cmdListStopWords);
+}
+
+// Has them read, where they are those of a path that was typed, so that they can be shown.
+bool SettingsPanel::HasStopWords() {
+  if (session_.Lists().stopWords.loaded || session_.Settings().stopWordsFile.empty()) return true;
+  bool read = false;
+  host_.work([this, &read] {
+    read = session_.ReadNamedStopWords();
+    if (read) conversation_.SetOutput("");  // not "Reading ..." any more
+  });
+  return read;
 }
 
 void SettingsPanel::cmdClearStopWordsFile_Click() {
   ReplaceText(*ui_->txbStopWordsFile, {});
-  state_.settings.stopWordsFile.clear();
-  EraseStopWords(state_.lists.stopWords);
+  session_.Settings().stopWordsFile.clear();
+  EraseStopWords(session_.Lists().stopWords);
   host_.clearStopWordsOutput();
 }
 
 void SettingsPanel::cmdInitialize_Click() {
   constexpr int SHOWN_MS = 2000;
-  InitializeVariables(state_.settings, true);
+  InitializeVariables(session_.Settings(), true);
   host_.settingsReplaced(true);
   PopUpInForm(*ui_->cmdInitialize, {"Settings reinitialized", ui_->cmdInitialize->size(), SHOWN_MS},
               QPoint(0, 0));
@@ -178,9 +190,9 @@ void SettingsPanel::SaveToFile() {
   dialog.setDefaultSuffix("lvz");
   if (dialog.exec() != QDialog::Accepted) return;
   host_.takeControls();
-  const std::string error = SaveState(state_.settings, PathOf(dialog.selectedFiles().constFirst()));
-  if (error.empty()) return;
-  userInterface_.Tell(error, "Save settings");
+  const std::optional<std::string> error =
+      session_.SaveSettings(PathOf(dialog.selectedFiles().constFirst()));
+  if (error && !error->empty()) conversation_.Tell(*error, "Save settings");
 }
 
 void SettingsPanel::LoadFromFile() {
@@ -188,17 +200,17 @@ void SettingsPanel::LoadFromFile() {
                                                       {}, SETTINGS_FILTER);
   if (chosen.isEmpty()) return;
   host_.takeControls();
-  const RestoredState restored = RestoreSavedState(state_.settings, PathOf(chosen), false);
+  const RestoredState restored = session_.LoadSettings(PathOf(chosen), false);
   if (!restored.errorText.empty()) {
-    userInterface_.Tell(restored.errorText, "Load settings");
-    InitializeVariables(state_.settings, false);
+    conversation_.Tell(restored.errorText, "Load settings");
+    InitializeVariables(session_.Settings(), false);
   }
   host_.settingsReplaced(restored.modeSelected || !restored.errorText.empty());
   StayAt(*ui_->cmdSaveLoadState_1);
 }
 
 void SettingsPanel::cmdQuitProgram_Click() {
-  if (userInterface_.Ask({"Really quit?", "Quit", Icon::none, Buttons::yesNo, Answer::yes}) ==
+  if (conversation_.Ask({"Really quit?", "Quit", Icon::none, Buttons::yesNo, Answer::yes}) ==
       Answer::yes) {
     host_.quit();
   }
@@ -208,15 +220,16 @@ void SettingsPanel::txbStopWordsFile_LostFocus() {
   if (!ui_->txbStopWordsFile->isModified()) return;
   if (ui_->txbStopWordsFile->text().trimmed().isEmpty()) return cmdClearStopWordsFile_Click();
   ReplaceText(*ui_->txbStopWordsFile, ui_->txbStopWordsFile->text().trimmed());
-  TakePath(ui_->txbStopWordsFile->text(), state_.settings.stopWordsFile);
-  state_.lists.stopWords.loaded = false;
+  TakePath(ui_->txbStopWordsFile->text(), session_.Settings().stopWordsFile);
+  session_.Lists().stopWords.loaded = false;
 }
 
 void SettingsPanel::txbExtraStopWords_LostFocus() {
   if (!ui_->txbExtraStopWords->isModified()) return;
-  state_.settings.extraStopWords = TidyExtraStopWords(ui_->txbExtraStopWords->text().toStdString());
-  ReplaceText(*ui_->txbExtraStopWords, ShownText(state_.settings.extraStopWords));
-  (void)CheckAllowedExtraChars(state_.settings, userInterface_);
+  session_.Settings().extraStopWords =
+      TidyExtraStopWords(ui_->txbExtraStopWords->text().toStdString());
+  ReplaceText(*ui_->txbExtraStopWords, ShownText(session_.Settings().extraStopWords));
+  (void)CheckAllowedExtraChars(session_.Settings(), conversation_);
 }
 
 void SettingsPanel::FocusCloseButton() { StayAt(*ui_->cmdClosePanel); }

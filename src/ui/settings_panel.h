@@ -8,8 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "engine/run_state.h"
-#include "util/user_interface.h"
+#include "run/session.h"
 
 namespace Ui {
 class SettingsPanel;
@@ -19,9 +18,8 @@ namespace quorvel {
 
 // What the panel wants of the main window.
 struct PanelHost {
-  std::function<void()> takeControls;  // put its own controls into the settings
-  std::function<void(const std::string& path)> readStopWords;
-  std::function<bool()> prepareStopWords;  // see to it that they are those of the settings
+  std::function<void()> takeControls;                      // put its own controls into the settings
+  std::function<void(const std::function<void()>&)> work;  // do what may take long
   std::function<void(bool modeSelected)> settingsReplaced;
   std::function<void()> clearStopWordsOutput;
   std::function<void()> quit;
@@ -31,7 +29,7 @@ class SettingsPanel : public QDialog {
   Q_OBJECT
 
  public:
-  SettingsPanel(RunState& state, UserInterface& ui, PanelHost host, QWidget* parent);
+  SettingsPanel(Session& session, Conversation& ui, PanelHost host, QWidget* parent);
   ~SettingsPanel() override;
 
   // Puts the settings into the panel's controls.
@@ -58,10 +56,11 @@ class SettingsPanel : public QDialog {
   void SaveToFile();
   void LoadFromFile();
   void FocusCloseButton();
+  [[nodiscard]] bool HasStopWords();
   void StayAt(QWidget& control);
 
-  RunState& state_;
-  UserInterface& userInterface_;
+  Session& session_;
+  Conversation& conversation_;
   PanelHost host_;
   std::unique_ptr<Ui::SettingsPanel> ui_;
   bool showing_ = false;  // the controls are being set, not used

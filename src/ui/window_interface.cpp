@@ -8,8 +8,10 @@
 #include <QTextCursor>
 #include <array>
 
+#include "ui/find_bar.h"
 #include "ui/pop_up.h"
 #include "ui/text.h"
+#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
@@ -60,6 +62,10 @@ Answer AnswerOf(int button, Buttons buttons) {
 
 }  // namespace
 
+WindowInterface::WindowInterface(const ConversationControls& controls) : controls_(controls) {
+  QObject::connect(&timer2_, &QTimer::timeout, &timer2_, [this] { Timer2_Timer(); });
+}
+
 void WindowInterface::AppendOutput(std::string_view text) {
   ShowPendingOutput();
   QTextCursor end(controls_.output->document());
@@ -75,9 +81,42 @@ void WindowInterface::SetOutput(std::string_view text) {
 }
 
 void WindowInterface::SetLabel(Label label, std::string_view text) {
-  QLabel& shown = LabelOf(label);
+  QLabel& shown = *controls_.labels.at(static_cast<std::size_t>(label));
   shown.setText(ShownText(text));
   shown.setVisible(true);
+}
+
+void WindowInterface::ShowBar(std::string_view caption) {
+  controls_.progressBar->setText(ShownText(caption));
+}
+
+void WindowInterface::SayWhatIsShown(const ListingShown& listing) {
+  ShowPendingOutput();
+  const std::string text = "The first " + GroupedNumber(listing.shown) + " of " +
+                           GroupedNumber(listing.all) + " characters" +
+                           (listing.fileHoldsAll ? "; the file holds all of it." : ".");
+  controls_.listingShown->setText(ShownText(text));
+  controls_.listingShown->show();
+  controls_.findBar->ShowSearchesPart(true);
+}
+
+void WindowInterface::CountSeconds(bool counting) {
+  constexpr int SECOND_MS = 1000;
+  if (!counting) return timer2_.stop();
+  secondsOfRun_ = 0;
+  NoteWordsFound(0);
+  controls_.timeElapsed->clear();
+  timer2_.start(SECOND_MS);
+}
+
+void WindowInterface::Timer2_Timer() {
+  constexpr int SECONDS_BEFORE_SHOWN = 3;
+  ++secondsOfRun_;
+  SetLabel(Label::numberOfWords, "Number of words: " + GroupedNumber(WordsFound()));
+  if (secondsOfRun_ < SECONDS_BEFORE_SHOWN) return;
+  controls_.timeElapsed->setText("Time elapsed: " +
+                                 ShownText(ElapsedText(secondsOfRun_, false, false)));
+  controls_.timeElapsed->setVisible(true);
 }
 
 Answer WindowInterface::Ask(const Message& message) {
@@ -89,7 +128,10 @@ Answer WindowInterface::Ask(const Message& message) {
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(ButtonOf(message.preset));
   if (message.buttons == Buttons::yesNo) box.setEscapeButton(QMessageBox::No);
+  const bool counting = timer2_.isActive();
+  timer2_.stop();
   const Answer answer = AnswerOf(box.exec(), message.buttons);
+  if (counting) timer2_.start();
   sinceEvents_.restart();
   return answer;
 }
@@ -134,17 +176,15 @@ void WindowInterface::BeginWork() {
 void WindowInterface::EndWork() {
   working_ = false;
   ShowPendingOutput();
-  LabelOf(Label::progressBar).clear();
-  LabelOf(Label::busyIndicator).setText(" ");
-}
-
-QLabel& WindowInterface::LabelOf(Label label) const {
-  return *controls_.labels.at(static_cast<std::size_t>(label));
+  controls_.progressBar->clear();
+  controls_.busyIndicator->setText(" ");
 }
 
 void WindowInterface::ShowPendingOutput() {
   if (!pendingOutput_) return;
   controls_.output->setPlainText(*pendingOutput_);
+  controls_.listingShown->hide();
+  controls_.findBar->ShowSearchesPart(false);
   controls_.output->moveCursor(QTextCursor::Start);
   pendingOutput_.reset();
 }
@@ -153,8 +193,8 @@ void WindowInterface::TurnBusyIndicator() {
   constexpr std::array<char, 4> FACES = {'|', '/', '-', '\\'};
   constexpr int STEPS_A_FACE = 8;
   busyStep_ = (busyStep_ + 1) % (STEPS_A_FACE * static_cast<int>(FACES.size()));
-  LabelOf(Label::busyIndicator)
-      .setText(QString(QChar(FACES.at(static_cast<std::size_t>(busyStep_ / STEPS_A_FACE)))));
+  controls_.busyIndicator->setText(
+      QString(QChar(FACES.at(static_cast<std::size_t>(busyStep_ / STEPS_A_FACE)))));
 }
 
 }  // namespace quorvel

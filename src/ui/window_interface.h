@@ -4,11 +4,12 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <QTimer>
 #include <array>
 #include <optional>
 #include <string_view>
 
-#include "util/user_interface.h"
+#include "run/conversation.h"
 
 class QLabel;
 class QPlainTextEdit;
@@ -17,6 +18,8 @@ class QWidget;
 
 namespace quorvel {
 
+class FindBar;
+
 // The controls that the conversation takes place in.
 struct ConversationControls {
   QWidget* window;
@@ -24,15 +27,23 @@ struct ConversationControls {
   QPushButton* stopButton;
   QWidget* outputFileBox;              // beside which it says that the file is written
   std::array<QLabel*, LABELS> labels;  // in the order of Label
+  QLabel* progressBar;
+  QLabel* busyIndicator;
+  QLabel* timeElapsed;
+  QLabel* listingShown;  // how much of it, where that is not all
+  FindBar* findBar;
 };
 
-class WindowInterface : public UserInterface {
+class WindowInterface : public Conversation {
  public:
-  explicit WindowInterface(const ConversationControls& controls) : controls_(controls) {}
+  explicit WindowInterface(const ConversationControls& controls);
 
   void AppendOutput(std::string_view text) override;
   void SetOutput(std::string_view text) override;
   void SetLabel(Label label, std::string_view text) override;
+  void ShowBar(std::string_view caption) override;
+  void SayWhatIsShown(const ListingShown& listing) override;
+  void CountSeconds(bool counting) override;
   Answer Ask(const Message& message) override;
   void PopUp(std::string_view text) override;
   void OfferStop(bool offered) override;
@@ -48,18 +59,18 @@ class WindowInterface : public UserInterface {
   // Shows the message that popped up during the work; it would only have held that up.
   void ShowPendingPopUp();
 
-  // Shows at once what the output box is to show next.
-  void ShowPendingOutput();
-
  private:
-  [[nodiscard]] QLabel& LabelOf(Label label) const;
+  void ShowPendingOutput();
   void TurnBusyIndicator();
+  void Timer2_Timer();
 
   ConversationControls controls_;
   bool working_ = false;
   std::optional<QString> pendingOutput_;  // what the output box is to show next
   std::optional<QString> pendingPopUp_;
   QElapsedTimer sinceEvents_;
+  QTimer timer2_;  // counts the seconds of a run
+  int secondsOfRun_ = 0;
   int busyStep_ = 0;
 };
 

@@ -15,7 +15,7 @@ constexpr std::array<std::string_view, 8> TENS = {"twenty", "thirty",  "forty", 
                                                   "sixty",  "seventy", "eighty", "ninety"};
 
 struct Scale {
-  int64_t value;
+  std::int64_t value;
   std::string_view word;
 };
 constexpr std::array<Scale, 4> SCALES = {
@@ -29,12 +29,13 @@ std::string BelowHundred(size_t number) {
   return text;
 }
 
-// `number` is not negative.
-std::string InWords(int64_t number) {
+}  // namespace
+
+std::string NumberInWords(std::int64_t number) {
   std::string text;
   for (const Scale& scale : SCALES) {
     if (number < scale.value) continue;
-    text += InWords(number / scale.value).append(" ").append(scale.word);
+    text += NumberInWords(number / scale.value).append(" ").append(scale.word);
     number %= scale.value;
     if (number == 0) return text;
     text += ' ';
@@ -42,16 +43,9 @@ std::string InWords(int64_t number) {
   return text + BelowHundred(static_cast<size_t>(number));
 }
 
-}  // namespace
-
-std::string NumberInWords(int32_t number) {
-  if (number < 0) return "minus " + InWords(-int64_t{number});
-  return InWords(number);
-}
-
 std::string CountInWords(size_t count, std::string_view one, std::string_view many) {
   if (count == 1) return std::string(one);
-  std::string text = InWords(static_cast<int64_t>(count));
+  std::string text = NumberInWords(static_cast<std::int64_t>(count));
   text.front() = static_cast<char>(text.front() - 'a' + 'A');
   return text.append(many);
 }

@@ -10,9 +10,9 @@
 
 namespace quorvel {
 
-// `number` in lower-case words, without "and": "two thousand three hundred forty". 0 is "zero", a
-// negative number begins with "minus ".
-[[nodiscard]] std::string NumberInWords(int32_t number);
+// `number`, which is not negative, in lower-case words, without "and": "two thousand three hundred
+// forty". 0 is "zero".
+[[nodiscard]] std::string NumberInWords(std::int64_t number);
 
 // A count for a label, with a first capital: `one` as it is for 1, else the number in words and
 // `many`: "Forty-two stop words".

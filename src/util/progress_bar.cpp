@@ -12,11 +12,11 @@ std::string ProgressCaption(int position) {
   return "[" + done + ">" + left + "]";
 }
 
-ProgressBar::ProgressBar(UserInterface& ui) : ui_(ui) {
-  ui_.SetLabel(Label::progressBar, ProgressCaption(0));
+ProgressBar::ProgressBar(Progress& progress) : progress_(progress) {
+  progress_.ShowBar(ProgressCaption(0));
 }
 
-ProgressBar::~ProgressBar() { ui_.SetLabel(Label::progressBar, ""); }
+ProgressBar::~ProgressBar() { progress_.ShowBar(""); }
 
 // The position is rounded, halves to even; the bar can change again once half a
 // cell more has been done, and not before.
@@ -32,7 +32,7 @@ void ProgressBar::Redraw(std::int64_t current, std::int64_t total, std::int64_t 
   nextChange_ = std::max(current + 1, static_cast<std::int64_t>(nextCell));
   if (position == position_) return;
   position_ = position;
-  ui_.SetLabel(Label::progressBar, ProgressCaption(position));
+  progress_.ShowBar(ProgressCaption(position));
 }
 
 }  // namespace quorvel

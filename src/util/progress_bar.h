@@ -8,7 +8,7 @@
 #include <limits>
 #include <string>
 
-#include "util/user_interface.h"
+#include "util/progress.h"
 
 namespace quorvel {
 
@@ -20,8 +20,8 @@ inline constexpr int PROGRESS_BAR_WIDTH = 40;
 
 class ProgressBar {
  public:
-  // Shows an empty bar.
-  explicit ProgressBar(UserInterface& ui);
+  // Shows an empty bar. `progress` must outlive it.
+  explicit ProgressBar(Progress& progress);
 
   // Removes the bar.
   ~ProgressBar();
@@ -37,7 +37,7 @@ class ProgressBar {
  private:
   void Redraw(std::int64_t current, std::int64_t total, std::int64_t threshold);
 
-  UserInterface& ui_;
+  Progress& progress_;
   std::int64_t nextChange_ = 0;
   int position_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "util/time_text.h"
 
+#include <array>
 #include <string_view>
 
 // Two oddities are meant, users know the texts by them. Rounding to the minute looks at the whole
@@ -101,6 +102,18 @@ std::string GroupedNumber(int64_t number) {
     text.insert(place, 1, ',');
   }
   return text;
+}
+
+std::string DateAndTimeText(std::time_t time) {
+  std::tm local = {};
+#ifdef _WIN32
+  localtime_s(&local, &time);
+#else
+  localtime_r(&time, &local);
+#endif
+  std::array<char, 32> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local);
+  return {text.data(), length};
 }
 
 }  // namespace quorvel

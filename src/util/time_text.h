@@ -1,10 +1,11 @@
 // The short English texts for durations, file sizes and large counts that the labels show.
 //
-// Always with "." and ",": a label reads the same on every machine. Not for dates, and not for
-// numbers that a file carries. A negative number keeps its minus sign.
+// Always with "." and ",": a label reads the same on every machine. Not for numbers that a file
+// carries. A negative number keeps its minus sign. Also the one form of a date that files carry.
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <string>
 
 namespace quorvel {
@@ -27,5 +28,8 @@ namespace quorvel {
 
 // `number` in decimal with a comma before each group of three digits: "1,234,567".
 [[nodiscard]] std::string GroupedNumber(int64_t number);
+
+// A local date and time as "2024-05-17 14:03".
+[[nodiscard]] std::string DateAndTimeText(std::time_t time);
 
 }  // namespace quorvel

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/index_file.h"
 #include "naive/naive_forms.h"
-#include "output/index_file.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
-#include "support/scripted_interface.h"
 
 namespace quorvel {
 namespace {
@@ -14,14 +13,14 @@ namespace {
 using Text = std::u16string;
 
 // All that a table holds.
-std::string Describe(const WordTable& table) {
-  return std::to_string(table.includedCount) + " words, " + std::to_string(table.totalOccurrences) +
-         " places" + IndexFileBytes(table, "", 0);
+std::string Describe(const ListedWords& words) {
+  return std::to_string(words.counts.includedCount) + " words, " +
+         std::to_string(words.counts.totalOccurrences) + " places" + IndexFileBytes(words, "", 0);
 }
 
 std::string FastTable(const Text& text, const ConcordanceSettings& settings) {
-  ScriptedInterface ui;
-  return Describe(ScanText(text, settings, ui).table);
+  SilentProgress nobody;
+  return Describe(*ScanText(text, settings, nobody).words);
 }
 
 std::string NaiveTable(const Text& text, const ConcordanceSettings& settings) {
@@ -46,16 +45,17 @@ TEST(Tokenizer, OddWordsAreThoseOfTheNaiveForm) {
 }
 
 TEST(Tokenizer, PlacesAreWhereTheScanStandsLessTheWord) {
-  ScriptedInterface ui;
-  const WordTable table = ScanText(u"cats. -cat- cats", {}, ui).table;
-  EXPECT_EQ(table.entries.at(0).positions, (std::vector<std::int32_t>{2, 9, 15}));
+  SilentProgress nobody;
+  const Listing listing = ScanText(u"cats. -cat- cats", {}, nobody);
+  EXPECT_EQ(TableOf(listing).entries.at(0).positions, (std::vector<std::int32_t>{2, 9, 15}));
 }
 
 TEST(Tokenizer, StopsAfterTheWordAtHand) {
-  ScriptedInterface ui;
-  ui.RequestStop();
-  const WordTable table = ScanText(u"on . harbour house", {}, ui).table;
-  EXPECT_TRUE(table.entries.size() == 1 && table.entries[0].word == u"harbour");
+  SilentProgress stopped;
+  stopped.RequestStop();
+  const Listing listing = ScanText(u"on . harbour house", {}, stopped);
+  const std::vector<WordEntry>& entries = TableOf(listing).entries;
+  EXPECT_TRUE(entries.size() == 1 && entries[0].word == u"harbour");
 }
 
 TEST(WordTable, PositionWidthByLogarithms) {

@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <utility>
+
 #include "files/file_system.h"
 #include "support/platform.h"
-#include "support/scripted_interface.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
@@ -37,21 +38,40 @@ TEST(TemporaryFolder, EndsWithTheNumbersAndWithoutABase) {
 }
 
 TEST(TemporaryFolder, TellsWhatCannotBeRemoved) {
-  // A file that stands in the way, and the message with "@" for the folder.
-  const std::pair<std::string, std::string> rows[] = {
-      {"word/document.xml/x", "Error when attempting to delete @/word/document.xml"},
-      {"word/x", "@/word when attempting to delete folder "},
-      {"x", "@ when attempting to delete folder "}};
-  for (const auto& [inTheWay, message] : rows) {
+  const struct {
+    const char* inTheWay;  // a file
+    const char* stays;     // below the folder
+    FaultKind kind;
+  } rows[] = {{"word/document.xml/x", "word/document.xml", FaultKind::fileNotRemoved},
+              {"word/x", "word", FaultKind::folderNotRemoved},
+              {"x", "", FaultKind::folderNotRemoved}};
+  for (const auto& [inTheWay, stays, kind] : rows) {
     const TestFolder base;
     const std::string folder = CreateTemporaryFolder(base.Path(""), "QVL");
     fs::create_directories(base.Path("QVL001/word/document.xml"));
-    (void)base.Write("QVL001/" + inTheWay, "x");
-    ScriptedInterface ui;
-    RemoveTemporaryFolder(folder, "word/document.xml", ui);
+    (void)base.Write("QVL001/" + std::string(inTheWay), "x");
+    const std::optional<Fault> fault = RemoveTemporaryFolder(folder, "word/document.xml");
+    ASSERT_TRUE(fault.has_value()) << inTheWay;
+    EXPECT_EQ(fault->kind, kind) << inTheWay;
+    EXPECT_EQ(fault->file, *stays == '\0' ? folder : JoinPath(folder, stays));
     EXPECT_TRUE(FolderExists(folder));
-    EXPECT_EQ(ui.Said(folder), "Error: " + NativePath(message) + "\n");
   }
+}
+
+TEST(TemporaryFolder, GoesWithItsScope) {
+  const TestFolder base;
+  SetVariable("TMPDIR", base.Path(""));
+  std::string path;
+  {
+    TemporaryFolder folder("QVL", "a/b");
+    path = folder.Path();
+    fs::create_directory(PathOfBytes(JoinPath(path, "a")));
+    const TemporaryFolder moved(std::move(folder));
+    EXPECT_EQ(moved.EntryPath(), JoinPath(path, "a/b"));
+    EXPECT_TRUE(FolderExists(path));
+  }
+  SetVariable("TMPDIR", "");
+  EXPECT_FALSE(path.empty() || FolderExists(path));
 }
 
 }  // namespace

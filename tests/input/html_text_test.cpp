@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
+#include "input/document.h"
 #include "input/entities.h"
 #include "naive/naive_html.h"
 #include "support/made_texts.h"
-#include "support/test_run.h"
+#include "support/scripted_conversation.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -70,7 +69,7 @@ TEST(HtmlText, BodyAndCharset) {
   }
 }
 
-TEST(HtmlText, RunsOnPages) {
+TEST(HtmlText, MakesDocumentsOfPages) {
   const std::string page =
       "<!doctype HTML>\r\n<title>Lost</title></Head>\r\n\r\n<body>caf&eacute;&nbsp; noir"
       "<ul><li>\titem</ul>\r\n</body>";
@@ -92,22 +91,13 @@ TEST(HtmlText, RunsOnPages) {
               {"a text file", "a.txt", textFile, "<!doctype html> / </head><p>caf&eacute;", true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    TestRun run(row.bytes, row.file);
-    run.settings.ignoreLists = row.ignoreLists;
-    run.ui.answers = {Answer::no};  // to "UTF-8 or ANSI file?"
-    EXPECT_EQ(run.Go(), RunOutcome::done);
-    EXPECT_EQ(run.state.documentText, DecodeAnsi(row.text));
-    EXPECT_EQ(run.ui.appends.at(1), "Compacting spaces ...\r\n");
-    EXPECT_EQ(run.ui.appends.at(2), "Processing file ...\r\n");
+    ScriptedConversation ui;
+    const Result<std::string> text = ReadInputFile(InputBytes(row.file, row.bytes), false, ui);
+    const auto document = MakeDocument({row.file, {}, {}}, {false, row.ignoreLists}, *text, ui);
+    EXPECT_EQ((*document)->ansiText, row.text);
+    EXPECT_EQ((*document)->documentText, DecodeAnsi(row.text));
+    EXPECT_EQ(ui.output, "Reading file ...\r\nCompacting spaces ...\r\nProcessing file ...\r\n");
   }
-}
-
-TEST(HtmlText, PageWithoutHead) {
-  TestRun run("<!DOCTYPE html><p>text</p></head >", "a.html");
-  EXPECT_EQ(run.Go(), RunOutcome::refused);
-  EXPECT_EQ(run.ui.Said(), "Error: This HTML file does not contain a HEAD section.\n");
-  EXPECT_EQ(run.ui.appends, std::vector<std::string>{"Reading file ...\r\n"});
-  EXPECT_EQ(run.folder.Count(), 1) << "no concordance is written";
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/scanned_text.h"
-#include "support/scripted_interface.h"
+#include "engine/admission.h"
+#include "util/ansi.h"
 
 namespace quorvel {
 namespace {
@@ -14,46 +14,44 @@ TEST(StopWords, TidiesExtraStopWords) {
   for (const auto& row : rows) EXPECT_EQ(TidyExtraStopWords(row[0]), row[1]);
 }
 
-TEST(StopWords, ChecksTheirCharacters) {
-  const std::string is = " occurs in some stop word\r\nbut is not ";
-  const std::string optional = is + "currently set as a character allowed in a word.\n";
-  const std::string never = is + "a character allowed in a word.";
-  const std::string comma = "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
+TEST(StopWords, MayHoldWhatAWordMayHold) {
+  using enum FaultKind;
   const struct {
     const char* words;
     bool hyphens, numerals;
-    std::string fault;
-  } rows[] = {
-      {"été straße Œuvre", false, false, ""},   {"co-op 42nd", true, true, ""},
-      {"co-op", false, false, "-" + optional},  {"42nd", true, false, "4" + optional},
-      {"a×b%", true, true, "×" + never + "\n"}, {"a,b", true, true, "," + never + comma + "\n"}};
-  for (const auto& [words, hyphens, numerals, fault] : rows) {
+    FaultKind kind = stopped;
+    const char* character = "";  // empty where all may stand in a word
+  } rows[] = {{"été straße Œuvre", false, false},
+              {"co-op 42nd", true, true},
+              {"co-op", false, false, notAllowedForNow, "-"},
+              {"42nd", true, false, notAllowedForNow, "4"},
+              {"a×b%", true, true, notAllowedInStopWord, "×"},
+              {"a,b", true, true, notAllowedInStopWord, ","}};
+  for (const auto& [words, hyphens, numerals, kind, character] : rows) {
     ConcordanceSettings settings;
     settings.extraStopWords = words;
     settings.allowWordsWithHyphens = hyphens;
     settings.allowWordsWithNumerals = numerals;
-    ScriptedInterface ui;
-    EXPECT_EQ(CheckAllowedExtraChars(settings, ui), fault.empty()) << words;
-    EXPECT_EQ(ui.Said(), fault.empty() ? "" : "Character not allowed: The character " + fault);
+    const Fault fault = FaultInExtraStopWords(settings).value_or(Fault());
+    EXPECT_EQ(fault.kind, kind) << words;
+    EXPECT_EQ(fault.reason, character) << words;
   }
 }
 
 // With any stop words at all, the list counts too, and the number words in it.
-TEST(Admission, LeavesOutStopWords) {
-  const std::tuple<const char*, const char*, std::u16string> rows[] = {
-      {"", "", u"co-op The the two "}, {"the", "", u""}, {"", "a file", u"The the "}};
+TEST(StopWords, LeaveOutWords) {
+  const std::tuple<const char*, const char*, std::string> rows[] = {
+      {"", "", "co-op The the two "}, {"the", "", ""}, {"", "a file", "The the "}};
   for (const auto& [extra, file, expected] : rows) {
-    ScriptedInterface ui;
     ConcordanceSettings settings;
-    settings.extraStopWords = extra;
     settings.stopWordsFile = file;
-    RunState state = ScanText(u"The co-op, the two.", settings, ui);
-    state.lists.stopWords.words = {u"co-op"};
-    ConcealNumWords(state.lists.stopWords, true);
-    ApplyAdmissionFilters(state.table, settings, state.lists);
-    std::u16string listed;
-    for (const WordEntry& entry : state.table.entries) {
-      listed += entry.include ? entry.word + u" " : u"";
+    WordLists lists;
+    lists.extraStopWords = ExtraStopWordsOf(extra);
+    lists.stopWords.words = {u"co-op"};
+    ConcealNumWords(lists.stopWords, true);
+    std::string listed;
+    for (const char16_t* word : {u"co-op", u"The", u"the", u"two"}) {
+      if (!IsStopWord(word, settings, lists)) listed += EncodeUtf8(word) + " ";
     }
     EXPECT_EQ(listed, expected) << extra << file;
   }

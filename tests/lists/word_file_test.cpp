@@ -1,16 +1,10 @@
-// Both kinds of word files: what is read of them and what the user is told.
+// What is read of word files, as stop words and as keywords.
 
 #include "lists/word_file.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "lists/keywords.h"
-#include "lists/stop_words.h"
-#include "support/made_texts.h"
-#include "support/scripted_interface.h"
-#include "support/test_folder.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -48,62 +42,11 @@ TEST(WordFiles, GiveTheirWords) {
               {"keywords in lower case without plural", "Walk DOGS dogs news\r\n",
                "DOGS|Walk|dogs|news|", "dog|dog|new|walk|"}};
   for (const auto& [name, bytes, stopWords, keywords] : rows) {
-    const TestFolder folder;
-    ScriptedInterface ui;
-    const std::string path = folder.Write("words.txt", bytes);
-    StopWordList list;
-    KeywordLists lists;
-    EXPECT_TRUE(ReadStopWordsFile(path, list, ui) && list.loaded) << name;
-    EXPECT_TRUE(ReadKeywordsFile(path, lists, ui) && lists.loaded) << name;
-    EXPECT_EQ(Joined(list.words), stopWords) << name;
-    EXPECT_EQ(Joined(lists.fileKeywords), keywords) << name;
-    EXPECT_EQ(ui.Said(), "") << name;
-  }
-}
-
-TEST(WordFiles, HoldText) {
-  const TestFolder folder;
-  ScriptedInterface ui;
-  StopWordList list = {{u"old"}, {}, true};
-  const std::string path = folder.Write("w.txt", "\xFF\xFEtext");
-  EXPECT_FALSE(ReadStopWordsFile(path, list, ui) || list.loaded);
-  EXPECT_EQ(ui.Said(path), "Fatal error: File @\r\nis a Unicode file but not UTF-8 encoded.\n");
-}
-
-TEST(WordFiles, CanBeStoppedWhereTheyAreLong) {
-  for (const bool isLong : {false, true}) {
-    const TestFolder folder;
-    const std::string path = folder.Write("a.txt", Repeated("ab\r\n", isLong ? 5121 : 5120));
-    StopWordList list;
-    KeywordLists lists;
-    ScriptedInterface ui;
-    ui.stopAtYield = 1;
-    EXPECT_FALSE(ReadStopWordsFile(path, list, ui));
-    EXPECT_EQ(ui.output, "Reading stop words was stopped.");
-    ui.yields = 0;
-    EXPECT_FALSE(ReadKeywordsFile(path, lists, ui));
-    EXPECT_EQ(ui.output, "Reading search words was stopped.");
-    EXPECT_FALSE(list.loaded || lists.loaded);
-    EXPECT_EQ(ui.stopOffers,
-              isLong ? (std::vector<bool>{true, false, true, false}) : std::vector<bool>());
-    EXPECT_EQ(ui.sets.front(), "Reading stop words ...");
-  }
-}
-
-TEST(WordFiles, ShowTheBeginningOfALongList) {
-  for (const int count : {1, 30, 31}) {
-    StopWordList list;
-    std::string shown;
-    for (int i = 0; i < count; ++i) {
-      list.words.emplace_back(1, static_cast<char16_t>(u'A' + i));
-      if (i < 30) shown += EncodeUtf8(list.words.back()) + "\r\n";
-    }
-    ScriptedInterface ui;
-    ListStopWords(list, ui);
-    const std::string expected = "Stop words: There are " + std::to_string(count) +
-                                 " stop words.\r\n\r\n" + shown +
-                                 (count > 30 ? "\r\nand more\n" : "\n");
-    EXPECT_EQ(ui.Said(), count < 2 ? "" : expected);
+    SilentProgress nobody;
+    SortedWords words = *WordsOfFileBytes(bytes, nobody);
+    EXPECT_EQ(Joined(KeywordsOfFile(words)), keywords) << name;
+    std::sort(words.begin(), words.end());
+    EXPECT_EQ(Joined(words), stopWords) << name;
   }
 }
 

@@ -122,41 +122,21 @@ WordTable ScanWords(const Text& text) {
     while (Mid(text, scanPosition, 1) == u" ");
   }
   for (const auto& [key, positions] : words) {
-    table.entries.push_back({key.second, key.first, 0, 0, true, positions});
+    table.entries.push_back({key.second, key.first, positions});
   }
   return table;
 }
 
-void AdmitWords(WordTable& table, const ConcordanceSettings& settings) {
+bool IsAdmitted(const WordEntry& entry, const ConcordanceSettings& settings) {
   const std::string& extra = settings.extraStopWords;
   const Text stopWords = u" " + Text(extra.begin(), extra.end()) + u" ";
-  for (WordEntry& entry : table.entries) {
-    const bool hasHyphen = Contains(entry.word, u"-");
-    const bool hasDigit = RemoveChars(entry.word, u"0123456789") != entry.word;
-    const bool isRare = entry.Count() < settings.thresholdFrequency;
-    entry.include = (settings.allowWordsWithHyphens || !hasHyphen) &&
-                    (settings.allowWordsWithNumerals || !hasDigit) &&
-                    !(settings.ignoreInfrequentWords && isRare) &&
-                    !Contains(stopWords, u" " + ToLowerCase(entry.word) + u" ");
-  }
-}
-
-void LinkByFrequency(WordTable& table) {
-  std::vector<WordEntry>& entries = table.entries;
-  std::vector<std::size_t> order;
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (!entries[i].include) continue;
-    order.push_back(i);
-    ++table.includedCount;
-    table.totalOccurrences += entries[i].Count();
-  }
-  const auto countOf = [&entries](std::size_t i) { return entries[i].Count(); };
-  std::ranges::stable_sort(order, std::greater(), countOf);
-  for (std::size_t k = 0; k < order.size(); ++k) {
-    const auto place = static_cast<std::int32_t>(order[k]) + 1;
-    (k == 0 ? table.frequencyHead : entries[order[k - 1]].frequencyNext) = place;
-    if (k > 0) entries[order[k]].frequencyPrev = static_cast<std::int32_t>(order[k - 1]) + 1;
-  }
+  const bool hasHyphen = Contains(entry.word, u"-");
+  const bool hasDigit = RemoveChars(entry.word, u"0123456789") != entry.word;
+  const bool isRare = entry.Count() < settings.thresholdFrequency;
+  return (settings.allowWordsWithHyphens || !hasHyphen) &&
+         (settings.allowWordsWithNumerals || !hasDigit) &&
+         !(settings.ignoreInfrequentWords && isRare) &&
+         !Contains(stopWords, u" " + ToLowerCase(entry.word) + u" ");
 }
 
 Text TakeOutLineBreaks(Text window, int& cut) {
@@ -270,11 +250,22 @@ Text BlankDoubleHyphens(Text text) {
   return text;
 }
 
-WordTable MakeWordTable(const Text& text, const ConcordanceSettings& settings) {
-  WordTable table = ScanWords(text);
-  AdmitWords(table, settings);
-  LinkByFrequency(table);
-  return table;
+ListedWords MakeWordTable(const Text& text, const ConcordanceSettings& settings) {
+  const WordTable table = ScanWords(text);
+  ListedWords listed;
+  for (std::size_t i = 0; i < table.entries.size(); ++i) {
+    const WordEntry& entry = table.entries[i];
+    listed.include.push_back(IsAdmitted(entry, settings));
+    if (!listed.include.back()) continue;
+    ++listed.counts.includedCount;
+    listed.counts.totalOccurrences += entry.Count();
+    listed.frequencyChain.push_back(static_cast<std::int32_t>(i));
+  }
+  std::ranges::stable_sort(listed.frequencyChain, std::greater(), [&table](std::int32_t i) {
+    return table.entries[static_cast<std::size_t>(i)].Count();
+  });
+  listed.words.table = std::make_shared<const WordTable>(table);
+  return listed;
 }
 
 Text ComposeEntry(const Text& word, const std::vector<Text>& contexts,
@@ -291,8 +282,8 @@ Text ComposeEntry(const Text& word, const std::vector<Text>& contexts,
 
 Text ListWords(const Text& documentText, const ConcordanceSettings& settings) {
   const Text text = BlankDoubleHyphens(documentText);
-  std::vector<WordEntry> entries = MakeWordTable(text, settings).entries;
-  std::erase_if(entries, [](const WordEntry& entry) { return !entry.include; });
+  std::vector<WordEntry> entries = ScanWords(text).entries;
+  std::erase_if(entries, [&](const WordEntry& entry) { return !IsAdmitted(entry, settings); });
   if (settings.wordOrder == WordOrder::byFrequency) {
     std::ranges::stable_sort(entries, std::greater(), &WordEntry::Count);
   }

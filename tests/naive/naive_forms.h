@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/word_table.h"
+#include "engine/words.h"
 #include "settings/settings.h"
 
 namespace quorvel::naive {
@@ -18,8 +18,8 @@ namespace quorvel::naive {
 [[nodiscard]] std::u16string BlankDoubleHyphens(std::u16string text);
 
 // The words of a blanked text: sorted, admitted, linked by frequency and counted.
-[[nodiscard]] WordTable MakeWordTable(const std::u16string& text,
-                                      const ConcordanceSettings& settings);
+[[nodiscard]] ListedWords MakeWordTable(const std::u16string& text,
+                                        const ConcordanceSettings& settings);
 
 // The entry of a word in a listing, made of the contexts of its occurrences in text order.
 [[nodiscard]] std::u16string ComposeEntry(const std::u16string& word,

@@ -7,7 +7,7 @@
 #include "naive/naive_forms.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
-#include "support/scripted_interface.h"
+#include "support/scripted_conversation.h"
 #include "util/ansi.h"
 #include "util/characters.h"
 
@@ -18,15 +18,16 @@ using Text = std::u16string;
 using TableRow = std::vector<Text>;  // its fields
 enum Column { WORD, KEY, COUNT, LEFT, MATCH, RIGHT, POSITION, COLUMNS };
 
-std::string Table(RunState& state, OutputFormat format) {
-  ScriptedInterface ui;
+std::string Table(const Listing& listing, RowFormat format) {
+  SilentProgress nobody;
   std::string bytes;
-  state.outputFormat = format;
-  state.outputSink = [&bytes](std::string_view piece) {
-    bytes += piece;
-    return true;
-  };
-  EXPECT_EQ(ListOccurrences(state, ui), ListingOutcome::listed);
+  ComposeRows(
+      listing, format,
+      [&bytes](std::string_view piece) {
+        bytes += piece;
+        return true;
+      },
+      nobody);
   return bytes;
 }
 
@@ -39,9 +40,9 @@ std::vector<Text> Split(const Text& text, char16_t by) {
   return parts;
 }
 
-std::vector<TableRow> RowsOf(RunState& state) {
+std::vector<TableRow> RowsOf(const Listing& listing) {
   std::vector<TableRow> rows;
-  for (const Text& line : Split(DecodeUtf8(Table(state, OutputFormat::tsv)), u'\n')) {
+  for (const Text& line : Split(DecodeUtf8(Table(listing, RowFormat::tsv)), u'\n')) {
     rows.push_back(Split(line, u'\t'));
   }
   EXPECT_EQ(rows.back(), TableRow{Text()});  // the table ends with a line end
@@ -53,7 +54,8 @@ std::vector<TableRow> RowsOf(RunState& state) {
 Text ContextOf(const TableRow& row) { return row[LEFT] + row[MATCH] + row[RIGHT]; }
 
 // The listing, made anew of the rows; each row is looked at by itself on the way.
-Text ListingOf(const std::vector<TableRow>& rows, const RunState& state) {
+Text ListingOfRows(const std::vector<TableRow>& rows, const Text& text,
+                   const ConcordanceSettings& settings) {
   Text listing;
   for (std::size_t i = 0; i < rows.size();) {
     const TableRow& first = rows[i];
@@ -61,13 +63,13 @@ Text ListingOf(const std::vector<TableRow>& rows, const RunState& state) {
     for (; i < rows.size() && rows[i][WORD] == first[WORD]; ++i) {
       EXPECT_EQ(rows[i].size(), COLUMNS);
       const std::size_t place = std::stoul(EncodeUtf8(rows[i][POSITION])) - 1;
-      EXPECT_EQ(state.documentText.substr(place, rows[i][MATCH].size()), rows[i][MATCH]);
+      EXPECT_EQ(text.substr(place, rows[i][MATCH].size()), rows[i][MATCH]);
       EXPECT_TRUE(rows[i][MATCH] == first[WORD] || rows[i][MATCH] == first[WORD] + u's');
       contexts.push_back(ContextOf(rows[i]));
     }
     EXPECT_EQ(EncodeUtf8(first[COUNT]), std::to_string(contexts.size()));
     EXPECT_EQ(first[KEY], ToLowerCase(FoldForKey(first[WORD])));
-    listing += naive::ComposeEntry(first[WORD], contexts, state.settings);
+    listing += naive::ComposeEntry(first[WORD], contexts, settings);
   }
   return listing.erase(0, 2);
 }
@@ -95,12 +97,12 @@ TEST(OccurrenceRows, GroupedMergedAndMarkedAreTheListing) {
     settings.showLineBreaks = random() % 2 == 0;
     settings.allowWordsWithNumerals = random() % 2 == 0;
     settings.ignoreInfrequentWords = random() % 4 == 0;
-    ScriptedInterface ui;
+    SilentProgress nobody;
     const std::vector<Text>& parts = ALPHABETS[static_cast<std::size_t>(round) % ALPHABETS.size()];
-    RunState state = ScanText(Padded(RandomText(parts, 60, random)), settings, ui);
-    if (ListWords(state, ui) == ListingOutcome::nothing) continue;
-    EXPECT_EQ(ListingOf(RowsOf(state), state), DecodeAnsi(state.outputText))
-        << testing::PrintToString(state.documentText);
+    const Listing listing = ScanText(Padded(RandomText(parts, 60, random)), settings, nobody);
+    const Text& text = listing.Source().documentText;
+    EXPECT_EQ(ListingOfRows(RowsOf(listing), text, settings), DecodeAnsi(Composed(listing, nobody)))
+        << testing::PrintToString(text);
   }
 }
 
@@ -126,24 +128,21 @@ TEST(OccurrenceRows, OfASearchAreThoseThatAnyKeywordFinds) {
                                                  u"cat",    u"dog+(x2)", u"*+?x#?"};
   std::mt19937 random(7);
   for (int round = 0; round < 300; ++round) {
-    ScriptedInterface ui;
+    SilentProgress nobody;
     ConcordanceSettings settings;
     settings.contextSize = 1 + round % 3;
-    RunState state =
+    const Listing all =
         ScanText(Padded(RandomText<Text>({u"cat ", u"dogs ", u"dog, ", u"sea ", u"\u00c9t\u00e9 "},
                                          40, random)),
-                 settings, ui);
-    std::vector<TableRow> expected = RowsOf(state);
+                 settings, nobody);
+    std::vector<TableRow> expected = RowsOf(all);
+    KeywordLists lists;
     const auto anyKeyword = [&] { return ExtraKeywordOf(keywords[random() % keywords.size()]); };
-    state.lists.keywords.extraKeywords =
-        ExtraKeywordList({anyKeyword(), anyKeyword(), anyKeyword()});
-    if (round % 5 == 0) state.lists.keywords.fileKeywords = {u"dog"};
-    state.settings.mode = Mode::search;
-    ApplyAdmissionFilters(state.table, state.settings, state.lists);
-    CountIncludedWords(state.table);
-    std::erase_if(expected,
-                  [&](const TableRow& row) { return !IsFound(row, state.lists.keywords); });
-    EXPECT_EQ(RowsOf(state), expected) << round;
+    lists.extraKeywords = ExtraKeywordList({anyKeyword(), anyKeyword(), anyKeyword()});
+    if (round % 5 == 0) lists.fileKeywords = {u"dog"};
+    settings.mode = Mode::search;
+    std::erase_if(expected, [&](const TableRow& row) { return !IsFound(row, lists); });
+    EXPECT_EQ(RowsOf(ListingOf(all.words->words, settings, lists)), expected) << round;
   }
 }
 
@@ -156,21 +155,22 @@ TEST(OccurrenceRows, StandWhereTheirWordsStand) {
        "dawn\tdawn\t1\tgo at\tdawn\t\t67\n"},
       {0, u"\u00c9tat or dogs or dog. to", "dog\tdog\t2\n\u00c9tat\tetat\t1\n"}};
   for (const auto& [contextSize, text, expected] : rows) {
-    ScriptedInterface ui;
+    SilentProgress nobody;
     ConcordanceSettings settings;
     settings.contextSize = contextSize;
-    RunState state = ScanText(text, settings, ui);
-    const std::string table = Table(state, OutputFormat::tsv);
+    const Listing listing = ScanText(text, settings, nobody);
+    const std::string table = Table(listing, RowFormat::tsv);
     EXPECT_EQ(table.substr(table.find('\n') + 1), expected);
   }
 }
 
 TEST(OccurrenceRows, AsJsonAreAnArrayWithALineEach) {
-  ScriptedInterface ui;
+  SilentProgress nobody;
   ConcordanceSettings settings;
   settings.contextSize = 1;
-  RunState state = ScanText(u"of us \"\x81\x7f\t\u20ac cat \\n\" to cats us it", settings, ui);
-  EXPECT_EQ(Table(state, OutputFormat::json),
+  const Listing listing =
+      ScanText(u"of us \"\x81\x7f\t\u20ac cat \\n\" to cats us it", settings, nobody);
+  EXPECT_EQ(Table(listing, RowFormat::json),
             "[\n"
             R"({"word":"cat","key":"cat","count":2,"left":"\"\u0081\u007f\u0009€ ",)"
             R"("match":"cat","right":" \\n\"","position":13})"
@@ -178,24 +178,22 @@ TEST(OccurrenceRows, AsJsonAreAnArrayWithALineEach) {
             R"({"word":"cat","key":"cat","count":2,"left":"to ","match":"cats","right":" us",)"
             R"("position":24})"
             "\n]\n");
-  state.table.entries.clear();
-  EXPECT_EQ(Table(state, OutputFormat::json), "[\n]\n");
+  EXPECT_EQ(Table(ScanText(u"to it", settings, nobody), RowFormat::json), "[\n]\n");
 }
 
 TEST(OccurrenceRows, EndWhereTheUserWants) {
-  ScriptedInterface ui;
+  ScriptedConversation ui;
   const Text text = DecodeAnsi(Repeated("the sea ", 32768));  // more than a listing takes
-  RunState state = ScanText(text, {}, ui);
-  state.outputFormat = OutputFormat::json;
+  const Listing listing = ScanText(text, {}, ui);
   std::size_t longest = 0;
   std::string last;
-  state.outputSink = [&](std::string_view piece) {
+  const auto take = [&](std::string_view piece) {
     longest = std::max(longest, piece.size());
     last = piece;
     return true;
   };
   ui.stopAtYield = ui.yields + 1;
-  EXPECT_EQ(ListOccurrences(state, ui), ListingOutcome::stopped);
+  ComposeRows(listing, RowFormat::json, take, ui);
   EXPECT_TRUE(last.ends_with("}\n]\n"));
   EXPECT_NE(last.find("\"sea\","), std::string::npos);
   EXPECT_EQ(last.find("\"the\","), std::string::npos);

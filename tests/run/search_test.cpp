@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "lists/word_file.h"
+#include "run/word_lists.h"
 #include "support/test_run.h"
 
 namespace quorvel {
@@ -33,26 +33,27 @@ TEST(Search, ListsTheWantedLines) {
       {"wal?", "harbours Ship4\r\n", "[harbour 6]\r\n" + all + walk},
       {"h* *r harb*+x", "HARBOUR walk\r\n", "[harbour 6]\r\n" + all + walk}};
   for (const auto& [keywords, file, entries] : rows) {
-    TestRun run(text);
-    run.settings.mode = Mode::search;
-    run.settings.contextSize = 2;
-    run.settings.searchResultsFile = "  " + run.settings.outputFile + " ";
-    run.settings.extraKeywords = keywords;
-    run.settings.allowWordsWithNumerals = true;
-    run.settings.outputToFileDisabled = true;  // this concerns concordances alone
-    if (*file != '\0') {
-      EXPECT_TRUE(
-          ReadKeywordsFile(run.folder.Write("k.txt", file), run.state.lists.keywords, run.ui));
+    for (const bool once : {false, true}) {
+      SessionOptions options;
+      options.listsOnce = once;
+      TestRun run(text, "a.txt", options);
+      run.settings.mode = Mode::search;
+      run.settings.contextSize = 2;
+      run.settings.searchResultsFile = "  " + run.settings.outputFile + " ";
+      run.settings.extraKeywords = keywords;
+      run.settings.allowWordsWithNumerals = true;
+      run.settings.outputToFileDisabled = true;  // this concerns concordances alone
+      if (*file != '\0') {
+        EXPECT_TRUE(ReadKeywordsFile(run.folder.Write("k.txt", file), run.session.Lists().keywords,
+                                     run.ui));
+      }
+      EXPECT_EQ(run.Go(), RunOutcome::done) << keywords;
+      EXPECT_EQ(run.Entries(), entries + "\r\n") << keywords;
+      EXPECT_EQ(run.ui.Said(), "");
+      EXPECT_EQ(run.ui.popUps.size(), 0U);
+      EXPECT_EQ(run.ui.labels[Label::keywordsFound].back(), "");
+      EXPECT_EQ(run.ui.appends.back(), "Getting search results ...\r\n");
     }
-    EXPECT_EQ(run.Go(), RunOutcome::done) << keywords;
-    EXPECT_EQ(run.Entries(), entries + "\r\n") << keywords;
-    EXPECT_EQ(run.ui.Said(), "");
-    EXPECT_EQ(run.ui.popUps.size(), 0U);
-    EXPECT_EQ(run.ui.labels[Label::keywordsFound], std::vector<std::string>{""});
-    EXPECT_EQ(run.ui.appends.back(), "Getting search results ...\r\n");
-    run.state.listsOnce = true;
-    EXPECT_EQ(run.Go(), RunOutcome::done) << keywords;
-    EXPECT_EQ(run.Entries(), entries + "\r\n") << keywords;
   }
 }
 

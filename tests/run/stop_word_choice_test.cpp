@@ -8,9 +8,8 @@
 #include <sstream>
 
 #include "engine/language_recognition.h"
-#include "files/file_system.h"
 #include "support/run_program.h"
-#include "support/test_run.h"
+#include "support/scripted_conversation.h"
 #include "util/ansi.h"
 #include "util/characters.h"
 
@@ -40,11 +39,12 @@ TEST(StopWordsFiles, DropEveryWordOfThePlainLists) {
     const std::string words = PlainWords(language);
     EXPECT_GT(words.size(), 2000U) << language.code;
     for (const Language& list : {language, ALL_LANGUAGES}) {
-      TestRun run(words + "harbour\r\n\r\n");
-      run.settings.contextSize = 0;
-      AttemptToReadStopWords(StopWordsPath(list), run.settings, run.state.lists.stopWords, run.ui);
-      (void)run.Go();
-      EXPECT_EQ(run.state.outputText, "harbour 1\r\n") << list.name;
+      const TestFolder folder;
+      (void)folder.Write("a.txt", words + "harbour\r\n\r\n");
+      const std::string option = " --stop-words '" + StopWordsPath(list) + "'";
+      EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt -q -c 0 -o out.txt" + option), 0);
+      const std::string written = folder.Read("out.txt");
+      EXPECT_EQ(written.substr(written.find("\r\n\r\n") + 4), "harbour 1\r\n\r\n") << list.name;
     }
   }
 }
@@ -55,7 +55,8 @@ TEST(StopWordsFiles, AreThoseOfTheGenerator) {
             0);
   for (const Language& language : LANGUAGES) {
     const std::string name(language.stopWordsFile);
-    EXPECT_TRUE(ReadFileBytes(DATA + name).bytes == folder.Read(name))
+    SilentProgress nobody;
+    EXPECT_TRUE(ReadInput(DATA + name, nobody)->View() == folder.Read(name))
         << name << ": ./dev stopwords renews it";
   }
   EXPECT_EQ(folder.Count(), 7 + 2);  // and what the generator said
@@ -65,7 +66,6 @@ TEST(LanguageRecognition, GoesByTheBeginningOfTheText) {
   const std::string german = "Der Hafen war still, und die Boote lagen in der Nacht am Ufer. ";
   const std::string french = "Le port \xC3\xA9tait calme et les bateaux dormaient dans la nuit. ";
   const std::string filler(RECOGNITION_LENGTH, '.');
-  ScriptedInterface ui;
   const std::pair<std::string, const char*> rows[] = {
       {"The harbour was still, and the boats lay on the shore that night.", "en"},
       {german, "de"},
@@ -79,14 +79,46 @@ TEST(LanguageRecognition, GoesByTheBeginningOfTheText) {
            german + filler + french + french,
        "de"}};
   for (const auto& [bytes, code] : rows) {
-    const TestFolder folder;
     const char* name = bytes.starts_with('<') ? "a.htm" : "a.txt";
-    EXPECT_EQ(RecognizeInputLanguage(folder.Write(name, bytes), ui)->code, code)
-        << bytes.substr(0, 60);
+    EXPECT_EQ(RecognizeInputLanguage(InputBytes(name, bytes))->code, code) << bytes.substr(0, 60);
   }
-  EXPECT_EQ(RecognizeInputLanguage("/no/such/file.docx", ui)->code, "en");
-  EXPECT_EQ(RecognizeInputLanguage("/proc/self/mem", ui), std::nullopt);
-  EXPECT_EQ(ui.Said(), "");
+  EXPECT_EQ(RecognizeInputLanguage(InputBytes("a.docx", "PK\x03\x04 no archive"))->code, "en");
+}
+
+TEST(StopWordChoice, ReadsTheListOfTheLanguageUnlessItIsInUse) {
+  const std::string english = StopWordsPath(LANGUAGES[0]);
+  const std::string german = StopWordsPath(LANGUAGES[1]);
+  const std::string all = StopWordsPath(ALL_LANGUAGES);
+  const std::string question =
+      "Stop words: No stop words file is set.\r\nDo you wish to use the English list?\n";
+  const struct {
+    const char* name;
+    std::optional<Language> language;
+    std::string inUse;
+    bool loaded;
+    Answer answer;
+    std::string chosen;
+    bool reads;
+  } rows[] = {{"none in use", LANGUAGES[1], "", false, Answer::ok, german, true},
+              {"in use", LANGUAGES[1], german, true, Answer::ok, german, false},
+              {"named, not read", LANGUAGES[1], german, false, Answer::ok, german, true},
+              {"another in use", LANGUAGES[1], english, true, Answer::ok, german, true},
+              {"all in use", LANGUAGES[1], all, true, Answer::ok, all, false},
+              {"language unknown, no", {}, "", false, Answer::no, "", false},
+              {"language unknown, yes", {}, "", false, Answer::yes, english, true},
+              {"unknown, one in use", {}, german, true, Answer::yes, german, true}};
+  for (const auto& row : rows) {
+    ConcordanceSettings settings;
+    settings.stopWordsFile = row.inUse;
+    StopWordList list;
+    list.loaded = row.loaded;
+    ScriptedConversation ui;
+    ui.answers = {row.answer};
+    ChooseStopWords(row.language, settings, list, ui);
+    EXPECT_EQ(settings.stopWordsFile, row.chosen) << row.name;
+    EXPECT_EQ(!list.words.empty(), row.reads) << row.name;
+    EXPECT_EQ(ui.Said().starts_with(question), !row.language) << row.name;
+  }
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ ConcordanceSettings Unusual(const TestFolder& folder) {
 }
 
 std::string BytesOf(const ConcordanceSettings& settings, const TestFolder& folder) {
-  EXPECT_EQ(SaveState(settings, folder.Path("bytes")), "");
+  EXPECT_EQ(SaveState(settings, folder.Path("bytes"), {}), "");
   return folder.Read("bytes");
 }
 
@@ -101,6 +101,16 @@ TEST(SettingsFile, IsRefusedWhenItIsCutOrMissing) {
   }
   EXPECT_EQ(RestoreSavedState(restored, folder.Path("none"), false).errorText,
             "Error when attempting to restore settings: No such file or directory");
+}
+
+TEST(SettingsFile, NeverReplacesAnotherFile) {
+  const TestFolder folder;
+  const std::string input = folder.Write("in.txt", "text");
+  EXPECT_EQ(SaveState({}, folder.Path("./in.txt"), {{"input file", input}}),
+            "The settings file cannot be the same as the input file.");
+  EXPECT_EQ(folder.Read("in.txt"), "text");
+  EXPECT_EQ(SaveState({}, folder.Path("none/s.lvz"), {{"input file", input}}),
+            "Error when attempting to save settings: No such file or directory");
 }
 
 TEST(Settings, GoBackToTheirDefaultsButForLastingChoices) {

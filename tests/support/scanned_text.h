@@ -1,31 +1,67 @@
-// Runs without a file: the state as a run leaves it before the listing.
+// Listings without a file: of a text, as a run makes them.
 #pragma once
 
+#include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
 
-#include "engine/run_state.h"
-#include "engine/tokenizer.h"
+#include "engine/admission.h"
+#include "input/double_hyphens.h"
+#include "output/listing.h"
 #include "util/ansi.h"
-#include "util/user_interface.h"
+#include "util/progress.h"
 
 namespace quorvel {
 
-// Scans `text` and admits, sorts and links its words; `settings` holds tidied extra stop words.
-inline RunState ScanText(std::u16string_view text, const ConcordanceSettings& settings,
-                         UserInterface& ui) {
-  RunState state;
-  state.settings = settings;
-  state.ansiText = EncodeAnsi(text);
-  BlankDoubleHyphens(state.ansiText);
-  state.documentText = DecodeAnsi(state.ansiText);
-  state.table.positionWidth = PositionWidth(state.documentText.size());
-  GetWords(state.documentText, state.table, ui);
-  SortWordTable(state.table);
-  state.lists.extraStopWords = ExtraStopWordsOf(settings.extraStopWords);
-  ApplyAdmissionFilters(state.table, settings, state.lists);
-  CountIncludedWords(state.table);
-  BuildFrequencyChain(state.table);
-  return state;
+// A document of a text that is read already.
+inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
+  Document document;
+  document.ansiText = EncodeAnsi(text);
+  BlankDoubleHyphens(document.ansiText);
+  document.documentText = DecodeAnsi(document.ansiText);
+  return std::make_shared<const Document>(std::move(document));
+}
+
+// These words as `settings`, with tidied extra stop words, and `keywords`, of a search, have them.
+inline Listing ListingOf(const Words& words, const ConcordanceSettings& settings,
+                         const KeywordLists& keywords = {}) {
+  WordLists lists;
+  lists.extraStopWords = ExtraStopWordsOf(settings.extraStopWords);
+  lists.keywords = keywords;
+  ListedWords listed;
+  listed.words = words;
+  listed.include = ApplyAdmissionFilters(*words.table, settings, lists);
+  listed.counts = CountIncludedWords(*words.table, listed.include);
+  listed.frequencyChain = BuildFrequencyChain(*words.table, listed.include);
+  Listing listing;
+  listing.words = std::make_shared<const ListedWords>(std::move(listed));
+  if (settings.mode == Mode::search) {
+    listing.keywords = std::make_shared<const KeywordLists>(keywords);
+  }
+  listing.options = ListingOptionsOf(settings);
+  return listing;
+}
+
+// The listing of a text, all its words scanned.
+inline Listing ScanText(std::u16string_view text, const ConcordanceSettings& settings,
+                        Progress& progress) {
+  return ListingOf(ScanWords(DocumentOf(text), nullptr, progress), settings);
+}
+
+inline const WordTable& TableOf(const Listing& listing) { return *listing.words->words.table; }
+
+// All that is composed of a listing, as Windows-1252 bytes.
+inline std::string Composed(const Listing& listing, Progress& progress) {
+  std::string text;
+  Compose(
+      listing,
+      [&text](std::string_view piece) {
+        text += piece;
+        return true;
+      },
+      progress);
+  return text;
 }
 
 }  // namespace quorvel

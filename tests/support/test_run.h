@@ -4,24 +4,34 @@
 #include <string>
 #include <string_view>
 
-#include "run/run_driver.h"
-#include "support/scripted_interface.h"
+#include "run/session.h"
+#include "support/scanned_text.h"
+#include "support/scripted_conversation.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
 
 struct TestRun {
   TestFolder folder;
-  RunState state;
-  ConcordanceSettings& settings = state.settings;
-  ScriptedInterface ui;
+  ScriptedConversation ui;
+  Session session;
+  ConcordanceSettings& settings = session.Settings();
 
-  explicit TestRun(std::string_view bytes, std::string_view name = "a.txt") {
+  explicit TestRun(std::string_view bytes, std::string_view name = "a.txt",
+                   SessionOptions options = {})
+      : session(ui, std::move(options)) {
     settings.inputFile = folder.Write(name, bytes);
     settings.outputFile = folder.Path("out.txt");
   }
 
-  RunOutcome Go() { return RunConcordance(state, ui); }
+  RunOutcome Go() { return session.RunConcordance(); }
+
+  // The listing of the last run as it is composed; empty where there is none.
+  [[nodiscard]] std::string ListedText() const {
+    SilentProgress nobody;
+    const auto& listing = session.CurrentListing();
+    return listing == nullptr ? "" : Composed(*listing, nobody);
+  }
 
   // What the output file holds behind its header.
   [[nodiscard]] std::string Entries() const {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "util/user_interface.h"
+#include "run/conversation.h"
 
 namespace quorvel {
 

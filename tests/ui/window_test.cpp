@@ -12,9 +12,9 @@
 #include <stdexcept>
 #include <utility>
 
-#include "lists/stop_words.h"
+#include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
-#include "util/silent_interface.h"
+#include "run/word_lists.h"
 
 namespace quorvel {
 namespace {
@@ -158,7 +158,7 @@ void WindowTest::ExpectSoon(const std::function<bool()>& condition) {
 Box WindowTest::LoadsStopWords(const Language& language) {
   const std::string path = StopWordsPath(language);
   StopWordList list;
-  SilentInterface ui;
+  SilentConversation ui;
   EXPECT_TRUE(ReadStopWordsFile(path, list, ui));
   return Tells("Stop words loaded", StopWordsLoadedText(list, path), Icon::none);
 }

@@ -2,21 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace quorvel {
 namespace {
 
 TEST(NumberWords, InWords) {
-  const std::pair<int32_t, const char*> rows[] = {
+  const std::pair<std::int64_t, const char*> rows[] = {
       {0, "zero"},
       {21, "twenty-one"},
       {2340, "two thousand three hundred forty"},
       {12000013, "twelve million thirteen"},
-      {std::numeric_limits<int32_t>::min(),
-       "minus two billion one hundred forty-seven million "
-       "four hundred eighty-three thousand six hundred forty-eight"}};
+      {1200000000040, "one thousand two hundred billion forty"}};
   for (const auto& [number, expected] : rows) EXPECT_EQ(NumberInWords(number), expected);
+  EXPECT_EQ(CountInWords(42, "One word", " words"), "Forty-two words");
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
-#include "output/index_file.h"
+#include "run/index_use.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
-#include "engine/table_fit.h"
 #include "files/digest.h"
-#include "files/file_system.h"
+#include "files/read_file.h"
 #include "support/made_texts.h"
 #include "support/test_run.h"
 
@@ -24,7 +23,7 @@ TEST(IndexFile, HasItsBytes) {
   run.settings.extraStopWords = "the";
   EXPECT_EQ(run.Go(), RunOutcome::done);
   const std::string bytes = run.folder.Read("a.qvl.ndx");
-  const std::string digest = ComputeFileDigest(run.settings.inputFile, run.ui).text;
+  const std::string digest = ComputeFileDigest(run.settings.inputFile).text;
   EXPECT_EQ(bytes.substr(0, 34), digest + "\r\n");
   EXPECT_EQ(bytes.substr(34, 10),
             run.folder.Read("out.txt").substr(run.folder.Read("out.txt").find("): ") + 3, 10));
@@ -36,27 +35,33 @@ TEST(IndexFile, HasItsBytes) {
             "house*3*1*6*25\r\n"
             "the*0*3*0*043259\r\n"
             "well-known*4*1*0*14\r\n");
-  EXPECT_FALSE(CreateIndexFile(run.state, "of another input", run.ui));
-  EXPECT_EQ(run.folder.Read("a.qvl.ndx"), bytes);
 }
 
 // The listing of a run, and whether it scanned its input.
-struct Listing {
+struct Listed {
   RunOutcome outcome;
   std::string text;
   bool scanned;
 
-  bool operator==(const Listing&) const = default;
+  bool operator==(const Listed&) const = default;
 };
 
-Listing ListingOf(RunState& state, ScriptedInterface& ui) {
-  ui.appends.clear();
-  const RunOutcome outcome = RunConcordance(state, ui);
-  return {outcome, state.outputText, std::ranges::count(ui.appends, "Sorting ...\r\n") > 0};
+Listed ListedBy(TestRun& run) {
+  run.ui.appends.clear();
+  const RunOutcome outcome = run.Go();
+  return {outcome, run.ListedText(), std::ranges::count(run.ui.appends, "Sorting ...\r\n") > 0};
 }
 
+// Another session on the input of a run.
+struct LaterRun : TestRun {
+  explicit LaterRun(TestRun& first) : TestRun("") {
+    settings = first.settings;
+    settings.createIndexFile = false;
+  }
+};
+
 TEST(IndexFile, GivesTheListingOfAScan) {
-  const std::string story = ReadFileBytes(std::string(QUORVEL_TEST_DATA) + SAMPLE).bytes;
+  const std::string story = *ReadFileBytes(std::string(QUORVEL_TEST_DATA) + SAMPLE, 1U << 20U);
   const std::string page =
       "<!DOCTYPE html><html><head></head><body><ul><li>cats</ul>" + story + "</body>";
   std::mt19937 random(9);
@@ -75,21 +80,19 @@ TEST(IndexFile, GivesTheListingOfAScan) {
     const bool indexed = run.Go() == RunOutcome::done;
     EXPECT_EQ(run.folder.Count(), indexed ? 3 : 1);
     for (int options = 0; options < 12; ++options) {
-      RunState fresh;
-      fresh.settings = run.settings;
-      fresh.settings.createIndexFile = false;
+      LaterRun fresh(run);
       fresh.settings.outputFile.clear();
       fresh.settings.contextSize = options % 3 * 3;
       fresh.settings.wordOrder =
           options % 2 == 0 ? WordOrder::alphabetical : WordOrder::byFrequency;
       fresh.settings.mode = options < 6 ? Mode::create : Mode::search;
       fresh.settings.extraKeywords = "*e* h*+the";
-      Listing scanned = ListingOf(fresh, run.ui);
+      Listed scanned = ListedBy(fresh);
       EXPECT_TRUE(scanned.scanned);
-      EXPECT_EQ(ReadIndexFile(fresh, false, run.ui), indexed);
+      fresh.session.UseIndexFile();
       scanned.scanned = !indexed;
-      EXPECT_TRUE(ListingOf(fresh, run.ui) == scanned);
-      EXPECT_TRUE(ListingOf(fresh, run.ui) == scanned);  // with the text at hand too
+      EXPECT_TRUE(ListedBy(fresh) == scanned);
+      EXPECT_TRUE(ListedBy(fresh) == scanned);  // with the text at hand too
     }
   }
 }
@@ -104,20 +107,20 @@ TEST(IndexFile, IsAskedForAndRefused) {
   const struct {
     const char* name;
     void (*change)(TestRun&);
-    bool loaded;
+    bool loaded, scans;
     std::string saidAtLoad, saidInRun;
   } rows[] = {
-      {"accepted", [](TestRun&) {}, true, question, ""},
-      {"declined", [](TestRun& run) { run.ui.answers = {Answer::no}; }, false, question, ""},
-      {"empty index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", ""); }, false, bad,
-       ""},
+      {"accepted", [](TestRun&) {}, true, false, question, ""},
+      {"declined", [](TestRun& run) { run.ui.answers = {Answer::no}; }, false, false, question, ""},
+      {"empty index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", ""); }, false, true,
+       bad, ""},
       {"cut index",
        [](TestRun& run) {
          (void)run.folder.Write("a.qvl.ndx", run.folder.Read("a.qvl.ndx").substr(0, 90));
        },
-       false, question, ""},
-      {"other lists setting", [](TestRun& run) { run.settings.ignoreLists = true; }, true, question,
-       bad}};
+       false, true, question, ""},
+      {"other lists setting", [](TestRun& run) { run.settings.ignoreLists = true; }, true, true,
+       question, bad}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     TestRun run("<!DOCTYPE html><head></head><body>The cat sat <ul><li>cats</ul> on the mat.",
@@ -126,13 +129,16 @@ TEST(IndexFile, IsAskedForAndRefused) {
     EXPECT_EQ(run.Go(), RunOutcome::done);
     const std::string date = run.folder.Read("a.qvl.ndx").substr(34, 16);
     row.change(run);
-    RunState fresh;
-    fresh.settings = run.settings;
-    EXPECT_EQ(ReadIndexFile(fresh, true, run.ui), row.loaded);
+    SilentProgress nobody;
+    const Result<InputBytes> input = ReadInput(run.settings.inputFile, nobody);
+    EXPECT_EQ(ReadIndexFile(*input, InputDigest(*input), true, run.ui).has_value(), row.loaded);
     EXPECT_EQ(run.ui.Said(date), row.saidAtLoad);
-    run.ui.questions.clear();
-    EXPECT_EQ(ListingOf(fresh, run.ui).scanned, !row.loaded || !row.saidInRun.empty());
-    EXPECT_EQ(run.ui.Said(), row.saidInRun);
+    LaterRun fresh(run);
+    fresh.session.UseIndexFile();
+    fresh.ui.questions.clear();
+    EXPECT_EQ(ListedBy(fresh).scanned, row.scans);
+    EXPECT_EQ(fresh.ui.Said(), row.saidInRun);
+    EXPECT_EQ(std::ranges::count(fresh.ui.appends, "Applying filters ...\r\n"), 1);
   }
 }
 
@@ -143,7 +149,7 @@ TEST(IndexFile, NoticesAChangedInput) {
     run.settings.createIndexFile = true;
     run.settings.contextSize = 0;
     EXPECT_EQ(run.Go(), RunOutcome::done);
-    EXPECT_TRUE(!fromFile || ReadIndexFile(run.state, false, run.ui));
+    if (fromFile) run.session.UseIndexFile();
     (void)run.folder.Write("a.txt", "the cow and the dog and the cow and\r\n");
     EXPECT_EQ(run.Go(), RunOutcome::done);
     EXPECT_EQ(run.Entries(), "and 3\r\ncow 2\r\ndog 1\r\nthe 3\r\n\r\n");
@@ -159,28 +165,6 @@ TEST(IndexFile, ReadsTheTextAnewInAnotherEncoding) {
   run.settings.inputIsUtf8 = true;
   EXPECT_EQ(run.Go(), RunOutcome::done);
   EXPECT_EQ(run.Entries(), "bar 1\r\ncaf\xE9 2\r\n\r\n");
-}
-
-TEST(IndexFile, BadBytesNeverChangeAListing) {
-  TestRun run(std::string(SENTENCE) + "all the dogs of the house\r\n");
-  run.settings.createIndexFile = true;
-  EXPECT_EQ(run.Go(), RunOutcome::done);
-  const std::string bytes = run.folder.Read("a.qvl.ndx");
-  for (std::size_t length = 0; length <= bytes.size(); ++length) {
-    const auto table = TableOfIndexFile(std::string_view(bytes).substr(0, length));
-    EXPECT_EQ(table.has_value(), length == bytes.size() || length + 2 == bytes.size()) << length;
-  }
-  const std::string good = "the*0*3*0*043259";
-  EXPECT_TRUE(TableOfIndexFile("\r\n\r\n1\r\n2\r\n1\r\n" + good));
-  const std::pair<const char*, std::string> rows[] = {
-      {"1", "the*0*0*0*"},       {"1", "the*0*3*0*043232"},
-      {"1", "the*0*3*0*325932"}, {"1", "the*0*3*0*003259"},
-      {"1000000", good},         {"-1", good},
-      {"99999999999", good},     {"", good}};
-  for (const auto& [count, entry] : rows) {
-    EXPECT_FALSE(TableOfIndexFile("\r\n\r\n" + (count + ("\r\n2\r\n1\r\n" + entry))))
-        << count << entry;
-  }
 }
 
 TEST(IndexFile, IsNotWrittenWithoutAConcordance) {

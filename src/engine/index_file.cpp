@@ -1,4 +1,4 @@
-#include "output/index_file.h"
+#include "engine/index_file.h"
 
 #include <algorithm>
 #include <array>
@@ -6,15 +6,11 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <future>
 #include <limits>
 #include <utility>
 
-#include "files/digest.h"
-#include "files/file_system.h"
-#include "files/path_names.h"
-#include "output/concordance_file.h"
 #include "util/ansi.h"
+#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
@@ -146,29 +142,41 @@ std::optional<WordEntry> EntryOnLine(std::string_view line, std::int32_t wordCou
   const std::optional<std::int32_t> nextEntry = NumberOf(next, wordCount);
   if (!prevEntry || !occurrences || *occurrences == 0 || !nextEntry) return std::nullopt;
   WordEntry entry = NewWordEntry(DecodeAnsi(word));
-  entry.frequencyPrev = *prevEntry;
-  entry.frequencyNext = *nextEntry;
   if (!ReadPositions(positions, *occurrences, width, entry.positions)) return std::nullopt;
   return entry;
 }
 
-bool WantsIndex(std::string_view date, UserInterface& ui) {
-  const std::string text = "An index file for this input file exists, created,\r\nnamely, " +
-                           EncodeUtf8(DecodeAnsi(date)) + ".\r\n\r\nDo you wish to use it?";
-  return ui.Ask({text, "Index file found", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
+// The 1-based neighbours of an entry in the frequency chain, 0 where there is none.
+struct Links {
+  std::int32_t frequencyPrev = 0;
+  std::int32_t frequencyNext = 0;
+};
+
+std::vector<Links> LinksOf(const ListedWords& listed) {
+  std::vector<Links> links(listed.words.table->entries.size());
+  const std::vector<std::int32_t>& chain = listed.frequencyChain;
+  for (std::size_t k = 1; k < chain.size(); ++k) {
+    links[static_cast<std::size_t>(chain[k - 1])].frequencyNext = chain[k] + 1;
+    links[static_cast<std::size_t>(chain[k])].frequencyPrev = chain[k - 1] + 1;
+  }
+  return links;
 }
 
 }  // namespace
 
-std::string IndexFileBytes(const WordTable& table, std::string_view digest, std::time_t time) {
+std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, std::time_t time) {
+  const WordTable& table = *listed.words.table;
+  const std::vector<Links> links = LinksOf(listed);
   std::string bytes(digest);
   bytes.append(LINE_END).append(DateAndTimeText(time)).append(LINE_END);
   bytes += HeadLine(table.WordCount());
   bytes += HeadLine(table.positionWidth);
-  bytes += HeadLine(table.frequencyHead);
-  for (const WordEntry& entry : table.entries) {
+  bytes += HeadLine(listed.frequencyChain.empty() ? 0 : listed.frequencyChain.front() + 1);
+  for (std::size_t i = 0; i < table.entries.size(); ++i) {
+    const WordEntry& entry = table.entries[i];
     AppendAnsi(bytes, entry.word);
-    for (const std::int32_t number : {entry.frequencyPrev, entry.Count(), entry.frequencyNext}) {
+    for (const std::int32_t number :
+         {links[i].frequencyPrev, entry.Count(), links[i].frequencyNext}) {
       bytes += SEPARATOR;
       bytes += std::to_string(number);
     }
@@ -179,6 +187,12 @@ std::string IndexFileBytes(const WordTable& table, std::string_view digest, std:
     bytes += LINE_END;
   }
   return bytes;
+}
+
+IndexHead HeadOfIndexFile(std::string_view bytes) {
+  LineReader lines(bytes);
+  const std::string_view digest = lines.Next().value_or("");
+  return {digest, lines.Next().value_or("")};
 }
 
 std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
@@ -196,7 +210,6 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
     return std::nullopt;
   WordTable table;
   table.positionWidth = *width;
-  table.frequencyHead = *head;
   table.entries.reserve(static_cast<std::size_t>(*wordCount));
   for (std::int32_t i = 0; i < *wordCount; ++i) {
     const std::optional<std::string_view> line = lines.Next();
@@ -207,61 +220,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
     if (!inOrder) return std::nullopt;
     table.entries.push_back(std::move(*entry));
   }
-  // What stands behind the last entry is left alone, but one more shows that the count is wrong.
-  const std::optional<std::string_view> more = lines.Next();
-  if (more && EntryOnLine(*more, LARGEST_NUMBER, *width)) return std::nullopt;
-  return table;
-}
-
-bool CreateIndexFile(RunState& state, const std::string& digest, UserInterface& ui) {
-  const std::string& input = state.settings.inputFile;
-  const std::string target = DefaultIndexFileName(input);
-  const InputDigest now = ComputeInputDigest(input, ui);
-  if (digest.empty() || now.text != digest) {
-    state.fileFault = target + ": The input file has changed or cannot be read.";
-    return false;
-  }
-  OutputFile file(target);
-  file.Write(IndexFileBytes(state.table, digest, std::time(nullptr)));
-  ui.YieldAtOnce();
-  if (!file.Commit()) {
-    state.fileFault = target + ": " + file.Error();
-    return false;
-  }
-  state.words = {.input = now,
-                 .withText = true,
-                 .inputIsUtf8 = state.settings.inputIsUtf8,
-                 .ignoreLists = state.settings.ignoreLists};
-  return true;
-}
-
-bool ReadIndexFile(RunState& state, bool ask, UserInterface& ui) {
-  const std::string& input = state.settings.inputFile;
-  const FileRead file = ReadFileBytes(DefaultIndexFileName(input));
-  if (!file.error.empty()) return false;
-  // Beside the digest, where the system has a thread for it; looked at only when that fits.
-  std::future<std::optional<WordTable>> words =
-      std::async([&file] { return TableOfIndexFile(file.bytes); });
-  LineReader lines(file.bytes);
-  const InputDigest digest = ComputeInputDigest(input, ui);
-  if (digest.text.empty() || lines.Next() != digest.text) {
-    ShowBadIndexFile(ui);
-    return false;
-  }
-  const std::optional<std::string_view> date = lines.Next();
-  if (ask && !WantsIndex(date.value_or(""), ui)) return false;
-  std::optional<WordTable> table = words.get();
-  if (!table) return false;
-  state.table = std::move(*table);
-  state.words = {.input = digest, .fromIndexFile = true};
-  return true;
-}
-
-void ShowBadIndexFile(UserInterface& ui) {
-  ui.Tell(
-      "The index file was not made from this input file as it is now,\r\n"
-      "so the input file will be scanned.",
-      "Bad index file", Icon::information);
+  return table;  // what stands behind the last entry that was announced is left alone
 }
 
 }  // namespace quorvel

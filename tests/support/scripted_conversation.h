@@ -1,4 +1,4 @@
-// A user interface for tests: keeps what a run said and answers from a list.
+// A conversation for tests: keeps what a run said and answers from a list.
 #pragma once
 
 #include <cstddef>
@@ -7,11 +7,11 @@
 #include <string_view>
 #include <vector>
 
-#include "util/user_interface.h"
+#include "run/conversation.h"
 
 namespace quorvel {
 
-struct ScriptedInterface : UserInterface {
+struct ScriptedConversation : Conversation {
   std::vector<Answer> answers;  // given in turn; the preset of a question once they are used up
   int stopAtYield = 0;          // the call of YieldNow, from 1 on, that requests a stop; 0 for none
 
@@ -19,6 +19,9 @@ struct ScriptedInterface : UserInterface {
   std::vector<std::string> appends;  // each text that was added to it
   std::vector<std::string> sets;     // each text that replaced it
   std::map<Label, std::vector<std::string>> labels;  // each text of a label, the last one shows
+  std::vector<std::string> bars;                     // each caption of the progress bar
+  std::vector<bool> counting;                        // each call of CountSeconds
+  ListingShown listingShown;                         // the last one that was said
   std::vector<Message> questions;
   std::vector<std::string> popUps;
   std::vector<bool> stopOffers;  // shown and hidden, in turn
@@ -40,6 +43,12 @@ struct ScriptedInterface : UserInterface {
   void SetOutput(std::string_view text) override { output = sets.emplace_back(text); }
 
   void SetLabel(Label label, std::string_view text) override { labels[label].emplace_back(text); }
+
+  void ShowBar(std::string_view caption) override { bars.emplace_back(caption); }
+
+  void CountSeconds(bool isCounting) override { counting.push_back(isCounting); }
+
+  void SayWhatIsShown(const ListingShown& listing) override { listingShown = listing; }
 
   Answer Ask(const Message& message) override {
     questions.push_back(message);

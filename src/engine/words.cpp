@@ -1,0 +1,49 @@
+#include "engine/words.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/tokenizer.h"
+
+namespace quorvel {
+
+Words ScanWords(std::shared_ptr<const Document> document, const KeywordLists* sought,
+                Progress& progress) {
+  auto table = std::make_shared<WordTable>();
+  table->positionWidth = PositionWidth(document->documentText.size());
+  GetWords(document->documentText, *table, progress, sought);
+  progress.BeginPhase("Sorting");
+  SortWordTable(*table);
+  return {std::move(document), std::move(table)};
+}
+
+WordCounts CountIncludedWords(const WordTable& table, const IncludeFlags& include) {
+  WordCounts counts;
+  for (std::size_t i = 0; i < include.size(); ++i) {
+    if (!include[i]) continue;
+    ++counts.includedCount;
+    counts.totalOccurrences += table.entries[i].Count();
+  }
+  return counts;
+}
+
+// Numbers are sorted, without a look at the entries: what the count lacks of the largest one, and
+// the entry.
+std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table, const IncludeFlags& include) {
+  constexpr unsigned HALF = 32;
+  constexpr std::uint64_t LOW_HALF = (std::uint64_t{1} << HALF) - 1;
+  std::vector<std::uint64_t> numbers;
+  for (std::size_t i = 0; i < include.size(); ++i) {
+    const auto lack = LOW_HALF - static_cast<std::uint64_t>(table.entries[i].Count());
+    if (include[i]) numbers.push_back(lack << HALF | i);
+  }
+  std::sort(numbers.begin(), numbers.end());
+  std::vector<std::int32_t> chain;
+  chain.reserve(numbers.size());
+  for (const std::uint64_t number : numbers) {
+    chain.push_back(static_cast<std::int32_t>(number & LOW_HALF));
+  }
+  return chain;
+}
+
+}  // namespace quorvel

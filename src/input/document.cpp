@@ -1,0 +1,82 @@
+#include "input/document.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "files/path_names.h"
+#include "input/compact_spaces.h"
+#include "input/double_hyphens.h"
+#include "input/html_text.h"
+#include "input/text_file.h"
+#include "input/utf8_repair.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+// Makes plain text of an input as it was read, with its blanks compacted. False for a web page that
+// has no head.
+bool PrepareText(const std::string& path, const ReadingOptions& options, std::string& text,
+                 Progress& progress) {
+  HtmlOutcome outcome = HtmlOutcome::notAPage;
+  if (PathNamesHtml(path)) {
+    outcome = PrepareHtmlText(text, options.isUtf8, options.ignoreLists, progress);
+  }
+  if (outcome == HtmlOutcome::notAPage) {
+    progress.BeginPhase("Compacting spaces");
+    CompactSpaces(text);
+    progress.BeginPhase("Processing file");
+  }
+  return outcome != HtmlOutcome::noHead;
+}
+
+}  // namespace
+
+bool IsWordDocument(const InputBytes& input) {
+  constexpr std::size_t FEWEST_BYTES = 10;
+  return LowerExtensionOf(input.Path()) == "docx" && input.View().size() >= FEWEST_BYTES &&
+         input.View().starts_with("PK\x03\x04");
+}
+
+Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8, Progress& progress) {
+  progress.BeginPhase("Reading file");
+  const bool isPage = PathNamesHtml(input.Path());
+  const LineJoin join = isPage ? LineJoin::blank : LineJoin::slash;
+  std::string text = ReadTextFile(input.View(), {isUtf8, join});
+  if (text.size() > std::numeric_limits<std::int32_t>::max()) {
+    return Fault{FaultKind::textTooLong, input.Path(), {}};
+  }
+  if (isUtf8 && !isPage) {
+    // Once more over the whole text, which was repaired line by line: what stands
+    // alone in its line can be completed only now, and texts in use rest on it.
+    progress.BeginPhase("Converting UTF-8");
+    RepairUtf8(text);
+    PlainPunctuation(text);
+  }
+  progress.YieldNow();
+  if (progress.StopRequested()) return Fault{FaultKind::stopped, input.Path(), {}};
+  return text;
+}
+
+Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
+                                                     const ReadingOptions& options,
+                                                     std::string text, Progress& progress) {
+  Document document;
+  SetSkipSpans(LowerExtensionOf(source.path), document.skipSpans);
+  if (!PrepareText(source.path, options, text, progress)) {
+    return Fault{FaultKind::noHead, source.path, {}};
+  }
+  progress.YieldNow();
+  BlankDoubleHyphens(text);
+  document.documentText = DecodeAnsi(text);
+  document.ansiText = std::move(text);
+  progress.YieldNow();
+  if (progress.StopRequested()) return Fault{FaultKind::stopped, source.path, {}};
+  document.source = std::move(source);
+  document.options = options;
+  return std::make_shared<const Document>(std::move(document));
+}
+
+}  // namespace quorvel

@@ -1,0 +1,59 @@
+// A document as it is worked on: its text, how that was read, and of which bytes it was made.
+//
+// Made in two steps, between which nothing but the encoding is for the user to say: the bytes of a
+// text file or web page become one string of bytes (ReadInputFile; docx_text.h for a word-processor
+// document), and that the document (MakeDocument). Nothing is changed afterwards.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "files/digest.h"
+#include "files/read_file.h"
+#include "input/skip_spans.h"
+#include "util/fault.h"
+#include "util/progress.h"
+
+namespace quorvel {
+
+// What decides which text is made of an input.
+struct ReadingOptions {
+  bool isUtf8 = false;
+  bool ignoreLists = false;  // leave out the lists of a web page
+
+  bool operator==(const ReadingOptions&) const = default;
+};
+
+// The input that a document was made from.
+struct DocumentSource {
+  std::string path;
+  FileStamp stamp;                            // of the file just before it was read
+  std::shared_ptr<const InputDigest> digest;  // of the very bytes; null where nobody wants it
+};
+
+struct Document {
+  DocumentSource source;
+  ReadingOptions options;       // how it was read
+  SkipSpans skipSpans;          // of an input of its kind
+  std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
+  std::string ansiText;         // the same in Windows-1252, as a listing quotes it
+};
+
+// Whether an input is a word-processor document: named so, and a zip archive by its
+// first bytes. Anything else named "docx" is read like a text file.
+[[nodiscard]] bool IsWordDocument(const InputBytes& input);
+
+// The text of a text file or web page: its non-empty lines, joined by one blank for a page, by
+// " / " otherwise, with UTF-8 repaired. `textTooLong` where its characters cannot all be counted,
+// `stopped`.
+[[nodiscard]] Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8,
+                                                Progress& progress);
+
+// The document of a text that was read so: a web page without its mark-up, the blanks compacted.
+// `noHead` for a page that has none, `stopped`.
+[[nodiscard]] Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
+                                                                   const ReadingOptions& options,
+                                                                   std::string text,
+                                                                   Progress& progress);
+
+}  // namespace quorvel

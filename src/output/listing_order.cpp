@@ -1,0 +1,41 @@
+#include "output/listing_order.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::int32_t FEWEST_WORDS_FOR_BAR = 100;
+
+}  // namespace
+
+std::vector<ListedWord> WordsInOrder(const ListedWords& words, WordOrder order) {
+  const std::vector<WordEntry>& entries = words.words.table->entries;
+  std::vector<ListedWord> listed;
+  listed.reserve(words.frequencyChain.size());
+  if (order == WordOrder::alphabetical) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      if (words.include[i]) listed.push_back({&entries[i], static_cast<std::int32_t>(i) + 1});
+    }
+  } else {
+    for (const std::int32_t i : words.frequencyChain) {
+      const auto step = static_cast<std::int32_t>(listed.size()) + 1;
+      listed.push_back({&entries[static_cast<std::size_t>(i)], step});
+    }
+  }
+  return listed;
+}
+
+ListingProgress::ListingProgress(const ListedWords& words, Progress& progress)
+    : wordCount_(words.words.table->WordCount()), progress_(progress) {
+  if (wordCount_ > FEWEST_WORDS_FOR_BAR) bar_.emplace(progress);
+}
+
+void ListingProgress::Show(const ListedWord& word) {
+  if (bar_) bar_->Update(word.step, wordCount_, 0);
+}
+
+bool ListingProgress::MayGoOn() {
+  progress_.YieldNow();
+  return !progress_.StopRequested();
+}
+
+}  // namespace quorvel

@@ -1,0 +1,127 @@
+#include "run/document_reading.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "run/fault_texts.h"
+
+namespace quorvel {
+namespace {
+
+Message YesOrNo(std::string text, std::string title, Icon icon, Answer preset) {
+  return {std::move(text), std::move(title), icon, Buttons::yesNo, preset};
+}
+
+bool WishesToScanAnyway(const std::string& path, Conversation& ui) {
+  return ui.Ask(YesOrNo("Invalid checksum found when processing\r\n" + path +
+                            "\r\nDo you wish to scan this file anyway?",
+                        "Error", Icon::exclamation, Answer::yes)) == Answer::yes;
+}
+
+bool WishesToScanBigFile(const std::string& path, Conversation& ui) {
+  const char* const title = "Big file";
+  const std::string text = path +
+                           "\r\nis rather large.  It may take awhile to scan.\r\n"
+                           "Do you wish to continue?";
+  if (ui.Ask(YesOrNo(text, title, Icon::none, Answer::no)) == Answer::yes) return true;
+  ui.Tell("You could try saving it as a text file\r\nand applying this program to that file.",
+          title, Icon::information);
+  return false;
+}
+
+// A user who does not want to go on has stopped.
+std::optional<Fault> SettleBody(const UnpackedBody& body, const std::string& path,
+                                const BodyLimits& limits, Conversation& ui) {
+  if (body.isDamaged) {
+    if (!WishesToScanAnyway(path, ui)) return Fault{FaultKind::stopped, path, {}};
+    if (body.length == 0) return Fault{FaultKind::noBody, path, {}};
+  }
+  if (body.length > limits.warning && !WishesToScanBigFile(path, ui)) {
+    return Fault{FaultKind::stopped, path, {}};
+  }
+  return std::nullopt;
+}
+
+bool ReallyWishesToStop(Conversation& ui) {
+  if (ui.Ask(YesOrNo("Many different words have been found.\r\nDo you really wish to stop?", "Stop",
+                     Icon::none, Answer::yes)) == Answer::yes) {
+    return true;
+  }
+  ui.ClearStop();
+  return false;
+}
+
+// The text of a document whose body goes through this folder. Lets go of its bytes once that is
+// unpacked.
+Result<std::string> TextThroughFolder(InputBytes document, const TemporaryFolder& folder,
+                                      const BodyLimits& limits, Conversation& ui) {
+  const std::string path = document.Path();
+  const Result<UnpackedBody> body = UnpackDocumentBody(document, folder, limits);
+  document = {};
+  if (!body) return body.Why();
+  if (std::optional<Fault> fault = SettleBody(*body, path, limits, ui)) return *std::move(fault);
+  const Result<std::string> xml = ReadFileBytes(folder.EntryPath(), limits.hard);
+  if (!xml) return Fault{FaultKind::notRead, path, xml.Why().reason};
+  DocumentRuns runs(*xml);
+  while (!runs.Read(ui)) {
+    if (ReallyWishesToStop(ui)) return Fault{FaultKind::stopped, path, {}};
+  }
+  return std::move(runs.Text());
+}
+
+std::optional<std::string> ReadWordDocument(InputBytes document, const BodyLimits& limits,
+                                            bool& inputIsUtf8, Conversation& ui) {
+  ui.BeginPhase("Extracting text");
+  TemporaryFolder folder("QVL", BODY_ENTRY);
+  Result<std::string> text = TextThroughFolder(std::move(document), folder, limits, ui);
+  if (const std::optional<Fault> stayed = folder.Remove()) ui.Ask(MessageOf(*stayed));
+  if (!text) {
+    if (text.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(text.Why()));
+    return std::nullopt;
+  }
+  inputIsUtf8 = true;
+  return *std::move(text);
+}
+
+std::optional<std::string> ReadTextOrPage(const InputBytes& input, EncodingChoice choice,
+                                          bool& inputIsUtf8, bool& macNoticeShown,
+                                          Conversation& ui) {
+  if (!SettleInputEncoding(input, choice, inputIsUtf8, macNoticeShown, ui)) {
+    ui.SetOutput("");
+    return std::nullopt;
+  }
+  Result<std::string> text = ReadInputFile(input, inputIsUtf8, ui);
+  if (text) return *std::move(text);
+  if (text.Why().kind == FaultKind::stopped) {
+    ui.AppendOutput("Stopped when reading file.\r\n");
+  } else {
+    ui.Ask(MessageOf(text.Why()));
+    ui.SetOutput("");
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRequest& request,
+                                               bool& inputIsUtf8, bool& macNoticeShown,
+                                               Conversation& ui) {
+  DocumentSource source = {input.Path(), input.Stamp(), request.digest};
+  std::optional<std::string> text;
+  if (IsWordDocument(input)) {
+    text = ReadWordDocument(std::exchange(input, {}), request.limits, inputIsUtf8, ui);
+  } else {
+    text = ReadTextOrPage(input, request.encodingChoice, inputIsUtf8, macNoticeShown, ui);
+    input = {};
+  }
+  if (!text) return nullptr;
+  const ReadingOptions options = {inputIsUtf8, request.ignoreLists};
+  Result<std::shared_ptr<const Document>> document =
+      MakeDocument(std::move(source), options, *std::move(text), ui);
+  if (document) return *std::move(document);
+  if (document.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(document.Why()));
+  return nullptr;
+}
+
+}  // namespace quorvel

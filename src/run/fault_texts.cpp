@@ -1,0 +1,89 @@
+#include "run/fault_texts.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "files/path_names.h"
+
+namespace quorvel {
+namespace {
+
+// What is said of one kind of fault; "@" stands for the file or the character that it is about.
+struct FaultText {
+  FaultKind kind;
+  const char* text;
+  const char* title;
+  Icon icon;
+};
+
+constexpr const char* FATAL = "Fatal error";
+constexpr const char* READ_ERROR = "Read error";
+constexpr const char* BAD_STOP_WORD = "Character not allowed";
+
+// The titles of the last two have another case than each other: users know them so.
+constexpr std::array<FaultText, 17> FAULT_TEXTS = {{
+    {FaultKind::missing, "File @ not found.", FATAL, Icon::information},
+    {FaultKind::notAFile, "File @\r\nis a device or a pipe, not a file.", FATAL, Icon::information},
+    {FaultKind::tooLong, "File @\r\nis too large to be scanned: 2 GB or more.", "File too big",
+     Icon::information},
+    {FaultKind::notOpened, "File @\r\n cannot be opened (permission denied).", FATAL,
+     Icon::information},
+    {FaultKind::notRead, "File @\r\ncannot be read.", READ_ERROR, Icon::exclamation},
+    {FaultKind::noHead, "This HTML file does not contain a HEAD section.", "Error",
+     Icon::exclamation},
+    {FaultKind::textTooLong, "The text is longer than 2 GB.\r\nwhen reading input file.",
+     READ_ERROR, Icon::exclamation},
+    {FaultKind::noTemporaryFolder, "Unable to create temporary folder.", STANDARD_TITLE,
+     Icon::exclamation},
+    {FaultKind::temporaryFolderFull, "Unable to write to temporary folder.", STANDARD_TITLE,
+     Icon::exclamation},
+    {FaultKind::fileNotRemoved, "Error when attempting to delete @", "Error", Icon::exclamation},
+    // Here the path comes first, and a blank ends the text.
+    {FaultKind::folderNotRemoved, "@ when attempting to delete folder ", "Error",
+     Icon::exclamation},
+    {FaultKind::noBody, "File @\r\nholds no document text.", "Error", Icon::exclamation},
+    {FaultKind::bodyTooLarge,
+     "@\r\nis too large to be scanned directly.\r\n\r\n"
+     "Recommend saving it as a text file and\r\n"
+     "applying this program to that file.",
+     "File too big", Icon::information},
+    {FaultKind::notAllowedInStopWord,
+     "The character @ occurs in some stop word\r\nbut is not a character allowed in a word.",
+     BAD_STOP_WORD, Icon::exclamation},
+    {FaultKind::notAllowedForNow,
+     "The character @ occurs in some stop word\r\n"
+     "but is not currently set as a character allowed in a word.",
+     BAD_STOP_WORD, Icon::exclamation},
+    {FaultKind::notAllowedInKeyword,
+     "The extra keywords textbox contains an inadmissable character: @", "Invalid input",
+     Icon::exclamation},
+    {FaultKind::manyPlusSigns, "A keyword cannot contain more then one '+'.", "Invalid Input",
+     Icon::information},
+}};
+
+std::string Filled(std::string text, const std::string& subject) {
+  const std::size_t place = text.find('@');
+  return place == std::string::npos ? text : text.replace(place, 1, subject);
+}
+
+}  // namespace
+
+Message MessageOf(const Fault& fault) {
+  // Of a text the system's reason is told; a document is read by others, which give none.
+  if (fault.kind == FaultKind::notRead && LowerExtensionOf(fault.file) != "docx") {
+    return {fault.reason + "\r\nwhen reading input file.", READ_ERROR};
+  }
+  const auto* const found =
+      std::find_if(FAULT_TEXTS.begin(), FAULT_TEXTS.end(),
+                   [&fault](const FaultText& one) { return one.kind == fault.kind; });
+  if (found == FAULT_TEXTS.end()) return {fault.reason};
+  Message message = {Filled(found->text, fault.file.empty() ? fault.reason : fault.file),
+                     found->title, found->icon};
+  if (fault.kind == FaultKind::notAllowedInStopWord && fault.reason == ",") {
+    message.text += "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
+  }
+  return message;
+}
+
+}  // namespace quorvel

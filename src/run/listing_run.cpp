@@ -1,0 +1,237 @@
+#include "run/listing_run.h"
+
+#include <algorithm>
+#include <ctime>
+#include <utility>
+#include <vector>
+
+#include "files/file_system.h"
+#include "output/concordance_file.h"
+#include "output/entry_composer.h"
+#include "output/occurrence_rows.h"
+#include "util/ansi.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+// The question before an existing file is replaced.
+bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui) {
+  if (!target.asksBeforeReplacing || !FileExists(target.path)) return true;
+  const std::string text = "A " + LowerAscii(OutputName(mode)) + " \r\n" + target.path +
+                           "\r\nalready exists.  Do you wish to overwrite it?";
+  return ui.Ask({text, "File exists", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
+}
+
+std::string TooFrequentText(const std::vector<const WordEntry*>& words, Mode mode) {
+  constexpr std::size_t MOST_NAMED = 10;
+  const std::string most = std::to_string(MOST_OCCURRENCES);
+  const auto quoted = [](const WordEntry& entry) { return '"' + EncodeUtf8(entry.word) + '"'; };
+  const auto count = [](const WordEntry& entry) { return std::to_string(entry.Count()); };
+  std::string text;
+  if (words.size() == 1) {
+    text = "The word " + quoted(*words[0]) + " occurs " + count(*words[0]) +
+           " times; a word that occurs more than " + most + " times cannot be listed.";
+  } else {
+    text = "The words ";
+    for (std::size_t i = 0; i < std::min(words.size(), MOST_NAMED); ++i) {
+      text += (i == 0 ? "" : ", ") + quoted(*words[i]) + " (" + count(*words[i]) + ")";
+    }
+    if (words.size() > MOST_NAMED) {
+      text += " and " + std::to_string(words.size() - MOST_NAMED) + " more";
+    }
+    text += " occur more than " + most + " times and cannot be listed.";
+  }
+  if (mode == Mode::search) return text;  // there stop words play no part
+  return text + "\r\nAdd " + (words.size() == 1 ? "it" : "them") + " to the stop words.";
+}
+
+// The file or sink of a result. Nothing is handed on before there is something to hand on, so that
+// an empty result leaves no trace where nothing can be taken back.
+class ResultWriter {
+ public:
+  // Behind `end`, a last piece, nothing follows.
+  ResultWriter(const ListingTarget& target, std::string begin, std::string_view end)
+      : sink_(target.sink), bytes_(std::move(begin)), end_(end) {
+    if (!sink_) file_.emplace(target.path, target.kept);
+  }
+
+  // False once anything has failed.
+  bool Add(std::string_view piece) {
+    bytes_ += piece;
+    return bytes_.size() < PIECE || HandOn();
+  }
+
+  // Writes what is left and puts the file in its place. False when anything failed.
+  bool Commit(Conversation& ui) {
+    bytes_ += end_;
+    if (!HandOn()) return false;
+    if (!file_) return true;
+    // To replace a large file the system takes its time, and more so on a disk that is busy.
+    ui.YieldAtOnce();
+    return file_->Commit();
+  }
+
+  [[nodiscard]] std::optional<Fault> Why() const { return file_ ? file_->Why() : std::nullopt; }
+
+ private:
+  static constexpr std::size_t PIECE = std::size_t{1} << 18U;  // bytes
+
+  bool HandOn() {
+    taken_ = taken_ && (file_ ? file_->Write(bytes_) : sink_(bytes_));
+    bytes_.clear();
+    return taken_;
+  }
+
+  ByteSink sink_;
+  std::optional<OutputFile> file_;
+  std::string bytes_;  // not handed on yet
+  std::string_view end_;
+  bool taken_ = true;
+};
+
+class ListingRun {
+ public:
+  ListingRun(const Listing& listing, const ListingTarget& target, Conversation& ui)
+      : listing_(listing),
+        target_(target),
+        ui_(ui),
+        mode_(listing.ModeOf()),
+        tooFrequent_(TooFrequentWords(listing)) {}
+
+  ListingReport ListText() {
+    ui_.BeginPhase(mode_ == Mode::create ? "Creating concordance" : "Getting search results");
+    OpenFile();
+    Compose(
+        listing_, [this](std::string_view piece) { return Take(piece); }, ui_);
+    // A stop from here on comes too late: the listing is whole, and written whole.
+    const bool stopped = ui_.StopRequested();
+    report_.wordsTooFrequent = !stopped && !tooFrequent_.empty();
+    if (report_.wordsTooFrequent) ui_.Tell(TooFrequentText(tooFrequent_, mode_), "Error");
+    FinishListing();
+    if (stopped) {
+      ui_.AppendOutput("\r\nListing stopped.\r\n");
+      if (report_.outcome != ListingOutcome::failed) report_.outcome = ListingOutcome::stopped;
+    }
+    return std::move(report_);
+  }
+
+  ListingReport ListRows() {
+    ui_.BeginPhase("Writing rows");
+    if (!target_.sink && (target_.path.empty() || !MayReplace(mode_, target_, ui_))) {
+      return std::move(report_);
+    }
+    writer_.emplace(target_, "", "");
+    const RowFormat format =
+        target_.format == OutputFormat::json ? RowFormat::json : RowFormat::tsv;
+    ComposeRows(
+        listing_, format, [this](std::string_view piece) { return writer_->Add(piece); }, ui_);
+    report_.outcome = ui_.StopRequested() ? ListingOutcome::stopped : ListingOutcome::listed;
+    if (!Commit() && !target_.sink) TellWritingFailed();
+    return std::move(report_);
+  }
+
+ private:
+  // What cannot be taken back, a device or a sink, is asked for first, and takes nothing of a
+  // listing that will not be whole.
+  void OpenFile() {
+    const bool isFile = !target_.sink && !target_.path.empty() && !target_.isDisabled;
+    if (!isFile && !target_.sink) return;
+    const bool isFinal = !isFile || (FileExists(target_.path) && !IsRegularFile(target_.path));
+    if (isFinal && !tooFrequent_.empty()) return;
+    if (isFinal && isFile && !MayReplace(mode_, target_, ui_)) return;
+    mayReplace_ = isFinal;
+    const DocumentSource& source = listing_.Source().source;
+    const std::string digest = mode_ == Mode::create ? source.digest->Text() : "";
+    writer_.emplace(target_, FileHeader(mode_, source.path, digest, std::time(nullptr)), LINE_END);
+  }
+
+  bool Take(std::string_view piece) {
+    const std::size_t shown = std::min(piece.size(), TEXTBOX_LIMIT - box_.size());
+    box_ += piece.substr(0, shown);
+    length_ += std::ssize(piece);
+    if (writer_) (void)writer_->Add(piece);
+    // A word list shows the word at hand.
+    if (listing_.options.contextSize == 0) ui_.SetOutput(EncodeUtf8(DecodeAnsi(piece)));
+    return true;
+  }
+
+  // Shows the listing and, unless a word could not be listed, writes it.
+  void FinishListing() {
+    ui_.SetLabel(Label::keywordsFound, "");
+    if (report_.wordsTooFrequent) report_.outcome = ListingOutcome::failed;
+    if (length_ == 0) {
+      ui_.SetOutput("No result");
+      if (!report_.wordsTooFrequent) report_.outcome = ListingOutcome::nothing;
+      return;
+    }
+    if (mode_ == Mode::create) {
+      const std::int32_t words = listing_.words->words.table->WordCount();
+      ui_.SetLabel(Label::keywordsFound, "Number of keywords found: " + GroupedNumber(words));
+    }
+    ui_.SetOutput(EncodeUtf8(DecodeAnsi(TextboxPart(box_))));
+    if (!report_.wordsTooFrequent) WriteListing();
+    if (IsTextboxFull()) {
+      ui_.SayWhatIsShown({static_cast<std::int64_t>(TEXTBOX_LIMIT), length_, report_.written});
+    }
+  }
+
+  [[nodiscard]] bool IsTextboxFull() const { return length_ >= std::int64_t{TEXTBOX_LIMIT}; }
+
+  void WriteListing() {
+    if (writer_) {
+      if (!mayReplace_ && !MayReplace(mode_, target_, ui_)) return;
+      const bool committed = Commit();
+      if (target_.isSilent || target_.sink) return;
+      if (committed) {
+        ui_.PopUp("Concordance file written");
+      } else {
+        TellWritingFailed();
+      }
+    } else if (target_.isDisabled) {
+      ui_.Tell("Output to file is disabled.", STANDARD_TITLE, Icon::information);
+    } else if (IsTextboxFull() && target_.path.empty() && !target_.isSilent) {
+      ui_.Tell("To get the entire concordance, specify a concordance (output) file.",
+               "The concordance is too large for the textbox.", Icon::information);
+    }
+  }
+
+  bool Commit() {
+    report_.written = writer_->Commit(ui_);
+    report_.fileFault = writer_->Why();
+    if (!report_.written) report_.outcome = ListingOutcome::failed;
+    return report_.written;
+  }
+
+  void TellWritingFailed() { ui_.Tell(WritingFailed(mode_), "Error"); }
+
+  const Listing& listing_;
+  const ListingTarget& target_;
+  Conversation& ui_;
+  Mode mode_;
+  std::vector<const WordEntry*> tooFrequent_;
+  std::optional<ResultWriter> writer_;
+  bool mayReplace_ = false;  // the user has been asked already
+  std::string box_;          // as much of the listing as the box may show
+  std::int64_t length_ = 0;  // of the listing so far, in characters
+  ListingReport report_;
+};
+
+}  // namespace
+
+ListingReport ListWords(const Listing& listing, const ListingTarget& target, Conversation& ui) {
+  ListingRun run(listing, target, ui);
+  return target.format == OutputFormat::text ? run.ListText() : run.ListRows();
+}
+
+std::string WritingFailed(Mode mode) {
+  return "An error occurred when creating " + LowerAscii(OutputName(mode)) + ".";
+}
+
+std::string_view TextboxPart(std::string_view text) {
+  if (text.size() < TEXTBOX_LIMIT) return text;
+  const std::string_view part = text.substr(0, TEXTBOX_LIMIT);
+  return part.substr(0, part.rfind(' ') + 1);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,65 @@
+// A listing on its way to the screen and to its file.
+//
+// Composes it once and hands each piece on to both: the beginning to the output box, all of it to a
+// new file beside the target. That takes the target's place at the end, if the listing is whole and
+// the user wants it.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "files/output_file.h"
+#include "output/listing.h"
+#include "run/conversation.h"
+#include "util/fault.h"
+
+namespace quorvel {
+
+// The output box never receives more characters of a listing than this.
+inline constexpr std::size_t TEXTBOX_LIMIT = 65000;
+
+// What a run writes: the listing, or the occurrences behind it as rows.
+enum class OutputFormat { text, tsv, json };
+
+// Takes bytes; false when it could not, and needs no more of them.
+using ByteSink = std::function<bool(std::string_view)>;
+
+// Where a listing goes beside the screen.
+struct ListingTarget {
+  OutputFormat format = OutputFormat::text;
+  std::string path;         // of its file; empty where none is wanted
+  bool isDisabled = false;  // the user is told that there is none
+  bool isSilent = false;    // of a file that is written, or cannot be, nothing is said
+  bool asksBeforeReplacing = false;
+  FilesToKeep kept;
+  ByteSink sink;  // where set, the bytes go here and no file is written
+};
+
+enum class ListingOutcome {
+  listed,   // and written, unless the settings or the user want no file
+  nothing,  // none was listed before the stop
+  stopped,  // by the user: what was composed is shown and written
+  failed,   // the file could not be written, or a word occurs too often to be listed
+};
+
+struct ListingReport {
+  ListingOutcome outcome = ListingOutcome::listed;
+  bool written = false;            // it has gone to its file or sink
+  std::optional<Fault> fileFault;  // why it has not
+  bool wordsTooFrequent = false;   // the outcome is for that
+};
+
+// Composes a listing that has words, shows it and writes it; says what there is to say.
+ListingReport ListWords(const Listing& listing, const ListingTarget& target, Conversation& ui);
+
+// What is said when a mode's file could not be written.
+[[nodiscard]] std::string WritingFailed(Mode mode);
+
+// The part of a listing, one byte a character, that the output box shows: all of it when it is
+// shorter than TEXTBOX_LIMIT, else as much of its beginning as ends in a blank. The first
+// TEXTBOX_LIMIT bytes of it will do.
+[[nodiscard]] std::string_view TextboxPart(std::string_view text);
+
+}  // namespace quorvel

@@ -1,0 +1,154 @@
+// What the window or the command line works with: the settings, the word lists, and the values that
+// the last run has made.
+//
+// A run and a listing again are two ways into it, through the same checks. It alone knows which of
+// the values still holds for the settings of now, and drops the rest. What a run does and says is
+// decided here and below; the front end fills the settings and shows what comes of it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "engine/admission.h"
+#include "files/output_file.h"
+#include "files/read_file.h"
+#include "lists/languages.h"
+#include "output/listing.h"
+#include "run/conversation.h"
+#include "run/index_use.h"
+#include "run/input_check.h"
+#include "run/listing_run.h"
+#include "settings/settings.h"
+#include "settings/settings_file.h"
+
+namespace quorvel {
+
+enum class RunOutcome {
+  done,
+  refused,        // a check failed or the user declined; they have been told
+  nothingFound,   // no word satisfies the conditions
+  nothingToList,  // there is no listing that could be made again
+  stopped,        // by the user
+  failed,         // what was composed could not all be listed or written
+};
+
+// How the words and the listing of a session are wanted; the same for all its runs.
+struct SessionOptions {
+  OutputFormat outputFormat = OutputFormat::text;
+  EncodingChoice encodingChoice = EncodingChoice::confirm;
+  bool listsOnce = false;    // the words of a run are listed at its end and then not again
+  ByteSink outputSink = {};  // where set, the bytes of the listing go here and to no file
+};
+
+class Session {
+ public:
+  explicit Session(Conversation& ui, SessionOptions options = {});
+
+  // The settings and word lists of now, which the front end fills. A listing keeps those that it
+  // was made with.
+  [[nodiscard]] ConcordanceSettings& Settings() { return settings_; }
+  [[nodiscard]] WordLists& Lists() { return lists_; }
+
+  // Does some work for the user. Where the memory does not suffice for it, they are told, what the
+  // runs have made is dropped, and it gives false; the session goes on. Every entry of a front end
+  // comes through here.
+  bool Enter(const std::function<void()>& work);
+
+  // Names the settings file that the session starts from: no output may replace it.
+  void KeepSettingsFile(const std::string& path) { settingsFile_ = path; }
+
+  // Reads settings from a file as RestoreSavedState does, and starts from them.
+  [[nodiscard]] RestoredState LoadSettings(const std::string& path, bool starting);
+
+  // The settings are others as a whole: no word list that was read before is theirs. Stop words go
+  // with the input that is yet to be set, but those of all six languages stay in use.
+  void TakeLoadedSettings();
+
+  // Writes the settings as SaveState does, and gives what that gives; but over none of the files
+  // that they name: nothing then, and the user has been told.
+  [[nodiscard]] std::optional<std::string> SaveSettings(const std::string& path);
+
+  enum class InputOrigin { chosen, restored };
+
+  // Sees to all that follows a new input, which stands in the settings: what is known of the last
+  // one goes, and what this one brings is looked at. A restored input keeps the names that were
+  // restored with it. One that cannot be used leaves the settings; the user has been told.
+  void SetInput(InputOrigin origin);
+
+  // The language of the input, English for want of any sign; nothing when that cannot be told.
+  [[nodiscard]] std::optional<Language> RecognizeLanguage();
+
+  // Takes the words of the next run from the input's index file, if there is one that fits.
+  void UseIndexFile() { LoadWordsAtHand(false); }
+
+  // The next run reads and scans its input, whatever is at hand.
+  void DropWordsAtHand();
+
+  // Reads the stop words that the settings name and that have not been read. False when that could
+  // not be done; the user has been told.
+  [[nodiscard]] bool ReadNamedStopWords();
+
+  // Checks the settings, reads and scans the input, lists its words and writes the output file.
+  RunOutcome RunConcordance();
+
+  // Lists the words of the listing on the screen again, in the order and with the contexts that
+  // the settings ask for now.
+  RunOutcome ListAgain();
+
+  // What the last run or listing again has written.
+  [[nodiscard]] const ListingReport& Report() const { return report_; }
+
+  // The listing on the screen; null when there is none.
+  [[nodiscard]] const std::shared_ptr<const Listing>& CurrentListing() const { return listing_; }
+
+ private:
+  [[nodiscard]] FilesToKeep FilesOfSettings() const;
+  [[nodiscard]] FilesToKeep FilesOfRun() const;
+  [[nodiscard]] bool WantsIndex() const;
+
+  bool CheckChosenInput();
+  void RefuseInput(const std::string& text, const char* title);
+  void FollowInput(InputOrigin origin);
+  void LoadWordsAtHand(bool ask);
+  [[nodiscard]] Result<InputBytes> InputNow();
+  [[nodiscard]] std::shared_ptr<const InputDigest> DigestOf(const InputBytes& input);
+  void DropInput();
+
+  bool CheckExtraWords();
+  bool CheckInput();
+  bool CheckKeywords();
+  bool CheckOutputsOfRun(bool withIndex);
+  bool AreWordsAtHand();
+  bool IsInputAsItWas();
+  RunOutcome RunChecked();
+  bool ReadDocument();
+  RunOutcome EndUnread();
+  RunOutcome ScanAndList();
+  RunOutcome StopAfterScan(const Words& words);
+  bool TakeWordsAtHand();
+  [[nodiscard]] IncludeFlags Admit(const WordTable& table);
+  void OrderWords(const Words& words, const IncludeFlags* include);
+  RunOutcome List();
+  void KeepIndex();
+
+  void ShowWordCounts();
+  void ClearCounts();
+  void DropValues();
+
+  Conversation& ui_;
+  SessionOptions options_;
+  ConcordanceSettings settings_;
+  WordLists lists_;
+  std::string settingsFile_;  // that the settings come from, if any
+  bool macNoticeShown_ = false;                // once in the life of the program is enough
+  std::optional<Result<InputBytes>> input_;    // as it was read for the work at hand
+  std::shared_ptr<const InputDigest> digest_;  // of that input, where it was wanted
+  std::optional<WordsAtHand> atHand_;
+  std::shared_ptr<const Document> document_;  // of the words at hand, or of the run under way
+  std::shared_ptr<const Listing> listing_;
+  ListingReport report_;
+};
+
+}  // namespace quorvel

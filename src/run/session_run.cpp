@@ -1,0 +1,289 @@
+// The runs of a session: from its settings to the written file.
+
+#include <string>
+#include <utility>
+
+#include "engine/table_fit.h"
+#include "output/concordance_file.h"
+#include "run/document_reading.h"
+#include "run/fault_texts.h"
+#include "run/outputs.h"
+#include "run/run_captions.h"
+#include "run/session.h"
+#include "run/waiting.h"
+#include "run/word_lists.h"
+#include "util/ansi.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+bool Refuse(Conversation& ui, const std::string& text) {
+  ui.Tell(text, STANDARD_TITLE);
+  return false;
+}
+
+RunOutcome OutcomeOf(ListingOutcome listing) {
+  switch (listing) {
+    case ListingOutcome::listed:
+      return RunOutcome::done;
+    case ListingOutcome::stopped:
+      return RunOutcome::stopped;
+    case ListingOutcome::nothing:
+      return RunOutcome::nothingFound;
+    default:
+      return RunOutcome::failed;
+  }
+}
+
+}  // namespace
+
+RunOutcome Session::RunConcordance() {
+  RunOutcome outcome = RunOutcome::refused;
+  const bool done = Enter([this, &outcome] {
+    ui_.OfferStop(true);
+    ui_.CountSeconds(true);
+    const bool create = settings_.mode == Mode::create;
+    if ((!create || ReadNamedStopWords()) && CheckExtraWords()) {
+      ui_.OfferStop(true);
+      ui_.SetOutput("");
+      ui_.ClearStop();
+      outcome = RunChecked();
+    }
+    ui_.CountSeconds(false);
+    DropInput();
+    if (!atHand_) document_.reset();  // but a listing keeps its own
+  });
+  return done ? outcome : RunOutcome::failed;
+}
+
+// The options that only a listing depends on are those of now, all else is the listing's own.
+RunOutcome Session::ListAgain() {
+  RunOutcome outcome = RunOutcome::nothingToList;
+  const bool done = Enter([this, &outcome] {
+    if (listing_ == nullptr || listing_->ModeOf() != settings_.mode) return;
+    settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
+    outcome = RunOutcome::refused;
+    if (!CheckOutputsOfRun(false)) return;
+    ui_.OfferStop(true);
+    ui_.ClearStop();
+    Listing again = *listing_;
+    again.options = ListingOptionsOf(settings_);
+    listing_ = std::make_shared<const Listing>(std::move(again));
+    const bool empty = listing_->words->counts.includedCount == 0;
+    if (empty) ui_.SetOutput("");
+    outcome = empty ? RunOutcome::nothingFound : List();
+  });
+  return done ? outcome : RunOutcome::failed;
+}
+
+// Both kinds of extra words are checked in either mode.
+bool Session::CheckExtraWords() {
+  settings_.extraStopWords = TidyExtraStopWords(settings_.extraStopWords);
+  return CheckAllowedExtraChars(settings_, ui_) &&
+         GetExtraKeywords(settings_, lists_.keywords, ui_);
+}
+
+bool Session::CheckInput() {
+  settings_.inputFile = TrimBlanks(settings_.inputFile);
+  settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
+  if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
+  return PassesExtensionGate(settings_.inputFile, ListButtonCaption(settings_), ui_) &&
+         CheckInputReadable(settings_.inputFile, ui_);
+}
+
+// An index is written only beside a listing.
+bool Session::CheckOutputsOfRun(bool withIndex) {
+  std::vector<Output> outputs = {ListingOutputOf(settings_)};
+  if (options_.outputSink) outputs.front().path.clear();
+  const bool lists = options_.outputSink || !outputs.front().path.empty();
+  if (withIndex && lists) outputs.push_back(IndexOutputOf(settings_));
+  return CheckOutputs(outputs, FilesOfRun(), ui_);
+}
+
+bool Session::CheckKeywords() {
+  if (settings_.mode == Mode::create || HoldKeywords(lists_.keywords)) return true;
+  ui_.Tell("Specify a keywords file or type one or more extra keywords.",
+           ListButtonCaption(settings_), Icon::information);
+  return false;
+}
+
+bool Session::WantsIndex() const {
+  return settings_.createIndexFile && settings_.mode == Mode::create;
+}
+
+RunOutcome Session::RunChecked() {
+  report_ = {};
+  if (!CheckInput() || !CheckOutputsOfRun(WantsIndex()) || !CheckKeywords()) {
+    ui_.SetOutput("");
+    ClearCounts();
+    return RunOutcome::refused;
+  }
+  ClearCounts();
+  const bool atHand = AreWordsAtHand();
+  if (ui_.StopRequested()) return EndUnread();
+  if (!atHand) {
+    // They would only take up memory beside those that are to come.
+    atHand_.reset();
+    document_.reset();
+    listing_.reset();
+  }
+  if (document_ == nullptr && !ReadDocument()) return EndUnread();
+  return ScanAndList();
+}
+
+// Whether there are words of the input as it is now that need not be scanned. Where they come from
+// an index file and the input has changed since, the user is told.
+bool Session::AreWordsAtHand() {
+  if (!atHand_ || atHand_->inputFile != settings_.inputFile) return false;
+  const ReadingOptions options = {settings_.inputIsUtf8, settings_.ignoreLists};
+  if (document_ != nullptr && document_->options != options) return false;
+  if (IsInputAsItWas()) return true;
+  if (atHand_->fromIndexFile && !ui_.StopRequested()) ShowBadIndexFile(ui_);
+  return false;
+}
+
+// Whether the input holds the bytes that the words at hand belong to.
+bool Session::IsInputAsItWas() {
+  if (StampOf(settings_.inputFile) == atHand_->stamp) return true;
+  const Result<InputBytes> input = InputNow();
+  if (!input) return false;
+  const auto digest = DigestOf(*input);
+  if (!WaitFor(*digest, ui_) || digest->Text() != atHand_->digest) return false;
+  atHand_->stamp = input->Stamp();
+  return true;
+}
+
+// Makes the document of the input. False when reading failed or was stopped.
+bool Session::ReadDocument() {
+  Result<InputBytes> input = InputNow();
+  if (!input) {
+    if (input.Why().kind != FaultKind::stopped) ui_.Ask(MessageOf(input.Why()));
+    ui_.SetOutput("");
+    return false;
+  }
+  ReadingRequest request;
+  request.encodingChoice = options_.encodingChoice;
+  request.ignoreLists = settings_.ignoreLists;
+  if (settings_.mode == Mode::create || atHand_) request.digest = DigestOf(*input);
+  DropInput();
+  document_ =
+      ObtainDocument(*std::move(input), request, settings_.inputIsUtf8, macNoticeShown_, ui_);
+  return document_ != nullptr;
+}
+
+RunOutcome Session::EndUnread() {
+  if (!ui_.StopRequested()) return RunOutcome::refused;
+  ui_.SetOutput("Stopped when reading file.");
+  return RunOutcome::stopped;
+}
+
+RunOutcome Session::ScanAndList() {
+  const bool scans = !TakeWordsAtHand();
+  if (scans) {
+    const bool soughtOnly = options_.listsOnce && settings_.mode == Mode::search;
+    const Words words = ScanWords(document_, soughtOnly ? &lists_.keywords : nullptr, ui_);
+    ui_.YieldNow();
+    if (ui_.StopRequested()) return StopAfterScan(words);
+    OrderWords(words, nullptr);
+  }
+  const RunOutcome outcome = List();
+  if (scans && WantsIndex() && report_.written) KeepIndex();
+  return outcome;
+}
+
+RunOutcome Session::StopAfterScan(const Words& words) {
+  const std::int32_t count = words.table->WordCount();
+  ui_.AppendOutput("Stopped with " + std::to_string(count) + " word" + (count == 1 ? "" : "s") +
+                   " found.\r\n");
+  ConcealNumWords(lists_.stopWords, false);
+  ui_.CountSeconds(false);
+  ClearCounts();
+  return RunOutcome::stopped;
+}
+
+// Orders the words at hand, if there are any, for the listing. Those of an index file are compared
+// with the text first: where they do not belong to it the user is told, and the input is scanned.
+bool Session::TakeWordsAtHand() {
+  if (!atHand_) return false;
+  if (atHand_->fromIndexFile) (void)WaitFor(*document_->source.digest, ui_);
+  const IncludeFlags include = Admit(*atHand_->table);
+  const bool fits =
+      !atHand_->fromIndexFile || (document_->source.digest->Text() == atHand_->digest &&
+                                  TableFitsText(*atHand_->table, include, document_->documentText));
+  if (fits) {
+    OrderWords({document_, atHand_->table}, &include);
+    return true;
+  }
+  ShowBadIndexFile(ui_);
+  atHand_.reset();
+  return false;
+}
+
+IncludeFlags Session::Admit(const WordTable& table) {
+  ConcealNumWords(lists_.stopWords, true);
+  lists_.extraStopWords = ExtraStopWordsOf(settings_.extraStopWords);
+  return ApplyAdmissionFilters(table, settings_, lists_);
+}
+
+// Makes the listing of words, of which it may be known already which are included.
+void Session::OrderWords(const Words& words, const IncludeFlags* include) {
+  ListedWords listed = {words, {}, {}, {}};
+  ui_.BeginPhase("Applying filters");
+  listed.include = include != nullptr ? *include : Admit(*words.table);
+  ui_.BeginPhase("Counting words");
+  listed.counts = CountIncludedWords(*words.table, listed.include);
+  ui_.BeginPhase("Ordering by frequency");
+  listed.frequencyChain = BuildFrequencyChain(*words.table, listed.include);
+  Listing listing;
+  listing.words = std::make_shared<const ListedWords>(std::move(listed));
+  if (settings_.mode == Mode::search) {
+    listing.keywords = std::make_shared<const KeywordLists>(lists_.keywords);
+  }
+  listing.options = ListingOptionsOf(settings_);
+  listing_ = std::make_shared<const Listing>(std::move(listing));
+}
+
+RunOutcome Session::List() {
+  ui_.CountSeconds(false);
+  ShowWordCounts();
+  report_ = {};
+  if (listing_->words->counts.includedCount == 0) {
+    ui_.SetOutput("No words satisfying the conditions were found.");
+    return RunOutcome::nothingFound;
+  }
+  const bool create = settings_.mode == Mode::create;
+  if (create) (void)WaitFor(*listing_->Source().source.digest, ui_);
+  ListingTarget target;
+  target.format = options_.outputFormat;
+  target.path = OutputFileOf(settings_);
+  target.isDisabled = create && settings_.outputToFileDisabled && !target.path.empty();
+  target.isSilent = !create;
+  target.asksBeforeReplacing = settings_.warnOnOverwrite;
+  target.kept = FilesOfRun();
+  target.sink = options_.outputSink;
+  report_ = ListWords(*listing_, target, ui_);
+  return OutcomeOf(report_.outcome);
+}
+
+void Session::KeepIndex() {
+  FilesToKeep kept = FilesOfRun();
+  const Output listingOutput = ListingOutputOf(settings_);
+  kept.push_back({listingOutput.name, listingOutput.path});
+  if (std::optional<Fault> fault = CreateIndexFile(*listing_->words, kept, ui_)) {
+    report_.fileFault = std::move(fault);
+    return;
+  }
+  const DocumentSource& source = document_->source;
+  atHand_ = WordsAtHand{source.path, source.stamp, source.digest->Text(),
+                        listing_->words->words.table, false};
+}
+
+void Session::ShowWordCounts() {
+  const WordCounts& counts = listing_->words->counts;
+  ui_.SetLabel(Label::numberOfWords, "Number of words: " + GroupedNumber(counts.includedCount));
+  ui_.SetLabel(Label::numberOfOccurrences,
+               "Number of occurrences: " + GroupedNumber(counts.totalOccurrences));
+}
+
+}  // namespace quorvel

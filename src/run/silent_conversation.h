@@ -1,0 +1,24 @@
+// A conversation for work that the user need not hear of: nobody listens, every question gets its
+// preset answer, and no button is pressed.
+#pragma once
+
+#include "run/conversation.h"
+
+namespace quorvel {
+
+class SilentConversation : public Conversation {
+ public:
+  void BeginPhase(std::string_view /*name*/) override {}
+  void ShowBar(std::string_view /*caption*/) override {}
+  void YieldNow() override {}
+  void AppendOutput(std::string_view /*text*/) override {}
+  void SetOutput(std::string_view /*text*/) override {}
+  void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
+  void SayWhatIsShown(const ListingShown& /*listing*/) override {}
+  void CountSeconds(bool /*counting*/) override {}
+  Answer Ask(const Message& message) override { return message.preset; }
+  void PopUp(std::string_view /*text*/) override {}
+  void OfferStop(bool /*offered*/) override {}
+};
+
+}  // namespace quorvel

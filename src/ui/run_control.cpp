@@ -1,0 +1,64 @@
+#include "ui/run_control.h"
+
+#include <QTimer>
+
+#include "ui/files_and_options.h"
+#include "ui_main_window.h"
+
+namespace quorvel {
+
+void RunControl::cmdListWords_Click() {
+  if (interface_.IsWorking()) {
+    (void)ConfirmStop();
+    return;
+  }
+  files_.TakeControls();
+  ui_.lblSearchResultsFileSize->clear();
+  Work([this] {
+    session_.RunConcordance();
+    files_.ShowSettings();
+  });
+  files_.SetTheFocus();
+}
+
+void RunControl::ListAgain() {
+  files_.TakeControls();
+  if (!interface_.IsWorking()) {
+    Work([this] { session_.ListAgain(); });
+  }
+  files_.SetTheFocus();
+}
+
+void RunControl::Work(const std::function<void()>& work) {
+  if (interface_.IsWorking()) return work();
+  EnableControls(false);
+  interface_.BeginWork();
+  session_.Enter(work);
+  interface_.EndWork();
+  EnableControls(true);
+  files_.ShowWhatIsPossible();
+  files_.ShowFileSizes();
+  interface_.ShowPendingPopUp();
+  QWidget* const window = ui_.txbOutput->window();
+  if (closesAfterWork_) QTimer::singleShot(0, window, [window] { window->close(); });
+}
+
+bool RunControl::ConfirmStop() {
+  const Message question = {"Do you really wish to stop?", "Stop", Icon::none, Buttons::yesNo,
+                            Answer::no};
+  if (interface_.Ask(question) != Answer::yes) return false;
+  interface_.RequestStop();
+  return true;
+}
+
+void RunControl::EnableControls(bool enabled) {
+  panel_.setEnabled(enabled);
+  for (QWidget* control : ui_.scrollArea->findChildren<QWidget*>()) {
+    const bool takesInput = qobject_cast<QAbstractButton*>(control) != nullptr ||
+                            qobject_cast<QLineEdit*>(control) != nullptr ||
+                            qobject_cast<QComboBox*>(control) != nullptr;
+    if (takesInput) control->setEnabled(enabled);
+  }
+}
+
+}  // namespace quorvel

@@ -1,0 +1,139 @@
+// What the user is asked and told of word lists.
+
+#include "run/word_lists.h"
+
+#include <gtest/gtest.h>
+
+#include "support/made_texts.h"
+#include "support/platform.h"
+#include "support/scripted_conversation.h"
+#include "support/test_folder.h"
+#include "util/ansi.h"
+
+namespace quorvel {
+namespace {
+
+TEST(WordLists, SayWhatWasLoaded) {
+  const TestFolder folder;
+  const std::string path = folder.Write("w.txt", "Walks the\r\n42\r\n");
+  ConcordanceSettings settings;
+  StopWordList list;
+  ScriptedConversation ui;
+  EXPECT_TRUE(AttemptToReadStopWords(path, settings, list, ui));
+  EXPECT_EQ(list.words, (SortedWords{u"42", u"Walks", u"the"}));
+  EXPECT_TRUE(list.loaded);
+  EXPECT_EQ(settings.stopWordsFile, path);
+  EXPECT_EQ(ui.Said(path), "Stop words loaded: Three stop words loaded from @\n");
+  EXPECT_EQ(ui.sets, (std::vector<std::string>{"Reading stop words ...", ""}));
+  KeywordLists lists;
+  EXPECT_TRUE(AttemptToReadSearchWords(path, lists, ui));
+  EXPECT_EQ(ui.questions.back().title + ": " + ui.questions.back().text,
+            "Keywords to search for: Display search words?");
+  EXPECT_EQ(ui.output, "Two keywords loaded from " + path + "\r\n\r\n the walk");
+  EXPECT_EQ(ui.labels[Label::numberOfWords],
+            (std::vector<std::string>{"Three stop words", "Two keywords"}));
+}
+
+TEST(WordLists, AreKeptWhereAFileIsNoList) {
+  const TestFolder folder;
+  const std::string denied = "\r\n cannot be opened (permission denied).\n";
+  const std::pair<std::string, std::string> rows[] = {
+      {"", ""},
+      {folder.Path("none"), " words file not found:\r\n@\n"},
+      {folder.Path(""), " words file not found:\r\n@\n"},
+      // Nothing but an ordinary file is opened: a pipe might never give a byte.
+      {NULL_DEVICE, "Fatal error: File @" + denied},
+      {folder.Write("w.txt", "\xFF\xFEtext"),
+       "Fatal error: File @\r\nis a Unicode file but not UTF-8 encoded.\n"},
+      {folder.Write("e.txt", ""), "Fatal error: File @ is zero-length.\n"}};
+  for (const auto& [path, said] : rows) {
+    StopWordList list = {{u"old"}, {}, true};
+    KeywordLists lists = {{u"old"}, {}};
+    ScriptedConversation ui;
+    EXPECT_FALSE(ReadStopWordsFile(path, list, ui) || list.loaded) << path;
+    const bool isMissing = said.starts_with(" words");
+    EXPECT_EQ(ui.Said(path), isMissing ? "Stop words: Stop" + said : said) << path;
+    ui.questions.clear();
+    EXPECT_FALSE(ReadKeywordsFile(path, lists, ui)) << path;
+    EXPECT_EQ(ui.Said(path), isMissing ? "Search words: Key" + said.substr(1) : said) << path;
+    EXPECT_EQ(list.words, SortedWords{u"old"});
+    EXPECT_EQ(lists.fileKeywords, SortedWords{u"old"});
+    EXPECT_TRUE(ui.sets.empty());
+  }
+}
+
+TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
+  for (const bool isLong : {false, true}) {
+    const TestFolder folder;
+    const std::string path = folder.Write("a.txt", Repeated("ab\r\n", isLong ? 5121 : 5120));
+    StopWordList list;
+    KeywordLists lists;
+    ScriptedConversation ui;
+    ui.stopAtYield = 1;
+    EXPECT_FALSE(ReadStopWordsFile(path, list, ui));
+    EXPECT_EQ(ui.output, "Reading stop words was stopped.");
+    ui.yields = 0;
+    EXPECT_FALSE(ReadKeywordsFile(path, lists, ui));
+    EXPECT_EQ(ui.output, "Reading search words was stopped.");
+    EXPECT_FALSE(list.loaded);
+    EXPECT_EQ(ui.stopOffers,
+              isLong ? (std::vector<bool>{true, false, true, false}) : std::vector<bool>());
+    EXPECT_EQ(ui.sets.front(), "Reading stop words ...");
+  }
+}
+
+TEST(WordLists, OfTypedWordsAreChecked) {
+  const std::string is = " occurs in some stop word\r\nbut is not ";
+  const std::string bad =
+      "Invalid input: The extra keywords textbox contains an inadmissable character: ";
+  const std::string comma = "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
+  const struct {
+    const char* stopWords;
+    const char* keywords;
+    const char* tidied;
+    std::string said;
+  } rows[] = {
+      {"the", " Ships* ", "ships*", ""},
+      {"42", "A", "A",
+       "Character not allowed: The character 4" + is +
+           "currently set as a character allowed in a word.\n"},
+      {"a,b", "A", "A",
+       "Character not allowed: The character ," + is + "a character allowed in a word." + comma +
+           "\n"},
+      {"the", "Ships, ", "ships,", bad + ",\n"},
+      {"the", "A+b+c", "a+b+c", "Invalid Input: A keyword cannot contain more then one '+'.\n"}};
+  for (const auto& [stopWords, keywords, tidied, said] : rows) {
+    ConcordanceSettings settings;
+    settings.extraStopWords = stopWords;
+    settings.extraKeywords = keywords;
+    KeywordLists lists;
+    lists.extraKeywords = ExtraKeywordList({ExtraKeywordOf(u"old")});
+    ScriptedConversation ui;
+    const bool allowed = CheckAllowedExtraChars(settings, ui);
+    EXPECT_EQ(allowed && GetExtraKeywords(settings, lists, ui), said.empty());
+    EXPECT_EQ(ui.Said(), said);
+    EXPECT_EQ(lists.extraKeywords.Keywords().front().wildcardPattern,
+              said.empty() ? u"ships*" : u"old");
+    EXPECT_EQ(settings.extraKeywords, tidied);
+  }
+}
+
+TEST(WordLists, ShowTheBeginningOfALongList) {
+  for (const int count : {1, 30, 31}) {
+    StopWordList list;
+    std::string shown;
+    for (int i = 0; i < count; ++i) {
+      list.words.emplace_back(1, static_cast<char16_t>(u'A' + i));
+      if (i < 30) shown += EncodeUtf8(list.words.back()) + "\r\n";
+    }
+    ScriptedConversation ui;
+    ListStopWords(list, ui);
+    const std::string expected = "Stop words: There are " + std::to_string(count) +
+                                 " stop words.\r\n\r\n" + shown +
+                                 (count > 30 ? "\r\nand more\n" : "\n");
+    EXPECT_EQ(ui.Said(), count < 2 ? "" : expected);
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
