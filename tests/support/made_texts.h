@@ -15,6 +15,20 @@ inline std::string Repeated(std::string_view part, int times) {
   return text;
 }
 
+// Running text, large enough for a user to reach a run on it in each of its phases: so many times a
+// megabyte, of some ten thousand words.
+inline std::string LongText(int megabytes) {
+  std::mt19937 random(1);
+  std::string text = Repeated("The harbour is there, and this is the old ship.\r\n", 200);
+  while (text.size() < 1U << 20U) {
+    for (auto number = 1000 + random() % 20000; number > 0; number /= 20) {
+      text += static_cast<char>('b' + number % 20);
+    }
+    text += random() % 12 == 0 ? "\r\n" : " ";
+  }
+  return Repeated(text, megabytes);
+}
+
 // A text of up to `mostParts` of the given parts in random order, now and then with a stretch of
 // it said again, so that whole contexts recur.
 template <typename String>

@@ -18,11 +18,40 @@ TEST_F(Refusals, OfAnInputLeaveItsBoxEmpty) {
                                   "\nhas a 'docx' extension but does not appear to be an "
                                   "MS Word 'docx' file.")},
   };
-  OpenText("good.txt");
+  const std::string good = OpenText("good.txt");
   for (const auto& [path, refusal] : rows) {
     SCOPED_TRACE(path);
+    Drop(good);
+    List();
     Type("txbFile_0", path, {refusal});
-    EXPECT_EQ(Text("txbFile_0") + Text("lblInputFileSize"), "");
+    EXPECT_EQ(Text("txbFile_0") + Text("lblInputFileSize") + Counts(), "");
+  }
+}
+
+TEST_F(Refusals, AndNewInputsLeaveNothingOfTheLastListing) {
+  const std::string good = OpenText("good.txt");
+  const struct {
+    const char* name;
+    std::function<void()> act;
+    const char* output;
+  } rows[] = {
+      {"another input", [&] { Drop(folder_.Write("b.txt", HARBOUR)); }, "Checking file ...\n"},
+      {"the same input", [&] { Type("txbFile_0", good); }, "Checking file ...\n"},
+      {"none", [&] { Click("cmdClearFile_0"); }, ""},
+      {"a run without one",
+       [&] {
+         ASSERT_TRUE(std::filesystem::remove(good));
+         Click("cmdListWords",
+               {Tells("Fatal error", "File " + good + " not found.", Icon::information)});
+       },
+       ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Drop(good);
+    List();
+    row.act();
+    EXPECT_EQ(Text("txbOutput") + Counts(), row.output);
   }
 }
 

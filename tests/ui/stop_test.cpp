@@ -1,43 +1,29 @@
-#include <random>
+#include <QElapsedTimer>
 
 #include "support/made_texts.h"
 #include "ui/window_test.h"
+#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
 
 class Stop : public WindowTest {
  protected:
-  // Long enough for a user to reach a run on it in each of its phases.
-  static std::string LongText() {
-    std::mt19937 random(1);
-    std::string text = Repeated("The harbour is there, and this is the old ship.\r\n", 200);
-    while (text.size() < 1U << 20U) {
-      for (auto number = 1000 + random() % 20000; number > 0; number /= 20) {
-        text += static_cast<char>('b' + number % 20);
-      }
-      text += random() % 12 == 0 ? "\r\n" : " ";
-    }
-    return Repeated(text, 24);
+  // The question whether to stop, answered when a run would have counted a second more.
+  static Box WaitsAWhile(const char* button) {
+    constexpr int LONG_MS = 1500;
+    Box question = ReallyStop(button);
+    question.ready = [shown = std::make_shared<QElapsedTimer>()] {
+      if (!shown->isValid()) shown->start();
+      return shown->elapsed() > LONG_MS;
+    };
+    return question;
   }
-
-  static Box ReallyStop(const char* button) {
-    return Asks("Stop", "Do you really wish to stop?", "No", button);
-  }
-
-  // The phase with a bar of its own has got somewhere.
-  [[nodiscard]] bool IsAmid(const char* phase) const {
-    return phases_.ends_with(phase) && Text("lblTotalNumOccurrences").starts_with("[-");
-  }
-
-  static constexpr const char* SCANNING = "Processing file, ";
-  static constexpr const char* LISTING = "Creating concordance, ";
 };
 
 TEST_F(Stop, EndsARunOrAListing) {
-  OpenText("a.txt", LongText());
-  Meanwhile([this] { return IsAmid(SCANNING); },
-            [this] { Press(Qt::Key_Escape, {ReallyStop("Yes")}); });
+  OpenText("a.txt", LongText(24));
+  StopWhen([this] { return IsAmid(SCANNING); });
   Click("cmdListWords");
   EXPECT_TRUE(acted_ && Text("txbOutput").ends_with(" words found.\n"));
   EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
@@ -48,25 +34,31 @@ TEST_F(Stop, EndsARunOrAListing) {
       {"again", [this] { Choose("cboContextSize", " 9", {WritesConcordance()}); }},
   };
   for (const auto& [name, list] : listings) {
+    SCOPED_TRACE(name);
     phases_.clear();
-    Meanwhile([this] { return IsAmid(LISTING); },
-              [this] { Click("cmdListWords", {ReallyStop("Yes")}); });
+    StopWhen([this] { return IsAmid(LISTING); });
     list();
-    EXPECT_TRUE(acted_ && Text("txbOutput").ends_with("\nListing stopped.\n")) << name;
+    EXPECT_TRUE(acted_ && Text("txbOutput").ends_with("\nListing stopped.\n"));
+    EXPECT_EQ(Text("lblListingShown"), ShownOf("a.qvl.conc.txt"));
   }
+  phases_.clear();
+  StopWhen([this] { return IsReading(); });
+  Click("cmdListWords");
+  EXPECT_TRUE(acted_);
+  EXPECT_EQ(Text("txbOutput") + Counts(), "Stopped when reading file.");
 }
 
 TEST_F(Stop, IsAskedForAndNothingElseIsLive) {
-  OpenText("a.txt", LongText());
+  OpenText("a.txt", LongText(24));
   Choose("cboContextSize", " 0");
   Click("cmdSetParameters");
   std::string live;
-  Box question = ReallyStop("Enter");
-  question.ready = [&] {
+  Box question = WaitsAWhile("Enter");
+  question.answer = [this, &live, answer = question.answer](QWidget& box) {
     live = Which("enabled", {"optCreate", "txbFile_0", "cboWordOrder", "chkFrequencies", "cmdQuit",
                              "cmdClosePanel", "cmdListWords"});
-    live += Text("cmdListWords");
-    return Text("lblTimeElapsed") == "Time elapsed: 3s";
+    live += Text("cmdListWords") + Counts() + Text("lblTimeElapsed");
+    answer(box);
   };
   Meanwhile([this] { return IsAmid(SCANNING); },
             [&] {
@@ -81,8 +73,20 @@ TEST_F(Stop, IsAskedForAndNothingElseIsLive) {
   EXPECT_NE(folder_.Read("a.qvl.conc.txt"), "");
 }
 
+TEST_F(Stop, ThatIsDeclinedLeavesTheCountsOfTheListing) {
+  OpenText("a.txt", LongText(8));
+  Meanwhile([this] { return IsAmid(LISTING); },
+            [this] { Press(Qt::Key_Escape, {WaitsAWhile("No")}); });
+  List();
+  EXPECT_TRUE(acted_);
+  const std::string file = folder_.Read("a.qvl.conc.txt");
+  std::int64_t entries = 0;
+  for (std::size_t at = 0; (at = file.find("\r\n[", at)) != std::string::npos; ++at) ++entries;
+  EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: " + GroupedNumber(entries));
+}
+
 TEST_F(Stop, ComesBeforeClosing) {
-  OpenText("a.txt", LongText());
+  OpenText("a.txt", LongText(24));
   Click("chkSaveStateOnQuit");
   Meanwhile([this] { return IsAmid(SCANNING); },
             [this] {

@@ -15,6 +15,7 @@
 #include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
 #include "run/word_lists.h"
+#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
@@ -121,6 +122,18 @@ void WindowTest::Meanwhile(std::function<bool()> when, std::function<void()> act
   meanwhile_.start(1);
 }
 
+bool WindowTest::IsAmid(const char* phase) const {
+  return phases_.ends_with(phase) && Text("lblTotalNumOccurrences").starts_with("[-");
+}
+
+bool WindowTest::IsReading() const {
+  return Text("cmdListWords") == "Stop" && phases_.find(SCANNING) == std::string::npos;
+}
+
+void WindowTest::StopWhen(std::function<bool()> when) {
+  Meanwhile(std::move(when), [this] { Press(Qt::Key_Escape, {ReallyStop("Yes")}); });
+}
+
 QWidget& WindowTest::Control(const std::string& name) const {
   for (QWidget* control : window_->findChildren<QWidget*>(QString::fromStdString(name))) {
     if (control->isVisible()) return *control;
@@ -143,12 +156,25 @@ std::string WindowTest::Text(const std::string& name) const {
   throw std::runtime_error("no text in " + name);
 }
 
+std::string WindowTest::Texts(const Names& names) const {
+  std::string texts;
+  for (const std::string& name : names) texts += Text(name);
+  return texts;
+}
+
 std::string WindowTest::Which(const char* property, const Names& names) const {
   std::string which;
   for (const std::string& name : names) {
     if (Control(name).property(property).toBool()) which += name + " ";
   }
   return which;
+}
+
+std::string WindowTest::ShownOf(const std::string& name) const {
+  const std::string file = folder_.Read(name);
+  const std::size_t listed = file.size() - file.find('[') - std::string_view("\r\n").size();
+  return "The first 65,000 of " + GroupedNumber(static_cast<std::int64_t>(listed)) +
+         " characters; the file holds all of it.";
 }
 
 void WindowTest::ExpectSoon(const std::function<bool()>& condition) {
@@ -170,6 +196,18 @@ Box WindowTest::WantsKeywords() {
 
 Box WindowTest::OffersKeywords(const char* button) {
   return Asks("Keywords to search for", "Display search words?", "Yes", button);
+}
+
+Box WindowTest::ReallyStop(const char* button) {
+  return Asks("Stop", "Do you really wish to stop?", "No", button);
+}
+
+Box WindowTest::OffersIndex(const std::string& index, const char* button) {
+  constexpr std::size_t DATE_LINE = 34;
+  return Asks("Index file found",
+              "An index file for this input file exists, created,\nnamely, " +
+                  index.substr(DATE_LINE, 16) + ".\n\nDo you wish to use it?",
+              "Yes", button);
 }
 
 void WindowTest::NotePhase() {
