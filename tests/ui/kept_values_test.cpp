@@ -109,7 +109,9 @@ TEST_F(KeptValues, AreNotWrittenOverTheIndexOrTheInputBySettings) {
                        QTest::keyClick(dialog.windowHandle(), Qt::Key_A, Qt::ControlModifier);
                        TypeText(dialog, input);
                        // The question that comes now comes over this dialog.
-                       QTimer::singleShot(0, &dialog, [&dialog] { PressButton(dialog, "Enter"); });
+                       QMetaObject::invokeMethod(
+                           &dialog, [&dialog] { PressButton(dialog, "Enter"); },
+                           Qt::QueuedConnection);
                      }};
   const Box replaces = {title +
                             " | a.txt already exists.\nDo you want to replace it? | icon 2 | "

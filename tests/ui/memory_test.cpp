@@ -24,7 +24,7 @@ class ShortOfMemory : public WindowTest {
   // A file of zeros that is larger than that, but takes no place on the disk.
   [[nodiscard]] std::string WriteLarge(const char* name) const {
     constexpr std::uintmax_t LENGTH = std::uintmax_t{400} << 20U;
-    const std::string path = folder_.Write(name, "");
+    std::string path = folder_.Write(name, "");
     std::filesystem::resize_file(path, LENGTH);
     return path;
   }
