@@ -63,10 +63,11 @@ TEST_F(SearchMode, ListsAndWritesWhatIsFound) {
       "Search results filesize: " + std::to_string(folder_.Read("found.txt").size()) + " bytes");
   EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
   Click("chkWarnOnOverwrite");
-  Click("cmdListWords", {Asks("File exists",
-                              "A search results file \n" + results +
-                                  "\nalready exists.  Do you wish to overwrite it?",
-                              "Yes", "No")});
+  Choose("cboContextSize", " 4",
+         {Asks("File exists",
+               "A search results file \n" + results +
+                   "\nalready exists.  Do you wish to overwrite it?",
+               "Yes", "No")});
   EXPECT_EQ(Text("lblSearchResultsFileSize"), "");
   Click("cmdViewFile");
   EXPECT_EQ(Control("txbText1").window()->windowTitle().toStdString(), results);
