@@ -9,6 +9,7 @@
 #include "input/utf8_repair.h"
 #include "input/zip_archive.h"
 #include "util/ansi.h"
+#include "util/large_pages.h"
 
 // The walk over the XML knows four strings and no structure. What follows from
 // that is kept, since it decides which words a concordance holds: a run start is
@@ -80,8 +81,11 @@ Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const Tempor
   return UnpackedBody{entry->length, entry->isDamaged};
 }
 
+// Half of a body is text at most, the rest mark-up: so the text need not be moved as it grows.
 DocumentRuns::DocumentRuns(std::string_view xml)
-    : xml_(xml), start_(xml.find(RUN_START)), end_(xml.find(RUN_END)) {}
+    : xml_(xml), start_(xml.find(RUN_START)), end_(xml.find(RUN_END)) {
+  ReserveLarge(text_, xml.size() / 2);
+}
 
 bool DocumentRuns::Read(Progress& progress) {
   if (xml_.size() > LARGEST_WITHOUT_BAR && !bar_) bar_.emplace(progress);
