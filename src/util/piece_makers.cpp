@@ -4,6 +4,20 @@
 
 namespace quorvel {
 
+namespace {
+
+// A piece that was much longer than the others leaves its room to them.
+void Empty(std::string& text) {
+  constexpr std::size_t MOST_KEPT = std::size_t{1} << 18U;
+  if (text.capacity() > MOST_KEPT) {
+    text = std::string();
+  } else {
+    text.clear();
+  }
+}
+
+}  // namespace
+
 unsigned Processors() { return std::max(std::thread::hardware_concurrency(), 1U); }
 
 PieceMakers::PieceMakers(std::size_t count, unsigned threads,
@@ -66,7 +80,7 @@ void PieceMakers::MakePieces(const Maker& make) {
   while (const std::optional<std::size_t> piece = PieceToMake()) {
     Slot& slot = SlotOf(*piece);
     try {
-      slot.text.clear();
+      Empty(slot.text);
       make(*piece, slot.text);
     } catch (...) {
       fault = std::current_exception();
