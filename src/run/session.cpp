@@ -5,12 +5,10 @@
 
 #include "files/file_system.h"
 #include "files/path_names.h"
-#include "run/fault_texts.h"
 #include "run/outputs.h"
 #include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
 #include "run/word_lists.h"
-#include "util/ansi.h"
 
 // The settings, the input and the word lists of a session. Its runs stand in session_run.cpp.
 
@@ -43,12 +41,14 @@ RestoredState Session::LoadSettings(const std::string& path, bool starting) {
 }
 
 void Session::TakeLoadedSettings() {
-  const std::string& path = settings_.stopWordsFile;
-  EraseSearchWords(lists_.keywords);
-  lists_.stopWords.loaded = false;
-  SilentConversation nobody;
-  const bool all = path.ends_with(ALL_LANGUAGES.stopWordsFile) && FileExists(path);
-  if (all) (void)ReadStopWordsFile(path, lists_.stopWords, nobody);
+  Enter([this] {
+    const std::string& path = settings_.stopWordsFile;
+    EraseSearchWords(lists_.keywords);
+    lists_.stopWords.loaded = false;
+    SilentConversation nobody;
+    const bool all = path.ends_with(ALL_LANGUAGES.stopWordsFile) && FileExists(path);
+    if (all) (void)ReadStopWordsFile(path, lists_.stopWords, nobody);
+  });
 }
 
 std::optional<std::string> Session::SaveSettings(const std::string& path) {

@@ -141,7 +141,7 @@ class Session {
   SessionOptions options_;
   ConcordanceSettings settings_;
   WordLists lists_;
-  std::string settingsFile_;  // that the settings come from, if any
+  std::string settingsFile_;                   // that the settings come from, if any
   bool macNoticeShown_ = false;                // once in the life of the program is enough
   std::optional<Result<InputBytes>> input_;    // as it was read for the work at hand
   std::shared_ptr<const InputDigest> digest_;  // of that input, where it was wanted

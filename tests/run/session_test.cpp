@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <new>
 
@@ -90,33 +89,6 @@ TEST(Session, SaysWhyItEndsAndLeavesTheOldFile) {
     EXPECT_EQ(run.folder.Count(), files);
     EXPECT_EQ(run.ui.Said(run.settings.inputFile), row.said);
     EXPECT_TRUE(row.outcome != refused || run.ui.output.empty());
-  }
-}
-
-TEST(Session, SettlesTheEncoding) {
-  using enum EncodingChoice;
-  const struct {
-    const char* name;
-    bool looksLikeUtf8, setting, result;
-    std::vector<Answer> answers;
-    EncodingChoice choice = confirm;
-  } rows[] = {{"Enter keeps UTF-8", false, true, true, {}},
-              {"agreed", true, true, true, {Answer::cancel}},
-              {"dropped", false, true, false, {}, adoptDetected}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    SessionOptions options;
-    options.encodingChoice = row.choice;
-    TestRun run(
-        row.looksLikeUtf8 ? "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9" : "caf\xC3\xA9 caf\xC3\xA9",
-        "a.txt", options);
-    run.settings.inputIsUtf8 = row.setting;
-    run.settings.contextSize = 0;
-    run.ui.answers = row.answers;
-    EXPECT_EQ(run.Go(), RunOutcome::done);
-    EXPECT_EQ(run.settings.inputIsUtf8, row.result);
-    EXPECT_EQ(run.Entries(), row.result ? "caf\xE9 2\r\n\r\n" : "caf\xC3 2\r\n\r\n");
-    EXPECT_EQ(std::ranges::count(run.ui.appends, "Converting UTF-8 ...\r\n"), row.result ? 1 : 0);
   }
 }
 
@@ -221,8 +193,6 @@ TEST(Session, ListsAgainFromTheValuesOfTheListing) {
          EXPECT_EQ(run.Go(), RunOutcome::refused);
          run.settings.outputFile = output;
        }},
-      {"other keywords", [](TestRun& run) { run.settings.extraKeywords = "zzz"; }, RunOutcome::done,
-       true},
       {"other keywords taken",
        [](TestRun& run) {
          run.settings.extraKeywords = "zzz";
@@ -230,16 +200,6 @@ TEST(Session, ListsAgainFromTheValuesOfTheListing) {
        },
        RunOutcome::done, true},
       {"the other mode", [](TestRun& run) { run.settings.mode = Mode::search; },
-       RunOutcome::nothingToList},
-      {"a search between",
-       [](TestRun& run) {
-         run.settings.mode = Mode::search;
-         run.settings.extraKeywords = "harbour";
-         EXPECT_EQ(run.Go(), RunOutcome::done);
-         run.settings.mode = Mode::create;
-         run.settings.extraStopWords = "a%";
-         EXPECT_EQ(run.Go(), RunOutcome::refused);
-       },
        RunOutcome::nothingToList},
       {"encoding question cancelled",
        [](TestRun& run) {
