@@ -81,7 +81,8 @@ Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const Tempor
   return UnpackedBody{entry->length, entry->isDamaged};
 }
 
-// Half of a body is text at most, the rest mark-up: so the text need not be moved as it grows.
+// Hardly more than half of a body is text, the rest mark-up: with this room the text of a long one
+// is seldom moved as it grows.
 DocumentRuns::DocumentRuns(std::string_view xml)
     : xml_(xml), start_(xml.find(RUN_START)), end_(xml.find(RUN_END)) {
   ReserveLarge(text_, xml.size() / 2);
