@@ -32,6 +32,7 @@ bool WriteFloor(const std::string& input, const std::string& output) {
   constexpr std::size_t MOST_PER_BYTE = 12;  // in words of five letters and a blank, ten
   constexpr std::size_t COUNTERS = 65536;
   SilentProgress nobody;
+  const HashSeed seed = RandomHashSeed();
   const Result<InputBytes> file = ReadInput(input, nobody);
   if (!file) return false;
   const std::string_view text = file->View();
@@ -42,7 +43,7 @@ bool WriteFloor(const std::string& input, const std::string& output) {
   for (std::size_t begin = 0; begin < text.size(); begin = end + 1) {
     for (end = begin; end < text.size() && IsLetter(text[end]);) ++end;
     if (end - begin < SHORTEST_WORD) continue;
-    ++counts[HashOf(text.substr(begin, end - begin)) % COUNTERS];
+    ++counts[HashOf(text.substr(begin, end - begin), seed) % COUNTERS];
     slices += text.substr(begin, SLICE);
   }
   benchmark::DoNotOptimize(counts.data());

@@ -2,6 +2,7 @@
 //
 //   quorvel_bench [OPTION...]                   as Google Benchmark has it
 //   quorvel_bench text LENGTH VOCABULARY SEED   writes a text to standard output
+//   quorvel_bench hostile NAME                  writes one of hostile_texts.h
 //   quorvel_bench floor INPUT OUTPUT            see floor.h
 
 #include <benchmark/benchmark.h>
@@ -12,14 +13,17 @@
 
 #include "floor.h"
 #include "generated_text.h"
+#include "hostile_texts.h"
 
 namespace {
 
-int WriteText(char** arguments) {
-  const std::string text =
-      quorvel::GeneratedText({std::stoul(arguments[0]), std::stoul(arguments[1]),
-                              static_cast<std::uint32_t>(std::stoul(arguments[2]))});
-  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : 1;
+int WriteText(const std::string& text) {
+  return !text.empty() && std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : 1;
+}
+
+int WriteGeneratedText(char** arguments) {
+  return WriteText(quorvel::GeneratedText({std::stoul(arguments[0]), std::stoul(arguments[1]),
+                                           static_cast<std::uint32_t>(std::stoul(arguments[2]))}));
 }
 
 }  // namespace
@@ -27,7 +31,11 @@ int WriteText(char** arguments) {
 int main(int argumentCount, char** arguments) try {
   constexpr int TEXT_ARGUMENTS = 5;
   if (argumentCount == TEXT_ARGUMENTS && std::string(arguments[1]) == "text") {
-    return WriteText(arguments + 2);
+    return WriteGeneratedText(arguments + 2);
+  }
+  constexpr int HOSTILE_ARGUMENTS = 3;
+  if (argumentCount == HOSTILE_ARGUMENTS && std::string(arguments[1]) == "hostile") {
+    return WriteText(quorvel::HostileText(arguments[2]));
   }
   constexpr int FLOOR_ARGUMENTS = 4;
   if (argumentCount == FLOOR_ARGUMENTS && std::string(arguments[1]) == "floor") {

@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // Small limits: what a body of some megabytes does is no different, only slower.
   const BodyLimits limits = {.hard = 65536, .warning = 4096};
   const InputBytes bytes("a.docx", input.Rest());
-  TemporaryFolder temporary("QVL", BODY_ENTRY);
+  TemporaryFile temporary("QVL", BODY_ENTRY);
   const Result<UnpackedBody> body = UnpackDocumentBody(bytes, temporary, limits);
   Require(!temporary.Remove() && folder.Count() == 0, "the temporary folder is gone");
   Require(body || body.Why().kind == FaultKind::bodyTooLarge,

@@ -1,4 +1,4 @@
-// The walk over the XML of a document's body.
+// The walk over the XML of a document's body, by whatever prefix the document declares.
 
 #include "fuzz_input.h"
 #include "input/docx_text.h"
@@ -9,8 +9,9 @@ namespace quorvel::fuzz {
 namespace {
 
 // The 0-based place of the first start of a run, which a blank or ">" follows; npos for none.
-std::size_t RunStart(const std::string& xml) {
-  return std::min(xml.find("<w:t "), xml.find("<w:t>"));
+std::size_t RunStart(const std::string& xml, const std::string& prefix) {
+  const std::string start = "<" + prefix + "t";
+  return std::min(xml.find(start + " "), xml.find(start + ">"));
 }
 
 // The text of one run as it is shown.
@@ -23,18 +24,19 @@ std::string RunText(std::string run) {
 }
 
 // The body cut at its run ends; each piece gives the run that ends it.
-std::string ReadNaively(const std::string& xml) {
+std::string ReadNaively(const std::string& xml, const std::string& prefix) {
+  const std::string runEnd = "</" + prefix + "t>";
   std::string text;
-  for (std::size_t begin = 0, end = 0; (end = xml.find("</w:t>", begin)) != std::string::npos;) {
+  for (std::size_t begin = 0, end = 0; (end = xml.find(runEnd, begin)) != std::string::npos;) {
     const std::string piece = xml.substr(begin, end - begin);
-    const std::size_t start = RunStart(piece);
+    const std::size_t start = RunStart(piece, prefix);
     if (start == std::string::npos) break;
     const std::string between = piece.substr(0, start);
-    const bool broken = begin > 0 && (between.find("<w:br/>") != std::string::npos ||
-                                      between.find("</w:p>") != std::string::npos);
+    const bool broken = begin > 0 && (between.find("<" + prefix + "br/>") != std::string::npos ||
+                                      between.find("</" + prefix + "p>") != std::string::npos);
     const std::size_t mark = std::min(piece.find('>', start), piece.size() - 1);
     text += RunText(std::string(broken ? 1 : 0, ' ').append(piece, mark + 1));
-    begin = end + 6;
+    begin = end + runEnd.size();
   }
   return text;
 }
@@ -46,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   SilentProgress nobody;
   DocumentRuns runs(xml);
   Require(runs.Read(nobody), "nobody stops it");
-  RequireSame(runs.Text(), ReadNaively(xml), "DocumentRuns is its naive form");
+  RequireSame(runs.Text(), ReadNaively(xml, WordPrefixOf(xml)), "DocumentRuns is its naive form");
   return 0;
 }
 

@@ -1,5 +1,6 @@
 // quorvel-cli: the concordance of one document, for scripts and batches.
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -10,13 +11,10 @@
 #include "cli/word_lists.h"
 #include "files/output_file.h"
 #include "run/session.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
-
-bool WriteToStandardOutput(std::string_view bytes) {
-  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
-}
 
 int ExitStatusOf(RunOutcome outcome) {
   switch (outcome) {
@@ -32,14 +30,14 @@ int ExitStatusOf(RunOutcome outcome) {
 }
 
 void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& ui) {
-  ui.Say("The language of " + settings.inputFile +
+  ui.Say("The language of " + VisibleName(settings.inputFile) +
          " could not be recognized; the stop words are the English ones.");
 }
 
 int SaveSettings(Session& session, const std::string& path, TerminalInterface& ui) {
   const std::optional<std::string> errorText = session.SaveSettings(path);
   if (errorText && errorText->empty()) return 0;
-  if (errorText) ui.Say(path + ": " + *errorText);
+  if (errorText) ui.Say(VisibleName(path) + ": " + *errorText);
   return 1;
 }
 
@@ -59,19 +57,23 @@ bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool
   const bool isSilent = settings.mode == Mode::search && format == OutputFormat::text;
   const bool listingFailed = outcome == RunOutcome::failed && report.fileFault;
   if (listingFailed && isSilent) ui.Say(WritingFailed(settings.mode));
-  if (report.fileFault) ui.Say(report.fileFault->file + ": " + report.fileFault->reason);
+  if (report.fileFault)
+    ui.Say(VisibleName(report.fileFault->file) + ": " + report.fileFault->reason);
   if (!languageKnown && report.written) SayLanguageUnknown(settings, ui);
   return !report.fileFault;
 }
 
-SessionOptions OptionsOf(const CommandLine& commandLine) {
+SessionOptions OptionsOf(const CommandLine& commandLine, TerminalInterface& ui) {
   SessionOptions options;
   options.outputFormat = commandLine.format;
   options.encodingChoice = commandLine.encodingChoice;
   options.listsOnce = true;
+  // Whoever starts it from a shell can end it where nobody reads what it writes.
+  options.targets = Targets::all;
   if (commandLine.toStandardOutput) {
     LetStandardOutputBeBytes();
-    options.outputSink = WriteToStandardOutput;
+    options.outputSink = [&ui](std::string_view bytes) { return ui.WriteResult(bytes); };
+    options.sinkPath = StandardOutputPath();
   }
   return options;
 }
@@ -84,6 +86,8 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
     if (!languageKnown) SayLanguageUnknown(session.Settings(), ui);
     return SaveSettings(session, commandLine.settingsFileToSave, ui);
   }
+  // Before a list is read, which may be what standard output has just emptied.
+  if (!session.CheckOutputs()) return ExitStatusOf(RunOutcome::refused);
   // The list of the input's own language is no news.
   if (!LoadWordLists(session, commandLine.language != "auto", ui)) {
     return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
@@ -95,37 +99,59 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
   return status == 0 && !filesWritten ? 1 : status;
 }
 
-int Run(const CommandLine& commandLine) {
+// The file that a lack of memory is told of.
+const std::string& FileOf(const CommandLine& commandLine) {
+  const bool saves = !commandLine.settingsFileToSave.empty();
+  return saves ? commandLine.settingsFileToSave : commandLine.settings.inputFile;
+}
+
+// False, with the user told, where what was printed has not all arrived.
+bool FlushStandardOutput() {
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return true;
+  std::fputs("quorvel-cli: An error occurred when writing to standard output.\n", stderr);
+  return false;
+}
+
+int Run(const CommandLine& commandLine) try {
   TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet, commandLine.settings.inputFile);
-  Session session(ui, OptionsOf(commandLine));
+  Session session(ui, OptionsOf(commandLine, ui));
   session.Settings() = commandLine.settings;
   if (!commandLine.settingsFile.empty()) session.KeepSettingsFile(commandLine.settingsFile);
   StopOnSignals();
   int status = 1;
-  session.Enter([&] { status = RunOnce(commandLine, session, ui); });
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+  session.Enter(FileOf(commandLine), [&] { status = RunOnce(commandLine, session, ui); });
+  if (ui.ResultFailed()) {
     ui.Say("An error occurred when writing to standard output.");
     return 1;
   }
   return status;
+} catch (const std::bad_alloc&) {
+  // There was none for the session's own message either.
+  const char* const file = FileOf(commandLine).c_str();
+  SayNoMemory(&file, *file == '\0' ? 0 : 1);
+  return 1;
 }
 
 }  // namespace
 }  // namespace quorvel
 
 int main(int argumentCount, char** arguments) try {
+  quorvel::HoldStandardStreams();
   quorvel::LetOversizedWritesFail();
   quorvel::PrepareTerminal();
   quorvel::TakeMemoryInLargeSteps();
   const quorvel::CommandLine commandLine =
       quorvel::ReadCommandLine(quorvel::ProgramArguments(argumentCount, arguments));
-  return commandLine.exitStatus ? *commandLine.exitStatus : quorvel::Run(commandLine);
+  if (!commandLine.exitStatus) return quorvel::Run(commandLine);
+  return quorvel::FlushStandardOutput() ? *commandLine.exitStatus : 1;
 } catch (const quorvel::EndRequested& request) {
   quorvel::EndBySignal(request.signal);
 } catch (const std::bad_alloc&) {
-  std::fputs("quorvel-cli: There is not enough memory.\n", stderr);
+  // Which of the arguments is the file is not known yet.
+  quorvel::SayNoMemory(arguments + 1, static_cast<std::size_t>(std::max(argumentCount, 1) - 1));
   return 1;
 } catch (const std::exception& error) {
-  std::fprintf(stderr, "quorvel-cli: %s\n", error.what());  // NOLINT(*-vararg)
+  std::fprintf(stderr, "quorvel-cli: %s\n",  // NOLINT(*-vararg)
+               quorvel::VisibleName(error.what()).c_str());
   return 1;
 }

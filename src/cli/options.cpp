@@ -1,6 +1,7 @@
 #include "cli/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <map>
 #include <string_view>
@@ -10,6 +11,8 @@
 #include "lists/languages.h"
 #include "output/concordance_file.h"
 #include "settings/settings_file.h"
+#include "util/ansi.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -62,19 +65,23 @@ struct RawOptions {
   AnswerPolicy answer = AnswerPolicy::preset;
 };
 
+// A name of blanks alone is none where blanks around names are dropped.
+CLI::Option& AddFile(CLI::App& app, const std::string& name, std::string& path,
+                     const std::string& description) {
+  const auto fault = [](const std::string& given) {
+    return std::string(TrimBlanks(given).empty() ? "a file name is needed" : "");
+  };
+  return *app.add_option(name, path, description)->option_text("FILE")->check(fault);
+}
+
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  app.add_option("INPUT", commandLine.settings.inputFile,
-                 "the document: a text file, a web page or a DOCX document")
-      ->option_text(" ");
-  app.add_option(
-         "-o,--output", raw.outputFile,
-         "the concordance or search-results file; \"-\" for standard output. Default: for a "
-         "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
-         ".json: see --format); for a search standard output")
-      ->option_text("FILE")
-      ->check([](const std::string& name) {
-        return name.empty() ? std::string("a file name is needed") : std::string();
-      });
+  AddFile(app, "INPUT", commandLine.settings.inputFile,
+          "the document: a text file, a web page or a DOCX document")
+      .option_text(" ");
+  AddFile(app, "-o,--output", raw.outputFile,
+          "the concordance or search-results file; \"-\" for standard output. Default: for a "
+          "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
+          ".json: see --format); for a search standard output");
   AddChoice<OutputFormat>(
       app, "--format",
       {{"text", OutputFormat::text}, {"tsv", OutputFormat::tsv}, {"json", OutputFormat::json}},
@@ -82,13 +89,11 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       "text: the concordance; tsv or json: its occurrences for other programs, one row each with "
       "word, folded key, count, left context, match, right context and position, in UTF-8. "
       "Default: text");
-  app.add_option("-s,--settings", raw.settingsFile,
-                 "start from a settings file, such as the window saves; every other option "
-                 "overrides what it says")
-      ->option_text("FILE");
-  app.add_option("--save-settings", commandLine.settingsFileToSave,
-                 "save the settings, options included, as a settings file, and run nothing")
-      ->option_text("FILE");
+  AddFile(app, "-s,--settings", raw.settingsFile,
+          "start from a settings file, such as the window saves; every other option "
+          "overrides what it says");
+  AddFile(app, "--save-settings", commandLine.settingsFileToSave,
+          "save the settings, options included, as a settings file, and run nothing");
   app.add_flag("--index", commandLine.settings.createIndexFile,
                "write the words of the input beside it, as an index file. Default: no")
       ->option_text(" ");
@@ -107,8 +112,7 @@ void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& 
   app.add_flag("--search", raw.search, "list keywords only. Default with -k or -e")
       ->option_text(" ")
       ->excludes(create);
-  app.add_option("-k,--keywords-file", settings.keywordsFile, "a file of words to search for")
-      ->option_text("FILE");
+  AddFile(app, "-k,--keywords-file", settings.keywordsFile, "a file of words to search for");
   app.add_option(
          "-e,--keywords", settings.extraKeywords,
          "words to search for, separated by blanks: * stands for any characters, ? for one, "
@@ -150,8 +154,7 @@ void AddWordOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
                  "list only words that occur at least N times, 2 to 20")
       ->option_text("N")
       ->check(CLI::Range(SMALLEST_THRESHOLD, LARGEST_THRESHOLD));
-  app.add_option("--stop-words", settings.stopWordsFile, "a file of words not to list")
-      ->option_text("FILE");
+  AddFile(app, "--stop-words", settings.stopWordsFile, "a file of words not to list");
   app.add_option(
          "--language", commandLine.language,
          "whose stop words not to list, where --stop-words names no file: en, de, es, pt, it, "
@@ -188,6 +191,14 @@ void ApplyRowsOutput(const std::string& outputFile, CommandLine& commandLine) {
   (search ? settings.searchResultsFile : settings.outputFile) = target;
 }
 
+// How often an option was given. The library's own look-up ends the program for want of memory.
+std::size_t CountOf(const CLI::App& app, const std::string& name) {
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->check_name(name)) return option->count();
+  }
+  return 0;
+}
+
 // Puts the output where the mode has it.
 void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
                        CommandLine& commandLine) {
@@ -198,7 +209,8 @@ void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
   if (!outputFile.empty()) {
     settings.outputToFileDisabled = false;
     target = outputFile == "-" ? "" : outputFile;
-  } else if (!search && !settings.inputFile.empty() && (target.empty() || app.count("INPUT") > 0)) {
+  } else if (!search && !settings.inputFile.empty() &&
+             (target.empty() || CountOf(app, "INPUT") > 0)) {
     // A concordance named in a settings file is that of the input named there.
     target = DefaultConcordanceFileName(settings.inputFile);
   }
@@ -208,9 +220,9 @@ void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
 // Without a word about stop words those of the input's language count, unless a settings
 // file has had its say.
 void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
-  if (app.count("--stop-words") > 0) {
+  if (CountOf(app, "--stop-words") > 0) {
     commandLine.language.clear();
-  } else if (app.count("--language") > 0) {
+  } else if (CountOf(app, "--language") > 0) {
     commandLine.settings.stopWordsFile.clear();
   } else if (raw.settingsFile.empty()) {
     commandLine.language = "auto";
@@ -223,28 +235,43 @@ void CheckOptions(const CLI::App& app, const CommandLine& commandLine) {
     throw CLI::ValidationError("INPUT", "a document is read from a file, not from standard input");
   }
   if (commandLine.format == OutputFormat::text) return;
-  if (app.count("--frequencies") > 0 && !commandLine.settings.showFrequencies) {
+  if (CountOf(app, "--frequencies") > 0 && !commandLine.settings.showFrequencies) {
     throw CLI::ValidationError("--no-frequencies", "only with --format text");
   }
-  if (app.count("--save-settings") > 0) {
+  if (CountOf(app, "--save-settings") > 0) {
     throw CLI::ValidationError("--save-settings", "no settings file keeps a --format");
   }
 }
 
 void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
-  const bool keywordsGiven = app.count("-k") + app.count("-e") > 0;
+  const bool keywordsGiven = CountOf(app, "-k") + CountOf(app, "-e") > 0;
   if (raw.search || (keywordsGiven && !raw.create)) settings.mode = Mode::search;
   if (raw.create) settings.mode = Mode::create;
   ApplyStopWordOptions(app, raw, commandLine);
   ApplyOutputOption(app, raw.outputFile, commandLine);
   if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
   settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
-  if (app.count("--min-count") > 0) {
+  if (CountOf(app, "--min-count") > 0) {
     settings.ignoreInfrequentWords = true;
     settings.thresholdFrequency = raw.minCount;
   }
-  if (app.count("--answer") > 0) commandLine.answerPolicy = raw.answer;
+  if (CountOf(app, "--answer") > 0) commandLine.answerPolicy = raw.answer;
+}
+
+// The arguments as the library takes them, the last one first. It takes what stands behind
+// "--name=" for the value, but where nothing stands there the next argument.
+std::vector<std::string> ForLibrary(const std::vector<std::string>& arguments) {
+  std::vector<std::string> result;
+  bool areOptions = true;
+  for (const std::string& argument : arguments) {
+    areOptions = areOptions && argument != "--";
+    const bool lacksValue = areOptions && argument.starts_with("--") && argument.ends_with('=');
+    result.push_back(lacksValue ? argument.substr(0, argument.size() - 1) : argument);
+    if (lacksValue) result.emplace_back();
+  }
+  std::reverse(result.begin(), result.end());
+  return result;
 }
 
 // Parses the arguments into `commandLine`, over what it holds already.
@@ -259,8 +286,7 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
   AddWordOptions(app, commandLine, raw);
   AddDialogOptions(app, commandLine, raw);
   try {
-    // The last one first: so the library wants them.
-    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    app.parse(ForLibrary(arguments));
     CheckOptions(app, commandLine);
     ApplyRawOptions(app, raw, commandLine);
   } catch (const CLI::CallForHelp&) {
@@ -271,7 +297,8 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
     commandLine.exitStatus = 0;
   } catch (const CLI::ParseError& error) {
     constexpr int WRONG_USAGE = 2;
-    std::cerr << "quorvel-cli: " << error.what() << "\nquorvel-cli --help tells the options.\n";
+    std::cerr << "quorvel-cli: " << VisibleName(error.what())
+              << "\nquorvel-cli --help tells the options.\n";
     commandLine.exitStatus = WRONG_USAGE;
   }
 }
@@ -287,7 +314,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   withSettings.settingsFile = raw.settingsFile;
   const RestoredState restored = RestoreSavedState(withSettings.settings, raw.settingsFile, false);
   if (!restored.errorText.empty()) {
-    std::cerr << "quorvel-cli: " << raw.settingsFile << ": " << restored.errorText << '\n';
+    std::cerr << "quorvel-cli: " << VisibleName(raw.settingsFile) << ": " << restored.errorText
+              << '\n';
     withSettings.exitStatus = 1;
     return withSettings;
   }

@@ -23,7 +23,12 @@
 
 #include <filesystem>
 #else
+#include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <climits>
 #endif
 
 #include "util/large_pages.h"
@@ -35,15 +40,19 @@ namespace {
 
 constexpr int STEP = 16 << 20;
 
-// All that most runs need, in large pages from end to end: texts that lie there side by side have
-// no seams of small ones. It takes no memory until that is written to, but addresses: where the
-// user has limited these, they are left to what will need them.
-void TakeFirstStep() {
-  constexpr int FIRST_STEP = 256 << 20;
+// Whether the user has set a limit to the addresses.
+bool AreLimited() {
   for (const auto resource : {RLIMIT_AS, RLIMIT_DATA}) {
     rlimit limit = {};
-    if (::getrlimit(resource, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY) return;
+    if (::getrlimit(resource, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY) return true;
   }
+  return false;
+}
+
+// All that most runs need, in large pages from end to end: texts that lie there side by side have
+// no seams of small ones. It takes no memory until that is written to.
+void TakeFirstStep() {
+  constexpr int FIRST_STEP = 256 << 20;
   // A piece that is larger than what is there takes the first step behind itself.
   ::mallopt(M_TOP_PAD, FIRST_STEP);
   const std::unique_ptr<char[]> piece(new (std::nothrow) char[STEP]);
@@ -57,7 +66,10 @@ void TakeFirstStep() {
 
 // What the words of a text need comes in small pieces, for which the library by itself asks for
 // 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
+// A large step takes addresses that nothing may need yet: where these are limited, a run that could
+// do with them would fail.
 void TakeMemoryInLargeSteps() {
+  if (AreLimited()) return;
   constexpr int LARGEST_KEPT = 32 << 20;
   constexpr int GIVEN_BACK_ABOVE = 1 << 30;
   ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
@@ -70,6 +82,9 @@ void TakeMemoryInLargeSteps() {}
 #endif
 
 #ifdef _WIN32
+// Larger ones the system may refuse.
+constexpr std::size_t LARGEST_PIECE = std::size_t{1} << 15U;
+
 // What main() is given has lost all characters beyond the code page of the system.
 std::vector<std::string> ProgramArguments(int /*argumentCount*/, char** /*arguments*/) {
   int count = 0;
@@ -92,11 +107,27 @@ void PrepareTerminal() {
 
 void LetStandardOutputBeBytes() { ::_setmode(_fileno(stdout), _O_BINARY); }
 
+std::string StandardOutputPath() {
+  constexpr std::size_t LONGEST_PATH = 32768;
+  const HANDLE file = ::GetStdHandle(STD_OUTPUT_HANDLE);
+  if (::GetFileType(file) != FILE_TYPE_DISK) return {};
+  std::wstring path(LONGEST_PATH, L'\0');
+  path.resize(::GetFinalPathNameByHandleW(file, path.data(), LONGEST_PATH, FILE_NAME_NORMALIZED));
+  const std::u8string text = std::filesystem::path(path).u8string();
+  return {text.begin(), text.end()};
+}
+
 // Other devices, such as NUL, have no console mode.
 bool IsTerminal(Stream stream) {
   unsigned long mode = 0;
   const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(static_cast<int>(stream)));
   return ::GetConsoleMode(handle, &mode) != 0;
+}
+
+// There is no asking whether a stream takes bytes.
+std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
+  const auto part = static_cast<unsigned>(std::min(bytes.size(), LARGEST_PIECE));
+  return ::_write(static_cast<int>(stream), bytes.data(), part);
 }
 
 void CatchSignals(void (*handle)(int)) {
@@ -111,7 +142,29 @@ void PrepareTerminal() {}
 
 void LetStandardOutputBeBytes() {}
 
+std::string StandardOutputPath() {
+  struct stat status = {};
+  const bool isFile = ::fstat(STDOUT_FILENO, &status) == 0 && S_ISREG(status.st_mode);
+  return isFile ? "/dev/stdout" : "";
+}
+
 bool IsTerminal(Stream stream) { return ::isatty(static_cast<int>(stream)) != 0; }
+
+// A pipe that is ready takes PIPE_BUF bytes and does not wait; of more it may wait for the rest,
+// and a signal that came just before that would be heard when the reader has gone on.
+std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
+  constexpr int PATIENCE = 100;  // milliseconds
+  const int handle = static_cast<int>(stream);
+  struct stat status = {};
+  if (::fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) {
+    bytes = bytes.substr(0, PIPE_BUF);
+    pollfd ready = {handle, POLLOUT, 0};
+    const int count = ::poll(&ready, 1, PATIENCE);
+    if (count == 0 || (count < 0 && errno == EINTR)) return 0;
+  }
+  const ssize_t taken = ::write(handle, bytes.data(), bytes.size());
+  return taken < 0 && (errno == EINTR || errno == EAGAIN) ? 0 : taken;
+}
 
 void CatchSignals(void (*handle)(int)) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {

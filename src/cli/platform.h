@@ -4,7 +4,9 @@
 // Every platform call of the command line stands behind this header.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quorvel {
@@ -18,13 +20,21 @@ void PrepareTerminal();
 // From now on bytes go to standard output as they are, line ends too.
 void LetStandardOutputBeBytes();
 
+// A path of the ordinary file that standard output goes to; empty where it goes elsewhere.
+[[nodiscard]] std::string StandardOutputPath();
+
 // Takes memory from the system in large steps and keeps it, for a program that soon ends.
 void TakeMemoryInLargeSteps();
 
-enum class Stream { input = 0, error = 2 };
+enum class Stream { input = 0, output = 1, error = 2 };
 
 // Whether somebody sits at the other end of the stream.
 [[nodiscard]] bool IsTerminal(Stream stream);
+
+// Writes as many of the bytes as the stream takes at once; where it takes none yet, waits for it a
+// moment. Gives how many it took, 0 when that was none, and -1 on failure. Never waits for longer
+// than a tenth of a second, so that its caller hears a signal.
+[[nodiscard]] std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes);
 
 // Calls `handle` for each signal that asks the program to stop or to end. A question that
 // waits for an answer is broken off, and what the caller has set to be ignored (nohup) stays so.

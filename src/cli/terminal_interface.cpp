@@ -1,12 +1,17 @@
 #include "cli/terminal_interface.h"
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <utility>
 
 #include "cli/platform.h"
+#include "run/fault_texts.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -23,10 +28,8 @@ void NoteSignal(int signal) {
 
 // The text with the line ends that a terminal wants.
 std::string TerminalText(std::string_view text) {
-  std::string result;
-  for (const char ch : text) {
-    if (ch != '\r') result += ch;
-  }
+  std::string result = VisibleLines(text);
+  std::erase(result, '\r');
   return result;
 }
 
@@ -34,7 +37,7 @@ std::string TerminalText(std::string_view text) {
 std::string OneLine(std::string_view text) {
   std::string line;
   bool atLineStart = false;
-  for (const char ch : text) {
+  for (const char ch : VisibleLines(text)) {
     if (ch == '\r' || (atLineStart && ch == ' ')) continue;
     atLineStart = ch == '\n';
     if (atLineStart) line.erase(line.find_last_not_of(' ') + 1);
@@ -66,10 +69,10 @@ Answer AskAtTerminal(const Message& message) {
 }  // namespace
 
 TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet,
-                                     std::string inputFile)
+                                     std::string_view inputFile)
     : policy_(policy),
       quiet_(quiet),
-      inputFile_(std::move(inputFile)),
+      inputFile_(VisibleName(inputFile)),
       showsProgress_(!quiet && IsTerminal(Stream::error)) {}
 
 void TerminalInterface::AppendOutput(std::string_view text) {
@@ -117,7 +120,28 @@ void TerminalInterface::Say(std::string_view text) {
 // In one go, so that the lines of several runs do not mix.
 void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();
-  std::cerr << "quorvel-cli: " + OneLine(text) + '\n' << std::flush;
+  (void)Write(Stream::error, "quorvel-cli: " + OneLine(text) + '\n');
+}
+
+bool TerminalInterface::WriteResult(std::string_view bytes) {
+  if (resultFailed_) return false;
+  const bool written = Write(Stream::output, bytes);
+  resultFailed_ = !written && !StopRequested();
+  return written;
+}
+
+// A reader may wait for as long as it likes, and the user must be heard meanwhile.
+bool TerminalInterface::Write(Stream stream, std::string_view bytes) {
+  constexpr int MOST_REFUSALS = 5;  // in a row, once a stop is wanted
+  int refusals = 0;
+  while (!bytes.empty() && refusals < MOST_REFUSALS) {
+    const std::ptrdiff_t taken = WriteSome(stream, bytes);
+    if (taken < 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(taken));
+    YieldNow();
+    refusals = taken == 0 && StopRequested() ? refusals + 1 : 0;
+  }
+  return bytes.empty();
 }
 
 void TerminalInterface::ClearBar() {
@@ -125,6 +149,28 @@ void TerminalInterface::ClearBar() {
   constexpr int WIDEST_BAR = 60;
   std::cerr << '\r' << std::string(WIDEST_BAR, ' ') << '\r' << std::flush;
   barShown_ = false;
+}
+
+// What no line can hold is cut off. A character that a terminal would act on shows as "?".
+void SayNoMemory(const char* const* words, std::size_t count) {
+  constexpr std::size_t ROOM = 4096;
+  std::array<char, ROOM> line;
+  std::size_t length = 0;
+  const auto append = [&line, &length](std::string_view text) {
+    for (const char ch : text.substr(0, line.size() - length)) {
+      line.at(length++) = static_cast<unsigned char>(ch) < ' ' || ch == '\x7F' ? '?' : ch;
+    }
+  };
+  append("quorvel-cli: ");
+  append(NOT_ENOUGH_MEMORY);
+  if (count > 0) append(" for");
+  for (std::size_t i = 0; i < count; ++i) {
+    append(" ");
+    append(words[i]);
+  }
+  append(".");
+  line.at(std::min(length, line.size() - 1)) = '\n';
+  std::fwrite(line.data(), 1, std::min(length + 1, line.size()), stderr);
 }
 
 void StopOnSignals() { CatchSignals(NoteSignal); }

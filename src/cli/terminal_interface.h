@@ -2,10 +2,12 @@
 // questions are answered by option, at the terminal, or with their default button.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "cli/platform.h"
 #include "run/conversation.h"
 
 namespace quorvel {
@@ -17,7 +19,7 @@ class TerminalInterface : public Conversation {
   // Without a policy, questions are asked where a terminal shows and answers them, and
   // take their default button elsewhere. Progress is shown only on a terminal; with
   // `quiet` neither progress nor a message that all went well. `inputFile` may be empty.
-  TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet, std::string inputFile);
+  TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet, std::string_view inputFile);
 
   void AppendOutput(std::string_view text) override;
   void SetOutput(std::string_view text) override;
@@ -35,16 +37,29 @@ class TerminalInterface : public Conversation {
   // file: several runs may share one log.
   void Say(std::string_view text);
 
+  // Writes bytes of a result to standard output. False when that fails, now or before; also when a
+  // stop is wanted and the reader at the other end takes nothing.
+  bool WriteResult(std::string_view bytes);
+
+  // Whether a result could not be written, but for a stop.
+  [[nodiscard]] bool ResultFailed() const { return resultFailed_; }
+
  private:
+  bool Write(Stream stream, std::string_view bytes);
   void WriteLine(std::string_view text);
   void ClearBar();
 
   std::optional<AnswerPolicy> policy_;
   bool quiet_;
-  std::string inputFile_;
+  std::string inputFile_;  // as messages show it
   bool showsProgress_;
   bool barShown_ = false;
+  bool resultFailed_ = false;
 };
+
+// Says on standard error that there is not enough memory for what these words name, a file or the
+// arguments of a program. Asks for no memory.
+void SayNoMemory(const char* const* words, std::size_t count);
 
 // Leaves YieldNow when the system wants the program to end: on the way out all that is
 // temporary is removed.

@@ -13,7 +13,9 @@ bool LoadKeywords(Session& session, Conversation& ui) {
   const std::string& path = session.Settings().keywordsFile;
   KeywordLists& keywords = session.Lists().keywords;
   if (path.empty()) return true;
-  if (!ReadKeywordsFile(path, keywords, ui)) return false;
+  bool read = false;
+  session.Enter(path, [&] { read = ReadKeywordsFile(path, keywords, ui); });
+  if (!read) return false;
   ui.Tell(KeywordsLoadedText(keywords, path), "Keywords to search for", Icon::none);
   return true;
 }
@@ -28,10 +30,16 @@ bool LoadStopWords(Session& session, bool tell, Conversation& ui) {
   const std::string path = session.Settings().stopWordsFile;
   StopWordList& list = session.Lists().stopWords;
   if (path.empty()) return true;
-  if (tell) return AttemptToReadStopWords(path, session.Settings(), list, ui);
-  if (!ReadStopWordsFile(path, list, ui)) return false;
-  ui.AppendOutput(StopWordsLoadedText(list, path) + "\r\n");
-  return true;
+  bool read = false;
+  session.Enter(path, [&] {
+    if (tell) {
+      read = AttemptToReadStopWords(path, session.Settings(), list, ui);
+    } else if (ReadStopWordsFile(path, list, ui)) {
+      ui.AppendOutput(StopWordsLoadedText(list, path) + "\r\n");
+      read = true;
+    }
+  });
+  return read;
 }
 
 }  // namespace

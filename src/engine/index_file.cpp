@@ -9,6 +9,7 @@
 #include <limits>
 #include <utility>
 
+#include "engine/tokenizer.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
 
@@ -189,14 +190,27 @@ std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, s
   return bytes;
 }
 
+// Words take most room in an index where they are short and each stands there once: one of three
+// letters has four separators, three numbers, a place and a line end, and in the text a character
+// behind it.
+std::uint64_t LongestIndexFile(std::uint64_t textLength) {
+  constexpr std::uint64_t LONGEST_HEAD = 128;
+  constexpr std::uint64_t LONGEST_LINE =
+      MIN_WORD_LENGTH + 4 + std::uint64_t{4} * WIDEST_POSITION + 2;
+  constexpr std::uint64_t SHORTEST_WORD = MIN_WORD_LENGTH + 1;
+  return LONGEST_HEAD + (textLength / SHORTEST_WORD + 1) * LONGEST_LINE;
+}
+
 IndexHead HeadOfIndexFile(std::string_view bytes) {
   LineReader lines(bytes);
   const std::string_view digest = lines.Next().value_or("");
   return {digest, lines.Next().value_or("")};
 }
 
-std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
+std::optional<WordTable> TableOfIndexFile(std::string_view bytes,
+                                          const std::function<bool()>& goesOn) {
   constexpr std::size_t SHORTEST_ENTRY = sizeof("w*0*1*0*1") - 1;
+  constexpr std::int32_t LINES_BETWEEN_QUESTIONS = 1024;
   LineReader lines(bytes);
   lines.Next();
   lines.Next();
@@ -217,7 +231,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes) {
     if (line) entry = EntryOnLine(*line, *wordCount, *width);
     const bool inOrder =
         entry && (table.entries.empty() || PrecedesAlphabetically(table.entries.back(), *entry));
-    if (!inOrder) return std::nullopt;
+    if (!inOrder || (i % LINES_BETWEEN_QUESTIONS == 0 && !goesOn())) return std::nullopt;
     table.entries.push_back(std::move(*entry));
   }
   return table;  // what stands behind the last entry that was announced is left alone

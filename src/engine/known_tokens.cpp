@@ -27,8 +27,9 @@ std::uint64_t ThreeAt(const char16_t* place) {
 
 }  // namespace
 
-KnownTokens::KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought)
-    : text_(text), table_(table), sought_(sought), slots_(FIRST_SLOTS) {}
+KnownTokens::KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought,
+                         const HashSeed& seed)
+    : text_(text), table_(table), sought_(sought), seed_(seed), slots_(FIRST_SLOTS) {}
 
 TokenKey KnownTokens::KeyOf(std::size_t begin, std::size_t length) const {
   static_assert(MIN_WORD_LENGTH == END - 1);
@@ -39,9 +40,9 @@ TokenKey KnownTokens::KeyOf(std::size_t begin, std::size_t length) const {
   key.begin = static_cast<std::uint32_t>(begin);
   key.length = static_cast<std::uint32_t>(length);
   if (length <= 2 * END) {
-    key.hash = HashOf(key.front, key.back);
+    key.hash = HashOf(key.front, key.back, seed_);
   } else if (length <= LONGEST_KEPT) {
-    key.hash = HashOf(text_.substr(begin, length));
+    key.hash = HashOf(text_.substr(begin, length), seed_);
   }
   __builtin_prefetch(&slots_[key.hash & (slots_.size() - 1)]);
   return key;

@@ -10,6 +10,7 @@
 
 #include "engine/word_table.h"
 #include "lists/keywords.h"
+#include "util/hash_seed.h"
 
 namespace quorvel {
 
@@ -35,7 +36,8 @@ struct TokenKey {
 // such are given. These three must outlive it.
 class KnownTokens {
  public:
-  KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought);
+  KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought,
+              const HashSeed& seed);
 
   // The key of the token at the 0-based `begin`, of `length` characters, at least
   // MIN_WORD_LENGTH. Has what is known of it fetched from memory: it is there when it is
@@ -66,6 +68,7 @@ class KnownTokens {
   std::u16string_view text_;
   WordTable& table_;
   const KeywordLists* sought_;
+  HashSeed seed_;
   std::vector<Slot> slots_;  // a power of two of them, at most half in use
   std::size_t used_ = 0;
   std::map<std::u16string_view, std::int32_t> others_;  // entries of words that are no token's own

@@ -9,6 +9,7 @@
 #include "engine/word_tests.h"
 #include "lists/keyword_beginnings.h"
 #include "util/characters.h"
+#include "util/hash_seed.h"
 #include "util/make_singular.h"
 #include "util/progress_bar.h"
 
@@ -39,7 +40,7 @@ class Scan {
         table_(table),
         progress_(progress),
         bar_(progress),
-        known_(text, table, sought),
+        known_(text, table, sought, RandomHashSeed()),
         edges_(text, sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
     if (sought != nullptr) beginnings_.emplace(*sought);
   }

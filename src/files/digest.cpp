@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "util/beside.h"
 #include "util/md5.h"
 
 namespace quorvel {
@@ -27,6 +28,12 @@ std::string DigestOf(std::string_view bytes) {
   return DigestWhile(bytes, [] { return true; });
 }
 
+bool IsDigest(std::string_view text) {
+  constexpr std::size_t DIGITS = 32;
+  return text.size() == DIGITS &&
+         text.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
+}
+
 FileDigest ComputeFileDigest(const std::string& path) {
   if (path.empty()) return {"", -4, ""};
   if (path.size() == 2 && path[1] == ':') return {"", -3, "Drive, not file"};
@@ -39,7 +46,7 @@ FileDigest ComputeFileDigest(const std::string& path) {
 }
 
 InputDigest::InputDigest(InputBytes input)
-    : digest_(std::async([this, input = std::move(input)]() mutable {
+    : digest_(DoBeside([this, input = std::move(input)]() mutable {
         const InputBytes bytes = std::exchange(input, {});
         return DigestWhile(bytes.View(), [this] { return wanted_.load(); });
       })) {}

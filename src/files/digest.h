@@ -15,6 +15,9 @@ namespace quorvel {
 // The digest of some bytes: 32 upper-case hexadecimal digits; empty for none.
 [[nodiscard]] std::string DigestOf(std::string_view bytes);
 
+// Whether that may be such a digest.
+[[nodiscard]] bool IsDigest(std::string_view text);
+
 struct FileDigest {
   std::string text;  // empty when there is no digest
   int status = 0;    // 0 on success, else negative

@@ -3,8 +3,10 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 #include "files/system_calls.h"
@@ -38,6 +40,12 @@ fs::path ProgramPath() {
   return path;
 }
 
+bool RemoveAnything(const std::string& path) {
+  std::error_code error;
+  fs::remove(ToPath(path), error);
+  return !error;
+}
+
 FolderMaking MakeFolderOfOwner(const fs::path& path) {
   if (::CreateDirectoryW(path.c_str(), nullptr) != 0) return FolderMaking::made;
   return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
@@ -49,6 +57,11 @@ fs::path ProgramPath() {
   return fs::read_symlink("/proc/self/exe", error);
 }
 
+// Wants no memory.
+bool RemoveAnything(const std::string& path) {
+  return std::remove(path.c_str()) == 0 || errno == ENOENT;
+}
+
 FolderMaking MakeFolderOfOwner(const fs::path& path) {
   constexpr ::mode_t OWNER_ONLY = 0700;
   if (::mkdir(path.c_str(), OWNER_ONLY) == 0) return FolderMaking::made;
@@ -57,11 +70,13 @@ FolderMaking MakeFolderOfOwner(const fs::path& path) {
 
 #endif
 
-// Where a file would be made, without links in its folders; empty where the system will not say.
+// Where a file would be made, without links; empty where the system will not say.
 fs::path PlaceOf(const std::string& path) {
   std::error_code error;
-  fs::path place = fs::absolute(ToPath(path), error);
+  fs::path place = BehindLinks(ToPath(path), error);
+  if (!error) place = fs::absolute(place, error);
   if (!error) place = fs::weakly_canonical(place, error);
+  if (error == std::errc::not_enough_memory) throw std::bad_alloc();
   return error ? fs::path() : place;
 }
 
@@ -168,11 +183,7 @@ std::string DataFilePath(const std::string& name) {
 
 FolderMaking MakeFolder(const std::string& path) { return MakeFolderOfOwner(ToPath(path)); }
 
-bool RemoveFileOrFolder(const std::string& path) {
-  std::error_code error;
-  fs::remove(ToPath(path), error);
-  return !error;
-}
+bool RemoveFileOrFolder(const std::string& path) { return RemoveAnything(path); }
 
 std::string SystemMessage(int errorNumber) {
 #ifdef _WIN32

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
+#include "files/file_attributes.h"
 #include "files/file_system.h"
 #include "files/system_calls.h"
 
@@ -25,29 +27,52 @@ std::optional<Fault> WouldReplace(const std::string& path, const FilesToKeep& ke
 }
 
 #ifdef _WIN32
+void HoldStandardStreams() {}
+
 void LetOversizedWritesFail() {}
 #else
+// Each is held so that its use fails: what is written must not seem to have arrived.
+void HoldStandardStreams() {
+  for (const int handle : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(handle, F_GETFD) >= 0) continue;  // NOLINT(*-vararg)
+    const int flags = handle == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+    [[maybe_unused]] const int held = ::open("/dev/null", flags);  // NOLINT(*-vararg)
+  }
+}
+
 void LetOversizedWritesFail() { std::signal(SIGXFSZ, SIG_IGN); }
 #endif
 
-OutputFile::OutputFile(const std::string& path, const FilesToKeep& kept)
-    : path_(path), target_(ToPath(path)), fault_(WouldReplace(path, kept)) {
-  if (!fault_) Open();
+// From the first constructor on there is a destructor: where the memory ends while the file is
+// opened, the new file goes.
+OutputFile::OutputFile(const std::string& path) : path_(path), target_(ToPath(path)) {}
+
+OutputFile::OutputFile(const std::string& path, const FilesToKeep& kept, Targets targets)
+    : OutputFile(path) {
+  fault_ = WouldReplace(path, kept);
+  if (!fault_) Open(targets);
 }
 
 OutputFile::~OutputFile() {
-  CloseHandle();
+  if (handle_ >= 0) ::close(handle_);
   std::error_code error;
   if (!temporary_.empty()) fs::remove(temporary_, error);
 }
 
-void OutputFile::Open() {
+void OutputFile::Open(Targets targets) {
   std::error_code error;
   const fs::file_status status = StatusOf(target_, error);
-  if (status.type() == fs::file_type::not_found) return OpenBeside(false);
+  if (status.type() == fs::file_type::not_found) {
+    target_ = BehindLinks(target_, error);
+    return error ? Fail(NumberOf(error)) : OpenBeside();
+  }
   if (error) return Fail(NumberOf(error));
   if (fs::is_directory(status)) return Fail(EISDIR);
   if (!fs::is_regular_file(status)) {
+    if (targets == Targets::ordinaryFiles) {
+      fault_ = NotAFile(FaultKind::notWritten, path_);
+      return;
+    }
     handle_ = OpenFile(target_, O_WRONLY);
     if (handle_ < 0) Fail(errno);
     return;
@@ -55,19 +80,20 @@ void OutputFile::Open() {
   if (!IsWritable(target_)) return Fail(errno);
   target_ = fs::canonical(target_, error);
   if (error) return Fail(NumberOf(error));
-  OpenBeside(true);
+  replaces_ = true;
+  OpenBeside();
 }
 
-// The name of the new file is short, so that it fits wherever the target's does.
-void OutputFile::OpenBeside(bool replaces) {
+// The name of the new file is short, so that it fits wherever the target's does. One that is to
+// replace another is for its owner alone until it is whole.
+void OutputFile::OpenBeside() {
   constexpr int NAMES_TO_TRY = 1000;
   const std::string stem = ".qvl" + std::to_string(::getpid()) + "-";
   for (int n = 0; n < NAMES_TO_TRY; ++n) {
-    const fs::path temporary = target_.parent_path() / (stem + std::to_string(n) + ".tmp");
-    handle_ = OpenFile(temporary, O_WRONLY | O_CREAT | O_EXCL, replaces);
+    fs::path temporary = target_.parent_path() / (stem + std::to_string(n) + ".tmp");
+    handle_ = OpenFile(temporary, O_WRONLY | O_CREAT | O_EXCL, replaces_);
     if (handle_ >= 0) {
-      temporary_ = temporary;
-      if (replaces) TakeAttributesOf(handle_, target_);
+      temporary_ = std::move(temporary);
       return;
     }
     if (errno != EEXIST) break;
@@ -76,24 +102,13 @@ void OutputFile::OpenBeside(bool replaces) {
 }
 
 bool OutputFile::Write(std::string_view bytes) {
-  while (!bytes.empty() && !fault_) {
-    const auto part = static_cast<unsigned>(std::min(bytes.size(), LARGEST_TRANSFER));
-    const auto written = ::write(handle_, bytes.data(), part);
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      Fail(errno);
-    }
-  }
+  if (!fault_ && !WriteBytes(handle_, bytes)) Fail(errno);
   return !fault_;
 }
 
 bool OutputFile::Commit() {
   if (!fault_ && !temporary_.empty()) Sync();
-  return CommitPassing();
-}
-
-bool OutputFile::CommitPassing() {
+  if (!fault_ && replaces_) TakeAttributesOf(handle_, target_);
   CloseHandle();
   if (!fault_ && !temporary_.empty()) {
     std::error_code error;

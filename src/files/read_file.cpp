@@ -1,70 +1,22 @@
 #include "files/read_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <limits>
-#include <optional>
 #include <utility>
-
-#ifdef _WIN32
-#include <io.h>
-#endif
 
 #include "files/system_calls.h"
 #include "util/large_pages.h"
 
 namespace quorvel {
+
+namespace fs = std::filesystem;
+
 namespace {
-
-// Closes its file when it goes out of scope.
-class ReadHandle {
- public:
-  explicit ReadHandle(const std::string& path) : handle_(OpenFile(ToPath(path), O_RDONLY)) {}
-  ~ReadHandle() {
-    if (handle_ >= 0) ::close(handle_);
-  }
-  ReadHandle(const ReadHandle&) = delete;
-  ReadHandle& operator=(const ReadHandle&) = delete;
-
-  [[nodiscard]] bool IsOpen() const { return handle_ >= 0; }
-
-  // The length of the very file that was opened, in bytes; -1 on failure.
-  [[nodiscard]] std::int64_t Length() const {
-#ifdef _WIN32
-    return ::_filelengthi64(handle_);
-#else
-    struct stat status = {};
-    return ::fstat(handle_, &status) == 0 ? std::int64_t{status.st_size} : -1;
-#endif
-  }
-
-  // Reads up to `length` bytes, fewer only at the end of the file; -1 on failure.
-  [[nodiscard]] std::int64_t Read(char* into, std::size_t length) const {
-    std::size_t done = 0;
-    while (done < length) {
-      const auto part = static_cast<unsigned>(std::min(length - done, LARGEST_TRANSFER));
-      const auto got = ::read(handle_, into + done, part);
-      if (got == 0) break;
-      if (got > 0) {
-        done += static_cast<std::size_t>(got);
-      } else if (errno != EINTR) {
-        return -1;
-      }
-    }
-    return static_cast<std::int64_t>(done);
-  }
-
- private:
-  int handle_;
-};
-
-Fault OpeningFault(const std::string& path) {
-  return SystemFault(errno == ENOENT ? FaultKind::missing : FaultKind::notOpened, path, errno);
-}
 
 // Room for bytes that will all be written before they are read.
 std::shared_ptr<char[]> RoomFor(std::size_t length) {
@@ -73,36 +25,98 @@ std::shared_ptr<char[]> RoomFor(std::size_t length) {
   return room;
 }
 
-constexpr std::int64_t LONGEST_INPUT = std::numeric_limits<std::int32_t>::max() - 1;
-
-// Why a file that is there is no input.
-std::optional<Fault> FaultOfInput(const std::string& path) {
-  if (!FileExists(path)) return SystemFault(FaultKind::missing, path, ENOENT);
-  if (!IsRegularFile(path)) return Fault{FaultKind::notAFile, path, {}};
-  if (FileLength(path).value_or(0) > LONGEST_INPUT) return Fault{FaultKind::tooLong, path, {}};
-  return std::nullopt;
-}
-
 }  // namespace
 
+// Looked at before it is opened, for to open a pipe or a device may do something to it, and
+// afterwards, for another one may stand there by then.
+FileToRead::FileToRead(const std::string& path) : path_(path) {
+  const fs::path place = ToPath(path);
+  std::error_code error;
+  const fs::file_status found = quorvel::StatusOf(place, error);
+  const bool isOther = fs::exists(found) && !fs::is_regular_file(found);
+  if (found.type() == fs::file_type::not_found) {
+    fault_ = SystemFault(FaultKind::missing, path, ENOENT);
+  } else if (fs::is_directory(found)) {
+    fault_ = SystemFault(FaultKind::missing, path, EISDIR);
+  } else if (isOther) {
+    fault_ = NotAFile(FaultKind::notAFile, path);
+  } else {
+    Open(place);
+  }
+}
+
+void FileToRead::Open(const fs::path& place) {
+  handle_ = OpenToRead(place);
+  if (handle_ < 0) {
+    fault_ = SystemFault(errno == ENOENT ? FaultKind::missing : FaultKind::notOpened, path_, errno);
+    return;
+  }
+  const std::optional<OpenStatus> status = quorvel::StatusOf(handle_);
+  if (!status) {
+    fault_ = SystemFault(FaultKind::notRead, path_, errno);
+  } else if (!status->isOrdinary) {
+    fault_ = NotAFile(FaultKind::notAFile, path_);
+  } else {
+    length_ = static_cast<std::uint64_t>(status->length);
+  }
+}
+
+FileToRead::~FileToRead() {
+  if (handle_ >= 0) ::close(handle_);
+}
+
+std::size_t FileToRead::Read(char* into, std::size_t length) {
+  if (fault_) return 0;
+  const std::int64_t got = ReadBytes(handle_, into, length);
+  if (got < 0) fault_ = SystemFault(FaultKind::notRead, path_, errno);
+  return static_cast<std::size_t>(std::max<std::int64_t>(got, 0));
+}
+
+std::string_view FileToRead::Begin(std::size_t length) {
+  begin_.resize(length);
+  begin_.resize(Read(begin_.data(), length));
+  return begin_;
+}
+
+// A file that grows meanwhile is taken as long as it was at first: what comes after is another
+// version of it, which its stamp will tell.
+Result<InputBytes> FileToRead::ReadAll(const FileStamp& stamp,
+                                       const std::function<bool()>& goesOn) {
+  constexpr std::size_t STEP = std::size_t{4} << 20U;
+  if (fault_) return *fault_;
+  const auto length = std::max(static_cast<std::size_t>(length_), begin_.size());
+  const std::shared_ptr<char[]> bytes = RoomFor(length);
+  std::copy(begin_.begin(), begin_.end(), bytes.get());
+  std::size_t done = begin_.size();
+  while (done < length) {
+    const std::size_t step = std::min(STEP, length - done);
+    const std::size_t got = Read(bytes.get() + done, step);
+    if (fault_) return *fault_;
+    done += got;
+    if (!goesOn()) return Fault{FaultKind::stopped, path_, {}};
+    if (got < step) break;
+  }
+  return InputBytes(path_, stamp, bytes, done);
+}
+
+// One byte more than the file has shows its end without another round; the system's own files may
+// have more than they say.
 Result<std::string> ReadFileBytes(const std::string& path, std::uint64_t limit) {
   constexpr std::uint64_t STEP = 65536;
-  const ReadHandle file(path);
-  if (!file.IsOpen()) return OpeningFault(path);
+  FileToRead file(path);
   std::string bytes;
-  // One byte more than the file has shows its end without another round.
-  std::uint64_t wanted = static_cast<std::uint64_t>(std::max<std::int64_t>(file.Length(), 0)) + 1;
-  for (std::size_t done = 0;; wanted = std::max(2 * wanted, STEP)) {
+  std::uint64_t wanted = file.Length() + 1;
+  for (std::size_t done = 0; !file.Why(); wanted = std::max(2 * wanted, STEP)) {
     const auto length = static_cast<std::size_t>(std::min(wanted, limit));
     bytes.resize(length);
-    const std::int64_t got = file.Read(bytes.data() + done, length - done);
-    if (got < 0) return SystemFault(FaultKind::notRead, path, errno);
-    done += static_cast<std::size_t>(got);
+    done += file.Read(bytes.data() + done, length - done);
+    if (file.Why()) break;
     if (done < length || length == limit) {
       bytes.resize(done);
       return bytes;
     }
   }
+  return *file.Why();
 }
 
 InputBytes::InputBytes(std::string path, const FileStamp& stamp,
@@ -116,29 +130,14 @@ InputBytes::InputBytes(std::string path, std::string_view bytes)
   bytes_ = copy;
 }
 
-// A file that grows meanwhile is taken as long as it was at first: what comes after is another
-// version of it, which its stamp will tell.
 Result<InputBytes> ReadInput(const std::string& path, Progress& progress) {
-  constexpr std::size_t STEP = std::size_t{4} << 20U;
-  if (std::optional<Fault> fault = FaultOfInput(path)) return *std::move(fault);
   const FileStamp stamp = StampOf(path);
-  const ReadHandle file(path);
-  if (!file.IsOpen()) return OpeningFault(path);
-  const std::int64_t said = file.Length();
-  if (said < 0) return SystemFault(FaultKind::notRead, path, errno);
-  const auto length = static_cast<std::size_t>(said);
-  const std::shared_ptr<char[]> bytes = RoomFor(length);
-  std::size_t done = 0;
-  while (done < length) {
-    const std::size_t step = std::min(STEP, length - done);
-    const std::int64_t got = file.Read(bytes.get() + done, step);
-    if (got < 0) return SystemFault(FaultKind::notRead, path, errno);
-    done += static_cast<std::size_t>(got);
+  FileToRead file(path);
+  if (!file.Why() && file.Length() > LONGEST_INPUT) return Fault{FaultKind::tooLong, path, {}};
+  return file.ReadAll(stamp, [&progress] {
     progress.YieldNow();
-    if (progress.StopRequested()) return Fault{FaultKind::stopped, path, {}};
-    if (static_cast<std::size_t>(got) < step) break;
-  }
-  return InputBytes(path, stamp, bytes, done);
+    return !progress.StopRequested();
+  });
 }
 
 }  // namespace quorvel

@@ -4,7 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <thread>
 
 #include "files/file_system.h"
 
@@ -15,18 +18,67 @@
 #include <windows.h>
 // The headers of Windows want to be included in this order.
 #include <io.h>
-
-#include <algorithm>
 #endif
 
 namespace quorvel {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// One read or write call moves at most this many bytes: a size every platform takes.
+constexpr std::size_t LARGEST_TRANSFER = std::size_t{1} << 30U;
+
+}  // namespace
+
+std::int64_t ReadBytes(int handle, char* into, std::size_t length) {
+  std::size_t done = 0;
+  while (done < length) {
+    const auto part = static_cast<unsigned>(std::min(length - done, LARGEST_TRANSFER));
+    const auto got = ::read(handle, into + done, part);
+    if (got == 0) break;
+    if (got > 0) {
+      done += static_cast<std::size_t>(got);
+    } else if (errno != EINTR) {
+      return -1;
+    }
+  }
+  return static_cast<std::int64_t>(done);
+}
+
+bool WriteBytes(int handle, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const auto part = static_cast<unsigned>(std::min(bytes.size(), LARGEST_TRANSFER));
+    const auto written = ::write(handle, bytes.data(), part);
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
+}
+
 int NumberOf(const std::error_code& error) { return error.default_error_condition().value(); }
 
 Fault SystemFault(FaultKind kind, const std::string& path, int errorNumber) {
   return {kind, path, SystemMessage(errorNumber), errorNumber};
+}
+
+Fault NotAFile(FaultKind kind, const std::string& path) {
+  return {kind, path, "Is a device or a pipe, not a file"};
+}
+
+fs::path BehindLinks(fs::path path, std::error_code& error) {
+  constexpr int MOST_LINKS = 40;  // as many as the systems follow
+  for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
+    if (links == MOST_LINKS) error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    const fs::path next = error ? fs::path() : fs::read_symlink(path, error);
+    if (error) return {};
+    path = path.parent_path() / next;
+  }
+  if (error == std::errc::no_such_file_or_directory) error.clear();
+  return path;
 }
 
 #ifdef _WIN32
@@ -69,6 +121,16 @@ int OpenFile(const fs::path& path, int flags, bool /*isPrivate*/) {
   return handle;
 }
 
+int OpenToRead(const fs::path& path) { return OpenFile(path, O_RDONLY); }
+
+std::optional<OpenStatus> StatusOf(int handle) {
+  const auto file = reinterpret_cast<HANDLE>(::_get_osfhandle(handle));
+  if (::GetFileType(file) != FILE_TYPE_DISK) return OpenStatus{};
+  const std::int64_t length = ::_filelengthi64(handle);
+  if (length < 0) return std::nullopt;
+  return OpenStatus{true, length};
+}
+
 int SyncFile(int handle) { return ::_commit(handle); }
 
 bool IsWritable(const fs::path& path) {
@@ -89,8 +151,6 @@ int RenamingFault(const std::error_code& error, const fs::path& target) {
   std::error_code ignored;
   return fs::exists(target, ignored) && !IsWritable(target) ? errno : NumberOf(error);
 }
-
-void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
 #else
 fs::path ToPath(const std::string& path) { return {path}; }
 
@@ -104,20 +164,31 @@ int OpenFile(const fs::path& path, int flags, bool isPrivate) {
   return ::open(path.c_str(), flags | O_CLOEXEC, isPrivate ? 0600 : 0666);  // NOLINT(*-vararg)
 }
 
+// A file that another program holds a lease on is to be had once that has been asked for it, which
+// a call that does not wait only begins.
+int OpenToRead(const fs::path& path) {
+  constexpr std::chrono::milliseconds PAUSE(10);
+  constexpr int MOST_PAUSES = 500;
+  int handle = OpenFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  for (int i = 0; handle < 0 && errno == EWOULDBLOCK && i < MOST_PAUSES; ++i) {
+    std::this_thread::sleep_for(PAUSE);
+    handle = OpenFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  }
+  return handle;
+}
+
+std::optional<OpenStatus> StatusOf(int handle) {
+  struct stat status = {};
+  if (::fstat(handle, &status) != 0) return std::nullopt;
+  return OpenStatus{S_ISREG(status.st_mode), std::int64_t{status.st_size}};
+}
+
 int SyncFile(int handle) { return ::fsync(handle); }
 
 bool IsWritable(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
 
 int RenamingFault(const std::error_code& error, const fs::path& /*target*/) {
   return NumberOf(error);
-}
-
-void TakeAttributesOf(int handle, const fs::path& target) {
-  struct stat status = {};
-  // What it holds is for those who may read the old one: for the owner, if in doubt.
-  if (::stat(target.c_str(), &status) != 0) return;
-  [[maybe_unused]] const int ownerKept = ::fchown(handle, status.st_uid, status.st_gid);
-  ::fchmod(handle, status.st_mode & 07777U);
 }
 #endif
 

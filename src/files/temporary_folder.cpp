@@ -1,12 +1,34 @@
 #include "files/temporary_folder.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
 #include <exception>
+#include <filesystem>
 #include <utility>
-#include <vector>
 
 #include "files/file_system.h"
+#include "files/system_calls.h"
 
 namespace quorvel {
+namespace {
+
+// Removes the file, and each folder above it up to the one whose path is so long. Wants no memory:
+// a run that has none left must leave nothing behind.
+std::optional<Fault> RemoveUpTo(std::string path, std::size_t folderLength) {
+  constexpr char SEPARATOR = static_cast<char>(std::filesystem::path::preferred_separator);
+  if (!RemoveFileOrFolder(path)) return Fault{FaultKind::fileNotRemoved, path, {}};
+  while (path.size() > folderLength) {
+    path.resize(std::max(path.rfind(SEPARATOR), folderLength));
+    if (!RemoveFileOrFolder(path)) return Fault{FaultKind::folderNotRemoved, path, {}};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 // Whether a name is free is told by making the folder: between a test and the
 // making, another program could take it.
 std::string CreateTemporaryFolder(const std::string& base, std::string_view tag) {
@@ -31,27 +53,24 @@ std::string CreateTemporaryFolder(const std::string& base, std::string_view tag)
 }
 
 std::optional<Fault> RemoveTemporaryFolder(const std::string& folder, const std::string& entry) {
-  const std::string file = JoinPath(folder, entry);
-  if (!RemoveFileOrFolder(file)) return Fault{FaultKind::fileNotRemoved, file, {}};
-  std::vector<std::string> folders;
-  for (std::size_t end = entry.rfind('/'); end != std::string::npos && end > 0;
-       end = entry.rfind('/', end - 1)) {
-    folders.push_back(JoinPath(folder, entry.substr(0, end)));
-  }
-  folders.push_back(folder);
-  for (const std::string& path : folders) {
-    if (!RemoveFileOrFolder(path)) return Fault{FaultKind::folderNotRemoved, path, {}};
-  }
-  return std::nullopt;
+  return RemoveUpTo(JoinPath(folder, entry), folder.size());
 }
 
-TemporaryFolder::TemporaryFolder(std::string_view tag, std::string entry)
-    : entry_(std::move(entry)), path_(CreateTemporaryFolder(TemporaryBase(), tag)) {}
+// Once the folder is made, nothing that fails here leaves it behind.
+TemporaryFile::TemporaryFile(std::string_view tag, const std::string& entry)
+    : TemporaryFile(CreateTemporaryFolder(TemporaryBase(), tag)) {
+  if (!hasFolder_) return;
+  path_ = JoinPath(folder_, entry);
+  MakeFoldersFor(path_);
+  handle_ = OpenFile(ToPath(path_), O_RDWR | O_CREAT | O_EXCL, true);
+  // What stays now may go at the end, and is told then if it does not.
+  if (!RemoveTemporaryFolder(folder_, entry)) folder_.clear();
+}
 
-TemporaryFolder::TemporaryFolder(TemporaryFolder&& other) noexcept
-    : entry_(std::move(other.entry_)), path_(std::exchange(other.path_, {})) {}
+TemporaryFile::TemporaryFile(std::string folder)
+    : folder_(std::move(folder)), hasFolder_(!folder_.empty()) {}
 
-TemporaryFolder::~TemporaryFolder() {
+TemporaryFile::~TemporaryFile() {
   try {
     // Who wants to know what stayed has called it before.
     [[maybe_unused]] const std::optional<Fault> stayed = Remove();
@@ -61,12 +80,28 @@ TemporaryFolder::~TemporaryFolder() {
   }
 }
 
-std::string TemporaryFolder::EntryPath() const { return JoinPath(path_, entry_); }
+bool TemporaryFile::Write(std::string_view bytes) const {
+  return handle_ >= 0 && WriteBytes(handle_, bytes);
+}
 
-std::optional<Fault> TemporaryFolder::Remove() {
-  const std::string path = std::exchange(path_, {});
-  if (path.empty()) return std::nullopt;
-  return RemoveTemporaryFolder(path, entry_);
+Result<std::string> TemporaryFile::ReadBack(std::uint64_t limit) const {
+  const auto end = ::lseek(handle_, 0, SEEK_END);
+  if (end < 0 || ::lseek(handle_, 0, SEEK_SET) != 0) {
+    return SystemFault(FaultKind::notRead, path_, errno);
+  }
+  std::string bytes(std::min(static_cast<std::uint64_t>(end), limit), '\0');
+  if (ReadBytes(handle_, bytes.data(), bytes.size()) != std::ssize(bytes)) {
+    return SystemFault(FaultKind::notRead, path_, errno);
+  }
+  return bytes;
+}
+
+std::optional<Fault> TemporaryFile::Remove() {
+  if (handle_ >= 0) ::close(std::exchange(handle_, -1));
+  std::string folder = std::exchange(folder_, {});
+  if (folder.empty()) return std::nullopt;
+  const std::size_t length = folder.size();
+  return RemoveUpTo(std::move(path_.empty() ? folder : path_), length);
 }
 
 }  // namespace quorvel

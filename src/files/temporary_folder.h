@@ -1,6 +1,7 @@
 // The folder into which the body of a word-processor document is unpacked.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,33 +20,40 @@ namespace quorvel {
 [[nodiscard]] std::optional<Fault> RemoveTemporaryFolder(const std::string& folder,
                                                          const std::string& entry);
 
-// A temporary folder that lives as long as its scope: whether the document was
-// read, refused, stopped or too large for the memory, it is removed at the end.
-class TemporaryFolder {
+// A file in a temporary folder of its own, for bytes that are written and then read back. Where the
+// system lets go of the name of an open file, file and folder are gone from there before the first
+// byte is written, so that no end of the program, whatever it is, leaves the bytes behind.
+// Elsewhere both are removed at the end of the scope.
+class TemporaryFile {
  public:
-  // Makes the folder in the system's place for such; it is to hold the file `entry`.
-  TemporaryFolder(std::string_view tag, std::string entry);
+  // Makes the folder in the system's place for such, and in it the file `entry`.
+  TemporaryFile(std::string_view tag, const std::string& entry);
 
   // Removes what Remove has not been called for.
-  ~TemporaryFolder();
+  ~TemporaryFile();
 
-  TemporaryFolder(TemporaryFolder&& other) noexcept;
-  TemporaryFolder& operator=(TemporaryFolder&&) = delete;
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  // Empty when no folder could be made.
-  [[nodiscard]] const std::string& Path() const { return path_; }
+  // False when no folder could be made.
+  [[nodiscard]] bool HasFolder() const { return hasFolder_; }
 
-  // The path of the file that it is to hold.
-  [[nodiscard]] std::string EntryPath() const;
+  // Appends bytes. False when that fails, also for a file that could not be made.
+  [[nodiscard]] bool Write(std::string_view bytes) const;
 
-  // Removes it now, to be told what could not be removed.
+  // The first `limit` bytes of what was written. `notRead`.
+  [[nodiscard]] Result<std::string> ReadBack(std::uint64_t limit) const;
+
+  // Removes now what is left of it, to be told what could not be removed.
   [[nodiscard]] std::optional<Fault> Remove();
 
  private:
-  std::string entry_;
-  std::string path_;
+  explicit TemporaryFile(std::string folder);
+
+  std::string folder_;  // empty once there is none
+  std::string path_;    // of the file in it
+  bool hasFolder_ = false;
+  int handle_ = -1;
 };
 
 }  // namespace quorvel

@@ -4,15 +4,13 @@
 #include <limits>
 #include <utility>
 
-#include "files/file_system.h"
-#include "files/output_file.h"
 #include "input/utf8_repair.h"
 #include "input/zip_archive.h"
 #include "util/ansi.h"
 #include "util/large_pages.h"
 
-// The walk over the XML knows four strings and no structure. What follows from
-// that is kept, since it decides which words a concordance holds: a run start is
+// The walk over the XML knows four strings, of tags with the document's prefix, and no structure.
+// What follows from that is kept, since it decides which words a concordance holds: a run start is
 // told by the character behind it, so an empty run that has attributes
 // ("<w:t x=""/>") takes all up to the next run end for its text; a line break is
 // one in its shortest spelling only, and a tab is nothing; of the entities only
@@ -20,11 +18,6 @@
 
 namespace quorvel {
 namespace {
-
-constexpr std::string_view RUN_START = "<w:t";
-constexpr std::string_view RUN_END = "</w:t>";
-constexpr std::string_view LINE_BREAK = "<w:br/>";
-constexpr std::string_view PARAGRAPH_END = "</w:p>";
 
 // Characters of a body between two looks at the stop request, and up to which no
 // progress bar is drawn.
@@ -34,17 +27,6 @@ constexpr std::size_t LARGEST_WITHOUT_BAR = 1000000;
 // A run grows by a third at most when its punctuation is made plain, so a text
 // never has more characters than a 32-bit position can tell.
 static_assert(BodyLimits().hard < std::numeric_limits<std::int32_t>::max() / 2);
-
-// "<w:tab/>" and the elements of tables begin like a run.
-bool IsRunStart(std::string_view xml, std::size_t place) {
-  const char next = xml[place + RUN_START.size()];
-  return next == ' ' || next == '>';
-}
-
-bool HoldsBreak(std::string_view xml) {
-  return xml.find(LINE_BREAK) != std::string_view::npos ||
-         xml.find(PARAGRAPH_END) != std::string_view::npos;
-}
 
 void DecodeEntity(std::string& text, std::string_view entity, char character) {
   std::size_t out = 0;
@@ -69,22 +51,26 @@ bool NeedsRepair(std::string_view run) {
 
 }  // namespace
 
-Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const TemporaryFolder& folder,
+Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const TemporaryFile& file,
                                         const BodyLimits& limits) {
-  if (folder.Path().empty()) return Fault{FaultKind::noTemporaryFolder, document.Path(), {}};
-  MakeFoldersFor(folder.EntryPath());
-  OutputFile file(folder.EntryPath(), {});
+  if (!file.HasFolder()) return Fault{FaultKind::noTemporaryFolder, document.Path(), {}};
   const auto write = [&file](std::string_view block) { return file.Write(block); };
   const Result<UnpackedEntry> entry = UnpackEntry(document, BODY_ENTRY, limits.hard, write);
   if (!entry) return entry.Why();
-  if (!file.CommitPassing()) return Fault{FaultKind::temporaryFolderFull, document.Path(), {}};
   return UnpackedBody{entry->length, entry->isDamaged};
 }
 
 // Hardly more than half of a body is text, the rest mark-up: with this room the text of a long one
 // is seldom moved as it grows.
 DocumentRuns::DocumentRuns(std::string_view xml)
-    : xml_(xml), start_(xml.find(RUN_START)), end_(xml.find(RUN_END)) {
+    : xml_(xml),
+      prefix_(WordPrefixOf(xml)),
+      runStart_("<" + prefix_ + "t"),
+      runEnd_("</" + prefix_ + "t>"),
+      lineBreak_("<" + prefix_ + "br/>"),
+      paragraphEnd_("</" + prefix_ + "p>"),
+      start_(runStart_.FindIn(xml, 0)),
+      end_(runEnd_.FindIn(xml, 0)) {
   ReserveLarge(text_, xml.size() / 2);
 }
 
@@ -105,18 +91,29 @@ bool DocumentRuns::Read(Progress& progress) {
 
 // Passes what begins at `start_`: a run, or another element whose name begins so.
 void DocumentRuns::ReadFromStart() {
-  std::size_t place = start_ + RUN_START.size();
-  if (IsRunStart(xml_, start_)) {
+  std::size_t place = start_ + runStart_.Length();
+  if (IsRunStart(start_)) {
     // The first ">" may be that of the run end, where the start has none.
     const std::size_t textStart = std::min(xml_.find('>', place) + 1, end_);
     const bool afterBreak =
         previousEnd_ && HoldsBreak(xml_.substr(*previousEnd_, start_ - *previousEnd_));
     AppendRun(xml_.substr(textStart, end_ - textStart), afterBreak);
     previousEnd_ = end_;
-    place = end_ + RUN_END.size();
-    end_ = xml_.find(RUN_END, place);
+    place = end_ + runEnd_.Length();
+    end_ = runEnd_.FindIn(xml_, place);
   }
-  start_ = xml_.find(RUN_START, place);
+  start_ = runStart_.FindIn(xml_, place);
+}
+
+// "<w:tab/>" and the elements of tables begin like a run.
+bool DocumentRuns::IsRunStart(std::size_t place) const {
+  const char next = xml_[place + runStart_.Length()];
+  return next == ' ' || next == '>';
+}
+
+bool DocumentRuns::HoldsBreak(std::string_view xml) const {
+  return lineBreak_.FindIn(xml, 0) != std::string_view::npos ||
+         paragraphEnd_.FindIn(xml, 0) != std::string_view::npos;
 }
 
 void DocumentRuns::AppendRun(std::string_view xml, bool afterBreak) {

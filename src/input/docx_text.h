@@ -16,6 +16,7 @@
 
 #include "files/read_file.h"
 #include "files/temporary_folder.h"
+#include "input/docx_tags.h"
 #include "util/fault.h"
 #include "util/progress.h"
 #include "util/progress_bar.h"
@@ -36,11 +37,11 @@ struct UnpackedBody {
   bool isDamaged = false;    // of another checksum, or only a part of it
 };
 
-// Unpacks the body of a document into a temporary folder that was made for BODY_ENTRY.
+// Unpacks the body of a document into a temporary file that was made for BODY_ENTRY.
 // `noTemporaryFolder`, `temporaryFolderFull`, `bodyTooLarge` (then nothing of it is kept),
 // `notRead`.
 [[nodiscard]] Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document,
-                                                      const TemporaryFolder& folder,
+                                                      const TemporaryFile& file,
                                                       const BodyLimits& limits);
 
 // The text of the runs in the XML of a body, each byte one Windows-1252 character. Runs of one
@@ -62,7 +63,15 @@ class DocumentRuns {
   void ReadFromStart();
   void AppendRun(std::string_view xml, bool afterBreak);
 
+  [[nodiscard]] bool IsRunStart(std::size_t place) const;
+  [[nodiscard]] bool HoldsBreak(std::string_view xml) const;
+
   std::string_view xml_;
+  std::string prefix_;  // of the tags
+  Tag runStart_;
+  Tag runEnd_;
+  Tag lineBreak_;
+  Tag paragraphEnd_;
   std::string text_;
   std::string run_;           // room for one run, used again and again
   std::size_t start_ = 0;     // 0-based place of what may be the start of the next run

@@ -8,6 +8,9 @@
 namespace quorvel {
 namespace {
 
+// Files of older office programs begin so, and those of newer ones that are encrypted.
+constexpr std::string_view COMPOUND_MARK = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+
 // What the byte-order marks and the RTF signature at the front of a file say.
 TextEncoding EncodingByMark(std::string_view start) {
   using namespace std::string_view_literals;
@@ -61,6 +64,7 @@ TextEncoding DetectTextEncoding(const InputBytes& input, bool checkMarkupCharset
   if (input.Path().empty()) return TextEncoding::noPath;
   if (bytes.empty()) return TextEncoding::empty;
   if (start.size() < EXAMINED_START) return TextEncoding::oneToFourBytes;
+  if (bytes.starts_with(COMPOUND_MARK)) return TextEncoding::compound;
   TextEncoding encoding = EncodingByMark(start);
   if (encoding != TextEncoding::ansi) return encoding;
   if (LowerExtensionOf(input.Path()) == "xml") encoding = EncodingOfXml(start);

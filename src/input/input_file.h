@@ -26,9 +26,10 @@ enum class TextEncoding {
   utf8 = 3,
   utf32BigEndian = 5,
   rtf = 6,
+  compound = 8,
 };
 
-// The negative numbers and 6 mean what they mean in TextEncoding.
+// The negative numbers, 6 and 8 mean what they mean in TextEncoding.
 enum class FileKind {
   noPath = -5,
   oneToFourBytes = -4,
@@ -41,6 +42,7 @@ enum class FileKind {
   macText = 3,      // CR only
   rtf = 6,
   otherUnicode = 7,
+  compound = 8,  // of an older word processor, or a DOCX document behind a password
 };
 
 // Whether mark-up declares the charset UTF-8, with or without quotation marks, in

@@ -5,14 +5,17 @@
 #include <optional>
 #include <string_view>
 
+#include "input/pair_repair.h"
+
 // RepairUtf8 is defined by replacements over the whole text: find a lead byte,
 // look at the byte after it, replace every such pair wherever it stands, go on
 // one place further. Done so, a text with sixty different letters is walked sixty
 // times. Yet where pairs do not interact, one walk finds the kinds that are replaced
 // and a second one writes the text. They do where a replacement can form new pairs
 // (a lead byte after a lead byte, or a letter that is itself a lead byte) or move a
-// pair to where the search has been. Such texts are rare; for them the replacements
-// are made one after the other.
+// pair to where the search has been. Such texts are rare; for them some replacements
+// are made one after the other, and then, for a text that wants thousands of them, the rest
+// in the way of pair_repair.h.
 
 namespace quorvel {
 namespace {
@@ -22,26 +25,8 @@ constexpr char LEAD_195 = '\xC3';
 constexpr std::string_view C_WITH_CARON = "\xC4\x8D";
 constexpr std::string_view PUNCTUATION_LEAD = "\xE2\x80";
 
-std::uint8_t ByteAt(std::string_view text, std::size_t place) {
-  return static_cast<std::uint8_t>(text[place]);
-}
-
-// What one lead byte and a byte after it stand for.
-struct PairRule {
-  char lead;
-  std::uint8_t firstRemoved;   // from here ...
-  std::uint8_t firstReplaced;  // ... to below this one the pair is removed;
-  std::uint8_t shift;          // from there to 191 it becomes this much more than the byte
-
-  [[nodiscard]] bool Covers(std::uint8_t next) const { return next >= firstRemoved && next <= 191; }
-  [[nodiscard]] bool Removes(std::uint8_t next) const { return next < firstReplaced; }
-  [[nodiscard]] char Replacement(std::uint8_t next) const {
-    return static_cast<char>(next + shift);
-  }
-};
-
-constexpr PairRule RULE_194 = {LEAD_194, 128, 160, 0};
-constexpr PairRule RULE_195 = {LEAD_195, 128, 128, 64};
+constexpr PairRule RULE_194 = {LEAD_194, 160, 0};
+constexpr PairRule RULE_195 = {LEAD_195, 128, 64};
 
 void ReplaceEverywhere(std::string& text, std::string_view from, std::string_view to) {
   std::size_t found = text.find(from);
@@ -57,18 +42,20 @@ void ReplaceEverywhere(std::string& text, std::string_view from, std::string_vie
 }
 
 void RepairOneByOne(std::string& text, const PairRule& rule) {
+  constexpr int MOST_WALKS = 3;
   std::size_t start = 0;
-  while (true) {
+  for (int walks = 0; walks < MOST_WALKS; ++walks) {
     const std::size_t found = text.find(rule.lead, start);
     if (found == std::string::npos || found + 1 == text.size()) return;
     const std::uint8_t next = ByteAt(text, found + 1);
     // The search never moves past such a pair: it ends the pass.
-    if (!rule.Covers(next)) return;
+    if (!PairRule::Covers(next)) return;
     const std::string pair = text.substr(found, 2);
     const std::string replacement(rule.Removes(next) ? 0 : 1, rule.Replacement(next));
     ReplaceEverywhere(text, pair, replacement);
     start = found + 1;
   }
+  FinishPass(text, rule, start);
 }
 
 using PairKinds = std::bitset<256>;
@@ -79,7 +66,7 @@ using PairKinds = std::bitset<256>;
 bool Interacts(std::string_view text, const PairRule& rule, std::size_t place) {
   const std::uint8_t next = ByteAt(text, place + 1);
   if (text[place + 1] == rule.lead) return true;
-  if (!rule.Covers(next)) return false;
+  if (!PairRule::Covers(next)) return false;
   if (!rule.Removes(next)) return rule.Replacement(next) == rule.lead;
   return place + 2 < text.size() && text[place + 2] == rule.lead;
 }
@@ -94,7 +81,7 @@ std::optional<PairKinds> FindKinds(std::string_view text, const PairRule& rule) 
     if (place + 1 == text.size()) break;
     if (Interacts(text, rule, place)) return std::nullopt;
     const std::uint8_t next = ByteAt(text, place + 1);
-    searching = searching && rule.Covers(next);
+    searching = searching && PairRule::Covers(next);
     if (searching) kinds.set(next);
   }
   return kinds;

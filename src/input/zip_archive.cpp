@@ -4,6 +4,10 @@
 
 #include <array>
 #include <memory>
+#include <new>
+#include <optional>
+
+#include "input/zip_directory.h"
 
 namespace quorvel {
 namespace {
@@ -19,28 +23,45 @@ struct CloseEntry {
 using Archive = std::unique_ptr<zip_t, CloseArchive>;
 using Entry = std::unique_ptr<zip_file_t, CloseEntry>;
 
-// Reads the archive where it lies. No archive, and the library's number of why, when that fails.
-Archive OpenArchive(std::string_view bytes, int& zipError) {
+bool IsLackOfMemory(const zip_error_t& error) {
+  constexpr int ZLIB_MEMORY_ERROR = -4;
+  const int code = zip_error_code_zip(&error);
+  return code == ZIP_ER_MEMORY ||
+         (code == ZIP_ER_ZLIB && zip_error_code_system(&error) == ZLIB_MEMORY_ERROR);
+}
+
+zip_buffer_fragment_t FragmentOf(std::string_view bytes) {
+  // The library only reads them.
+  auto* const data = const_cast<char*>(bytes.data());           // NOLINT(*-const-cast)
+  return {reinterpret_cast<zip_uint8_t*>(data), bytes.size()};  // NOLINT(*-reinterpret-cast)
+}
+
+// Reads the archive where it lies. Nothing where it is none.
+Archive OpenArchive(const ArchiveParts& parts) {
   zip_error_t error;
   zip_error_init(&error);
-  zip_source_t* const source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
+  const std::array<zip_buffer_fragment_t, 2> fragments = {FragmentOf(parts.entries),
+                                                          FragmentOf(parts.directory)};
+  zip_source_t* const source = zip_source_buffer_fragment_create(
+      fragments.data(), parts.directory.empty() ? 1 : 2, 0, &error);
   Archive archive;
   if (source != nullptr) {
     archive.reset(zip_open_from_source(source, ZIP_RDONLY, &error));
     if (!archive) zip_source_free(source);
   }
-  zipError = zip_error_code_zip(&error);
+  const bool lacksMemory = !archive && IsLackOfMemory(error);
   zip_error_fini(&error);
+  if (lacksMemory) throw std::bad_alloc();
   return archive;
 }
 
 // No entry when it is not there or cannot be opened. The two methods are those
 // that documents use; others the library may know could ask for any amount of memory.
-Entry OpenEntry(zip_t* archive, const std::string& name) {
-  zip_stat_t status;
+Entry OpenEntry(zip_t* archive, const std::string& name, zip_stat_t& status) {
   zip_stat_init(&status);
   if (zip_stat(archive, name.c_str(), 0, &status) != 0) return nullptr;
-  constexpr zip_uint64_t NEEDED = ZIP_STAT_INDEX | ZIP_STAT_COMP_METHOD;
+  constexpr zip_uint64_t NEEDED =
+      ZIP_STAT_INDEX | ZIP_STAT_COMP_METHOD | ZIP_STAT_COMP_SIZE | ZIP_STAT_SIZE | ZIP_STAT_CRC;
   if ((status.valid & NEEDED) != NEEDED) return nullptr;
   if (status.comp_method != ZIP_CM_STORE && status.comp_method != ZIP_CM_DEFLATE) return nullptr;
   return Entry(zip_fopen_index(archive, status.index, 0));
@@ -48,37 +69,75 @@ Entry OpenEntry(zip_t* archive, const std::string& name) {
 
 // What a failure after `length` bytes comes to: of bytes in memory only the memory can fail, all
 // else is damage.
-Result<UnpackedEntry> OutcomeOf(int zipError, const std::string& path, std::uint64_t length) {
-  if (zipError == ZIP_ER_MEMORY) return Fault{FaultKind::notRead, path, {}};
-  return UnpackedEntry{length, true};
+UnpackedEntry OutcomeOf(const zip_error_t& error, std::uint64_t length) {
+  if (IsLackOfMemory(error)) throw std::bad_alloc();
+  return {length, true};
+}
+
+// Whether the record in front of an entry's own bytes, unlike the archive's directory, says that
+// there are some. `name` stands in that record, behind its numbers.
+bool HasBytesByItsRecord(std::string_view archive, const std::string& name) {
+  constexpr std::string_view SIGNATURE = "PK\x03\x04";
+  constexpr std::size_t LENGTH = 30;
+  constexpr std::size_t SIZES_AT = 18;
+  constexpr std::size_t SIZES_LENGTH = 8;
+  constexpr std::size_t NAME_LENGTH_AT = 26;
+  for (std::size_t place = archive.find(name); place != std::string_view::npos;
+       place = archive.find(name, place + 1)) {
+    if (place < LENGTH) continue;
+    const std::string_view record = archive.substr(place - LENGTH, LENGTH);
+    const auto nameLength = static_cast<std::uint8_t>(record[NAME_LENGTH_AT]);
+    if (!record.starts_with(SIGNATURE) || nameLength != name.size()) continue;
+    const std::string_view sizes = record.substr(SIZES_AT, SIZES_LENGTH);
+    return sizes.find_first_not_of('\0') != std::string_view::npos;
+  }
+  return false;
+}
+
+// Whether the directory says wrongly that an entry holds nothing. The library believes it, and then
+// neither unpacks nor compares anything.
+bool IsEmptyByMistake(const zip_stat_t& status, std::string_view archive, const std::string& name) {
+  if (status.comp_size != 0) return false;
+  return status.size != 0 || status.crc != 0 || HasBytesByItsRecord(archive, name);
+}
+
+// The library reports a wrong checksum or length once all bytes are out.
+Result<UnpackedEntry> Unpack(const InputBytes& archive, const std::string& name,
+                             std::uint64_t limit,
+                             const std::function<bool(std::string_view)>& write) {
+  const std::optional<ArchiveParts> parts = PartsOf(archive.View(), name);
+  if (!parts) return UnpackedEntry{0, true};
+  const Archive opened = OpenArchive(*parts);
+  if (!opened) return UnpackedEntry{0, true};
+  zip_stat_t status;
+  const Entry entry = OpenEntry(opened.get(), name, status);
+  if (!entry) return OutcomeOf(*zip_get_error(opened.get()), 0);
+  if (IsEmptyByMistake(status, archive.View(), name)) return UnpackedEntry{0, true};
+  // Not on the stack, which the user may have made small.
+  const auto block = std::make_unique_for_overwrite<char[]>(BLOCK_LENGTH);
+  std::uint64_t length = 0;
+  while (true) {
+    const zip_int64_t got = zip_fread(entry.get(), block.get(), BLOCK_LENGTH);
+    if (got == 0) return UnpackedEntry{length, false};
+    if (got < 0) return OutcomeOf(*zip_file_get_error(entry.get()), length);
+    length += static_cast<std::uint64_t>(got);
+    if (length > limit) return Fault{FaultKind::bodyTooLarge, archive.Path(), {}};
+    if (!write(std::string_view(block.get(), static_cast<std::size_t>(got)))) {
+      return Fault{FaultKind::temporaryFolderFull, archive.Path(), {}};
+    }
+  }
 }
 
 }  // namespace
 
-// The library reports a wrong checksum or length once all bytes are out.
+// Without memory for the names in an archive the library goes on as if there were none: an entry
+// is missing only when it is so twice.
 Result<UnpackedEntry> UnpackEntry(const InputBytes& archive, const std::string& name,
                                   std::uint64_t limit,
                                   const std::function<bool(std::string_view)>& write) {
-  int zipError = 0;
-  const Archive opened = OpenArchive(archive.View(), zipError);
-  if (!opened) return OutcomeOf(zipError, archive.Path(), 0);
-  const Entry entry = OpenEntry(opened.get(), name);
-  if (!entry) return OutcomeOf(zip_error_code_zip(zip_get_error(opened.get())), archive.Path(), 0);
-  std::array<char, BLOCK_LENGTH> block;
-  std::uint64_t length = 0;
-  while (true) {
-    const zip_int64_t got = zip_fread(entry.get(), block.data(), block.size());
-    if (got == 0) return UnpackedEntry{length, false};
-    if (got < 0) {
-      const int why = zip_error_code_zip(zip_file_get_error(entry.get()));
-      return OutcomeOf(why, archive.Path(), length);
-    }
-    length += static_cast<std::uint64_t>(got);
-    if (length > limit) return Fault{FaultKind::bodyTooLarge, archive.Path(), {}};
-    if (!write(std::string_view(block.data(), static_cast<std::size_t>(got)))) {
-      return Fault{FaultKind::temporaryFolderFull, archive.Path(), {}};
-    }
-  }
+  Result<UnpackedEntry> entry = Unpack(archive, name, limit, write);
+  const bool isMissing = entry && entry->isDamaged && entry->length == 0;
+  return isMissing ? Unpack(archive, name, limit, write) : entry;
 }
 
 }  // namespace quorvel

@@ -22,8 +22,8 @@ struct UnpackedEntry {
 
 // Hands the bytes of the entry `name`, whose folders end in "/", to `write`, front to back, as long
 // as that gives true. Stops as soon as the entry turns out to be longer than `limit` bytes,
-// whatever the archive says of its length: `bodyTooLarge`. `notRead` where the library had no
-// memory, `temporaryFolderFull` where `write` gave false.
+// whatever the archive says of its length: `bodyTooLarge`. `temporaryFolderFull` where `write` gave
+// false.
 [[nodiscard]] Result<UnpackedEntry> UnpackEntry(const InputBytes& archive, const std::string& name,
                                                 std::uint64_t limit,
                                                 const std::function<bool(std::string_view)>& write);

@@ -1,6 +1,7 @@
 #include "lists/keywords.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -48,6 +49,20 @@ std::optional<Fault> FaultyCharacter(std::u16string_view text,
   return Fault{FaultKind::notAllowedInKeyword,
                {},
                CharacterAt(text, static_cast<std::size_t>(fault - text.begin()))};
+}
+
+// The keywords without those that only say once more what others say. One that is given again lists
+// its contexts again, as lists in use show; any more of them are dropped, for thousands of equal
+// ones would list everything thousands of times. Those that differ in any character stay, also
+// where they match the same words.
+std::vector<ExtraKeyword> WithoutEqualOnes(const std::vector<std::u16string_view>& keywords) {
+  constexpr int MOST_EQUAL = 2;
+  std::map<std::u16string_view, int> counts;
+  std::vector<ExtraKeyword> list;
+  for (const std::u16string_view keyword : keywords) {
+    if (++counts[keyword] <= MOST_EQUAL) list.push_back(ExtraKeywordOf(keyword));
+  }
+  return list;
 }
 
 bool HasManyPlusSigns(std::u16string_view keyword) {
@@ -138,12 +153,8 @@ Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,
     return Fault{FaultKind::manyPlusSigns, {}, {}};
   }
   std::sort(keywords.begin(), keywords.end());
-  std::vector<ExtraKeyword> list;
-  list.reserve(keywords.size());
-  for (const std::u16string_view keyword : keywords) {
-    list.push_back(ExtraKeywordOf(MakeSingular(keyword)));
-  }
-  return ExtraKeywordList(std::move(list));
+  std::transform(keywords.begin(), keywords.end(), keywords.begin(), MakeSingular);
+  return ExtraKeywordList(WithoutEqualOnes(keywords));
 }
 
 }  // namespace quorvel

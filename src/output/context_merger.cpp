@@ -1,6 +1,7 @@
 #include "output/context_merger.h"
 
 #include <bit>
+#include <utility>
 
 #include "util/text_hash.h"
 
@@ -15,51 +16,110 @@
 // place of the current occurrence, where no context is stored so far: it never
 // takes effect, and lists in use show higher counts.
 
+// While a text stands for less than all of itself it is stored again each time that it occurs. All
+// its copies are marked by the same contexts, so only the first one is counted and the others
+// follow it in the end; and once a text is marked, it has no further copy.
+
 namespace quorvel {
 
 // One slot for each occurrence at most, and where base texts can change one more for
-// each that is marked; half of the slots stay free.
+// each base text; half of the slots stay free.
 void ContextMerger::Start(std::int32_t occurrences) {
   contexts_.clear();
+  names_.clear();
+  cutBefore_.clear();
+  copies_.clear();
   const std::size_t used = static_cast<std::size_t>(occurrences) * (markersInText_ ? 2 : 1);
   slots_.assign(std::bit_ceil(2 * used), {});
 }
 
 void ContextMerger::Add(std::string_view context) {
-  const std::uint32_t hash = HashOf(context);
-  const std::size_t mask = slots_.size() - 1;
-  bool found = false;
-  for (std::size_t i = hash & mask; slots_[i].context != FREE; i = (i + 1) & mask) {
-    const Slot slot = slots_[i];
-    if (slot.hash != hash) continue;
-    if (BaseText(contexts_[static_cast<std::size_t>(slot.context)]) != context) continue;
-    found = true;
-    if (countRepeats_) CountRepeat(slot.context);
+  if (markersInText_) {
+    AddByNames(context);
+  } else {
+    AddPlain(context);
   }
-  if (found) return;
-  const auto place = static_cast<std::int32_t>(contexts_.size());
-  const MergedContext& added = contexts_.emplace_back(MergedContext{context, 0});
-  const std::string_view base = BaseText(added);
-  Insert(base.size() == context.size() ? hash : HashOf(base), place);
 }
 
-std::string_view ContextMerger::BaseText(const MergedContext& context) const {
-  if (!markersInText_ || context.repeats > 0) return context.text;
-  return context.text.substr(0, context.text.rfind(REPEAT_MARKER_START));
+const std::vector<MergedContext>& ContextMerger::Contexts() {
+  for (const Copy& copy : copies_) {
+    contexts_[static_cast<std::size_t>(copy.place)].repeats =
+        contexts_[static_cast<std::size_t>(copy.original)].repeats;
+  }
+  return contexts_;
 }
 
-void ContextMerger::Insert(std::uint32_t hash, std::int32_t context) {
+// The place of the text among `texts`; NONE, to be set, for one that is not there.
+template <typename Texts>
+std::int32_t& ContextMerger::PlaceOf(std::string_view text, const Texts& texts) {
+  const std::uint32_t hash = HashOf(text, seed_);
   const std::size_t mask = slots_.size() - 1;
   std::size_t i = hash & mask;
-  while (slots_[i].context != FREE) i = (i + 1) & mask;
-  slots_[i] = {hash, context};
+  for (; slots_[i].place != NONE; i = (i + 1) & mask) {
+    const Slot& slot = slots_[i];
+    if (slot.hash == hash && texts[static_cast<std::size_t>(slot.place)].text == text) break;
+  }
+  slots_[i].hash = hash;
+  return slots_[i].place;
 }
 
-void ContextMerger::CountRepeat(std::int32_t context) {
-  MergedContext& merged = contexts_[static_cast<std::size_t>(context)];
-  const std::size_t oldBase = BaseText(merged).size();
-  ++merged.repeats;
-  if (oldBase != merged.text.size()) Insert(HashOf(merged.text), context);
+void ContextMerger::AddPlain(std::string_view context) {
+  std::int32_t& place = PlaceOf(context, contexts_);
+  if (place == NONE) {
+    place = static_cast<std::int32_t>(contexts_.size());
+    contexts_.push_back({context, 0});
+  } else if (countRepeats_) {
+    ++contexts_[static_cast<std::size_t>(place)].repeats;
+  }
+}
+
+void ContextMerger::AddByNames(std::string_view context) {
+  const std::size_t name = NameOf(context);
+  if (!CountByName(name)) Store(context, name);
+}
+
+// Counts one occurrence more for all contexts whose base text this is. False when there is none.
+bool ContextMerger::CountByName(std::size_t name) {
+  Name& named = names_[name];
+  bool found = named.cut != NONE;
+  if (named.whole != NONE) {
+    MergedContext& whole = contexts_[static_cast<std::size_t>(named.whole)];
+    if (whole.repeats > 0 || whole.text.rfind(REPEAT_MARKER_START) == std::string_view::npos) {
+      found = true;
+      if (countRepeats_) ++whole.repeats;
+    }
+  }
+  if (!countRepeats_) return found;
+  // From now on they stand for all of their text.
+  for (std::int32_t cut = std::exchange(named.cut, NONE); cut != NONE;
+       cut = cutBefore_[static_cast<std::size_t>(cut)]) {
+    contexts_[static_cast<std::size_t>(cut)].repeats = 1;
+  }
+  return found;
+}
+
+std::size_t ContextMerger::NameOf(std::string_view text) {
+  std::int32_t& place = PlaceOf(text, names_);
+  if (place == NONE) {
+    place = static_cast<std::int32_t>(names_.size());
+    names_.push_back({text});
+  }
+  return static_cast<std::size_t>(place);
+}
+
+void ContextMerger::Store(std::string_view context, std::size_t name) {
+  const auto place = static_cast<std::int32_t>(contexts_.size());
+  contexts_.push_back({context, 0});
+  cutBefore_.push_back(NONE);
+  if (names_[name].whole != NONE) {
+    copies_.push_back({place, names_[name].whole});
+    return;
+  }
+  names_[name].whole = place;
+  const std::size_t marker = context.rfind(REPEAT_MARKER_START);
+  if (marker == std::string_view::npos) return;
+  Name& base = names_[NameOf(context.substr(0, marker))];
+  cutBefore_.back() = std::exchange(base.cut, place);
 }
 
 std::string TextWithMarker(const MergedContext& context) {

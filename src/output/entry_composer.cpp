@@ -21,7 +21,8 @@ EntrySource::EntrySource(std::string_view text, const EntryOptions& options)
       cutter_(text, options.context) {}
 
 EntryComposer::EntryComposer(const EntrySource& source)
-    : source_(source), merger_(source.options_.showFrequencies, source.repeatMarkersInText_) {}
+    : source_(source),
+      merger_(source.options_.showFrequencies, source.repeatMarkersInText_, source.seed_) {}
 
 void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputText) {
   if (source_.options_.context.contextSize == 0) {
@@ -46,7 +47,7 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputT
 
 // With a keyword only the contexts that it asks for. The repeat marker is a word like any other.
 void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
-                                 std::string& outputText) const {
+                                 std::string& outputText) {
   std::string withMarker;
   for (const MergedContext& context : merger_.Contexts()) {
     std::string_view text = context.text;

@@ -41,6 +41,7 @@ class EntrySource {
   bool pluralMarksInText_;
   bool repeatMarkersInText_;
   ContextCutter cutter_;
+  HashSeed seed_ = RandomHashSeed();
 };
 
 class EntryComposer {
@@ -58,7 +59,7 @@ class EntryComposer {
  private:
   void GatherContexts(const WordEntry& entry);
   void EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
-                    std::string& outputText) const;
+                    std::string& outputText);
 
   const EntrySource& source_;
   ContextMerger merger_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "run/fault_texts.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -14,14 +15,14 @@ Message YesOrNo(std::string text, std::string title, Icon icon, Answer preset) {
 }
 
 bool WishesToScanAnyway(const std::string& path, Conversation& ui) {
-  return ui.Ask(YesOrNo("Invalid checksum found when processing\r\n" + path +
+  return ui.Ask(YesOrNo("Invalid checksum found when processing\r\n" + VisibleName(path) +
                             "\r\nDo you wish to scan this file anyway?",
                         "Error", Icon::exclamation, Answer::yes)) == Answer::yes;
 }
 
 bool WishesToScanBigFile(const std::string& path, Conversation& ui) {
   const char* const title = "Big file";
-  const std::string text = path +
+  const std::string text = VisibleName(path) +
                            "\r\nis rather large.  It may take awhile to scan.\r\n"
                            "Do you wish to continue?";
   if (ui.Ask(YesOrNo(text, title, Icon::none, Answer::no)) == Answer::yes) return true;
@@ -52,16 +53,16 @@ bool ReallyWishesToStop(Conversation& ui) {
   return false;
 }
 
-// The text of a document whose body goes through this folder. Lets go of its bytes once that is
+// The text of a document whose body goes through this file. Lets go of its bytes once that is
 // unpacked.
-Result<std::string> TextThroughFolder(InputBytes document, const TemporaryFolder& folder,
-                                      const BodyLimits& limits, Conversation& ui) {
+Result<std::string> TextThroughFile(InputBytes document, const TemporaryFile& file,
+                                    const BodyLimits& limits, Conversation& ui) {
   const std::string path = document.Path();
-  const Result<UnpackedBody> body = UnpackDocumentBody(document, folder, limits);
+  const Result<UnpackedBody> body = UnpackDocumentBody(document, file, limits);
   document = {};
   if (!body) return body.Why();
   if (std::optional<Fault> fault = SettleBody(*body, path, limits, ui)) return *std::move(fault);
-  const Result<std::string> xml = ReadFileBytes(folder.EntryPath(), limits.hard);
+  const Result<std::string> xml = file.ReadBack(limits.hard);
   if (!xml) return Fault{FaultKind::notRead, path, xml.Why().reason};
   DocumentRuns runs(*xml);
   while (!runs.Read(ui)) {
@@ -73,9 +74,9 @@ Result<std::string> TextThroughFolder(InputBytes document, const TemporaryFolder
 std::optional<std::string> ReadWordDocument(InputBytes document, const BodyLimits& limits,
                                             bool& inputIsUtf8, Conversation& ui) {
   ui.BeginPhase("Extracting text");
-  TemporaryFolder folder("QVL", BODY_ENTRY);
-  Result<std::string> text = TextThroughFolder(std::move(document), folder, limits, ui);
-  if (const std::optional<Fault> stayed = folder.Remove()) ui.Ask(MessageOf(*stayed));
+  TemporaryFile file("QVL", BODY_ENTRY);
+  Result<std::string> text = TextThroughFile(std::move(document), file, limits, ui);
+  if (const std::optional<Fault> stayed = file.Remove()) ui.Ask(MessageOf(*stayed));
   if (!text) {
     if (text.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(text.Why()));
     return std::nullopt;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "files/path_names.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -78,8 +79,9 @@ Message MessageOf(const Fault& fault) {
       std::find_if(FAULT_TEXTS.begin(), FAULT_TEXTS.end(),
                    [&fault](const FaultText& one) { return one.kind == fault.kind; });
   if (found == FAULT_TEXTS.end()) return {fault.reason};
-  Message message = {Filled(found->text, fault.file.empty() ? fault.reason : fault.file),
-                     found->title, found->icon};
+  Message message = {
+      Filled(found->text, VisibleName(fault.file.empty() ? fault.reason : fault.file)),
+      found->title, found->icon};
   if (fault.kind == FaultKind::notAllowedInStopWord && fault.reason == ",") {
     message.text += "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
   }

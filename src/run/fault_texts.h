@@ -6,6 +6,9 @@
 
 namespace quorvel {
 
+// What is said where the memory does not suffice; " for", the file, and "." follow.
+inline constexpr const char* NOT_ENOUGH_MEMORY = "There is not enough memory";
+
 // The message box about a fault of an input, a document, a temporary folder or of words that were
 // typed. Not for `stopped`, of which the user knows, nor for `wouldReplace` and `notWritten`, of
 // which whoever wanted the file says in which one: of these it holds the bare reason.

@@ -1,6 +1,9 @@
 #include "run/index_use.h"
 
+#include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <future>
 #include <utility>
@@ -8,8 +11,11 @@
 #include "engine/index_file.h"
 #include "files/digest.h"
 #include "files/path_names.h"
+#include "input/document.h"
+#include "input/docx_text.h"
 #include "run/waiting.h"
 #include "util/ansi.h"
+#include "util/beside.h"
 
 namespace quorvel {
 namespace {
@@ -20,23 +26,79 @@ bool WantsIndex(std::string_view date, Conversation& ui) {
   return ui.Ask({text, "Index file found", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
 }
 
+// An index file: what it says of itself, and the rest only when that may belong to the input.
+class IndexReading {
+ public:
+  explicit IndexReading(const std::string& path)
+      : file_(path), head_(HeadOfIndexFile(file_.Begin(INDEX_HEAD_LENGTH))) {}
+
+  // Does not wait for a table that nobody wants any more.
+  ~IndexReading() { wanted_ = false; }
+
+  IndexReading(const IndexReading&) = delete;
+  IndexReading& operator=(const IndexReading&) = delete;
+
+  // A device or a pipe is none.
+  [[nodiscard]] bool IsThere() const { return !file_.Why(); }
+
+  // Whether all that is known before the rest is read speaks for an index of this input. What is
+  // too long for one would cost time and memory in vain.
+  [[nodiscard]] bool MayBeOf(const InputBytes& input) const {
+    const std::uint64_t textLength =
+        IsWordDocument(input) ? BodyLimits{}.hard : std::uint64_t{input.View().size()};
+    return file_.Length() <= std::min(LongestIndexFile(textLength), LONGEST_INPUT) &&
+           IsDigest(head_.digest);
+  }
+
+  [[nodiscard]] const IndexHead& Head() const { return head_; }
+
+  // Begins to read the rest and to take it apart, where the system has a thread for that.
+  void BeginRest() {
+    if (!table_.valid()) table_ = DoBeside([this] { return ReadTable(); });
+  }
+
+  // The table in it; nothing when it cannot be used or a stop was requested.
+  [[nodiscard]] std::optional<WordTable> Table(Progress& progress) {
+    BeginRest();
+    const auto isThere = [this](std::chrono::milliseconds patience) {
+      return table_.wait_for(patience) != std::future_status::timeout;
+    };
+    return WaitUntil(isThere, progress) ? table_.get() : std::nullopt;
+  }
+
+ private:
+  std::optional<WordTable> ReadTable() {
+    const auto goesOn = [this] { return wanted_.load(); };
+    const Result<InputBytes> bytes = file_.ReadAll({}, goesOn);
+    return bytes ? TableOfIndexFile(bytes->View(), goesOn) : std::nullopt;
+  }
+
+  FileToRead file_;
+  IndexHead head_;
+  std::atomic<bool> wanted_ = true;
+  std::future<std::optional<WordTable>> table_;  // its end waits for the thread, so it goes first
+};
+
 }  // namespace
 
+// What an index holds is taken apart beside the digest, if that is not there yet; looked at only
+// when it fits.
 std::optional<WordsAtHand> ReadIndexFile(const InputBytes& input, const InputDigest& digest,
                                          bool ask, Conversation& ui) {
-  const Result<InputBytes> index = ReadInput(DefaultIndexFileName(input.Path()), ui);
-  if (!index) return std::nullopt;
-  // Beside the digest, where the system has threads for both; looked at only when that fits.
-  std::future<std::optional<WordTable>> table =
-      std::async([&index] { return TableOfIndexFile(index->View()); });
-  const IndexHead head = HeadOfIndexFile(index->View());
-  if (!WaitFor(digest, ui)) return std::nullopt;
-  if (digest.Text().empty() || head.digest != digest.Text()) {
+  IndexReading index(DefaultIndexFileName(input.Path()));
+  if (!index.IsThere()) return std::nullopt;
+  bool fits = index.MayBeOf(input);
+  if (fits) {
+    if (!digest.IsThere(std::chrono::milliseconds(0))) index.BeginRest();
+    if (!WaitFor(digest, ui)) return std::nullopt;
+    fits = index.Head().digest == digest.Text();
+  }
+  if (!fits) {
     ShowBadIndexFile(ui);
     return std::nullopt;
   }
-  if (ask && !WantsIndex(head.date, ui)) return std::nullopt;
-  std::optional<WordTable> words = table.get();
+  if (ask && !WantsIndex(index.Head().date, ui)) return std::nullopt;
+  std::optional<WordTable> words = index.Table(ui);
   if (!words) return std::nullopt;
   return WordsAtHand{input.Path(), input.Stamp(), digest.Text(),
                      std::make_shared<const WordTable>(*std::move(words)), true};
@@ -46,7 +108,7 @@ std::optional<Fault> CreateIndexFile(const ListedWords& words, const FilesToKeep
                                      Conversation& ui) {
   const DocumentSource& source = words.words.document->source;
   const std::string target = DefaultIndexFileName(source.path);
-  OutputFile file(target, kept);
+  OutputFile file(target, kept, Targets::ordinaryFiles);
   file.Write(IndexFileBytes(words, source.digest->Text(), std::time(nullptr)));
   ui.YieldAtOnce();
   if (file.Commit()) return std::nullopt;

@@ -7,6 +7,7 @@
 #include "files/path_names.h"
 #include "run/fault_texts.h"
 #include "util/time_text.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -24,15 +25,20 @@ void Inform(Conversation& ui, const std::string& text, const std::string& title)
 
 // The message about a file that was read but is no text; empty when it is one.
 std::string FatalMessage(FileKind kind, const std::string& path) {
+  const std::string file = "File " + VisibleName(path);
   switch (kind) {
     case FileKind::empty:
-      return "File " + path + " is zero-length.";
+      return file + " is zero-length.";
     case FileKind::oneToFourBytes:
-      return "File " + path + "\r\ncontains only from 1 to 4 bytes.";
+      return file + "\r\ncontains only from 1 to 4 bytes.";
     case FileKind::rtf:
-      return "File " + path + "\r\nis an RTF file.";
+      return file + "\r\nis an RTF file.";
     case FileKind::otherUnicode:
-      return "File " + path + "\r\nis a Unicode file but not UTF-8 encoded.";
+      return file + "\r\nis a Unicode file but not UTF-8 encoded.";
+    case FileKind::compound:
+      return file +
+             "\r\nis an encrypted or older word-processor file.\r\n"
+             "Open it in a word processor and save it without a password as DOCX.";
     default:
       return {};
   }
@@ -49,7 +55,8 @@ void TellUnread(const Fault& fault, bool quiet, Conversation& ui) {
 
 void ShowMacNotice(const std::string& path, Conversation& ui) {
   Inform(ui,
-         "File " + path + "\r\nhas Macintosh-type line endings (CR).\r\n\r\nYou might wish to use" +
+         "File " + VisibleName(path) +
+             "\r\nhas Macintosh-type line endings (CR).\r\n\r\nYou might wish to use" +
              ADVICE_HEAD + ADVICE_END,
          "This is a Mac-style text file");
 }
@@ -59,7 +66,7 @@ void ShowMacNotice(const std::string& path, Conversation& ui) {
 bool AcceptUnixFile(const InputBytes& input, bool askToContinue, Conversation& ui) {
   const std::int64_t size = std::ssize(input.View());
   if (size <= UNIX_WARNED_ABOVE) return true;
-  const std::string head = "File " + input.Path() +
+  const std::string head = "File " + VisibleName(input.Path()) +
                            "\r\nhas Unix-type line endings (LF).\r\n\r\nThe size of this file is " +
                            SizeText(size) + "\r\n";
   if (size > UNIX_REFUSED_ABOVE) {
@@ -126,6 +133,13 @@ InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& inp
     check.kind = FileKind::notText;
   }
   return check;
+}
+
+bool PassesOwnFilesGate(const std::string& path, Conversation& ui) {
+  const char* const title = "Invalid input";
+  if (IsConcordanceFileName(path)) ui.Tell("This is an QVL concordance file.", title);
+  if (IsIndexFileName(path)) ui.Tell("This is an QVL index file.", title);
+  return !IsConcordanceFileName(path) && !IsIndexFileName(path);
 }
 
 bool PassesExtensionGate(const std::string& path, const std::string& title, Conversation& ui) {

@@ -28,6 +28,9 @@ struct InputCheck {
                                         const CheckOptions& options, bool& macNoticeShown,
                                         Conversation& ui);
 
+// Whether `path` names no file that the program itself writes; else the user is told.
+[[nodiscard]] bool PassesOwnFilesGate(const std::string& path, Conversation& ui);
+
 // The gate at the start of a run: only text files, DOCX files and web pages pass,
 // told by name alone. `title` is that of the message for all others.
 [[nodiscard]] bool PassesExtensionGate(const std::string& path, const std::string& title,

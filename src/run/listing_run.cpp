@@ -11,6 +11,7 @@
 #include "output/occurrence_rows.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -18,7 +19,8 @@ namespace {
 // The question before an existing file is replaced.
 bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui) {
   if (!target.asksBeforeReplacing || !FileExists(target.path)) return true;
-  const std::string text = "A " + LowerAscii(OutputName(mode)) + " \r\n" + target.path +
+  const std::string text = "A " + LowerAscii(OutputName(mode)) + " \r\n" +
+                           VisibleName(target.path) +
                            "\r\nalready exists.  Do you wish to overwrite it?";
   return ui.Ask({text, "File exists", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
 }
@@ -53,7 +55,7 @@ class ResultWriter {
   // Behind `end`, a last piece, nothing follows.
   ResultWriter(const ListingTarget& target, std::string begin, std::string_view end)
       : sink_(target.sink), bytes_(std::move(begin)), end_(end) {
-    if (!sink_) file_.emplace(target.path, target.kept);
+    if (!sink_) file_.emplace(target.path, target.kept, target.targets);
   }
 
   // False once anything has failed.
@@ -199,7 +201,11 @@ class ListingRun {
   bool Commit() {
     report_.written = writer_->Commit(ui_);
     report_.fileFault = writer_->Why();
-    if (!report_.written) report_.outcome = ListingOutcome::failed;
+    if (!report_.written) {
+      // A reader that does not take the rest of a stopped listing is none of its failures.
+      const bool isStop = target_.sink && ui_.StopRequested();
+      report_.outcome = isStop ? ListingOutcome::stopped : ListingOutcome::failed;
+    }
     return report_.written;
   }
 

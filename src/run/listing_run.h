@@ -34,6 +34,7 @@ struct ListingTarget {
   bool isSilent = false;    // of a file that is written, or cannot be, nothing is said
   bool asksBeforeReplacing = false;
   FilesToKeep kept;
+  Targets targets = Targets::all;
   ByteSink sink;  // where set, the bytes go here and no file is written
 };
 

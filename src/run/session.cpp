@@ -1,47 +1,52 @@
 #include "run/session.h"
 
-#include <new>
 #include <utility>
 
 #include "files/file_system.h"
 #include "files/path_names.h"
-#include "run/outputs.h"
+#include "run/fault_texts.h"
 #include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
 #include "run/word_lists.h"
+#include "util/visible_text.h"
 
 // The settings, the input and the word lists of a session. Its runs stand in session_run.cpp.
 
 namespace quorvel {
 
-Session::Session(Conversation& ui, SessionOptions options)
-    : ui_(ui), options_(std::move(options)) {}
-
-bool Session::Enter(const std::function<void()>& work) {
-  try {
-    work();
-    return true;
-  } catch (const std::bad_alloc&) {
-    DropValues();
-    ui_.CountSeconds(false);
-    ui_.SetOutput("");
-    ClearCounts();
-    ui_.Tell("There is not enough memory for this input file.", STANDARD_TITLE);
-    return false;
-  }
+Session::Session(Conversation& ui, SessionOptions options) : ui_(ui), options_(std::move(options)) {
+  constexpr std::size_t TEXT = 64;
+  constexpr std::size_t LONGEST_PATH = 4096;
+  memoryMessage_.text.reserve(TEXT + LONGEST_PATH);
 }
 
-RestoredState Session::LoadSettings(const std::string& path, bool starting) {
-  RestoredState restored;
-  Enter([&] {
-    KeepSettingsFile(path.empty() ? StateFilePath() : path);
-    restored = RestoreSavedState(settings_, path, starting);
+// Asks for no memory itself, as long as the path has its room.
+void Session::EndWithoutMemory(const std::string& file) {
+  DropValues();
+  ui_.CountSeconds(false);
+  ui_.SetOutput("");
+  ClearCounts();
+  memoryMessage_.text.assign(NOT_ENOUGH_MEMORY);
+  if (!file.empty()) memoryMessage_.text.append(" for\r\n").append(file);
+  memoryMessage_.text += '.';
+  ui_.Ask(memoryMessage_);
+}
+
+std::optional<RestoredState> Session::LoadSettings(const std::string& path, bool starting) {
+  std::optional<RestoredState> restored;
+  std::string file;
+  Enter(path.empty() ? file : path, [&] {
+    file = path.empty() ? StateFilePath() : path;
+    ConcordanceSettings settings = settings_;
+    restored = RestoreSavedState(settings, path, starting);
+    settings_ = std::move(settings);
+    settingsFile_ = std::move(file);
   });
   return restored;
 }
 
 void Session::TakeLoadedSettings() {
-  Enter([this] {
+  Enter(settings_.stopWordsFile, [this] {
     const std::string& path = settings_.stopWordsFile;
     EraseSearchWords(lists_.keywords);
     lists_.stopWords.loaded = false;
@@ -52,10 +57,16 @@ void Session::TakeLoadedSettings() {
 }
 
 std::optional<std::string> Session::SaveSettings(const std::string& path) {
-  const FilesToKeep kept = FilesOfSettings();
-  const Output output = {"settings file", path.empty() ? StateFilePath() : path};
-  if (!CheckOutputs({output}, kept, ui_)) return std::nullopt;
-  return SaveState(settings_, path, kept);
+  std::optional<std::string> errorText;
+  std::string file;
+  Enter(path.empty() ? file : path, [&] {
+    file = path.empty() ? StateFilePath() : path;
+    const FilesToKeep kept = FilesOfSettings();
+    if (quorvel::CheckOutputs({{"settings file", file}}, kept, ui_)) {
+      errorText = SaveState(settings_, path, kept);
+    }
+  });
+  return errorText;
 }
 
 FilesToKeep Session::FilesOfSettings() const {
@@ -71,7 +82,7 @@ FilesToKeep Session::FilesOfRun() const {
 }
 
 void Session::SetInput(InputOrigin origin) {
-  Enter([this, origin] {
+  Enter(settings_.inputFile, [this, origin] {
     DropValues();
     ui_.SetOutput("");
     ClearCounts();
@@ -83,12 +94,8 @@ void Session::SetInput(InputOrigin origin) {
 // Tells the user what stands in the way of the input; then it leaves the settings.
 bool Session::CheckChosenInput() {
   const std::string path = settings_.inputFile;
-  if (IsConcordanceFileName(path)) {
-    RefuseInput("This is an QVL concordance file.", "Invalid input");
-    return false;
-  }
-  if (IsIndexFileName(path)) {
-    RefuseInput("This is an QVL index file.", "Invalid input");
+  if (!PassesOwnFilesGate(path, ui_)) {
+    settings_.inputFile.clear();
     return false;
   }
   const bool isDocx = LowerExtensionOf(path) == "docx";
@@ -103,17 +110,13 @@ bool Session::CheckChosenInput() {
   }
   settings_.inputIsUtf8 = check.isUtf8;
   if (isDocx && !IsWordDocument(*input)) {
-    RefuseInput("The file " + path +
-                    "\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' file.",
-                STANDARD_TITLE);
+    ui_.Tell("The file " + VisibleName(path) +
+                 "\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' file.",
+             STANDARD_TITLE);
+    settings_.inputFile.clear();
     return false;
   }
   return true;
-}
-
-void Session::RefuseInput(const std::string& text, const char* title) {
-  ui_.Tell(text, title);
-  settings_.inputFile.clear();
 }
 
 // Looks at what an input brings that can be used.
@@ -133,7 +136,8 @@ void Session::FollowInput(InputOrigin origin) {
 }
 
 void Session::LoadWordsAtHand(bool ask) {
-  Enter([this, ask] {
+  const std::string index = DefaultIndexFileName(settings_.inputFile);
+  Enter(index, [this, ask] {
     const Result<InputBytes> input = InputNow();
     if (input) atHand_ = ReadIndexFile(*input, *DigestOf(*input), ask, ui_);
   });
@@ -175,8 +179,10 @@ void Session::DropWordsAtHand() { atHand_.reset(); }
 
 bool Session::ReadNamedStopWords() {
   const StopWordList& list = lists_.stopWords;
-  const std::string path = settings_.stopWordsFile;
-  return list.loaded || path.empty() || ReadStopWordsFile(path, lists_.stopWords, ui_);
+  const std::string& path = settings_.stopWordsFile;
+  bool read = list.loaded || path.empty();
+  if (!read) Enter(path, [&] { read = ReadStopWordsFile(path, lists_.stopWords, ui_); });
+  return read;
 }
 
 void Session::ClearCounts() {

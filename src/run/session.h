@@ -6,8 +6,8 @@
 // decided here and below; the front end fills the settings and shows what comes of it.
 #pragma once
 
-#include <functional>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -20,6 +20,7 @@
 #include "run/index_use.h"
 #include "run/input_check.h"
 #include "run/listing_run.h"
+#include "run/outputs.h"
 #include "settings/settings.h"
 #include "settings/settings_file.h"
 
@@ -38,8 +39,10 @@ enum class RunOutcome {
 struct SessionOptions {
   OutputFormat outputFormat = OutputFormat::text;
   EncodingChoice encodingChoice = EncodingChoice::confirm;
-  bool listsOnce = false;    // the words of a run are listed at its end and then not again
-  ByteSink outputSink = {};  // where set, the bytes of the listing go here and to no file
+  Targets targets = Targets::ordinaryFiles;  // which the listing may be written to
+  bool listsOnce = false;     // the words of a run are listed at its end and then not again
+  ByteSink outputSink = {};   // where set, the bytes of the listing go here and to no named file
+  std::string sinkPath = {};  // of the file behind the sink, if any: it is an output like others
 };
 
 class Session {
@@ -51,23 +54,33 @@ class Session {
   [[nodiscard]] ConcordanceSettings& Settings() { return settings_; }
   [[nodiscard]] WordLists& Lists() { return lists_; }
 
-  // Does some work for the user. Where the memory does not suffice for it, they are told, what the
-  // runs have made is dropped, and it gives false; the session goes on. Every entry of a front end
-  // comes through here.
-  bool Enter(const std::function<void()>& work);
+  // Does some work for the user, on `file`. Where the memory does not suffice for it, they are told
+  // so with the name of the file, what the runs have made is dropped, and it gives false; the
+  // session goes on. Every entry of a front end comes through here.
+  template <typename Work>
+  bool Enter(const std::string& file, const Work& work) {
+    try {
+      work();
+      return true;
+    } catch (const std::bad_alloc&) {
+      EndWithoutMemory(file);
+      return false;
+    }
+  }
 
   // Names the settings file that the session starts from: no output may replace it.
   void KeepSettingsFile(const std::string& path) { settingsFile_ = path; }
 
-  // Reads settings from a file as RestoreSavedState does, and starts from them.
-  [[nodiscard]] RestoredState LoadSettings(const std::string& path, bool starting);
+  // Reads settings from a file as RestoreSavedState does, and starts from them. Nothing, and the
+  // settings are as they were, where the memory did not suffice; the user has been told.
+  [[nodiscard]] std::optional<RestoredState> LoadSettings(const std::string& path, bool starting);
 
   // The settings are others as a whole: no word list that was read before is theirs. Stop words go
   // with the input that is yet to be set, but those of all six languages stay in use.
   void TakeLoadedSettings();
 
   // Writes the settings as SaveState does, and gives what that gives; but over none of the files
-  // that they name: nothing then, and the user has been told.
+  // that they name, and not without memory: nothing then, and the user has been told.
   [[nodiscard]] std::optional<std::string> SaveSettings(const std::string& path);
 
   enum class InputOrigin { chosen, restored };
@@ -90,6 +103,10 @@ class Session {
   // not be done; the user has been told.
   [[nodiscard]] bool ReadNamedStopWords();
 
+  // Whether the outputs of a run would replace nothing that must stay; else the user has been told.
+  // The run asks that itself; this is for who reads other files before it.
+  [[nodiscard]] bool CheckOutputs() { return CheckOutputsOfRun(WantsIndex()); }
+
   // Checks the settings, reads and scans the input, lists its words and writes the output file.
   RunOutcome RunConcordance();
 
@@ -106,10 +123,10 @@ class Session {
  private:
   [[nodiscard]] FilesToKeep FilesOfSettings() const;
   [[nodiscard]] FilesToKeep FilesOfRun() const;
+  [[nodiscard]] Output ListingOutput() const;
   [[nodiscard]] bool WantsIndex() const;
 
   bool CheckChosenInput();
-  void RefuseInput(const std::string& text, const char* title);
   void FollowInput(InputOrigin origin);
   void LoadWordsAtHand(bool ask);
   [[nodiscard]] Result<InputBytes> InputNow();
@@ -136,8 +153,10 @@ class Session {
   void ShowWordCounts();
   void ClearCounts();
   void DropValues();
+  void EndWithoutMemory(const std::string& file);
 
   Conversation& ui_;
+  Message memoryMessage_;  // with room for a path
   SessionOptions options_;
   ConcordanceSettings settings_;
   WordLists lists_;

@@ -40,7 +40,7 @@ RunOutcome OutcomeOf(ListingOutcome listing) {
 
 RunOutcome Session::RunConcordance() {
   RunOutcome outcome = RunOutcome::refused;
-  const bool done = Enter([this, &outcome] {
+  const bool done = Enter(settings_.inputFile, [this, &outcome] {
     ui_.OfferStop(true);
     ui_.CountSeconds(true);
     const bool create = settings_.mode == Mode::create;
@@ -60,7 +60,7 @@ RunOutcome Session::RunConcordance() {
 // The options that only a listing depends on are those of now, all else is the listing's own.
 RunOutcome Session::ListAgain() {
   RunOutcome outcome = RunOutcome::nothingToList;
-  const bool done = Enter([this, &outcome] {
+  const bool done = Enter(settings_.inputFile, [this, &outcome] {
     if (listing_ == nullptr || listing_->ModeOf() != settings_.mode) return;
     settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
     outcome = RunOutcome::refused;
@@ -88,17 +88,23 @@ bool Session::CheckInput() {
   settings_.inputFile = TrimBlanks(settings_.inputFile);
   settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
   if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
-  return PassesExtensionGate(settings_.inputFile, ListButtonCaption(settings_), ui_) &&
+  return PassesOwnFilesGate(settings_.inputFile, ui_) &&
+         PassesExtensionGate(settings_.inputFile, ListButtonCaption(settings_), ui_) &&
          CheckInputReadable(settings_.inputFile, ui_);
+}
+
+Output Session::ListingOutput() const {
+  Output output = ListingOutputOf(settings_);
+  if (options_.outputSink) output.path = options_.sinkPath;
+  return output;
 }
 
 // An index is written only beside a listing.
 bool Session::CheckOutputsOfRun(bool withIndex) {
-  std::vector<Output> outputs = {ListingOutputOf(settings_)};
-  if (options_.outputSink) outputs.front().path.clear();
+  std::vector<Output> outputs = {ListingOutput()};
   const bool lists = options_.outputSink || !outputs.front().path.empty();
   if (withIndex && lists) outputs.push_back(IndexOutputOf(settings_));
-  return CheckOutputs(outputs, FilesOfRun(), ui_);
+  return quorvel::CheckOutputs(outputs, FilesOfRun(), ui_);
 }
 
 bool Session::CheckKeywords() {
@@ -261,6 +267,7 @@ RunOutcome Session::List() {
   target.isSilent = !create;
   target.asksBeforeReplacing = settings_.warnOnOverwrite;
   target.kept = FilesOfRun();
+  target.targets = options_.targets;
   target.sink = options_.outputSink;
   report_ = ListWords(*listing_, target, ui_);
   return OutcomeOf(report_.outcome);
@@ -268,7 +275,7 @@ RunOutcome Session::List() {
 
 void Session::KeepIndex() {
   FilesToKeep kept = FilesOfRun();
-  const Output listingOutput = ListingOutputOf(settings_);
+  const Output listingOutput = ListingOutput();
   kept.push_back({listingOutput.name, listingOutput.path});
   if (std::optional<Fault> fault = CreateIndexFile(*listing_->words, kept, ui_)) {
     report_.fileFault = std::move(fault);

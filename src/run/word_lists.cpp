@@ -12,6 +12,7 @@
 #include "run/input_check.h"
 #include "util/ansi.h"
 #include "util/number_words.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -49,7 +50,7 @@ using WordsOfFile = std::vector<std::u16string>;
 bool IsListFile(const std::string& path, const Result<InputBytes>& file, const WordFileTexts& texts,
                 Conversation& ui) {
   if (!file && file.Why().kind == FaultKind::missing) {
-    ui.Tell(std::string(texts.missing) + "\r\n" + path, texts.title);
+    ui.Tell(std::string(texts.missing) + "\r\n" + VisibleName(path), texts.title);
     return false;
   }
   if (!file && file.Why().kind == FaultKind::notRead) return true;
@@ -79,8 +80,9 @@ std::optional<WordsOfFile> ReadWordFile(const std::string& path, const WordFileT
   if (!IsListFile(path, file, texts, ui)) return std::nullopt;
   ui.SetOutput(std::string(texts.progress) + " ...");
   if (!file) {
-    ui.Tell("Error #" + std::to_string(file.Why().errorNumber) + " " + texts.failed + path,
-            texts.title);
+    ui.Tell(
+        "Error #" + std::to_string(file.Why().errorNumber) + " " + texts.failed + VisibleName(path),
+        texts.title);
     return std::nullopt;
   }
   Result<WordsOfFile> words = StoppableWords(file->View(), ui);
@@ -120,7 +122,7 @@ bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settin
 }
 
 std::string StopWordsLoadedText(const StopWordList& list, const std::string& path) {
-  return CountText(list) + " loaded from " + path;
+  return CountText(list) + " loaded from " + VisibleName(path);
 }
 
 void ListStopWords(const StopWordList& list, Conversation& ui) {
@@ -163,7 +165,7 @@ bool AttemptToReadSearchWords(const std::string& path, KeywordLists& lists, Conv
 }
 
 std::string KeywordsLoadedText(const KeywordLists& lists, const std::string& path) {
-  return CountText(lists) + " loaded from " + path;
+  return CountText(lists) + " loaded from " + VisibleName(path);
 }
 
 bool GetExtraKeywords(ConcordanceSettings& settings, KeywordLists& lists, Conversation& ui) {

@@ -60,6 +60,17 @@ std::string FileBytes(const ConcordanceSettings& settings) {
          NumberLine(settings.outputToFileDisabled ? 1 : 0);
 }
 
+constexpr std::size_t VALUES = 22;
+
+std::size_t LinesOf(std::string_view bytes) {
+  std::size_t lines = 0;
+  for (std::size_t end = bytes.find(LINE_END); end != std::string_view::npos;
+       end = bytes.find(LINE_END, end + LINE_END.size())) {
+    ++lines;
+  }
+  return lines;
+}
+
 // The place in a list that stands for no choice at all.
 constexpr int NO_SELECTION = -1;
 
@@ -196,13 +207,16 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
                       const FilesToKeep& kept) {
   const std::string target = path.empty() ? StateFilePath() : path;
   if (path.empty()) MakeFoldersFor(target);
-  OutputFile file(target, kept);
-  file.Write(FileBytes(settings));
+  const std::string prefix = "Error when attempting to save settings: ";
+  const std::string bytes = FileBytes(settings);
+  if (LinesOf(bytes) != VALUES) return prefix + "A name or a text holds a line end";
+  OutputFile file(target, kept, Targets::ordinaryFiles);
+  file.Write(bytes);
   if (file.Commit()) return {};
   if (file.Why()->kind == FaultKind::wouldReplace) {
     return "The settings file cannot be the same as the " + file.Why()->reason + ".";
   }
-  return "Error when attempting to save settings: " + file.Why()->reason;
+  return prefix + file.Why()->reason;
 }
 
 RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string& path,

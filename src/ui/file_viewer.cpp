@@ -11,6 +11,7 @@
 #include "files/read_file.h"
 #include "ui_file_viewer.h"
 #include "util/ansi.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -52,9 +53,10 @@ void FitToPage(QWidget& viewer, const QFont& font) {
 
 // Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
 std::string ReadStart(const std::string& path, std::string& bytes) {
-  // Reading a pipe might never end.
-  if (FileExists(path) && !IsRegularFile(path)) return "is a device or a pipe, not a file.";
   Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
+  if (!start && start.Why().kind == FaultKind::notAFile) {
+    return "is a device or a pipe, not a file.";
+  }
   if (!start) return "cannot be read: " + start.Why().reason;
   bytes = *std::move(start);
   return {};
@@ -125,13 +127,13 @@ std::u16string ViewerText(std::string_view bytes) {
 
 void ViewFile(QWidget& window, const std::string& path, const QString& caption, Conversation& ui) {
   const std::string fault = ViewerOf(window).Show(path, caption);
-  if (!fault.empty()) ui.Tell("File " + path + "\r\n" + fault, STANDARD_TITLE);
+  if (!fault.empty()) ui.Tell("File " + VisibleName(path) + "\r\n" + fault, STANDARD_TITLE);
 }
 
 void ViewHelp(QWidget& window, Conversation& ui) {
   const std::string path = DataFilePath("qvl_help.txt");
   if (!FileExists(path)) {
-    return ui.Tell("The help file is not installed:\r\n" + path, STANDARD_TITLE);
+    return ui.Tell("The help file is not installed:\r\n" + VisibleName(path), STANDARD_TITLE);
   }
   ViewFile(window, path, "Help for Quorvel", ui);
 }

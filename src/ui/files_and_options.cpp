@@ -168,7 +168,7 @@ void FilesAndOptions::cmdClearFile_Click(int index) {
 }
 
 void FilesAndOptions::SetInput(Session::InputOrigin origin) {
-  host_.work([this, origin] { session_.SetInput(origin); });
+  host_.work(session_.Settings().inputFile, [this, origin] { session_.SetInput(origin); });
   ShowSettings();
 }
 
@@ -180,8 +180,8 @@ void FilesAndOptions::TakeLoadedSettings(bool modeSelected) {
 }
 
 void FilesAndOptions::ReadKeywords() {
-  host_.work([this] {
-    std::string& path = session_.Settings().keywordsFile;
+  std::string& path = session_.Settings().keywordsFile;
+  host_.work(path, [this, &path] {
     KeywordLists& keywords = session_.Lists().keywords;
     if (AttemptToReadSearchWords(path, keywords, interface_)) return;
     EraseSearchWords(keywords);

@@ -26,7 +26,8 @@ enum FileBox { INPUT_BOX, RESULTS_BOX, KEYWORDS_BOX, CONCORDANCE_BOX, FILE_BOXES
 
 // What they want of the window around them.
 struct FilesHost {
-  std::function<void(const std::function<void()>&)> work;  // do what may take long
+  // Do what may take long, on a file.
+  std::function<void(const std::string&, const std::function<void()>&)> work;
   std::function<void()> listAgain;
   std::function<void()> showPanel;  // put the settings into the settings panel, too
 };

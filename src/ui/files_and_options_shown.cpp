@@ -125,7 +125,8 @@ void FilesAndOptions::ShowFileSizes() {
   ui_.lblInputFileSize->setText(SizeLabel("Input filesize: ", settings.inputFile));
   ui_.lblConcordanceFileSize->setText(SizeLabel("Concordance filesize: ", settings.outputFile));
   ui_.lblIndexFileSize->setText(SizeLabel("Index filesize: ", index));
-  const QString indexLabel = FileExists(index) ? "Index file: " + ShownPath(index) : "Index file:";
+  const QString indexLabel =
+      IsRegularFile(index) ? "Index file: " + ShownPath(index) : "Index file:";
   ui_.lblIndexFile->setText(indexLabel);
   ui_.lblIndexFile->setToolTip(indexLabel);
   const auto& listing = session_.CurrentListing();

@@ -55,12 +55,13 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
       .listingShown = ui_->lblListingShown,
       .findBar = findBar_});
   session_ = std::make_unique<Session>(*interface_);
-  files_ =
-      new FilesAndOptions(*ui_, *session_, *interface_,
-                          {.work = [this](const std::function<void()>& work) { run_->Work(work); },
-                           .listAgain = [this] { run_->ListAgain(); },
-                           .showPanel = [this] { panel_->ShowSettings(); }},
-                          this);
+  files_ = new FilesAndOptions(
+      *ui_, *session_, *interface_,
+      {.work = [this](const std::string& file,
+                      const std::function<void()>& work) { run_->Work(file, work); },
+       .listAgain = [this] { run_->ListAgain(); },
+       .showPanel = [this] { panel_->ShowSettings(); }},
+      this);
   panel_ = new SettingsPanel(*session_, *interface_, HostOfPanel(), this);
   run_ = std::make_unique<RunControl>(*ui_, *session_, *interface_, *files_, *panel_);
   Initialization();
@@ -73,7 +74,8 @@ MainWindow::~MainWindow() = default;
 PanelHost MainWindow::HostOfPanel() {
   return {
       .takeControls = [this] { files_->TakeControls(); },
-      .work = [this](const std::function<void()>& work) { run_->Work(work); },
+      .work = [this](const std::string& file,
+                     const std::function<void()>& work) { run_->Work(file, work); },
       .settingsReplaced = [this](bool modeSelected) { files_->TakeLoadedSettings(modeSelected); },
       .clearStopWordsOutput =
           [this] {
@@ -98,7 +100,8 @@ void MainWindow::Initialization() {
 
 void MainWindow::Start(const std::string& path) {
   ConcordanceSettings& settings = session_->Settings();
-  if (!session_->LoadSettings({}, true).errorText.empty()) InitializeVariables(settings, false);
+  const std::optional<RestoredState> state = session_->LoadSettings({}, true);
+  if (!state || !state->errorText.empty()) InitializeVariables(settings, false);
   session_->TakeLoadedSettings();
   if (!path.empty()) settings.inputFile = path;
   files_->ShowSettings();

@@ -14,7 +14,7 @@ void RunControl::cmdListWords_Click() {
   }
   files_.TakeControls();
   ui_.lblSearchResultsFileSize->clear();
-  Work([this] {
+  Work(session_.Settings().inputFile, [this] {
     session_.RunConcordance();
     files_.ShowSettings();
   });
@@ -24,16 +24,16 @@ void RunControl::cmdListWords_Click() {
 void RunControl::ListAgain() {
   files_.TakeControls();
   if (!interface_.IsWorking()) {
-    Work([this] { session_.ListAgain(); });
+    Work(session_.Settings().inputFile, [this] { session_.ListAgain(); });
   }
   files_.SetTheFocus();
 }
 
-void RunControl::Work(const std::function<void()>& work) {
+void RunControl::Work(const std::string& file, const std::function<void()>& work) {
   if (interface_.IsWorking()) return work();
   EnableControls(false);
   interface_.BeginWork();
-  session_.Enter(work);
+  session_.Enter(file, work);
   interface_.EndWork();
   EnableControls(true);
   files_.ShowWhatIsPossible();

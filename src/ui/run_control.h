@@ -31,7 +31,7 @@ class RunControl {
   void ListAgain();
 
   // Does what may take long: only the Stop button is live meanwhile, where it is offered.
-  void Work(const std::function<void()>& work);
+  void Work(const std::string& file, const std::function<void()>& work);
 
   // Asks whether to stop what is under way, and does.
   bool ConfirmStop();

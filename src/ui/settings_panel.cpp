@@ -134,7 +134,7 @@ void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
   if (!path.empty()) {
     ReplaceText(*ui_->txbStopWordsFile, ShownPath(path));
     session_.Settings().stopWordsFile = path;
-    host_.work([this, &path] {
+    host_.work(path, [this, &path] {
       StopWordList& list = session_.Lists().stopWords;
       AttemptToReadStopWords(path, session_.Settings(), list, conversation_);
     });
@@ -153,7 +153,7 @@ void SettingsPanel::cmdListStopWords_Click() {
 bool SettingsPanel::HasStopWords() {
   if (session_.Lists().stopWords.loaded || session_.Settings().stopWordsFile.empty()) return true;
   bool read = false;
-  host_.work([this, &read] {
+  host_.work(session_.Settings().stopWordsFile, [this, &read] {
     read = session_.ReadNamedStopWords();
     if (read) conversation_.SetOutput("");  // not "Reading ..." any more
   });
@@ -200,12 +200,13 @@ void SettingsPanel::LoadFromFile() {
                                                       {}, SETTINGS_FILTER);
   if (chosen.isEmpty()) return;
   host_.takeControls();
-  const RestoredState restored = session_.LoadSettings(PathOf(chosen), false);
-  if (!restored.errorText.empty()) {
-    conversation_.Tell(restored.errorText, "Load settings");
+  const std::optional<RestoredState> restored = session_.LoadSettings(PathOf(chosen), false);
+  if (!restored) return;
+  if (!restored->errorText.empty()) {
+    conversation_.Tell(restored->errorText, "Load settings");
     InitializeVariables(session_.Settings(), false);
   }
-  host_.settingsReplaced(restored.modeSelected || !restored.errorText.empty());
+  host_.settingsReplaced(restored->modeSelected || !restored->errorText.empty());
   StayAt(*ui_->cmdSaveLoadState_1);
 }
 

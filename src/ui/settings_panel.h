@@ -18,8 +18,9 @@ namespace quorvel {
 
 // What the panel wants of the main window.
 struct PanelHost {
-  std::function<void()> takeControls;                      // put its own controls into the settings
-  std::function<void(const std::function<void()>&)> work;  // do what may take long
+  std::function<void()> takeControls;  // put its own controls into the settings
+  // Do what may take long, on a file.
+  std::function<void(const std::string&, const std::function<void()>&)> work;
   std::function<void(bool modeSelected)> settingsReplaced;
   std::function<void()> clearStopWordsOutput;
   std::function<void()> quit;

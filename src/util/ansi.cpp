@@ -70,22 +70,6 @@ SequenceShape ShapeOf(std::uint8_t first) {
   return {0, 0, 0};
 }
 
-// Reads one code point at the front of `bytes`; gives its length in bytes, 0
-// when they are not UTF-8.
-std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
-  const SequenceShape shape = ShapeOf(static_cast<std::uint8_t>(bytes.front()));
-  if (shape.length == 0 || shape.length > bytes.size()) return 0;
-  codePoint = shape.firstBits;
-  for (std::size_t i = 1; i < shape.length; ++i) {
-    const auto byte = static_cast<std::uint8_t>(bytes[i]);
-    if ((byte & 0xC0U) != 0x80) return 0;
-    codePoint = (codePoint << 6U) | (byte & 0x3FU);
-  }
-  const bool surrogate = codePoint >= 0xD800 && codePoint < 0xE000;
-  const bool valid = codePoint >= shape.smallest && codePoint <= 0x10FFFF && !surrogate;
-  return valid ? shape.length : 0;
-}
-
 void AppendCodePoint(std::u16string& text, std::uint32_t codePoint) {
   if (codePoint < 0x10000) {
     text += static_cast<char16_t>(codePoint);
@@ -166,6 +150,20 @@ std::string EncodeAnsi(std::u16string_view text) {
   ReserveLarge(bytes, text.size());
   AppendAnsi(bytes, text);
   return bytes;
+}
+
+std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
+  const SequenceShape shape = ShapeOf(static_cast<std::uint8_t>(bytes.front()));
+  if (shape.length == 0 || shape.length > bytes.size()) return 0;
+  codePoint = shape.firstBits;
+  for (std::size_t i = 1; i < shape.length; ++i) {
+    const auto byte = static_cast<std::uint8_t>(bytes[i]);
+    if ((byte & 0xC0U) != 0x80) return 0;
+    codePoint = (codePoint << 6U) | (byte & 0x3FU);
+  }
+  const bool surrogate = codePoint >= 0xD800 && codePoint < 0xE000;
+  const bool valid = codePoint >= shape.smallest && codePoint <= 0x10FFFF && !surrogate;
+  return valid ? shape.length : 0;
 }
 
 std::u16string DecodeUtf8(std::string_view bytes) {

@@ -5,6 +5,8 @@
 // operations on single bytes that all such texts share.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -33,6 +35,15 @@ void AppendAnsi(std::string& bytes, std::u16string_view text);
 
 // The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
+
+// Reads the code point at the front of `bytes`, which are not empty; gives its length in bytes, 0
+// when they are not UTF-8.
+[[nodiscard]] std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint);
+
+// True for the characters that show nothing: 0 to 1F, 7F and 80 to 9F hex.
+[[nodiscard]] constexpr bool IsControl(std::uint32_t codePoint) {
+  return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+}
 
 // The UTF-8 bytes of the character at the 0-based `place`, both halves of a surrogate pair.
 [[nodiscard]] std::string CharacterAt(std::u16string_view text, std::size_t place);

@@ -1,54 +1,64 @@
 // A fast hash of a short text, for tables that live as long as a run. Its values
-// differ between machines and are never stored.
+// differ from run to run and are never stored.
+//
+// Texts come from strangers, so no text may be made to collide with others on purpose: secret
+// numbers go into both factors of every multiplication, and both halves of its product are kept.
+// Whoever does not know them cannot tell which texts share a value.
 #pragma once
 
-#include <bit>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 
+#include "util/hash_seed.h"
+
 namespace quorvel {
 
 namespace detail {
-constexpr std::uint64_t MixHash(std::uint64_t hash, std::uint64_t part) {
-  constexpr std::uint64_t MULTIPLIER = 0x9E3779B97F4A7C15U;
-  return std::rotl((hash ^ part) * MULTIPLIER, 29);
-}
+struct WideProduct {
+  std::uint64_t low = 0;
+  std::uint64_t high = 0;
+};
 
-constexpr std::uint32_t FinishHash(std::uint64_t first, std::uint64_t second) {
-  return static_cast<std::uint32_t>(MixHash(first, second) >> 16U);
+constexpr WideProduct Multiply(std::uint64_t a, std::uint64_t b) {
+  __extension__ using Wide = unsigned __int128;
+  const Wide product = static_cast<Wide>(a) * b;
+  return {static_cast<std::uint64_t>(product), static_cast<std::uint64_t>(product >> 64U)};
 }
 }  // namespace detail
 
 // Of a text that is held in two numbers.
-[[nodiscard]] constexpr std::uint32_t HashOf(std::uint64_t front, std::uint64_t back) {
-  return detail::FinishHash(detail::MixHash(0, front), back);
+[[nodiscard]] constexpr std::uint32_t HashOf(std::uint64_t front, std::uint64_t back,
+                                             const HashSeed& seed) {
+  const detail::WideProduct first = detail::Multiply(front ^ seed[0], back ^ seed[1]);
+  const detail::WideProduct last = detail::Multiply(first.low ^ seed[2], first.high ^ seed[3]);
+  return static_cast<std::uint32_t>(last.low ^ last.high);
 }
 
-// Mixes sixteen bytes a step in two halves, which the processor does side by side;
-// the last step takes the last sixteen, whether or not they were taken before.
+// Mixes sixteen bytes a step; the last step takes the last sixteen, whether or not they were taken
+// before.
 template <typename Character>
-[[nodiscard]] std::uint32_t HashOf(std::basic_string_view<Character> text) {
+[[nodiscard]] std::uint32_t HashOf(std::basic_string_view<Character> text, const HashSeed& seed) {
   constexpr std::size_t HALF = sizeof(std::uint64_t) / sizeof(Character);
   const auto unitsAt = [text](std::size_t i) {
     std::uint64_t units = 0;
     std::memcpy(&units, text.data() + i, sizeof(units));
     return units;
   };
-  std::uint64_t first = text.size();
-  std::uint64_t second = 0;
+  std::uint64_t mixed = text.size();
   if (text.size() < HALF) {
-    for (const Character ch : text) first = detail::MixHash(first, static_cast<std::uint64_t>(ch));
-  } else {
-    for (std::size_t i = 0; i + 2 * HALF < text.size(); i += 2 * HALF) {
-      first = detail::MixHash(first, unitsAt(i));
-      second = detail::MixHash(second, unitsAt(i + HALF));
-    }
-    const std::size_t last = text.size() - HALF;
-    first = detail::MixHash(first, unitsAt(last < HALF ? 0 : last - HALF));
-    second = detail::MixHash(second, unitsAt(last));
+    std::uint64_t units = 0;
+    std::memcpy(&units, text.data(), text.size() * sizeof(Character));
+    return HashOf(units, mixed, seed);
   }
-  return detail::FinishHash(first, second);
+  for (std::size_t i = 0; i + 2 * HALF < text.size(); i += 2 * HALF) {
+    const detail::WideProduct step =
+        detail::Multiply(unitsAt(i) ^ seed[0], unitsAt(i + HALF) ^ seed[1] ^ mixed);
+    mixed = step.low ^ step.high;
+  }
+  const std::size_t last = text.size() - HALF;
+  return HashOf(unitsAt(last < HALF ? 0 : last - HALF), unitsAt(last) ^ mixed, seed);
 }
 
 }  // namespace quorvel

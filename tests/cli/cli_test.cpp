@@ -66,6 +66,9 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"empty output name", "a.txt -o ''", 2,
        "quorvel-cli: --output: a file name is needed\n"
        "quorvel-cli --help tells the options.\n"},
+      {"a concordance", "b.QVL.conc.txt", 1,
+       "quorvel-cli: b.QVL.conc.txt: This is an QVL concordance file.\n"},
+      {"an index", "i.qvl.ndx", 1, "quorvel-cli: i.qvl.ndx: This is an QVL index file.\n"},
       {"no input", "", 1, "quorvel-cli: Input file not specified.\n"},
       {"several lines", "a.log", 1,
        "quorvel-cli: a.log: This program acts only on text files, Word DOCX files and HTML "
@@ -82,7 +85,8 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
   for (const auto& [name, arguments, status, errors] : rows) {
     SCOPED_TRACE(name);
     const TestFolder folder;
-    for (const char* file : {"a.txt", "a.log", "i.txt"}) (void)folder.Write(file, text);
+    for (const char* file : {"a.txt", "a.log", "i.txt", "b.QVL.conc.txt"})
+      (void)folder.Write(file, text);
     std::filesystem::create_directory(folder.Path("i.qvl.ndx"));
     (void)folder.Write("k.txt", "/* one */\r\ndog\r\n");
     (void)folder.Write("short.txt", "a b c d\r\n");
@@ -93,6 +97,29 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
     EXPECT_EQ(RunCli(folder, arguments), status);
     EXPECT_EQ(Said(folder), errors);
     EXPECT_EQ(folder.Read("a.txt"), text);
+  }
+}
+
+TEST(CommandLine, WantsANameWhereItTakesAFile) {
+  const std::pair<const char*, std::string> options[] = {{"", "INPUT"},
+                                                         {"-o", "--output"},
+                                                         {"-s", "--settings"},
+                                                         {"--save-settings", "--save-settings"},
+                                                         {"-k", "--keywords-file"},
+                                                         {"--stop-words", "--stop-words"}};
+  for (const auto& [option, name] : options) {
+    std::vector<std::string> rows = {option + std::string(" ''"), option + std::string(" ' '")};
+    if (name.starts_with("--")) rows.insert(rows.end(), {name + "= -q", name + "="});
+    for (const std::string& row : rows) {
+      SCOPED_TRACE(row);
+      const TestFolder folder;
+      (void)folder.Write("a.txt", "the cat and the dog\r\n");
+      EXPECT_EQ(RunCli(folder, (name == "INPUT" ? "" : "a.txt -e dog ") + row), 2);
+      EXPECT_EQ(Said(folder), "quorvel-cli: " + name +
+                                  ": a file name is needed\nquorvel-cli --help tells the "
+                                  "options.\n");
+      EXPECT_EQ(folder.Files().size(), 1U);
+    }
   }
 }
 

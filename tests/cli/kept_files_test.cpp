@@ -58,11 +58,13 @@ std::string With(std::string text, const std::string& name) {
   return place == std::string::npos ? text : text.replace(place, 1, name);
 }
 
-// The run must be refused with this message and leave every file as it is.
+// The run must be refused with this message and leave every file as it is, but for one that the
+// shell has emptied before it.
 void ExpectRefused(const TestFolder& folder, const std::string& arguments,
-                   const std::string& message) {
+                   const std::string& message, const std::string& emptied = "") {
   SCOPED_TRACE(arguments);
-  const auto before = folder.Files();
+  auto before = folder.Files();
+  if (!emptied.empty()) before[emptied].clear();
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments + " -q --answer yes"), 1);
   std::string said = folder.Read("err");
   if (ON_WINDOWS) std::erase(said, '\r');
@@ -165,6 +167,34 @@ TEST(KeptFiles, AreReplacedByNoOtherOutputOfTheRun) {
   }
   for (const std::string& name : names) {
     ExpectRefused(folder, "a.txt --index -o " + name, "a.txt: " + CannotBe("index", "concordance"));
+  }
+}
+
+TEST(KeptFiles, AreNotWrittenToByStandardOutput) {
+  SKIP_ON_WINDOWS("another shell starts the program");
+  const Pair pairs[] = {
+      {"a.txt -o - >>@", "a.txt", "concordance", "input"},
+      {"a.txt -o /dev/stdout >>@", "a.txt", "concordance", "input"},
+      {"a.txt --format tsv -o - >>@", "a.txt", "concordance", "input"},
+      {"a.txt -e dog >>@", "a.txt", "search results", "input"},
+      {"a.txt -k k.txt >>@", "k.txt", "search results", "keywords"},
+      {"a.txt --stop-words w.txt -o - >>@", "w.txt", "concordance", "stop words"},
+      {"-s s.lvz -o - >>@", "s.lvz", "concordance", "settings"},
+      {"a.txt -o - --index >>@", "a.qvl.ndx", "index", "concordance"},
+      {"a.txt -o - >@", "a.txt", "concordance", "input"},
+      {"a.txt -k k.txt >@", "k.txt", "search results", "keywords"},
+      {"a.txt --stop-words w.txt -o - >@", "w.txt", "concordance", "stop words"},
+  };
+  for (const Pair& pair : pairs) {
+    const std::string arguments = pair.arguments;
+    const bool appends = arguments.find(">>") != std::string::npos;
+    for (const char* name : {pair.file, "link"}) {
+      const TestFolder folder;
+      FillFolder(folder, pair.file, pair.arguments);
+      MakeLink(Link::symbolic, folder, "link", pair.file);
+      ExpectRefused(folder, With(arguments, name) + " 2>err </dev/null #",
+                    pair.before + CannotBe(pair.output, pair.replaced), appends ? "" : pair.file);
+    }
   }
 }
 

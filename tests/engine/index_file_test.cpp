@@ -33,5 +33,22 @@ TEST(IndexFile, IsReadWholeOrNotAtAll) {
   }
 }
 
+// Every word short, and there once: no text has a longer index.
+TEST(IndexFile, IsNeverLongerThanItsTextAllows) {
+  std::u16string text;
+  for (int i = 0; i < 26 * 26 * 26; ++i) {
+    for (const int letter : {i / 26 / 26, i / 26 % 26, i % 26})
+      text += static_cast<char16_t>(u'a' + letter);
+    text += u' ';
+  }
+  SilentProgress nobody;
+  for (const std::size_t length : {std::size_t{3}, std::size_t{40}, text.size()}) {
+    const Listing listing = ScanText(text.substr(0, length), {}, nobody);
+    const std::string bytes = IndexFileBytes(*listing.words, std::string(32, 'A'), 0);
+    EXPECT_LE(bytes.size(), LongestIndexFile(length));
+    EXPECT_GE(bytes.size() * 4, LongestIndexFile(length)) << "so the bound is no empty one";
+  }
+}
+
 }  // namespace
 }  // namespace quorvel

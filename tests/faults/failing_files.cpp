@@ -9,13 +9,12 @@
 //                      for a file that someone writes anew just then, with what stands in the
 //                      file of that name and ".new";
 //                      with "+" behind it, at every later operation too; with "w" only where
-//                      room is taken on the disk
-//
-// The clock stands still, so that two runs write the same.
+//                      room is taken on the disk, with "d" only where something is removed
 
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -24,7 +23,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <map>
 #include <string>
 
@@ -45,6 +43,7 @@ struct Watch {
   std::string renewed;  // the file that is written anew
   bool stays = false;
   bool onlyRoom = false;
+  bool onlyRemovals = false;
   long count = 0;
   std::map<int, std::string> names;  // of the files that are open
 
@@ -64,6 +63,7 @@ struct Watch {
     error = static_cast<int>(std::strtol(rest + 2, &rest, 10));
     stays = std::strchr(rest, '+') != nullptr;
     onlyRoom = std::strchr(rest, 'w') != nullptr;
+    onlyRemovals = std::strchr(rest, 'd') != nullptr;
   }
 };
 
@@ -96,6 +96,7 @@ Effect EffectOn(const char* operation, const char* path, bool takesRoom = false)
   if (::dprintf(watch.log, "%s %s\n", operation, path) < 0) std::abort();
   const bool hit = watch.count == watch.at || (watch.stays && watch.count > watch.at);
   if (!hit || (watch.onlyRoom && !takesRoom)) return Effect::none;
+  if (watch.onlyRemovals && std::strcmp(operation, "remove") != 0) return Effect::none;
   if (watch.kind == 'K') ::kill(::getpid(), SIGKILL);
   if (watch.kind == 'R') {
     WriteAnew(watch.renewed);
@@ -164,6 +165,10 @@ int stat(const char* path, struct stat* status) noexcept {
   return Fails("stat", path) ? -1 : Real<decltype(::stat)>("stat")(path, status);
 }
 
+int lstat(const char* path, struct stat* status) noexcept {
+  return Fails("stat", path) ? -1 : Real<decltype(::lstat)>("lstat")(path, status);
+}
+
 int fstat(int handle, struct stat* status) noexcept {
   return Fails("stat", NameOf(handle)) ? -1 : Real<decltype(::fstat)>("fstat")(handle, status);
 }
@@ -183,6 +188,21 @@ int fchown(int handle, uid_t owner, gid_t group) noexcept {
 
 int fchmod(int handle, mode_t mode) noexcept {
   return Fails("change", NameOf(handle)) ? -1 : Real<decltype(::fchmod)>("fchmod")(handle, mode);
+}
+
+ssize_t lgetxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+  if (Fails("stat", path)) return -1;
+  return Real<decltype(::lgetxattr)>("lgetxattr")(path, name, value, size);
+}
+
+int fsetxattr(int handle, const char* name, const void* value, size_t size, int flags) noexcept {
+  if (Fails("change", NameOf(handle))) return -1;
+  return Real<decltype(::fsetxattr)>("fsetxattr")(handle, name, value, size, flags);
+}
+
+int fremovexattr(int handle, const char* name) noexcept {
+  if (Fails("change", NameOf(handle))) return -1;
+  return Real<decltype(::fremovexattr)>("fremovexattr")(handle, name);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
@@ -217,12 +237,6 @@ int fseeko(FILE* file, off_t offset, int origin) {
 int fclose(FILE* file) {
   TheWatch().names.erase(::fileno(file));
   return Real<decltype(::fclose)>("fclose")(file);
-}
-
-time_t time(time_t* into) noexcept {
-  constexpr time_t NOON = 1764590400;
-  if (into != nullptr) *into = NOON;
-  return NOON;
 }
 
 }  // extern "C"

@@ -4,33 +4,21 @@
 // With QUORVEL_ALL_FAULTS set each operation fails in every way that is listed; without, in one.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
+#include <csignal>
+#include <iostream>
 #include <map>
 #include <random>
+#include <set>
 #include <sstream>
 #include <thread>
 
-#include "naive/places.h"
-#include "support/made_texts.h"
-#include "support/test_folder.h"
-#include "support/zip_builder.h"
+#include "faults/desk.h"
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
-struct Scenario {
-  const char* name;
-  std::vector<std::string> arguments;  // with "@" for the folder
-  std::vector<std::string> written;    // the files that the run writes
-  bool oldExist = true;                // such files are there already
-};
 
 const Scenario SCENARIOS[] = {
     {"text", {"@/a.txt", "-o", "@/out.txt", "--index"}, {"out.txt", "a.qvl.ndx"}},
@@ -43,7 +31,7 @@ const Scenario SCENARIOS[] = {
     {"settings", {"@/a.txt", "-k", "@/k.txt", "--save-settings", "@/t.lvz"}, {"t.lvz"}},
 };
 
-// In which ways an operation may fail; what ends in "+" or "w" lasts.
+// In which ways an operation may fail; what has a "+" lasts.
 const std::map<std::string, std::vector<std::string>> FAULTS = {
     {"open", {"E13", "E5", "E24"}},
     {"create", {"E28", "E13", "E2"}},
@@ -57,87 +45,49 @@ const std::map<std::string, std::vector<std::string>> FAULTS = {
     {"access", {"E13", "E30"}},
     {"change", {"E1"}},
     {"rename", {"E13", "E28", "E5", "E2"}},
-    {"remove", {"E13", "E5"}},
+    {"remove", {"E13", "E5", "E13+d"}},
 };
 const std::vector<std::string> LASTING = {"E5+", "E28+w", "K"};
-
-bool AllFaults() { return std::getenv("QUORVEL_ALL_FAULTS") != nullptr; }
-
-struct Ending {
-  int signal = 0;
-  int status = 0;
-  std::string errors;
-};
 
 struct Operation {
   std::string name;
   std::string path;
 };
 
-// The program, its data and its inputs in a folder that is watched.
-class Desk {
+// The operations of a scenario on its files, of which one fails.
+class FileDesk : public Desk {
  public:
-  explicit Desk(const Scenario& scenario) : scenario_(scenario) {
-    for (const char* folder : {"bin", "tmp"}) fs::create_directory(folder_.Path(folder));
-    fs::copy_file(QUORVEL_CLI, folder_.Path("bin/quorvel-cli"));
-    for (const auto& file : fs::directory_iterator(QUORVEL_DATA)) {
-      if (file.path().extension() == ".txt") fs::copy(file.path(), folder_.Path("bin"));
-    }
-    const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 30);
-    for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder_.Write(name, text);
-    (void)folder_.Write("k.txt", "harbour\r\nships\r\n");
-    (void)folder_.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" +
-                                     text + "caf\xC3\xA9</body>");
-    (void)folder_.Write("d.docx",
-                        ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
-    EXPECT_EQ(EndOf(Fork({"@/i.txt", "--index"}, "")).status, 0);
-    const std::vector<std::string> saving = {"@/a.txt", "-o", "@/out.txt", "--save-settings",
-                                             "@/s.lvz"};
-    EXPECT_EQ(EndOf(Fork(saving, "")).status, 0);
-    fs::remove(folder_.Path("i.qvl.conc.txt"));
-    PutBack();
-    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
-      before_.push_back(file.path().string());
-    }
-    clean_ = Run("");
-    EXPECT_EQ(clean_.status, 0) << clean_.errors;
-    for (const std::string& name : scenario.written) new_[name] = folder_.Read(name);
-    std::istringstream log(beside_.Read("log"));
+  explicit FileDesk(const Scenario& scenario) : Desk(scenario, QUORVEL_FAILING_FILES) {
+    std::istringstream log(Log());
     Operation operation;
     while (log >> operation.name && std::getline(log >> std::ws, operation.path)) {
       operations_.push_back(operation);
     }
-    PutBack();
   }
 
-  [[nodiscard]] const TestFolder& Folder() const { return folder_; }
   [[nodiscard]] const std::vector<Operation>& Operations() const { return operations_; }
 
-  [[nodiscard]] std::string Input() const { return scenario_.arguments[0].substr(2); }
-
-  // The bytes of the files that the scenario writes.
-  [[nodiscard]] std::map<std::string, std::string> Written() const {
-    std::map<std::string, std::string> files;
-    for (const std::string& name : scenario_.written) files[name] = folder_.Read(name);
-    return files;
+  // What was done last for the bytes of a file that is put in its place by the operation; the
+  // rights of an old file are given between.
+  [[nodiscard]] std::string LastWriteBefore(std::size_t operation) const {
+    const std::set<std::string> others = {"close", "stat", "change"};
+    while (others.contains(operations_[--operation].name)) continue;
+    return operations_[operation].name;
   }
+
+  [[nodiscard]] std::string Input() const { return TheScenario().arguments[0].substr(2); }
 
   // Runs the scenario with such an input; what someone writes into it at an operation, if any.
   [[nodiscard]] Ending RunOn(const std::string& input, std::size_t operation,
                              const std::string& renewed) const {
-    const std::string path = folder_.Write(Input(), input);
-    (void)folder_.Write(Input() + ".new", renewed);
+    const std::string path = Folder().Write(Input(), input);
+    (void)Folder().Write(Input() + ".new", renewed);
     return Run(operation == 0 ? "" : std::to_string(operation) + " R" + path);
-  }
-
-  // Runs the scenario; `fault` as for the library.
-  [[nodiscard]] Ending Run(const std::string& fault) const {
-    return EndOf(Fork(scenario_.arguments, fault));
   }
 
   // Starts the scenario and sends it the signal after so long; gives the one that ended it.
   [[nodiscard]] int EndAfter(std::chrono::microseconds time, int signal) const {
-    const pid_t child = Fork(scenario_.arguments, "");
+    const pid_t child = Fork(TheScenario().arguments, "");
     std::this_thread::sleep_for(time);
     ::kill(child, signal);
     return EndOf(child).signal;
@@ -147,64 +97,34 @@ class Desk {
   [[nodiscard]] std::string Complaint(const Operation& operation, const std::string& kind,
                                       const Ending& ending) const {
     const bool killed = kind == "K";
-    const bool silent = ending.errors == clean_.errors;
+    const bool silent = ending.errors == Clean().errors;
     const bool failed = ending.status != 0;
     const bool saysWhere = std::ranges::any_of(
-        std::vector<std::string>{folder_.Path(""), "input file", "temporary folder"},
+        std::vector<std::string>{Folder().Path(""), "input file", "temporary folder"},
         [&ending](const auto& place) { return ending.errors.find(place) != std::string::npos; });
     std::string complaint = ending.signal == (killed ? SIGKILL : 0) ? "" : "signal; ";
     if (!killed && failed && (silent || !saysWhere))
       complaint += "does not say what failed where; ";
     if ((kind == "E4" || kind == "S") && (failed || !silent)) complaint += "gives up; ";
+    const bool stuck = kind == "E13+d" && operation.path.find("/tmp/") != std::string::npos;
+    if (stuck && ending.errors.find("when attempting to delete ") == std::string::npos)
+      complaint += "does not say what stays; ";
     complaint += FilesComplaint(!killed && !failed && silent);
     // What cannot be removed stays; the user is told.
     const bool stays = kind == "E5+" || (operation.name == "remove" && !silent);
     return complaint + (stays ? "" : Litter(killed));
   }
 
-  // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
-  // when the run has said that all went well.
-  [[nodiscard]] std::string FilesComplaint(bool mustBeNew) const {
-    for (const auto& [name, bytes] : new_) {
-      const bool exists = fs::exists(folder_.Path(name));
-      const std::string found = folder_.Read(name);
-      if (found == bytes) {
-        struct stat status = {};
-        ::stat(folder_.Path(name).c_str(), &status);
-        if (scenario_.oldExist && (status.st_mode & 077U) != 0) return name + ": open to all; ";
-      } else if (exists != scenario_.oldExist || (exists && found != OLD)) {
-        return name + ": a mixture; ";
-      } else if (mustBeNew) {
-        return name + ": still the old one; ";
-      }
-    }
-    return {};
-  }
-
   // What is wrong after a run whose input was cut at a read. What there was of it may be listed.
   [[nodiscard]] std::string ComplaintOfCut(const Ending& ending) const {
     std::string complaint = ending.signal == 0 ? "" : "signal; ";
-    for (const auto& [name, bytes] : new_) {
-      const std::string found = folder_.Read(name);
+    for (const auto& [name, bytes] : New()) {
+      const std::string found = Folder().Read(name);
       const bool isNew = found.starts_with(bytes.substr(0, 20)) && found.ends_with("\r\n");
       if (found != OLD && !isNew) complaint += name + ": a mixture; ";
-      if (found == OLD && ending.errors == clean_.errors) complaint += name + ": still the old; ";
+      if (found == OLD && ending.errors == Clean().errors) complaint += name + ": still the old; ";
     }
     return complaint + Litter(false);
-  }
-
-  // The files that are too many, but for those that only a kill may leave.
-  [[nodiscard]] std::string Litter(bool killed) const {
-    std::string litter;
-    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
-      const std::string path = file.path().string();
-      const std::string name = path.substr(folder_.Path("").size());
-      if (std::count(before_.begin(), before_.end(), path) + new_.count(name) > 0) continue;
-      const bool ofAKill =
-          name.starts_with("tmp/QVL") || (name.starts_with(".qvl") && name.ends_with(".tmp"));
-      if (!killed || !ofAKill) litter += "leaves " + name + "; ";
-    }
-    return litter;
   }
 
   // What a run takes at least, in microseconds. Of several, as one may have to wait for the disk,
@@ -220,63 +140,8 @@ class Desk {
     return quickest.count();
   }
 
-  // Makes all as it was before the run.
-  void PutBack() const {
-    for (const auto& file : fs::directory_iterator(folder_.Path("tmp"))) fs::remove_all(file);
-    for (const auto& file : fs::directory_iterator(folder_.Path(""))) {
-      if (file.path().filename().string().starts_with(".qvl")) fs::remove(file);
-    }
-    for (const std::string& name : scenario_.written) {
-      fs::remove(folder_.Path(name));
-      if (!scenario_.oldExist) continue;
-      ::chmod(folder_.Write(name, OLD).c_str(), 0600);
-    }
-  }
-
  private:
-  static constexpr const char* OLD = "old\r\n";
-
-  [[nodiscard]] pid_t Fork(std::vector<std::string> words, const std::string& fault) const {
-    std::string folder = folder_.Path("");
-    folder.pop_back();
-    words.insert(words.begin(), "@/bin/quorvel-cli");
-    std::vector<char*> pointers(words.size() + 1);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      words[i] = naive::Replace(words[i], "@", folder);
-      pointers[i] = words[i].data();
-    }
-    fs::remove(beside_.Path("log"));
-    std::fflush(nullptr);
-    const pid_t child = ::fork();
-    if (child != 0) return child;
-    ::setenv("LD_PRELOAD", QUORVEL_FAILING_FILES, 1);
-    ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
-    ::setenv("QUORVEL_FAULT_BELOW", folder.c_str(), 1);
-    ::setenv("QUORVEL_FAULT_LOG", beside_.Path("log").c_str(), 1);
-    ::setenv("QUORVEL_FAULT", fault.c_str(), 1);
-    ::setenv("TMPDIR", folder_.Path("tmp").c_str(), 1);
-    (void)std::freopen("/dev/null", "r", stdin);
-    (void)std::freopen("/dev/null", "w", stdout);
-    (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
-    ::alarm(60);  // seconds, after which it hangs
-    ::execv(pointers[0], pointers.data());
-    ::_exit(127);
-  }
-
-  [[nodiscard]] Ending EndOf(pid_t child) const {
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return {WIFSIGNALED(status) ? WTERMSIG(status) : 0, WEXITSTATUS(status),
-            beside_.Read("errors")};
-  }
-
-  const Scenario& scenario_;
-  TestFolder folder_;
-  TestFolder beside_;
-  std::vector<std::string> before_;
-  std::map<std::string, std::string> new_;
   std::vector<Operation> operations_;
-  Ending clean_;
 };
 
 // The ways in which the operation is to fail, the n-th of its run.
@@ -292,12 +157,12 @@ std::vector<std::string> KindsOf(const Operation& operation, std::size_t n) {
 TEST(Faults, LoseNothing) {
   std::size_t faults = 0;
   for (const Scenario& scenario : SCENARIOS) {
-    const Desk desk(scenario);
+    const FileDesk desk(scenario);
     EXPECT_GT(desk.Operations().size(), 10U) << scenario.name;
     for (std::size_t n = 0; n < desk.Operations().size(); ++n) {
       const Operation& operation = desk.Operations()[n];
-      if (operation.name == "rename" && operation.path.find("/tmp/QVL") == std::string::npos) {
-        EXPECT_EQ(desk.Operations()[n - 2].name, "fsync") << "before " << operation.path;
+      if (operation.name == "rename") {
+        EXPECT_EQ(desk.LastWriteBefore(n), "fsync") << "before " << operation.path;
       }
       for (const std::string& kind : KindsOf(operation, n)) {
         const Ending ending = desk.Run(std::to_string(n + 1) + " " + kind);
@@ -315,7 +180,7 @@ TEST(Faults, LoseNothing) {
 
 TEST(Faults, AnInputThatIsCutWhileItIsReadIsListedAsFarAsItCameOrRefused) {
   for (const std::size_t place : {0, 2, 3, 5}) {
-    const Desk desk(SCENARIOS[place]);
+    const FileDesk desk(SCENARIOS[place]);
     int cuts = 0;
     for (std::size_t n = 0; n < desk.Operations().size(); ++n) {
       const Operation& operation = desk.Operations()[n];
@@ -347,7 +212,7 @@ std::vector<std::string> OtherVersions(const std::string& name, const std::strin
 // what a run writes that finds the one version or the other and is left alone, or the old.
 TEST(Faults, AnInputThatIsWrittenAnewWhileItIsReadIsListedUnderItsOwnDigestOrRefused) {
   for (const std::size_t place : {0, 1, 2, 3, 5}) {
-    const Desk desk(SCENARIOS[place]);
+    const FileDesk desk(SCENARIOS[place]);
     const std::string input = desk.Folder().Read(desk.Input());
     const auto old = desk.Written();
     const auto writtenFor = [&](const std::string& version) {
@@ -383,7 +248,7 @@ TEST(Faults, AnEndAtAnyMomentLeavesTheOldOrTheNewFile) {
   const int ends = AllFaults() ? 100 : 10;
   std::mt19937 random(20261121);
   for (const std::size_t place : {0, 3}) {
-    const Desk desk(SCENARIOS[place]);
+    const FileDesk desk(SCENARIOS[place]);
     const double time = desk.QuickestTime();
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGKILL}) {
       int ended = 0;

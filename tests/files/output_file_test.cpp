@@ -6,6 +6,10 @@
 #include <windows.h>
 #endif
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "files/read_file.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
@@ -13,19 +17,62 @@
 namespace quorvel {
 namespace {
 
+namespace fs = std::filesystem;
+
 TEST(OutputFile, KeepsLinksAndModes) {
   SKIP_ON_WINDOWS("there are no such modes, and links are for administrators");
   const TestFolder folder;
   const std::string path = folder.Write("a", "old");
   ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
-  std::filesystem::create_symlink("a", folder.Path("link"));
+  fs::create_symlink("a", folder.Path("link"));
   OutputFile file(folder.Path("link"), {});
   EXPECT_TRUE(file.Write("new") && file.Commit());
   EXPECT_EQ(folder.Read("a"), "new");
-  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
+  EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
   struct stat status = {};
   ASSERT_EQ(::stat(path.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST(OutputFile, MakesTheFileThatALinkNames) {
+  SKIP_ON_WINDOWS("links are for administrators");
+  const struct {
+    const char* link;
+    std::string names;
+    std::string file = {};  // in the end
+    const char* reason = "";
+  } rows[] = {
+      {"here", "new", "new"},
+      {"there", "sub/new", "sub/new"},
+      {"sub/back", "../sub/../new", "new"},
+      {"folder/out", "../other/new", "other/new"},  // from where the folder is
+      {"absolute", "@/new", "new"},
+      {"chain", "sub/link", "sub/new"},
+      {"loop", "loop", "", "Too many levels of symbolic links"},
+      {"astray", "gone/new", "", "No such file or directory"},
+      {"folder-to-be", "gone/", "", "No such file or directory"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.link);
+    const TestFolder folder;
+    for (const char* name : {"sub", "other"}) fs::create_directory(folder.Path(name));
+    fs::create_directory_symlink("other", folder.Path("folder"));
+    fs::create_symlink("new", folder.Path("sub/link"));
+    std::string names = row.names;
+    if (names.starts_with('@')) names = folder.Path(names.substr(2));
+    fs::create_symlink(names, folder.Path(row.link));
+    OutputFile file(folder.Path(row.link), {});
+    EXPECT_EQ(file.Write("new"), !row.file.empty());
+    const fs::path place = fs::path(folder.Path(row.file)).parent_path();
+    const auto isTemporary = [](const auto& entry) { return entry.path().extension() == ".tmp"; };
+    EXPECT_EQ(std::count_if(fs::directory_iterator(place), {}, isTemporary),
+              row.file.empty() ? 0 : 1);
+    EXPECT_EQ(file.Commit(), !row.file.empty());
+    EXPECT_EQ(file.Why() ? file.Why()->reason : "", row.reason);
+    EXPECT_EQ(fs::read_symlink(folder.Path(row.link)), names);
+    EXPECT_TRUE(row.file.empty() || folder.Files()[row.file] == "new");
+    EXPECT_EQ(folder.Files().size(), row.file.empty() ? 3U : 4U);
+  }
 }
 
 TEST(OutputFile, WritesToANullDevice) {
@@ -40,7 +87,7 @@ TEST(OutputFile, LeavesAFileThatIsOpenElsewhere) {
   for (const int sharing : {0, FILE_SHARE_READ | FILE_SHARE_WRITE}) {
     const TestFolder folder;
     const std::string path = folder.Write("\xC3\xA9 \xCF\x89", "old");
-    const std::filesystem::path widePath = PathOfBytes(path);
+    const fs::path widePath = PathOfBytes(path);
     OutputFile early(path, {});
     EXPECT_TRUE(early.Write("new"));
     const HANDLE open =
@@ -62,18 +109,28 @@ TEST(OutputFile, LeavesAFileThatIsOpenElsewhere) {
 TEST(OutputFile, NeverReplacesAFileToKeep) {
   const TestFolder folder;
   const std::string input = folder.Write("a", "old");
-  const FilesToKeep kept = {
-      {"settings file", ""}, {"input file", input}, {"index file", folder.Path("not yet")}};
-  std::filesystem::create_hard_link(input, folder.Path("hard"));
-  std::filesystem::create_directory(folder.Path("in"));
-  if (!ON_WINDOWS) std::filesystem::create_symlink("a", folder.Path("link"));
-  const std::pair<std::string, std::string> rows[] = {{"a", "input file"},
-                                                      {"in/../a", "input file"},
-                                                      {"hard", "input file"},
-                                                      {"not yet", "index file"},
-                                                      {"./not yet", "index file"},
-                                                      {"b", ""},
-                                                      {"link", ON_WINDOWS ? "" : "input file"}};
+  const FilesToKeep kept = {{"settings file", ""},
+                            {"input file", input},
+                            {"index file", folder.Path("not yet")},
+                            {"concordance file", folder.Path("dangling")}};
+  fs::create_hard_link(input, folder.Path("hard"));
+  fs::create_directory(folder.Path("in"));
+  std::vector<std::pair<std::string, std::string>> rows = {
+      {"a", "input file"},       {"in/../a", "input file"},   {"hard", "input file"},
+      {"not yet", "index file"}, {"./not yet", "index file"}, {"b", ""}};
+  if (!ON_WINDOWS) {
+    fs::create_symlink("a", folder.Path("link"));
+    fs::create_symlink("../not yet", folder.Path("in/to the index"));
+    fs::create_symlink("in/nowhere", folder.Path("dangling"));
+    fs::create_symlink("dangling", folder.Path("to a link"));
+    fs::create_symlink("b2", folder.Path("elsewhere"));
+    rows.insert(rows.end(), {{"link", "input file"},
+                             {"in/to the index", "index file"},
+                             {"dangling", "concordance file"},
+                             {"to a link", "concordance file"},
+                             {"in/nowhere", "concordance file"},
+                             {"elsewhere", ""}});
+  }
   for (const auto& [name, what] : rows) {
     OutputFile file(folder.Path(name), kept);
     EXPECT_EQ(file.Write("new") && file.Commit(), what.empty()) << name;

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <utility>
-
 #include "files/file_system.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
@@ -58,20 +56,21 @@ TEST(TemporaryFolder, TellsWhatCannotBeRemoved) {
   }
 }
 
-TEST(TemporaryFolder, GoesWithItsScope) {
+TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   const TestFolder base;
   SetVariable("TMPDIR", base.Path(""));
-  std::string path;
   {
-    TemporaryFolder folder("QVL", "a/b");
-    path = folder.Path();
-    fs::create_directory(PathOfBytes(JoinPath(path, "a")));
-    const TemporaryFolder moved(std::move(folder));
-    EXPECT_EQ(moved.EntryPath(), JoinPath(path, "a/b"));
-    EXPECT_TRUE(FolderExists(path));
+    const TemporaryFile file("QVL", "a/b");
+    EXPECT_EQ(base.Count(), ON_WINDOWS ? 1 : 0);
+    EXPECT_TRUE(file.Write("one ") && file.Write("two"));
+    EXPECT_EQ(*file.ReadBack(100), "one two");
+    EXPECT_EQ(*file.ReadBack(5), "one t");
   }
+  EXPECT_EQ(base.Count(), 0);
+  SetVariable("TMPDIR", base.Path("none"));
+  const TemporaryFile nowhere("QVL", "a/b");
   SetVariable("TMPDIR", "");
-  EXPECT_FALSE(path.empty() || FolderExists(path));
+  EXPECT_FALSE(nowhere.HasFolder() || nowhere.Write("x") || nowhere.ReadBack(1));
 }
 
 }  // namespace

@@ -41,6 +41,35 @@ TEST(DocxText, ReadsRuns) {
   }
 }
 
+TEST(DocxText, GoesByThePrefixOfTheDocument) {
+  const std::string name = "=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"";
+  const std::string strict = " = 'http://purl.oclc.org/ooxml/wordprocessingml/main'";
+  const std::string_view body =
+      "@t>a</@t></@r><@r><@tab/><@t xml:space=\"preserve\">b</@t><@br/><@t>c</@t></@p><@t>d</@t>";
+  const struct {
+    const char* name;
+    std::string start;
+    const char* prefix;
+    const char* expected = "ab c d";
+  } rows[] = {
+      {"another", "<?xml version='1.0'?><!-- <w:x> --><x:document a=\">\" xmlns:x" + name + ">",
+       "x:"},
+      {"the strict kind", "<!DOCTYPE x>\n<doc:document\n\txmlns:doc" + strict + "\n>", "doc:"},
+      {"none", "<document xmlns" + name + ">", ""},
+      {"the usual one beside others", "<x:document xmlns:x" + name + " xmlns:w" + name + ">", "w:"},
+      {"not declared", "<w:document xmlns:x='y'>", "w:"},
+      {"no XML", "<w:document xmlns:x=", "w:"},
+      {"an element of another kind", "<w:document xmlns:x='y' z" + name + ">", "x:", ""},
+  };
+  for (const auto& [rowName, start, prefix, expected] : rows) {
+    const std::string xml = start + "<" + naive::Replace(std::string(body), "@", prefix);
+    SilentProgress nobody;
+    DocumentRuns runs(xml);
+    EXPECT_TRUE(runs.Read(nobody));
+    EXPECT_EQ(runs.Text(), expected) << rowName;
+  }
+}
+
 TEST(DocxText, GoesOnAfterAStopAndShowsHowFarItIs) {
   std::string xml;
   while (xml.size() <= 1000000) xml += "<w:r><w:t>word </w:t></w:r>";

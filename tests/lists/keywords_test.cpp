@@ -31,6 +31,8 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
               {"dogs harbours+ships cats+dogs dogs*", "dogs harbours+ships cats+dogs dogs*",
                "cats+dog|dog|dogs*|harbours+ship|", ""},
               {"+ a+ +b", "+ a+ +b", "+|+b|a+|", ""},
+              {"dogs a* Dog dog-a dog dog+b's a* dogs a*", "dogs a* dog dog-a dog dog+b a* dogs a*",
+               "a*|a*|dog|dog|dog+b|dog-a|", ""},
               {"co-op", "co-op", "", "-", false},
               {"co-op #th 4th", "co-op #th 4th", "#th|4th|co-op|", "", true, true},
               {"4th", "4th", "", "4"},

@@ -114,6 +114,18 @@ TEST(IndexFile, IsAskedForAndRefused) {
       {"declined", [](TestRun& run) { run.ui.answers = {Answer::no}; }, false, false, question, ""},
       {"empty index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", ""); }, false, true,
        bad, ""},
+      {"no index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", std::string(100, 'A')); },
+       false, true, bad, ""},
+      {"index that is too long",
+       [](TestRun& run) {
+         std::filesystem::resize_file(PathOfBytes(run.folder.Path("a.qvl.ndx")), 1500);
+       },
+       false, true, bad, ""},
+      {"index with lines behind it",
+       [](TestRun& run) {
+         (void)run.folder.Write("a.qvl.ndx", run.folder.Read("a.qvl.ndx") + "zoo*0*1*0*44\r\n");
+       },
+       true, false, question, ""},
       {"cut index",
        [](TestRun& run) {
          (void)run.folder.Write("a.qvl.ndx", run.folder.Read("a.qvl.ndx").substr(0, 90));

@@ -27,6 +27,10 @@ TEST(InputCheck, SaysWhatIsWrong) {
       {"little, quietly", InputBytes("in.txt", "abcd"), FileKind::oneToFourBytes,
        fatal + "\r\ncontains only from 1 to 4 bytes.\n", true},
       {"rtf", InputBytes("in.txt", "{\\rtf1"), FileKind::rtf, fatal + "\r\nis an RTF file.\n"},
+      {"a compound file", InputBytes("in.txt", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"),
+       FileKind::compound,
+       fatal + "\r\nis an encrypted or older word-processor file.\r\n"
+               "Open it in a word processor and save it without a password as DOCX.\n"},
       {"utf-16", InputBytes("in.txt", "\xFF\xFEtext"), FileKind::otherUnicode,
        fatal + "\r\nis a Unicode file but not UTF-8 encoded.\n"},
       {"long Unix text, quietly", InputBytes("in.txt", UnixText(600000)), FileKind::unixText, "",

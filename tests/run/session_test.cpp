@@ -7,6 +7,7 @@
 
 #include "run/word_lists.h"
 #include "support/made_texts.h"
+#include "support/platform.h"
 #include "support/test_run.h"
 
 namespace quorvel {
@@ -61,8 +62,19 @@ TEST(Session, SaysWhyItEndsAndLeavesTheOldFile) {
        [](TestRun& run) { std::filesystem::create_directory(run.settings.inputFile += ".txt"); }},
       {"2 GB", "File too big: File @\r\nis too large to be scanned: 2 GB or more.\n",
        [](TestRun& run) { std::filesystem::resize_file(run.settings.inputFile, 2147483647); }},
+      {"DOCX behind a password",
+       "Fatal error: File @\r\nis an encrypted or older word-processor file.\r\n"
+       "Open it in a word processor and save it without a password as DOCX.\n",
+       [](TestRun& run) {
+         run.settings.inputFile =
+             run.folder.Write("a.docx", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and then words");
+       }},
       {"output is input", "Quorvel: The concordance file cannot be the same as the input file.\n",
        [](TestRun& run) { run.settings.outputFile = run.folder.Path("./a.txt"); }},
+      {"output is a device", "Error: An error occurred when creating concordance file.\n",
+       [](TestRun& run) { run.settings.outputFile = NULL_DEVICE; }, failed},
+      {"a concordance", "Invalid input: This is an QVL concordance file.\n",
+       [](TestRun& run) { run.settings.inputFile = run.folder.Path("a.qvl.conc.txt"); }},
       {"stop word",
        "Character not allowed: The character ' occurs in some stop word\r\n"
        "but is not a character allowed in a word.\n",
@@ -157,7 +169,7 @@ TEST(Session, EndsWithoutMemoryAndCanGoOn) {
     if (outcome == RunOutcome::done) break;
     ASSERT_LT(yield, 100);
     EXPECT_EQ(outcome, RunOutcome::failed);
-    EXPECT_EQ(full.Said(), "Quorvel: There is not enough memory for this input file.\n");
+    EXPECT_EQ(full.Said(input), "Quorvel: There is not enough memory for\r\n@.\n");
     EXPECT_EQ(full.output, "");
     EXPECT_EQ(full.counting.back(), false);
     EXPECT_EQ(folder.Read("out.txt"), "old");

@@ -9,6 +9,13 @@
 
 namespace quorvel {
 
+// A listing without the time in its head.
+inline std::string WithoutTime(std::string listing) {
+  const std::size_t time = listing.find("): ");
+  if (time != std::string::npos) listing.erase(time, listing.find('\r', time) - time);
+  return listing;
+}
+
 inline std::string Repeated(std::string_view part, int times) {
   std::string text;
   for (; times > 0; --times) text += part;

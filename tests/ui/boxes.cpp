@@ -25,7 +25,7 @@ constexpr int BETWEEN_LOOKS_MS = 10;
 constexpr int LOOKS_FOR_KEYS = 30;
 constexpr int MOST_LOOKS = 3000;
 constexpr int PATIENCE_MS = 5000;
-constexpr int PATIENCE_WITH_MANAGER_MS = 500;
+constexpr int PATIENCE_WITH_MANAGER_MS = 2000;
 
 std::string Caption(const QAbstractButton& button) {
   return button.text().remove('&').toStdString();

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "ui/window_test.h"
 
 namespace quorvel {
@@ -45,6 +47,15 @@ TEST_F(Index, ThatDoesNotFitIsTriedBeforeAnythingIsShown) {
       << phases_;
   EXPECT_EQ(phases_.find("Applying"), phases_.rfind("Applying")) << phases_;
   EXPECT_TRUE(Text("txbOutput").starts_with("[harbour 1]")) << Text("txbOutput");
+}
+
+TEST_F(Index, ThatIsAPipeIsNone) {
+  ASSERT_EQ(::mkfifo(folder_.Path("a.qvl.ndx").c_str(), 0600), 0);
+  (void)OpenText("a.txt");
+  EXPECT_EQ(Text("lblIndexFile") + Text("lblIndexFileSize"), "Index file:");
+  Click("chkCreateIndexFile");
+  List();
+  EXPECT_TRUE(Text("txbOutput").starts_with(HARBOUR_ENTRY)) << Text("txbOutput");
 }
 
 TEST_F(Index, OfMoreEntriesThanItSaysGivesAsManyAsItSays) {

@@ -17,8 +17,8 @@ class ShortOfMemory : public WindowTest {
   // much.
   static constexpr std::uint64_t LEFT = 80;
 
-  static Box Tells() {
-    return quorvel::Tells("Quorvel", "There is not enough memory for this input file.");
+  static Box Tells(const std::string& path) {
+    return quorvel::Tells("Quorvel", "There is not enough memory for\n" + path + ".");
   }
 
   // A file of zeros that is larger than that, but takes no place on the disk.
@@ -36,7 +36,7 @@ TEST_F(ShortOfMemory, ListsAgainWhenThereIsMore) {
   for (int i = 10000; i < 40000; ++i) {
     text += "harbour " + Repeated("................... ", 8) + "........" + std::to_string(i) + " ";
   }
-  OpenText("a.txt", text);
+  const std::string input = OpenText("a.txt", text);
   Choose("cboContextSize", " 0");
   Search();
   Type("txbFile_1", folder_.Path("found.txt"));
@@ -45,7 +45,7 @@ TEST_F(ShortOfMemory, ListsAgainWhenThereIsMore) {
   const auto files = folder_.Files();
   {
     const MemoryLimit limit(LEFT);
-    Choose("cboContextSize", " 9", {Tells()});
+    Choose("cboContextSize", " 9", {Tells(input)});
   }
   EXPECT_TRUE(folder_.Files() == files);
   EXPECT_EQ(Text("txbOutput") + Counts(), "");
@@ -57,20 +57,20 @@ TEST_F(ShortOfMemory, ListsAgainWhenThereIsMore) {
 
 TEST_F(ShortOfMemory, TakesTheNextFileWhenOneIsTooLarge) {
   const std::string input = OpenText("a.txt");
-  const std::string index = WriteLarge("b.qvl.ndx");
   const std::string large = WriteLarge("large.txt");
   {
     const MemoryLimit limit(LEFT);
-    Drop(folder_.Write("b.txt", HARBOUR), {Tells()});
+    Drop(large, {Tells(large)});
     EXPECT_EQ(Text("txbOutput") + Counts(), "");
+    Drop(folder_.Write("b.txt", HARBOUR));
   }
   List();
   EXPECT_TRUE(Text("txbOutput").starts_with(HARBOUR_ENTRY)) << Text("txbOutput");
   Search();
   {
     const MemoryLimit limit(LEFT);
-    Type("txbFile_2", large, {Tells()});
-    Drop(large, {Tells()});
+    Type("txbFile_2", large, {Tells(large)});
+    Drop(large, {Tells(large)});
   }
   Click("cmdClearFile_2");
   Drop(input);
@@ -79,8 +79,8 @@ TEST_F(ShortOfMemory, TakesTheNextFileWhenOneIsTooLarge) {
   Type("txbStopWordsFile", large);
   {
     const MemoryLimit limit(LEFT);
-    Click("cmdListStopWords", {Tells()});
-    Click("cmdListWords", {Tells()});
+    Click("cmdListStopWords", {Tells(large)});
+    Click("cmdListWords", {Tells(large)});
   }
 }
 

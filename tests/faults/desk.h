@@ -1,0 +1,211 @@
+// Runs of the built program in which something fails, and what is to be looked after then.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "naive/places.h"
+#include "support/made_texts.h"
+#include "support/test_folder.h"
+#include "support/zip_builder.h"
+
+namespace quorvel {
+
+namespace fs = std::filesystem;
+
+struct Scenario {
+  const char* name;
+  std::vector<std::string> arguments;  // with "@" for the folder
+  std::vector<std::string> written;    // the files that the run writes
+  bool oldExist = true;                // such files are there already
+};
+
+// Whether every fault is to be tried.
+inline bool AllFaults() { return std::getenv("QUORVEL_ALL_FAULTS") != nullptr; }
+
+struct Ending {
+  int signal = 0;
+  int status = 0;
+  std::string errors;
+};
+
+// The program, its data and its inputs in a folder that is watched.
+class Desk {
+ public:
+  // Each run has the library loaded before the C library.
+  Desk(const Scenario& scenario, const char* library) : scenario_(scenario), library_(library) {
+    for (const char* folder : {"bin", "tmp"}) fs::create_directory(folder_.Path(folder));
+    fs::copy_file(QUORVEL_CLI, folder_.Path("bin/quorvel-cli"));
+    for (const auto& file : fs::directory_iterator(QUORVEL_DATA)) {
+      if (file.path().extension() == ".txt") WriteBeginning(file.path());
+    }
+    const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 30);
+    for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder_.Write(name, text);
+    (void)folder_.Write("l.txt",
+                        Repeated("The silent harbour ships were lit all night long.\r\n", 1500));
+    (void)folder_.Write("k.txt", "harbour\r\nships\r\n");
+    (void)folder_.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" +
+                                     text + "caf\xC3\xA9</body>");
+    (void)folder_.Write("d.docx",
+                        ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
+    EXPECT_EQ(EndOf(Fork({"@/i.txt", "--index"}, "")).status, 0);
+    const std::vector<std::string> saving = {"@/a.txt", "-o", "@/out.txt", "--save-settings",
+                                             "@/s.lvz"};
+    EXPECT_EQ(EndOf(Fork(saving, "")).status, 0);
+    fs::remove(folder_.Path("i.qvl.conc.txt"));
+    PutBack();
+    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
+      before_.push_back(file.path().string());
+    }
+    clean_ = Run("");
+    EXPECT_EQ(clean_.status, 0) << clean_.errors;
+    for (const std::string& name : scenario.written) new_[name] = folder_.Read(name);
+    log_ = beside_.Read("log");
+    PutBack();
+  }
+
+  [[nodiscard]] const TestFolder& Folder() const { return folder_; }
+  // What the library has noted of a run in which nothing fails, and how that ended.
+  [[nodiscard]] const std::string& Log() const { return log_; }
+  [[nodiscard]] const Ending& Clean() const { return clean_; }
+
+  // The bytes of the files that the scenario writes, as they are now.
+  [[nodiscard]] std::map<std::string, std::string> Written() const {
+    std::map<std::string, std::string> files;
+    for (const std::string& name : scenario_.written) files[name] = folder_.Read(name);
+    return files;
+  }
+
+  // Runs the scenario; `fault` as for the library.
+  [[nodiscard]] Ending Run(const std::string& fault) const {
+    return EndOf(Fork(scenario_.arguments, fault));
+  }
+
+  // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
+  // when the run has said that all went well.
+  [[nodiscard]] std::string FilesComplaint(bool mustBeNew) const {
+    for (const auto& [name, bytes] : new_) {
+      const bool exists = fs::exists(folder_.Path(name));
+      const std::string found = folder_.Read(name);
+      if (found == bytes) {
+        struct stat status = {};
+        ::stat(folder_.Path(name).c_str(), &status);
+        const mode_t gained = scenario_.oldExist ? status.st_mode & 0777U & ~OLD_MODE : 0;
+        if (gained != 0) return name + ": open to more; ";
+      } else if (exists != scenario_.oldExist || (exists && found != OLD)) {
+        return name + ": a mixture; ";
+      } else if (mustBeNew) {
+        return name + ": still the old one; ";
+      }
+    }
+    return {};
+  }
+
+  // The files that are too many, but for those that only a kill may leave.
+  [[nodiscard]] std::string Litter(bool killed) const {
+    std::string litter;
+    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
+      const std::string path = file.path().string();
+      const std::string name = path.substr(folder_.Path("").size());
+      if (std::count(before_.begin(), before_.end(), path) + new_.count(name) > 0) continue;
+      // Of the text of a document nothing stays, whatever ends the program.
+      const bool isEmpty = fs::is_directory(file) || fs::file_size(file) == 0;
+      const bool ofAKill = (name.starts_with("tmp/QVL") && isEmpty) ||
+                           (name.starts_with(".qvl") && name.ends_with(".tmp"));
+      if (!killed || !ofAKill) litter += "leaves " + name + "; ";
+    }
+    return litter;
+  }
+
+  // Makes all as it was before the run.
+  void PutBack() const {
+    for (const auto& file : fs::directory_iterator(folder_.Path("tmp"))) fs::remove_all(file);
+    for (const auto& file : fs::directory_iterator(folder_.Path(""))) {
+      if (file.path().filename().string().starts_with(".qvl")) fs::remove(file);
+    }
+    for (const std::string& name : scenario_.written) {
+      fs::remove(folder_.Path(name));
+      if (!scenario_.oldExist) continue;
+      ::chmod(folder_.Write(name, OLD).c_str(), OLD_MODE);
+    }
+  }
+
+ protected:
+  static constexpr const char* OLD = "old\r\n";
+  static constexpr mode_t OLD_MODE = 0640;
+
+  [[nodiscard]] const Scenario& TheScenario() const { return scenario_; }
+  // The files that the scenario writes in a run in which nothing fails.
+  [[nodiscard]] const std::map<std::string, std::string>& New() const { return new_; }
+
+  [[nodiscard]] pid_t Fork(std::vector<std::string> words, const std::string& fault) const {
+    std::string folder = folder_.Path("");
+    folder.pop_back();
+    words.insert(words.begin(), "@/bin/quorvel-cli");
+    std::vector<char*> pointers(words.size() + 1);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      words[i] = naive::Replace(words[i], "@", folder);
+      pointers[i] = words[i].data();
+    }
+    fs::remove(beside_.Path("log"));
+    std::fflush(nullptr);
+    const pid_t child = ::fork();
+    if (child != 0) return child;
+    // The tests may run with these ignored, in the background or under nohup.
+    for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
+    ::setenv("LD_PRELOAD", (std::string(library_) + ":" + QUORVEL_FIXED_CLOCK).c_str(), 1);
+    ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
+    ::setenv("QUORVEL_FAULT_BELOW", folder.c_str(), 1);
+    ::setenv("QUORVEL_FAULT_LOG", beside_.Path("log").c_str(), 1);
+    ::setenv("QUORVEL_FAULT", fault.c_str(), 1);
+    ::setenv("TMPDIR", folder_.Path("tmp").c_str(), 1);
+    (void)std::freopen("/dev/null", "r", stdin);
+    (void)std::freopen("/dev/null", "w", stdout);
+    (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
+    ::alarm(60);  // seconds, after which it hangs
+    ::execv(pointers[0], pointers.data());
+    ::_exit(127);
+  }
+
+  [[nodiscard]] Ending EndOf(pid_t child) const {
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFSIGNALED(status) ? WTERMSIG(status) : 0, WEXITSTATUS(status),
+            beside_.Read("errors")};
+  }
+
+ private:
+  // Puts the beginning of a file of the program's data beside it: a run on all of the stop words
+  // takes its time and shows no more.
+  void WriteBeginning(const fs::path& file) const {
+    constexpr int LINES = 60;
+    std::ifstream data(file, std::ios::binary);
+    std::string bytes;
+    std::string line;
+    for (int i = 0; i < LINES && std::getline(data, line); ++i) bytes += line + "\n";
+    (void)folder_.Write("bin/" + file.filename().string(), bytes);
+  }
+
+  const Scenario& scenario_;
+  const char* library_;
+  TestFolder folder_;
+  TestFolder beside_;
+  std::vector<std::string> before_;
+  std::map<std::string, std::string> new_;
+  std::string log_;
+  Ending clean_;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,91 @@
+#include "util/text_hash.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quorvel {
+namespace {
+
+constexpr unsigned BUCKET_BITS = 10;
+constexpr HashSeed GUESSED = {0x0123456789ABCDEF, 0xFEDCBA9876543210, 0x1111111122222222, 99};
+
+using Hash = std::function<std::uint32_t(const std::string&, const HashSeed&)>;
+
+std::uint32_t OfWhole(const std::string& text, const HashSeed& seed) {
+  return HashOf(std::string_view(text), seed);
+}
+
+std::uint32_t OfEnds(const std::string& text, const HashSeed& seed) {
+  std::uint64_t front = 0;
+  std::uint64_t back = 0;
+  std::memcpy(&front, text.data(), sizeof(front));
+  std::memcpy(&back, text.data() + text.size() - sizeof(back), sizeof(back));
+  return HashOf(front, back, seed);
+}
+
+// How many of the texts share a bucket with most others.
+std::size_t Crowd(const std::vector<std::string>& texts, const Hash& hash, const HashSeed& seed) {
+  std::vector<std::size_t> buckets(std::size_t{1} << BUCKET_BITS);
+  for (const std::string& text : texts) ++buckets[hash(text, seed) % buckets.size()];
+  return *std::max_element(buckets.begin(), buckets.end());
+}
+
+// As an attacker makes them, who knows everything but the seed: all fall into one bucket, by a
+// guessed one.
+std::vector<std::string> Colliding(std::string text, std::size_t place, const Hash& hash) {
+  constexpr std::uint32_t TRIED = 1U << 20U;
+  std::vector<std::string> found;
+  for (std::uint32_t number = 0; number < TRIED; ++number) {
+    std::memcpy(text.data() + place, &number, sizeof(number));
+    if (hash(text, GUESSED) % (1U << BUCKET_BITS) == 0) found.push_back(text);
+  }
+  return found;
+}
+
+TEST(TextHash, WhatCollidesWithOneSeedDoesNotWithOthers) {
+  constexpr std::size_t MOST = 12;  // about one text to a bucket, which is 7 at the most in 1,000
+  const std::vector<HashSeed> seeds = {
+      {0x2545F4914F6CDD1D, 0xD6E8FEB86659FD93, 0xA0761D6478BD642F, 0xE7037ED1A0B428DB},
+      {GUESSED[0] ^ 1U, GUESSED[1], GUESSED[2], GUESSED[3]},
+      {GUESSED[0], GUESSED[1] ^ std::uint64_t{1} << 63U, GUESSED[2], GUESSED[3]},
+      RandomHashSeed()};
+  const struct {
+    const char* name;
+    std::vector<std::string> texts;
+    Hash hash;
+  } rows[] = {
+      {"ends", Colliding(std::string(16, 'a'), 6, OfEnds), OfEnds},
+      {"front alone", Colliding(std::string(16, '\0'), 2, OfEnds), OfEnds},
+      {"short", Colliding(std::string(7, 'a'), 2, OfWhole), OfWhole},
+      {"in its beginning", Colliding(std::string(100, 'a'), 3, OfWhole), OfWhole},
+      {"at its end", Colliding(std::string(99, 'a'), 95, OfWhole), OfWhole},
+  };
+  for (const auto& [name, texts, hash] : rows) {
+    EXPECT_EQ(Crowd(texts, hash, GUESSED), texts.size()) << name;
+    EXPECT_GT(texts.size(), 800U) << name;
+    for (const HashSeed& seed : seeds) {
+      EXPECT_LE(Crowd(texts, hash, seed), MOST) << name << " " << seed[0];
+    }
+  }
+}
+
+TEST(TextHash, EveryByteCounts) {
+  for (const std::size_t length : {1, 7, 8, 15, 16, 17, 31, 32, 33, 48, 100}) {
+    const std::string text(length, 'a');
+    for (std::size_t i = 0; i < length; ++i) {
+      std::string other = text;
+      other[i] = 'b';
+      EXPECT_NE(OfWhole(other, GUESSED), OfWhole(text, GUESSED)) << length << " " << i;
+    }
+    EXPECT_NE(OfWhole(text + 'a', GUESSED), OfWhole(text, GUESSED)) << length;
+  }
+}
+
+TEST(TextHash, SeedsAreNotForetold) { EXPECT_NE(RandomHashSeed(), RandomHashSeed()); }
+
+}  // namespace
+}  // namespace quorvel
