@@ -82,14 +82,15 @@ TEST(ListingText, SameAsTheNaiveForm) {
     ConcordanceSettings settings;
     settings.allowWordsWithNumerals = random() % 2 == 0;
     const Text text = RandomText(alphabets[round % alphabets.size()], mostParts, random);
-    for (int choice = 0; choice < 80; ++choice) {
-      settings.contextSize = choice / 8;
+    for (int contextSize = 0; contextSize < 10; ++contextSize) {
+      const auto choice = random() % 8;
+      settings.contextSize = contextSize;
       settings.wordOrder = choice % 2 == 0 ? WordOrder::alphabetical : WordOrder::byFrequency;
       settings.showFrequencies = choice / 2 % 2 == 0;
       settings.showLineBreaks = choice / 4 % 2 == 0;
       ASSERT_EQ(FastListing(text, settings), naive::ListWords(text, settings))
-          << "text: " << testing::PrintToString(text) << "\nchoice " << choice << ", numerals "
-          << settings.allowWordsWithNumerals;
+          << "text: " << testing::PrintToString(text) << "\ncontext " << contextSize << ", choice "
+          << choice << ", numerals " << settings.allowWordsWithNumerals;
     }
   }
 }

@@ -9,7 +9,7 @@
 namespace quorvel {
 namespace {
 
-constexpr int LONG_MS = 60000;
+constexpr int MINUTE_MS = 60000;
 
 class PopUps : public WindowTest {
  protected:
@@ -52,7 +52,7 @@ TEST_F(PopUps, EndAtAnyKeyOrClickThatThenDoesNothingElse) {
   const Names boxes = {"chkFrequencies", "chkIgnoreLists"};
   for (const auto& [name, end] : rows) {
     Do(name, {Says("Done", end)}, [this] {
-      PopUpInForm(*window_, {"Done", QSize(200, 50), LONG_MS}, QPoint(0, 0));
+      PopUpInForm(*window_, {"Done", QSize(200, 50), MINUTE_MS}, QPoint(0, 0));
     });
     EXPECT_TRUE(window_->isVisible()) << name;
     EXPECT_EQ(Which("checked", boxes) + Text("txbOutput"), "chkFrequencies ") << name;
@@ -67,7 +67,9 @@ TEST_F(PopUps, StandInTheMiddleOfTheScreen) {
     place = box.geometry();
     QTest::keyClick(box.windowHandle(), Qt::Key_X);
   });
-  Do("center", {done}, [this] { PopUpCenterScreen(*window_, {"Done", QSize(200, 50), LONG_MS}); });
+  Do("center", {done}, [this] {
+    PopUpCenterScreen(*window_, {"Done", QSize(200, 50), MINUTE_MS});
+  });
   const QSize screen = window_->screen()->geometry().size();
   EXPECT_EQ(place,
             QRect(QPoint((screen.width() - 200) / 2, (screen.height() - 50) / 2), QSize(200, 50)));
