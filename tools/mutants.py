@@ -13,6 +13,7 @@ they are counted apart.
 import argparse
 import collections
 import concurrent.futures
+import itertools
 import json
 import os
 import pathlib
@@ -26,10 +27,11 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 EQUALS = ROOT / "tools/mutants_equal.txt"
-QUICK = 0.05  # seconds: tests that take no longer are run before the others
+QUICK = 0.05  # seconds: what takes longer is tried last
 MOST_MEMORY = 8 << 30
 
 Fault = collections.namedtuple("Fault", "file line kind start end text before after")
+Test = collections.namedtuple("Test", "name file seconds")
 
 # ---- Where faults can be put -------------------------------------------------------------------
 
@@ -179,7 +181,7 @@ class Copy:
         self.window = window
         self.build = self.tree / "build/mutants"
         self.program = self.build / ("quorvel_window_tests" if window else "quorvel_tests")
-        self.seconds = {}
+        self.tests = []  # of each its name, its file and its seconds
 
     def run(self, command, timeout=None):
         """The output of a command that ends well, None of another."""
@@ -229,19 +231,26 @@ class Copy:
             sys.exit((self.tree.parent / "log").read_text() + "\nThe code without a fault fails.")
         for suite in json.loads(results.read_text())["testsuites"]:
             for test in suite["testsuite"]:
-                self.seconds[f"{suite['name']}.{test['name']}"] = float(test["time"].rstrip("s"))
+                self.tests.append(Test(f"{suite['name']}.{test['name']}", test["file"],
+                                       float(test["time"].rstrip("s"))))
 
     def test(self, names, timeout, *options):
         server = [self.tree / "tests/ui/with_x_server.sh"] if self.window else []
         return self.run([*server, self.program, f"--gtest_filter={names}", "--gtest_fail_fast",
                          "--gtest_brief=1", *options], timeout)
 
-    def passes(self):
-        """Whether all tests pass, the quick ones tried first."""
-        quick = [name for name, seconds in self.seconds.items() if seconds <= QUICK]
-        slow = [name for name in self.seconds if name not in quick]
-        return all(self.test(":".join(names), 20 + 3 * sum(self.seconds[name] for name in names))
-                   for names in (quick, slow) if names)
+    def passes(self, file):
+        """Whether all tests pass: first those of the file, then of its folder, then the quick ones."""
+        own = file.replace("src/", "tests/").rsplit(".")[0] + "_test.cpp"
+
+        def order(test):
+            is_own = test.file.endswith(own)
+            is_near = test.file.rsplit("/", 1)[0].endswith(own.rsplit("/", 1)[0])
+            return (not is_own, test.seconds > QUICK, not is_near) if not self.window else (not is_own,)
+
+        groups = [list(group) for _, group in itertools.groupby(sorted(self.tests, key=order), order)]
+        return all(self.test(":".join(test.name for test in group),
+                             10 + 5 * sum(test.seconds for test in group)) for group in groups)
 
     def survives(self, fault):
         """Whether no test sees the fault; None if it does not compile."""
@@ -249,7 +258,7 @@ class Copy:
         source = file.read_text()
         file.write_text(source[:fault.start] + fault.text + source[fault.end:])
         try:
-            return self.passes() if self.make() else None
+            return self.passes(fault.file) if self.make() else None
         finally:
             file.write_text(source)
 
@@ -356,7 +365,7 @@ def main():
     copies = [Copy(folder / f"{kind}-{number}", chosen.window) for number in range(int(jobs))]
     with concurrent.futures.ThreadPoolExecutor(len(copies)) as pool:
         list(pool.map(Copy.prepare, copies))
-    print(f"Seed {seed}; {sum(copies[0].seconds.values()):.0f} s of tests", flush=True)
+    print(f"Seed {seed}; {sum(test.seconds for test in copies[0].tests):.0f} s of tests", flush=True)
     print_shares(try_faults(copies, drawn(all_faults(files), random.Random(seed)), chosen.count, equals))
 
 
