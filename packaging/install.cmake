@@ -80,6 +80,8 @@ if(UNIX)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES packaging/completions/quorvel-cli.zsh RENAME _quorvel-cli
     DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  install(FILES packaging/completions/quorvel-cli.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endif()
 
 set(CPACK_GENERATOR DEB)

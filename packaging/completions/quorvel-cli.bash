@@ -28,7 +28,7 @@ _quorvel_cli() {
     --language) values='auto en de es pt it fr all none' ;;
     --answer) values='yes no default' ;;
     -c | --context) values='0 1 2 3 4 5 6 7 8 9' ;;
-    --min-count) values='2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20' ;;
+    --min-count) values='1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20' ;;
     -o | --output)
       _quorvel_cli_files "$word"
       return
@@ -44,11 +44,11 @@ _quorvel_cli() {
     -e | --keywords | --extra-stop-words) return ;; # words of the user's own
   esac
   if [[ -z $values && $word == -* ]]; then
-    values='-h --help -o --output --format -s --settings --save-settings --index --use-index
-      --encoding --create --search -k --keywords-file -e --keywords -c --context --order
-      --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens --no-hyphens
-      --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words --language
-      --extra-stop-words --answer -q --quiet --version'
+    values='-h --help -o --output --format -s --settings --save-settings --index --no-index
+      --use-index --encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
+      -c --context --order --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens
+      --no-hyphens --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words
+      --language --extra-stop-words --answer -q --quiet -V --version'
   fi
   if [[ -n $values ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$values" -- "$word")

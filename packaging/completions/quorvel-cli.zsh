@@ -3,17 +3,19 @@
 
 _arguments -s -S \
   '(- *)'{-h,--help}'[show the options]' \
-  '(- *)--version[show the version]' \
+  '(- *)'{-V,--version}'[show the version]' \
   '(-o --output)'{-o,--output=}'[the concordance or search-results file, - for standard output]:output file:_files' \
   '--format=[the concordance, or its occurrences as rows]:format:(text tsv json)' \
   '(-s --settings)'{-s,--settings=}'[start from a settings file]:settings file:_files -g "*.(#i)lvz"' \
   '--save-settings=[save the settings and run nothing]:settings file:_files -g "*.(#i)lvz"' \
-  '--index[write the words of the input to an index file]' \
+  '(--no-index)--index[write the words of the input to an index file]' \
+  '(--index)--no-index[write no index file]' \
   '--use-index[take the words from the index file]' \
   '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi)' \
   '(--search)--create[list all words]' \
   '(--create)--search[list keywords only]' \
-  '(-k --keywords-file)'{-k,--keywords-file=}'[a file of words to search for]:keywords file:_files -g "*.(#i)txt"' \
+  '(-k --keywords-file --no-keywords-file)'{-k,--keywords-file=}'[a file of words to search for]:keywords file:_files -g "*.(#i)txt"' \
+  '(-k --keywords-file)--no-keywords-file[search for the words of no file]' \
   '(-e --keywords)'{-e,--keywords=}'[words and patterns to search for]:words: ' \
   '(-c --context)'{-c,--context=}'[words of context on each side]:words:(0 1 2 3 4 5 6 7 8 9)' \
   '--order=[the order of the words]:order:(alphabetical frequency)' \
@@ -27,7 +29,7 @@ _arguments -s -S \
   '(--numerals)--no-numerals[do not list words with digits]' \
   '(--no-skip-lists)--skip-lists[leave out the lists of a web page]' \
   '(--skip-lists)--no-skip-lists[keep the lists of a web page]' \
-  '--min-count=[list only words that occur at least so often]:times:(2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20)' \
+  '--min-count=[list only words that occur at least so often]:times:(1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20)' \
   '(--language)--stop-words=[a file of words not to list]:stop-words file:_files -g "*.(#i)txt"' \
   '(--stop-words)--language=[whose stop words not to list]:language:(auto en de es pt it fr all none)' \
   '--extra-stop-words=[words not to list]:words: ' \

@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
+#include <sstream>
 #include <string_view>
 #include <vector>
 
+#include "files/file_system.h"
 #include "files/path_names.h"
 #include "lists/languages.h"
 #include "output/concordance_file.h"
@@ -18,11 +20,15 @@ namespace quorvel {
 namespace {
 
 constexpr const char* DESCRIPTION =
-    "Makes a key-word-in-context concordance of a document: every word, with each of its\n"
-    "occurrences between the words around it. In search mode: only the words asked for.";
+    "Makes a key-word-in-context concordance of a document: every word, with each\n"
+    "of its occurrences between the words around it. In a search: only the words\n"
+    "asked for.\n";
 
 constexpr const char* EXIT_STATUS =
-    "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found, 130 stopped.";
+    "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found,\n"
+    "130 stopped.";
+
+constexpr int WRONG_USAGE = 2;
 
 enum class Encoding { detected, utf8, ansi };
 
@@ -40,16 +46,46 @@ void AddChoice(CLI::App& app, const std::string& name, const std::map<std::strin
       ->check(CLI::IsMember(words));
 }
 
-// The help, with each pair of flags in one: "--[no-]hyphens".
+constexpr std::size_t DESCRIPTIONS = 29;  // where in a line of the help they begin
+
+// A line of the help in lines that a terminal holds, broken at blanks.
+std::string BrokenLine(std::string line) {
+  constexpr std::size_t WIDTH = 79;
+  std::string result;
+  while (line.size() > WIDTH) {
+    const std::size_t end = line.rfind(' ', WIDTH);
+    result.append(line, 0, end).append("\n");
+    line.replace(0, end + 1, DESCRIPTIONS, ' ');
+  }
+  return result.append(line).append("\n");
+}
+
+// "--[no-]hyphens" for "--hyphens,--no-hyphens{false}".
+void JoinFlags(std::string& line) {
+  const std::size_t comma = line.find(",--no-");
+  if (comma == std::string::npos) return;
+  line.erase(comma, line.find('}', comma) + 1 - comma);
+  line.insert(line.find("--") + 2, "[no-]");
+  const std::size_t end = line.find(' ', 2);
+  if (end == std::string::npos) return;
+  line.replace(end, line.find_first_not_of(' ', end) - end, DESCRIPTIONS - end, ' ');
+}
+
+// The help of the library, with each pair of flags in one and no line that a terminal would break.
 std::string HelpText(const CLI::App& app) {
-  constexpr std::string_view BETWEEN = ",--no-";
-  constexpr std::string_view BEHIND = "{false}";
-  std::string help = app.help();
-  for (std::size_t comma = help.find(BETWEEN); comma != std::string::npos;
-       comma = help.find(BETWEEN)) {
-    const std::size_t first = help.rfind("--", comma - 1);
-    help.erase(comma, help.find(BEHIND, comma) + BEHIND.size() - comma);
-    help.insert(first + 2, "[no-]");
+  app.get_formatter()->column_width(DESCRIPTIONS);
+  std::istringstream lines(app.help());
+  std::string help;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() && help.ends_with("\n\n")) continue;
+    JoinFlags(line);
+    // The library begins a new line behind a long name.
+    std::string description;
+    if (line.starts_with("  -") && line.find("  ", 2) == std::string::npos) {
+      std::getline(lines, description);
+      line.resize(DESCRIPTIONS, ' ');
+    }
+    help += BrokenLine(line.append(TrimBlanks(description)));
   }
   return help;
 }
@@ -61,6 +97,7 @@ struct RawOptions {
   int minCount = 0;
   bool search = false;
   bool create = false;
+  bool noKeywordsFile = false;
   std::string settingsFile;
   AnswerPolicy answer = AnswerPolicy::preset;
 };
@@ -74,9 +111,17 @@ CLI::Option& AddFile(CLI::App& app, const std::string& name, std::string& path,
   return *app.add_option(name, path, description)->option_text("FILE")->check(fault);
 }
 
+// One that is read.
+CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path,
+                       const std::string& description) {
+  return *AddFile(app, name, path, description).check([](const std::string& given) {
+    return FolderExists(given) ? given + " is a folder" : std::string();
+  });
+}
+
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  AddFile(app, "INPUT", commandLine.settings.inputFile,
-          "the document: a text file, a web page or a DOCX document")
+  AddSource(app, "INPUT", commandLine.settings.inputFile,
+            "the document: a text file, a web page or a DOCX document")
       .option_text(" ");
   AddFile(app, "-o,--output", raw.outputFile,
           "the concordance or search-results file; \"-\" for standard output. Default: for a "
@@ -94,9 +139,8 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
           "overrides what it says");
   AddFile(app, "--save-settings", commandLine.settingsFileToSave,
           "save the settings, options included, as a settings file, and run nothing");
-  app.add_flag("--index", commandLine.settings.createIndexFile,
-               "write the words of the input beside it, as an index file. Default: no")
-      ->option_text(" ");
+  app.add_flag("--index,!--no-index", commandLine.settings.createIndexFile,
+               "write the words of the input beside it, as an index file. Default: no");
   app.add_flag("--use-index", commandLine.useIndex,
                "take the words from that file where it fits, and scan nothing. Default: no")
       ->option_text(" ");
@@ -112,7 +156,12 @@ void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& 
   app.add_flag("--search", raw.search, "list keywords only. Default with -k or -e")
       ->option_text(" ")
       ->excludes(create);
-  AddFile(app, "-k,--keywords-file", settings.keywordsFile, "a file of words to search for");
+  auto& file =
+      AddSource(app, "-k,--keywords-file", settings.keywordsFile, "a file of words to search for");
+  app.add_flag("--no-keywords-file", raw.noKeywordsFile,
+               "search for none of a file, whatever the settings file says")
+      ->option_text(" ")
+      ->excludes(&file);
   app.add_option(
          "-e,--keywords", settings.extraKeywords,
          "words to search for, separated by blanks: * stands for any characters, ? for one, "
@@ -151,10 +200,10 @@ void AddWordOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   app.add_flag("--skip-lists,!--no-skip-lists", settings.ignoreLists,
                "leave out the lists of a web page. Default: no");
   app.add_option("--min-count", raw.minCount,
-                 "list only words that occur at least N times, 2 to 20")
+                 "list only words that occur at least N times, 1 to 20. Default: 1")
       ->option_text("N")
-      ->check(CLI::Range(SMALLEST_THRESHOLD, LARGEST_THRESHOLD));
-  AddFile(app, "--stop-words", settings.stopWordsFile, "a file of words not to list");
+      ->check(CLI::Range(1, LARGEST_THRESHOLD));
+  AddSource(app, "--stop-words", settings.stopWordsFile, "a file of words not to list");
   app.add_option(
          "--language", commandLine.language,
          "whose stop words not to list, where --stop-words names no file: en, de, es, pt, it, "
@@ -175,7 +224,8 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
       "and take their default elsewhere");
   app.add_flag("-q,--quiet", commandLine.quiet,
                "show no progress, and no message that all went well");
-  app.set_version_flag("--version", "quorvel-cli " + VersionText());
+  app.set_version_flag("-V,--version", "quorvel-cli " + VersionText(), "show the version");
+  app.set_help_flag("-h,--help", "show this help");
 }
 
 // The rows have no part in what a settings file says of the listing's file.
@@ -248,13 +298,14 @@ void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& co
   const bool keywordsGiven = CountOf(app, "-k") + CountOf(app, "-e") > 0;
   if (raw.search || (keywordsGiven && !raw.create)) settings.mode = Mode::search;
   if (raw.create) settings.mode = Mode::create;
+  if (raw.noKeywordsFile) settings.keywordsFile.clear();
   ApplyStopWordOptions(app, raw, commandLine);
   ApplyOutputOption(app, raw.outputFile, commandLine);
   if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
   settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
   if (CountOf(app, "--min-count") > 0) {
-    settings.ignoreInfrequentWords = true;
-    settings.thresholdFrequency = raw.minCount;
+    settings.ignoreInfrequentWords = raw.minCount >= SMALLEST_THRESHOLD;
+    if (settings.ignoreInfrequentWords) settings.thresholdFrequency = raw.minCount;
   }
   if (CountOf(app, "--answer") > 0) commandLine.answerPolicy = raw.answer;
 }
@@ -280,10 +331,18 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
   // A path may begin with "/" on Windows too.
   app.allow_windows_style_options(false);
   app.footer(EXIT_STATUS);
+  // So an alias of the user's own can be overridden.
+  app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  const auto inGroup = [&app](const char* group) { app.option_defaults()->group(group); };
+  inGroup("Files");
   AddFileOptions(app, commandLine, raw);
+  inGroup("Search");
   AddSearchOptions(app, commandLine.settings, raw);
+  inGroup("Listing");
   AddListingOptions(app, commandLine.settings);
+  inGroup("Words");
   AddWordOptions(app, commandLine, raw);
+  inGroup("Messages");
   AddDialogOptions(app, commandLine, raw);
   try {
     app.parse(ForLibrary(arguments));
@@ -296,7 +355,6 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
     std::cout << version.what() << '\n';
     commandLine.exitStatus = 0;
   } catch (const CLI::ParseError& error) {
-    constexpr int WRONG_USAGE = 2;
     std::cerr << "quorvel-cli: " << VisibleName(error.what())
               << "\nquorvel-cli --help tells the options.\n";
     commandLine.exitStatus = WRONG_USAGE;
@@ -307,6 +365,11 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
 
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   CommandLine commandLine;
+  if (arguments.empty()) {
+    std::cerr << "Usage: quorvel-cli [OPTIONS] INPUT\nquorvel-cli --help tells the options.\n";
+    commandLine.exitStatus = WRONG_USAGE;
+    return commandLine;
+  }
   RawOptions raw;
   Parse(arguments, commandLine, raw);
   if (commandLine.exitStatus || raw.settingsFile.empty()) return commandLine;

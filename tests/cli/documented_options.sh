@@ -78,9 +78,22 @@ zsh_completion() {
     }'
 }
 
+# Each line says one option: "complete -c quorvel-cli -s a -l all -xa 'values' -d 'what'".
+fish_completion() {
+  sed -nE 's/^complete -c quorvel-cli //p' "$completions/quorvel-cli.fish" |
+    sed -E "s/ -d '.*//; s/-s (.)/-\1/; s/-l ([^ ]+)/--\1/; s/ -(rF|x)$//" |
+    awk -F " -xa '" '{
+      names = split($1, name, " ")
+      for (i = 1; i <= names; i++) print name[i]
+      sub(/\x27$/, "", $2)
+      count = split($2, values, " ")
+      for (i = 1; i <= names; i++) for (j = 1; j <= count; j++) print name[i], values[j]
+    }'
+}
+
 readme() {
   sed -n '/quorvel-cli \[OPTIONS\]/,/^$/ p' "$root/README.md" |
-    grep -oE -- ' --?(\[no-\])?[a-z][a-z-]*' | tr -d ' ' | each_name
+    grep -oE -- ' --?(\[no-\])?[a-zA-Z][a-z-]*' | tr -d ' ' | each_name
 }
 
 mapfile -t options < <(help_options)
@@ -115,5 +128,6 @@ check 'manual page' "$(manual)" "${options[@]}" "$words"
 check 'bash completion' "$(bash_completion)" "${options[@]}" "$words" "$numbers"
 check 'bash completion behind =' "$(bash_completion '=')" "${options[@]}" "$words" "$numbers"
 check 'zsh completion' "$(zsh_completion)" "${options[@]}" "$words" "$numbers"
+check 'fish completion' "$(fish_completion)" "${options[@]}" "$words" "$numbers"
 check README.md "$(readme)" "${options[@]}"
 exit $status
