@@ -41,11 +41,11 @@ _quorvel_cli() {
       _quorvel_cli_files "$word" lvz
       return
       ;;
-    -e | --keywords | --extra-stop-words) return ;; # words of the user's own
+    -e | --keywords | --extra-stop-words | -j | --jobs) return ;; # the user's own
   esac
   if [[ -z $values && $word == -* ]]; then
     values='-h --help -o --output --format -s --settings --save-settings --index --no-index
-      --use-index --encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
+      --use-index -j --jobs --encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
       -c --context --order --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens
       --no-hyphens --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words
       --language --extra-stop-words --answer -q --quiet -V --version'

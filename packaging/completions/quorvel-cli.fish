@@ -9,6 +9,7 @@ complete -c quorvel-cli -l save-settings -rF -d 'save the settings and run nothi
 complete -c quorvel-cli -l index -d 'write the words of the input to an index file'
 complete -c quorvel-cli -l no-index -d 'write no index file'
 complete -c quorvel-cli -l use-index -d 'take the words from the index file'
+complete -c quorvel-cli -s j -l jobs -x -d 'work on so many of several documents at once'
 complete -c quorvel-cli -l encoding -xa 'auto utf-8 ansi' -d 'the encoding of the input'
 complete -c quorvel-cli -l create -d 'list all words'
 complete -c quorvel-cli -l search -d 'list keywords only'

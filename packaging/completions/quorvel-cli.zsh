@@ -11,6 +11,7 @@ _arguments -s -S \
   '(--no-index)--index[write the words of the input to an index file]' \
   '(--index)--no-index[write no index file]' \
   '--use-index[take the words from the index file]' \
+  '(-j --jobs)'{-j,--jobs=}'[work on so many of several documents at once]:jobs: ' \
   '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi)' \
   '(--search)--create[list all words]' \
   '(--create)--search[list keywords only]' \
@@ -35,4 +36,4 @@ _arguments -s -S \
   '--extra-stop-words=[words not to list]:words: ' \
   '--answer=[how questions are answered]:answer:(yes no default)' \
   '(-q --quiet)'{-q,--quiet}'[show no progress, and no message that all went well]' \
-  '1:document:_files -g "*.(#i)(txt|docx|*htm*)"'
+  '*:document:_files -g "*.(#i)(txt|docx|*htm*)"'

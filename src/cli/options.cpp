@@ -30,6 +30,8 @@ constexpr const char* EXIT_STATUS =
 
 constexpr int WRONG_USAGE = 2;
 
+constexpr int MOST_JOBS = 64;
+
 enum class Encoding { detected, utf8, ansi };
 
 // Adds an option that takes one of a few words, each of which stands for a value.
@@ -92,6 +94,7 @@ std::string HelpText(const CLI::App& app) {
 
 // Options that stand for more than one field.
 struct RawOptions {
+  std::vector<std::string> inputs;
   std::string outputFile;
   Encoding encoding = Encoding::detected;
   int minCount = 0;
@@ -103,12 +106,18 @@ struct RawOptions {
 };
 
 // A name of blanks alone is none where blanks around names are dropped.
-CLI::Option& AddFile(CLI::App& app, const std::string& name, std::string& path,
-                     const std::string& description) {
+template <typename Names>
+CLI::Option& AddFileNames(CLI::App& app, const std::string& name, Names& names,
+                          const std::string& description) {
   const auto fault = [](const std::string& given) {
     return std::string(TrimBlanks(given).empty() ? "a file name is needed" : "");
   };
-  return *app.add_option(name, path, description)->option_text("FILE")->check(fault);
+  return *app.add_option(name, names, description)->option_text("FILE")->check(fault);
+}
+
+CLI::Option& AddFile(CLI::App& app, const std::string& name, std::string& path,
+                     const std::string& description) {
+  return AddFileNames(app, name, path, description);
 }
 
 // One that is read.
@@ -120,9 +129,11 @@ CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path
 }
 
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  AddSource(app, "INPUT", commandLine.settings.inputFile,
-            "the document: a text file, a web page or a DOCX document")
-      .option_text(" ");
+  AddFileNames(app, "INPUT", raw.inputs,
+               "the document: a text file, a web page or a DOCX document. Several, and all in a "
+               "folder, are each listed beside themselves")
+      .option_text(" ")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   AddFile(app, "-o,--output", raw.outputFile,
           "the concordance or search-results file; \"-\" for standard output. Default: for a "
           "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
@@ -144,6 +155,11 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   app.add_flag("--use-index", commandLine.useIndex,
                "take the words from that file where it fits, and scan nothing. Default: no")
       ->option_text(" ");
+  app.add_option("-j,--jobs", commandLine.jobs,
+                 "work on so many of several documents at once, 1 to 64. Default: the number of "
+                 "processors")
+      ->option_text("COUNT")
+      ->check(CLI::Range(1, MOST_JOBS));
   AddChoice<Encoding>(
       app, "--encoding",
       {{"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}},
@@ -228,15 +244,19 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
   app.set_help_flag("-h,--help", "show this help");
 }
 
+// The file beside the input that a concordance or its rows are written to.
+std::string NameBesideInput(const CommandLine& commandLine) {
+  const std::string& input = commandLine.settings.inputFile;
+  if (commandLine.format == OutputFormat::text) return DefaultConcordanceFileName(input);
+  return DefaultRowsFileName(input, commandLine.format == OutputFormat::json ? "json" : "tsv");
+}
+
 // The rows have no part in what a settings file says of the listing's file.
 void ApplyRowsOutput(const std::string& outputFile, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
   const bool search = settings.mode == Mode::search;
   std::string target = outputFile == "-" ? "" : outputFile;
-  if (outputFile.empty() && !search) {
-    target = DefaultRowsFileName(settings.inputFile,
-                                 commandLine.format == OutputFormat::json ? "json" : "tsv");
-  }
+  if (outputFile.empty() && !search) target = NameBesideInput(commandLine);
   commandLine.toStandardOutput = target.empty();
   (search ? settings.searchResultsFile : settings.outputFile) = target;
 }
@@ -262,7 +282,7 @@ void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
   } else if (!search && !settings.inputFile.empty() &&
              (target.empty() || CountOf(app, "INPUT") > 0)) {
     // A concordance named in a settings file is that of the input named there.
-    target = DefaultConcordanceFileName(settings.inputFile);
+    target = NameBesideInput(commandLine);
   }
   commandLine.toStandardOutput = outputFile == "-" || (search && target.empty());
 }
@@ -280,8 +300,8 @@ void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLin
 }
 
 // Refuses what makes no sense together.
-void CheckOptions(const CLI::App& app, const CommandLine& commandLine) {
-  if (commandLine.settings.inputFile == "-") {
+void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
+  if (std::ranges::find(raw.inputs, "-") != raw.inputs.end()) {
     throw CLI::ValidationError("INPUT", "a document is read from a file, not from standard input");
   }
   if (commandLine.format == OutputFormat::text) return;
@@ -293,8 +313,34 @@ void CheckOptions(const CLI::App& app, const CommandLine& commandLine) {
   }
 }
 
+// One document goes into the settings, which may name one already.
+void ApplyInputs(const RawOptions& raw, CommandLine& commandLine) {
+  const std::vector<std::string>& inputs = raw.inputs;
+  if (inputs.size() > 1 || (inputs.size() == 1 && FolderExists(inputs.front()))) {
+    commandLine.inputs = inputs;
+  } else if (!inputs.empty()) {
+    commandLine.settings.inputFile = inputs.front();
+  }
+}
+
+// Of several documents the texts cannot go into one file, and the rows can.
+void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
+  const bool search = commandLine.settings.mode == Mode::search;
+  commandLine.listsBesideInputs = outputFile.empty() && !search;
+  const bool oneWay = commandLine.listsBesideInputs || commandLine.toStandardOutput;
+  if (commandLine.format == OutputFormat::text && !oneWay) {
+    throw CLI::ValidationError(outputFile.empty() ? "--settings" : "--output",
+                               "the listings of several documents do not go into one file; "
+                               "the rows of --format tsv do");
+  }
+  if (!commandLine.settingsFileToSave.empty()) {
+    throw CLI::ValidationError("--save-settings", "settings are those of one document");
+  }
+}
+
 void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
+  ApplyInputs(raw, commandLine);
   const bool keywordsGiven = CountOf(app, "-k") + CountOf(app, "-e") > 0;
   if (raw.search || (keywordsGiven && !raw.create)) settings.mode = Mode::search;
   if (raw.create) settings.mode = Mode::create;
@@ -302,6 +348,7 @@ void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& co
   ApplyStopWordOptions(app, raw, commandLine);
   ApplyOutputOption(app, raw.outputFile, commandLine);
   if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
+  if (!commandLine.inputs.empty()) ApplyToSeveral(raw.outputFile, commandLine);
   settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
   if (CountOf(app, "--min-count") > 0) {
     settings.ignoreInfrequentWords = raw.minCount >= SMALLEST_THRESHOLD;
@@ -346,7 +393,7 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
   AddDialogOptions(app, commandLine, raw);
   try {
     app.parse(ForLibrary(arguments));
-    CheckOptions(app, commandLine);
+    CheckOptions(app, raw, commandLine);
     ApplyRawOptions(app, raw, commandLine);
   } catch (const CLI::CallForHelp&) {
     std::cout << HelpText(app);
@@ -362,6 +409,16 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
 }
 
 }  // namespace
+
+CommandLine ForDocument(const CommandLine& commandLine, const std::string& path) {
+  CommandLine one = commandLine;
+  one.settings.inputFile = path;
+  one.settings.searchResultsFile.clear();
+  one.settings.outputFile.clear();
+  one.toStandardOutput = !commandLine.listsBesideInputs;
+  if (commandLine.listsBesideInputs) one.settings.outputFile = NameBesideInput(one);
+  return one;
+}
 
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   CommandLine commandLine;

@@ -9,11 +9,16 @@
 #include "run/input_check.h"
 #include "run/listing_run.h"
 #include "settings/settings.h"
+#include "util/piece_makers.h"
 
 namespace quorvel {
 
 struct CommandLine {
   ConcordanceSettings settings;
+  // The documents and folders, where they are not one document alone: that stands in the settings.
+  std::vector<std::string> inputs;
+  bool listsBesideInputs = false;  // each of them; else what is listed of all goes one way
+  unsigned jobs = Processors();    // how many of them are worked on at once
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
   std::string language;  // whose stop words; empty: of the file that the settings name
   bool useIndex = false;
@@ -28,6 +33,10 @@ struct CommandLine {
   // used (1) or the usage is wrong (2).
   std::optional<int> exitStatus;
 };
+
+// What is asked for one document of several. Where these are not listed beside themselves, it is as
+// if each were listed to standard output.
+[[nodiscard]] CommandLine ForDocument(const CommandLine& commandLine, const std::string& path);
 
 // Reads the arguments of the program, without its name; prints the help or what is wrong with them.
 [[nodiscard]] CommandLine ReadCommandLine(const std::vector<std::string>& arguments);

@@ -75,6 +75,14 @@ TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, bool qu
       inputFile_(VisibleName(inputFile)),
       showsProgress_(!quiet && IsTerminal(Stream::error)) {}
 
+TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, std::string_view inputFile,
+                                     const std::atomic<bool>& stopped)
+    : policy_(policy.value_or(AnswerPolicy::preset)),
+      quiet_(true),
+      inputFile_(VisibleName(inputFile)),
+      showsProgress_(false),
+      stopped_(&stopped) {}
+
 void TerminalInterface::AppendOutput(std::string_view text) {
   if (!showsProgress_) return;
   ClearBar();
@@ -105,6 +113,10 @@ Answer TerminalInterface::Ask(const Message& message) {
 }
 
 void TerminalInterface::YieldNow() {
+  if (stopped_ != nullptr) {
+    if (*stopped_) RequestStop();
+    return;
+  }
   const int signal = interrupted;
   if (signal == 0) return;
   if (signal != SIGINT) throw EndRequested{signal};

@@ -2,6 +2,7 @@
 // questions are answered by option, at the terminal, or with their default button.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -20,6 +21,11 @@ class TerminalInterface : public Conversation {
   // take their default button elsewhere. Progress is shown only on a terminal; with
   // `quiet` neither progress nor a message that all went well. `inputFile` may be empty.
   TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet, std::string_view inputFile);
+
+  // For one of several documents that are worked on at once: quiet, it asks nothing, and instead of
+  // signals it looks at `stopped`, which must outlive it.
+  TerminalInterface(std::optional<AnswerPolicy> policy, std::string_view inputFile,
+                    const std::atomic<bool>& stopped);
 
   void AppendOutput(std::string_view text) override;
   void SetOutput(std::string_view text) override;
@@ -55,6 +61,7 @@ class TerminalInterface : public Conversation {
   bool showsProgress_;
   bool barShown_ = false;
   bool resultFailed_ = false;
+  const std::atomic<bool>* stopped_ = nullptr;
 };
 
 // Says on standard error that there is not enough memory for what these words name, a file or the

@@ -9,6 +9,7 @@
 #include "output/listing_order.h"
 #include "util/ansi.h"
 #include "util/characters.h"
+#include "util/visible_text.h"
 
 // A field of the tab-separated table needs no quotes: every tab and line end of a document
 // has become a blank when its text was prepared, and the other controls are no separators to
@@ -23,8 +24,11 @@ constexpr std::size_t PIECE = std::size_t{1} << 18U;  // bytes
 struct Layout {
   std::string_view begin;
   std::string_view beginOfWordList;
-  std::string_view firstRow;  // and the beginning of its word
+  std::string_view firstRow;
   std::string_view nextRow;
+  std::string_view file;  // of a table of several documents
+  std::string_view fileEnd;
+  std::string_view word;
   std::string_view key;
   std::string_view count;
   std::string_view left;
@@ -40,6 +44,9 @@ constexpr Layout TSV_LAYOUT = {
     .beginOfWordList = "word\tkey\tcount\n",
     .firstRow = "",
     .nextRow = "",
+    .file = "",
+    .fileEnd = "\t",
+    .word = "",
     .key = "\t",
     .count = "\t",
     .left = "\t",
@@ -53,8 +60,11 @@ constexpr Layout TSV_LAYOUT = {
 constexpr Layout JSON_LAYOUT = {
     .begin = "[",
     .beginOfWordList = "[",
-    .firstRow = "\n{\"word\":\"",
-    .nextRow = ",\n{\"word\":\"",
+    .firstRow = "\n{",
+    .nextRow = ",\n{",
+    .file = R"("file":")",
+    .fileEnd = R"(",)",
+    .word = R"("word":")",
     .key = R"(","key":")",
     .count = R"(","count":)",
     .left = R"(,"left":")",
@@ -64,6 +74,10 @@ constexpr Layout JSON_LAYOUT = {
     .rowEnd = "}",
     .end = "\n]\n",
 };
+
+const Layout& LayoutOf(RowFormat format) {
+  return format == RowFormat::json ? JSON_LAYOUT : TSV_LAYOUT;
+}
 
 // Which occurrences of one word are rows.
 class Wanted {
@@ -94,25 +108,33 @@ class Wanted {
 
 class RowComposer {
  public:
-  RowComposer(const Listing& listing, RowFormat format, const PieceSink& take)
+  RowComposer(const Listing& listing, const RowOptions& options, const PieceSink& take)
       : listing_(listing),
         take_(take),
-        isJson_(format == RowFormat::json),
-        layout_(isJson_ ? JSON_LAYOUT : TSV_LAYOUT),
+        isJson_(options.format == RowFormat::json),
+        isPart_(options.file.has_value()),
+        layout_(LayoutOf(options.format)),
         cutter_(listing.Source().ansiText,
                 {listing.options.contextSize, listing.options.showLineBreaks}) {
     copies_.reserve(cutter_.LongestContext(MAX_WORD_LENGTH));
+    if (!isPart_) return;
+    fileField_ = layout_.file;
+    for (const char ch : VisibleName(*options.file)) {
+      if (isJson_ && (ch == '"' || ch == '\\')) fileField_ += '\\';
+      fileField_ += ch;
+    }
+    fileField_ += layout_.fileEnd;
   }
 
   void ComposeTable(Progress& progress) {
     ListingProgress shown(*listing_.words, progress);
-    bytes_ = IsWordList() ? layout_.beginOfWordList : layout_.begin;
+    if (!isPart_) bytes_ = IsWordList() ? layout_.beginOfWordList : layout_.begin;
     for (const ListedWord& word : WordsInOrder(*listing_.words, listing_.options.wordOrder)) {
       shown.Show(word);
       if (!AddRowsOf(*word.entry)) return;
       if (!shown.MayGoOn()) break;
     }
-    bytes_ += layout_.end;
+    if (!isPart_) bytes_ += layout_.end;
     take_(bytes_);
   }
 
@@ -139,7 +161,7 @@ class RowComposer {
 
   // The fields that all rows of a word begin with.
   void TakeWord(const WordEntry& entry) {
-    wordFields_.clear();
+    wordFields_.assign(fileField_).append(layout_.word);
     AppendField(wordFields_, EncodeAnsi(entry.word));
     wordFields_ += layout_.key;
     AppendField(wordFields_, EncodeAnsi(entry.sortKey));
@@ -148,8 +170,8 @@ class RowComposer {
 
   template <typename AppendRest>
   bool AddRow(AppendRest appendRest) {
-    bytes_.append(rowAdded_ ? layout_.nextRow : layout_.firstRow).append(wordFields_);
-    rowAdded_ = true;
+    bytes_.append(isFirst_ ? layout_.firstRow : layout_.nextRow).append(wordFields_);
+    isFirst_ = false;
     appendRest();
     bytes_ += layout_.rowEnd;
     if (bytes_.size() < PIECE) return true;
@@ -197,9 +219,11 @@ class RowComposer {
   const Listing& listing_;
   const PieceSink& take_;
   bool isJson_;
+  bool isPart_;
   const Layout& layout_;
   ContextCutter cutter_;
-  bool rowAdded_ = false;
+  bool isFirst_ = !isPart_;
+  std::string fileField_;
   std::string wordFields_;
   std::string bytes_;   // not handed on yet
   std::string copies_;  // of what a context could not be viewed in
@@ -207,9 +231,17 @@ class RowComposer {
 
 }  // namespace
 
-void ComposeRows(const Listing& listing, RowFormat format, const PieceSink& take,
+std::string TableBegin(RowFormat format, int contextSize) {
+  const Layout& layout = LayoutOf(format);
+  const std::string_view begin = contextSize == 0 ? layout.beginOfWordList : layout.begin;
+  return std::string(format == RowFormat::tsv ? "file\t" : "").append(begin);
+}
+
+std::string_view TableEnd(RowFormat format) { return LayoutOf(format).end; }
+
+void ComposeRows(const Listing& listing, const RowOptions& options, const PieceSink& take,
                  Progress& progress) {
-  RowComposer(listing, format, take).ComposeTable(progress);
+  RowComposer(listing, options, take).ComposeTable(progress);
 }
 
 }  // namespace quorvel

@@ -7,6 +7,10 @@
 // written as they are made: never is more than a piece of the table in memory.
 #pragma once
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "output/listing.h"
 #include "util/progress.h"
 
@@ -14,9 +18,21 @@ namespace quorvel {
 
 enum class RowFormat { tsv, json };
 
+struct RowOptions {
+  RowFormat format = RowFormat::tsv;
+  // Where set, the rows are a part of a table of several documents: this name of theirs, in UTF-8,
+  // is the first field of each row, and what stands around the rows of a table is left out. In JSON
+  // each row has a comma before it.
+  std::optional<std::string> file;
+};
+
+// What stands before the first and behind the last row of a table of several documents.
+[[nodiscard]] std::string TableBegin(RowFormat format, int contextSize);
+[[nodiscard]] std::string_view TableEnd(RowFormat format);
+
 // Composes the table of a listing's occurrences and hands it on, front to back. After a stop
 // request it ends with the word that was under way, and as a table that is whole.
-void ComposeRows(const Listing& listing, RowFormat format, const PieceSink& take,
+void ComposeRows(const Listing& listing, const RowOptions& options, const PieceSink& take,
                  Progress& progress);
 
 }  // namespace quorvel

@@ -8,22 +8,12 @@
 #include "files/file_system.h"
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
-#include "output/occurrence_rows.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
-
-// The question before an existing file is replaced.
-bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui) {
-  if (!target.asksBeforeReplacing || !FileExists(target.path)) return true;
-  const std::string text = "A " + LowerAscii(OutputName(mode)) + " \r\n" +
-                           VisibleName(target.path) +
-                           "\r\nalready exists.  Do you wish to overwrite it?";
-  return ui.Ask({text, "File exists", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
-}
 
 std::string TooFrequentText(const std::vector<const WordEntry*>& words, Mode mode) {
   constexpr std::size_t MOST_NAMED = 10;
@@ -124,10 +114,9 @@ class ListingRun {
       return std::move(report_);
     }
     writer_.emplace(target_, "", "");
-    const RowFormat format =
-        target_.format == OutputFormat::json ? RowFormat::json : RowFormat::tsv;
+    const RowOptions options = {RowFormatOf(target_.format), target_.nameInTable};
     ComposeRows(
-        listing_, format, [this](std::string_view piece) { return writer_->Add(piece); }, ui_);
+        listing_, options, [this](std::string_view piece) { return writer_->Add(piece); }, ui_);
     report_.outcome = ui_.StopRequested() ? ListingOutcome::stopped : ListingOutcome::listed;
     if (!Commit() && !target_.sink) TellWritingFailed();
     return std::move(report_);
@@ -228,6 +217,18 @@ class ListingRun {
 ListingReport ListWords(const Listing& listing, const ListingTarget& target, Conversation& ui) {
   ListingRun run(listing, target, ui);
   return target.format == OutputFormat::text ? run.ListText() : run.ListRows();
+}
+
+bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui) {
+  if (!target.asksBeforeReplacing || !FileExists(target.path)) return true;
+  const std::string text = "A " + LowerAscii(OutputName(mode)) + " \r\n" +
+                           VisibleName(target.path) +
+                           "\r\nalready exists.  Do you wish to overwrite it?";
+  return ui.Ask({text, "File exists", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
+}
+
+RowFormat RowFormatOf(OutputFormat format) {
+  return format == OutputFormat::json ? RowFormat::json : RowFormat::tsv;
 }
 
 std::string WritingFailed(Mode mode) {

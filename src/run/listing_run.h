@@ -12,6 +12,7 @@
 
 #include "files/output_file.h"
 #include "output/listing.h"
+#include "output/occurrence_rows.h"
 #include "run/conversation.h"
 #include "util/fault.h"
 
@@ -22,6 +23,9 @@ inline constexpr std::size_t TEXTBOX_LIMIT = 65000;
 
 // What a run writes: the listing, or the occurrences behind it as rows.
 enum class OutputFormat { text, tsv, json };
+
+// That of one that is not text.
+[[nodiscard]] RowFormat RowFormatOf(OutputFormat format);
 
 // Takes bytes; false when it could not, and needs no more of them.
 using ByteSink = std::function<bool(std::string_view)>;
@@ -36,6 +40,8 @@ struct ListingTarget {
   FilesToKeep kept;
   Targets targets = Targets::all;
   ByteSink sink;  // where set, the bytes go here and no file is written
+  // Where set, the rows go into a table of several documents: the name of this one in it.
+  std::optional<std::string> nameInTable;
 };
 
 enum class ListingOutcome {
@@ -54,6 +60,10 @@ struct ListingReport {
 
 // Composes a listing that has words, shows it and writes it; says what there is to say.
 ListingReport ListWords(const Listing& listing, const ListingTarget& target, Conversation& ui);
+
+// The question before an existing file is replaced, where the settings ask for it. False when it is
+// to stay.
+[[nodiscard]] bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui);
 
 // What is said when a mode's file could not be written.
 [[nodiscard]] std::string WritingFailed(Mode mode);

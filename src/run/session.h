@@ -43,6 +43,7 @@ struct SessionOptions {
   bool listsOnce = false;     // the words of a run are listed at its end and then not again
   ByteSink outputSink = {};   // where set, the bytes of the listing go here and to no named file
   std::string sinkPath = {};  // of the file behind the sink, if any: it is an output like others
+  bool rowsNameInput = false;  // they go into a table of several documents
 };
 
 class Session {

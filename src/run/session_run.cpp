@@ -269,6 +269,7 @@ RunOutcome Session::List() {
   target.kept = FilesOfRun();
   target.targets = options_.targets;
   target.sink = options_.outputSink;
+  if (options_.rowsNameInput) target.nameInTable = settings_.inputFile;
   report_ = ListWords(*listing_, target, ui_);
   return OutcomeOf(report_.outcome);
 }

@@ -22,7 +22,7 @@ std::string Table(const Listing& listing, RowFormat format) {
   SilentProgress nobody;
   std::string bytes;
   ComposeRows(
-      listing, format,
+      listing, {format, {}},
       [&bytes](std::string_view piece) {
         bytes += piece;
         return true;
@@ -193,7 +193,7 @@ TEST(OccurrenceRows, EndWhereTheUserWants) {
     return true;
   };
   ui.stopAtYield = ui.yields + 1;
-  ComposeRows(listing, RowFormat::json, take, ui);
+  ComposeRows(listing, {RowFormat::json, {}}, take, ui);
   EXPECT_TRUE(last.ends_with("}\n]\n"));
   EXPECT_NE(last.find("\"sea\","), std::string::npos);
   EXPECT_EQ(last.find("\"the\","), std::string::npos);

@@ -1,0 +1,111 @@
+#include "cli/document_run.h"
+
+#include "cli/word_lists.h"
+#include "run/session.h"
+#include "util/visible_text.h"
+
+namespace quorvel {
+namespace {
+
+int ExitStatusOf(RunOutcome outcome) {
+  switch (outcome) {
+    case RunOutcome::done:
+      return 0;
+    case RunOutcome::nothingFound:
+      return 3;
+    case RunOutcome::stopped:
+      return 130;
+    default:
+      return 1;
+  }
+}
+
+void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& ui) {
+  ui.Say("The language of " + VisibleName(settings.inputFile) +
+         " could not be recognized; the stop words are the English ones.");
+}
+
+int SaveSettings(Session& session, const std::string& path, TerminalInterface& ui) {
+  const std::optional<std::string> errorText = session.SaveSettings(path);
+  if (errorText && errorText->empty()) return 0;
+  if (errorText) ui.Say(VisibleName(path) + ": " + *errorText);
+  return 1;
+}
+
+// What a script or its user wants to know of a run's files, beyond what the core says of them.
+// False when a file that was asked for is not there.
+bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool languageKnown,
+                 TerminalInterface& ui) {
+  const ListingReport& report = session.Report();
+  const ConcordanceSettings& settings = session.Settings();
+  if (outcome == RunOutcome::nothingFound) {
+    ui.Say("No words satisfying the conditions were found.");
+  }
+  if (report.wordsTooFrequent && settings.mode == Mode::search) {
+    ui.Say("The rows of --format tsv have no such limit.");
+  }
+  // A search is silent about a file that it cannot write.
+  const bool isSilent = settings.mode == Mode::search && format == OutputFormat::text;
+  const bool listingFailed = outcome == RunOutcome::failed && report.fileFault;
+  if (listingFailed && isSilent) ui.Say(WritingFailed(settings.mode));
+  if (report.fileFault)
+    ui.Say(VisibleName(report.fileFault->file) + ": " + report.fileFault->reason);
+  if (!languageKnown && report.written) SayLanguageUnknown(settings, ui);
+  return !report.fileFault;
+}
+
+SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
+                         const std::string& resultPath) {
+  SessionOptions options;
+  options.outputFormat = commandLine.format;
+  options.encodingChoice = commandLine.encodingChoice;
+  options.listsOnce = true;
+  // Whoever starts it from a shell can end it where nobody reads what it writes.
+  options.targets = Targets::all;
+  if (commandLine.toStandardOutput) {
+    options.outputSink = result;
+    options.sinkPath = resultPath;
+    options.rowsNameInput = !commandLine.inputs.empty();
+  }
+  return options;
+}
+
+int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
+  const bool saves = !commandLine.settingsFileToSave.empty();
+  const bool languageKnown = (!saves && session.Settings().mode != Mode::create) ||
+                             SettleStopWordsFile(commandLine.language, session);
+  if (saves) {
+    if (!languageKnown) SayLanguageUnknown(session.Settings(), ui);
+    return SaveSettings(session, commandLine.settingsFileToSave, ui);
+  }
+  // Before a list is read, which may be what standard output has just emptied.
+  if (!session.CheckOutputs()) return ExitStatusOf(RunOutcome::refused);
+  // The list of the input's own language is no news.
+  if (!LoadWordLists(session, commandLine.language != "auto", ui)) {
+    return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
+  }
+  if (commandLine.useIndex) session.UseIndexFile();
+  const RunOutcome outcome = session.RunConcordance();
+  const bool filesWritten = ReportFiles(session, outcome, commandLine.format, languageKnown, ui);
+  const int status = ExitStatusOf(outcome);
+  return status == 0 && !filesWritten ? 1 : status;
+}
+
+}  // namespace
+
+const std::string& FileOf(const CommandLine& commandLine) {
+  const bool saves = !commandLine.settingsFileToSave.empty();
+  return saves ? commandLine.settingsFileToSave : commandLine.settings.inputFile;
+}
+
+int RunDocument(const CommandLine& commandLine, const ByteSink& result,
+                const std::string& resultPath, TerminalInterface& ui) {
+  Session session(ui, OptionsOf(commandLine, result, resultPath));
+  session.Settings() = commandLine.settings;
+  if (!commandLine.settingsFile.empty()) session.KeepSettingsFile(commandLine.settingsFile);
+  int status = 1;
+  session.Enter(FileOf(commandLine), [&] { status = RunOnce(commandLine, session, ui); });
+  return status;
+}
+
+}  // namespace quorvel

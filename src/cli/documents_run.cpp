@@ -1,0 +1,223 @@
+#include "cli/documents_run.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "cli/document_run.h"
+#include "files/file_system.h"
+#include "files/folder_tree.h"
+#include "files/output_file.h"
+#include "files/path_names.h"
+#include "output/concordance_file.h"
+#include "output/occurrence_rows.h"
+#include "run/outputs.h"
+#include "util/piece_makers.h"
+#include "util/visible_text.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int FAILED = 1;
+constexpr int STOPPED = 130;
+
+int Worse(int status, int other) {
+  const auto rank = [](int one) {
+    constexpr std::array RANKS = {0, 3, FAILED, STOPPED};
+    return std::ranges::find(RANKS, one);
+  };
+  return std::max(status, other, [&rank](int a, int b) { return rank(a) < rank(b); });
+}
+
+// In a folder only a name of its own makes a file a web page, not that of the folder.
+bool IsDocument(const std::string& path) {
+  const std::string extension = LowerExtensionOf(path);
+  const bool isKnown = extension == "txt" || extension == "docx" || PathNamesHtml(extension);
+  return isKnown && !IsConcordanceFileName(path);
+}
+
+// The documents of all inputs, none twice. What is wrong with a folder is told, and fails.
+class Documents {
+ public:
+  Documents(const std::vector<std::string>& inputs, TerminalInterface& ui) : ui_(ui) {
+    for (const std::string& input : inputs) {
+      if (FolderExists(input)) {
+        AddFolder(input);
+      } else {
+        Add(input);
+      }
+    }
+  }
+
+  [[nodiscard]] const std::vector<std::string>& Paths() const { return paths_; }
+  [[nodiscard]] int Status() const { return status_; }
+
+ private:
+  void AddFolder(const std::string& folder) {
+    const FolderTree tree = FilesBelow(folder);
+    for (const Fault& fault : tree.faults) Fail(fault.file, fault.reason);
+    const std::size_t before = paths_.size();
+    for (const std::string& file : tree.files) {
+      if (IsDocument(file)) Add(file);
+    }
+    if (paths_.size() == before && tree.faults.empty()) {
+      Fail(folder, "There is no text file, web page or DOCX document in this folder.");
+    }
+  }
+
+  void Add(const std::string& path) {
+    if (known_.insert(path).second) paths_.push_back(path);
+  }
+
+  void Fail(const std::string& path, const std::string& reason) {
+    ui_.Say(VisibleName(path) + ": " + reason);
+    status_ = FAILED;
+  }
+
+  TerminalInterface& ui_;
+  std::vector<std::string> paths_;
+  std::set<std::string> known_;
+  int status_ = 0;
+};
+
+// Where the listings or rows of all documents go, one after the other.
+class CommonResult {
+ public:
+  CommonResult(const CommandLine& commandLine, const std::vector<std::string>& documents,
+               const ByteSink& result, const std::string& resultPath)
+      : isTable_(commandLine.format != OutputFormat::text),
+        format_(RowFormatOf(commandLine.format)),
+        contextSize_(commandLine.settings.contextSize),
+        mode_(commandLine.settings.mode) {
+    const ConcordanceSettings& settings = commandLine.settings;
+    output_ = ListingOutputOf(settings);
+    if (commandLine.toStandardOutput) output_.path = resultPath;
+    target_.path = output_.path;
+    target_.asksBeforeReplacing = settings.warnOnOverwrite;
+    if (commandLine.toStandardOutput) target_.sink = result;
+    target_.kept = {{"keywords file", settings.keywordsFile},
+                    {"stop words file", settings.stopWordsFile},
+                    {"settings file", commandLine.settingsFile}};
+    for (const std::string& path : documents) target_.kept.push_back({"input file", path});
+  }
+
+  // Whether it may be written. The user has been told why not.
+  [[nodiscard]] bool MayBegin(Conversation& ui) const {
+    return CheckOutputs({output_}, target_.kept, ui) &&
+           (target_.sink || MayReplace(mode_, target_, ui));
+  }
+
+  // Adds what comes of a document. Nothing is written before there is something to write.
+  bool Add(std::string_view piece) {
+    if (piece.empty()) return true;
+    if (!begun_) {
+      begun_ = true;
+      if (!target_.sink) file_.emplace(target_.path, target_.kept);
+      if (isTable_) Write(TableBegin(format_, contextSize_));
+      if (isTable_ && format_ == RowFormat::json) piece.remove_prefix(1);  // the comma
+    }
+    return Write(piece);
+  }
+
+  // Puts a file in its place. False when anything has failed; the user has been told, but of
+  // standard output.
+  bool Commit(TerminalInterface& ui) {
+    if (!begun_) return true;
+    const bool written = (!isTable_ || Write(TableEnd(format_))) && (!file_ || file_->Commit());
+    if (!written && file_) {
+      ui.Say(WritingFailed(mode_));
+      if (file_->Why()) ui.Say(VisibleName(file_->Why()->file) + ": " + file_->Why()->reason);
+    }
+    return written;
+  }
+
+ private:
+  bool Write(std::string_view bytes) { return file_ ? file_->Write(bytes) : target_.sink(bytes); }
+
+  bool isTable_;
+  RowFormat format_;
+  int contextSize_;
+  Mode mode_;
+  Output output_;
+  ListingTarget target_;
+  std::optional<OutputFile> file_;
+  bool begun_ = false;
+};
+
+// Lists one document; what does not go into a file beside it is appended to `result`.
+int ListDocument(const CommandLine& commandLine, const std::string& path,
+                 const std::atomic<bool>& stopped, std::string& result) {
+  TerminalInterface ui(commandLine.answerPolicy, path, stopped);
+  const auto append = [&result](std::string_view bytes) {
+    result += bytes;
+    return true;
+  };
+  return RunDocument(ForDocument(commandLine, path), append, "", ui);
+}
+
+// Two inputs that differ in their extension alone have one name for what is listed of them: the
+// second of them fails, and is told.
+int FailLikeNames(const CommandLine& commandLine, std::vector<std::string>& documents,
+                  TerminalInterface& ui) {
+  int status = 0;
+  std::map<std::string, std::string> inputs;
+  if (!commandLine.listsBesideInputs) return status;
+  std::erase_if(documents, [&](const std::string& path) {
+    const std::string output = OutputFileOf(ForDocument(commandLine, path).settings);
+    const auto [input, isNew] = inputs.try_emplace(output, path);
+    if (isNew) return false;
+    ui.Say(VisibleName(path) + ": " + VisibleName(output) + " is written for " +
+           VisibleName(input->second) + ".");
+    status = FAILED;
+    return true;
+  });
+  return status;
+}
+
+}  // namespace
+
+int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
+                 const std::string& resultPath, TerminalInterface& ui) {
+  constexpr std::chrono::milliseconds PATIENCE(50);
+  const Documents found(commandLine.inputs, ui);
+  std::vector<std::string> documents = found.Paths();
+  int status = Worse(found.Status(), FailLikeNames(commandLine, documents, ui));
+  CommonResult common(commandLine, documents, result, resultPath);
+  if (!commandLine.listsBesideInputs && !common.MayBegin(ui)) return FAILED;
+
+  std::atomic<bool> stopped = false;
+  std::vector<int> statuses(documents.size());
+  const auto newMaker = [&] {
+    return [&](std::size_t i, std::string& to) {
+      statuses[i] = ListDocument(commandLine, documents[i], stopped, to);
+    };
+  };
+  const auto goesOn = [&] {
+    ui.YieldNow();
+    return !ui.StopRequested();
+  };
+  {
+    PieceMakers makers(documents.size(), commandLine.jobs, newMaker);
+    // The documents under way end soon, also when a signal ends all.
+    const auto endAll = [&stopped](const void* /*here*/) { stopped = true; };
+    const std::unique_ptr<const int, decltype(endAll)> end(&status, endAll);
+    for (std::size_t i = 0; i < documents.size() && goesOn(); ++i) {
+      std::optional<std::string_view> piece;
+      while (!piece && goesOn()) piece = makers.Next(PATIENCE);
+      if (!piece) break;
+      status = Worse(status, statuses[i]);
+      if (!common.Add(*piece)) break;
+    }
+  }
+  if (ui.StopRequested()) status = STOPPED;
+  return common.Commit(ui) ? status : FAILED;
+}
+
+}  // namespace quorvel
