@@ -157,7 +157,7 @@ Result<InputBytes> Session::InputNow() {
   const bool isThere =
       input_ && *input_ && (*input_)->Path() == path && (*input_)->Stamp() == StampOf(path);
   if (!isThere) {
-    digest_.reset();
+    DropInput();
     input_ = ReadInput(path, ui_);
   }
   return *input_;

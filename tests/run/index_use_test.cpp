@@ -60,12 +60,6 @@ TEST(IndexUse, GivesTheListingOfAScan) {
   }
 }
 
-// Makes the index longer than any can be, by so many bytes; what stands behind it is not read.
-void Lengthen(TestRun& run, std::uintmax_t excess) {
-  const auto longest = LongestIndexFile(std::filesystem::file_size(run.settings.inputFile));
-  std::filesystem::resize_file(run.folder.Path("a.qvl.ndx"), longest + excess);
-}
-
 TEST(IndexUse, IsAskedForAndRefused) {
   const std::string question =
       "Index file found: An index file for this input file exists, created,\r\nnamely, @."
@@ -73,35 +67,32 @@ TEST(IndexUse, IsAskedForAndRefused) {
   const std::string bad =
       "Bad index file: The index file was not made from this input file as it is now,\r\n"
       "so the input file will be scanned.\n";
+  const std::string page =
+      "<!DOCTYPE html><head></head><body>The cat sat <ul><li>cats</ul> on the mat.";
+  const std::uintmax_t longest = LongestIndexFile(page.size());
   const struct {
     const char* name;
-    void (*change)(TestRun&);
+    std::uintmax_t length;  // of the index; 0 for as it is. What stands behind it is not read
     bool loaded, scans;
-    std::string saidAtLoad, saidInRun;
-  } rows[] = {
-      {"accepted", [](TestRun&) {}, true, false, question, ""},
-      {"declined", [](TestRun& run) { run.ui.answers = {Answer::no}; }, false, false, question, ""},
-      {"empty index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", ""); }, false, true,
-       bad, ""},
-      {"no index", [](TestRun& run) { (void)run.folder.Write("a.qvl.ndx", std::string(100, 'A')); },
-       false, true, bad, ""},
-      {"index that is too long", [](TestRun& run) { Lengthen(run, 1); }, false, true, bad, ""},
-      {"index that just is not", [](TestRun& run) { Lengthen(run, 0); }, true, false, question, ""},
-      {"cut index",
-       [](TestRun& run) {
-         (void)run.folder.Write("a.qvl.ndx", run.folder.Read("a.qvl.ndx").substr(0, 90));
-       },
-       false, true, question, ""},
-      {"other lists setting", [](TestRun& run) { run.settings.ignoreLists = true; }, true, true,
-       question, bad}};
+    std::string saidAtLoad, saidInRun = "";
+    Answer answer = Answer::yes;
+    bool ignoreLists = false;
+  } rows[] = {{"accepted", 0, true, false, question},
+              {"declined", 0, false, false, question, "", Answer::no},
+              {"no index", 10, false, true, bad},
+              {"cut", 90, false, true, question},
+              {"as long as any", longest, true, false, question},
+              {"longer", longest + 1, false, true, bad},
+              {"other lists setting", 0, true, true, question, bad, Answer::yes, true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    TestRun run("<!DOCTYPE html><head></head><body>The cat sat <ul><li>cats</ul> on the mat.",
-                "a.htm");
+    TestRun run(page, "a.htm");
     run.settings.createIndexFile = true;
     EXPECT_EQ(run.Go(), RunOutcome::done);
     const std::string date = run.folder.Read("a.qvl.ndx").substr(34, 16);
-    row.change(run);
+    if (row.length > 0) std::filesystem::resize_file(run.folder.Path("a.qvl.ndx"), row.length);
+    run.settings.ignoreLists = row.ignoreLists;
+    run.ui.answers = {row.answer};
     SilentProgress nobody;
     const Result<InputBytes> input = ReadInput(run.settings.inputFile, nobody);
     EXPECT_EQ(ReadIndexFile(*input, InputDigest(*input), true, run.ui).has_value(), row.loaded);

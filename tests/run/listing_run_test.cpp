@@ -82,6 +82,7 @@ TEST(ListingRun, WritesItsFileWhereTheUserWantsIt) {
     EXPECT_EQ(row.stopped ? StopOf(run) : run.Go(), row.outcome);
     EXPECT_EQ(run.ui.Said(run.folder.Path("out.txt")), row.said);
     EXPECT_EQ(run.ui.popUps.size(), row.isWritten && row.format == text && !row.found ? 1U : 0U);
+    EXPECT_EQ(run.ui.log.find("+ Writing rows ...\n") == std::string::npos, row.format == text);
     EXPECT_EQ(run.session.Report().written, row.isWritten);
     const bool isHeaded =
         run.folder.Read(*row.output == '\0' ? "none" : row.output).starts_with("Input file: ");

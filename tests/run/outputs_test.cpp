@@ -10,35 +10,30 @@ namespace {
 
 TEST(Outputs, AreThoseOfTheMode) {
   ConcordanceSettings settings;
-  settings.inputFile = "a.txt";
   settings.outputFile = "out";
   settings.searchResultsFile = "found";
-  for (const bool disabled : {false, true}) {
-    settings.outputToFileDisabled = disabled;
-    settings.mode = Mode::create;
-    EXPECT_EQ(ListingOutputOf(settings).name, "concordance file");
-    EXPECT_EQ(ListingOutputOf(settings).path, disabled ? "" : "out");
-    settings.mode = Mode::search;
-    EXPECT_EQ(ListingOutputOf(settings).name, "search results file");
-    EXPECT_EQ(ListingOutputOf(settings).path, "found");
-  }
-  EXPECT_EQ(IndexOutputOf(settings).path, "a.qvl.ndx");
+  EXPECT_EQ(ListingOutputOf(settings).path, "out");
+  settings.outputToFileDisabled = true;
+  EXPECT_EQ(ListingOutputOf(settings).path, "");
+  settings.mode = Mode::search;
+  EXPECT_EQ(ListingOutputOf(settings).path, "found");
 }
 
 TEST(Outputs, ReplaceNeitherAFileToKeepNorEachOther) {
   const TestFolder folder;
   const std::string kept = folder.Write("kept", "");
-  const std::pair<std::vector<std::string>, std::string> rows[] = {
+  const std::pair<std::pair<std::string, std::string>, std::string> rows[] = {
       {{"out", "index"}, ""},
       {{"", ""}, ""},
       {{"./kept", "index"}, "Quorvel: The first file cannot be the same as the keywords file.\n"},
       {{"out", "kept"}, "Quorvel: The second file cannot be the same as the keywords file.\n"},
       {{"out", "./out"}, "Quorvel: The second file cannot be the same as the first file.\n"}};
   for (const auto& [names, said] : rows) {
-    std::vector<Output> outputs = {{"first file", ""}, {"second file", ""}};
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      if (!names[i].empty()) outputs[i].path = folder.Path(names[i]);
-    }
+    const auto path = [&](const std::string& name) {
+      return name.empty() ? "" : folder.Path(name);
+    };
+    const std::vector<Output> outputs = {{"first file", path(names.first)},
+                                         {"second file", path(names.second)}};
     ScriptedConversation ui;
     EXPECT_EQ(CheckOutputs(outputs, {{"keywords file", kept}}, ui), said.empty());
     EXPECT_EQ(ui.Said(), said);

@@ -4,6 +4,7 @@
 
 #include <chrono>
 
+#include "naive/places.h"
 #include "run/word_lists.h"
 #include "support/made_texts.h"
 #include "support/platform.h"
@@ -37,33 +38,6 @@ void Touch(TestRun& run) {
   fs::last_write_time(input, fs::last_write_time(input) - std::chrono::hours(1));
 }
 
-// A run in which something happens as soon as the user is told a text.
-struct Eventful : ScriptedConversation {
-  std::string when;
-  std::function<void()> happens;
-  TestFolder folder;
-  Session session{*this};
-
-  Eventful(std::string_view text, std::string told, std::function<void()> event)
-      : when(std::move(told)), happens(std::move(event)) {
-    session.Settings().inputFile = folder.Write("a.txt", text);
-    session.Settings().outputFile = folder.Path("out.txt");
-    session.Settings().createIndexFile = true;
-  }
-
-  void AppendOutput(std::string_view text) override {
-    ScriptedConversation::AppendOutput(text);
-    if (text == when) happens();
-  }
-  void PopUp(std::string_view text) override {
-    if (text == when) happens();
-  }
-  void SetLabel(Label label, std::string_view text) override {
-    ScriptedConversation::SetLabel(label, text);
-    if (text == when) happens();
-  }
-};
-
 TEST(SessionRun, SaysHowFarItIs) {
   TestRun run(HARBOUR);
   run.settings.createIndexFile = true;
@@ -71,10 +45,6 @@ TEST(SessionRun, SaysHowFarItIs) {
       "+ Creating concordance ...\nlabel \nlabel Number of keywords found: 7\n= [harbour 2]\n"
       "pops up Concordance file written\n";
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  const std::string header =
-      "Input file: " + run.folder.Path("a.txt") +
-      "\r\nMD5 message digest of input file: 9E693739212B562FC5E90CF3EA378B3D\r\n";
-  EXPECT_EQ(run.folder.Read("out.txt").substr(0, header.size()), header);
   EXPECT_EQ(News(run), Start(READING + "+ Sorting ...\n", 7, 12) + listed + "counting off\n");
   EXPECT_EQ(run.Go(), RunOutcome::done);
   EXPECT_EQ(News(run), Start("", 7, 12) + listed + "counting off\n");
@@ -143,9 +113,7 @@ TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
     const auto files = run.folder.Files();
     (void)News(run);
     run.settings.mode = row.mode;
-    std::string value = row.value;
-    if (const std::size_t at = value.find('@'); at != std::string::npos)
-      value.replace(at, 1, folder);
+    const std::string value = naive::Replace(row.value, "@", folder);
     run.settings.*row.setting = value;
     if (row.said.empty()) fs::remove(folder + "a.qvl.ndx");
     EXPECT_EQ(run.Go(), row.said.empty() ? RunOutcome::done : RunOutcome::refused);
@@ -197,34 +165,42 @@ TEST(SessionRun, StopsAtAnyMoment) {
 }
 
 TEST(SessionRun, StopsWithOneWordFound) {
-  Eventful run("harbour harbour", "Sorting ...\r\n", [&run] { run.RequestStop(); });
-  EXPECT_EQ(run.session.RunConcordance(), RunOutcome::stopped);
-  EXPECT_EQ(run.appends.back(), "Stopped with 1 word found.\r\n");
+  TestRun run("harbour harbour");
+  run.ui.events["+ Sorting ..."] = [&run] { run.ui.RequestStop(); };
+  EXPECT_EQ(run.Go(), RunOutcome::stopped);
+  EXPECT_EQ(run.ui.appends.back(), "Stopped with 1 word found.\r\n");
 }
 
 TEST(SessionRun, TellsThatItsInputWentAtTheLastMoment) {
-  Eventful run(HARBOUR, "", [&run] { fs::remove(run.session.Settings().inputFile); });
-  EXPECT_EQ(run.session.RunConcordance(), RunOutcome::refused);
-  EXPECT_EQ(run.Said(run.folder.Path("a.txt")), "Fatal error: File @ not found.\n");
+  TestRun run(HARBOUR);
+  run.ui.events["label "] = [&run] { fs::remove(run.settings.inputFile); };
+  EXPECT_EQ(run.Go(), RunOutcome::refused);
+  EXPECT_EQ(run.ui.Said(run.settings.inputFile), "Fatal error: File @ not found.\n");
 }
 
 // The digest belongs to the text, whatever becomes of the file meanwhile.
 TEST(SessionRun, GivesTheDigestOfTheBytesThatItRead) {
   const std::string digest = "9E693739212B562FC5E90CF3EA378B3D\r\n";
-  Eventful run(HARBOUR, "Reading file ...\r\n",
-               [&run] { (void)run.folder.Write("a.txt", "another text by now\r\n"); });
-  EXPECT_EQ(run.session.RunConcordance(), RunOutcome::done);
+  TestRun run(HARBOUR);
+  run.settings.createIndexFile = true;
+  run.ui.events["+ Reading file ..."] = [&run] {
+    (void)run.folder.Write("a.txt", "another text by now\r\n");
+  };
+  EXPECT_EQ(run.Go(), RunOutcome::done);
   EXPECT_NE(run.folder.Read("out.txt").find(digest), std::string::npos);
   EXPECT_TRUE(run.folder.Read("a.qvl.ndx").starts_with(digest));
-  EXPECT_EQ(run.session.RunConcordance(), RunOutcome::done);
-  EXPECT_TRUE(run.output.starts_with("[another 1]"));
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_TRUE(run.ui.output.starts_with("[another 1]"));
 }
 
 TEST(SessionRun, KeepsTheListingFromALinkToItThatComesLate) {
   SKIP_ON_WINDOWS("links are made otherwise");
-  Eventful run(HARBOUR, "Concordance file written",
-               [&run] { fs::create_symlink("out.txt", run.folder.Path("a.qvl.ndx")); });
-  EXPECT_EQ(run.session.RunConcordance(), RunOutcome::done);
+  TestRun run(HARBOUR);
+  run.settings.createIndexFile = true;
+  run.ui.events["pops up Concordance file written"] = [&run] {
+    fs::create_symlink("out.txt", run.folder.Path("a.qvl.ndx"));
+  };
+  EXPECT_EQ(run.Go(), RunOutcome::done);
   EXPECT_EQ(run.session.Report().fileFault->reason, "concordance file");
   EXPECT_TRUE(run.folder.Read("out.txt").starts_with("Input file: "));
 }

@@ -14,42 +14,33 @@
 namespace quorvel {
 namespace {
 
-// Has no more memory from a yield on.
-struct FullMemory : ScriptedConversation {
-  int lastYield = 1000000;
-  void YieldNow() override {
-    if (++yields >= lastYield) throw std::bad_alloc();
-  }
-};
-
 TEST(Session, EndsWithoutMemoryAndCanGoOn) {
-  const TestFolder folder;
-  const std::string input = folder.Write("a.txt", "the cat and the dog\r\n");
-  for (const bool isAgain : {false, true}) {
-    RunOutcome outcome = RunOutcome::failed;
-    for (int yield = 1; outcome != RunOutcome::done; ++yield) {
-      SCOPED_TRACE(yield);
-      FullMemory full;
-      Session session(full);
-      session.Settings().inputFile = input;
-      session.Settings().createIndexFile = true;
-      session.Settings().outputFile = folder.Path("out.txt");
-      const auto go = [&] { return isAgain ? session.ListAgain() : session.RunConcordance(); };
-      if (isAgain) (void)session.RunConcordance();
-      full.lastYield = full.yields + yield;
-      outcome = go();
-      if (outcome == RunOutcome::done) break;
-      EXPECT_EQ(outcome, RunOutcome::failed);
-      EXPECT_EQ(full.Said(input), "Quorvel: There is not enough memory for\r\n@.\n");
-      EXPECT_TRUE(full.log.ends_with("counting off\n= \nlabel \nlabel \nlabel \nasks Quorvel\n"));
-      // Neither the listing nor the words are kept.
-      EXPECT_EQ(session.ListAgain(), RunOutcome::nothingToList);
-      full.lastYield = 1000000;
-      full.log.clear();
-      EXPECT_EQ(session.RunConcordance(), RunOutcome::done);
-      EXPECT_NE(full.log.find("+ Sorting"), std::string::npos);
-    }
+  const std::pair<const char*, bool> rows[] = {{"+ Reading file ...", false},
+                                               {"+ Sorting ...", false},
+                                               {"+ Creating concordance ...", false},
+                                               {"+ Creating concordance ...", true}};
+  for (const auto& [moment, isAgain] : rows) {
+    SCOPED_TRACE(moment);
+    TestRun run("the cat and the dog\r\n");
+    run.settings.createIndexFile = true;
+    if (isAgain) (void)run.Go();
+    const auto files = run.folder.Files();
+    run.ui.events[moment] = [] { throw std::bad_alloc(); };
+    EXPECT_EQ(isAgain ? run.session.ListAgain() : run.Go(), RunOutcome::failed);
+    EXPECT_EQ(run.ui.Said(run.settings.inputFile),
+              "Quorvel: There is not enough memory for\r\n@.\n");
+    EXPECT_TRUE(run.ui.log.ends_with("counting off\n= \nlabel \nlabel \nlabel \nasks Quorvel\n"));
+    EXPECT_EQ(run.folder.Files(), files);
+    // Neither the listing nor the words are kept.
+    EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
+    run.ui.events.clear();
+    run.ui.log.clear();
+    EXPECT_EQ(run.Go(), RunOutcome::done);
+    EXPECT_NE(run.ui.log.find("+ Sorting"), std::string::npos);
   }
+  TestRun run("");
+  EXPECT_FALSE(run.session.Enter("", [] { throw std::bad_alloc(); }));
+  EXPECT_EQ(run.ui.Said(), "Quorvel: There is not enough memory.\n");
 }
 
 TEST(Session, DropsTheWordListsOfOtherSettings) {

@@ -69,57 +69,65 @@ TEST(SettingsFile, OfTheUserIsInTheFolderForSettings) {
   EXPECT_EQ(settings.contextSize, 9);
 }
 
-// Puts `line` in the place of one line, 1-based, of a file of unusual settings.
+// Where a line of the bytes starts, from 1 on.
+std::size_t StartOf(int line, const std::string& bytes) {
+  std::size_t start = 0;
+  for (; line > 1; --line) start = bytes.find("\r\n", start) + 2;
+  return start;
+}
+
+// One line of a file of unusual settings is another, and what is then saved for it.
 TEST(SettingsFile, JudgesEachLine) {
-  const std::string fault = "Error when attempting to restore settings: line ";
+  const std::string noNumber = "is not a number.";
+  const std::string noPlace = "is not a place in its list.";
+  const std::string noChoice = "Invalid combo box index";
   const struct {
     int line;
     std::string value;
-    std::string error;
-    bool (*holds)(const ConcordanceSettings&);
-  } rows[] = {
-      {1, "\"/no/such/file\"", "", [](auto& s) { return s.inputFile.empty(); }},
-      {2, "\"/no/such/file\"", "", [](auto& s) { return s.searchResultsFile.empty(); }},
-      {3, "\"   \"", "", [](auto& s) { return s.keywordsFile.empty(); }},
-      {4, "\"  a \"", "", [](auto& s) { return s.outputFile == "  a "; }},
-      {4, "bare", "", [](auto& s) { return s.outputFile == "bare"; }},
-      {4, "\"open", "", [](auto& s) { return s.outputFile == "open"; }},
-      {4, "\"", "", [](auto& s) { return s.outputFile.empty(); }},
-      {5, "1", "", [](auto& s) { return s.mode == Mode::search; }},
-      {6, "2", "", [](auto& s) { return s.mode == Mode::create; }},
-      {6, "x", fault + "6 is not a number.", [](auto& s) { return s.extraStopWords.empty(); }},
-      {8, "19", fault + "8 is not a place in its list.",
-       [](auto& s) { return s.thresholdFrequency == 2 && !s.extraStopWords.empty(); }},
-      {8, "-1", "", [](auto& s) { return s.thresholdFrequency == 2; }},
-      {8, "-2", fault + "8 is not a place in its list.",
-       [](auto& s) { return s.thresholdFrequency == 2; }},
-      {8, " 1 ", "", [](auto& s) { return s.thresholdFrequency == 3; }},
-      {8, "1x", fault + "8 is not a number.", [](auto& s) { return s.thresholdFrequency == 2; }},
-      {8, "99999999999", fault + "8 is not a number.",
-       [](auto& s) { return s.thresholdFrequency == 2; }},
-      {9, "  01x", "", [](auto& s) { return s.ignoreInfrequentWords; }},
-      {9, "x1", "", [](auto& s) { return !s.ignoreInfrequentWords; }},
-      {9, "11", "", [](auto& s) { return !s.ignoreInfrequentWords; }},
-      {9, "", "", [](auto& s) { return !s.ignoreInfrequentWords; }},
-      {9, "\"1\"", "", [](auto& s) { return s.ignoreInfrequentWords; }},
-      {11, "2", "", [](auto& s) { return !s.allowWordsWithHyphens; }},
-      {17, "2", fault + "17 is not a place in its list.",
-       [](auto& s) { return s.wordOrder == WordOrder::alphabetical && s.showLineBreaks; }},
-      {17, "-1", "Invalid combo box index", [](auto& s) { return s.contextSize == 9; }},
-      {18, "-1", "Invalid combo box index", [](auto& s) { return s.outputToFileDisabled; }},
-      {18, "10", fault + "18 is not a place in its list.",
-       [](auto& s) { return s.showLineBreaks && s.stopWordsFile.empty(); }}};
-  for (const auto& [line, value, error, holds] : rows) {
+    std::string saved;
+    std::string error = "";
+  } rows[] = {{1, "\"/no/such/file\"", "\"\""},
+              {2, "\"/no/such/file\"", "\"\""},
+              {3, "\"   \"", "\"\""},
+              {4, "\"  a \"", "\"  a \""},
+              {4, "bare", "\"bare\""},
+              {4, "\"open", "\"open\""},
+              {4, "\"", "\"\""},
+              {5, "1", "0"},
+              {6, "2", "0"},
+              {6, "x", "0", noNumber},
+              {8, "19", "0", noPlace},
+              {8, "-1", "0"},
+              {8, "-2", "0", noPlace},
+              {8, " 1 ", "1"},
+              {8, "1x", "0", noNumber},
+              {8, "99999999999", "0", noNumber},
+              {9, "  01x", "1"},
+              {9, "x1", "0"},
+              {9, "11", "0"},
+              {9, "", "0"},
+              {9, "\"1\"", "1"},
+              {11, "2", "0"},
+              {17, "2", "0", noPlace},
+              {17, "-1", "0", noChoice},
+              {18, "-1", "5", noChoice},
+              {18, "10", "5", noPlace}};
+  for (const auto& [line, value, saved, error] : rows) {
+    SCOPED_TRACE(std::to_string(line) + " " + value);
     const TestFolder folder;
     std::string bytes = BytesOf(Unusual(folder), folder);
-    std::size_t start = 0;
-    for (int i = 1; i < line; ++i) start = bytes.find("\r\n", start) + 2;
+    const std::size_t start = StartOf(line, bytes);
     bytes.replace(start, bytes.find("\r\n", start) - start, value);
     ConcordanceSettings restored;
     const RestoredState state = RestoreSavedState(restored, folder.Write("s.lvz", bytes), false);
-    EXPECT_EQ(state.errorText, error) << line;
-    EXPECT_TRUE(holds(restored)) << line << " " << value;
+    const bool isFault = error.starts_with("is ");
+    const std::string prefix =
+        "Error when attempting to restore settings: line " + std::to_string(line) + " ";
+    EXPECT_EQ(state.errorText, isFault ? prefix + error : error);
     EXPECT_EQ(state.modeSelected, line != 6 || value != "2");
+    const std::string again = BytesOf(restored, folder);
+    EXPECT_TRUE(again.substr(StartOf(line, again)).starts_with(saved + "\r\n")) << again;
+    EXPECT_TRUE(again.ends_with(isFault ? "\r\n0\r\n" : "\r\n1\r\n"));
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -27,8 +28,9 @@ struct ScriptedConversation : Conversation {
   std::vector<std::string> popUps;
   std::vector<bool> stopOffers;  // shown and hidden, in turn
   int yields = 0;
-  std::string
-      log;  // each of these calls in their order, a line each with the first line of its text
+  // The calls in their order, a line each with the first line of its text.
+  std::string log;
+  std::map<std::string, std::function<void()>> events;  // what happens at such a line
 
   // Every question so far as "title: text" and a line feed, with "@" for `path`.
   [[nodiscard]] std::string Said(std::string_view path = "@") const {
@@ -89,7 +91,9 @@ struct ScriptedConversation : Conversation {
  private:
   void Note(std::string_view what, std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
-    log.append(what).append(text.substr(0, text.find('\r'))) += '\n';
+    const std::string line = std::string(what).append(text.substr(0, text.find('\r')));
+    log += line + '\n';
+    if (const auto event = events.find(line); event != events.end()) event->second();
   }
 };
 
