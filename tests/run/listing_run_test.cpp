@@ -110,7 +110,7 @@ TEST(ListingRun, AsksOnceAndInTime) {
 TEST(ListingRun, GoesToASink) {
   using enum RunOutcome;
   const std::string harbour = "the old harbour was silent";
-  const std::string frequent = "Here a rare word. " + Repeated("zebu ", 32768);
+  const std::string frequent = ManyWords(4000) + Repeated("zebu ", 32768);
   const struct {
     OutputFormat format;
     std::string text;
@@ -170,6 +170,7 @@ TEST(ListingRun, ShowsAsMuchAsTheBoxTakes) {
     run.settings.contextSize = 0;
     EXPECT_EQ(run.Go(), RunOutcome::done);
     EXPECT_EQ(run.ui.Said(), row.said);
+    EXPECT_EQ(std::ranges::count(run.ui.sets, "w10000 1\r\n"), 1);  // the word at hand
     EXPECT_EQ(run.ui.listingShown.shown, row.all == 0 ? 0 : 65000);
     EXPECT_EQ(run.ui.listingShown.all, row.all) << run.ListedText().size();
     EXPECT_EQ(run.ui.listingShown.fileHoldsAll, *row.output != '\0');

@@ -99,7 +99,7 @@ TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
       {create, &Settings::extraKeywords, "a%",
        "Invalid input: The extra keywords textbox contains an inadmissable character: %\n"},
       // Only what a run uses is checked.
-      {search, &Settings::keywordsFile, "@a.qvl.ndx", ""},
+      {search, &Settings::extraKeywords, "old", ""},
       {search, &Settings::stopWordsFile, "none", ""},
       {create, &Settings::outputFile, "", ""}};
   for (const auto& row : rows) {
@@ -115,7 +115,10 @@ TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
     run.settings.mode = row.mode;
     const std::string value = naive::Replace(row.value, "@", folder);
     run.settings.*row.setting = value;
-    if (row.said.empty()) fs::remove(folder + "a.qvl.ndx");
+    if (row.said.empty()) {
+      run.settings.keywordsFile = folder + "a.qvl.ndx";
+      fs::remove(run.settings.keywordsFile);
+    }
     EXPECT_EQ(run.Go(), row.said.empty() ? RunOutcome::done : RunOutcome::refused);
     EXPECT_EQ(run.ui.Said(folder), row.said);
     if (row.said.empty()) {

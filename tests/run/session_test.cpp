@@ -89,6 +89,12 @@ TEST(Session, RefusesAnInputThatCannotBeUsed) {
   }
 }
 
+TEST(Session, TakesADocumentByItsFirstBytes) {
+  TestRun run("PK\x03\x04 is how one begins", "a.docx");
+  run.session.SetInput(Session::InputOrigin::chosen);
+  EXPECT_EQ(run.settings.outputFile, run.folder.Path("a.qvl.conc.txt"));
+}
+
 TEST(Session, FollowsAnInput) {
   using enum Session::InputOrigin;
   const std::string german = StopWordsPath(LANGUAGES[1]);
