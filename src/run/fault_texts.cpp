@@ -23,7 +23,7 @@ constexpr const char* READ_ERROR = "Read error";
 constexpr const char* BAD_STOP_WORD = "Character not allowed";
 
 // The titles of the last two have another case than each other: users know them so.
-constexpr std::array<FaultText, 17> FAULT_TEXTS = {{
+constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     {FaultKind::missing, "File @ not found.", FATAL, Icon::information},
     {FaultKind::notAFile, "File @\r\nis a device or a pipe, not a file.", FATAL, Icon::information},
     {FaultKind::tooLong, "File @\r\nis too large to be scanned: 2 GB or more.", "File too big",
@@ -61,7 +61,7 @@ constexpr std::array<FaultText, 17> FAULT_TEXTS = {{
      Icon::exclamation},
     {FaultKind::manyPlusSigns, "A keyword cannot contain more then one '+'.", "Invalid Input",
      Icon::information},
-}};
+});
 
 std::string Filled(std::string text, const std::string& subject) {
   const std::size_t place = text.find('@');

@@ -153,7 +153,6 @@ class ListingRun {
     if (report_.wordsTooFrequent) report_.outcome = ListingOutcome::failed;
     if (length_ == 0) {
       ui_.SetOutput("No result");
-      if (!report_.wordsTooFrequent) report_.outcome = ListingOutcome::nothing;
       return;
     }
     if (mode_ == Mode::create) {

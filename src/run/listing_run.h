@@ -46,7 +46,6 @@ struct ListingTarget {
 
 enum class ListingOutcome {
   listed,   // and written, unless the settings or the user want no file
-  nothing,  // none was listed before the stop
   stopped,  // by the user: what was composed is shown and written
   failed,   // the file could not be written, or a word occurs too often to be listed
 };

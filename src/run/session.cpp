@@ -15,9 +15,8 @@
 namespace quorvel {
 
 Session::Session(Conversation& ui, SessionOptions options) : ui_(ui), options_(std::move(options)) {
-  constexpr std::size_t TEXT = 64;
-  constexpr std::size_t LONGEST_PATH = 4096;
-  memoryMessage_.text.reserve(TEXT + LONGEST_PATH);
+  constexpr std::size_t ROOM = 4200;  // for the longest path, and the text around it
+  memoryMessage_.text.reserve(ROOM);
 }
 
 // Asks for no memory itself, as long as the path has its room.
@@ -51,7 +50,7 @@ void Session::TakeLoadedSettings() {
     EraseSearchWords(lists_.keywords);
     lists_.stopWords.loaded = false;
     SilentConversation nobody;
-    const bool all = path.ends_with(ALL_LANGUAGES.stopWordsFile) && FileExists(path);
+    const bool all = path.ends_with(ALL_LANGUAGES.stopWordsFile);
     if (all) (void)ReadStopWordsFile(path, lists_.stopWords, nobody);
   });
 }
@@ -158,7 +157,7 @@ Result<InputBytes> Session::InputNow() {
   const bool isThere =
       input_ && *input_ && (*input_)->Path() == path && (*input_)->Stamp() == StampOf(path);
   if (!isThere) {
-    digest_.reset();
+    DropInput();
     input_ = ReadInput(path, ui_);
   }
   return *input_;

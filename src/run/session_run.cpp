@@ -29,8 +29,6 @@ RunOutcome OutcomeOf(ListingOutcome listing) {
       return RunOutcome::done;
     case ListingOutcome::stopped:
       return RunOutcome::stopped;
-    case ListingOutcome::nothing:
-      return RunOutcome::nothingFound;
     default:
       return RunOutcome::failed;
   }
@@ -121,7 +119,6 @@ bool Session::WantsIndex() const {
 RunOutcome Session::RunChecked() {
   report_ = {};
   if (!CheckInput() || !CheckOutputsOfRun(WantsIndex()) || !CheckKeywords()) {
-    ui_.SetOutput("");
     ClearCounts();
     return RunOutcome::refused;
   }
@@ -165,7 +162,6 @@ bool Session::ReadDocument() {
   Result<InputBytes> input = InputNow();
   if (!input) {
     if (input.Why().kind != FaultKind::stopped) ui_.Ask(MessageOf(input.Why()));
-    ui_.SetOutput("");
     return false;
   }
   ReadingRequest request;
@@ -202,8 +198,6 @@ RunOutcome Session::StopAfterScan(const Words& words) {
   const std::int32_t count = words.table->WordCount();
   ui_.AppendOutput("Stopped with " + std::to_string(count) + " word" + (count == 1 ? "" : "s") +
                    " found.\r\n");
-  ConcealNumWords(lists_.stopWords, false);
-  ui_.CountSeconds(false);
   ClearCounts();
   return RunOutcome::stopped;
 }

@@ -1,8 +1,5 @@
 #include "run/stop_word_choice.h"
 
-#include <utility>
-#include <vector>
-
 #include "engine/language_recognition.h"
 #include "files/file_system.h"
 #include "input/text_sample.h"
@@ -20,8 +17,7 @@ std::optional<StopWordsByLanguage> StopWordsOfAllLanguages() {
     const Result<InputBytes> file = ReadInput(StopWordsPath(LANGUAGES.at(i)), nobody);
     if (!file && file.Why().kind == FaultKind::missing) continue;
     if (!file) return std::nullopt;
-    Result<std::vector<std::u16string>> words = WordsOfFileBytes(file->View(), nobody);
-    if (words) stopWords.at(i) = *std::move(words);
+    stopWords.at(i) = *WordsOfFileBytes(file->View(), nobody);
   }
   return stopWords;
 }

@@ -32,6 +32,9 @@ TEST(WordLists, SayWhatWasLoaded) {
   EXPECT_EQ(ui.output, "Two keywords loaded from " + path + "\r\n\r\n the walk");
   EXPECT_EQ(ui.labels[Label::numberOfWords],
             (std::vector<std::string>{"Three stop words", "Two keywords"}));
+  ui.answers.assign(3, Answer::no);
+  EXPECT_TRUE(AttemptToReadSearchWords(folder.Write("one.txt", "ship "), lists, ui));
+  EXPECT_EQ(ui.output, "One keyword word loaded from " + folder.Path("one.txt") + "\r\n\r\n");
 }
 
 TEST(WordLists, AreKeptWhereAFileIsNoList) {
@@ -50,11 +53,13 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
     StopWordList list = {{u"old"}, {}, true};
     KeywordLists lists = {{u"old"}, {}};
     ScriptedConversation ui;
-    EXPECT_FALSE(ReadStopWordsFile(path, list, ui) || list.loaded) << path;
+    ConcordanceSettings settings;
+    EXPECT_FALSE(AttemptToReadStopWords(path, settings, list, ui) || list.loaded) << path;
+    EXPECT_EQ(settings.stopWordsFile, "");
     const bool isMissing = said.starts_with(" words");
     EXPECT_EQ(ui.Said(path), isMissing ? "Stop words: Stop" + said : said) << path;
     ui.questions.clear();
-    EXPECT_FALSE(ReadKeywordsFile(path, lists, ui)) << path;
+    EXPECT_FALSE(AttemptToReadSearchWords(path, lists, ui)) << path;
     EXPECT_EQ(ui.Said(path), isMissing ? "Search words: Key" + said.substr(1) : said) << path;
     EXPECT_EQ(list.words, SortedWords{u"old"});
     EXPECT_EQ(lists.fileKeywords, SortedWords{u"old"});
@@ -65,7 +70,7 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
 TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
   for (const bool isLong : {false, true}) {
     const TestFolder folder;
-    const std::string path = folder.Write("a.txt", Repeated("ab\r\n", isLong ? 5121 : 5120));
+    const std::string path = folder.Write("a.txt", Repeated("ab\r\n", 5120) + (isLong ? "a" : ""));
     StopWordList list;
     KeywordLists lists;
     ScriptedConversation ui;
@@ -79,47 +84,12 @@ TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
     EXPECT_EQ(ui.stopOffers,
               isLong ? (std::vector<bool>{true, false, true, false}) : std::vector<bool>());
     EXPECT_EQ(ui.sets.front(), "Reading stop words ...");
-  }
-}
-
-TEST(WordLists, OfTypedWordsAreChecked) {
-  const std::string is = " occurs in some stop word\r\nbut is not ";
-  const std::string bad =
-      "Invalid input: The extra keywords textbox contains an inadmissable character: ";
-  const std::string comma = "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
-  const struct {
-    const char* stopWords;
-    const char* keywords;
-    const char* tidied;
-    std::string said;
-  } rows[] = {
-      {"the", " Ships* ", "ships*", ""},
-      {"42", "A", "A",
-       "Character not allowed: The character 4" + is +
-           "currently set as a character allowed in a word.\n"},
-      {"a,b", "A", "A",
-       "Character not allowed: The character ," + is + "a character allowed in a word." + comma +
-           "\n"},
-      {"the", "Ships, ", "ships,", bad + ",\n"},
-      {"the", "A+b+c", "a+b+c", "Invalid Input: A keyword cannot contain more then one '+'.\n"}};
-  for (const auto& [stopWords, keywords, tidied, said] : rows) {
-    ConcordanceSettings settings;
-    settings.extraStopWords = stopWords;
-    settings.extraKeywords = keywords;
-    KeywordLists lists;
-    lists.extraKeywords = ExtraKeywordList({ExtraKeywordOf(u"old")});
-    ScriptedConversation ui;
-    const bool allowed = CheckAllowedExtraChars(settings, ui);
-    EXPECT_EQ(allowed && GetExtraKeywords(settings, lists, ui), said.empty());
-    EXPECT_EQ(ui.Said(), said);
-    EXPECT_EQ(lists.extraKeywords.Keywords().front().wildcardPattern,
-              said.empty() ? u"ships*" : u"old");
-    EXPECT_EQ(settings.extraKeywords, tidied);
+    EXPECT_TRUE(ReadStopWordsFile(path, list, ui) && list.loaded);
   }
 }
 
 TEST(WordLists, ShowTheBeginningOfALongList) {
-  for (const int count : {1, 30, 31}) {
+  for (const int count : {1, 2, 30, 31}) {
     StopWordList list;
     std::string shown;
     for (int i = 0; i < count; ++i) {

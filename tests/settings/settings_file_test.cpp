@@ -43,67 +43,123 @@ TEST(SettingsFile, HoldsTwentyTwoLinesThatComeBack) {
                        "\"\r\n\"not/there.txt\"\r\n0\r\n1\r\n\"\xE9t\xE9 "
                        "\x9Cuvre\"\r\n18\r\n1\r\n1\r\n0\r\n1\r\n1\r\n1\r\n"
                        "0\r\n1\r\n1\r\n9\r\n\"no stop words\"\r\n\"h* a+b?\"\r\n1\r\n1\r\n");
+  const std::string usual = BytesOf({}, folder);
+  EXPECT_EQ(usual,
+            "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n0\r\n0\r\n"
+            "1\r\n0\r\n0\r\n5\r\n\"\"\r\n\"\"\r\n0\r\n0\r\n");
   ConcordanceSettings restored;
-  EXPECT_EQ(RestoreSavedState(restored, folder.Path("bytes"), false).errorText, "");
-  EXPECT_EQ(BytesOf(restored, folder), bytes);
-  EXPECT_EQ(RestoreSavedState(restored, folder.Path("bytes"), true).errorText, "");
+  for (const std::string& saved : {bytes, usual}) {
+    EXPECT_EQ(RestoreSavedState(restored, folder.Write("s.lvz", saved), false).errorText, "");
+    EXPECT_EQ(BytesOf(restored, folder), saved);
+  }
+  EXPECT_EQ(RestoreSavedState(restored, folder.Write("s.lvz", bytes), true).errorText, "");
   EXPECT_EQ(restored.mode, Mode::create);
 }
 
-// Puts `line` in the place of one line, 1-based, of a file of unusual settings.
+TEST(SettingsFile, OfTheUserIsInTheFolderForSettings) {
+  SKIP_ON_WINDOWS("no variable names that folder");
+  const TestFolder folder;
+  SetVariable("XDG_CONFIG_HOME", folder.Path("new"));
+  EXPECT_EQ(StateFilePath(), folder.Path("new/Quorvel/qvl.usr"));
+  ConcordanceSettings settings;
+  EXPECT_NE(RestoreSavedState(settings, "", true).errorText, "");
+  EXPECT_EQ(SaveState(Unusual(folder), "", {}), "");
+  EXPECT_EQ(RestoreSavedState(settings, "", true).errorText, "");
+  SetVariable("XDG_CONFIG_HOME", "");
+  EXPECT_EQ(settings.contextSize, 9);
+}
+
+// Where a line of the bytes starts, from 1 on.
+std::size_t StartOf(int line, const std::string& bytes) {
+  std::size_t start = 0;
+  for (; line > 1; --line) start = bytes.find("\r\n", start) + 2;
+  return start;
+}
+
+// One line of a file of unusual settings is another, and what is then saved for it.
 TEST(SettingsFile, JudgesEachLine) {
-  const std::string fault = "Error when attempting to restore settings: line ";
+  const std::string noNumber = "is not a number.";
+  const std::string noPlace = "is not a place in its list.";
+  const std::string noChoice = "Invalid combo box index";
   const struct {
     int line;
     std::string value;
-    std::string error;
-    bool (*holds)(const ConcordanceSettings&);
-  } rows[] = {
-      {1, "\"/no/such/file\"", "", [](auto& s) { return s.inputFile.empty(); }},
-      {3, "\"   \"", "", [](auto& s) { return s.keywordsFile.empty(); }},
-      {4, "\"  a \"", "", [](auto& s) { return s.outputFile == "  a "; }},
-      {4, "bare", "", [](auto& s) { return s.outputFile == "bare"; }},
-      {5, "1", "", [](auto& s) { return s.mode == Mode::search; }},
-      {6, "2", "", [](auto& s) { return s.mode == Mode::create; }},
-      {6, "x", fault + "6 is not a number.", [](auto& s) { return s.extraStopWords.empty(); }},
-      {8, "19", fault + "8 is not a place in its list.",
-       [](auto& s) { return s.thresholdFrequency == 2 && !s.extraStopWords.empty(); }},
-      {8, "-1", "", [](auto& s) { return s.thresholdFrequency == 2; }},
-      {9, "  01x", "", [](auto& s) { return s.ignoreInfrequentWords; }},
-      {9, "x1", "", [](auto& s) { return !s.ignoreInfrequentWords; }},
-      {9, "\"1\"", "", [](auto& s) { return s.ignoreInfrequentWords; }},
-      {11, "2", "", [](auto& s) { return !s.allowWordsWithHyphens; }},
-      {17, "-1", "Invalid combo box index", [](auto& s) { return s.contextSize == 9; }},
-      {18, "-1", "Invalid combo box index", [](auto& s) { return s.outputToFileDisabled; }},
-      {18, "10", fault + "18 is not a place in its list.",
-       [](auto& s) { return s.showLineBreaks && s.stopWordsFile.empty(); }}};
-  for (const auto& [line, value, error, holds] : rows) {
+    std::string saved;
+    std::string error = "";
+  } rows[] = {{1, "\"/no/such/file\"", "\"\""},
+              {2, "\"/no/such/file\"", "\"\""},
+              {3, "\"   \"", "\"\""},
+              {4, "\"  a \"", "\"  a \""},
+              {4, "bare", "\"bare\""},
+              {4, "\"open", "\"open\""},
+              {4, "\"", "\"\""},
+              {5, "1", "0"},
+              {6, "2", "0"},
+              {6, "x", "0", noNumber},
+              {8, "19", "0", noPlace},
+              {8, "-1", "0"},
+              {8, "-2", "0", noPlace},
+              {8, " 1 ", "1"},
+              {8, "1x", "0", noNumber},
+              {8, "99999999999", "0", noNumber},
+              {9, "  01x", "1"},
+              {9, "x1", "0"},
+              {9, "11", "0"},
+              {9, "", "0"},
+              {9, "\"1\"", "1"},
+              {11, "2", "0"},
+              {17, "2", "0", noPlace},
+              {17, "-1", "0", noChoice},
+              {18, "-1", "5", noChoice},
+              {18, "10", "5", noPlace}};
+  for (const auto& [line, value, saved, error] : rows) {
+    SCOPED_TRACE(std::to_string(line) + " " + value);
     const TestFolder folder;
     std::string bytes = BytesOf(Unusual(folder), folder);
-    std::size_t start = 0;
-    for (int i = 1; i < line; ++i) start = bytes.find("\r\n", start) + 2;
+    const std::size_t start = StartOf(line, bytes);
     bytes.replace(start, bytes.find("\r\n", start) - start, value);
     ConcordanceSettings restored;
     const RestoredState state = RestoreSavedState(restored, folder.Write("s.lvz", bytes), false);
-    EXPECT_EQ(state.errorText, error) << line;
-    EXPECT_TRUE(holds(restored)) << line << " " << value;
+    const bool isFault = error.starts_with("is ");
+    const std::string prefix =
+        "Error when attempting to restore settings: line " + std::to_string(line) + " ";
+    EXPECT_EQ(state.errorText, isFault ? prefix + error : error);
     EXPECT_EQ(state.modeSelected, line != 6 || value != "2");
+    const std::string again = BytesOf(restored, folder);
+    EXPECT_TRUE(again.substr(StartOf(line, again)).starts_with(saved + "\r\n")) << again;
+    EXPECT_TRUE(again.ends_with(isFault ? "\r\n0\r\n" : "\r\n1\r\n"));
   }
 }
 
 TEST(SettingsFile, IsRefusedWhenItIsCutOrMissing) {
   const TestFolder folder;
+  const std::string restoring = "Error when attempting to restore settings: ";
   const std::string bytes = BytesOf(Unusual(folder), folder);
-  ConcordanceSettings restored;
-  for (std::size_t length = 0; length + 3 < bytes.size(); ++length) {
-    const std::string path = folder.Write("s.lvz", bytes.substr(0, length));
-    EXPECT_NE(RestoreSavedState(restored, path, false).errorText, "") << length;
+  ConcordanceSettings settings;
+  int line = 0;
+  for (std::size_t end = 0; end < bytes.size(); end = bytes.find("\r\n", end) + 2, ++line) {
+    const std::string path = folder.Write("s.lvz", bytes.substr(0, end));
+    EXPECT_EQ(RestoreSavedState(settings, path, false).errorText,
+              restoring + "the file ends after line " + std::to_string(line) + ".");
   }
-  EXPECT_EQ(RestoreSavedState(restored, folder.Path("none"), false).errorText,
-            "Error when attempting to restore settings: No such file or directory");
+  EXPECT_EQ(line, 22);
+  EXPECT_EQ(RestoreSavedState(settings, folder.Path("none"), false).errorText,
+            restoring + "No such file or directory");
 }
 
-TEST(SettingsFile, NeverReplacesAnotherFile) {
+TEST(SettingsFile, IsReadUpToAMegabyte) {
+  const TestFolder folder;
+  ConcordanceSettings settings;
+  settings.outputFile = std::string((1U << 20U) - BytesOf({}, folder).size(), 'a');
+  EXPECT_EQ(BytesOf(settings, folder).size(), 1U << 20U);
+  EXPECT_EQ(RestoreSavedState(settings, folder.Path("bytes"), false).errorText, "");
+  settings.outputFile += "aaa";
+  EXPECT_EQ(BytesOf(settings, folder).size(), (1U << 20U) + 3);
+  EXPECT_EQ(RestoreSavedState(settings, folder.Path("bytes"), false).errorText,
+            "Error when attempting to restore settings: the file ends after line 21.");
+}
+
+TEST(SettingsFile, IsWrittenWholeAndInThePlaceOfNoOther) {
   const TestFolder folder;
   const std::string input = folder.Write("in.txt", "text");
   EXPECT_EQ(SaveState({}, folder.Path("./in.txt"), {{"input file", input}}),
@@ -111,19 +167,11 @@ TEST(SettingsFile, NeverReplacesAnotherFile) {
   EXPECT_EQ(folder.Read("in.txt"), "text");
   EXPECT_EQ(SaveState({}, folder.Path("none/s.lvz"), {{"input file", input}}),
             "Error when attempting to save settings: No such file or directory");
-}
-
-TEST(Settings, GoBackToTheirDefaultsButForLastingChoices) {
-  for (const bool all : {false, true}) {
-    ConcordanceSettings settings;
-    settings.contextSize = 9;
-    settings.thresholdFrequency = 20;
-    settings.createIndexFile = settings.saveStateOnQuit = settings.warnOnOverwrite = true;
-    InitializeVariables(settings, all);
-    EXPECT_EQ(settings.contextSize, 5);
-    EXPECT_EQ(settings.thresholdFrequency, all ? 2 : 20);
-    EXPECT_TRUE(settings.createIndexFile && settings.saveStateOnQuit && settings.warnOnOverwrite);
-  }
+  ConcordanceSettings settings;
+  settings.extraKeywords = "a\r\nb";
+  EXPECT_EQ(SaveState(settings, folder.Path("s.lvz"), {}),
+            "Error when attempting to save settings: A name or a text holds a line end");
+  EXPECT_EQ(folder.Count(), 1);
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 // A conversation for tests: keeps what a run said and answers from a list.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -26,6 +28,9 @@ struct ScriptedConversation : Conversation {
   std::vector<std::string> popUps;
   std::vector<bool> stopOffers;  // shown and hidden, in turn
   int yields = 0;
+  // The calls in their order, a line each with the first line of its text.
+  std::string log;
+  std::map<std::string, std::function<void()>> events;  // what happens at such a line
 
   // Every question so far as "title: text" and a line feed, with "@" for `path`.
   [[nodiscard]] std::string Said(std::string_view path = "@") const {
@@ -38,30 +43,57 @@ struct ScriptedConversation : Conversation {
     return said;
   }
 
-  void AppendOutput(std::string_view text) override { output += appends.emplace_back(text); }
+  void AppendOutput(std::string_view text) override {
+    Note("+ ", text);
+    output += appends.emplace_back(text);
+  }
 
-  void SetOutput(std::string_view text) override { output = sets.emplace_back(text); }
+  void SetOutput(std::string_view text) override {
+    Note("= ", text);
+    output = sets.emplace_back(text);
+  }
 
-  void SetLabel(Label label, std::string_view text) override { labels[label].emplace_back(text); }
+  void SetLabel(Label label, std::string_view text) override {
+    Note("label ", text);
+    labels[label].emplace_back(text);
+  }
 
   void ShowBar(std::string_view caption) override { bars.emplace_back(caption); }
 
-  void CountSeconds(bool isCounting) override { counting.push_back(isCounting); }
+  void CountSeconds(bool isCounting) override {
+    Note("counting ", isCounting ? "on" : "off");
+    counting.push_back(isCounting);
+  }
 
   void SayWhatIsShown(const ListingShown& listing) override { listingShown = listing; }
 
   Answer Ask(const Message& message) override {
+    Note("asks ", message.title);
     questions.push_back(message);
     const std::size_t asked = questions.size();
     return asked <= answers.size() ? answers[asked - 1] : message.preset;
   }
 
-  void PopUp(std::string_view text) override { popUps.emplace_back(text); }
+  void PopUp(std::string_view text) override {
+    Note("pops up ", text);
+    popUps.emplace_back(text);
+  }
 
-  void OfferStop(bool offered) override { stopOffers.push_back(offered); }
+  void OfferStop(bool offered) override {
+    Note("stop ", offered ? "on" : "off");
+    stopOffers.push_back(offered);
+  }
 
   void YieldNow() override {
     if (++yields == stopAtYield) RequestStop();
+  }
+
+ private:
+  void Note(std::string_view what, std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
+    const std::string line = std::string(what).append(text.substr(0, text.find('\r')));
+    log += line + '\n';
+    if (const auto event = events.find(line); event != events.end()) event->second();
   }
 };
 
