@@ -1,9 +1,10 @@
 #include "files/output_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #ifdef _WIN32
 #include <windows.h>
+#else
+#include <sys/stat.h>
 #endif
 
 #include <algorithm>
@@ -11,28 +12,94 @@
 #include <vector>
 
 #include "files/read_file.h"
+#include "support/file_size_limit.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
+#ifdef __linux__
+#include "support/refused_calls.h"
+#endif
 
 namespace quorvel {
 namespace {
 
 namespace fs = std::filesystem;
 
-TEST(OutputFile, KeepsLinksAndModes) {
-  SKIP_ON_WINDOWS("there are no such modes, and links are for administrators");
-  const TestFolder folder;
-  const std::string path = folder.Write("a", "old");
-  ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
-  fs::create_symlink("a", folder.Path("link"));
-  OutputFile file(folder.Path("link"), {});
-  EXPECT_TRUE(file.Write("new") && file.Commit());
-  EXPECT_EQ(folder.Read("a"), "new");
-  EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
-  struct stat status = {};
-  ASSERT_EQ(::stat(path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0640U);
+// The new file's name, beside its target.
+std::string Temporary(int number) {
+  return ".qvl" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
 }
+
+// Until then the old file is as it was, and the new one its writer's alone.
+TEST(OutputFile, ReplacesAFileWhenTheNewOneIsWhole) {
+  const TestFolder folder;
+  for (const bool commits : {false, true}) {
+    (void)folder.Write("a", "old");
+    {
+      OutputFile file(folder.Path("a"), {}, Targets::ordinaryFiles);
+      EXPECT_TRUE(file.Write("new") && file.Write("er"));
+      EXPECT_EQ(folder.Files(),
+                (std::map<std::string, std::string>{{"a", "old"}, {Temporary(0), "newer"}}));
+      const auto rights = fs::status(folder.Path(Temporary(0))).permissions();
+      EXPECT_TRUE(ON_WINDOWS || rights == fs::perms(0600));
+      EXPECT_EQ(commits && file.Commit(), commits);
+    }
+    EXPECT_EQ(folder.Files(),
+              (std::map<std::string, std::string>{{"a", commits ? "newer" : "old"}}));
+  }
+}
+
+TEST(OutputFile, TriesOtherNamesUntilOneIsFree) {
+  const TestFolder folder;
+  for (int n = 0; n < 3; ++n) (void)folder.Write(Temporary(n), "another's");
+  OutputFile file(folder.Path("a"), {});
+  EXPECT_TRUE(file.Write("new") && file.Commit()) << file.Why()->reason;
+  EXPECT_EQ(folder.Count(), 4);
+  EXPECT_EQ(folder.Read(Temporary(2)), "another's");
+}
+
+TEST(OutputFile, LeavesTheOldFileWhereTheDiskIsFull) {
+  SKIP_ON_WINDOWS("the size of files cannot be limited");
+  const TestFolder folder;
+  const FileSizeLimit limit(10);
+  OutputFile file(folder.Write("a", "old"), {});
+  EXPECT_TRUE(file.Write("0123456789"));
+  EXPECT_FALSE(file.Write("x") || file.Write("") || file.Commit());
+  EXPECT_EQ(file.Why()->kind, FaultKind::notWritten);
+  EXPECT_EQ(file.Why()->reason, "File too large");
+  EXPECT_EQ(folder.Read("a"), "old");
+}
+
+#ifdef __linux__
+TEST(OutputFile, TellsWhatTheSystemRefuses) {
+  const struct {
+    long call;
+    int error;
+    const char* reason;  // empty where all goes well
+  } rows[] = {{SYS_newfstatat, EIO, "Input/output error"},
+              {SYS_access, EROFS, "Read-only file system"},
+              {SYS_readlink, EIO, "Input/output error"},
+              {SYS_openat, EACCES, "Permission denied"},
+              {SYS_write, ENOSPC, "No space left on device"},
+              {SYS_fsync, EIO, "Input/output error"},
+              {SYS_fsync, EINVAL, ""},
+              {SYS_close, EDQUOT, "Disk quota exceeded"},
+              {SYS_rename, EBUSY, "Device or resource busy"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.reason);
+    const TestFolder folder;
+    const std::string path = folder.Write("a", "old");
+    InChild([&] {
+      RefuseCall(row.call, row.error);
+      OutputFile file(path, {});
+      EXPECT_EQ(file.Write("new") && file.Commit(), *row.reason == '\0');
+      EXPECT_EQ(file.Why() ? file.Why()->reason : "", row.reason);
+      EXPECT_TRUE(!file.Why() || file.Why()->file == path);
+    });
+    EXPECT_EQ(folder.Files(),
+              (std::map<std::string, std::string>{{"a", *row.reason == '\0' ? "new" : "old"}}));
+  }
+}
+#endif
 
 TEST(OutputFile, MakesTheFileThatALinkNames) {
   SKIP_ON_WINDOWS("links are for administrators");
@@ -75,9 +142,17 @@ TEST(OutputFile, MakesTheFileThatALinkNames) {
   }
 }
 
-TEST(OutputFile, WritesToANullDevice) {
+TEST(OutputFile, WritesToNoFileOnlyWhereItMay) {
   OutputFile device(NULL_DEVICE, {});
   EXPECT_TRUE(device.Write("x") && device.Commit()) << device.Why()->reason;
+  const std::string noFile = "Is a device or a pipe, not a file";
+  EXPECT_EQ(OutputFile(NULL_DEVICE, {}, Targets::ordinaryFiles).Why()->reason, noFile);
+  const TestFolder folder;
+  EXPECT_EQ(OutputFile(folder.Path(""), {}).Why()->reason, "Is a directory");
+#ifndef _WIN32
+  ASSERT_EQ(::mknod(folder.Path("socket").c_str(), S_IFSOCK | 0600U, 0), 0);
+  EXPECT_EQ(OutputFile(folder.Path("socket"), {}).Why()->reason, "No such device or address");
+#endif
 }
 
 #ifdef _WIN32

@@ -6,6 +6,9 @@
 #include "files/file_system.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
+#ifdef __linux__
+#include "support/refused_calls.h"
+#endif
 
 namespace quorvel {
 namespace {
@@ -72,6 +75,23 @@ TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   SetVariable("TMPDIR", "");
   EXPECT_FALSE(nowhere.HasFolder() || nowhere.Write("x") || nowhere.ReadBack(1));
 }
+
+#ifdef __linux__
+// Who wants to know is told; nobody else is.
+TEST(TemporaryFile, TellsWhatStays) {
+  const TestFolder base;
+  InChild([&base] {
+    SetVariable("TMPDIR", base.Path(""));
+    RefuseCall(SYS_rmdir, EACCES);
+    TemporaryFile file("QVL", "a/b");
+    EXPECT_TRUE(file.Write("one") && *file.ReadBack(3) == "one");
+    const std::optional<Fault> fault = file.Remove();
+    EXPECT_EQ(fault ? fault->file : "", base.Path("QVL001/a"));
+    EXPECT_FALSE(file.Remove().has_value());
+    EXPECT_FALSE(file.Write("two") || file.ReadBack(3));
+  });
+}
+#endif
 
 }  // namespace
 }  // namespace quorvel
