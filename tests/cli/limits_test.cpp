@@ -94,5 +94,30 @@ TEST(Limits, OfThreadsAreNoMatter) {
   EXPECT_EQ(RunAll({"chmod a+rwx . tmp *; " + limited}), KINDS);
 }
 
+// Under a limit of memory that no such file fits into.
+TEST(Limits, OfMemoryAreNoMatterToAnIndexThatIsNone) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
+  const struct {
+    const char* name;
+    std::uintmax_t length;
+    std::string begin;
+  } rows[] = {{"longer than any file that is read", 10U << 30U, ""},
+              {"too long for its input", 1900U << 20U, ""},
+              {"too long, with the beginning of one", 1900U << 20U,
+               "BD98C7E98FF936A8D5A9616930B0FAD0\r\n2026-11-22 10:00\r\n"},
+              {"short", 100, ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const TestFolder folder;
+    (void)folder.Write("a.txt", "the cat and the dog\r\n");
+    (void)folder.Write("a.qvl.ndx", row.begin);
+    fs::resize_file(folder.Path("a.qvl.ndx"), row.length);
+    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt --use-index -o -", "ulimit -v 400000;"), 0);
+    EXPECT_EQ(folder.Read("err"),
+              "quorvel-cli: a.txt: The index file was not made from this input file as it is now, "
+              "so the input file will be scanned.\n");
+  }
+}
+
 }  // namespace
 }  // namespace quorvel
