@@ -170,6 +170,19 @@ TEST(CommandLine, WritesRowsWhereTheyAreWanted) {
   EXPECT_TRUE(folder.Read("a.qvl.conc.json").starts_with("[\n{\"word\":\"caf\xC3\xA9\","));
 }
 
+TEST(CommandLine, TellsWhichWordsOccurTooOften) {
+  const TestFolder folder;
+  (void)folder.Write("a.txt", Repeated("dog ", 32768));
+  const std::string said =
+      "quorvel-cli: a.txt: The word \"dog\" occurs 32768 times; a word that occurs more than 32767 "
+      "times cannot be listed.";
+  EXPECT_EQ(RunCli(folder, "a.txt -e dog"), 1);
+  EXPECT_EQ(Said(folder),
+            said + "\nquorvel-cli: a.txt: The rows of --format tsv have no such limit.\n");
+  EXPECT_EQ(RunCli(folder, "a.txt"), 1);
+  EXPECT_EQ(Said(folder), said + " Add it to the stop words.\n");
+}
+
 TEST(CommandLine, TakesTheWordsFromAnIndexThatFits) {
   const TestFolder folder;
   (void)folder.Write("a.txt", "the cat and the dogs xx\r\n");

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "naive/places.h"
+#include "support/run_program.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
@@ -109,6 +110,26 @@ TEST(TerminalInterface, ShowsProgressUnlessItIsToBeQuiet) {
   EXPECT_EQ(Transcript(folder, "a.txt -q"), "0");
   EXPECT_EQ(Transcript(folder, "a.txt 2>err"), "0");
   EXPECT_EQ(folder.Read("err"), "");
+}
+
+// The whole line stands in a place of its own: there is no memory for another.
+TEST(TerminalInterface, SaysThatThereIsNoMemory) {
+  const TestFolder folder;
+  const std::string said = "quorvel-cli: There is not enough memory";
+  const std::string longest(4095 - said.size() - 5, 'x');
+  const std::pair<std::string, std::string> rows[] = {
+      {"", "."},
+      {"a.txt -o b", " for a.txt -o b."},
+      {"'a\n\x1b\x7f\x1f ~\xC3\xA9'", " for a???? ~\xC3\xA9."},
+      {longest.substr(1), " for " + longest.substr(1) + "."},
+      {longest, " for " + longest},
+      {longest + "x a", " for " + longest}};
+  for (const auto& [arguments, end] : rows) {
+    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments,
+                         "QUORVEL_FAULT=1+ LD_PRELOAD=" QUORVEL_FAILING_MEMORY),
+              1);
+    EXPECT_EQ(folder.Read("err"), said + end + "\n");
+  }
 }
 
 }  // namespace

@@ -20,9 +20,6 @@ struct Row {
 
 const Row ROWS[] = {
     {"one's own", "64001:64101 6754", FIRST, "64001:64101 6754"},
-    {"another's, by root", "64001:64101 6604", ROOT, "64001:64101 6604"},
-    {"one's own with a list", "64001:64101 664 u::6 u:64009:6 g::4 m::6 o::4", FIRST,
-     "64001:64101 664 u::6 u:64009:6 g::4 m::6 o::4"},
     {"another's with a list, by root", "64001:64101 640 u::6 u:64009:6 g::4 g:64102:5 m::4 o::0",
      ROOT, "64001:64101 640 u::6 u:64009:6 g::4 g:64102:5 m::4 o::0"},
     {"of one's group", "64001:64101 6660", MEMBER, "64003:64101 660 u::6 u:64001:6 g::6 m::6 o::0"},
@@ -31,8 +28,6 @@ const Row ROWS[] = {
      NO_LISTS},
     {"of a group that one is not in", "64002:64101 640", LONER,
      "64002:64002 640 u::6 g::0 g:64101:4 m::4 o::0"},
-    {"of a group that one is not in, no lists", "64002:64101 640", LONER, "64002:64002 600",
-     NO_LISTS},
     {"the same, that all may read and run", "64002:64101 4765", LONER, "64002:64002 744", NO_LISTS},
     {"that all may write, no lists", "64001:64101 646", STRANGER, "64004:64103 644", NO_LISTS},
     {"of a group that is not to read", "64001:64101 606", STRANGER,
@@ -41,8 +36,6 @@ const Row ROWS[] = {
      "64002:64002 610 u::6 g::0 g:64101:0 m::1 o::0"},
     {"that is one's own to write by the list", "64001:64101 660 u::6 u:64004:6 g::4 m::6 o::0",
      STRANGER, "64004:64103 660 u::6 u:64001:6 g::0 g:64101:4 m::6 o::0"},
-    {"the same, and lists are refused", "64001:64101 660 u::6 u:64004:6 g::4 m::6 o::0", STRANGER,
-     "64004:64103 600", NO_LISTS},
     {"with entries that the mask cuts", "64002:64101 740 u::7 u:64009:6 g::6 g:64102:7 m::4 o::0",
      LONER, "64002:64002 740 u::7 u:64009:4 g::0 g:64101:4 g:64102:4 m::4 o::0"},
     {"with a group that may do less than all", "64002:64101 644 u::6 g::4 g:64102:0 m::4 o::4",

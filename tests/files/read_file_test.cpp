@@ -51,22 +51,17 @@ TEST(ReadFile, SaysWhyItReadsNothing) {
 TEST(ReadFile, TellsWhatTheSystemRefuses) {
   const TestFolder folder;
   const std::string path = folder.Write("a", "x");
-  const struct {
-    long call;
-    int error;
-    FaultKind kind;
-    const char* reason;
-  } rows[] = {{SYS_openat, EACCES, FaultKind::notOpened, "Permission denied"},
-              {SYS_openat, ENOENT, FaultKind::missing, "No such file or directory"},
-              {SYS_read, EIO, FaultKind::notRead, "Input/output error"}};
+  const std::tuple<long, int, FaultKind, const char*> rows[] = {
+      {SYS_openat, EACCES, FaultKind::notOpened, "Permission denied"},
+      {SYS_openat, ENOENT, FaultKind::missing, "No such file or directory"},
+      {SYS_read, EIO, FaultKind::notRead, "Input/output error"}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.reason);
     InChild([&] {
       SilentProgress nobody;
-      RefuseCall(row.call, row.error);
+      const auto& [call, error, kind, reason] = row;
+      RefuseCall(call, error);
       for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
-        EXPECT_EQ(fault.kind, row.kind);
-        EXPECT_EQ(fault.reason, row.reason);
+        EXPECT_EQ(std::tie(fault.kind, fault.file, fault.reason), std::tie(kind, path, reason));
       }
     });
   }

@@ -6,7 +6,7 @@
 #include "files/file_system.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
-#ifdef __linux__
+#ifdef __x86_64__
 #include "support/refused_calls.h"
 #endif
 
@@ -34,8 +34,9 @@ TEST(TemporaryFolder, EndsWithTheNumbersAndWithoutABase) {
     fs::create_directory(base.Path("X" + std::to_string(n).substr(1)));
   }
   EXPECT_EQ(CreateTemporaryFolder(base.Path(""), "X"), base.Path("X999"));
-  EXPECT_EQ(CreateTemporaryFolder(base.Path(""), "X"), "");
-  EXPECT_EQ(CreateTemporaryFolder(base.Path("none"), "X"), "");
+  for (const std::string& none : {base.Path(""), base.Path("none"), std::string()}) {
+    EXPECT_EQ(CreateTemporaryFolder(none, "X"), "");
+  }
 }
 
 TEST(TemporaryFolder, TellsWhatCannotBeRemoved) {
@@ -76,7 +77,7 @@ TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   EXPECT_FALSE(nowhere.HasFolder() || nowhere.Write("x") || nowhere.ReadBack(1));
 }
 
-#ifdef __linux__
+#ifdef __x86_64__
 // Who wants to know is told; nobody else is.
 TEST(TemporaryFile, TellsWhatStays) {
   const TestFolder base;
