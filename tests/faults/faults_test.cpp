@@ -112,45 +112,14 @@ TEST(Faults, LoseNothing) {
   std::cout << faults << " faults\n";
 }
 
-// What is wrong after a run whose input was cut at a read. What there was of it may be listed.
-std::string CutComplaint(const Desk& desk, const Ending& ending) {
-  std::string complaint = ending.signal == 0 ? "" : "signal; ";
-  for (const auto& [name, bytes] : desk.New()) {
-    const std::string found = desk.Folder().Read(name);
-    const bool isNew = found.starts_with(bytes.substr(0, 20)) && found.ends_with("\r\n");
-    if (found != Desk::OLD && !isNew) complaint += name + ": a mixture; ";
-    if (found == Desk::OLD && ending.errors == desk.Clean().errors)
-      complaint += name + ": still the old; ";
-  }
-  return complaint + desk.Litter(false);
-}
-
-TEST(Faults, AnInputThatIsCutWhileItIsReadIsListedAsFarAsItCameOrRefused) {
-  Desk desk(QUORVEL_FAILING_FILES);
-  for (const std::size_t place : {0, 2, 3, 4}) {
-    desk.Begin(SCENARIOS[place]);
-    const std::vector<Operation> operations = OperationsOf(desk);
-    int cuts = 0;
-    for (std::size_t n = 0; n < operations.size(); ++n) {
-      if (!operations[n].name.ends_with("read") || operations[n].IsOnData()) continue;
-      const Ending ending = desk.Run(std::to_string(n + 1) + " Z");
-      EXPECT_EQ(CutComplaint(desk, ending), "")
-          << SCENARIOS[place].name << ", " << n + 1 << ": " << operations[n] << ending;
-      desk.PutBack();
-      ++cuts;
-    }
-    EXPECT_GT(cuts, 0) << SCENARIOS[place].name;
-  }
-}
-
-// What someone may make of an input while it is read: cut, of the same length, longer.
+// What someone may make of an input while it is read: cut, emptied, of the same length, longer.
 std::vector<std::string> OtherVersions(const std::string& name, const std::string& bytes) {
   const std::string text = Repeated("The boat lay in the harbour, and a lamp was lit.\r\n", 30);
   std::string other = naive::Replace(bytes, "ship", "boat");
   if (name.ends_with("docx")) {
     other = ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}});
   }
-  return {bytes.substr(0, bytes.size() / 2), other, bytes + bytes};
+  return {bytes.substr(0, bytes.size() / 2), "", other, bytes + bytes};
 }
 
 // The digests in a header and in an index file say which bytes the words are from: there must be
@@ -177,7 +146,7 @@ TEST(Faults, AnInputThatIsWrittenAnewWhileItIsReadIsListedUnderItsOwnDigestOrRef
         const Ending ending = desk.Run(std::to_string(n + 1) + " R" + path);
         const auto written = desk.Written();
         EXPECT_TRUE(written == desk.New() || written == writtenForRenewed ||
-                    (written == old && ending.status == 1))
+                    (written == old && ending.status != 0))
             << SCENARIOS[place].name << ", " << n + 1 << ": " << operations[n] << "of "
             << renewed.size() << " bytes\n"
             << written.begin()->second.substr(0, 300) << ending;
