@@ -16,14 +16,12 @@ TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
     const char* options;
     std::string text;
     const char* words;
-    std::string said = {};
+    std::string said = {};  // in the end
   } rows[] = {
       {"", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n"},
       {"--language auto", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n"},
-      {"--language de", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n",
-       " stop words loaded from " QUORVEL_DATA "/stwds_de.txt\n"},
-      {"--language all", german, "Hund 1\r\nKatze 1\r\n",
-       " stop words loaded from " QUORVEL_DATA "/stwds_en_de_es_pt_it_fr.txt\n"},
+      {"--language de", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n", "stwds_de.txt\n"},
+      {"--language all", german, "Hund 1\r\nKatze 1\r\n", "stwds_en_de_es_pt_it_fr.txt\n"},
       {"--language none", unknown, "the 1\r\nxqwv 1\r\n"},
       {"", "zz yy xqwv vwqx\r\n", "vwqx 1\r\nxqwv 1\r\n"},
       {"--language en -q", unknown, "xqwv 1\r\n"},
@@ -42,7 +40,8 @@ TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, std::string("a.txt -c 0 -o - ") + row.options), 0);
     EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(row.words) + "\r\n"))
         << folder.Read("out");
-    const std::string said = folder.Read("err");
+    std::string said = folder.Read("err");
+    std::erase(said, '\r');
     EXPECT_TRUE(row.said.empty() ? said.empty() : said.ends_with(row.said)) << said;
   }
 }
