@@ -8,6 +8,7 @@
 #include <array>
 #include <csignal>
 #include <fstream>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -145,6 +146,19 @@ TEST(TerminalInterface, SaysThatThereIsNoMemory) {
               1);
     EXPECT_EQ(folder.Read("err"), said + end + "\n");
   }
+  // Once the options are read it is the file that is named.
+  (void)folder.Write("a.txt", "the cat and the dog\r\n");
+  std::set<std::string> messages;
+  for (int request = 0; request < 1600; request += 80) {
+    (void)RunProgram(
+        folder, QUORVEL_CLI, "a.txt -q --language none",
+        ("QUORVEL_FAULT=" + std::to_string(request + 1) + "+ LD_PRELOAD=" QUORVEL_FAILING_MEMORY)
+            .c_str());
+    messages.insert(folder.Read("err"));
+  }
+  messages.erase("");
+  EXPECT_EQ(messages, (std::set<std::string>{said + " for a.txt -q --language none.\n",
+                                             said + " for a.txt.\n"}));
 }
 
 }  // namespace
