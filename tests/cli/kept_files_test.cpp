@@ -1,236 +1,193 @@
-// A run replaces no file that it reads, and no other file that it writes, under whatever name: the
-// built program, with an output that is one of them.
+// A run replaces no file that it reads and no other file that it writes, whatever name is given for
+// an output and whatever stands there: each way to write one.
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include "support/platform.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
+#include "support/test_run.h"
 
 namespace quorvel {
 namespace {
 
 namespace fs = std::filesystem;
 
-// A settings file that names all that can be named. With `disabled` the concordance is not written.
-std::string SettingsBytes(const std::string& output, bool disabled = false) {
-  return "\"a.txt\"\r\n\"" + output + "\"\r\n\"k.txt\"\r\n\"" + output +
-         "\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n0\r\n0\r\n1\r\n0\r\n0\r\n5\r\n"
-         "\"w.txt\"\r\n\"\"\r\n0\r\n" +
-         (disabled ? "1\r\n" : "0\r\n");
-}
-
-// A document with its word files and settings; `file` is there too, with what `arguments` want of
-// it where they name it "@".
-void FillFolder(const TestFolder& folder, const std::string& file, const std::string& arguments) {
-  const bool holdsSettings = arguments.find("-s @") != std::string::npos;
-  fs::create_directory(folder.Path("sub"));
-  (void)folder.Write(file, holdsSettings ? SettingsBytes("o.txt") : "dog\r\n");
-  (void)folder.Write("a.txt", "the cat and the dog\r\n");
-  (void)folder.Write("k.txt", "dog\r\n");
-  (void)folder.Write("w.txt", "cat\r\n");
-  (void)folder.Write("s.lvz", SettingsBytes("o.txt"));
-}
-
-enum class Link { symbolic, hard };
-
-void MakeLink(Link link, const TestFolder& folder, const std::string& name,
-              const std::string& target) {
-  if (link == Link::hard) return fs::create_hard_link(folder.Path(target), folder.Path(name));
-  fs::create_symlink(target, folder.Path(name));
-}
-
-// The file under all its names; makes the links among them, which keep the extension.
-std::vector<std::string> NamesOf(const TestFolder& folder, const std::string& file) {
-  std::vector<std::string> names = {file, "./" + file, "sub/../" + file, folder.Path(file)};
-  if (ON_WINDOWS) return names;
-  const std::string extension = fs::path(file).extension().string();
-  MakeLink(Link::symbolic, folder, "symbolic" + extension, file);
-  MakeLink(Link::hard, folder, "hard" + extension, file);
-  names.insert(names.end(), {"symbolic" + extension, "hard" + extension});
-  return names;
-}
-
-std::string With(std::string text, const std::string& name) {
-  const std::size_t place = text.find('@');
-  return place == std::string::npos ? text : text.replace(place, 1, name);
-}
-
-// The run must be refused with this message and leave every file as it is, but for one that the
-// shell has emptied before it.
-void ExpectRefused(const TestFolder& folder, const std::string& arguments,
-                   const std::string& message, const std::string& emptied = "") {
-  SCOPED_TRACE(arguments);
-  auto before = folder.Files();
-  if (!emptied.empty()) before[emptied].clear();
-  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments + " -q --answer yes"), 1);
-  std::string said = folder.Read("err");
-  if (ON_WINDOWS) std::erase(said, '\r');
-  EXPECT_EQ(said, "quorvel-cli: " + message + "\n");
-  EXPECT_EQ(folder.Files(), before);
-}
-
-// The same with the texts that a message is made of.
-std::string CannotBe(const std::string& output, const std::string& replaced) {
-  return "The " + output + " file cannot be the same as the " + replaced + " file.";
-}
-
-struct Pair {
-  const char* arguments;  // with "@" for a name of the file
-  const char* file;
-  const char* output;
-  const char* replaced;
-  const char* before = "a.txt: ";  // the message
+// A way to write an output, "@" in the arguments of the program.
+struct Way {
+  std::string arguments;
+  std::string output;
+  std::string beside = {};  // another output of the run
+  std::string name = {};    // of the output, where no other can be given
 };
 
-const Pair PAIRS[] = {
-    {"a.txt -o @", "a.txt", "concordance", "input"},
-    {"@ -o a.txt", "a.txt", "concordance", "input", "@: "},
-    {"a.txt -k k.txt --create -o @", "k.txt", "concordance", "keywords"},
-    {"a.txt --stop-words w.txt -o @", "w.txt", "concordance", "stop words"},
-    {"a.txt --stop-words @", "a.qvl.conc.txt", "concordance", "stop words"},
-    {"-s s.lvz -o @", "s.lvz", "concordance", "settings"},
-    {"-s s.lvz -o @", "k.txt", "concordance", "keywords"},
-    {"-s s.lvz -o @", "w.txt", "concordance", "stop words"},
-    {"-s @", "o.txt", "concordance", "settings"},
-    {"a.txt -e dog -o @", "a.txt", "search results", "input"},
-    {"a.txt -k k.txt -o @", "k.txt", "search results", "keywords"},
-    {"a.txt -k @ -o k.txt", "k.txt", "search results", "keywords"},
-    {"a.txt -e dog --stop-words w.txt -o @", "w.txt", "search results", "stop words"},
-    {"-s s.lvz --search -o @", "s.lvz", "search results", "settings"},
-    {"-s @ --search", "o.txt", "search results", "settings"},
-    {"a.txt --format tsv -o @", "a.txt", "concordance", "input"},
-    {"a.txt --format json --stop-words w.txt -o @", "w.txt", "concordance", "stop words"},
-    {"a.txt --format tsv --stop-words @", "a.qvl.conc.tsv", "concordance", "stop words"},
-    {"-s s.lvz --format tsv -o @", "s.lvz", "concordance", "settings"},
-    {"a.txt -e dog --format json -o @", "a.txt", "search results", "input"},
-    {"a.txt -k k.txt --format tsv -o @", "k.txt", "search results", "keywords"},
-    {"a.txt -k @ --create --index", "a.qvl.ndx", "index", "keywords"},
-    {"a.txt --stop-words @ --index", "a.qvl.ndx", "index", "stop words"},
-    {"-s @ --index", "a.qvl.ndx", "index", "settings"},
-    {"a.txt -o @ --index", "a.qvl.ndx", "index", "concordance"},
-    {"a.txt -o @ --index --format tsv", "a.qvl.ndx", "index", "concordance"},
-    {"a.txt --save-settings @", "a.txt", "settings", "input"},
-    {"-k k.txt --save-settings @", "k.txt", "settings", "keywords", ""},
-    {"a.txt --stop-words w.txt --save-settings @", "w.txt", "settings", "stop words"},
-    {"-s s.lvz --save-settings @", "w.txt", "settings", "stop words"},
+const Way WAYS[] = {{"-s s.lvz -o @", "concordance"},
+                    {"-s s.lvz --format json -o @", "concordance"},
+                    {"-s s.lvz --index -o @", "concordance", "a.qvl.ndx"},
+                    {"-s s.lvz --index --format tsv -o @", "concordance", "a.qvl.ndx"},
+                    {"-s s.lvz a.txt", "concordance", "", "a.qvl.conc.txt"},
+                    {"-s s.lvz --format tsv", "concordance", "", "a.qvl.conc.tsv"},
+                    {"-s s.lvz --search -o @", "search results"},
+                    {"-s s.lvz --search --format tsv -o @", "search results"},
+                    {"-s s.lvz --index", "index", "o.txt", "a.qvl.ndx"},
+                    {"-s s.lvz --index --format json -o o.txt", "index", "o.txt", "a.qvl.ndx"},
+                    {"-s s.lvz --save-settings @", "settings"}};
+
+const std::pair<const char*, const char*> READ[] = {
+    {"a.txt", "input"}, {"k.txt", "keywords"}, {"w.txt", "stop words"}, {"s.lvz", "settings"}};
+
+std::string CannotBe(const std::string& output, const std::string& replaced) {
+  return "quorvel-cli: a.txt: The " + output + " file cannot be the same as the " + replaced +
+         " file.\n";
+}
+
+// A document with its word files and settings that name all that can be named.
+class Desktop {
+ public:
+  Desktop() {
+    (void)folder.Write("a.txt", "the cat and the dog\r\n");
+    (void)folder.Write("k.txt", "dog\r\n");
+    (void)folder.Write("w.txt", "cat\r\n");
+    EXPECT_EQ(Run("a.txt -k k.txt --stop-words w.txt --create --save-settings s.lvz -o o.txt"), 0);
+    read_ = folder.Files();
+  }
+
+  [[nodiscard]] int Run(const std::string& arguments) const {
+    return RunProgram(folder, QUORVEL_CLI, "-q --answer yes " + arguments, "timeout 60");
+  }
+
+  [[nodiscard]] int Write(const Way& way, const std::string& name) const {
+    const std::size_t place = way.arguments.find('@');
+    const bool isNamed = place != std::string::npos;
+    return Run(isNamed ? std::string(way.arguments).replace(place, 1, name) : way.arguments);
+  }
+
+  // The output must be refused under this name, which then goes, and all be left as it is.
+  void ExpectRefused(const Way& way, const std::string& name, const std::string& message) const {
+    SCOPED_TRACE(way.arguments + " " + name);
+    const auto before = folder.Files();
+    EXPECT_EQ(Write(way, name), 1);
+    EXPECT_EQ(folder.Read("err"), message);
+    EXPECT_EQ(folder.Files(), before);
+    PutBack();
+  }
+
+  // Leaves nothing but what is read.
+  void PutBack() const {
+    for (const auto& entry : fs::directory_iterator(folder.Path(""))) {
+      if (!read_.contains(entry.path().filename())) fs::remove_all(entry);
+    }
+  }
+
+  const TestFolder folder;
+
+ private:
+  std::map<std::string, std::string> read_;
 };
 
 TEST(KeptFiles, AreReplacedByNoOutputUnderAnyName) {
-  for (const Pair& pair : PAIRS) {
-    const TestFolder folder;
-    FillFolder(folder, pair.file, pair.arguments);
-    for (const std::string& name : NamesOf(folder, pair.file)) {
-      ExpectRefused(folder, With(pair.arguments, name),
-                    With(pair.before, name) + CannotBe(pair.output, pair.replaced));
+  const Desktop at;
+  for (const Way& way : WAYS) {
+    const std::string name = way.name.empty() ? "link" : way.name;
+    for (const auto& [file, what] : READ) {
+      if (way.output == what) continue;
+      fs::create_symlink(file, at.folder.Path(name));
+      at.ExpectRefused(way, name, CannotBe(way.output, what));
+      fs::create_hard_link(at.folder.Path(file), at.folder.Path(name));
+      at.ExpectRefused(way, name, CannotBe(way.output, what));
+      if (way.name.empty()) at.ExpectRefused(way, file, CannotBe(way.output, what));
     }
+    // Where neither is there yet, the system cannot tell that they are one.
+    if (way.beside.empty()) continue;
+    fs::create_symlink(way.beside, at.folder.Path(name));
+    at.ExpectRefused(way, name, CannotBe("index", "concordance"));
+    if (way.name.empty()) at.ExpectRefused(way, way.beside, CannotBe("index", "concordance"));
   }
 }
 
-// Here it is the output whose name is given, and the link bears it.
-TEST(KeptFiles, AreReplacedByNoOutputThatIsALinkToThem) {
-  SKIP_ON_WINDOWS("links are made otherwise");
-  const struct {
-    const char* arguments;
-    const char* name;
-    const char* target;
-    const char* output;
-    const char* replaced;
-  } rows[] = {
-      {"a.txt --index", "a.qvl.ndx", "a.txt", "index", "input"},
-      {"a.txt --index -k k.txt --create", "a.qvl.ndx", "k.txt", "index", "keywords"},
-      {"a.txt --index -o o.txt", "a.qvl.ndx", "o.txt", "index", "concordance"},
-      {"a.txt", "a.qvl.conc.txt", "a.txt", "concordance", "input"},
-      {"-s s.lvz --format json", "a.qvl.conc.json", "s.lvz", "concordance", "settings"},
-  };
-  for (const auto& row : rows) {
-    for (const Link link : {Link::symbolic, Link::hard}) {
-      const TestFolder folder;
-      FillFolder(folder, "o.txt", row.arguments);
-      MakeLink(link, folder, row.name, row.target);
-      ExpectRefused(folder, row.arguments, "a.txt: " + CannotBe(row.output, row.replaced));
-    }
-  }
-}
-
-// Where neither is there yet, the system cannot tell that they are one.
-TEST(KeptFiles, AreReplacedByNoOtherOutputOfTheRun) {
-  const TestFolder folder;
-  FillFolder(folder, "o.txt", "");
-  std::vector<std::string> names = {"a.qvl.ndx", "./a.qvl.ndx", "sub/../a.qvl.ndx",
-                                    folder.Path("a.qvl.ndx")};
-  if (!ON_WINDOWS) {
-    fs::create_directory_symlink(".", folder.Path("here"));
-    names.emplace_back("here/a.qvl.ndx");
-  }
-  for (const std::string& name : names) {
-    ExpectRefused(folder, "a.txt --index -o " + name, "a.txt: " + CannotBe("index", "concordance"));
-  }
+TEST(KeptFiles, AreReplacedByNoListingThatIsMadeAgain) {
+  TestRun run("the cat and the dog\r\n");
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  run.settings.outputFile = run.settings.stopWordsFile = run.folder.Write("w.txt", "cat\r\n");
+  EXPECT_EQ(run.session.ListAgain(), RunOutcome::refused);
+  EXPECT_EQ(run.ui.Said(),
+            "Quorvel: The concordance file cannot be the same as the stop words file.\n");
+  EXPECT_EQ(run.folder.Read("w.txt"), "cat\r\n");
 }
 
 TEST(KeptFiles, AreNotWrittenToByStandardOutput) {
-  SKIP_ON_WINDOWS("another shell starts the program");
-  const Pair pairs[] = {
-      {"a.txt -o - >>@", "a.txt", "concordance", "input"},
-      {"a.txt -o /dev/stdout >>@", "a.txt", "concordance", "input"},
-      {"a.txt --format tsv -o - >>@", "a.txt", "concordance", "input"},
-      {"a.txt -e dog >>@", "a.txt", "search results", "input"},
-      {"a.txt -k k.txt >>@", "k.txt", "search results", "keywords"},
-      {"a.txt --stop-words w.txt -o - >>@", "w.txt", "concordance", "stop words"},
-      {"-s s.lvz -o - >>@", "s.lvz", "concordance", "settings"},
-      {"a.txt -o - --index >>@", "a.qvl.ndx", "index", "concordance"},
-      {"a.txt -o - >@", "a.txt", "concordance", "input"},
-      {"a.txt -k k.txt >@", "k.txt", "search results", "keywords"},
-      {"a.txt --stop-words w.txt -o - >@", "w.txt", "concordance", "stop words"},
-  };
-  for (const Pair& pair : pairs) {
-    const std::string arguments = pair.arguments;
-    const bool appends = arguments.find(">>") != std::string::npos;
-    for (const char* name : {pair.file, "link"}) {
-      const TestFolder folder;
-      FillFolder(folder, pair.file, pair.arguments);
-      MakeLink(Link::symbolic, folder, "link", pair.file);
-      ExpectRefused(folder, With(arguments, name) + " 2>err </dev/null #",
-                    pair.before + CannotBe(pair.output, pair.replaced), appends ? "" : pair.file);
-    }
+  const std::tuple<std::string, const char*, const char*, const char*> rows[] = {
+      {"a.txt -o - >>", "a.txt", "concordance", "input"},
+      {"a.txt -o /dev/stdout >>", "a.txt", "concordance", "input"},
+      {"a.txt --format tsv -o - >>", "a.txt", "concordance", "input"},
+      {"a.txt -k k.txt >>", "k.txt", "search results", "keywords"},
+      {"-s s.lvz -o - >>", "s.lvz", "concordance", "settings"},
+      {"a.txt -o - --index >>", "a.qvl.ndx", "index", "concordance"},
+      {"a.txt --stop-words w.txt -o - >", "w.txt", "concordance", "stop words"}};
+  for (const auto& [arguments, file, output, replaced] : rows) {
+    SCOPED_TRACE(arguments);
+    const Desktop at;
+    fs::create_symlink(file, at.folder.Path("link"));
+    auto before = at.folder.Files();
+    if (!arguments.ends_with(">>")) before[file] = "";
+    before.try_emplace(file);
+    EXPECT_EQ(at.Run(arguments + "link 2>err </dev/null #"), 1);
+    EXPECT_EQ(at.folder.Read("err"), CannotBe(output, replaced));
+    EXPECT_EQ(at.folder.Files(), before);
+  }
+}
+
+TEST(KeptFiles, AreNoFoldersAndPipes) {
+  const Desktop at;
+  for (const Way& way : WAYS) {
+    SCOPED_TRACE(way.arguments);
+    const std::string name = way.name.empty() ? "output" : way.name;
+    fs::create_symlink("chain", at.folder.Path(name));
+    fs::create_symlink("elsewhere", at.folder.Path("chain"));
+    EXPECT_EQ(at.Write(way, name), 0);
+    EXPECT_GT(at.folder.Files()["elsewhere"].size(), 20U);
+    at.PutBack();
+    fs::create_directory(at.folder.Path(name));
+    EXPECT_EQ(at.Write(way, name), 1);
+    EXPECT_TRUE(at.folder.Read("err").ends_with(": Is a directory\n")) << at.folder.Read("err");
+    at.PutBack();
+    // Only a listing goes to a pipe.
+    ASSERT_EQ(::mkfifo(at.folder.Path(name).c_str(), 0600), 0);
+    const int pipe = ::open(at.folder.Path(name).c_str(), O_RDWR | O_NONBLOCK);
+    const bool isListing = way.output != "index" && way.output != "settings";
+    EXPECT_EQ(at.Write(way, name), isListing ? 0 : 1);
+    std::string written(1 << 16, ' ');
+    EXPECT_EQ(::read(pipe, written.data(), written.size()) > 20, isListing);
+    ::close(pipe);
+    at.PutBack();
   }
 }
 
 TEST(KeptFiles, AreInTheWayOfNoFileThatIsNotWrittenOrIsToBeRenewed) {
-  const struct {
-    const char* arguments;
-    std::string settings;
-    std::vector<std::string> written;
-  } rows[] = {
-      {"-s s.lvz -c 3 --save-settings s.lvz", SettingsBytes("o.txt"), {"s.lvz"}},
-      {"-s s.lvz -c 3 --save-settings sub/../s.lvz", SettingsBytes("o.txt"), {"s.lvz"}},
-      {"-s s.lvz", SettingsBytes("a.txt", true), {}},
-      {"-s s.lvz -o o.txt", SettingsBytes("a.txt", true), {"o.txt"}},
-      {"a.txt -o s.lvz", SettingsBytes("o.txt"), {"s.lvz"}},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.arguments);
-    const TestFolder folder;
-    FillFolder(folder, "o.txt", row.arguments);
-    (void)folder.Write("s.lvz", row.settings);
-    auto before = folder.Files();
-    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, std::string(row.arguments) + " -q"), 0)
-        << folder.Read("err");
-    auto after = folder.Files();
-    for (const std::string& name : row.written) {
-      EXPECT_NE(after[name], before[name]);
-      before.erase(name);
-      after.erase(name);
+  const Desktop at;
+  const std::string settings = at.folder.Read("s.lvz");
+  const std::string disabled = settings.substr(0, settings.size() - 3) + "1\r\n";
+  const std::tuple<const char*, std::string, const char*> rows[] = {
+      {"-s s.lvz -c 3 --save-settings ./s.lvz", settings, "s.lvz"},
+      {"-s s.lvz", disabled, nullptr},
+      {"-s s.lvz -o new.txt", disabled, "new.txt"},
+      {"a.txt -o s.lvz", settings, "s.lvz"}};
+  for (const auto& [arguments, from, written] : rows) {
+    SCOPED_TRACE(arguments);
+    (void)at.folder.Write("s.lvz", from);
+    auto before = at.folder.Files();
+    EXPECT_EQ(at.Run(arguments), 0) << at.folder.Read("err");
+    auto after = at.folder.Files();
+    if (written != nullptr) {
+      EXPECT_NE(after[written], std::exchange(before[written], after[written]));
     }
     EXPECT_EQ(after, before);
   }
-  const TestFolder folder;
-  FillFolder(folder, "o.txt", "");
-  (void)folder.Write("s.lvz", SettingsBytes("a.txt", true));
-  ExpectRefused(folder, "-s s.lvz --search", "a.txt: " + CannotBe("search results", "input"));
 }
 
 }  // namespace
 }  // namespace quorvel
+#endif

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,12 +26,25 @@ namespace quorvel {
 
 namespace fs = std::filesystem;
 
+// A run of each kind.
 struct Scenario {
   const char* name;
-  std::vector<std::string> arguments;  // with "@" for the folder
-  std::vector<std::string> written;    // the files that the run writes
-  bool oldExist = true;                // such files are there already
+  std::string arguments;                           // with "@" for the folder
+  std::vector<std::string> written = {"out.txt"};  // the files that the run writes
+  bool oldExist = true;                            // such files are there already
 };
+
+inline const Scenario SCENARIOS[] = {
+    {"text", "@/a.txt -o @/out.txt --index", {"out.txt", "a.qvl.ndx"}},
+    {"nothing there yet", "@/b.txt --index", {"b.qvl.conc.txt", "b.qvl.ndx"}, false},
+    {"page", "@/p.htm -o @/out.txt --language none"},
+    {"document", "@/d.docx -o @/out.txt --language none"},
+    {"from an index", "@/i.txt --use-index -o @/out.txt -q"},
+    {"long text", "@/l.txt -o @/out.txt --language none"},
+    {"search", "@/b.txt -k @/k.txt -e 's* lamp' -o @/out.txt"},
+    {"rows", "@/b.txt --format json -e 's*' -o @/out.txt"},
+    {"from settings", "-s @/s.lvz --create --language none"},
+    {"settings", "@/a.txt -k @/k.txt --save-settings @/t.lvz", {"t.lvz"}}};
 
 // Whether every fault is to be tried.
 inline bool AllFaults() { return std::getenv("QUORVEL_ALL_FAULTS") != nullptr; }
@@ -41,11 +55,17 @@ struct Ending {
   std::string errors;
 };
 
+inline std::ostream& operator<<(std::ostream& out, const Ending& ending) {
+  return out << "signal " << ending.signal << ", status " << ending.status << "\n" << ending.errors;
+}
+
 // The program, its data and its inputs in a folder that is watched.
 class Desk {
  public:
-  // Each run has the library loaded before the C library.
-  Desk(const Scenario& scenario, const char* library) : scenario_(scenario), library_(library) {
+  static constexpr const char* OLD = "old\r\n";
+
+  // Each run has the library, if any, loaded before the C library.
+  explicit Desk(const char* library) : library_(library) {
     for (const char* folder : {"bin", "tmp"}) fs::create_directory(folder_.Path(folder));
     fs::copy_file(QUORVEL_CLI, folder_.Path("bin/quorvel-cli"));
     for (const auto& file : fs::directory_iterator(QUORVEL_DATA)) {
@@ -60,18 +80,23 @@ class Desk {
                                      text + "caf\xC3\xA9</body>");
     (void)folder_.Write("d.docx",
                         ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
-    EXPECT_EQ(EndOf(Fork({"@/i.txt", "--index"}, "")).status, 0);
-    const std::vector<std::string> saving = {"@/a.txt", "-o", "@/out.txt", "--save-settings",
-                                             "@/s.lvz"};
-    EXPECT_EQ(EndOf(Fork(saving, "")).status, 0);
+    for (const char* arguments :
+         {"@/i.txt --index", "@/a.txt -o @/out.txt --save-settings @/s.lvz"})
+      EXPECT_EQ(EndOf(Start(arguments, "", "exec")).status, 0);
     fs::remove(folder_.Path("i.qvl.conc.txt"));
-    PutBack();
     for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
-      before_.push_back(file.path().string());
+      before_.insert(file.path().string());
     }
+  }
+
+  // From now on it is about this one, which is run once with no fault.
+  void Begin(const Scenario& scenario) {
+    RemoveWritten();
+    scenario_ = scenario;
+    PutBack();
     clean_ = Run("");
-    EXPECT_EQ(clean_.status, 0) << clean_.errors;
-    for (const std::string& name : scenario.written) new_[name] = folder_.Read(name);
+    EXPECT_EQ(clean_.status, 0) << scenario.name << clean_;
+    new_ = Written();
     log_ = beside_.Read("log");
     PutBack();
   }
@@ -80,17 +105,35 @@ class Desk {
   // What the library has noted of a run in which nothing fails, and how that ended.
   [[nodiscard]] const std::string& Log() const { return log_; }
   [[nodiscard]] const Ending& Clean() const { return clean_; }
+  // The files that the scenario writes in such a run.
+  [[nodiscard]] const std::map<std::string, std::string>& New() const { return new_; }
+  // What its first argument names.
+  [[nodiscard]] std::string Input() const {
+    return scenario_.arguments.substr(2, scenario_.arguments.find(' ') - 2);
+  }
 
-  // The bytes of the files that the scenario writes, as they are now.
+  // The bytes of the files that the scenario writes, as they are now; none of one that is not
+  // there.
   [[nodiscard]] std::map<std::string, std::string> Written() const {
     std::map<std::string, std::string> files;
     for (const std::string& name : scenario_.written) files[name] = folder_.Read(name);
     return files;
   }
 
-  // Runs the scenario; `fault` as for the library.
-  [[nodiscard]] Ending Run(const std::string& fault) const {
-    return EndOf(Fork(scenario_.arguments, fault));
+  // Runs the scenario; `fault` as for the library, `before` as a shell wants it before a program.
+  [[nodiscard]] Ending Run(const std::string& fault, const std::string& before = "exec") const {
+    return EndOf(Start(fault, before));
+  }
+
+  [[nodiscard]] pid_t Start(const std::string& fault, const std::string& before = "exec") const {
+    return Start(scenario_.arguments, fault, before);
+  }
+
+  [[nodiscard]] Ending EndOf(pid_t child) const {
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFSIGNALED(status) ? WTERMSIG(status) : 0, WEXITSTATUS(status),
+            beside_.Read("errors")};
   }
 
   // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
@@ -119,7 +162,7 @@ class Desk {
     for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
       const std::string path = file.path().string();
       const std::string name = path.substr(folder_.Path("").size());
-      if (std::count(before_.begin(), before_.end(), path) + new_.count(name) > 0) continue;
+      if (before_.contains(path) || new_.contains(name)) continue;
       // Of the text of a document nothing stays, whatever ends the program.
       const bool isEmpty = fs::is_directory(file) || fs::file_size(file) == 0;
       const bool ofAKill = (name.starts_with("tmp/QVL") && isEmpty) ||
@@ -135,37 +178,31 @@ class Desk {
     for (const auto& file : fs::directory_iterator(folder_.Path(""))) {
       if (file.path().filename().string().starts_with(".qvl")) fs::remove(file);
     }
+    RemoveWritten();
     for (const std::string& name : scenario_.written) {
-      fs::remove(folder_.Path(name));
-      if (!scenario_.oldExist) continue;
-      ::chmod(folder_.Write(name, OLD).c_str(), OLD_MODE);
+      if (scenario_.oldExist) ::chmod(folder_.Write(name, OLD).c_str(), OLD_MODE);
     }
   }
 
- protected:
-  static constexpr const char* OLD = "old\r\n";
+ private:
   static constexpr mode_t OLD_MODE = 0640;
 
-  [[nodiscard]] const Scenario& TheScenario() const { return scenario_; }
-  // The files that the scenario writes in a run in which nothing fails.
-  [[nodiscard]] const std::map<std::string, std::string>& New() const { return new_; }
+  void RemoveWritten() const {
+    for (const std::string& name : scenario_.written) fs::remove(folder_.Path(name));
+  }
 
-  [[nodiscard]] pid_t Fork(std::vector<std::string> words, const std::string& fault) const {
-    std::string folder = folder_.Path("");
-    folder.pop_back();
-    words.insert(words.begin(), "@/bin/quorvel-cli");
-    std::vector<char*> pointers(words.size() + 1);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      words[i] = naive::Replace(words[i], "@", folder);
-      pointers[i] = words[i].data();
-    }
+  [[nodiscard]] pid_t Start(const std::string& arguments, const std::string& fault,
+                            const std::string& before) const {
+    const std::string folder = folder_.Path("").substr(0, folder_.Path("").size() - 1);
+    const std::string line = "cd '" + folder + "'; " + before + " env LD_PRELOAD='" + library_ +
+                             ":" QUORVEL_FIXED_CLOCK "' bin/quorvel-cli " +
+                             naive::Replace(arguments, "@", folder);
     fs::remove(beside_.Path("log"));
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child != 0) return child;
     // The tests may run with these ignored, in the background or under nohup.
     for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
-    ::setenv("LD_PRELOAD", (std::string(library_) + ":" + QUORVEL_FIXED_CLOCK).c_str(), 1);
     ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
     ::setenv("QUORVEL_FAULT_BELOW", folder.c_str(), 1);
     ::setenv("QUORVEL_FAULT_LOG", beside_.Path("log").c_str(), 1);
@@ -175,18 +212,10 @@ class Desk {
     (void)std::freopen("/dev/null", "w", stdout);
     (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
     ::alarm(60);  // seconds, after which it hangs
-    ::execv(pointers[0], pointers.data());
+    ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
     ::_exit(127);
   }
 
-  [[nodiscard]] Ending EndOf(pid_t child) const {
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return {WIFSIGNALED(status) ? WTERMSIG(status) : 0, WEXITSTATUS(status),
-            beside_.Read("errors")};
-  }
-
- private:
   // Puts the beginning of a file of the program's data beside it: a run on all of the stop words
   // takes its time and shows no more.
   void WriteBeginning(const fs::path& file) const {
@@ -198,11 +227,11 @@ class Desk {
     (void)folder_.Write("bin/" + file.filename().string(), bytes);
   }
 
-  const Scenario& scenario_;
-  const char* library_;
+  const std::string library_;
+  Scenario scenario_ = {"none", "", {}};
   TestFolder folder_;
   TestFolder beside_;
-  std::vector<std::string> before_;
+  std::set<std::string> before_;
   std::map<std::string, std::string> new_;
   std::string log_;
   Ending clean_;

@@ -4,10 +4,9 @@
 // QUORVEL_FAULT_BELOW  the folder
 // QUORVEL_FAULT_LOG    a file that gets a line for each operation: its name, a blank, the path
 // QUORVEL_FAULT        what happens at which operation: its number, a blank and "E28" for error
-//                      number 28, "S" for a short transfer, "Z" for the end of the file, which
-//                      someone cuts just then, "K" for the end of the process, "R" and a path
-//                      for a file that someone writes anew just then, with what stands in the
-//                      file of that name and ".new";
+//                      number 28, "S" for a short transfer, "K" for the end of the process, "R"
+//                      and a path for a file that someone writes anew just then, with what
+//                      stands in the file of that name and ".new";
 //                      with "+" behind it, at every later operation too; with "w" only where
 //                      room is taken on the disk, with "d" only where something is removed
 
@@ -85,7 +84,7 @@ void WriteAnew(const std::string& path) {
   for (const int handle : {from, into}) Real<decltype(::close)>("close")(handle);
 }
 
-enum class Effect { none, fails, isShort, fileEnds };
+enum class Effect { none, fails, isShort };
 
 // Counts an operation on a path, if it is one that is watched, and tells what becomes of it.
 Effect EffectOn(const char* operation, const char* path, bool takesRoom = false) {
@@ -103,7 +102,6 @@ Effect EffectOn(const char* operation, const char* path, bool takesRoom = false)
     return Effect::none;
   }
   errno = watch.error;
-  if (watch.kind == 'Z') return Effect::fileEnds;
   return watch.kind == 'S' ? Effect::isShort : Effect::fails;
 }
 
@@ -134,7 +132,6 @@ int open(const char* path, int flags, ...) {
 ssize_t read(int handle, void* into, size_t length) {
   const Effect effect = EffectOn("read", NameOf(handle));
   if (effect == Effect::fails) return -1;
-  if (effect == Effect::fileEnds) return 0;
   if (effect == Effect::isShort) length = (length + 1) / 2;
   return Real<decltype(::read)>("read")(handle, into, length);
 }
@@ -222,10 +219,10 @@ FILE* fdopen(int handle, const char* mode) noexcept {
 }
 
 size_t fread(void* into, size_t size, size_t count, FILE* file) {
-  const Effect effect = EffectOn("fread", NameOf(::fileno(file)));
-  if (effect == Effect::none) return Real<decltype(::fread)>("fread")(into, size, count, file);
-  // The stream is to know of it, as after an end or a failure of its own.
-  file->_flags |= effect == Effect::fileEnds ? 0x10 : 0x20;
+  if (!Fails("fread", NameOf(::fileno(file)))) {
+    return Real<decltype(::fread)>("fread")(into, size, count, file);
+  }
+  file->_flags |= 0x20;  // the stream is to know of it
   return 0;
 }
 

@@ -8,7 +8,6 @@
 
 #include <iostream>
 #include <random>
-#include <set>
 
 #include "faults/desk.h"
 #include "run/session.h"
@@ -17,18 +16,6 @@
 
 namespace quorvel {
 namespace {
-
-const Scenario MEMORY_SCENARIOS[] = {
-    {"text", {"@/a.txt", "-o", "@/out.txt", "--index"}, {"out.txt", "a.qvl.ndx"}},
-    {"long text", {"@/l.txt", "-o", "@/out.txt", "--language", "none"}, {"out.txt"}},
-    {"page", {"@/p.htm", "-o", "@/out.txt", "--language", "none"}, {"out.txt"}},
-    {"document", {"@/d.docx", "-o", "@/out.txt", "--language", "none"}, {"out.txt"}},
-    {"search", {"@/b.txt", "-k", "@/k.txt", "-e", "s* lamp", "-o", "@/out.txt"}, {"out.txt"}},
-    {"from an index", {"@/i.txt", "--use-index", "-o", "@/out.txt", "-q"}, {"out.txt"}},
-    {"rows", {"@/b.txt", "--format", "json", "-e", "s*", "-o", "@/out.txt"}, {"out.txt"}},
-    {"from settings", {"-s", "@/s.lvz", "--language", "none"}, {"out.txt"}},
-    {"settings", {"@/a.txt", "-k", "@/k.txt", "--save-settings", "@/t.lvz"}, {"t.lvz"}},
-};
 
 // Which requests fail, the reading of the options, which is the same in all runs, now and then.
 std::set<long> RequestsToFail(long count, bool first) {
@@ -51,7 +38,7 @@ std::set<long> RequestsToFail(long count, bool first) {
 }
 
 // What is wrong after a run in which memory was lacking. One that could do without has done all.
-std::string Complaint(const Desk& desk, const Ending& ending) {
+std::string MemoryComplaint(const Desk& desk, const Ending& ending) {
   std::string complaint = ending.signal == 0 ? "" : "signal; ";
   if (ending.status != 0) {
     const std::size_t place = ending.errors.rfind("quorvel-cli: ");
@@ -65,17 +52,18 @@ std::string Complaint(const Desk& desk, const Ending& ending) {
 TEST(Faults, OfMemoryLoseNothing) {
   if (!CAN_FAIL_NEW) GTEST_SKIP() << "a sanitizer gives memory of its own";
   std::size_t faults = 0;
-  for (const Scenario& scenario : MEMORY_SCENARIOS) {
-    const Desk desk(scenario, QUORVEL_FAILING_MEMORY);
+  Desk desk(QUORVEL_FAILING_MEMORY);
+  for (const Scenario& scenario : SCENARIOS) {
+    desk.Begin(scenario);
     const long count = std::stol("0" + desk.Log());
     EXPECT_GT(count, 500) << scenario.name;
-    for (const long request : RequestsToFail(count, &scenario == &MEMORY_SCENARIOS[0])) {
+    for (const long request : RequestsToFail(count, faults == 0)) {
       for (const char* lasting : {"", "+"}) {
         const std::string fault = std::to_string(request) + lasting;
         const Ending ending = desk.Run(fault);
-        EXPECT_EQ(Complaint(desk, ending), "")
+        EXPECT_EQ(MemoryComplaint(desk, ending), "")
             << scenario.name << ", " << fault << " of " << count << "\n"
-            << ending.signal << " " << ending.status << ending.errors;
+            << ending;
         desk.PutBack();
         ++faults;
       }
@@ -84,40 +72,19 @@ TEST(Faults, OfMemoryLoseNothing) {
   std::cout << faults << " requests for memory failed\n";
 }
 
-// A user whose own half, a window and its boxes, has memory.
+// A user whose own half, a window and its boxes, has memory; of it only the messages are kept.
 class Window : public ScriptedConversation {
  public:
-  void AppendOutput(std::string_view text) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::AppendOutput(text);
-  }
-  void SetOutput(std::string_view text) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::SetOutput(text);
-  }
-  void SetLabel(Label label, std::string_view text) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::SetLabel(label, text);
-  }
-  void ShowBar(std::string_view caption) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::ShowBar(caption);
-  }
-  void CountSeconds(bool isCounting) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::CountSeconds(isCounting);
-  }
+  void AppendOutput(std::string_view /*text*/) override {}
+  void SetOutput(std::string_view /*text*/) override {}
+  void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
+  void ShowBar(std::string_view /*caption*/) override {}
+  void CountSeconds(bool /*isCounting*/) override {}
+  void PopUp(std::string_view /*text*/) override {}
+  void OfferStop(bool /*offered*/) override {}
   Answer Ask(const Message& message) override {
     const FailingNew::Pause pause;
     return ScriptedConversation::Ask(message);
-  }
-  void PopUp(std::string_view text) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::PopUp(text);
-  }
-  void OfferStop(bool offered) override {
-    const FailingNew::Pause pause;
-    ScriptedConversation::OfferStop(offered);
   }
 };
 

@@ -1,16 +1,11 @@
 #include "files/read_file.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#ifdef __linux__
+#include "support/refused_calls.h"
+#endif
 
-#include <chrono>
-#include <csignal>
-#include <thread>
-
-#include "files/digest.h"
-#include "files/system_calls.h"
+#include "support/made_texts.h"
 #include "support/platform.h"
 #include "support/scripted_conversation.h"
 #include "support/test_folder.h"
@@ -18,93 +13,120 @@
 namespace quorvel {
 namespace {
 
-TEST(ReadFile, ReadsPartsAndTellsFilesFromFolders) {
+namespace fs = std::filesystem;
+
+TEST(ReadFile, GivesTheFirstBytes) {
   const TestFolder folder;
-  const std::string path = folder.Write("a", std::string(100000, 'x') + "end");
-  EXPECT_FALSE(FileExists(folder.Path("")));
-  EXPECT_FALSE(FolderExists(path));
-  EXPECT_EQ(ReadFileBytes(path, 1000000)->substr(99999), "xend");
-  EXPECT_EQ(*ReadFileBytes(path, 5), "xxxxx");
-  EXPECT_EQ(ReadFileBytes(folder.Path(""), 5).Why().reason, "Is a directory");
-  EXPECT_EQ(ReadFileBytes(folder.Path("b"), 5).Why().kind, FaultKind::missing);
+  const std::string bytes = Repeated("0123456789", 20000);
+  const std::string path = folder.Write("a", bytes);
+  for (const std::size_t limit : {0, 5, 65536, 199999, 200000, 200001, 1000000}) {
+    EXPECT_TRUE(*ReadFileBytes(path, limit) == bytes.substr(0, limit)) << limit;
+  }
+  EXPECT_EQ(*ReadFileBytes(folder.Write("empty", ""), 5), "");
+  const std::string endless = "/proc/cpuinfo";  // of such files the system says that they are empty
+  if (fs::exists(endless)) {
+    std::ifstream file(endless);
+    const std::string there(std::istreambuf_iterator<char>(file), {});
+    EXPECT_EQ(ReadFileBytes(endless, 1U << 20U)->substr(0, 40), there.substr(0, 40));
+  }
 }
 
-#ifndef _WIN32
-// One that has taken the place of a file since that was looked at.
-TEST(ReadFile, WaitsForNoPipe) {
-  constexpr unsigned SECONDS = 20;
+TEST(ReadFile, SaysWhyItReadsNothing) {
   const TestFolder folder;
-  ASSERT_EQ(::mkfifo(folder.Path("a").c_str(), 0600), 0);
-  ::alarm(SECONDS);  // ends the test that waits
-  const int pipe = OpenToRead(folder.Path("a"));
-  ::alarm(0);
-  const std::optional<OpenStatus> status = StatusOf(pipe);
-  EXPECT_TRUE(status && !status->isOrdinary);
-  ::close(pipe);
-  EXPECT_EQ(ReadFileBytes(folder.Path("a"), 5).Why().kind, FaultKind::notAFile);
+  (void)folder.Write("a", "x");
+  const std::tuple<std::string, FaultKind, const char*> rows[] = {
+      {"", FaultKind::missing, "No such file or directory"},
+      {folder.Path("none"), FaultKind::missing, "No such file or directory"},
+      {folder.Path(""), FaultKind::missing, "Is a directory"},
+      {NULL_DEVICE, FaultKind::notAFile, "Is a device or a pipe, not a file"}};
+  SilentProgress nobody;
+  for (const auto& [path, kind, reason] : rows) {
+    for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
+      EXPECT_EQ(std::tie(fault.kind, fault.file, fault.reason), std::tie(kind, path, reason));
+    }
+  }
 }
 
-// A file server may hold a file for a client that has changes of its own to bring in.
-TEST(ReadFile, WaitsUntilAnotherProgramLetsGoOfAFile) {
+#ifdef __linux__
+TEST(ReadFile, TellsWhatTheSystemRefuses) {
   const TestFolder folder;
-  const std::string path = folder.Write("a", "bytes");
-  const int held = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);  // NOLINT(*-vararg)
-  std::signal(SIGIO, SIG_IGN);
-  const bool isHeld = ::fcntl(held, F_SETLEASE, F_WRLCK) == 0;  // NOLINT(*-vararg)
-  std::thread letsGo([held] {
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    ::fcntl(held, F_SETLEASE, F_UNLCK);  // NOLINT(*-vararg)
-  });
-  const Result<std::string> bytes = ReadFileBytes(path, 10);
-  letsGo.join();
-  ::close(held);
-  if (!isHeld) GTEST_SKIP() << "this file system has no leases";
-  ASSERT_TRUE(bool(bytes)) << bytes.Why().reason;
-  EXPECT_EQ(*bytes, "bytes");
-}
-
-// Of such files the system says that they are empty.
-TEST(ReadFile, ReadsMoreThanTheSystemSays) {
-  const std::string path = "/proc/self/status";
-  if (!FileExists(path)) GTEST_SKIP() << "no such files here";
-  EXPECT_TRUE(ReadFileBytes(path, 1U << 20U)->starts_with("Name:"));
+  const std::string path = folder.Write("a", "x");
+  const std::tuple<long, int, FaultKind, const char*> rows[] = {
+      {SYS_openat, EACCES, FaultKind::notOpened, "Permission denied"},
+      {SYS_openat, ENOENT, FaultKind::missing, "No such file or directory"},
+      {SYS_read, EIO, FaultKind::notRead, "Input/output error"}};
+  for (const auto& row : rows) {
+    InChild([&] {
+      SilentProgress nobody;
+      const auto& [call, error, kind, reason] = row;
+      RefuseCall(call, error);
+      for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
+        EXPECT_EQ(std::tie(fault.kind, fault.file, fault.reason), std::tie(kind, path, reason));
+      }
+    });
+  }
 }
 #endif
 
-TEST(ReadInput, ReadsOrdinaryFilesOnly) {
-  const TestFolder folder;
-  const std::string tooLong = folder.Write("long", "");
-  std::filesystem::resize_file(PathOfBytes(tooLong), 2147483647);
-  const std::pair<std::string, FaultKind> rows[] = {{"", FaultKind::missing},
-                                                    {folder.Path("none"), FaultKind::missing},
-                                                    {folder.Path(""), FaultKind::missing},
-                                                    {NULL_DEVICE, FaultKind::notAFile},
-                                                    {tooLong, FaultKind::tooLong}};
-  SilentProgress nobody;
-  for (const auto& [path, kind] : rows) {
-    const Result<InputBytes> input = ReadInput(path, nobody);
-    ASSERT_FALSE(bool(input)) << path;
-    EXPECT_EQ(input.Why().kind, kind) << path;
-    EXPECT_EQ(input.Why().file, path);
+// Of more than 4 GB too the length is told. The longest that may be read is begun, and stopped.
+TEST(ReadInput, TakesFilesWhosePlacesFit) {
+  const std::tuple<const char*, std::uintmax_t, FaultKind> rows[] = {
+      {"longest", 2147483646, FaultKind::stopped},
+      {"too long", 2147483647, FaultKind::tooLong},
+      {"over 4 GB", (1ULL << 32U) + 5, FaultKind::tooLong}};
+  for (const auto& [name, length, kind] : rows) {
+    const TestFolder folder;
+    const std::string path = folder.Write("a", "");
+    fs::resize_file(PathOfBytes(path), length);
+    ScriptedConversation ui;
+    ui.stopAtYield = 1;
+    EXPECT_EQ(ReadInput(path, ui).Why().kind, kind) << name;
+    EXPECT_EQ(FileToRead(path).Length(), length) << name;
+    EXPECT_EQ(FileLength(path), length) << name;
+    EXPECT_EQ(StampOf(path).length, length) << name;
   }
-  EXPECT_TRUE(ReadInput(folder.Write("empty", ""), nobody)->View().empty());
 }
 
-TEST(ReadInput, GivesAllBytesWithTheirDigestUnlessItIsStopped) {
+TEST(ReadInput, GivesAllBytesAndLetsTheUserStopIt) {
   const TestFolder folder;
-  const std::string bytes(5000000, 'x');
+  const std::string bytes = Repeated("0123456789", 1000000);
   const std::string path = folder.Write("a", bytes);
   ScriptedConversation ui;
-  {
-    const Result<InputBytes> input = ReadInput(path, ui);
-    EXPECT_EQ(input->View(), bytes);
-    EXPECT_EQ(input->Stamp(), StampOf(path));
-    (void)folder.Write("a", "another text");
-    EXPECT_EQ(InputDigest(*input).Text(), DigestOf(bytes)) << "of what was read";
-    EXPECT_EQ(ComputeFileDigest(path).text, DigestOf("another text"));
-  }
+  const Result<InputBytes> input = ReadInput(path, ui);
+  EXPECT_TRUE(input->View() == bytes);
+  EXPECT_EQ(input->Path(), path);
+  EXPECT_EQ(input->Stamp(), StampOf(path));
+  EXPECT_GT(ui.yields, 2) << "the window stands still meanwhile";
   ui.RequestStop();
   EXPECT_EQ(ReadInput(path, ui).Why().kind, FaultKind::stopped);
+}
+
+// It is as long as it was when it was opened, or what there is of it.
+TEST(FileToRead, ReadsAFileThatGrowsOrIsCut) {
+  const std::string old = Repeated("0123456789", 500000);
+  const struct {
+    const char* name;
+    std::size_t begin;
+    std::size_t length;  // of the file after it was opened
+    std::size_t read;
+  } rows[] = {{"left alone", 10, 5000000, 5000000},
+              {"begun with all of it", 5000000, 5000000, 5000000},
+              {"grown", 0, 6000000, 5000000},
+              {"grown before it was begun", 5500000, 6000000, 5500000},
+              {"cut", 10, 4500000, 4500000},
+              {"cut before it was begun", 10, 3, 3},
+              {"emptied", 0, 0, 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const TestFolder folder;
+    FileToRead file(folder.Write("a", old));
+    const std::string now = Repeated(old, 2).substr(0, row.length);
+    (void)folder.Write("a", now);
+    EXPECT_TRUE(file.Begin(row.begin) == now.substr(0, row.begin));
+    const Result<InputBytes> input = file.ReadAll({1, 2}, [] { return true; });
+    EXPECT_TRUE(input->View() == now.substr(0, row.read)) << input->View().size();
+    EXPECT_EQ(input->Stamp(), (FileStamp{1, 2}));
+  }
 }
 
 }  // namespace

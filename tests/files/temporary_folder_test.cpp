@@ -6,6 +6,9 @@
 #include "files/file_system.h"
 #include "support/platform.h"
 #include "support/test_folder.h"
+#ifdef __x86_64__
+#include "support/refused_calls.h"
+#endif
 
 namespace quorvel {
 namespace {
@@ -31,8 +34,9 @@ TEST(TemporaryFolder, EndsWithTheNumbersAndWithoutABase) {
     fs::create_directory(base.Path("X" + std::to_string(n).substr(1)));
   }
   EXPECT_EQ(CreateTemporaryFolder(base.Path(""), "X"), base.Path("X999"));
-  EXPECT_EQ(CreateTemporaryFolder(base.Path(""), "X"), "");
-  EXPECT_EQ(CreateTemporaryFolder(base.Path("none"), "X"), "");
+  for (const std::string& none : {base.Path(""), base.Path("none"), std::string()}) {
+    EXPECT_EQ(CreateTemporaryFolder(none, "X"), "");
+  }
 }
 
 TEST(TemporaryFolder, TellsWhatCannotBeRemoved) {
@@ -72,6 +76,23 @@ TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   SetVariable("TMPDIR", "");
   EXPECT_FALSE(nowhere.HasFolder() || nowhere.Write("x") || nowhere.ReadBack(1));
 }
+
+#ifdef __x86_64__
+// Who wants to know is told; nobody else is.
+TEST(TemporaryFile, TellsWhatStays) {
+  const TestFolder base;
+  InChild([&base] {
+    SetVariable("TMPDIR", base.Path(""));
+    RefuseCall(SYS_rmdir, EACCES);
+    TemporaryFile file("QVL", "a/b");
+    EXPECT_TRUE(file.Write("one") && *file.ReadBack(3) == "one");
+    const std::optional<Fault> fault = file.Remove();
+    EXPECT_EQ(fault ? fault->file : "", base.Path("QVL001/a"));
+    EXPECT_FALSE(file.Remove().has_value());
+    EXPECT_FALSE(file.Write("two") || file.ReadBack(3));
+  });
+}
+#endif
 
 }  // namespace
 }  // namespace quorvel

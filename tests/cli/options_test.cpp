@@ -1,0 +1,174 @@
+// What each option does to the settings, as --save-settings writes them; and wrong usage.
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "naive/places.h"
+#include "output/concordance_file.h"
+#include "support/platform.h"
+#include "support/run_program.h"
+#include "support/test_folder.h"
+
+namespace quorvel {
+namespace {
+
+// The numbered lines of a settings file that are not those of `base`.
+std::string Changes(const std::string& settings, const std::string& base) {
+  std::istringstream lines(settings);
+  std::istringstream baseLines(base);
+  std::string changes;
+  std::string old;
+  int number = 1;
+  for (std::string line; std::getline(lines, line); ++number) {
+    std::getline(baseLines, old);
+    if (line != old) changes += std::to_string(number) + ": " + line + "\n";
+  }
+  return naive::Replace(changes, "\r", "");
+}
+
+std::string Saved(const TestFolder& folder, const std::string& arguments) {
+  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments + " --save-settings saved"), 0)
+      << arguments << folder.Read("err");
+  EXPECT_EQ(folder.Read("err") + folder.Read("out"), "") << arguments;
+  return folder.Read("saved");
+}
+
+constexpr const char* DEFAULTS =
+    "\"a.txt\"\r\n\"\"\r\n\"\"\r\n\"a.qvl.conc.txt\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n"
+    "0\r\n0\r\n1\r\n0\r\n0\r\n5\r\n\"\"\r\n\"\"\r\n0\r\n0\r\n";
+
+// Each as it stands alone, and what takes it back.
+TEST(Options, ChangeTheSettings) {
+  const TestFolder folder;
+  for (const char* name : {"a.txt", "k", "w", "r"}) (void)folder.Write(name, "the cat\r\n");
+  const struct {
+    const char* options;
+    const char* changes;
+    const char* takesBack = nullptr;
+  } rows[] = {
+      {"", ""},
+      {"-o o", "4: \"o\"\n"},
+      {"--format text", ""},
+      {"--create", ""},
+      {"--search", "4: \"\"\n5: 0\n6: 1\n"},
+      {"-e 'the dog'", "4: \"\"\n5: 0\n6: 1\n20: \"the dog\"\n"},
+      {"-k k", "3: \"k\"\n4: \"\"\n5: 0\n6: 1\n"},
+      {"--keywords-file k --keywords x --output r",
+       "2: \"r\"\n3: \"k\"\n4: \"\"\n5: 0\n6: 1\n20: \"x\"\n"},
+      {"-k k -e x --create", "3: \"k\"\n20: \"x\"\n"},
+      {"--extra-stop-words 'a b'", "7: \"a b\"\n"},
+      {"--min-count 2", "9: 1\n"},
+      {"--min-count 20", "8: 18\n9: 1\n", "--min-count 2"},
+      {"--skip-lists", "10: 1\n", "--no-skip-lists"},
+      {"--no-hyphens", "11: 0\n", "--hyphens"},
+      {"--numerals", "12: 1\n", "--no-numerals"},
+      {"--no-frequencies", "15: 0\n", "--frequencies"},
+      {"--line-breaks", "16: 1\n", "--no-line-breaks"},
+      {"--order frequency", "17: 1\n", "--order alphabetical"},
+      {"-c 0", "18: 0\n", "-c 5"},
+      {"--context 9", "18: 9\n", "-c 5"},
+      {"--stop-words w", "19: \"w\"\n", "--language none"},
+      {"--index", "21: 1\n"},
+  };
+  for (const auto& [options, changes, takesBack] : rows) {
+    const bool namesStopWords = std::string_view(options).starts_with("--stop-words");
+    const std::string language = namesStopWords ? "" : " --language none ";
+    const std::string saved = Saved(folder, "a.txt " + language + options);
+    EXPECT_EQ(Changes(saved, DEFAULTS), changes) << options;
+    EXPECT_EQ(Changes(Saved(folder, "-s saved"), saved), "") << options << " from settings";
+    if (takesBack == nullptr) continue;
+    const bool keepsThreshold = std::string_view(takesBack) == "--min-count 2";
+    EXPECT_EQ(Changes(Saved(folder, std::string("-s saved ") + takesBack), DEFAULTS),
+              keepsThreshold ? "9: 1\n" : "");
+  }
+}
+
+TEST(Options, GoOnFromASettingsFile) {
+  const TestFolder folder;
+  for (const char* name : {"a.txt", "b.txt", "k", "r", "p"})
+    (void)folder.Write(name, "the cat\r\n");
+  const std::string concordance = Saved(folder, "a.txt -o o -k k --create --language none");
+  const std::string search = Saved(folder, "a.txt -o r -k k");
+  const std::string disabled = concordance.substr(0, concordance.size() - 3) + "1\r\n";
+  const std::string nameless = naive::Replace(concordance, "\"o\"", "\"\"");
+  const struct {
+    std::string from;
+    const char* options;
+    const char* changes;
+  } rows[] = {{concordance, "", ""},
+              {concordance, "b.txt", "1: \"b.txt\"\n4: \"b.qvl.conc.txt\"\n"},
+              {concordance, "-o p", "4: \"p\"\n"},
+              {concordance, "--output -", "4: \"\"\n"},
+              {concordance, "-e x", "5: 0\n6: 1\n20: \"x\"\n"},
+              {nameless, "", "4: \"a.qvl.conc.txt\"\n"},
+              {disabled, "", ""},
+              {disabled, "-o p", "4: \"p\"\n22: 0\n"},
+              {search, "", ""},
+              {search, "b.txt -o p", "1: \"b.txt\"\n2: \"p\"\n"},
+              {search, "--create", "4: \"a.qvl.conc.txt\"\n5: 1\n6: 0\n"}};
+  for (const auto& [from, options, changes] : rows) {
+    (void)folder.Write("s.lvz", from);
+    EXPECT_EQ(Changes(Saved(folder, std::string("-s s.lvz ") + options), from), changes) << options;
+  }
+  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-s a.txt -o o"), 1);
+  EXPECT_TRUE(
+      folder.Read("err").starts_with("quorvel-cli: a.txt: Error when attempting to restore "
+                                     "settings: the file ends after line 1."));
+}
+
+TEST(Options, RefuseWrongUsage) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"a.txt --search --create", "--create excludes --search"},
+      {"a.txt --format tsv --no-frequencies", "--no-frequencies: only with --format text"},
+      {"a.txt --format tsv --save-settings s",
+       "--save-settings: no settings file keeps a --format"},
+      {"-", "INPUT: a document is read from a file, not from standard input"},
+      {"a.txt --order 1", "--order: 1 not in {alphabetical,frequency}"},
+      {"a.txt --format xml", "--format: xml not in {json,text,tsv}"},
+      {"a.txt --encoding x", "--encoding: x not in {ansi,auto,utf-8}"},
+      {"a.txt --answer x", "--answer: x not in {default,no,yes}"},
+      {"a.txt --language x", "--language: x not in {auto,none,all,en,de,es,pt,it,fr}"},
+      {"a.txt -c 10", "--context: Value 10 not in range 0 to 9"},
+      {"a.txt -c -1", "--context: Value -1 not in range 0 to 9"},
+      {"a.txt --min-count 1", "--min-count: Value 1 not in range 2 to 20"},
+      {"a.txt --min-count 21", "--min-count: Value 21 not in range 2 to 20"},
+      {"a.txt b.txt", "The following argument was not expected: b.txt"},
+      {"''", "INPUT: a file name is needed"},
+      {"a.txt -e dog -o ' '", "--output: a file name is needed"},
+      {"a.txt --output= -q", "--output: a file name is needed"},
+      {"a.txt -- --output=", "The following arguments were not expected: --output= --"},
+      {"a.txt -s ''", "--settings: a file name is needed"},
+      {"a.txt --save-settings=", "--save-settings: a file name is needed"},
+      {"a.txt -k ''", "--keywords-file: a file name is needed"},
+      {"a.txt --stop-words ' '", "--stop-words: a file name is needed"},
+  };
+  const TestFolder folder;
+  (void)folder.Write("a.txt", "the cat and the dog\r\n");
+  for (const auto& [arguments, reason] : rows) {
+    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments), 2) << arguments;
+    EXPECT_EQ(naive::Replace(folder.Read("err"), "\r\n", "\n"),
+              "quorvel-cli: " + reason + "\nquorvel-cli --help tells the options.\n");
+    EXPECT_EQ(folder.Files().size(), 1U);
+  }
+}
+
+TEST(Options, TellOfThemselves) {
+  const TestFolder folder;
+  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "--help"), 0);
+  const std::string help = naive::Replace(folder.Read("out"), "\r\n", "\n");
+  EXPECT_TRUE(help.starts_with("Makes a key-word-in-context concordance of a document: "));
+  EXPECT_NE(help.find("\nUsage: quorvel-cli [OPTIONS] [INPUT]\n"), std::string::npos);
+  EXPECT_TRUE(
+      help.ends_with("\nExit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words "
+                     "found, 130 stopped.\n"));
+  for (const char* name : {"frequencies", "line-breaks", "hyphens", "numerals", "skip-lists"}) {
+    EXPECT_NE(help.find("\n  --[no-]" + std::string(name) + "\n"), std::string::npos) << name;
+  }
+  EXPECT_EQ(help.find('{'), std::string::npos);
+  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "--version"), 0);
+  EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));
+}
+
+}  // namespace
+}  // namespace quorvel

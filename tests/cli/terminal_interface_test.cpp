@@ -1,0 +1,165 @@
+// The built program at a terminal: progress, questions and their answers, Ctrl-C.
+
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <fstream>
+#include <set>
+#include <thread>
+#include <vector>
+
+#include "naive/places.h"
+#include "support/memory_limit.h"
+#include "support/run_program.h"
+#include "support/test_folder.h"
+
+namespace quorvel {
+namespace {
+
+// Whether the process waits for something, or is gone. A program that has asked and does not wait
+// yet would not be woken by Ctrl-C.
+bool Waits(pid_t process) {
+  std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+  std::string name;
+  char state = 'S';
+  file >> name >> name >> state;
+  return state != 'R';
+}
+
+// What the terminal shows in a run, without carriage returns at line ends; each time that it asks,
+// the next of `keys` are typed. Behind it stands the exit status.
+std::string Transcript(const TestFolder& folder, const std::string& arguments,
+                       std::vector<std::string> keys = {}) {
+  int terminal = -1;
+  const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    std::signal(SIGINT, SIG_DFL);
+    ::alarm(60);  // seconds, after which it hangs
+    const std::string line =
+        "cd '" + folder.Path("") + "'; exec " QUORVEL_CLI " --language none " + arguments;
+    ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
+    ::_exit(127);
+  }
+  std::string shown;
+  std::array<char, 4096> block;
+  for (ssize_t got = 0; (got = ::read(terminal, block.data(), block.size())) > 0;) {
+    shown.append(block.data(), static_cast<std::size_t>(got));
+    if (!shown.ends_with("]? ") || keys.empty()) continue;
+    while (!Waits(child)) std::this_thread::yield();
+    EXPECT_GT(::write(terminal, keys.front().data(), keys.front().size()), 0);
+    keys.erase(keys.begin());
+  }
+  ::close(terminal);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(keys.empty() && WIFEXITED(status)) << status << shown;
+  return naive::Replace(shown, "\r\n", "\n") + std::to_string(WEXITSTATUS(status));
+}
+
+TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
+  const TestFolder folder;
+  (void)folder.Write("u.txt", "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9\r\n");
+  (void)folder.Write("a.txt", "the cat and the dog\r\n");
+  (void)folder.Write(
+      "s.lvz",
+      "\"a.txt\"\r\n\"\"\r\n\"\"\r\n\"a.qvl.conc.txt\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n"
+      "0\r\n1\r\n0\r\n1\r\n0\r\n1\r\n0\r\n0\r\n0\r\n\"\"\r\n\"\"\r\n0\r\n0\r\n");
+  const std::string encoding =
+      "quorvel-cli: u.txt: This file seems to be UTF-8 encoded. Click 'Yes' to scan it as UTF-8 "
+      "encoded or 'No' to scan it as ANSI.\nyes, no or cancel [no]? ";
+  const std::string again = "\nyes, no or cancel [no]? ";
+  const std::string exists =
+      "quorvel-cli: a.txt: A concordance file a.qvl.conc.txt already exists.  Do you wish to "
+      "overwrite it?\nyes or no [yes]? ";
+  const std::string ansi = "u.txt -c 0 --encoding ansi -q -o ";
+  const struct {
+    std::string arguments;
+    std::vector<std::string> keys;
+    std::string shown;
+    const char* file;
+    const char* end;  // of the file
+  } rows[] = {
+      {ansi + "1", {"\n"}, encoding + "\n0", "1", "caf\xC3 2\r\n\r\n"},
+      {ansi + "2", {"\4"}, encoding + "0", "2", "caf\xC3 2\r\n\r\n"},
+      {ansi + "3", {"x\n", "Yes\n"}, encoding + "x" + again + "Yes\n0", "3", "caf\xE9 2\r\n\r\n"},
+      {ansi + "4", {"N\n"}, encoding + "N\n0", "4", "caf\xC3 2\r\n\r\n"},
+      {ansi + "5", {"Cancel\n"}, encoding + "Cancel\n1", "5", ""},
+      {ansi + "6", {"c\n"}, encoding + "c\n1", "6", ""},
+      {ansi + "7", {"\3"}, encoding + "^C130", "7", ""},
+      {ansi + "8 --answer yes",
+       {},
+       encoding.substr(0, encoding.find('\n') + 1) + "0",
+       "8",
+       "caf\xE9 2\r\n\r\n"},
+      {"-s s.lvz -q", {"no\n"}, exists + "no\n0", "a.qvl.conc.txt", "old"},
+      {"-s s.lvz -q",
+       {"c\n", "y\n"},
+       exists + "c\nyes or no [yes]? y\n0",
+       "a.qvl.conc.txt",
+       "the 2\r\n\r\n"},
+      {"-s s.lvz -q", {"\n"}, exists + "\n0", "a.qvl.conc.txt", "the 2\r\n\r\n"},
+  };
+  for (const auto& row : rows) {
+    (void)folder.Write("a.qvl.conc.txt", "old");
+    EXPECT_EQ(Transcript(folder, row.arguments, row.keys), row.shown);
+    EXPECT_TRUE(folder.Read(row.file).ends_with(row.end)) << row.shown << folder.Read(row.file);
+    EXPECT_EQ(folder.Read(row.file).empty(), *row.end == '\0') << row.shown;
+  }
+}
+
+TEST(TerminalInterface, ShowsProgressUnlessItIsToBeQuiet) {
+  const TestFolder folder;
+  (void)folder.Write("a.txt", "the cat and the dog\r\n");
+  const std::string bar =
+      "\r[>                                        ]\r" + std::string(60, ' ') + "\r";
+  EXPECT_EQ(Transcript(folder, "a.txt -k k.txt"),
+            "quorvel-cli: a.txt: Keywords file not found: k.txt\n1");
+  EXPECT_EQ(Transcript(folder, "a.txt"),
+            "Reading file ...\nCompacting spaces ...\nProcessing file ...\n" + bar +
+                "Sorting ...\nApplying filters ...\nCounting words ...\n"
+                "Ordering by frequency ...\nCreating concordance ...\n0");
+  EXPECT_EQ(Transcript(folder, "a.txt -q"), "0");
+  EXPECT_EQ(Transcript(folder, "a.txt 2>err"), "0");
+  EXPECT_EQ(folder.Read("err"), "");
+}
+
+// The whole line stands in a place of its own: there is no memory for another.
+TEST(TerminalInterface, SaysThatThereIsNoMemory) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer gives memory of its own";
+  const TestFolder folder;
+  const std::string said = "quorvel-cli: There is not enough memory";
+  const std::string longest(4095 - said.size() - 5, 'x');
+  const std::pair<std::string, std::string> rows[] = {
+      {"", "."},
+      {"a.txt -o b", " for a.txt -o b."},
+      {"'a\n\x1b\x7f\x1f ~\xC3\xA9'", " for a???? ~\xC3\xA9."},
+      {longest.substr(1), " for " + longest.substr(1) + "."},
+      {longest, " for " + longest},
+      {longest + "x a", " for " + longest}};
+  for (const auto& [arguments, end] : rows) {
+    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments,
+                         "QUORVEL_FAULT=1+ LD_PRELOAD=" QUORVEL_FAILING_MEMORY),
+              1);
+    EXPECT_EQ(folder.Read("err"), said + end + "\n");
+  }
+  // Once the options are read it is the file that is named.
+  (void)folder.Write("a.txt", "the cat and the dog\r\n");
+  std::set<std::string> messages;
+  for (int request = 0; request < 1600; request += 80) {
+    (void)RunProgram(
+        folder, QUORVEL_CLI, "a.txt -q --language none",
+        ("QUORVEL_FAULT=" + std::to_string(request + 1) + "+ LD_PRELOAD=" QUORVEL_FAILING_MEMORY)
+            .c_str());
+    messages.insert(folder.Read("err"));
+  }
+  messages.erase("");
+  EXPECT_EQ(messages, (std::set<std::string>{said + " for a.txt -q --language none.\n",
+                                             said + " for a.txt.\n"}));
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,155 @@
+#include "files/file_system.h"
+
+#include <gtest/gtest.h>
+
+#include "support/platform.h"
+#include "support/run_program.h"
+#include "support/test_folder.h"
+#ifdef __linux__
+#include "support/refused_calls.h"
+#endif
+
+namespace quorvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(FileSystem, TellsWhatThereIs) {
+  const TestFolder folder;
+  const struct {
+    std::string path;
+    bool file = false;
+    bool isRegular = false;
+    bool isFolder = false;
+    std::optional<std::int64_t> length = {};
+  } rows[] = {{folder.Write("a", "abc"), true, true, false, 3},
+              {folder.Path(""), false, false, true},
+              {NULL_DEVICE, true},
+              {folder.Path("none")},
+              {""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.path);
+    EXPECT_EQ(FileExists(row.path), row.file);
+    EXPECT_EQ(IsRegularFile(row.path), row.isRegular);
+    EXPECT_EQ(FolderExists(row.path), row.isFolder);
+    EXPECT_EQ(FileLength(row.path), row.length);
+  }
+}
+
+TEST(FileSystem, StampsAFileWithItsLengthAndTime) {
+  const TestFolder folder;
+  const fs::path path = PathOfBytes(folder.Write("a", "abc"));
+  const FileStamp stamp = StampOf(folder.Path("a"));
+  EXPECT_EQ(stamp.length, 3);
+  const auto time = fs::last_write_time(path);
+  (void)folder.Write("a", "abcd");
+  fs::last_write_time(path, time);
+  EXPECT_EQ(StampOf(folder.Path("a")), (FileStamp{4, stamp.modified}));
+  (void)folder.Write("a", "xyz");
+  fs::last_write_time(path, time + std::chrono::seconds(2));
+  EXPECT_EQ(StampOf(folder.Path("a")).length, 3);
+  EXPECT_NE(StampOf(folder.Path("a")), stamp);
+  EXPECT_EQ(StampOf(folder.Path("none")), (FileStamp{-1, -1}));
+  EXPECT_EQ(StampOf(folder.Path("")).length, -1);
+}
+
+TEST(FileSystem, KnowsAFileByItsOtherNames) {
+  const TestFolder folder;
+  for (const char* name : {"a", "b"}) (void)folder.Write(name, "abc");
+  fs::create_directory(folder.Path("in"));
+  fs::create_hard_link(folder.Path("a"), folder.Path("hard"));
+  std::vector<std::tuple<std::string, std::string, bool>> rows = {
+      {"a", "a", true},          {"a", "in/../a", true},       {"a", "hard", true},
+      {"a", "b", false},         {"a", "none", false},         {"none", "a", false},
+      {"none", "nine", false},   {"none", "in/../none", true}, {"none", "in/none", false},
+      {"in/none", "none", false}};
+  if (!ON_WINDOWS) {
+    fs::create_symlink("a", folder.Path("link"));
+    fs::create_symlink("../none", folder.Path("in/dangling"));
+    for (const char* name : {"loop", "hoop"}) fs::create_symlink(name, folder.Path(name));
+    rows.insert(rows.end(), {{"a", "link", true},
+                             {"b", "link", false},
+                             {"none", "in/dangling", true},
+                             {"in/dangling", "none", true},
+                             {"nine", "in/dangling", false},
+                             {"loop", "hoop", false}});
+  }
+  for (const auto& [path, other, isSame] : rows) {
+    EXPECT_EQ(IsSameFile(folder.Path(path), folder.Path(other)), isSame) << path << " " << other;
+  }
+  const std::string here = (fs::current_path() / "none").string();
+  EXPECT_TRUE(IsSameFile("none", here) && !IsSameFile("nine", here));
+}
+
+#ifdef __linux__
+// What is there is then told by opening it; two files of which nothing is known may be one.
+TEST(FileSystem, TakesAFileForThereWhereTheSystemWillNotSay) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", "");
+  for (const auto& [error, isThere] : {std::pair(EACCES, true), {EIO, true}, {ENOENT, false}}) {
+    InChild([&, number = error, there = isThere] {
+      RefuseCall(SYS_newfstatat, number);
+      EXPECT_EQ(FileExists(path), there);
+      EXPECT_EQ(IsRegularFile(path), there);
+      EXPECT_EQ(IsSameFile(path, path + "b"), there);
+      EXPECT_FALSE(FolderExists(path));
+    });
+  }
+}
+#endif
+
+TEST(FileSystem, MakesAndRemovesFolders) {
+  const TestFolder folder;
+  MakeFoldersFor(folder.Path("a/b/c"));
+  EXPECT_TRUE(FolderExists(folder.Path("a/b")) && !FolderExists(folder.Path("a/b/c")));
+  EXPECT_EQ(MakeFolder(folder.Path("a/b")), FolderMaking::exists);
+  EXPECT_EQ(MakeFolder(folder.Path("a/c/d")), FolderMaking::failed);
+  EXPECT_EQ(MakeFolder(folder.Path("a/c")), FolderMaking::made);
+  EXPECT_FALSE(RemoveFileOrFolder(folder.Path("a")));
+  for (const char* name : {"a/b", "a/c", "a", "a"}) {
+    EXPECT_TRUE(RemoveFileOrFolder(folder.Path(name))) << name;
+  }
+  EXPECT_EQ(folder.Count(), 0);
+}
+
+TEST(FileSystem, FindsTheFoldersOfTheUser) {
+  SKIP_ON_WINDOWS("they are found elsewhere");
+  const std::string own = fs::read_symlink("/proc/self/exe").parent_path().string();
+  const std::tuple<const char*, const char*, std::string> rows[] = {
+      {"/config", "/home", "/config"},
+      {"", "/home", "/home/.config"},
+      {"config", "/home", "/home/.config"},
+      {"", "home", own},
+      {"", "", own}};
+  const std::string home = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+  for (const auto& [configured, folder, expected] : rows) {
+    SetVariable("XDG_CONFIG_HOME", configured);
+    SetVariable("HOME", folder);
+    EXPECT_EQ(UserConfigurationFolder(), expected);
+  }
+  SetVariable("HOME", home);
+  EXPECT_EQ(DataFilePath("none"), own + "/none");
+  EXPECT_EQ(DataFilePath("qvl_help.txt"), fs::canonical(QUORVEL_DATA "/qvl_help.txt"));
+}
+
+// Beside the program, or else where an installed one has it.
+TEST(FileSystem, FindsTheDataOfTheProgram) {
+  const TestFolder folder;
+  const std::string program = "bin/program" + fs::path(QUORVEL_CLI).extension().string();
+  for (const char* name : {"bin", "share", "share/quorvel"}) {
+    fs::create_directory(folder.Path(name));
+  }
+  fs::copy_file(QUORVEL_CLI, folder.Path(program));
+  (void)folder.Write("a.txt", "cat dog cow\r\n");
+  for (const auto& [place, words] :
+       {std::pair("share/quorvel", "cat 1\r\ncow 1\r\n"), {"bin", "cow 1\r\ndog 1\r\n"}}) {
+    const bool isInstalled = std::string_view(place) != "bin";
+    (void)folder.Write(std::string(place) + "/stwds_en.txt", isInstalled ? "dogs dog" : "cats cat");
+    EXPECT_EQ(RunProgram(folder, folder.Path(program), "a.txt -c 0 -o - --language en"), 0);
+    EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(words) + "\r\n"))
+        << folder.Read("out");
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
