@@ -28,7 +28,6 @@ bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
 IncludeFlags ApplyAdmissionFilters(const WordTable& table, const ConcordanceSettings& settings,
                                    const WordLists& lists) {
   IncludeFlags include;
-  include.reserve(table.entries.size());
   for (const WordEntry& entry : table.entries) {
     include.push_back(settings.mode == Mode::create ? IsListed(entry, settings, lists)
                                                     : IsSearchWord(entry.word, lists.keywords));

@@ -66,8 +66,6 @@ class LineReader {
     return NumberOf(TrimBlanks(*line), largest);
   }
 
-  [[nodiscard]] std::size_t BytesLeft() const { return rest_.size(); }
-
  private:
   std::string_view rest_;
 };
@@ -209,7 +207,6 @@ IndexHead HeadOfIndexFile(std::string_view bytes) {
 
 std::optional<WordTable> TableOfIndexFile(std::string_view bytes,
                                           const std::function<bool()>& goesOn) {
-  constexpr std::size_t SHORTEST_ENTRY = sizeof("w*0*1*0*1") - 1;
   constexpr std::int32_t LINES_BETWEEN_QUESTIONS = 1024;
   LineReader lines(bytes);
   lines.Next();
@@ -219,12 +216,8 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes,
   if (!wordCount || !width || *width == 0) return std::nullopt;
   const std::optional<std::int32_t> head = lines.NextNumber(*wordCount);
   if (!head) return std::nullopt;
-  // A count that the file cannot hold must not reserve room for itself.
-  if (static_cast<std::size_t>(*wordCount) > lines.BytesLeft() / SHORTEST_ENTRY)
-    return std::nullopt;
   WordTable table;
   table.positionWidth = *width;
-  table.entries.reserve(static_cast<std::size_t>(*wordCount));
   for (std::int32_t i = 0; i < *wordCount; ++i) {
     const std::optional<std::string_view> line = lines.Next();
     std::optional<WordEntry> entry;

@@ -20,12 +20,6 @@ namespace {
 // stand a plural "s" and the few hyphens that are not blanked.
 constexpr std::size_t LONGEST_TOKEN = 64;
 
-// Whether a word may be in a table at all; where it stands is looked at later.
-bool MayBeScanned(const std::u16string& word) {
-  return !word.empty() && MayEnterTable(word) &&
-         std::all_of(word.begin(), word.end(), IsWordCharacter);
-}
-
 // Whether a token that is spelled so gives itself. "1990" and "TV-" are words, but only
 // where a plural "s" was dropped ("1990s", "TV-s").
 bool GivesItself(const std::u16string& word) {
@@ -40,13 +34,11 @@ std::size_t ScanEnd(std::size_t position, std::size_t wordLength) { return posit
 // Whether the token before the place of `position` gives the word.
 bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16string_view word) {
   const std::size_t scanEnd = ScanEnd(position, word.size());
-  if (scanEnd > text.size() + 2 || scanEnd < 2) return false;
   const std::size_t end = std::min(scanEnd - 1, text.size());  // characters up to the token's last
   std::size_t start = end;
   while (start > 0 && end - start <= LONGEST_TOKEN && IsWordCharacter(text[start - 1])) --start;
-  if (start == end) return false;
   std::size_t scanPosition = start + 1;
-  return GetWord(text, scanPosition) == word && scanPosition == scanEnd;
+  return start < end && GetWord(text, scanPosition) == word && scanPosition == scanEnd;
 }
 
 // Compares a word with what stands at many places.
@@ -64,7 +56,8 @@ class Spelling {
   // Whether the word stands at the 0-based `start` of `text`, a blank or the like behind it.
   [[nodiscard]] bool StandsAt(std::u16string_view text, std::size_t start) const {
     const std::size_t end = start + word_.size();
-    if (end >= text.size() || start + UNITS > text.size()) return false;
+    if (end >= text.size()) return false;
+    static_assert(UNITS <= MIN_WORD_LENGTH + 1);  // so many stand there
     std::uint64_t there = 0;
     std::memcpy(&there, text.data() + start, sizeof(there));
     if ((there & mask_) != front_ || IsWordCharacter(text[end])) return false;
@@ -81,12 +74,10 @@ class Spelling {
   std::uint64_t mask_ = 0;
 };
 
-// Has the text at the first and the last place fetched from memory: words in alphabetical order
-// stand all over it.
-void PrefetchEnds(const std::vector<std::int32_t>& positions, std::u16string_view text) {
-  for (const std::int32_t position : {positions.front(), positions.back()}) {
-    __builtin_prefetch(text.data() + std::min(static_cast<std::size_t>(position), text.size()));
-  }
+// Has the text at a place, which may be behind its end, fetched from memory: words in alphabetical
+// order stand all over it.
+void Prefetch(std::u16string_view text, std::int32_t position) {
+  __builtin_prefetch(text.data() + std::min(static_cast<std::size_t>(position), text.size()));
 }
 
 bool WordFits(const WordEntry& entry, bool included, std::u16string_view text) {
@@ -95,10 +86,9 @@ bool WordFits(const WordEntry& entry, bool included, std::u16string_view text) {
   const Spelling spelling(entry.word);
   const bool givesItself = GivesItself(entry.word);
   const std::size_t step = included ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
-  if (static_cast<std::size_t>(positions.back()) > text.size()) return false;
   for (std::size_t k = 0; k < positions.size(); k += step) {
     const auto position = static_cast<std::size_t>(positions[k]);
-    if (k + AHEAD < positions.size()) __builtin_prefetch(text.data() + positions[k + AHEAD]);
+    if (k + AHEAD < positions.size()) Prefetch(text, positions[k + AHEAD]);
     if (givesItself && spelling.StandsAt(text, position - 1)) continue;
     if (!TokenGivesWord(text, position, entry.word)) return false;
   }
@@ -124,9 +114,12 @@ bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16
   if (table.positionWidth != PositionWidth(text.size())) return false;
   std::size_t lastEnd = 1;
   for (std::size_t i = 0; i < table.entries.size(); ++i) {
-    if (i + AHEAD < table.entries.size()) PrefetchEnds(table.entries[i + AHEAD].positions, text);
+    if (i + AHEAD < table.entries.size()) {
+      Prefetch(text, table.entries[i + AHEAD].positions.front());
+      Prefetch(text, table.entries[i + AHEAD].positions.back());
+    }
     const WordEntry& entry = table.entries[i];
-    if (!MayBeScanned(entry.word) || !WordFits(entry, include[i], text)) return false;
+    if (!MayEnterTable(entry.word) || !WordFits(entry, include[i], text)) return false;
     const auto last = static_cast<std::size_t>(entry.positions.back());
     lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));
   }

@@ -78,8 +78,7 @@ class Scan {
     while (cut_ < keys_.size()) {
       const std::size_t begin = edges_.Next();
       const std::size_t end = edges_.Next();
-      // The last character is never looked at as the start of a word.
-      if (begin + 1 >= text_.size()) break;
+      if (begin == text_.size()) break;
       progress_.Yield();
       if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, end - begin);
     }

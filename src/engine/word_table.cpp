@@ -48,18 +48,15 @@ void SortWordTable(WordTable& table) {
     std::size_t entry;
   };
   std::vector<WordEntry>& entries = table.entries;
-  std::vector<Place> places;
-  places.reserve(entries.size());
-  for (const WordEntry& entry : entries) {
-    places.push_back({LeadingUnits(entry.sortKey), places.size()});
-  }
+  std::vector<Place> places(entries.size());
+  for (std::size_t i = 0; i < places.size(); ++i) places[i] = {LeadingUnits(entries[i].sortKey), i};
   std::sort(places.begin(), places.end(), [&entries](const Place& a, const Place& b) {
     if (a.leading != b.leading) return a.leading < b.leading;
     return PrecedesAlphabetically(entries[a.entry], entries[b.entry]);
   });
-  std::vector<WordEntry> sorted;
-  sorted.reserve(entries.size());
-  for (const Place& place : places) sorted.push_back(std::move(entries[place.entry]));
+  std::vector<WordEntry> sorted(entries.size());
+  std::transform(places.begin(), places.end(), sorted.begin(),
+                 [&entries](const Place& place) { return std::move(entries[place.entry]); });
   entries.swap(sorted);
 }
 

@@ -38,11 +38,9 @@ std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table, const Incl
     if (include[i]) numbers.push_back(lack << HALF | i);
   }
   std::sort(numbers.begin(), numbers.end());
-  std::vector<std::int32_t> chain;
-  chain.reserve(numbers.size());
-  for (const std::uint64_t number : numbers) {
-    chain.push_back(static_cast<std::int32_t>(number & LOW_HALF));
-  }
+  std::vector<std::int32_t> chain(numbers.size());
+  std::transform(numbers.begin(), numbers.end(), chain.begin(),
+                 [](std::uint64_t number) { return static_cast<std::int32_t>(number & LOW_HALF); });
   return chain;
 }
 

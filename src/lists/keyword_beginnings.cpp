@@ -20,10 +20,6 @@ void KeywordBeginnings::Add(std::u16string_view pattern, std::size_t beginning,
     known_.set(beginning);
     return;
   }
-  if (pattern.empty() || (length == 0 && HoldsWildcard(pattern.substr(0, 1)))) {
-    known_.set();
-    return;
-  }
   if (length < pattern.size() && !HoldsWildcard(pattern.substr(length, 1))) {
     const char16_t lower = pattern[length];
     for (const char16_t ch : {lower, ToUpperCase(lower)}) {

@@ -92,21 +92,13 @@ ExtraKeywordList::ExtraKeywordList(std::vector<ExtraKeyword> keywords)
     const std::u16string& pattern = keywords_[i].wildcardPattern;
     (HoldsWildcard(pattern) ? wildcard_[pattern.front()] : plain_).push_back(i);
   }
-  std::stable_sort(plain_.begin(), plain_.end(), [this](std::size_t a, std::size_t b) {
-    return keywords_[a].wildcardPattern < keywords_[b].wildcardPattern;
-  });
+  std::ranges::sort(plain_, {}, [this](std::size_t i) { return PatternOf(i); });
 }
 
 std::vector<std::size_t> ExtraKeywordList::Matches(std::u16string_view lowerWord) const {
-  std::vector<std::size_t> matches;
-  auto place = std::lower_bound(plain_.begin(), plain_.end(), lowerWord,
-                                [this](std::size_t i, std::u16string_view word) {
-                                  return keywords_[i].wildcardPattern < word;
-                                });
-  for (; place != plain_.end() && keywords_[*place].wildcardPattern == lowerWord; ++place) {
-    matches.push_back(*place);
-  }
-  if (lowerWord.empty()) return matches;
+  const auto plain = std::ranges::equal_range(plain_, lowerWord, {},
+                                              [this](std::size_t i) { return PatternOf(i); });
+  std::vector<std::size_t> matches(plain.begin(), plain.end());
   for (const char16_t first : {lowerWord.front(), u'*', u'?', u'#', u'['}) {
     const auto found = wildcard_.find(first);
     if (found == wildcard_.end()) continue;
@@ -115,8 +107,6 @@ std::vector<std::size_t> ExtraKeywordList::Matches(std::u16string_view lowerWord
     }
   }
   std::sort(matches.begin(), matches.end());
-  // A word that begins like a wildcard has met its patterns twice.
-  matches.erase(std::unique(matches.begin(), matches.end()), matches.end());
   return matches;
 }
 

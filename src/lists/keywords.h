@@ -44,6 +44,10 @@ class ExtraKeywordList {
   [[nodiscard]] std::vector<std::size_t> Matches(std::u16string_view lowerWord) const;
 
  private:
+  [[nodiscard]] std::u16string_view PatternOf(std::size_t i) const {
+    return keywords_[i].wildcardPattern;
+  }
+
   std::vector<ExtraKeyword> keywords_;
   std::vector<std::size_t> plain_;                         // without wildcard, by pattern
   std::map<char16_t, std::vector<std::size_t>> wildcard_;  // the others, by first character

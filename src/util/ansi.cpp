@@ -168,7 +168,6 @@ std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
 
 std::u16string DecodeUtf8(std::string_view bytes) {
   std::u16string text;
-  text.reserve(bytes.size());
   while (!bytes.empty()) {
     std::uint32_t codePoint = 0;
     std::size_t length = ReadCodePoint(bytes, codePoint);

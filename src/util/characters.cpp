@@ -51,7 +51,6 @@ bool EqualsInLowerCase(std::u16string_view text, std::u16string_view lower) {
 
 std::u16string TransliterateUmlauts(std::u16string_view text) {
   std::u16string result;
-  result.reserve(text.size());
   for (char16_t ch : text) {
     const std::size_t place = UMLAUTS.find(ch);
     if (place == std::u16string_view::npos) {

@@ -21,14 +21,11 @@ HashSeed SeedOfTheMoment() {
 }  // namespace
 
 HashSeed RandomHashSeed() {
-  constexpr unsigned HALF = 32;
   try {
     std::random_device system;
+    std::uniform_int_distribution<std::uint64_t> any;
     HashSeed seed{};
-    for (std::uint64_t& number : seed) {
-      number = std::uint64_t{system()} << HALF;
-      number |= system();
-    }
+    for (std::uint64_t& number : seed) number = any(system);
     return seed;
   } catch (const std::exception&) {
     return SeedOfTheMoment();

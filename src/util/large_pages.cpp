@@ -1,6 +1,6 @@
 #include "util/large_pages.h"
 
-#include <cstdint>
+#include <memory>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -11,12 +11,11 @@ namespace quorvel {
 #ifdef __linux__
 // Only the whole pages inside the memory; what lies around them is not ours to advise on.
 void AdviseLargePages(void* memory, std::size_t length) {
-  constexpr std::uintptr_t PAGE = 4096;
+  constexpr std::size_t PAGE = 4096;
   constexpr std::size_t WORTH_IT = std::size_t{4} << 20U;
   if (length < WORTH_IT) return;
-  const std::uintptr_t intoPage = reinterpret_cast<std::uintptr_t>(memory) % PAGE;
-  const std::size_t skipped = intoPage == 0 ? 0 : PAGE - intoPage;
-  ::madvise(static_cast<char*>(memory) + skipped, (length - skipped) / PAGE * PAGE, MADV_HUGEPAGE);
+  std::align(PAGE, PAGE, memory, length);
+  ::madvise(memory, length / PAGE * PAGE, MADV_HUGEPAGE);
 }
 #else
 void AdviseLargePages(void* /*memory*/, std::size_t /*length*/) {}

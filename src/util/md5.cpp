@@ -111,7 +111,6 @@ std::string HexOfBytes(std::span<const uint8_t> bytes, bool withBlanks, bool low
                        bool nibblesSwapped) {
   const char* digits = lowerCase ? "0123456789abcdef" : "0123456789ABCDEF";
   std::string text;
-  text.reserve(bytes.size() * 3);
   for (const uint8_t byte : bytes) {
     if (withBlanks && !text.empty()) text += ' ';
     const char high = digits[byte >> 4];

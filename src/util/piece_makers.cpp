@@ -27,7 +27,6 @@ PieceMakers::PieceMakers(std::size_t count, unsigned threads,
   makers_.resize(std::max(threads, 1U));
   std::generate(makers_.begin(), makers_.end(), newMaker);
   slots_.resize(makers_.size() * SLOTS_PER_MAKER);
-  threads_.reserve(threads);
   try {
     for (unsigned i = 0; i < threads; ++i) {
       threads_.emplace_back([this, i] { MakePieces(makers_[i]); });

@@ -51,7 +51,7 @@ std::string LongDurationText(int32_t minutes) {
 // so that no size is too large to be exact.
 std::string TwoDecimals(int64_t bytes, int64_t unit) {
   const int64_t rounded = (bytes % unit * 100 + unit / 2) / unit;
-  const std::string digits = std::to_string(100 + rounded % 100);
+  const std::string digits = std::to_string(100 + rounded);
   return GroupedNumber(bytes / unit + rounded / 100) + '.' + digits.substr(1);
 }
 

@@ -2,51 +2,111 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "support/scanned_text.h"
+#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
 
-TEST(IndexFile, IsReadWholeOrNotAtAll) {
-  SilentProgress nobody;
-  const Listing listing =
-      ScanText(u"the dogs' well-known house, the dogs of the house.", {}, nobody);
-  const std::string bytes = IndexFileBytes(*listing.words, "digest", 0);
-  for (std::size_t length = 0; length <= bytes.size(); ++length) {
-    const auto table = TableOfIndexFile(std::string_view(bytes).substr(0, length));
-    EXPECT_EQ(table.has_value(), length == bytes.size() || length + 2 == bytes.size()) << length;
+TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
+  for (std::int32_t width = 1, most = 9; width <= 10; ++width) {
+    WordTable table = MadeTable({{u"Été", {most / 3, most / 2, most}}, {u"zoo", {most - 1}}});
+    table.positionWidth = width;
+    const auto bytesOf = [](const WordTable& words) {
+      return IndexFileBytes({{nullptr, std::make_shared<const WordTable>(words)}, {}, {}, {1, 0}},
+                            "digest", 1715094299);
+    };
+    const std::string bytes = bytesOf(table);
+    EXPECT_TRUE(bytes.starts_with("digest\r\n" + DateAndTimeText(1715094299) + "\r\n 2 \r\n " +
+                                  std::to_string(width) + " \r\n 2 \r\n\xC9t\xE9*2*3*0*"))
+        << bytes;
+    EXPECT_TRUE(bytes.ends_with("\r\nzoo*0*1*1*" + std::to_string(most - 1) + "\r\n")) << bytes;
+    const auto read = TableOfIndexFile(bytes);
+    ASSERT_TRUE(read) << bytes;
+    EXPECT_EQ(bytesOf(*read), bytes);
+    EXPECT_EQ(read->entries[0].positions, table.entries[0].positions);
+    for (std::size_t cut = 1; cut <= bytes.size(); ++cut) {
+      EXPECT_EQ(TableOfIndexFile(bytes.substr(0, bytes.size() - cut)).has_value(), cut == 2) << cut;
+    }
+    for (int digit = 1; digit <= width; ++digit) {
+      for (const char other : {'\0', '/', ':', '?', '@', ' ', '-', '\xB5', '\xFF', 'a'}) {
+        std::string spoilt = bytes;
+        spoilt[bytes.size() - 2 - static_cast<std::size_t>(digit)] = other;
+        EXPECT_FALSE(TableOfIndexFile(spoilt)) << spoilt;
+      }
+    }
+    most = width < 9 ? most * 10 + 9 : std::numeric_limits<std::int32_t>::max();
   }
-  const std::string good = "the*0*3*0*043259";
-  const std::string more = "\r\nzoo*0*1*0*44";
-  for (const std::string& entries : {good, good + more, good + "\r\nnone"}) {
-    const auto table = TableOfIndexFile("\r\n\r\n1\r\n2\r\n1\r\n" + entries);
-    EXPECT_TRUE(table && table->WordCount() == 1) << entries;
+  EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").date, "date");
+  EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").digest, "digest");
+  EXPECT_EQ(HeadOfIndexFile("digest").date, "");
+}
+
+// A "|" stands for a line end. What stands behind the entries that are announced is left alone.
+TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
+  const std::string word30(30, 'w');
+  const std::pair<int, std::vector<std::string>> rows[] = {
+      {0, {"0|2|0|"}},
+      {1,
+       {" 1 | 2 | 1 |the*0*3*0*043259", "1|2|1|the*1*3*1*043259|", "1|2|0|the*0*3*0*043259|none",
+        "1|2|1|the*0*3*0*043259|zoo*0*1*0*44", "1|10|1|the*0*1*0*0000000007",
+        "1|2|1|" + word30 + "*0*1*0*04"}},
+      {2, {"2|2|2|The*2*1*1*04|the*0*1*0*07", "2|2|1|the*0*1*0*07|zoo*2*1*2*44"}},
+      {-1,
+       {"2|2|2|the*0*1*0*07|the*0*1*0*08", "2|2|2|the*0*1*0*07|The*0*1*0*08",
+        "2|2|2|zoo*0*1*0*07|the*0*1*0*08", "2|2|2|the*0*1*0*07"}},
+      // The numbers of the head.
+      {-1,
+       {"1000000|2|1|the*0*1*0*07", "2147483647|2|1|the*0*1*0*07", "99999999999|2|1|the*0*1*0*07",
+        "-1|2|0|the*0*1*0*07", "|2|1|the*0*1*0*07", "1x|2|1|the*0*1*0*07", "1|0|1|the*0*1*0*",
+        "1|-2|1|the*0*1*0*07", "1|11|1|the*0*1*0*00000000007", "1|2|-1|the*0*1*0*07",
+        "1|2|2|the*0*1*0*07"}},
+      // Those of an entry.
+      {-1,
+       {"1|2|1|the*2*1*0*07", "1|2|1|the*0*1*2*07", "1|2|1|the*-1*1*0*07", "1|2|1|the*0*1*-1*07",
+        "1|2|1|the**1*0*07", "1|2|1|the*0*1*07", "1|2|1|the*0*0*0*", "1|2|1|the*0*1*0*070",
+        "1|2|1|the*0*2*0*07", "1|2|1|the*0*1*0*0708"}},
+      // Its places and its word.
+      {-1,
+       {"1|2|1|the*0*3*0*043232", "1|2|1|the*0*3*0*325932", "1|2|1|the*0*3*0*003259",
+        "1|10|1|the*0*1*0*2147483648", "1|2|1|*0*1*0*07", "1|2|1|w" + word30 + "*0*1*0*07"}}};
+  for (const auto& [words, files] : rows) {
+    for (std::string file : files) {
+      for (std::size_t i = 0; (i = file.find('|')) != std::string::npos;)
+        file.replace(i, 1, "\r\n");
+      const auto table = TableOfIndexFile("\r\n\r\n" + file);
+      EXPECT_EQ(table ? table->WordCount() : -1, words) << file;
+    }
   }
-  const std::pair<const char*, std::string> rows[] = {
-      {"1", "the*0*0*0*"},       {"1", "the*0*3*0*043232"},
-      {"1", "the*0*3*0*325932"}, {"1", "the*0*3*0*003259"},
-      {"1000000", good},         {"-1", good},
-      {"99999999999", good},     {"", good}};
-  for (const auto& [count, entry] : rows) {
-    EXPECT_FALSE(TableOfIndexFile("\r\n\r\n" + (count + ("\r\n2\r\n1\r\n" + entry))))
-        << count << entry;
+}
+
+TEST(IndexFile, IsNotReadAfterAStop) {
+  std::string bytes = "\r\n\r\n3000\r\n4\r\n0\r\n";
+  for (int i = 1000; i < 4000; ++i) bytes += "w" + std::to_string(i) + "*0*1*0*0001\r\n";
+  for (const int allowed : {0, 1, 1000}) {
+    int asked = 0;
+    EXPECT_EQ(TableOfIndexFile(bytes, [&] { return asked++ < allowed; }).has_value(),
+              allowed == 1000);
   }
+  EXPECT_FALSE(TableOfIndexFile("\r\n\r\n1\r\n1\r\n1\r\nthe*0*1*0*7", [] { return false; }));
 }
 
 // Every word short, and there once: no text has a longer index.
 TEST(IndexFile, IsNeverLongerThanItsTextAllows) {
   std::u16string text;
-  for (int i = 0; i < 26 * 26 * 26; ++i) {
-    for (const int letter : {i / 26 / 26, i / 26 % 26, i % 26})
-      text += static_cast<char16_t>(u'a' + letter);
-    text += u' ';
+  for (char16_t a = u'a'; a <= u'z'; ++a) {
+    for (char16_t b = u'a'; b <= u'z'; ++b) {
+      for (char16_t c = u'a'; c <= u'z'; ++c) text.append({a, b, c, u' '});
+    }
   }
   SilentProgress nobody;
-  for (const std::size_t length : {std::size_t{3}, std::size_t{40}, text.size()}) {
+  for (const std::size_t length : {std::size_t{3}, text.size()}) {
     const Listing listing = ScanText(text.substr(0, length), {}, nobody);
-    const std::string bytes = IndexFileBytes(*listing.words, std::string(32, 'A'), 0);
-    EXPECT_LE(bytes.size(), LongestIndexFile(length));
-    EXPECT_GE(bytes.size() * 4, LongestIndexFile(length)) << "so the bound is no empty one";
+    const std::size_t found = IndexFileBytes(*listing.words, std::string(32, 'A'), 0).size();
+    EXPECT_LE(found, LongestIndexFile(length));
+    EXPECT_GE(found * 4, LongestIndexFile(length)) << "so the bound is no empty one";
   }
 }
 

@@ -18,51 +18,64 @@ std::string Describe(const ListedWords& words) {
          std::to_string(words.counts.totalOccurrences) + " places" + IndexFileBytes(words, "", 0);
 }
 
-std::string FastTable(const Text& text, const ConcordanceSettings& settings) {
-  SilentProgress nobody;
-  return Describe(*ScanText(text, settings, nobody).words);
+KeywordLists Keywords(const SortedWords& ofFile, std::string_view extra) {
+  ConcordanceSettings settings;
+  settings.allowWordsWithNumerals = true;
+  return {ofFile, *ExtraKeywordsOf(extra, settings)};
 }
 
-std::string NaiveTable(const Text& text, const ConcordanceSettings& settings) {
-  return Describe(naive::MakeWordTable(naive::BlankDoubleHyphens(text), settings));
-}
-
-TEST(Tokenizer, OddWordsAreThoseOfTheNaiveForm) {
-  const Text letters30 = u"abcdefghijklmnopqrstuvwxyzabcd";
-  const std::pair<const char*, Text> rows[] = {
-      {"hyphens at the ends", u"-known- -known. ab-s x"},
-      {"tails of contraction stems", u"John's don't ren OULDN isn wasn sn wren doesn hadn didn."},
-      {"crude plurals", u"its news was this glass physics ALWAYS always DOGS Dogs cafés cafÉs."},
-      {"words kept whole",
-       u"Maths stats arms Dickens perhaps harms PHYSics MATHs DOGs skys bœs 12s."},
-      {"Roman letters", u"MIX civic mill did civil Dill VIVID mix-i dim vim cid lid livid."},
-      {"length 2, 30 and 31", u"ab " + letters30 + u" " + letters30 + u"e " + letters30 + u"s."},
-      {"double hyphens", u"--one--two a--bcd at <!--one--> two-->six ab----> ab--->c."},
-  };
-  for (const auto& [name, text] : rows) {
-    EXPECT_EQ(FastTable(text, {}), NaiveTable(text, {})) << name;
+// The bar moves in a long text, the window lives on whatever the text holds, and a stop ends a
+// scan after the words at hand.
+TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
+  const KeywordLists last = Keywords({u"walk"}, "");
+  const std::tuple<const char*, const char16_t*, int, const KeywordLists*, std::size_t, bool,
+                   std::size_t>
+      rows[] = {{"words", u"harbour house ", 1000, nullptr, 42, false, 1},
+                {"words of a short text", u"harbour ", 10231 / 8, nullptr, 2, false, 1},
+                {"no words", u"a ", 5000, nullptr, 2, true, 1},
+                {"a search", u"a ", 2200000, &last, 42, true, 0}};
+  for (const auto& [name, part, times, sought, bars, yields, wordsAfterStop] : rows) {
+    struct : SilentProgress {
+      int yields = 0;
+      std::size_t bars = 0;
+      void YieldNow() override { ++yields; }
+      void ShowBar(std::string_view /*caption*/) override { ++bars; }
+    } progress;
+    Text text;
+    for (int i = 0; i < times; ++i) text += part;
+    WordTable table;
+    GetWords(text + u"walk ", table, progress, sought);
+    EXPECT_EQ(progress.bars, bars) << name;
+    EXPECT_EQ(progress.yields > 0, yields) << name;
+    EXPECT_EQ(progress.WordsFound() + 1, table.WordCount()) << name;
+    EXPECT_EQ(table.entries.back().word, u"walk") << name;
+    progress.RequestStop();
+    WordTable stopped;
+    GetWords(text + u"walk ", stopped, progress, sought);
+    EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
   }
 }
 
-TEST(Tokenizer, PlacesAreWhereTheScanStandsLessTheWord) {
+// Only what begins like a keyword is looked into: that must not change what is found.
+TEST(Tokenizer, FindsForASearchWhatAScanOfAllFinds) {
+  const std::vector<Text> parts = {u"-",    u" ",      u"cat",   u"Cats", u"KNOWN", u"unknown ",
+                                   u"1990", u"s",      u"TV-s ", u"tvs",  u"É",     u"té ",
+                                   u"a-b-", u"co-op ", u"c4",    u". "};
+  const char* const extras[] = {"", "cat*", "?at", "*n", "1990 tv", "a-b ca co*p", "c#* xy"};
   SilentProgress nobody;
-  const Listing listing = ScanText(u"cats. -cat- cats", {}, nobody);
-  EXPECT_EQ(TableOf(listing).entries.at(0).positions, (std::vector<std::int32_t>{2, 9, 15}));
-}
-
-TEST(Tokenizer, StopsAfterTheWordAtHand) {
-  SilentProgress stopped;
-  stopped.RequestStop();
-  const Listing listing = ScanText(u"on . harbour house", {}, stopped);
-  const std::vector<WordEntry>& entries = TableOf(listing).entries;
-  EXPECT_TRUE(entries.size() == 1 && entries[0].word == u"harbour");
-}
-
-TEST(WordTable, PositionWidthByLogarithms) {
-  EXPECT_EQ(PositionWidth(0), 1);
-  EXPECT_EQ(PositionWidth(1000), 3);
-  EXPECT_EQ(PositionWidth(1001), 4);
-  EXPECT_EQ(PositionWidth(1000000), 6);
+  ConcordanceSettings settings;
+  settings.mode = Mode::search;
+  std::mt19937 random(4);
+  for (int round = 0; round < 2000; ++round) {
+    const Text text = RandomText(parts, 40, random);
+    const KeywordLists keywords =
+        Keywords({u"known", u"été"}, extras[random() % std::size(extras)]);
+    const auto found = [&](const KeywordLists* sought) {
+      return Composed(ListingOf(ScanWords(DocumentOf(text), sought, nobody), settings, keywords),
+                      nobody);
+    };
+    ASSERT_EQ(found(&keywords), found(nullptr)) << round << testing::PrintToString(text);
+  }
 }
 
 TEST(Tokenizer, SameTableAsTheNaiveForm) {
@@ -70,14 +83,16 @@ TEST(Tokenizer, SameTableAsTheNaiveForm) {
       {u"-", u"--", u"<!--", u"-->", u"!", u">", u"a", u"b", u" ", u"cat"},
       {u"couldn", u"ren", u"'", u"s", u"S", u"t", u"x", u"N", u"o", u" ", u"-", u"'s ", u"n't "},
       {u"dog", u"Dogs", u"ics", u"maths", u"s", u"ss", u"é", u"É", u"e", u" ", u"-", u"1", u"20"},
+      {u"abcdefghijklmnopqrstuvwxyzabcd", u"e", u"s", u" ", u"-", u"y"},
       {u"I", u"v", u"X", u"mi", u"dill", u"civ", u"il", u"d", u" ", u" . ", u"-"},
       {u"Mueller ", u"Müller ", u"muller ", u"MÜLLER ", u"ßa",  u"ssa ", u"Œ",
        u"œ",        u"oe ",     u"Ðo ",     u"ðo ",     u"Do ", u"Ž",    u"ž",
        u"šo ",      u"Ÿo ",     u"þo ",     u"Þo ",     u"Æn ", u"æn ",  u"aen "},
       {u"The ", u"the ", u"of ", u"sea", u"  ", u" / ", u"abcdefghijklmnopq", u"\u00a0", u".",
        u"\t"}};
+  SilentProgress nobody;
   std::mt19937 random(20261121);
-  for (int round = 0; round < 8000; ++round) {
+  for (int round = 0; round < 5000; ++round) {
     const std::size_t mostParts = round % 100 == 0 ? 300 : 24;
     const Text text = RandomText(alphabets[random() % alphabets.size()], mostParts, random);
     ConcordanceSettings settings;
@@ -85,7 +100,8 @@ TEST(Tokenizer, SameTableAsTheNaiveForm) {
     settings.allowWordsWithNumerals = random() % 2 == 0;
     settings.ignoreInfrequentWords = random() % 2 == 0;
     if (random() % 2 == 0) settings.extraStopWords = "dog the";
-    ASSERT_EQ(FastTable(text, settings), NaiveTable(text, settings))
+    ASSERT_EQ(Describe(*ScanText(text, settings, nobody).words),
+              Describe(naive::MakeWordTable(naive::BlankDoubleHyphens(text), settings)))
         << "round " << round << ", text " << testing::PrintToString(text);
   }
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "lists/wildcard.h"
+#include "support/made_texts.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -56,6 +58,31 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
       EXPECT_EQ(keywords.Why().reason, isPlus ? "" : fault);
     }
   }
+}
+
+TEST(ExtraKeywords, AreFoundByTheWordsThatTheyMatch) {
+  std::mt19937 random(1);
+  const std::vector<std::u16string> letters = {u"a", u"b", u"c", u"4"};
+  const std::vector<std::u16string> parts = {u"a", u"b", u"c", u"4", u"*", u"?", u"#", u"[ab]"};
+  for (int round = 0; round < 5000; ++round) {
+    std::vector<ExtraKeyword> keywords(random() % 20);
+    for (ExtraKeyword& keyword : keywords) keyword.wildcardPattern = RandomText(parts, 4, random);
+    const std::u16string word = letters[random() % 4] + RandomText(letters, 2, random);
+    std::vector<std::size_t> expected;
+    for (std::size_t k = 0; k < keywords.size(); ++k) {
+      if (MatchesWildcard(word, keywords[k].wildcardPattern)) expected.push_back(k);
+    }
+    ASSERT_EQ(ExtraKeywordList(keywords).Matches(word), expected) << EncodeUtf8(word);
+  }
+}
+
+TEST(Keywords, AreOfAFileOrTyped) {
+  KeywordLists lists = {{u"cat"}, {}};
+  EXPECT_TRUE(HoldKeywords(lists) && IsSearchWord(u"Cat", lists) && !IsSearchWord(u"dog", lists));
+  EraseSearchWords(lists);
+  EXPECT_FALSE(HoldKeywords(lists) || IsSearchWord(u"cat", lists));
+  lists.extraKeywords = ExtraKeywordList({ExtraKeywordOf(u"d*")});
+  EXPECT_TRUE(HoldKeywords(lists) && IsSearchWord(u"DOG", lists) && !IsSearchWord(u"cat", lists));
 }
 
 }  // namespace

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/admission.h"
-#include "util/ansi.h"
-
 namespace quorvel {
 namespace {
 
@@ -38,23 +35,14 @@ TEST(StopWords, MayHoldWhatAWordMayHold) {
   }
 }
 
-// With any stop words at all, the list counts too, and the number words in it.
-TEST(StopWords, LeaveOutWords) {
-  const std::tuple<const char*, const char*, std::string> rows[] = {
-      {"", "", "co-op The the two "}, {"the", "", ""}, {"", "a file", "The the "}};
-  for (const auto& [extra, file, expected] : rows) {
-    ConcordanceSettings settings;
-    settings.stopWordsFile = file;
-    WordLists lists;
-    lists.extraStopWords = ExtraStopWordsOf(extra);
-    lists.stopWords.words = {u"co-op"};
-    ConcealNumWords(lists.stopWords, true);
-    std::string listed;
-    for (const char16_t* word : {u"co-op", u"The", u"the", u"two"}) {
-      if (!IsStopWord(word, settings, lists)) listed += EncodeUtf8(word) + " ";
-    }
-    EXPECT_EQ(listed, expected) << extra << file;
-  }
+TEST(StopWords, AreErasedAndTheNumberWordsShownAgain) {
+  StopWordList list = {{u"the"}, {}, true};
+  ConcealNumWords(list, true);
+  EXPECT_TRUE(BinarySearch(list.numberWords, u"Two"));
+  EraseStopWords(list);
+  EXPECT_TRUE(list.words.empty() && !list.loaded && !list.numberWords.empty());
+  ConcealNumWords(list, false);
+  EXPECT_TRUE(list.numberWords.empty());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "lists/word_file.h"
 #include "support/made_texts.h"
 #include "util/ansi.h"
 
@@ -23,15 +24,45 @@ TEST(Wildcards, MatchAsWritten) {
               {u"[[[]", u"[", u"[[["},
               {u"]a", u"]a", u"a"}};
   for (const auto& [pattern, matched, refused] : rows) {
-    for (const bool expected : {true, false}) {
-      std::u16string_view words = expected ? matched : refused;
-      while (!words.empty()) {
-        const std::u16string_view word = words.substr(0, words.find(u' '));
-        EXPECT_EQ(MatchesWildcard(word, pattern), expected)
-            << EncodeUtf8(word) << " by " << EncodeUtf8(pattern);
-        words.remove_prefix(std::min(word.size() + 1, words.size()));
-      }
+    for (const std::u16string_view word : SplitAtBlanks(matched)) {
+      EXPECT_TRUE(MatchesWildcard(word, pattern)) << EncodeUtf8(word) << " " << EncodeUtf8(pattern);
     }
+    for (const std::u16string_view word : SplitAtBlanks(refused)) {
+      EXPECT_FALSE(MatchesWildcard(word, pattern))
+          << EncodeUtf8(word) << " " << EncodeUtf8(pattern);
+    }
+  }
+}
+
+// Tries all that each "*" may stand for.
+bool MatchesByTrial(std::u16string_view word, std::u16string_view pattern) {
+  if (pattern.empty()) return word.empty();
+  const std::u16string_view rest = pattern.substr(1);
+  const bool one = !word.empty();
+  if (pattern[0] == u'*') {
+    return MatchesByTrial(word, rest) || (one && MatchesByTrial(word.substr(1), pattern));
+  }
+  if (!one) return false;
+  if (const std::size_t end = rest.find(u']'); pattern[0] == u'[' && end != rest.npos) {
+    const bool negated = rest[0] == u'!';
+    const std::u16string_view list = rest.substr(negated ? 1 : 0, end - (negated ? 1 : 0));
+    return (list.find(word[0]) != list.npos) != negated &&
+           MatchesByTrial(word.substr(1), rest.substr(end + 1));
+  }
+  const bool digit = word[0] >= u'0' && word[0] <= u'9';
+  const bool fits = pattern[0] == u'?' || (pattern[0] == u'#' && digit) || pattern[0] == word[0];
+  return fits && MatchesByTrial(word.substr(1), rest);
+}
+
+TEST(Wildcards, MatchAsByTrial) {
+  const std::vector<std::u16string> parts = {u"a", u"b", u"[", u"]", u"!", u"*", u"?", u"#", u"4"};
+  std::mt19937 random(2);
+  for (int round = 0; round < 30000; ++round) {
+    const std::u16string pattern = RandomText(parts, 7, random);
+    const std::u16string word =
+        RandomText<std::u16string>({u"a", u"a", u"b", u"4", u"[", u"]"}, 6, random);
+    ASSERT_EQ(MatchesWildcard(word, pattern), MatchesByTrial(word, pattern))
+        << EncodeUtf8(word) << " by " << EncodeUtf8(pattern);
   }
 }
 

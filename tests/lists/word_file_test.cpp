@@ -22,25 +22,26 @@ TEST(WordFiles, GiveTheirWords) {
     std::string bytes;
     std::string stopWords;
     std::string keywords;
-  } rows[] = {{"sorted, several in a line", "the  a\r\n an\r\n", "a|an|the|", "a|an|the|"},
-              {"CR alone", "the\ra\r\r", "a|the|", "a|the|"},
-              {"LF alone in a file without CR", "the\n\na b\n", "a|b|the|", "a|b|the|"},
-              {"LF inside a line", "the\na\r\nan\r\n", "an|the\na|", "an|"},
-              {"control characters around lines", "\t the\x01\r\n\x1F\r\n", "the|", "the|"},
-              {"a tab separates nothing", "the\ta an\r\n", "an|the\ta|", "an|"},
-              {"duplicates stay", "the\r\nThe\r\nthe\r\n", "The|the|the|", "the|the|the|"},
-              {"comments only", "/* a\r\nb */\r\n/* c */\r\n\r\n", "", ""},
-              {"three characters open and close", "ab\r\n/*/\r\nbc\r\n", "ab|bc|", "ab|bc|"},
-              {"comment inside a block closes it", "/* a\r\nb\r\n/* c */\r\nd\r\n", "d|", "d|"},
-              {"close without open", "a\r\nb */\r\nc\r\n", "a|c|", "a|c|"},
-              {"never closed", "a b\r\n /* c\r\nd\r\n", "a|b|", "a|b|"},
-              {"UTF-8 and its mark", "\xEF\xBB\xBF\xC3\xA9t\xC3\xA9 d\xC3\xA9j\xC3\xA0\r\n",
-               "déjà|été|", "déjà|été|"},
-              {"Windows-1252", "\xE9t\xE9 \x8Cuvre\r\n", "été|Œuvre|", "été|œuvre|"},
-              {"plain words only", "colou?r new-york\r\n42 John's walk a+b\r\n",
-               "42|John's|a+b|colou?r|new-york|walk|", "walk|"},
-              {"keywords in lower case without plural", "Walk DOGS dogs news\r\n",
-               "DOGS|Walk|dogs|news|", "dog|dog|new|walk|"}};
+  } rows[] = {
+      {"sorted, several in a line", "the  a\r\n an\r\n", "a|an|the|", "a|an|the|"},
+      {"CR alone", "the\ra\r\r", "a|the|", "a|the|"},
+      {"LF alone in a file without CR", "the\n\na b\n", "a|b|the|", "a|b|the|"},
+      {"LF inside a line", "the\na\r\nan\r\n", "an|the\na|", "an|"},
+      {"control characters around lines", "\t the\x01\r\n\x1F\r\n !a\r\n", "!a|the|", "the|"},
+      {"a tab separates nothing", "the\ta an\r\n", "an|the\ta|", "an|"},
+      {"duplicates stay", "the\r\nThe\r\nthe\r\n", "The|the|the|", "the|the|the|"},
+      {"comments only", "/* a\r\nb */\r\n/* c */\r\n\r\n", "", ""},
+      {"three characters open and close", "ab\r\n/*/\r\nbc\r\n", "ab|bc|", "ab|bc|"},
+      {"comment inside a block closes it", "/* a\r\nb\r\n/* c */\r\nd\r\n", "d|", "d|"},
+      {"close without open", "a\r\nb */\r\nc\r\n", "a|c|", "a|c|"},
+      {"never closed", "a b\r\n /* c\r\nd\r\n", "a|b|", "a|b|"},
+      {"UTF-8 and its mark", "\xEF\xBB\xBF\xC3\xA9t\xC3\xA9 d\xC3\xA9j\xC3\xA0\r\n", "déjà|été|",
+       "déjà|été|"},
+      {"Windows-1252", "\xE9t\xE9 \x8Cuvre\r\n", "été|Œuvre|", "été|œuvre|"},
+      {"plain words only", "colou?r new-york\r\n42 John's walk a+b\r\n",
+       "42|John's|a+b|colou?r|new-york|walk|", "walk|"},
+      {"keywords in lower case without plural", "Walk DOGS dogs news\r\n", "DOGS|Walk|dogs|news|",
+       "dog|dog|new|walk|"}};
   for (const auto& [name, bytes, stopWords, keywords] : rows) {
     SilentProgress nobody;
     SortedWords words = *WordsOfFileBytes(bytes, nobody);
@@ -48,6 +49,9 @@ TEST(WordFiles, GiveTheirWords) {
     std::sort(words.begin(), words.end());
     EXPECT_EQ(Joined(words), stopWords) << name;
   }
+  SilentProgress stopped;
+  stopped.RequestStop();
+  EXPECT_EQ(WordsOfFileBytes("the\r\n", stopped).Why().kind, FaultKind::stopped);
 }
 
 }  // namespace

@@ -23,6 +23,17 @@ inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
   return std::make_shared<const Document>(std::move(document));
 }
 
+// A table of these words in this order, each with its places.
+inline WordTable MadeTable(
+    const std::vector<std::pair<std::u16string, std::vector<std::int32_t>>>& words) {
+  WordTable table;
+  for (const auto& [word, positions] : words) {
+    table.entries.push_back(NewWordEntry(word));
+    table.entries.back().positions = positions;
+  }
+  return table;
+}
+
 // These words as `settings`, with tidied extra stop words, and `keywords`, of a search, have them.
 inline Listing ListingOf(const Words& words, const ConcordanceSettings& settings,
                          const KeywordLists& keywords = {}) {

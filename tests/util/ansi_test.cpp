@@ -26,7 +26,49 @@ TEST(Utf8, IsDecodedWhereItIsWellFormed) {
     EXPECT_EQ(DecodeUtf8(bytes), text) << name;
     EXPECT_EQ(EncodeUtf8(text) == bytes, comesBack) << name;
   }
-  EXPECT_EQ(EncodeUtf8(u"\xD83D a"), "\xEF\xBF\xBD a");
+  const std::pair<std::u16string, std::string> lone[] = {
+      {u"\xD83D a", "\xEF\xBF\xBD a"},
+      {u"\xDBFF", "\xEF\xBF\xBD"},
+      {u"\xDC00\xDFFF", "\xEF\xBF\xBD\xEF\xBF\xBD"},
+      {u"\xDBFF\xDBFF\xDFFF", "\xEF\xBF\xBD\xF4\x8F\xBF\xBF"}};
+  for (const auto& [text, bytes] : lone) EXPECT_EQ(EncodeUtf8(text), bytes);
+  EXPECT_EQ(CharacterAt(u"a\U0001F600é", 1), "\xF0\x9F\x98\x80");
+  EXPECT_EQ(CharacterAt(u"a\U0001F600é", 3), "\xC3\xA9");
+  EXPECT_EQ(CharacterAt(u"a\xD83D", 1), "\xEF\xBF\xBD");
+}
+
+// Whatever stands around it and wherever in a long text it stands.
+TEST(Ansi, HasOneCharacterForEachByte) {
+  const std::u16string high =
+      u"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
+      u"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E"
+      u"\u0178";
+  for (int byte = 0; byte < 256; ++byte) {
+    const bool isHigh = byte >= 0x80 && byte < 0xA0;
+    const auto character =
+        isHigh ? high[static_cast<std::size_t>(byte - 0x80)] : static_cast<char16_t>(byte);
+    for (const std::size_t place : {0, 63, 64, 100}) {
+      std::string bytes(130, 'a');
+      std::u16string text(130, u'a');
+      bytes[place] = static_cast<char>(byte);
+      text[place] = character;
+      ASSERT_EQ(DecodeAnsi(bytes), text) << byte;
+      ASSERT_EQ(EncodeAnsi(text), bytes) << byte;
+      // What is none of Windows-1252 becomes one "?".
+      ASSERT_EQ(EncodeAnsi(text.substr(0, place) + u"\U0001F600" + text.substr(place)),
+                bytes.substr(0, place) + "?" + bytes.substr(place));
+    }
+  }
+  EXPECT_EQ(EncodeAnsi(u"\x80\x100\xD83D\xDC00z\xDC00\xDC00\xD83D"), "???z???");
+}
+
+TEST(Ansi, KnowsControlsCapitalsAndBlanks) {
+  for (const std::uint32_t shown : {0x20, 0x7E, 0xA0, 0x2028}) EXPECT_FALSE(IsControl(shown));
+  for (const std::uint32_t hidden : {0, 0x1F, 0x7F, 0x80, 0x9F}) EXPECT_TRUE(IsControl(hidden));
+  EXPECT_EQ(LowerAscii("@AMZ[`amz{\xC9"), "@amz[`amz{\xC9");
+  EXPECT_EQ(TrimBlanks("  a b\t "), "a b\t");
+  EXPECT_EQ(TrimBlanks("   "), "");
+  EXPECT_EQ(TrimBlanks("a"), "a");
 }
 
 }  // namespace

@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace quorvel {
 namespace {
 
-std::string DigestText(std::string_view bytes) {
+// The digest of a message that comes in pieces of so many bytes.
+std::string DigestText(std::string_view bytes, std::size_t piece) {
   Md5Context context = Md5Init();
-  Md5Update(context, bytes);
+  for (; !bytes.empty(); bytes.remove_prefix(std::min(piece, bytes.size()))) {
+    Md5Update(context, bytes.substr(0, piece));
+  }
   return HexOfBytes(Md5Final(context), false, true, false);
 }
 
@@ -19,9 +24,13 @@ TEST(Md5, Digests) {
       {std::string(1000000, 'a'), "7707d6ae4e027c70eea2a935c2296f21"},
       {std::string(55, 'q'), "c932e1b1a97de537d13e0dddd96da42b"},
       {std::string(56, 'q'), "266ea7b18061f04ebe140d63ce648567"},
-      {std::string(64, 'q'), "40bfc24c764552cb38083a62855664aa"}};
+      {std::string(63, 'q'), "7b7cb022759a9f373ef24bf92c05204f"},
+      {std::string(64, 'q'), "40bfc24c764552cb38083a62855664aa"},
+      {std::string(200, 'q'), "df02a36fd4a99febe469328b0fe2037f"}};
   for (const auto& [bytes, expected] : rows) {
-    EXPECT_EQ(DigestText(bytes), expected) << bytes.size();
+    for (const std::size_t piece : {1, 55, 63, 64, 65, 1000000}) {
+      EXPECT_EQ(DigestText(bytes, piece), expected) << bytes.size() << " by " << piece;
+    }
   }
 }
 
@@ -29,6 +38,7 @@ TEST(HexOfBytes, Options) {
   const std::array<uint8_t, 2> bytes = {0x0a, 0xbc};
   EXPECT_EQ(HexOfBytes(bytes, true, false, false), "0A BC");
   EXPECT_EQ(HexOfBytes(bytes, false, true, true), "a0cb");
+  EXPECT_EQ(HexOfBytes(std::array<uint8_t, 2>{0x90, 0xfe}, true, false, false), "90 FE");
 }
 
 }  // namespace

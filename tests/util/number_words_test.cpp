@@ -2,18 +2,37 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+
 namespace quorvel {
 namespace {
 
 TEST(NumberWords, InWords) {
-  const std::pair<std::int64_t, const char*> rows[] = {
-      {0, "zero"},
-      {21, "twenty-one"},
-      {2340, "two thousand three hundred forty"},
-      {12000013, "twelve million thirteen"},
-      {1200000000040, "one thousand two hundred billion forty"}};
-  for (const auto& [number, expected] : rows) EXPECT_EQ(NumberInWords(number), expected);
-  EXPECT_EQ(CountInWords(42, "One word", " words"), "Forty-two words");
+  const std::pair<std::string, const char*> rows[] = {
+      {NumberInWords(0) + " " + NumberInWords(19), "zero nineteen"},
+      {NumberInWords(20) + " " + NumberInWords(21), "twenty twenty-one"},
+      {NumberInWords(99) + " " + NumberInWords(100), "ninety-nine one hundred"},
+      {NumberInWords(2340), "two thousand three hundred forty"},
+      {NumberInWords(1000) + " " + NumberInWords(1000000), "one thousand one million"},
+      {NumberInWords(12000013), "twelve million thirteen"},
+      {NumberInWords(1200000000040), "one thousand two hundred billion forty"},
+      {CountInWords(42, "One word", " words"), "Forty-two words"},
+      {CountInWords(1, "One word", " words"), "One word"}};
+  for (const auto& [found, expected] : rows) EXPECT_EQ(found, expected);
+}
+
+TEST(NumberWords, OfCardinals) {
+  const std::vector<std::u16string> words = CardinalWords();
+  std::set<std::string> expected = {"hundred", "Hundred", "thousand", "Thousand",
+                                    "million", "Million", "billion",  "Billion"};
+  for (std::int64_t number = 0; number < 100; ++number) {
+    expected.insert(NumberInWords(number));
+    expected.insert(CountInWords(static_cast<std::size_t>(number), "One", ""));
+  }
+  std::vector<std::string> found;
+  for (const std::u16string& word : words) found.emplace_back(word.begin(), word.end());
+  EXPECT_TRUE(std::ranges::equal(found, expected)) << testing::PrintToString(found);
 }
 
 }  // namespace

@@ -1,0 +1,91 @@
+#include "engine/table_fit.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+#include "support/made_texts.h"
+#include "support/scanned_text.h"
+
+namespace quorvel {
+namespace {
+
+using Text = std::u16string;
+
+// One place of one word is changed, or the word: that fits only where a scan finds it so.
+TEST(TableFit, IsWhatAScanWouldGive) {
+  const std::vector<std::vector<Text>> alphabets = {
+      {u"cats ", u"dog-", u"-", u"'s ", u"bed", u". ", u"été ", u"9"},
+      {u"harbour ", u"harbours ", u"Harbour", u"-", u" / ", u"TV-s ", u"1990", u"1990s ",
+       u"\u00a0"},
+      {u"abc", u"abd ", u"bcd", u" ", u"mix ", u"aaa ", u"of ", u"abcdefghijklmnop"}};
+  std::mt19937 random(7);
+  for (int round = 0; round < 2000; ++round) {
+    const auto document = DocumentOf(RandomText(alphabets[random() % 3], 16, random));
+    SilentProgress nobody;
+    WordTable table = *ScanWords(document, nullptr, nobody).table;
+    const IncludeFlags include(table.entries.size(), true);
+    EXPECT_TRUE(TableFitsText(table, include, document->documentText));
+    if (table.entries.empty()) continue;
+    std::map<Text, std::vector<std::int32_t>> places;
+    for (const WordEntry& entry : table.entries) places[entry.word] = entry.positions;
+    WordEntry& entry = table.entries[random() % table.entries.size()];
+    switch (random() % 4) {
+      case 0:
+        entry.word[random() % entry.word.size()] ^= 1;
+        break;
+      case 1:
+        entry.word.pop_back();
+        break;
+      case 2:
+        entry.word += u"s-e"[random() % 3];
+        break;
+      default:
+        entry.positions.back() += static_cast<std::int32_t>(random() % 5) + 1;
+        break;
+    }
+    ASSERT_EQ(TableFitsText(table, include, document->documentText),
+              std::ranges::includes(places[entry.word], entry.positions))
+        << round << testing::PrintToString(document->documentText);
+  }
+}
+
+// Of a word that is not listed only the first and the last place are looked at.
+TEST(TableFit, LooksForWhatAScanNeverGives) {
+  const struct {
+    const char* name;
+    Text text;
+    Text word;
+    std::vector<std::int32_t> places;
+    bool fits = false;
+    bool listed = true;
+  } rows[] = {
+      {"two letters", u"of so.", u"of", {1}},
+      {"no letter", u"the 1990 ..", u"1990", {5}},
+      {"one that lost its plural", u"the 1990s .", u"1990", {6}, true},
+      {"a Roman numeral", u"the mix", u"mix", {6}},
+      {"more than a word", u"the sea.", u"the sea", {1}},
+      {"one of many places", u"sea sea seA sea.", u"sea", {1, 5, 9, 13}},
+      {"one of many places, not listed", u"sea sea seA sea.", u"sea", {1, 5, 9, 13}, true, false},
+      {"the first, not listed", u"seA sea sea sea.", u"sea", {1, 5, 13}, false, false},
+      {"the last, not listed", u"sea sea sea seA.", u"sea", {1, 5, 13}, false, false},
+      {"part of a word", u"undersea.", u"sea", {6}},
+      {"at the end", u"the sea", u"sea", {6}, true},
+      {"at the end, but its place", u"the sea", u"sea", {5}},
+      {"behind the end", u"the sea", u"sea", {8}},
+      {"far behind the end", u"the sea", u"sea", {1000000}},
+      {"a word behind it", u"sea the", u"sea", {1}}};
+  for (const auto& [name, text, word, places, fits, listed] : rows) {
+    WordTable table = MadeTable({{word, places}});
+    table.positionWidth = PositionWidth(text.size());
+    EXPECT_EQ(TableFitsText(table, {listed}, text), fits) << name;
+    table.positionWidth += 1;
+    EXPECT_FALSE(TableFitsText(table, {listed}, text)) << name << ", other width";
+  }
+  EXPECT_TRUE(TableFitsText(WordTable(), {}, u"of a."));
+  EXPECT_FALSE(TableFitsText(WordTable(), {}, u"the."));
+}
+
+}  // namespace
+}  // namespace quorvel
