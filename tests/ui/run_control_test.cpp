@@ -1,0 +1,118 @@
+#include "ui/run_control.h"
+
+#include <filesystem>
+
+#include "support/made_texts.h"
+#include "support/memory_limit.h"
+#include "ui/window_test.h"
+
+namespace quorvel {
+namespace {
+
+class Runs : public WindowTest {
+ protected:
+  static Box HasNoMemory(const std::string& path) {
+    return Tells("Quorvel", "There is not enough memory for\n" + path + ".");
+  }
+
+  // All that is to be used or read.
+  const Names CONTROLS = {"optCreate",    "txbFile_0",      "cmdFile_0",    "chkUTF8_0",
+                          "cboWordOrder", "chkFrequencies", "cmdQuit",      "cmdSetParameters",
+                          "cmdListWords", "cmdClosePanel",  "txbOutput",    "lblNumberOfWords",
+                          "txbFile_3",    "cboContextSize", "SettingsPanel"};
+};
+
+TEST_F(Runs, AndListingsEndWhereTheUserStopsThem) {
+  OpenText("a.txt", LongText(24));
+  StopWhen([this] { return IsAmid(SCANNING); });
+  Press(Qt::Key_F5);
+  EXPECT_TRUE(acted_ && Text("txbOutput").ends_with(" words found.\n"));
+  EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
+  EXPECT_EQ(Text("cmdListWords"), "List words");
+  const std::pair<const char*, std::function<void()>> listings[] = {
+      {"first", [this] { List(); }},
+      {"again", [this] { Choose("cboContextSize", " 9", {WritesConcordance()}); }},
+  };
+  for (const auto& [name, list] : listings) {
+    SCOPED_TRACE(name);
+    phases_.clear();
+    StopWhen([this] { return IsAmid(LISTING); });
+    list();
+    EXPECT_TRUE(acted_ && Text("txbOutput").ends_with("\nListing stopped.\n"));
+    EXPECT_TRUE(Text("lblListingShown").starts_with("The first 65,000 of "));
+    const std::string size = std::to_string(folder_.Read("a.qvl.conc.txt").size());
+    EXPECT_EQ(Text("lblConcordanceFileSize").find(size.substr(0, 1)), 22U);
+  }
+}
+
+TEST_F(Runs, LeaveOnlyTheStopButtonLive) {
+  OpenText("a.txt", LongText(24));
+  Choose("cboContextSize", " 0");
+  Click("cmdSetParameters");
+  const std::string before = Which("enabled", CONTROLS);
+  std::string live;
+  Box question = ReallyStop("Enter");
+  question.answer = [this, &live, answer = question.answer](QWidget& box) {
+    live = Which("enabled", CONTROLS) + Text("cmdListWords");
+    answer(box);
+  };
+  Meanwhile([this] { return IsAmid(SCANNING); },
+            [&] {
+              Press(Qt::Key_F5);
+              Press(Qt::CTRL | Qt::Key_O);
+              Drop(folder_.Path("a.txt"));
+              Click("cmdListWords", {question});
+              CloseWindow({ReallyStop("No")});
+              EXPECT_TRUE(window_->isVisible());
+            });
+  List();
+  EXPECT_TRUE(acted_);
+  EXPECT_EQ(live, "cmdListWords txbOutput lblNumberOfWords Stop");
+  EXPECT_EQ(Which("enabled", CONTROLS), before);
+  ExpectSoon([this] { return Control("cmdListWords").hasFocus(); });
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_TRUE(Control("cmdViewFile").isEnabled());
+}
+
+TEST_F(Runs, EndBeforeTheWindowCloses) {
+  OpenText("a.txt", LongText(24));
+  Click("chkSaveStateOnQuit");
+  Meanwhile([this] { return IsAmid(SCANNING); }, [this] { CloseWindow({ReallyStop("Yes")}); });
+  Click("cmdListWords", {PopsUp("Settings saved")});
+  EXPECT_TRUE(acted_);
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_NE(folder_.Read("config/Quorvel/qvl.usr"), "");
+  EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
+}
+
+TEST_F(Runs, GoOnWithTheNextFileWhenOneIsTooLarge) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
+  // Megabytes for Qt's own boxes, and a file of zeros that is larger but takes no place on the
+  // disk.
+  constexpr std::uint64_t LEFT = 80;
+  const std::string large = folder_.Write("large.txt", "");
+  std::filesystem::resize_file(large, std::uintmax_t{400} << 20U);
+  OpenText("a.txt");
+  {
+    const MemoryLimit limit(LEFT);
+    Drop(large, {HasNoMemory(large)});
+    EXPECT_EQ(Text("txbOutput") + Counts(), "");
+    Drop(folder_.Write("b.txt", HARBOUR));
+  }
+  Search();
+  {
+    const MemoryLimit limit(LEFT);
+    Type("txbFile_2", large, {HasNoMemory(large)});
+  }
+  Click("optCreate");
+  Click("cmdSetParameters");
+  Type("txbStopWordsFile", large);
+  {
+    const MemoryLimit limit(LEFT);
+    Click("cmdListStopWords", {HasNoMemory(large)});
+    Click("cmdListWords", {HasNoMemory(large)});
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
