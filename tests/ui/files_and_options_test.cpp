@@ -1,11 +1,8 @@
 #include "ui/files_and_options.h"
 
-#include <QFileDialog>
-#include <QLabel>
 #include <QTest>
 #include <utility>
 
-#include "support/made_texts.h"
 #include "ui/window_test.h"
 
 namespace quorvel {
@@ -13,17 +10,8 @@ namespace {
 
 class FilesAndOptionsTest : public WindowTest {
  protected:
-  static Box RefusesKeyword() {
-    return Tells("Invalid input",
-                 "The extra keywords textbox contains an inadmissable character: %");
-  }
-
   static Box NotFound(const std::string& path) {
     return Tells("Fatal error", "File " + path + " not found.", Icon::information);
-  }
-
-  static Box IsDisabled() {
-    return Tells("Quorvel", "Output to file is disabled.", Icon::information);
   }
 
   // Types into a text box, and stays in it.
@@ -38,10 +26,9 @@ class FilesAndOptionsTest : public WindowTest {
   }
 
   // Does what ends with the keys at the List button.
-  void ExpectFocusAfter(const char* name, const std::function<void()>& act) {
+  void ExpectFocusAfter(const std::function<void()>& act) {
     Control("txbOutput").setFocus();
     act();
-    SCOPED_TRACE(name);
     ExpectSoon([this] { return Control("cmdListWords").hasFocus(); });
   }
 };
@@ -53,26 +40,25 @@ using Keywords = FilesAndOptionsTest;
 TEST_F(Files, AreChosenInDialogs) {
   const std::string input = folder_.Write("a.txt", HARBOUR);
   const std::string output = folder_.Write("o.txt", "old");
+  const char* const title = "Specify concordance (output) file";
   Open();
   Click("cmdFile_3", {Tells("Quorvel", "An input file must be specified before a concordance file.",
                             Icon::information)});
   Click("cmdFile_0", {AsksForFile("Specify input file", "")});
   EXPECT_EQ(Text("txbFile_0"), "");
-  ExpectFocusAfter("input", [&] {
+  ExpectFocusAfter([&] {
     Click("cmdFile_0", {AsksForFile("Specify input file", input), LoadsStopWords()});
   });
   EXPECT_EQ(std::exchange(phases_, ""), "Checking file, ");
-  EXPECT_EQ(Text("txbFile_0"), input);
-  EXPECT_EQ(Text("txbFile_3"), folder_.Path("a.qvl.conc.txt"));
-  EXPECT_EQ(Text("lblInputFileSize") + Text("lblConcordanceFileSize"), "Input filesize: 66 bytes");
-  const char* const title = "Specify concordance (output) file";
+  EXPECT_EQ(Texts({"txbFile_0", "txbFile_3", "lblInputFileSize", "lblConcordanceFileSize"}),
+            input + folder_.Path("a.qvl.conc.txt") + "Input filesize: 66 bytes");
   Click("cmdFile_3", {{title, [](QWidget& dialog) {
                          const auto* name = dialog.findChild<QWidget*>("fileNameEdit");
                          EXPECT_EQ(name->property("text").toString(), "a.qvl.conc.txt");
                          dialog.close();
                        }}});
-  ExpectFocusAfter("output", [&] { Click("cmdFile_3", {AsksForFile(title, output)}); });
-  EXPECT_EQ(Text("txbFile_3") + Text("lblConcordanceFileSize"),
+  ExpectFocusAfter([&] { Click("cmdFile_3", {AsksForFile(title, output)}); });
+  EXPECT_EQ(Texts({"txbFile_3", "lblConcordanceFileSize"}),
             output + "Concordance filesize: 3 bytes");
   EXPECT_TRUE(Control("cmdViewFile").isEnabled());
   List();
@@ -80,11 +66,10 @@ TEST_F(Files, AreChosenInDialogs) {
             "Reading file, Compacting spaces, Processing file, Sorting, Applying filters, "
             "Counting words, Ordering by frequency, Creating concordance, ");
   ExpectListed();
-  EXPECT_EQ(Counts(), "Number of words: 3Number of occurrences: 6Number of keywords found: 7");
-  EXPECT_EQ(Text("lblTimeElapsed") + Text("lblTotalNumOccurrences") + Text("lblTwirler"), " ");
-  EXPECT_NE(folder_.Read("o.txt"), "old");
+  EXPECT_EQ(Counts() + Texts({"lblTimeElapsed", "lblTotalNumOccurrences", "lblTwirler"}),
+            "Number of words: 3Number of occurrences: 6Number of keywords found: 7 ");
   Click("cmdClearFile_3");
-  EXPECT_EQ(Text("txbFile_3") + Text("lblConcordanceFileSize"), "");
+  EXPECT_EQ(Texts({"txbFile_3", "lblConcordanceFileSize"}), "");
   EXPECT_FALSE(Control("cmdViewFile").isEnabled());
 }
 
@@ -95,8 +80,7 @@ TEST_F(Files, AreTakenAsTheyWereTypedBeforeTheNextAct) {
       {"F5", [this] { Press(Qt::Key_F5, {WritesConcordance()}); }},
       {"click", [this] { Click("cmdListWords", {WritesConcordance()}); }},
       {"option, which finds nothing to list again", [this] { Click("chkFrequencies"); }},
-      {"dialog",
-       [this] { Click("cmdFile_3", {AsksForFile("Specify concordance (output) file", "")}); }},
+      {"dialog", [this] { Click("cmdFile_0", {AsksForFile("Specify input file", "")}); }},
       {"settings", [this] { Click("cmdSetParameters"); }},
   };
   for (const auto& [name, act] : rows) {
@@ -106,8 +90,7 @@ TEST_F(Files, AreTakenAsTheyWereTypedBeforeTheNextAct) {
     const std::string listed = folder_.Read("a.qvl.conc.txt");
     TypeInto("txbFile_0", " " + other + " ");
     act();
-    EXPECT_EQ(Text("txbFile_0"), other);
-    EXPECT_EQ(Text("txbFile_3"), folder_.Path("b.qvl.conc.txt"));
+    EXPECT_EQ(Text("txbFile_0") + Text("txbFile_3"), other + folder_.Path("b.qvl.conc.txt"));
     EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), listed);
   }
 }
@@ -118,10 +101,11 @@ TEST_F(Files, AreTakenWhenTheMouseIsLetGo) {
   TypeInto("txbFile_0", folder_.Write("a.txt", HARBOUR));
   auto& button = dynamic_cast<QPushButton&>(Control("cmdListWords"));
   const QPoint place = button.mapTo(window_.get(), button.rect().center());
-  bool released = false;
-  const auto release = [this, place, &released] {
-    if (std::exchange(released, true)) return true;
-    QTest::mouseRelease(window_->windowHandle(), Qt::LeftButton, {}, place);
+  bool isDown = true;
+  const auto release = [this, place, &isDown] {
+    if (std::exchange(isDown, false)) {
+      QTest::mouseRelease(window_->windowHandle(), Qt::LeftButton, {}, place);
+    }
     return true;
   };
   Box box = LoadsStopWords();
@@ -138,86 +122,54 @@ TEST_F(Files, ThatAreRefusedLeaveNothing) {
   const std::string listing = folder_.Write("a.QVL.conc.txt", HARBOUR);
   const std::string missing = folder_.Path("missing.txt");
   const std::string good = OpenText("good.txt");
-  const std::string cleared = "Checking file ...\n";
+  const std::string checked = "Checking file ...\n";
+  const Box refused = Tells("Invalid input", "This is an QVL concordance file.");
   const struct {
     const char* name;
     std::function<void()> act;
     std::string left;  // the input, its size, the output
   } rows[] = {
-      {"listing",
-       [&] {
-         Type("txbFile_0", listing, {Tells("Invalid input", "This is an QVL concordance file.")});
-       },
-       ""},
-      {"missing", [&] { Type("txbFile_0", missing, {NotFound(missing)}); }, cleared},
-      {"another", [&] { Drop(folder_.Write("b.txt", "ship ahoy")); },
-       folder_.Path("b.txt") + "Input filesize: 9 bytes" + cleared},
-      {"the same", [&] { Type("txbFile_0", good); }, good + "Input filesize: 66 bytes" + cleared},
+      {"listing", [&] { Type("txbFile_0", listing, {refused}); }, ""},
+      {"missing", [&] { Type("txbFile_0", missing, {NotFound(missing)}); }, checked},
+      {"the same", [&] { Type("txbFile_0", good); }, good + "Input filesize: 66 bytes" + checked},
       {"none", [&] { Click("cmdClearFile_0"); }, ""},
       {"typed empty", [&] { Type("txbFile_0", ""); }, ""},
-      {"gone before a run",
-       [&] {
-         ASSERT_TRUE(std::filesystem::remove(good));
-         Click("cmdListWords", {NotFound(good)});
-       },
-       good},
+      {"gone", [&] { Click("cmdListWords", {NotFound(good)}); }, good},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     Drop(good);
     List();
+    if (row.left == good) std::filesystem::remove(good);
     row.act();
-    EXPECT_EQ(Text("txbFile_0") + Text("lblInputFileSize") + Text("txbOutput") + Counts(),
-              row.left);
+    EXPECT_EQ(Texts({"txbFile_0", "lblInputFileSize", "txbOutput"}) + Counts(), row.left);
   }
 }
 
 TEST_F(Files, ComeBackAfterClear) {
   const std::string input = OpenText("a.txt");
-  const std::string keywords = folder_.Write("k.txt", "ship\r\nold\r\n");
-  const auto bringBack = [this](const std::string& box, const BoxList& boxes) {
-    EXPECT_EQ(Text(box), "");
-    Click(box);
-    Press(Qt::CTRL | Qt::Key_Z);
-    Press(Qt::Key_Tab, boxes);
-  };
   Click("cmdClearFile_0");
-  EXPECT_EQ(Text("lblInputFileSize"), "");
-  bringBack("txbFile_0", {});
-  EXPECT_EQ(Text("txbFile_0") + Text("lblInputFileSize"), input + "Input filesize: 66 bytes");
-  Search();
-  Type("txbFile_2", keywords, {OffersKeywords("No")});
-  Click("cmdClearFile_2");
-  bringBack("txbFile_2", {OffersKeywords("No")});
-  EXPECT_EQ(Text("txbFile_2"), keywords);
-  Type("txbFile_2", "");
-  Type("txbExtraKeywords", "silent");
-  Click("cmdClearExtraKeywords");
-  EXPECT_FALSE(Control("cmdClearExtraKeywords").isEnabled());
-  Click("cmdListWords", {WantsKeywords()});
-  bringBack("txbExtraKeywords", {});
-  Click("cmdListWords");
-  ExpectListed("[silent 2");
+  EXPECT_EQ(Texts({"txbFile_0", "lblInputFileSize"}), "");
+  Click("txbFile_0");
+  Press(Qt::CTRL | Qt::Key_Z);
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(Texts({"txbFile_0", "lblInputFileSize"}), input + "Input filesize: 66 bytes");
 }
 
 TEST_F(Files, AskForTheEncodingWhereItsBoxWasChanged) {
   OpenText("a.txt", "\xEF\xBB\xBF\x63\x61\x66\xC3\xA9 one\r\n");
   Click("chkUTF8_0");
-  const auto asks = [](const char* button) {
-    return Asks("UTF-8 or ANSI file?",
-                "This file seems to be UTF-8 encoded.\n"
-                "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.",
-                "No", button, "Cancel,Yes,No");
-  };
-  Click("cmdListWords", {asks("Escape")});
-  EXPECT_EQ(Which("checked", {"chkUTF8_0"}) + Text("txbOutput"), "");
-  Click("cmdListWords", {asks("Yes"), WritesConcordance()});
+  const Box asks = Asks("UTF-8 or ANSI file?",
+                        "This file seems to be UTF-8 encoded.\n"
+                        "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.",
+                        "No", "Yes", "Cancel,Yes,No");
+  Click("cmdListWords", {asks, WritesConcordance()});
   EXPECT_EQ(Which("checked", {"chkUTF8_0"}), "chkUTF8_0 ");
 }
 
 TEST_F(Files, OfAnIndexAreWrittenAndOffered) {
   const std::string input = OpenText("a.txt");
-  EXPECT_EQ(Text("lblIndexFile") + Text("lblIndexFileSize"), "Index file:");
+  EXPECT_EQ(Texts({"lblIndexFile", "lblIndexFileSize"}), "Index file:");
   Click("chkCreateIndexFile");
   List();
   const std::string index = folder_.Read("a.qvl.ndx");
@@ -225,7 +177,6 @@ TEST_F(Files, OfAnIndexAreWrittenAndOffered) {
   EXPECT_EQ(Control("lblIndexFile").toolTip().toStdString(), Text("lblIndexFile"));
   EXPECT_EQ(Text("lblIndexFileSize"), "Index filesize: " + std::to_string(index.size()) + " bytes");
   for (const char* button : {"Yes", "No"}) {
-    SCOPED_TRACE(button);
     Type("txbFile_0", input, {OffersIndex(index, button)}, Qt::Key_Return);
     phases_.clear();
     List();
@@ -237,19 +188,13 @@ TEST_F(Files, OfAnIndexAreWrittenAndOffered) {
 // The input is gone meanwhile, so what is listed can only come from memory.
 TEST_F(Options, ListAgainWithoutReadingTheInput) {
   const BoxList written = {WritesConcordance()};
-  const struct {
-    const char* name;
-    std::function<void()> change;
-    const char* part;
-  } rows[] = {
-      {"order", [&] { Choose("cboWordOrder", "by frequency", written); }, "[harbour 2]\n...  old"},
-      {"line breaks", [&] { Click("chkShowLineBreaks", written); }, "now. / The «old» harbour"},
-      {"size", [&] { Choose("cboContextSize", " 1", written); },
-       "[harbour 2]\n... old «harbour» was (x2)\n\n[old 2]\n"},
-      {"frequencies", [&] { Click("chkFrequencies", written); },
-       "[harbour]\n... old «harbour» was\n\n[old]\n"},
-      {"order again", [&] { Choose("cboWordOrder", "alphabetical", written); }, "[harbour]\n..."},
-      {"no context", [&] { Choose("cboContextSize", " 0", written); }, "harbour\nold\nsilent\n"},
+  const std::pair<std::function<void()>, const char*> rows[] = {
+      {[&] { Choose("cboWordOrder", "by frequency", written); }, "[harbour 2]\n...  old"},
+      {[&] { Click("chkShowLineBreaks", written); }, "now. / The «old» harbour"},
+      {[&] { Choose("cboContextSize", " 1", written); }, "«harbour» was (x2)\n\n[old 2]\n"},
+      {[&] { Click("chkFrequencies", written); }, "[harbour]\n... old «harbour» was\n\n[old]\n"},
+      {[&] { Choose("cboWordOrder", "alphabetical", written); }, "[harbour]\n..."},
+      {[&] { Choose("cboContextSize", " 0", written); }, "harbour\nold\nsilent\n"},
   };
   const std::string input = OpenText("a.txt");
   Click("chkFrequencies");  // before a run there is nothing to list
@@ -257,11 +202,11 @@ TEST_F(Options, ListAgainWithoutReadingTheInput) {
   EXPECT_EQ(Text("txbOutput"), "");
   List();
   ASSERT_TRUE(std::filesystem::remove(input));
-  for (const auto& row : rows) {
+  for (const auto& [change, part] : rows) {
     phases_.clear();
-    ExpectFocusAfter(row.name, row.change);
-    EXPECT_NE(Text("txbOutput").find(row.part), std::string::npos) << row.name;
-    EXPECT_EQ(phases_, "Creating concordance, ") << row.name;
+    ExpectFocusAfter(change);
+    EXPECT_NE(Text("txbOutput").find(part), std::string::npos) << part;
+    EXPECT_EQ(phases_, "Creating concordance, ") << part;
   }
   // In the other mode the words are others.
   Search();
@@ -270,69 +215,74 @@ TEST_F(Options, ListAgainWithoutReadingTheInput) {
 }
 
 TEST_F(Options, AllowLineBreaksWhereTheInputHasThem) {
-  const struct {
-    const char* name;
-    const char* size;
-    bool allowed;
-  } rows[] = {{"a.txt", " 0", false},
-              {"a.txt", " 1", true},
-              {"a.HTML", " 1", false},
-              {"a.xml", " 1", false}};
   OpenText("first.txt");
-  for (const auto& [name, size, allowed] : rows) {
+  std::filesystem::copy_file(QUORVEL_TEST_DATA "/docx/harbour_log.docx", folder_.Path("a.docx"));
+  for (const char* name : {"a.txt", "a.HTML", "a.xml"}) {
     Drop(folder_.Write(name, "<p>ship ahoy</p>\r\n"));
-    Choose("cboContextSize", size);
-    EXPECT_EQ(Control("chkShowLineBreaks").isEnabled(), allowed) << name << size;
+    EXPECT_EQ(Control("chkShowLineBreaks").isEnabled(), name == std::string("a.txt")) << name;
   }
-  const std::string document = folder_.Path("a.docx");
-  std::filesystem::copy_file(QUORVEL_TEST_DATA "/docx/harbour_log.docx", document);
-  Drop(document, {LoadsStopWords(LANGUAGES.back())});
+  Drop(folder_.Path("a.docx"), {LoadsStopWords(LANGUAGES.back())});
   EXPECT_FALSE(Control("chkShowLineBreaks").isEnabled());
+  Drop(folder_.Path("a.txt"), {LoadsStopWords()});
+  for (const char* size : {" 0", " 1"}) {
+    Choose("cboContextSize", size);
+    EXPECT_EQ(Control("chkShowLineBreaks").isEnabled(), size == std::string(" 1"));
+  }
 }
 
 TEST_F(Options, OfTheOutputAreFollowed) {
   const std::string input = OpenText("a.txt");
-  const std::string output = folder_.Path("a.qvl.conc.txt");
   Click("chkDisable");
   EXPECT_EQ(Text("cmdListWords"), "List words (no file)");
-  Click("cmdListWords", {IsDisabled()});
+  Click("cmdListWords", {Tells("Quorvel", "Output to file is disabled.", Icon::information)});
   ExpectListed();
   EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
   Drop(input);
   EXPECT_EQ(Which("checked", {"chkDisable"}), "");
-  (void)folder_.Write("a.qvl.conc.txt", "old");
+  const std::string output = folder_.Write("a.qvl.conc.txt", "old");
   for (const char* box : {"chkWarnOnOverwrite", "chkSaveStateOnQuit", "chkCreateIndexFile"}) {
-    ExpectFocusAfter(box, [&] { Click(box); });
+    ExpectFocusAfter([&] { Click(box); });
   }
-  Click("cmdListWords",
-        {Asks("File exists",
-              "A concordance file \n" + output + "\nalready exists.  Do you wish to overwrite it?",
-              "Yes", "No")});
+  const std::string question =
+      "A concordance file \n" + output + "\nalready exists.  Do you wish to overwrite it?";
+  Click("cmdListWords", {Asks("File exists", question, "Yes", "No")});
   EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "old");
 }
 
 TEST_F(Options, AreThoseOfTheMode) {
-  const Names names = {"txbFile_1",          "cmdFile_1",        "cmdClearFile_1",
-                       "txbFile_2",          "cmdFile_2",        "cmdClearFile_2",
-                       "txbFile_3",          "cmdFile_3",        "cmdClearFile_3",
-                       "lblExtraKeywords",   "chkDisable",       "cmdClearExtraKeywords",
-                       "chkCreateIndexFile", "txbExtraKeywords", "txbFile_0"};
+  const Names names = {"txbFile_0",
+                       "cmdFile_1",
+                       "cmdClearFile_1",
+                       "txbFile_1",
+                       "cmdFile_2",
+                       "cmdClearFile_2",
+                       "txbFile_2",
+                       "cmdFile_3",
+                       "cmdClearFile_3",
+                       "txbFile_3",
+                       "lblExtraKeywords",
+                       "txbExtraKeywords",
+                       "cmdClearExtraKeywords",
+                       "chkDisable",
+                       "chkCreateIndexFile"};
   const std::string create =
-      "txbFile_3 cmdFile_3 cmdClearFile_3 chkDisable chkCreateIndexFile txbFile_0 ";
+      "txbFile_0 cmdFile_3 cmdClearFile_3 txbFile_3 chkDisable chkCreateIndexFile ";
   Open();
-  EXPECT_EQ(Which("enabled", names), create);
   Click("optSearch", {Tells("Quorvel", "Input file not specified.")});
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optCreate ");
   OpenText("a.txt");
+  EXPECT_EQ(Which("enabled", names), create);
   Search();
   EXPECT_EQ(Text("cmdListWords"), "Search");
   EXPECT_TRUE(Shown("lblSearchResultsFileSize"));
   EXPECT_EQ(Which("enabled", names),
-            "txbFile_1 cmdFile_1 cmdClearFile_1 txbFile_2 cmdFile_2 cmdClearFile_2 "
-            "lblExtraKeywords txbExtraKeywords txbFile_0 ");
+            "txbFile_0 cmdFile_1 cmdClearFile_1 txbFile_1 cmdFile_2 cmdClearFile_2 txbFile_2 "
+            "lblExtraKeywords txbExtraKeywords ");
   Type("txbExtraKeywords", " Harbour's  SHIP ");
   EXPECT_EQ(Text("txbExtraKeywords"), "harbour  ship");
-  EXPECT_TRUE(Control("cmdClearExtraKeywords").isEnabled());
+  Click("cmdClearExtraKeywords");
+  EXPECT_FALSE(Control("cmdClearExtraKeywords").isEnabled());
+  Click("cmdListWords", {WantsKeywords()});
   Click("optCreate");
   EXPECT_EQ(Text("cmdListWords"), "List words");
   EXPECT_FALSE(Shown("lblSearchResultsFileSize"));
@@ -342,30 +292,27 @@ TEST_F(Options, AreThoseOfTheMode) {
 TEST_F(Keywords, AreReadFromAFile) {
   const std::string two = folder_.Write("two.txt", "silent colou?r\r\n/* no */\r\nHarbours\r\n");
   const std::string missing = folder_.Path("missing.txt");
+  const std::string loaded = "Two keywords loaded from " + two + "\n\n";
   OpenText("a.txt");
   Search();
-  ExpectFocusAfter("keywords", [&] {
+  ExpectFocusAfter([&] {
     Click("cmdFile_2", {AsksForFile("Specify keywords file", two), OffersKeywords("Yes")});
   });
-  const std::string loaded = "Two keywords loaded from " + two + "\n\n";
-  EXPECT_EQ(Text("txbOutput"), loaded + " harbour silent");
-  EXPECT_EQ(Text("lblNumberOfWords"), "Two keywords");
+  EXPECT_EQ(Texts({"txbOutput", "lblNumberOfWords"}), loaded + " harbour silentTwo keywords");
   Click("optCreate");
   Click("optSearch", {OffersKeywords("Escape")});
   EXPECT_EQ(Text("txbOutput"), loaded);
   Click("cmdListWords");
-  ExpectListed("[harbour 2]");
   Click("cmdClearFile_2");
   ExpectListed("[harbour 2]");
   Click("cmdListWords", {WantsKeywords()});
   Type("txbFile_2", two, {OffersKeywords("No")});
   Click("cmdClearFile_2");
-  EXPECT_EQ(Text("txbFile_2") + Text("txbOutput"), "");
+  EXPECT_EQ(Texts({"txbFile_2", "txbOutput"}), "");
   Type("txbFile_2", two, {OffersKeywords("No")});
   Type("txbFile_2", missing, {Tells("Search words", "Keywords file not found:\n" + missing)});
   EXPECT_EQ(Text("txbFile_2"), "");
   Click("cmdListWords", {WantsKeywords()});
-  Click("optCreate");
 }
 
 TEST_F(Keywords, AreSoughtAndTheResultsWritten) {
@@ -373,19 +320,18 @@ TEST_F(Keywords, AreSoughtAndTheResultsWritten) {
   Search();
   const std::string results = folder_.Path("found.txt");
   Click("cmdFile_1", {AsksForFile("Specify output file", results)});
-  EXPECT_EQ(Which("enabled", {"cmdViewFile"}), "");
+  EXPECT_FALSE(Control("cmdViewFile").isEnabled());
   Type("txbExtraKeywords", "old s*+now", {}, Qt::Key_Return);
   Click("cmdListWords");
   EXPECT_TRUE(Text("txbOutput").ends_with("\n\n[silent 2]\n"));
-  EXPECT_EQ(Text("lblNumberOfWords") + Text("lblKeywordsFound"), "Number of words: 2");
-  EXPECT_EQ(
-      Text("lblSearchResultsFileSize"),
-      "Search results filesize: " + std::to_string(folder_.Read("found.txt").size()) + " bytes");
-  EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
+  EXPECT_EQ(Texts({"lblNumberOfWords", "lblKeywordsFound", "lblSearchResultsFileSize"}),
+            "Number of words: 2Search results filesize: " +
+                std::to_string(folder_.Read("found.txt").size()) + " bytes");
   Click("chkWarnOnOverwrite");
-  const std::string question =
-      "A search results file \n" + results + "\nalready exists.  Do you wish to overwrite it?";
-  Box asks = Asks("File exists", question, "Yes", "No");
+  Box asks =
+      Asks("File exists",
+           "A search results file \n" + results + "\nalready exists.  Do you wish to overwrite it?",
+           "Yes", "No");
   asks.answer = [this, answer = asks.answer](QWidget& box) {
     EXPECT_EQ(Text("lblSearchResultsFileSize"), "");
     answer(box);
@@ -397,26 +343,23 @@ TEST_F(Keywords, AreSoughtAndTheResultsWritten) {
 }
 
 TEST_F(Keywords, ThatAreTypedWithAFaultAreToldOnce) {
+  const Box refused =
+      Tells("Invalid input", "The extra keywords textbox contains an inadmissable character: %");
   OpenText("a.txt");
   Search();
-  const std::pair<const char*, std::function<void()>> rows[] = {
-      {"click", [this] { Click("cmdListWords", {RefusesKeyword()}); }},
-      {"F5", [this] { Press(Qt::Key_F5, {RefusesKeyword()}); }},
-      {"Alt+S", [this] { Press(Qt::ALT | Qt::Key_S, {RefusesKeyword()}); }},
-  };
-  for (const auto& [name, list] : rows) {
-    SCOPED_TRACE(name);
+  for (const QKeyCombination key : {QKeyCombination(Qt::Key_F5), Qt::ALT | Qt::Key_S}) {
     TypeInto("txbExtraKeywords", "a%");
-    list();
+    Press(key, {refused});
     // What stays there is told by every run that it keeps from beginning.
-    Click("cmdListWords", {RefusesKeyword()});
-    EXPECT_EQ(Text("txbExtraKeywords") + Text("txbOutput"), "a%");
+    Click("cmdListWords", {refused});
+    EXPECT_EQ(Texts({"txbExtraKeywords", "txbOutput"}), "a%");
   }
-  Type("txbExtraKeywords", "OLD%", {RefusesKeyword()}, Qt::Key_Return);
-  EXPECT_EQ(Text("txbExtraKeywords"), "old%");
-  ExpectSoon([this] { return Control("txbExtraKeywords").hasFocus(); });
-  Press(Qt::Key_Enter, {RefusesKeyword()});
-  ExpectSoon([this] { return Control("txbExtraKeywords").hasFocus(); });
+  Type("txbExtraKeywords", "OLD%", {refused}, Qt::Key_Return);
+  for (int times = 0; times < 2; ++times) {
+    EXPECT_EQ(Text("txbExtraKeywords"), "old%");
+    ExpectSoon([this] { return Control("txbExtraKeywords").hasFocus(); });
+    if (times == 0) Press(Qt::Key_Enter, {refused});
+  }
   Press(Qt::Key_Backspace);
   Press(Qt::Key_Enter);
   ExpectSoon([this] { return Control("cmdListWords").hasFocus(); });
