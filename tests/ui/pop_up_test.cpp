@@ -136,27 +136,28 @@ TEST_F(PopUps, StandWhereTheyAreWantedButOnTheScreen) {
   const QSize screen = window_->screen()->availableSize();
   const QPoint corner(screen.width() - SIZE.width(), screen.height() - SIZE.height());
   const PopUpMessage done = {"Done", SIZE, MINUTE_MS};
-  const auto inForm = [&](QPoint place) {
-    return [&, place] { PopUpInForm(*window_, done, window_->mapFromGlobal(place)); };
+  const auto at = [&](QPoint place) {
+    return [&done, place](QWidget& owner) { PopUpInForm(owner, done, owner.mapFromGlobal(place)); };
   };
   const struct {
     const char* name;
-    std::function<void()> show;
+    std::function<void(QWidget&)> show;
     QPoint place;
   } rows[] = {
-      {"given", [&] { PopUp(*window_, done, QPoint(30, 40)); }, {30, 40}},
-      {"middle", [&] { PopUpCenterScreen(*window_, done); }, corner / 2},
-      {"in the window", inForm({31, 42}), {31, 42}},
-      {"before the edges", inForm({-5, -5}), {0, 0}},
-      {"behind the edges", inForm(corner + QPoint(1, 1)), corner},
+      {"given", [&](QWidget& owner) { PopUp(owner, done, QPoint(30, 40)); }, {30, 40}},
+      {"middle", [&](QWidget& owner) { PopUpCenterScreen(owner, done); }, corner / 2},
+      {"in the window", at({31, 42}), {31, 42}},
+      {"before the edges", at({-5, -5}), {0, 0}},
+      {"behind the edges", at(corner + QPoint(1, 1)), corner},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
+    QWidget owner;
     const auto answer = [&row](QWidget& box) {
       ExpectSoon([&] { return box.geometry() == QRect(row.place, SIZE); });
       QTest::keyClick(box.windowHandle(), Qt::Key_X);
     };
-    Do(row.name, {Says("Done", answer)}, row.show);
+    Do(row.name, {Says("Done", answer)}, [&] { row.show(owner); });
   }
 }
 
