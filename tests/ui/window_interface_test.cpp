@@ -195,7 +195,7 @@ TEST_F(Conversations, PopUpBelowTheFileWhenTheWorkIsDone) {
   interface_.BeginWork();
   interface_.PopUp("written");
   interface_.EndWork();
-  boxes_.During({box}, "later", [this] { interface_.ShowPendingPopUp(); });
+  boxes_.During({PopsUp("written")}, "later", [this] { interface_.ShowPendingPopUp(); });
   interface_.ShowPendingPopUp();  // it comes once
 }
 
