@@ -34,48 +34,18 @@ BETWEEN_LOOKS_S = 0.02
 HEARD = {
     "Quorvel": """
         radio button: Create KWIC concordance from input file
-        radio button: Search for one or more keywords
-        push button: Input file
         text: Path of the input file
         push button: Clear the input file
-        check box: UTF-8
-        push button: Concordance file
-        check box: Disable
-        check box: and index file (for current settings)
-        push button: Keywords file
-        text: Extra keywords:
-        push button: Clear the extra keywords
-        push button: Search results file
         combo box: Word order:
-        combo box: Context size:
         check box: Show frequencies
-        push button: List words
-        push button: View file
-        push button: Settings
-        text: Listing and progress
-        text: Find in the listing
-        push button: Close the find bar""",
+        text: Listing and progress""",
     "Quorvel settings": """
-        check box: hyphens -
-        check box: Ignore words with fewer than
         combo box: Fewest occurrences
-        text: Stop words file:
-        push button: List the stop words
-        text: Extra stop words:
-        push button: Save settings to file
-        push button: Close panel""",
-    "Stop words": """
-        combo box: Ignore stop words in which language?
-        push button: Load stop words file for this language
-        push button: Cancel""",
-    "Help for Quorvel": """
-        text: Text of the file
-        push button: Close""",
-    "About Quorvel": """
-        label: Qt, https://www.qt.io
-        push button: Close""",
-    "Stop words loaded": """
-        push button: OK""",
+        text: Stop words file:""",
+    "Stop words": "\ncombo box: Ignore stop words in which language?",
+    "Help for Quorvel": "\ntext: Text of the file",
+    "About Quorvel": "\nlabel: Qt, https://www.qt.io",
+    "Stop words loaded": "\npush button: OK",
 }
 
 

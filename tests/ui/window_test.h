@@ -56,8 +56,6 @@ class WindowTest : public testing::Test {
 
   // Whether a run is in a phase with a bar of its own, and that has got somewhere.
   [[nodiscard]] bool IsAmid(const char* phase) const;
-  // Whether a run has not come to its text yet; `phases_` is to be emptied before it.
-  [[nodiscard]] bool IsReading() const;
   void StopWhen(std::function<bool()> when);  // by keys, as Meanwhile does
 
   // The control of this name; throws when none is visible.
@@ -69,8 +67,6 @@ class WindowTest : public testing::Test {
   [[nodiscard]] std::string Texts(const Names& names) const;
   // Those among the names that are "enabled" or "checked", each with a blank behind it.
   [[nodiscard]] std::string Which(const char* property, const Names& names) const;
-  // What is said of a listing that is longer than the box, when this file holds it.
-  [[nodiscard]] std::string ShownOf(const std::string& name) const;
   static void ExpectSoon(const std::function<bool()>& condition);
 
   [[nodiscard]] static Box LoadsStopWords(const Language& language = LANGUAGES.front());
