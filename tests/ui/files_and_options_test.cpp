@@ -156,17 +156,6 @@ TEST_F(Files, ComeBackAfterClear) {
   EXPECT_EQ(Texts({"txbFile_0", "lblInputFileSize"}), input + "Input filesize: 66 bytes");
 }
 
-TEST_F(Files, AskForTheEncodingWhereItsBoxWasChanged) {
-  OpenText("a.txt", "\xEF\xBB\xBF\x63\x61\x66\xC3\xA9 one\r\n");
-  Click("chkUTF8_0");
-  const Box asks = Asks("UTF-8 or ANSI file?",
-                        "This file seems to be UTF-8 encoded.\n"
-                        "Click 'Yes' to scan it as UTF-8 encoded or 'No' to scan it as ANSI.",
-                        "No", "Yes", "Cancel,Yes,No");
-  Click("cmdListWords", {asks, WritesConcordance()});
-  EXPECT_EQ(Which("checked", {"chkUTF8_0"}), "chkUTF8_0 ");
-}
-
 TEST_F(Files, OfAnIndexAreWrittenAndOffered) {
   const std::string input = OpenText("a.txt");
   EXPECT_EQ(Texts({"lblIndexFile", "lblIndexFileSize"}), "Index file:");
@@ -176,13 +165,7 @@ TEST_F(Files, OfAnIndexAreWrittenAndOffered) {
   EXPECT_EQ(Text("lblIndexFile"), "Index file: " + folder_.Path("a.qvl.ndx"));
   EXPECT_EQ(Control("lblIndexFile").toolTip().toStdString(), Text("lblIndexFile"));
   EXPECT_EQ(Text("lblIndexFileSize"), "Index filesize: " + std::to_string(index.size()) + " bytes");
-  for (const char* button : {"Yes", "No"}) {
-    Type("txbFile_0", input, {OffersIndex(index, button)}, Qt::Key_Return);
-    phases_.clear();
-    List();
-    ExpectListed();
-    EXPECT_EQ(phases_.find("Sorting") == std::string::npos, button == std::string("Yes"));
-  }
+  Type("txbFile_0", input, {OffersIndex(index, "Yes")}, Qt::Key_Return);
 }
 
 // The input is gone meanwhile, so what is listed can only come from memory.

@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
-#include <set>
 
 #include "ui/window_test.h"
 #include "util/progress_bar.h"
@@ -24,27 +23,6 @@ class Window : public WindowTest {
     return dynamic_cast<const QPlainTextEdit&>(Control("txbOutput"));
   }
 
-  // Fails unless Tab leads to each control of a window that takes keys at all.
-  static void ExpectAllReached(QWidget& window) {
-    ExpectSoon([&window] { return HasTheKeys(window); });
-    std::set<std::string> wanted;
-    for (const QWidget* control : window.findChildren<QWidget*>()) {
-      // Arrow keys lead from one radio button to the other.
-      const bool isOther =
-          control->inherits("QRadioButton") && !control->property("checked").toBool();
-      if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->window() == &window &&
-          control->isVisible() && control->isEnabled() && !isOther) {
-        wanted.insert(control->objectName().toStdString());
-      }
-    }
-    std::set<std::string> reached;
-    for (int presses = 0; presses < 60; ++presses) {
-      QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
-      if (window.focusWidget()) reached.insert(window.focusWidget()->objectName().toStdString());
-    }
-    EXPECT_EQ(reached, wanted);
-  }
-
   [[nodiscard]] bool TakesDrag(const QMimeData& data) const {
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window_->windowHandle(), &enter);
@@ -52,7 +30,7 @@ class Window : public WindowTest {
   }
 };
 
-TEST_F(Window, HasAllInViewAndInReachOfTheKeys) {
+TEST_F(Window, HasAllInView) {
   const MainWindow fresh;
   EXPECT_EQ(fresh.size(), QSize(1000, 720));
   OpenText("a.txt");
@@ -62,11 +40,6 @@ TEST_F(Window, HasAllInViewAndInReachOfTheKeys) {
     EXPECT_EQ(control->visibleRegion().boundingRect(), control->rect())
         << control->objectName().toStdString();
   }
-  List();
-  Press(Qt::CTRL | Qt::Key_F);
-  ExpectAllReached(*window_);
-  Click("cmdSetParameters");
-  ExpectAllReached(Control("SettingsPanel"));
 }
 
 // A name of its own would hide from a screen reader what a label shows.
@@ -90,7 +63,7 @@ TEST_F(Window, HasLabelsThatTellWhatTheyShowAndKeepTheirSize) {
 
 TEST_F(Window, AnswersToItsKeys) {
   OpenText("a.txt");
-  EXPECT_TRUE(Control("cmdListWords").hasFocus());
+  ExpectSoon([this] { return Control("cmdListWords").hasFocus(); });
   Press(Qt::CTRL | Qt::Key_O, {AsksForFile("Specify input file", "")});
   for (const QKeyCombination keys : {QKeyCombination(Qt::Key_F5), Qt::CTRL | Qt::Key_Return,
                                      Qt::CTRL | Qt::Key_Enter, Qt::ALT | Qt::Key_S}) {

@@ -1,9 +1,6 @@
 #include "ui/run_control.h"
 
-#include <filesystem>
-
 #include "support/made_texts.h"
-#include "support/memory_limit.h"
 #include "ui/window_test.h"
 
 namespace quorvel {
@@ -11,10 +8,6 @@ namespace {
 
 class Runs : public WindowTest {
  protected:
-  static Box HasNoMemory(const std::string& path) {
-    return Tells("Quorvel", "There is not enough memory for\n" + path + ".");
-  }
-
   // All that is to be used or read.
   const Names CONTROLS = {"optCreate",    "txbFile_0",      "cmdFile_0",    "chkUTF8_0",
                           "cboWordOrder", "chkFrequencies", "cmdQuit",      "cmdSetParameters",
@@ -82,35 +75,6 @@ TEST_F(Runs, EndBeforeTheWindowCloses) {
   EXPECT_FALSE(window_->isVisible());
   EXPECT_NE(folder_.Read("config/Quorvel/qvl.usr"), "");
   EXPECT_EQ(folder_.Read("a.qvl.conc.txt"), "");
-}
-
-TEST_F(Runs, GoOnWithTheNextFileWhenOneIsTooLarge) {
-  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
-  // Megabytes for Qt's own boxes, and a file of zeros that is larger but takes no place on the
-  // disk.
-  constexpr std::uint64_t LEFT = 80;
-  const std::string large = folder_.Write("large.txt", "");
-  std::filesystem::resize_file(large, std::uintmax_t{400} << 20U);
-  OpenText("a.txt");
-  {
-    const MemoryLimit limit(LEFT);
-    Drop(large, {HasNoMemory(large)});
-    EXPECT_EQ(Text("txbOutput") + Counts(), "");
-    Drop(folder_.Write("b.txt", HARBOUR));
-  }
-  Search();
-  {
-    const MemoryLimit limit(LEFT);
-    Type("txbFile_2", large, {HasNoMemory(large)});
-  }
-  Click("optCreate");
-  Click("cmdSetParameters");
-  Type("txbStopWordsFile", large);
-  {
-    const MemoryLimit limit(LEFT);
-    Click("cmdListStopWords", {HasNoMemory(large)});
-    Click("cmdListWords", {HasNoMemory(large)});
-  }
 }
 
 }  // namespace
