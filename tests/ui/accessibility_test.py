@@ -3,9 +3,9 @@
 
     with_x_server.sh accessibility_test.py QUORVEL DOCUMENT
 
-Fails on a control that takes the keyboard but has nothing to be called by, on two in one
-window that are called the same, and on a caption that does not come through. All is done
-by the actions that the controls offer, never by the mouse. Runs in a session bus of its
+Fails on a control that takes the keyboard but has nothing to be called by, and on two in one
+window that are called the same. All is done by the actions that the controls offer, never by the
+mouse. Runs in a session bus of its
 own; needs Debian's Python, which alone has the bindings.
 """
 
@@ -29,25 +29,6 @@ PATIENCE_S = 20  # for each step; a build with sanitizers is slow to start
 WHOLE_LIMIT_S = 90
 CALL_LIMIT_MS = 5000
 BETWEEN_LOOKS_S = 0.02
-
-# What is heard in each window, by its title: at least these.
-HEARD = {
-    "Quorvel": """
-        radio button: Create KWIC concordance from input file
-        text: Path of the input file
-        push button: Clear the input file
-        combo box: Word order:
-        check box: Show frequencies
-        text: Listing and progress""",
-    "Quorvel settings": """
-        combo box: Fewest occurrences
-        text: Stop words file:""",
-    "Stop words": "\ncombo box: Ignore stop words in which language?",
-    "Help for Quorvel": "\ntext: Text of the file",
-    "About Quorvel": "\nlabel: Qt, https://www.qt.io",
-    "Stop words loaded": "\npush button: OK",
-}
-
 
 def children(accessible):
     found = (accessible.get_child_at_index(i) for i in range(accessible.get_child_count()))
@@ -151,9 +132,6 @@ class Program:
             elif f"{role}: {name}" in heard:
                 self.faults.append(f"{title}: two are called '{role}: {name}'")
             heard.append(f"{role}: {name}")
-        for line in HEARD[title].split("\n")[1:]:
-            if line.strip() not in heard:
-                self.faults.append(f"{title}: not heard: {line.strip()}")
         print(f"{title}: {len(heard)} controls")
 
     def visit(self, opener, button, title, close):

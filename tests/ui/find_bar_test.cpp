@@ -12,9 +12,9 @@
 namespace quorvel {
 namespace {
 
-class Finding : public testing::Test {
+class FindBars : public testing::Test {
  protected:
-  Finding() {
+  FindBars() {
     output_.setPlainText("Ship in harbour\nthe ship's harbour, SHIP aha-haha-ha");
     bar_.hide();
   }
@@ -44,7 +44,7 @@ class Finding : public testing::Test {
   FindBar find_{{&bar_, &text_, &count_, &output_}, &window_};
 };
 
-TEST_F(Finding, GoesFromPlaceToPlaceAndRoundTheEnds) {
+TEST_F(FindBars, GoesFromPlaceToPlaceAndRoundTheEnds) {
   const struct {
     const char* name;
     std::function<void()> act;
@@ -74,7 +74,7 @@ TEST_F(Finding, GoesFromPlaceToPlaceAndRoundTheEnds) {
   EXPECT_TRUE(bar_.isHidden());
 }
 
-TEST_F(Finding, OpensWithWhatIsSelected) {
+TEST_F(FindBars, OpensWithWhatIsSelected) {
   find_.FindAgain(false);  // there is nothing to find yet
   EXPECT_FALSE(bar_.isHidden());
   EXPECT_EQ(window_.focusWidget(), &text_);

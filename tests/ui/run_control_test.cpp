@@ -6,7 +6,7 @@
 namespace quorvel {
 namespace {
 
-class Runs : public WindowTest {
+class RunControls : public WindowTest {
  protected:
   // All that is to be used or read.
   const Names CONTROLS = {"optCreate",    "txbFile_0",      "cmdFile_0",    "chkUTF8_0",
@@ -15,7 +15,7 @@ class Runs : public WindowTest {
                           "txbFile_3",    "cboContextSize", "SettingsPanel"};
 };
 
-TEST_F(Runs, AndListingsEndWhereTheUserStopsThem) {
+TEST_F(RunControls, AndListingsEndWhereTheUserStopsThem) {
   OpenText("a.txt", LongText(24));
   StopWhen([this] { return IsAmid(SCANNING); });
   Press(Qt::Key_F5);
@@ -37,7 +37,7 @@ TEST_F(Runs, AndListingsEndWhereTheUserStopsThem) {
   }
 }
 
-TEST_F(Runs, LeaveOnlyTheStopButtonLive) {
+TEST_F(RunControls, LeaveOnlyTheStopButtonLive) {
   OpenText("a.txt", LongText(24));
   Choose("cboContextSize", " 0");
   Click("cmdSetParameters");
@@ -66,7 +66,7 @@ TEST_F(Runs, LeaveOnlyTheStopButtonLive) {
   EXPECT_TRUE(Control("cmdViewFile").isEnabled());
 }
 
-TEST_F(Runs, EndBeforeTheWindowCloses) {
+TEST_F(RunControls, EndBeforeTheWindowCloses) {
   OpenText("a.txt", LongText(24));
   Click("chkSaveStateOnQuit");
   Meanwhile([this] { return IsAmid(SCANNING); }, [this] { CloseWindow({ReallyStop("Yes")}); });

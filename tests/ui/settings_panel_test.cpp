@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-class Panel : public WindowTest {
+class SettingsPanels : public WindowTest {
  protected:
   [[nodiscard]] std::string StateFile() const { return folder_.Read("config/Quorvel/qvl.usr"); }
 
@@ -85,7 +85,7 @@ class Panel : public WindowTest {
                              "chkIgnoreInfrequentWords", "chkIgnoreLists"};
 };
 
-TEST_F(Panel, AndWindowShowWhatWasSaved) {
+TEST_F(SettingsPanels, AndWindowShowWhatWasSaved) {
   ChangeEverything();
   Click("cmdSaveState", {PopsUp("Settings saved")});
   EXPECT_EQ(StateFile(), ChangedFile("0\r\n1\r\n"));
@@ -94,7 +94,7 @@ TEST_F(Panel, AndWindowShowWhatWasSaved) {
   EXPECT_EQ(StateFile(), ChangedFile("1\r\n0\r\n"));
 }
 
-TEST_F(Panel, WritesAFileOfTheUsersChoiceAndReadsIt) {
+TEST_F(SettingsPanels, WritesAFileOfTheUsersChoiceAndReadsIt) {
   ChangeEverything();
   Click("cmdSaveLoadState_0", {AsksForFile("Specify file to save settings to", "")});
   Click("cmdSaveLoadState_0", {AsksToSave("mine")});
@@ -123,7 +123,7 @@ TEST_F(Panel, WritesAFileOfTheUsersChoiceAndReadsIt) {
   EXPECT_EQ(Text("txbOutput").substr(0, 6), "[old]\n");
 }
 
-TEST_F(Panel, TellsThatSettingsCannotBeSaved) {
+TEST_F(SettingsPanels, TellsThatSettingsCannotBeSaved) {
   (void)folder_.Write("config", "in the way");
   const std::string error = "Error when attempting to save settings: Not a directory";
   Open();
@@ -132,7 +132,7 @@ TEST_F(Panel, TellsThatSettingsCannotBeSaved) {
   Click("cmdSaveLoadState_0", {AsksToSave("config/x.lvz"), Tells("Save settings", error)});
 }
 
-TEST_F(Panel, EndsTheProgramWhenThatIsMeant) {
+TEST_F(SettingsPanels, EndsTheProgramWhenThatIsMeant) {
   Open();
   Click("chkSaveStateOnQuit");
   Click("cmdSetParameters");
@@ -143,7 +143,7 @@ TEST_F(Panel, EndsTheProgramWhenThatIsMeant) {
   EXPECT_NE(StateFile(), "");
 }
 
-TEST_F(Panel, IsClosedByEnterButNotFromAText) {
+TEST_F(SettingsPanels, IsClosedByEnterButNotFromAText) {
   Open();
   for (const char* name : {"txbStopWordsFile", "chkIgnoreLists"}) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
@@ -159,7 +159,7 @@ TEST_F(Panel, IsClosedByEnterButNotFromAText) {
   EXPECT_FALSE(Shown("SettingsPanel"));
 }
 
-TEST_F(Panel, LetsPagesBeReadWithoutTheirLists) {
+TEST_F(SettingsPanels, LetsPagesBeReadWithoutTheirLists) {
   OpenText("a.html", "<!DOCTYPE html><head></head><body>old <ul><li>ship</ul> harbour.");
   List();
   Click("cmdSetParameters");
@@ -169,7 +169,7 @@ TEST_F(Panel, LetsPagesBeReadWithoutTheirLists) {
   EXPECT_EQ(Text("txbOutput").find("[ship"), std::string::npos);
 }
 
-TEST_F(Panel, OffersTheStopWordsOfALanguage) {
+TEST_F(SettingsPanels, OffersTheStopWordsOfALanguage) {
   const auto place = [](int of) { return LoadsStopWords(LANGUAGES.at(std::size_t(of))); };
   OpenText("a.txt");
   Click("cmdSetParameters");
@@ -184,7 +184,7 @@ TEST_F(Panel, OffersTheStopWordsOfALanguage) {
   Click("cmdSelectStopWordsFile_1", {AsksForLanguage("All six languages", 0, "Cancel")});
 }
 
-TEST_F(Panel, TakesStopWordsOfOnesOwn) {
+TEST_F(SettingsPanels, TakesStopWordsOfOnesOwn) {
   const std::string own = folder_.Write("own.txt", "silent old\r\n/* comment */\r\n");
   const std::string missing = folder_.Path("none.txt");
   OpenText("a.txt");
@@ -223,7 +223,7 @@ TEST_F(Panel, TakesStopWordsOfOnesOwn) {
   EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 5");
 }
 
-TEST_F(Panel, TidiesAndChecksStopWordsThatAreTyped) {
+TEST_F(SettingsPanels, TidiesAndChecksStopWordsThatAreTyped) {
   Box complaint = Tells("Character not allowed",
                         "The character 3 occurs in some stop word\n"
                         "but is not currently set as a character allowed in a word.");

@@ -26,9 +26,9 @@ struct Paints : QObject {
   int count = 0;
 };
 
-class Conversations : public testing::Test {
+class WindowInterfaces : public testing::Test {
  protected:
-  Conversations() {
+  WindowInterfaces() {
     for (QLabel* label : {&words_, &elapsed_, &listing_}) label->hide();
     window_.resize(400, 300);
     file_.setGeometry(20, 100, 300, 30);
@@ -73,7 +73,7 @@ class Conversations : public testing::Test {
                               &findBar_}};
 };
 
-TEST_F(Conversations, ShowTheLatestTextInStepsThatTheEyeFollows) {
+TEST_F(WindowInterfaces, ShowTheLatestTextInStepsThatTheEyeFollows) {
   interface_.SetOutput("one\r\n");
   EXPECT_EQ(Output(), "^one\n");
   interface_.SayWhatIsShown({1234, 1234567, false});
@@ -115,7 +115,7 @@ TEST_F(Conversations, ShowTheLatestTextInStepsThatTheEyeFollows) {
   EXPECT_GT(paints.count, 0);  // before any events run
 }
 
-TEST_F(Conversations, LetEventsRunWhileTheyWork) {
+TEST_F(WindowInterfaces, LetEventsRunWhileTheyWork) {
   busy_.setText("none");
   EXPECT_FALSE(RunsEvents([this] { interface_.YieldAtOnce(); }));
   EXPECT_FALSE(RunsEvents([this] {
@@ -141,7 +141,7 @@ TEST_F(Conversations, LetEventsRunWhileTheyWork) {
   EXPECT_FALSE(interface_.IsWorking());
 }
 
-TEST_F(Conversations, AskWhatIsAskedAndGiveTheAnswer) {
+TEST_F(WindowInterfaces, AskWhatIsAskedAndGiveTheAnswer) {
   using enum Answer;
   constexpr const char* ALL = "Cancel,Yes,No";
   const struct {
@@ -174,7 +174,7 @@ TEST_F(Conversations, AskWhatIsAskedAndGiveTheAnswer) {
   }
 }
 
-TEST_F(Conversations, PopUpBelowTheFileWhenTheWorkIsDone) {
+TEST_F(WindowInterfaces, PopUpBelowTheFileWhenTheWorkIsDone) {
   Box box = PopsUp("written");
   box.answer = [this, answer = box.answer](QWidget& shown) {
     const QRect wanted(file_.mapToGlobal(QPoint(0, 30)), QSize(300, 60));
@@ -189,7 +189,7 @@ TEST_F(Conversations, PopUpBelowTheFileWhenTheWorkIsDone) {
   interface_.ShowPendingPopUp();  // it comes once
 }
 
-TEST_F(Conversations, CountTheSecondsThatNoMessageTakes) {
+TEST_F(WindowInterfaces, CountTheSecondsThatNoMessageTakes) {
   const auto shown = [this] { return (words_.text() + elapsed_.text()).toStdString(); };
   const auto waitFor = [&shown](const std::string& text) {
     (void)QTest::qWaitFor([&] { return shown().starts_with(text); });
