@@ -125,10 +125,6 @@ bool WindowTest::IsAmid(const char* phase) const {
   return phases_.ends_with(phase) && Text("lblTotalNumOccurrences").starts_with("[-");
 }
 
-void WindowTest::StopWhen(std::function<bool()> when) {
-  Meanwhile(std::move(when), [this] { Press(Qt::Key_Escape, {ReallyStop("Yes")}); });
-}
-
 QWidget& WindowTest::Control(const std::string& name) const {
   for (QWidget* control : window_->findChildren<QWidget*>(QString::fromStdString(name))) {
     if (control->isVisible()) return *control;

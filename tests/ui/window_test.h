@@ -56,7 +56,6 @@ class WindowTest : public testing::Test {
 
   // Whether a run is in a phase with a bar of its own, and that has got somewhere.
   [[nodiscard]] bool IsAmid(const char* phase) const;
-  void StopWhen(std::function<bool()> when);  // by keys, as Meanwhile does
 
   // The control of this name; throws when none is visible.
   [[nodiscard]] QWidget& Control(const std::string& name) const;
@@ -77,7 +76,6 @@ class WindowTest : public testing::Test {
   [[nodiscard]] static Box WritesConcordance() { return PopsUp("Concordance file written"); }
 
   static constexpr const char* SCANNING = "Processing file, ";
-  static constexpr const char* LISTING = "Creating concordance, ";
   const Names COUNTS = {"lblNumberOfWords", "lblNumOccurrences", "lblKeywordsFound"};
 
   TestFolder folder_;
