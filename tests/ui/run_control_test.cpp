@@ -26,16 +26,15 @@ TEST_F(RunControls, LeaveOnlyTheStopButtonLive) {
     live = Which("enabled", CONTROLS) + Text("cmdListWords");
     answer(box);
   };
-  Meanwhile([this] { return IsAmid(SCANNING); },
-            [&] {
-              Press(Qt::Key_F5);
-              Press(Qt::CTRL | Qt::Key_O);
-              Drop(folder_.Path("a.txt"));
-              Click("cmdListWords", {question});
-              CloseWindow({ReallyStop("No")});
-              EXPECT_TRUE(window_->isVisible());
-              Press(Qt::Key_Escape, {ReallyStop("Yes")});
-            });
+  WhileScanning([&] {
+    Press(Qt::Key_F5);
+    Press(Qt::CTRL | Qt::Key_O);
+    Drop(folder_.Path("a.txt"));
+    Click("cmdListWords", {question});
+    CloseWindow({ReallyStop("No")});
+    EXPECT_TRUE(window_->isVisible());
+    Press(Qt::Key_Escape, {ReallyStop("Yes")});
+  });
   Press(Qt::Key_F5);
   EXPECT_TRUE(acted_ && Text("txbOutput").ends_with(" words found.\n"));
   EXPECT_EQ(Text("cmdListWords") + folder_.Read("a.qvl.conc.txt"), "List words");
@@ -48,7 +47,7 @@ TEST_F(RunControls, LeaveOnlyTheStopButtonLive) {
 TEST_F(RunControls, EndBeforeTheWindowCloses) {
   OpenText("a.txt", LongText(24));
   Click("chkSaveStateOnQuit");
-  Meanwhile([this] { return IsAmid(SCANNING); }, [this] { CloseWindow({ReallyStop("Yes")}); });
+  WhileScanning([this] { CloseWindow({ReallyStop("Yes")}); });
   Click("cmdListWords", {PopsUp("Settings saved")});
   EXPECT_TRUE(acted_);
   EXPECT_FALSE(window_->isVisible());

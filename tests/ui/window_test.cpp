@@ -108,21 +108,17 @@ void WindowTest::CloseWindow(const BoxList& boxes) {
   Do("close", boxes, [this] { window_->windowHandle()->close(); });
 }
 
-void WindowTest::Meanwhile(std::function<bool()> when, std::function<void()> act) {
+void WindowTest::WhileScanning(std::function<void()> act) {
   acted_ = false;
   meanwhile_.disconnect();
-  QObject::connect(&meanwhile_, &QTimer::timeout, &meanwhile_,
-                   [this, when = std::move(when), act = std::move(act)] {
-                     if (acted_ || !when()) return;
-                     acted_ = true;
-                     meanwhile_.stop();
-                     act();
-                   });
+  QObject::connect(&meanwhile_, &QTimer::timeout, &meanwhile_, [this, act = std::move(act)] {
+    const bool isAmid = Text("lblTotalNumOccurrences").starts_with("[-");
+    if (acted_ || !isAmid || !phases_.ends_with("Processing file, ")) return;
+    acted_ = true;
+    meanwhile_.stop();
+    act();
+  });
   meanwhile_.start(1);
-}
-
-bool WindowTest::IsAmid(const char* phase) const {
-  return phases_.ends_with(phase) && Text("lblTotalNumOccurrences").starts_with("[-");
 }
 
 QWidget& WindowTest::Control(const std::string& name) const {
