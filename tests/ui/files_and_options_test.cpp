@@ -284,6 +284,7 @@ TEST_F(Keywords, AreReadFromAFile) {
   EXPECT_EQ(Texts({"txbOutput", "lblNumberOfWords"}), loaded + " harbour silentTwo keywords");
   Click("optCreate");
   Click("optSearch", {OffersKeywords("Escape")});
+  Click("cmdClearFile_1");  // which they are not of
   EXPECT_EQ(Text("txbOutput"), loaded);
   Click("cmdListWords");
   Click("cmdClearFile_2");
