@@ -42,7 +42,7 @@ TURNED = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}
 COMPARISON = re.compile(r"(?<= )(<|<=|>|>=|==|!=)(?=\s)")
 CONDITION = re.compile(r"\b(?:if|while) (\()|(?<=[ \n])(&&|\|\|)(?=\s)|(?<=[ (])(!)(?=[\w(:])")
 CONSTANT = re.compile(r"(?<![\w.'])(0x[0-9a-fA-F']+|\d[\d']*)([uUlL]*)(?![\w.'])")
-CALL = re.compile(r"^[ \t]*(?!return\b|delete\b)(?:\*?[\w:]+(?:\.|->|::)?)+(\()", re.MULTILINE)
+CALL = re.compile(r"^[ \t]*(?!return\b|delete\b)\*?(?:::)?\w+(?:(?:\.|->|::)\w+)*(\()", re.MULTILINE)
 HERE = {"__SSE2__", "__linux__", "__GLIBC__", "QUORVEL_SOURCE_DATA"}  # what the copies are built with
 BRACKETS = {"(": ")", "[": "]", "{": "}"}
 

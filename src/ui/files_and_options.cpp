@@ -75,13 +75,10 @@ void FilesAndOptions::ConnectOptions() {
     if (ui_.optSearch->isChecked()) optSearch_Click();
   });
   onChange(ui_.cboWordOrder, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
-  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { cboContextSize_Click(); });
+  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
-  onChange(ui_.chkDisable, &QCheckBox::toggled, [this] {
-    TakeControls();
-    ShowWhatIsPossible();
-  });
+  onChange(ui_.chkDisable, &QCheckBox::toggled, [this] { ShowWhatIsPossible(); });
   for (QCheckBox* box : {ui_.chkCreateIndexFile, ui_.chkSaveStateOnQuit, ui_.chkWarnOnOverwrite}) {
     onChange(box, &QCheckBox::toggled, [this] { SetTheFocus(); });
   }
@@ -95,11 +92,10 @@ void FilesAndOptions::cmdFile_Click(int index) {
     ChooseFile(KEYWORDS_BOX, "Specify keywords file", {});
   } else if (index == RESULTS_BOX) {
     ChooseOutputFile(RESULTS_BOX, "Specify output file", txbFile_[RESULTS_BOX]->text());
-  } else if (txbFile_[INPUT_BOX]->text().trimmed().isEmpty()) {
+  } else if (session_.Settings().inputFile.empty()) {
     interface_.Tell("An input file must be specified before a concordance file.", STANDARD_TITLE,
                     Icon::information);
   } else {
-    TakeControls();
     ChooseOutputFile(CONCORDANCE_BOX, "Specify concordance (output) file",
                      ShownPath(DefaultConcordanceFileName(session_.Settings().inputFile)));
   }
@@ -145,7 +141,7 @@ void FilesAndOptions::PathChosen(int index) {
 // came up meanwhile would keep the button from hearing of that.
 void FilesAndOptions::txbFile_LostFocus(int index) {
   QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
-  if (showing_ || !box->isModified() || IsMouseDown()) return;
+  if (!box->isModified() || IsMouseDown()) return;
   ReplaceText(*box, box->text().trimmed());
   PathChosen(index);
 }
@@ -191,7 +187,7 @@ void FilesAndOptions::ReadKeywords() {
 }
 
 bool FilesAndOptions::txbExtraKeywords_LostFocus() {
-  return showing_ || !ui_.txbExtraKeywords->isModified() || IsMouseDown() || TakeExtraKeywords();
+  return !ui_.txbExtraKeywords->isModified() || IsMouseDown() || TakeExtraKeywords();
 }
 
 // False, with the user told, where they have a fault.
@@ -207,7 +203,6 @@ bool FilesAndOptions::TakeExtraKeywords() {
 
 void FilesAndOptions::optCreate_Click() {
   modeSelected_ = true;
-  TakeControls();
   ShowWhatIsPossible();
 }
 
@@ -226,12 +221,6 @@ void FilesAndOptions::optSearch_Click() {
     interface_.Tell("Specify a keywords file or type one or more extra keywords.", "Search",
                     Icon::information);
   }
-}
-
-void FilesAndOptions::cboContextSize_Click() {
-  TakeControls();
-  ShowWhatIsPossible();
-  host_.listAgain();
 }
 
 }  // namespace quorvel

@@ -92,9 +92,7 @@ void MainWindow::Initialization() {
   FixSize(*ui_->lblTotalNumOccurrences, fixed, ProgressCaption(PROGRESS_BAR_WIDTH).c_str());
   FixSize(*ui_->lblTwirler, fixed, " ");
   ui_->txbOutput->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  ui_->findBar->hide();
   ui_->txbOutput->setAcceptDrops(false);
-  InitializeVariables(session_->Settings(), false);
   files_->ShowSettings();
 }
 

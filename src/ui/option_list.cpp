@@ -8,7 +8,6 @@
 namespace quorvel {
 
 OptionList::OptionList(QWidget* parent) : QComboBox(parent) {
-  pause_.setSingleShot(true);
   connect(&pause_, &QTimer::timeout, this, &OptionList::ChooseMeant);
 }
 
@@ -67,9 +66,9 @@ std::vector<int> OptionList::Meant() const {
 void OptionList::ChooseMeant() {
   pause_.stop();
   const bool isChoice = !digits_.isEmpty() && !view()->isVisible();
-  const int place = isChoice ? Meant().front() : -1;
+  const std::vector<int> meant = Meant();
   digits_.clear();
-  if (isChoice) setCurrentIndex(place);
+  if (isChoice) setCurrentIndex(meant.front());
 }
 
 }  // namespace quorvel

@@ -78,7 +78,6 @@ class PopUpWindow : public QDialog {
   }
 
   void hideEvent(QHideEvent*) override {
-    timer_.stop();
     qApp->removeEventFilter(this);
     if (wait_) wait_->quit();
   }

@@ -23,9 +23,7 @@ void RunControl::cmdListWords_Click() {
 
 void RunControl::ListAgain() {
   files_.TakeControls();
-  if (!interface_.IsWorking()) {
-    Work(session_.Settings().inputFile, [this] { session_.ListAgain(); });
-  }
+  Work(session_.Settings().inputFile, [this] { session_.ListAgain(); });
   files_.SetTheFocus();
 }
 

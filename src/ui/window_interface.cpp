@@ -132,7 +132,6 @@ Answer WindowInterface::Ask(const Message& message) {
   timer2_.stop();
   const Answer answer = AnswerOf(box.exec(), message.buttons);
   if (counting) timer2_.start();
-  sinceEvents_.restart();
   return answer;
 }
 

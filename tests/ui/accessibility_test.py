@@ -3,9 +3,9 @@
 
     with_x_server.sh accessibility_test.py QUORVEL DOCUMENT
 
-Fails on a control that takes the keyboard but has nothing to be called by, on two in one
-window that are called the same, and on a caption that does not come through. All is done
-by the actions that the controls offer, never by the mouse. Runs in a session bus of its
+Fails on a control that takes the keyboard but has nothing to be called by, and on two in one
+window that are called the same. All is done by the actions that the controls offer, never by the
+mouse. Runs in a session bus of its
 own; needs Debian's Python, which alone has the bindings.
 """
 
@@ -29,55 +29,6 @@ PATIENCE_S = 20  # for each step; a build with sanitizers is slow to start
 WHOLE_LIMIT_S = 90
 CALL_LIMIT_MS = 5000
 BETWEEN_LOOKS_S = 0.02
-
-# What is heard in each window, by its title: at least these.
-HEARD = {
-    "Quorvel": """
-        radio button: Create KWIC concordance from input file
-        radio button: Search for one or more keywords
-        push button: Input file
-        text: Path of the input file
-        push button: Clear the input file
-        check box: UTF-8
-        push button: Concordance file
-        check box: Disable
-        check box: and index file (for current settings)
-        push button: Keywords file
-        text: Extra keywords:
-        push button: Clear the extra keywords
-        push button: Search results file
-        combo box: Word order:
-        combo box: Context size:
-        check box: Show frequencies
-        push button: List words
-        push button: View file
-        push button: Settings
-        text: Listing and progress
-        text: Find in the listing
-        push button: Close the find bar""",
-    "Quorvel settings": """
-        check box: hyphens -
-        check box: Ignore words with fewer than
-        combo box: Fewest occurrences
-        text: Stop words file:
-        push button: List the stop words
-        text: Extra stop words:
-        push button: Save settings to file
-        push button: Close panel""",
-    "Stop words": """
-        combo box: Ignore stop words in which language?
-        push button: Load stop words file for this language
-        push button: Cancel""",
-    "Help for Quorvel": """
-        text: Text of the file
-        push button: Close""",
-    "About Quorvel": """
-        label: Qt, https://www.qt.io
-        push button: Close""",
-    "Stop words loaded": """
-        push button: OK""",
-}
-
 
 def children(accessible):
     found = (accessible.get_child_at_index(i) for i in range(accessible.get_child_count()))
@@ -181,9 +132,6 @@ class Program:
             elif f"{role}: {name}" in heard:
                 self.faults.append(f"{title}: two are called '{role}: {name}'")
             heard.append(f"{role}: {name}")
-        for line in HEARD[title].split("\n")[1:]:
-            if line.strip() not in heard:
-                self.faults.append(f"{title}: not heard: {line.strip()}")
         print(f"{title}: {len(heard)} controls")
 
     def visit(self, opener, button, title, close):

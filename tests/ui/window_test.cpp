@@ -15,7 +15,6 @@
 #include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
 #include "run/word_lists.h"
-#include "util/time_text.h"
 
 namespace quorvel {
 namespace {
@@ -109,29 +108,17 @@ void WindowTest::CloseWindow(const BoxList& boxes) {
   Do("close", boxes, [this] { window_->windowHandle()->close(); });
 }
 
-void WindowTest::Meanwhile(std::function<bool()> when, std::function<void()> act) {
+void WindowTest::WhileScanning(std::function<void()> act) {
   acted_ = false;
   meanwhile_.disconnect();
-  QObject::connect(&meanwhile_, &QTimer::timeout, &meanwhile_,
-                   [this, when = std::move(when), act = std::move(act)] {
-                     if (acted_ || !when()) return;
-                     acted_ = true;
-                     meanwhile_.stop();
-                     act();
-                   });
+  QObject::connect(&meanwhile_, &QTimer::timeout, &meanwhile_, [this, act = std::move(act)] {
+    const bool isAmid = Text("lblTotalNumOccurrences").starts_with("[-");
+    if (acted_ || !isAmid || !phases_.ends_with("Processing file, ")) return;
+    acted_ = true;
+    meanwhile_.stop();
+    act();
+  });
   meanwhile_.start(1);
-}
-
-bool WindowTest::IsAmid(const char* phase) const {
-  return phases_.ends_with(phase) && Text("lblTotalNumOccurrences").starts_with("[-");
-}
-
-bool WindowTest::IsReading() const {
-  return Text("cmdListWords") == "Stop" && phases_.find(SCANNING) == std::string::npos;
-}
-
-void WindowTest::StopWhen(std::function<bool()> when) {
-  Meanwhile(std::move(when), [this] { Press(Qt::Key_Escape, {ReallyStop("Yes")}); });
 }
 
 QWidget& WindowTest::Control(const std::string& name) const {
@@ -168,13 +155,6 @@ std::string WindowTest::Which(const char* property, const Names& names) const {
     if (Control(name).property(property).toBool()) which += name + " ";
   }
   return which;
-}
-
-std::string WindowTest::ShownOf(const std::string& name) const {
-  const std::string file = folder_.Read(name);
-  const std::size_t listed = file.size() - file.find('[') - std::string_view("\r\n").size();
-  return "The first 65,000 of " + GroupedNumber(static_cast<std::int64_t>(listed)) +
-         " characters; the file holds all of it.";
 }
 
 void WindowTest::ExpectSoon(const std::function<bool()>& condition) {

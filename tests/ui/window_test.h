@@ -51,14 +51,8 @@ class WindowTest : public testing::Test {
   void List() { Click("cmdListWords", {WritesConcordance()}); }
   void Search() { Click("optSearch", {WantsKeywords()}); }
 
-  // Acts as soon as `when` holds, from inside the events of what goes on.
-  void Meanwhile(std::function<bool()> when, std::function<void()> act);
-
-  // Whether a run is in a phase with a bar of its own, and that has got somewhere.
-  [[nodiscard]] bool IsAmid(const char* phase) const;
-  // Whether a run has not come to its text yet; `phases_` is to be emptied before it.
-  [[nodiscard]] bool IsReading() const;
-  void StopWhen(std::function<bool()> when);  // by keys, as Meanwhile does
+  // Acts amid the next scan, from inside its events.
+  void WhileScanning(std::function<void()> act);
 
   // The control of this name; throws when none is visible.
   [[nodiscard]] QWidget& Control(const std::string& name) const;
@@ -69,8 +63,6 @@ class WindowTest : public testing::Test {
   [[nodiscard]] std::string Texts(const Names& names) const;
   // Those among the names that are "enabled" or "checked", each with a blank behind it.
   [[nodiscard]] std::string Which(const char* property, const Names& names) const;
-  // What is said of a listing that is longer than the box, when this file holds it.
-  [[nodiscard]] std::string ShownOf(const std::string& name) const;
   static void ExpectSoon(const std::function<bool()>& condition);
 
   [[nodiscard]] static Box LoadsStopWords(const Language& language = LANGUAGES.front());
@@ -80,15 +72,13 @@ class WindowTest : public testing::Test {
   [[nodiscard]] static Box OffersIndex(const std::string& index, const char* button);
   [[nodiscard]] static Box WritesConcordance() { return PopsUp("Concordance file written"); }
 
-  static constexpr const char* SCANNING = "Processing file, ";
-  static constexpr const char* LISTING = "Creating concordance, ";
   const Names COUNTS = {"lblNumberOfWords", "lblNumOccurrences", "lblKeywordsFound"};
 
   TestFolder folder_;
   Boxes boxes_;
   std::unique_ptr<MainWindow> window_;
   std::string phases_;  // the progress lines since it was last emptied, "Sorting, " and so on
-  bool acted_ = false;  // what Meanwhile waited for has been done
+  bool acted_ = false;  // what WhileScanning waited for has been done
 
  private:
   void NotePhase();

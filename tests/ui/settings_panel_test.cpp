@@ -1,0 +1,246 @@
+#include "ui/settings_panel.h"
+
+#include <QComboBox>
+#include <QMessageBox>
+#include <QTest>
+
+#include "run/stop_word_choice.h"
+#include "ui/window_test.h"
+
+namespace quorvel {
+namespace {
+
+class SettingsPanels : public WindowTest {
+ protected:
+  [[nodiscard]] std::string StateFile() const { return folder_.Read("config/Quorvel/qvl.usr"); }
+
+  [[nodiscard]] Box AsksToSave(const char* name) const {
+    return AsksForFile("Specify file to save settings to", folder_.Path(name));
+  }
+
+  [[nodiscard]] Box AsksToLoad(const char* name) const {
+    return AsksForFile("Specify file to load settings from.", folder_.Path(name));
+  }
+
+  // The chooser of languages: takes the one at `place`, and leaves by a button.
+  static Box AsksForLanguage(const char* opensOn, int place, const char* button) {
+    return {"Stop words", [=](QWidget& chooser) {
+              auto* list = chooser.findChild<QComboBox*>("cboCommonWordsFiles");
+              EXPECT_EQ(list->currentText(), opensOn);
+              list->setCurrentIndex(place);
+              PressButton(chooser, button);
+            }};
+  }
+
+  // Gives every option a value that it does not have at first, and ends in search mode with the
+  // panel open.
+  void ChangeEverything() {
+    OpenText("a.txt");
+    Type("txbFile_3", folder_.Path("not there.txt"));
+    for (const char* box : {"chkFrequencies", "chkShowLineBreaks", "chkDisable",
+                            "chkCreateIndexFile", "chkWarnOnOverwrite", "chkSaveStateOnQuit"}) {
+      Click(box);
+    }
+    Choose("cboWordOrder", "by frequency");
+    Choose("cboContextSize", " 3");
+    Search();
+    Type("txbFile_1", folder_.Write("found.txt", "x"));
+    Type("txbFile_2", folder_.Write("k.txt", "ship\r\nold\r\n"), {OffersKeywords("No")});
+    Type("txbExtraKeywords", "h*+s?a b#");
+    Click("cmdSetParameters");
+    for (const std::string& box : PANEL_BOXES) {
+      Click(box);
+      ExpectAt("cmdClosePanel");
+      Control("txbExtraStopWords").setFocus();
+    }
+    Choose("cboThresholdFrequency", " 20");
+    ExpectAt("cmdClosePanel");
+    Type("txbExtraStopWords", "mp3,the");
+  }
+
+  // Fails unless the keys go to this control of the panel.
+  void ExpectAt(const std::string& name) {
+    QWidget& panel = Control("SettingsPanel");
+    ExpectSoon([&panel] { return HasTheKeys(panel); });
+    ExpectSoon([this, &name] { return Control(name).hasFocus(); });
+    EXPECT_TRUE(Control(name).hasFocus()) << name;
+  }
+
+  void ClickAndStay(const std::string& button, const BoxList& boxes) {
+    Click(button, boxes);
+    ExpectAt(button);
+  }
+
+  // The settings file that says so, with the modes in lines 5 and 6.
+  [[nodiscard]] std::string ChangedFile(const std::string& modes) const {
+    std::string lines;
+    for (const char* name : {"a.txt", "found.txt", "k.txt", "not there.txt"}) {
+      lines += "\"" + folder_.Path(name) + "\"\r\n";
+    }
+    lines += modes + "\"mp3 the\"\r\n18\r\n1\r\n1\r\n0\r\n1\r\n1\r\n1\r\n0\r\n1\r\n1\r\n3\r\n";
+    return lines + "\"" + StopWordsPath(LANGUAGES[0]) + "\"\r\n\"h*+s?a b#\"\r\n1\r\n1\r\n";
+  }
+
+  const Names PANEL_BOXES = {"chkAllowWordsWithHyphens", "chkAllowWordsWithNumerals",
+                             "chkIgnoreInfrequentWords", "chkIgnoreLists"};
+};
+
+TEST_F(SettingsPanels, AndWindowShowWhatWasSaved) {
+  ChangeEverything();
+  Click("cmdSaveState", {PopsUp("Settings saved")});
+  EXPECT_EQ(StateFile(), ChangedFile("0\r\n1\r\n"));
+  Open({}, {LoadsStopWords()});
+  Click("cmdSaveState", {PopsUp("Settings saved")});
+  EXPECT_EQ(StateFile(), ChangedFile("1\r\n0\r\n"));
+}
+
+TEST_F(SettingsPanels, WritesAFileOfTheUsersChoiceAndReadsIt) {
+  ChangeEverything();
+  Click("cmdSaveLoadState_0", {AsksForFile("Specify file to save settings to", "")});
+  Click("cmdSaveLoadState_0", {AsksToSave("mine")});
+  EXPECT_EQ(folder_.Read("mine.lvz"), ChangedFile("0\r\n1\r\n"));
+  ClickAndStay("cmdInitialize", {PopsUp("Settings reinitialized")});
+  EXPECT_EQ(Text("cboContextSize") + Text("txbExtraStopWords") + Text("lblInputFileSize"), " 5");
+  EXPECT_EQ(Which("checked", PANEL_BOXES), "chkAllowWordsWithHyphens ");
+  Click("cmdSaveLoadState_1", {AsksForFile("Specify file to load settings from.", "")});
+  (void)folder_.Write("none.lvz", ChangedFile("0\r\n0\r\n"));
+  ClickAndStay("cmdSaveLoadState_1", {AsksToLoad("none.lvz"), LoadsStopWords()});
+  EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "");
+  EXPECT_EQ(Text("txbExtraStopWords") + Text("cboThresholdFrequency"), "mp3 the 20");
+  (void)folder_.Write("bad.lvz", "\"" + folder_.Path("a.txt") + "\"\r\n");
+  const char* const error =
+      "Error when attempting to restore settings: the file ends after line 1.";
+  ClickAndStay("cmdSaveLoadState_1", {AsksToLoad("bad.lvz"), Tells("Load settings", error)});
+  EXPECT_EQ(Text("txbFile_0") + Text("cboContextSize") + Text("txbExtraStopWords"), " 5mp3 the");
+  EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optCreate ");
+  // They bring their keywords: what the boxes show is what a run goes by.
+  ClickAndStay("cmdSaveLoadState_1",
+               {AsksToLoad("mine.lvz"), LoadsStopWords(), OffersKeywords("No")});
+  EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optSearch ");
+  Type("txbExtraKeywords", "");
+  Type("txbFile_1", "");
+  Click("cmdListWords");
+  EXPECT_EQ(Text("txbOutput").substr(0, 6), "[old]\n");
+}
+
+TEST_F(SettingsPanels, TellsThatSettingsCannotBeSaved) {
+  (void)folder_.Write("config", "in the way");
+  const std::string error = "Error when attempting to save settings: Not a directory";
+  Open();
+  Click("cmdSaveState", {Tells("Quorvel", error)});
+  Click("cmdSetParameters");
+  Click("cmdSaveLoadState_0", {AsksToSave("config/x.lvz"), Tells("Save settings", error)});
+}
+
+TEST_F(SettingsPanels, EndsTheProgramWhenThatIsMeant) {
+  Open();
+  Click("chkSaveStateOnQuit");
+  Click("cmdSetParameters");
+  Click("cmdQuitProgram", {Asks("Quit", "Really quit?", "Yes", "No")});
+  EXPECT_TRUE(window_->isVisible());
+  Click("cmdQuitProgram", {Asks("Quit", "Really quit?", "Yes", "Enter"), PopsUp("Settings saved")});
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_NE(StateFile(), "");
+}
+
+TEST_F(SettingsPanels, IsClosedByEnterButNotFromAText) {
+  Open();
+  for (const char* name : {"txbStopWordsFile", "chkIgnoreLists"}) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+      Click("cmdSetParameters");
+      Control(name).setFocus();
+      ExpectAt(name);
+      Press(key);
+      EXPECT_EQ(Shown("SettingsPanel"), name[0] == 't' && key != Qt::Key_Escape) << name;
+    }
+  }
+  Click("cmdSetParameters");
+  Click("cmdClosePanel");
+  EXPECT_FALSE(Shown("SettingsPanel"));
+}
+
+TEST_F(SettingsPanels, LetsPagesBeReadWithoutTheirLists) {
+  OpenText("a.html", "<!DOCTYPE html><head></head><body>old <ul><li>ship</ul> harbour.");
+  List();
+  Click("cmdSetParameters");
+  Click("chkIgnoreLists");
+  EXPECT_NE(Text("txbOutput").find("[ship"), std::string::npos);
+  List();
+  EXPECT_EQ(Text("txbOutput").find("[ship"), std::string::npos);
+}
+
+TEST_F(SettingsPanels, OffersTheStopWordsOfALanguage) {
+  const auto place = [](int of) { return LoadsStopWords(LANGUAGES.at(std::size_t(of))); };
+  OpenText("a.txt");
+  Click("cmdSetParameters");
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("English", 5, "Cancel")});
+  EXPECT_EQ(Text("txbStopWordsFile"), StopWordsPath(LANGUAGES.front()));
+  constexpr const char* LOAD = "Load stop words file for this language";
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("English", 5, LOAD), place(5)});
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("French", 0, LOAD), place(0)});
+  ExpectAt("cmdClosePanel");
+  const Box all = AsksForLanguage("English", 6, "Load stop words file for these languages");
+  Click("cmdSelectStopWordsFile_1", {all, LoadsStopWords(ALL_LANGUAGES)});
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("All six languages", 0, "Cancel")});
+}
+
+TEST_F(SettingsPanels, TakesStopWordsOfOnesOwn) {
+  const std::string own = folder_.Write("own.txt", "silent old\r\n/* comment */\r\n");
+  const std::string missing = folder_.Path("none.txt");
+  OpenText("a.txt");
+  Click("cmdSetParameters");
+  const char* const title = "Specify file of stop words (words to ignore)";
+  Click("cmdSelectStopWordsFile_0", {AsksForFile(title, "")});
+  EXPECT_EQ(Text("txbStopWordsFile"), StopWordsPath(LANGUAGES.front()));
+  Click("cmdSelectStopWordsFile_0",
+        {AsksForFile(title, own),
+         Tells("Stop words loaded", "Two stop words loaded from " + own, Icon::none)});
+  ExpectAt("cmdClosePanel");
+  EXPECT_EQ(Text("txbStopWordsFile"), own);
+  const Box listed = Tells("Stop words", "There are 2 stop words.\n\nold\nsilent\n", Icon::none);
+  ClickAndStay("cmdListStopWords", {listed});
+  Click("cmdSelectStopWordsFile_1", {AsksForLanguage("English", 1, "Cancel")});
+  Click("cmdClearStopWordsFile");
+  EXPECT_EQ(Text("txbStopWordsFile"), "");
+  List();
+  EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 7");
+  Click("cmdClearStopWordsFile");
+  EXPECT_NE(Text("txbOutput"), "");
+  // A path that was typed is read when it is needed, a box that was emptied is like one cleared.
+  Control("txbStopWordsFile").setFocus();
+  TypeText(Control("SettingsPanel"), " " + own + " ");
+  Press(Qt::ALT | Qt::Key_L, {listed});
+  EXPECT_EQ(Text("txbStopWordsFile") + Text("txbOutput"), own);
+  Type("txbStopWordsFile", " ");
+  List();
+  EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 7");
+  Type("txbStopWordsFile", missing);
+  const Box refused = Tells("Stop words", "Stop words file not found:\n" + missing);
+  Click("cmdListWords", {refused});
+  Click("cmdListStopWords", {refused});
+  Type("txbStopWordsFile", own);
+  List();
+  EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 5");
+}
+
+TEST_F(SettingsPanels, TidiesAndChecksStopWordsThatAreTyped) {
+  Box complaint = Tells("Character not allowed",
+                        "The character 3 occurs in some stop word\n"
+                        "but is not currently set as a character allowed in a word.");
+  OpenText("a.txt");
+  Click("cmdSetParameters");
+  Box overPanel = complaint;
+  overPanel.answer = [&complaint](QWidget& box) {
+    EXPECT_EQ(box.parentWidget()->objectName(), "SettingsPanel");
+    complaint.answer(box);
+  };
+  Type("txbExtraStopWords", "Old,SILENT mp3", {overPanel}, Qt::Key_Return);
+  EXPECT_EQ(Text("txbExtraStopWords"), "mp3 old silent");
+  Click("cmdListWords", {complaint});
+  Click("chkAllowWordsWithNumerals");
+  List();
+  EXPECT_EQ(Text("lblNumberOfWords"), "Number of words: 1");
+}
+
+}  // namespace
+}  // namespace quorvel
