@@ -75,10 +75,13 @@ void FilesAndOptions::ConnectOptions() {
     if (ui_.optSearch->isChecked()) optSearch_Click();
   });
   onChange(ui_.cboWordOrder, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
-  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
+  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { cboContextSize_Click(); });
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
-  onChange(ui_.chkDisable, &QCheckBox::toggled, [this] { ShowWhatIsPossible(); });
+  onChange(ui_.chkDisable, &QCheckBox::toggled, [this] {
+    TakeControls();
+    ShowWhatIsPossible();
+  });
   for (QCheckBox* box : {ui_.chkCreateIndexFile, ui_.chkSaveStateOnQuit, ui_.chkWarnOnOverwrite}) {
     onChange(box, &QCheckBox::toggled, [this] { SetTheFocus(); });
   }
@@ -92,10 +95,11 @@ void FilesAndOptions::cmdFile_Click(int index) {
     ChooseFile(KEYWORDS_BOX, "Specify keywords file", {});
   } else if (index == RESULTS_BOX) {
     ChooseOutputFile(RESULTS_BOX, "Specify output file", txbFile_[RESULTS_BOX]->text());
-  } else if (session_.Settings().inputFile.empty()) {
+  } else if (txbFile_[INPUT_BOX]->text().trimmed().isEmpty()) {
     interface_.Tell("An input file must be specified before a concordance file.", STANDARD_TITLE,
                     Icon::information);
   } else {
+    TakeControls();
     ChooseOutputFile(CONCORDANCE_BOX, "Specify concordance (output) file",
                      ShownPath(DefaultConcordanceFileName(session_.Settings().inputFile)));
   }
@@ -141,7 +145,7 @@ void FilesAndOptions::PathChosen(int index) {
 // came up meanwhile would keep the button from hearing of that.
 void FilesAndOptions::txbFile_LostFocus(int index) {
   QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
-  if (!box->isModified() || IsMouseDown()) return;
+  if (showing_ || !box->isModified() || IsMouseDown()) return;
   ReplaceText(*box, box->text().trimmed());
   PathChosen(index);
 }
@@ -187,7 +191,7 @@ void FilesAndOptions::ReadKeywords() {
 }
 
 bool FilesAndOptions::txbExtraKeywords_LostFocus() {
-  return !ui_.txbExtraKeywords->isModified() || IsMouseDown() || TakeExtraKeywords();
+  return showing_ || !ui_.txbExtraKeywords->isModified() || IsMouseDown() || TakeExtraKeywords();
 }
 
 // False, with the user told, where they have a fault.
@@ -203,6 +207,7 @@ bool FilesAndOptions::TakeExtraKeywords() {
 
 void FilesAndOptions::optCreate_Click() {
   modeSelected_ = true;
+  TakeControls();
   ShowWhatIsPossible();
 }
 
@@ -221,6 +226,12 @@ void FilesAndOptions::optSearch_Click() {
     interface_.Tell("Specify a keywords file or type one or more extra keywords.", "Search",
                     Icon::information);
   }
+}
+
+void FilesAndOptions::cboContextSize_Click() {
+  TakeControls();
+  ShowWhatIsPossible();
+  host_.listAgain();
 }
 
 }  // namespace quorvel

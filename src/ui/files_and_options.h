@@ -80,6 +80,7 @@ class FilesAndOptions : public QObject {
   bool TakeExtraKeywords();
   void optCreate_Click();
   void optSearch_Click();
+  void cboContextSize_Click();
 
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);

@@ -46,7 +46,7 @@ void FilesAndOptions::TakeControls() {
   settings.mode = ui_.optSearch->isChecked() ? Mode::search : Mode::create;
   settings.wordOrder =
       ui_.cboWordOrder->currentIndex() == 1 ? WordOrder::byFrequency : WordOrder::alphabetical;
-  settings.contextSize = ui_.cboContextSize->currentIndex();
+  settings.contextSize = std::max(ui_.cboContextSize->currentIndex(), 0);
   settings.showFrequencies = ui_.chkFrequencies->isChecked();
   settings.showLineBreaks = ui_.chkShowLineBreaks->isChecked();
   settings.outputToFileDisabled = ui_.chkDisable->isChecked();
@@ -84,7 +84,9 @@ void FilesAndOptions::ShowSettings() {
 }
 
 void FilesAndOptions::ShowPath(int index) {
-  ReplaceText(*txbFile_.at(static_cast<std::size_t>(index)), ShownPath(PathSetting(index)));
+  QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
+  const QString shown = ShownPath(PathSetting(index));
+  if (box->text() != shown) ReplaceText(*box, shown);
 }
 
 void FilesAndOptions::ShowWhatIsPossible() {

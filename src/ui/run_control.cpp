@@ -23,7 +23,9 @@ void RunControl::cmdListWords_Click() {
 
 void RunControl::ListAgain() {
   files_.TakeControls();
-  Work(session_.Settings().inputFile, [this] { session_.ListAgain(); });
+  if (!interface_.IsWorking()) {
+    Work(session_.Settings().inputFile, [this] { session_.ListAgain(); });
+  }
   files_.SetTheFocus();
 }
 

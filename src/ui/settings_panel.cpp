@@ -85,7 +85,7 @@ void SettingsPanel::ConnectOptions() {
   keep(ui_->chkIgnoreInfrequentWords, &ConcordanceSettings::ignoreInfrequentWords);
   connect(ui_->chkIgnoreLists, &QCheckBox::toggled, this, &SettingsPanel::chkIgnoreLists_Click);
   connect(ui_->cboThresholdFrequency, &QComboBox::currentIndexChanged, this, [this](int place) {
-    if (showing_) return;
+    if (showing_ || place < 0) return;
     session_.Settings().thresholdFrequency = place + SMALLEST_THRESHOLD;
     FocusCloseButton();
   });
@@ -103,8 +103,8 @@ void SettingsPanel::ConnectButtons() {
   onClick(ui_->cmdSelectStopWordsFile_1, [this] { cmdSelectStopWordsFile_Click(1); });
   onClick(ui_->cmdListStopWords, [this] { cmdListStopWords_Click(); });
   onClick(ui_->cmdClearStopWordsFile, [this] { cmdClearStopWordsFile_Click(); });
-  onClick(ui_->cmdSaveLoadState_0, [this] { SaveToFile(); });
-  onClick(ui_->cmdSaveLoadState_1, [this] { LoadFromFile(); });
+  onClick(ui_->cmdSaveLoadState_0, [this] { cmdSaveLoadState_Click(0); });
+  onClick(ui_->cmdSaveLoadState_1, [this] { cmdSaveLoadState_Click(1); });
   onClick(ui_->cmdInitialize, [this] { cmdInitialize_Click(); });
   onClick(ui_->cmdQuitProgram, [this] { cmdQuitProgram_Click(); });
   onClick(ui_->cmdClosePanel, [this] { close(); });
@@ -174,6 +174,14 @@ void SettingsPanel::cmdInitialize_Click() {
   PopUpInForm(*ui_->cmdInitialize, {"Settings reinitialized", ui_->cmdInitialize->size(), SHOWN_MS},
               QPoint(0, 0));
   StayAt(*ui_->cmdInitialize);
+}
+
+void SettingsPanel::cmdSaveLoadState_Click(int index) {
+  if (index == 0) {
+    SaveToFile();
+  } else {
+    LoadFromFile();
+  }
 }
 
 void SettingsPanel::SaveToFile() {
