@@ -160,5 +160,19 @@ TEST(OccurrenceRows, EndWhereTheUserWants) {
   EXPECT_TRUE(pieces.back().ends_with("\"position\":262141}\n]\n")) << "the last \"sea\"";
 }
 
+TEST(OccurrenceRows, ShowHowFarTheyAre) {
+  std::u16string text;
+  for (int i = 0; i < 200; ++i) {
+    text += {u'w', u'o', static_cast<char16_t>(u'a' + i / 20), static_cast<char16_t>(u'a' + i % 20),
+             u' '};
+  }
+  ScriptedConversation ui;
+  const Listing listing = ScanText(text, {}, ui);
+  ui.bars.clear();
+  ComposeRows(
+      listing, RowFormat::tsv, [](std::string_view) { return true; }, ui);
+  EXPECT_EQ(ui.bars.size(), PROGRESS_BAR_WIDTH + 2U) << "from an empty one to none";
+}
+
 }  // namespace
 }  // namespace quorvel
