@@ -17,7 +17,7 @@ constexpr std::array<std::string_view, 2> WORD_NAMESPACES = {
     "http://schemas.openxmlformats.org/wordprocessingml/2006/main",
     "http://purl.oclc.org/ooxml/wordprocessingml/main"};
 
-// What stands in the start of the first element behind its "<", up to the end of the XML.
+// The first element and what follows it.
 std::string_view FirstElement(std::string_view xml) {
   constexpr std::array<std::pair<std::string_view, std::string_view>, 3> OTHERS = {
       {{"<?", "?>"}, {"<!--", "-->"}, {"<!", ">"}}};
@@ -26,7 +26,7 @@ std::string_view FirstElement(std::string_view xml) {
     const auto* const other = std::find_if(OTHERS.begin(), OTHERS.end(), [xml](const auto& one) {
       return xml.starts_with(one.first);
     });
-    if (other == OTHERS.end()) return xml.substr(std::min<std::size_t>(1, xml.size()));
+    if (other == OTHERS.end()) return xml;
     xml.remove_prefix(std::min(xml.find(other->second, other->first.size()), xml.size()));
   }
 }

@@ -24,11 +24,10 @@ TextEncoding EncodingByMark(std::string_view start) {
 
 // XML without a byte-order mark is UTF-8 unless zero bytes show otherwise.
 TextEncoding EncodingOfXml(std::string_view start) {
-  if (start[0] == '<') {
-    return start[1] != '\0' ? TextEncoding::utf8 : TextEncoding::utf16LittleEndian;
-  }
-  const bool bigEndian = start[0] == '\0' && start[1] == '<';
-  return bigEndian ? TextEncoding::utf16BigEndian : TextEncoding::ansi;
+  using namespace std::string_view_literals;
+  if (start.starts_with("<\0"sv)) return TextEncoding::utf16LittleEndian;
+  if (start.starts_with("\0<"sv)) return TextEncoding::utf16BigEndian;
+  return start.starts_with('<') ? TextEncoding::utf8 : TextEncoding::ansi;
 }
 
 bool LooksLikeUtf8(std::string_view bytes) {
@@ -75,19 +74,27 @@ TextEncoding DetectTextEncoding(const InputBytes& input, bool checkMarkupCharset
 
 FileClass ClassifyTextFile(const InputBytes& input, std::size_t examineLimit,
                            bool checkMarkupCharset) {
-  const TextEncoding encoding = DetectTextEncoding(input, checkMarkupCharset);
-  switch (encoding) {
-    case TextEncoding::utf8:
-      return {FileKind::windowsText, true};
+  switch (DetectTextEncoding(input, checkMarkupCharset)) {
+    case TextEncoding::noPath:
+      return {FileKind::noPath};
+    case TextEncoding::empty:
+      return {FileKind::empty};
+    case TextEncoding::oneToFourBytes:
+      return {FileKind::oneToFourBytes};
+    case TextEncoding::compound:
+      return {FileKind::compound};
+    case TextEncoding::rtf:
+      return {FileKind::rtf};
     case TextEncoding::utf16LittleEndian:
     case TextEncoding::utf16BigEndian:
     case TextEncoding::utf32BigEndian:
-      return {FileKind::otherUnicode, false};
+      return {FileKind::otherUnicode};
+    case TextEncoding::utf8:
+      return {FileKind::windowsText, true};
     case TextEncoding::ansi:
-      return {KindByLineEnds(input.View().substr(0, examineLimit)), false};
-    default:
-      return {static_cast<FileKind>(encoding), false};
+      break;
   }
+  return {KindByLineEnds(input.View().substr(0, examineLimit))};
 }
 
 FileKind KindOfUnread(const Fault& fault) {

@@ -15,34 +15,31 @@ namespace quorvel {
 
 // What the first bytes of a file, or its charset declaration, say of it.
 enum class TextEncoding {
-  noPath = -5,
-  oneToFourBytes = -4,
-  unreadable = -3,
-  empty = -2,
-  missing = -1,
-  ansi = 0,  // no mark found
-  utf16LittleEndian = 1,
-  utf16BigEndian = 2,
-  utf8 = 3,
-  utf32BigEndian = 5,
-  rtf = 6,
-  compound = 8,
+  noPath,
+  empty,
+  oneToFourBytes,
+  compound,
+  rtf,
+  utf16LittleEndian,
+  utf16BigEndian,
+  utf32BigEndian,
+  utf8,
+  ansi,  // no mark found
 };
 
-// The negative numbers, 6 and 8 mean what they mean in TextEncoding.
 enum class FileKind {
-  noPath = -5,
-  oneToFourBytes = -4,
-  unreadable = -3,
-  empty = -2,
-  missing = -1,
-  notText = 0,
-  windowsText = 1,  // CR LF, or no line end in the examined part, or any UTF-8 file
-  unixText = 2,     // LF only
-  macText = 3,      // CR only
-  rtf = 6,
-  otherUnicode = 7,
-  compound = 8,  // of an older word processor, or a DOCX document behind a password
+  noPath,
+  missing,
+  unreadable,
+  empty,
+  oneToFourBytes,
+  compound,  // of an older word processor, or a DOCX document behind a password
+  rtf,
+  otherUnicode,
+  notText,
+  windowsText,  // CR LF, or no line end in the examined part, or any UTF-8 file
+  unixText,     // LF only
+  macText,      // CR only
 };
 
 // Whether mark-up declares the charset UTF-8, with or without quotation marks, in

@@ -22,10 +22,10 @@ namespace {
 using Place = std::uint32_t;
 
 struct Cluster {
-  Place begin = 0;         // in the text
-  Place leads = 0;         // how many there are
-  Place next = 0;          // the place of what follows them; of a merged one the cluster it went to
-  Place end = 0;           // of the cluster in the text
+  Place begin;             // in the text
+  Place leads;             // how many there are
+  Place next;              // the place of what follows them; of a merged one the cluster it went to
+  Place end;               // of the cluster in the text
   Place since = 0;         // how often its kind had been replaced when this was so
   std::uint8_t kind = 0;   // of its pair: the byte behind the leads
   bool isWaiting = false;  // for that to be replaced
@@ -228,7 +228,7 @@ class PairPass {
 
   // Moves the search on by `count` bytes of the text as it is by now.
   void Pass(std::size_t count) {
-    while (current_ < clusters_.size()) {
+    while (true) {
       const Cluster& cluster = Settled(current_);
       const std::size_t left = cluster.Length() - offset_;
       if (count < left) {

@@ -1,5 +1,6 @@
 #include "input/text_sample.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -34,7 +35,7 @@ std::string TextSample(const InputBytes& input, std::size_t length) {
   } else {
     text = input.View().substr(0, length);
   }
-  if (text.size() > length) text.resize(length);
+  text.resize(std::min(text.size(), length));
   RepairUtf8(text);
   PlainPunctuation(text);
   return text;

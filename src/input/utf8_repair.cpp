@@ -32,7 +32,6 @@ void ReplaceEverywhere(std::string& text, std::string_view from, std::string_vie
   std::size_t found = text.find(from);
   if (found == std::string::npos) return;
   std::string result;
-  result.reserve(text.size());
   std::size_t done = 0;
   for (; found != std::string::npos; found = text.find(from, done)) {
     result.append(text, done, found - done).append(to);
@@ -166,7 +165,7 @@ void PlainPunctuation(std::string& text) {
     return;
   }
   std::string result;
-  result.reserve(text.size() + text.size() / 16);
+  result.reserve(text.size());
   std::size_t done = 0;
   for (; found != std::string::npos && found + 2 < text.size();
        found = text.find(PUNCTUATION_LEAD, found)) {

@@ -60,9 +60,6 @@ Archive OpenArchive(const ArchiveParts& parts) {
 Entry OpenEntry(zip_t* archive, const std::string& name, zip_stat_t& status) {
   zip_stat_init(&status);
   if (zip_stat(archive, name.c_str(), 0, &status) != 0) return nullptr;
-  constexpr zip_uint64_t NEEDED =
-      ZIP_STAT_INDEX | ZIP_STAT_COMP_METHOD | ZIP_STAT_COMP_SIZE | ZIP_STAT_SIZE | ZIP_STAT_CRC;
-  if ((status.valid & NEEDED) != NEEDED) return nullptr;
   if (status.comp_method != ZIP_CM_STORE && status.comp_method != ZIP_CM_DEFLATE) return nullptr;
   return Entry(zip_fopen_index(archive, status.index, 0));
 }

@@ -115,7 +115,7 @@ class ContextCutter::Window {
   }
 
   [[nodiscard]] std::size_t FirstCharacterFrom(std::size_t i) const {
-    while (i < end_ && IsRemoved(i)) ++i;
+    while (IsRemoved(i)) ++i;
     return i;
   }
 
@@ -196,10 +196,9 @@ ContextParts ContextCutter::CutApart(std::int64_t position, std::size_t wordLeng
   if (!window) return {};
   const std::size_t start = window->LeftEdge();
   const std::size_t stop = window->RightEdge(start);
-  ContextParts parts;
-  if (start < word.begin) parts.left = window->Part(start, std::min(word.begin, stop), copies);
-  if (word.end < stop) parts.right = window->Part(std::max(word.end, start), stop, copies);
-  return parts;
+  const std::size_t left = std::clamp(word.begin, start, stop);
+  const std::size_t right = std::clamp(word.end, start, stop);
+  return {window->Part(start, left, copies), window->Part(right, stop, copies)};
 }
 
 }  // namespace quorvel

@@ -9,6 +9,7 @@
 
 #include "output/entry_composer.h"
 #include "output/listing_order.h"
+#include "util/ansi.h"
 #include "util/piece_makers.h"
 
 namespace quorvel {
@@ -43,9 +44,8 @@ std::vector<ListedSpan> PiecesOf(ListedSpan words) {
 }
 
 // The line end that opens the first entry is no part of the listing.
-std::string_view WithoutLeadingControls(std::string_view text) {
-  while (!text.empty() && static_cast<std::uint8_t>(text.front()) <= 32) text.remove_prefix(1);
-  return text;
+std::string_view WithoutLineEnd(std::string_view text) {
+  return text.starts_with(LINE_END) ? text.substr(LINE_END.size()) : text;
 }
 
 // The composing of a listing, which a stop ends early.
@@ -96,7 +96,7 @@ class ListingPass {
 
   bool HandOn(std::string_view text) {
     const bool isFirst = std::exchange(isFirst_, false);
-    return take_(isFirst ? WithoutLeadingControls(text) : text);
+    return take_(isFirst ? WithoutLineEnd(text) : text);
   }
 
   const PieceSink& take_;

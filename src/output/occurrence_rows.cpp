@@ -116,7 +116,7 @@ class RowComposer {
         layout_(LayoutOf(options.format)),
         cutter_(listing.Source().ansiText,
                 {listing.options.contextSize, listing.options.showLineBreaks}) {
-    copies_.reserve(cutter_.LongestContext(MAX_WORD_LENGTH));
+    copies_.reserve(2 * cutter_.LongestContext(MAX_WORD_LENGTH));
     if (!isPart_) return;
     fileField_ = layout_.file;
     for (const char ch : VisibleName(*options.file)) {
@@ -182,7 +182,6 @@ class RowComposer {
 
   void AppendOccurrence(const WordEntry& entry, std::int32_t position) {
     const TextSpan span = SpanOfOccurrence(listing_.Source().documentText, entry.word, position);
-    copies_.clear();
     const ContextParts context = cutter_.CutApart(position, entry.word.size(), span, copies_);
     bytes_ += layout_.left;
     AppendField(bytes_, context.left);
@@ -206,8 +205,7 @@ class RowComposer {
   }
 
   void AppendRareCharacter(std::string& to, char16_t ch) const {
-    const bool isControl = ch < u' ' || (ch >= 0x7F && ch < 0xA0);
-    if (isJson_ && isControl) {
+    if (isJson_ && IsControl(ch)) {
       constexpr std::string_view DIGITS = "0123456789abcdef";
       to.append("\\u00").append({DIGITS[ch >> 4U], DIGITS[ch & 0xFU]});
       return;
@@ -226,7 +224,7 @@ class RowComposer {
   std::string fileField_;
   std::string wordFields_;
   std::string bytes_;   // not handed on yet
-  std::string copies_;  // of what a context could not be viewed in
+  std::string copies_;  // of what two views of a context could not view
 };
 
 }  // namespace

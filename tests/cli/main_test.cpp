@@ -43,8 +43,8 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
        "quorvel-cli: a.txt: /dev/full: No space left on device\n"},
       {"a concordance", "b.QVL.conc.txt", 1,
        "quorvel-cli: b.QVL.conc.txt: This is an QVL concordance file.\n"},
-      {"an index", "i.qvl.ndx", 1, "quorvel-cli: i.qvl.ndx: This is an QVL index file.\n"},
-      {"no input", "", 1, "quorvel-cli: Input file not specified.\n"},
+      {"an index", "a.qvl.ndx", 1, "quorvel-cli: a.qvl.ndx: This is an QVL index file.\n"},
+      {"no input", "-q", 1, "quorvel-cli: Input file not specified.\n"},
       {"several lines", "a.log", 1,
        "quorvel-cli: a.log: This program acts only on text files, Word DOCX files and HTML "
        "files.\n"},

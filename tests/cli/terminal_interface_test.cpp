@@ -134,7 +134,6 @@ TEST(TerminalInterface, SaysThatThereIsNoMemory) {
   const std::string said = "quorvel-cli: There is not enough memory";
   const std::string longest(4095 - said.size() - 5, 'x');
   const std::pair<std::string, std::string> rows[] = {
-      {"", "."},
       {"a.txt -o b", " for a.txt -o b."},
       {"'a\n\x1b\x7f\x1f ~\xC3\xA9'", " for a???? ~\xC3\xA9."},
       {longest.substr(1), " for " + longest.substr(1) + "."},

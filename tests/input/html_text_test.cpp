@@ -2,101 +2,83 @@
 
 #include <gtest/gtest.h>
 
-#include "input/document.h"
-#include "input/entities.h"
 #include "naive/naive_html.h"
 #include "support/made_texts.h"
-#include "support/scripted_conversation.h"
-#include "util/ansi.h"
 
 namespace quorvel {
 namespace {
 
-std::string Stripped(std::string text) {
-  StripTags(text);
+enum Lists { KEPT, DROPPED, MARKED };
+
+std::string Stripped(std::string text, Lists lists) {
+  if (lists == KEPT) StripTags(text);
+  if (lists != KEPT) StripTagsAndLists(text, lists == MARKED);
   return text;
 }
 
-std::string StrippedOfLists(std::string text, bool markLists) {
-  StripTagsAndLists(text, markLists);
-  return text;
-}
-
-std::string Decoded(std::string text) {
-  DecodeEntities(text);
-  return text;
-}
-
-TEST(HtmlText, HasItsOddities) {
-  const char* rows[][3] = {
-      {"a prefix is enough", "<p>a<stylesheet>b</styles>c", " a c"},
-      {"other elements do not close it", "<p>a<script><style></style>b</script>c", " a c"},
-      {"a list of the other kind is not counted", "<p>a<ul>b<ol>c</ul>d</ol>e", " a //  d e"},
-      {"one of the same kind is", "<p>a<ul>b<ulink>c</ul>d</ulx>e", " a //  e"},
-      {"a script in a list hides no marks", "<p>a<ul><script>'</ul>'</script>b", " a //  ' b"},
-      {"a lone & hides the next entity", ">R&D, &eacute;t&eacute;", " R&D, &eacute;t\xE9"},
-      {"a decoded & begins no candidate", ">&amp;eacute;&amp;amp;", " &eacute;&amp;"},
-  };
-  for (const auto& [name, text, expected] : rows) {
-    EXPECT_EQ(Decoded(StrippedOfLists(text, true)), expected) << name;
+TEST(HtmlText, IsItsNaiveForm) {
+  const std::vector<std::vector<std::string>> alphabets = {
+      {"<", ">", "a", "<p>", "</", "<scripts>", "</SCRIPT>", "<Style>", "</style", "<noScript"},
+      {"<ul>", "<UL", "</ul>", "</uL", "<ol>", "</Ol>", "</ol", ">", "a", "<p>", "<script>",
+       "</script>"},
+      {"<", "/", "u", "o", "l", "s>", ">", "[", "@", "<\xF5l", "<ul>", "</ul>", "\x15l"}};
+  std::mt19937 random(1);
+  for (std::size_t i = 0; i < 3000; ++i) {
+    const std::string text = RandomText(alphabets[i % alphabets.size()], 20, random);
+    ASSERT_EQ(Stripped(text, KEPT), naive::StripTags(text)) << text;
+    ASSERT_EQ(Stripped(text, DROPPED), naive::StripTagsAndLists(text, false)) << text;
+    ASSERT_EQ(Stripped(text, MARKED), naive::StripTagsAndLists(text, true)) << text;
   }
-  EXPECT_EQ(Decoded(naive::ENTITY_TABLE), naive::DecodeEntities(naive::ENTITY_TABLE));
 }
 
 TEST(HtmlText, HostileTextsTakeLinearTime) {
-  constexpr int MANY = 1000000;
-  EXPECT_EQ(Stripped(Repeated("<", MANY)), "");
-  EXPECT_EQ(Stripped("<p>" + Repeated("<script", MANY)), " ");
-  EXPECT_EQ(StrippedOfLists(Repeated("<ul>", MANY) + Repeated("</ul>", MANY), true), " //  ");
-  EXPECT_EQ(StrippedOfLists(Repeated("<ul></ul", MANY), true), Repeated(" // ", MANY));
-  EXPECT_EQ(Decoded(Repeated("&", MANY)), Repeated("&", MANY));
-  EXPECT_EQ(Decoded(Repeated("&eacute;&no;", MANY)), Repeated("\xE9&no;", MANY));
+  constexpr int MANY = 200000;
+  EXPECT_EQ(Stripped(Repeated("<", MANY), KEPT), "");
+  EXPECT_EQ(Stripped("<p>" + Repeated("<script", MANY), KEPT), " ");
+  EXPECT_EQ(Stripped(Repeated("<ul>", MANY) + Repeated("</ul>", MANY), MARKED), " //  ");
+  EXPECT_EQ(Stripped(Repeated("<ul></ul", MANY), MARKED), Repeated(" // ", MANY));
 }
 
-TEST(HtmlText, BodyAndCharset) {
-  const struct {
-    const char* page;
-    bool isUtf8;
-    std::optional<std::size_t> body;
-  } rows[] = {{"charset=utf-8</head>", true, 20},
-              {"</HeAd></head> Charset=UTF-8859", true, 7},
-              {"CHARSET=\"Utf-8\"", true, {}},
-              {"charset='utf-8' charset=\"utf-8 charset = utf-8 charset=utf8</head >", false, {}}};
-  for (const auto& [page, declared, body] : rows) {
-    bool isUtf8 = false;
-    EXPECT_EQ(FindHtmlBody(page, isUtf8), body) << page;
-    EXPECT_EQ(isUtf8, declared) << page;
-  }
+TEST(HtmlText, BeginsBehindTheFirstHead) {
+  bool isUtf8 = false;
+  EXPECT_EQ(FindHtmlBody("</head", isUtf8), std::nullopt);
+  EXPECT_EQ(FindHtmlBody("</HeAd></head>", isUtf8), 7U);
+  EXPECT_FALSE(isUtf8);
+  EXPECT_EQ(FindHtmlBody("charset=utf-8</head>", isUtf8), 20U);
+  EXPECT_TRUE(isUtf8);
+  EXPECT_EQ(FindHtmlBody("x</head >", isUtf8), std::nullopt);
+  EXPECT_TRUE(isUtf8);
 }
 
-TEST(HtmlText, MakesDocumentsOfPages) {
+TEST(HtmlText, IsMadeOfPages) {
+  using enum HtmlOutcome;
   const std::string page =
-      "<!doctype HTML>\r\n<title>Lost</title></Head>\r\n\r\n<body>caf&eacute;&nbsp; noir"
-      "<ul><li>\titem</ul>\r\n</body>";
-  const std::string bareBytes =
-      "<!DOCTYPE html><meta charset=\"Utf-8\"></head><p>\xC3\xA9t\xC3\xA9 "
-      "\xE2\x80\x9Cnu\xE2\x80\x9D &copy;";
-  const std::string untyped = "<html>\r\n <b>caf&eacute;</b>\tnoir";
-  const std::string textFile = "<!doctype html>\r\n</head><p>caf&eacute;";
+      "<!doctype HTML><title>Lost</title></Head> <body>caf&eacute;&nbsp; "
+      "noir<ul><li>\titem</ul> </body>";
+  const std::string bytes = "</head><p>\xC3\xA9t\xC3\xA9 \xE2\x80\x9Cnu\xE2\x80\x9D";
   const struct {
     const char* name;
-    const char* file;
-    std::string bytes, text;
+    std::string text;
+    HtmlOutcome outcome;
+    std::string expected;
+    bool isUtf8 = false;
     bool ignoreLists = false;
-  } rows[] = {{"a page", "a.html", page, " caf\xE9  noir item "},
-              {"without its lists", "a.HTM", page, " caf\xE9  noir // ", true},
-              {"chosen as ANSI, yet declared UTF-8", "a.html", bareBytes, " \xE9t\xE9 \"nu\" \xA9"},
-              {"no document type", "a.html", untyped, "<html> <b>caf&eacute;</b> noir", true},
-              {"a page by its name only", "a.htm.txt", page, " caf\xE9  noir item "},
-              {"a text file", "a.txt", textFile, "<!doctype html> / </head><p>caf&eacute;", true}};
+  } rows[] = {{"a page", page, prepared, " caf\xE9  noir item "},
+              {"without its lists", page, prepared, " caf\xE9  noir // ", false, true},
+              {"ANSI", "<!DOCTYPE html>" + bytes, prepared,
+               " \xC3\xA9t\xC3\xA9 \xE2\x80\x9Cnu\xE2\x80\x9D"},
+              {"taken for ANSI, yet declared UTF-8", "<!DOCTYPE html charset=\"Utf-8\">" + bytes,
+               prepared, " \xE9t\xE9 \"nu\""},
+              {"repaired when it was read", "<!DOCTYPE html charset=utf-8></head>>\xC3\xA9",
+               prepared, " \xC3\xA9", true},
+              {"no document type", "<html>" + bytes, notAPage, "<html>" + bytes},
+              {"a document type of another kind", "<!doctype x>", notAPage, "<!doctype x>"},
+              {"no head", "<!doctype html>x", noHead, "<!doctype html>x"}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    ScriptedConversation ui;
-    const Result<std::string> text = ReadInputFile(InputBytes(row.file, row.bytes), false, ui);
-    const auto document = MakeDocument({row.file, {}, {}}, {false, row.ignoreLists}, *text, ui);
-    EXPECT_EQ((*document)->ansiText, row.text);
-    EXPECT_EQ((*document)->documentText, DecodeAnsi(row.text));
-    EXPECT_EQ(ui.output, "Reading file ...\r\nCompacting spaces ...\r\nProcessing file ...\r\n");
+    SilentProgress nobody;
+    std::string text = row.text;
+    EXPECT_EQ(PrepareHtmlText(text, row.isUtf8, row.ignoreLists, nobody), row.outcome) << row.name;
+    EXPECT_EQ(text, row.expected) << row.name;
   }
 }
 

@@ -5,11 +5,10 @@
 namespace quorvel {
 namespace {
 
-std::string UnixText(std::size_t size) { return "a\n" + std::string(size - 2, 'b'); }
-
 TEST(InputFile, TellsKinds) {
   using namespace std::string_literals;
   using enum FileKind;
+  constexpr std::size_t EXAMINED = 100;
   const struct {
     const char* name;
     const char* file;
@@ -19,28 +18,56 @@ TEST(InputFile, TellsKinds) {
   } rows[] = {
       {"no path", "", "abcde", noPath},
       {"no bytes", "a.txt", "", empty},
-      {"four bytes", "a.txt", "abcd", oneToFourBytes},
+      {"four bytes", "a.txt", "\xFF\xFE\x61\x62", oneToFourBytes},
       {"five bytes", "a.txt", "abcde", windowsText},
-      {"rtf", "a.txt", "{\\rtf1", rtf},
+      {"rtf", "a.txt", "{\\rtf", rtf},
+      {"hardly rtf", "a.txt", "{\\rtx1", windowsText},
+      {"compound", "a.txt", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", compound},
+      {"hardly compound", "a.txt", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE2", windowsText},
+      {"both line ends", "a.txt", "one\r\ntwo", windowsText},
       {"returns", "a.txt", "one\rtwo\r", macText},
+      {"line feeds", "a.txt", "one\ntwo\n", unixText},
+      {"utf-16 le", "a.txt", "\xFF\xFEwxyz", otherUnicode},
       {"utf-16 be", "a.txt", "\xFE\xFFwxyz", otherUnicode},
       {"utf-32 be", "a.txt", "\0\0\xFE\xFFwxyz"s, otherUnicode},
       {"utf-8 mark, Unix line ends unseen", "a.txt", "\xEF\xBB\xBFx\ny\n", windowsText, true},
       {"xml", "a.XML", "<?xml version", windowsText, true},
       {"xml as text", "a.txt", "<?xml version", windowsText},
-      {"xml, utf-16", "a.xml", "<\0?\0x\0"s, otherUnicode},
+      {"xml behind a blank", "a.xml", " <?xml version\n", unixText},
+      {"xml behind a zero byte", "a.xml", "\0 <?xml version\n"s, unixText},
+      {"xml, utf-16 le without a mark", "a.xml", "<\0?\0x\0"s, otherUnicode},
+      {"xml, utf-16 be without a mark", "a.xml", "\0<\0?\0x"s, otherUnicode},
+      {"the same, named a text", "a.txt", "\0<\0?\0x"s, windowsText},
       {"charset", "a.htm", "<META CHARSET=\"utf-8\">", windowsText, true},
       {"quote at the end", "a.txt", std::string(65535, 'b') + "\xE2\x80", windowsText, true},
       {"charset at the end", "a.txt", std::string(65529, 'b') + "charset=utf-8", windowsText, true},
       {"no text extension", "a.dat", "say \xE2\x80\x9Chi", windowsText},
-      {"return behind the examined part", "a.txt", UnixText(16384) + "\r\n", unixText},
-      {"line end behind it", "a.txt", std::string(16384, 'b') + "\n", windowsText}};
+      {"return behind the examined part", "a.txt", "\n" + std::string(EXAMINED - 1, 'b') + "\r",
+       unixText},
+      {"return at its end", "a.txt", "\n" + std::string(EXAMINED - 2, 'b') + "\r", windowsText}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const FileClass found = ClassifyTextFile({row.file, row.bytes}, 16384, true);
+    const FileClass found = ClassifyTextFile({row.file, row.bytes}, EXAMINED, true);
     EXPECT_EQ(found.kind, row.kind);
     EXPECT_EQ(found.isUtf8, row.isUtf8);
   }
+  EXPECT_FALSE(ClassifyTextFile({"a.htm", "charset=utf-8"}, EXAMINED, false).isUtf8);
+}
+
+TEST(InputFile, DeclaresACharset) {
+  const char* declared[] = {"charset=utf-8", "CharSet=Utf-8859", "charset=\"UTF-8\">",
+                            "x=charset=utf-8", "charset=x charset=\"utf-8\""};
+  for (const char* bytes : declared) EXPECT_TRUE(DeclaresUtf8(bytes)) << bytes;
+  const char* others[] = {"harset=utf-8",     "charset='utf-8'", "charset=\"utf-8",
+                          "charset=\"utf-8'", "charset =utf-8",  "charset= utf-8",
+                          "charset=utf-",     "charset=utf8"};
+  for (const char* bytes : others) EXPECT_FALSE(DeclaresUtf8(bytes)) << bytes;
+}
+
+TEST(InputFile, OfAFaultIsMissingOrUnreadable) {
+  EXPECT_EQ(KindOfUnread({FaultKind::missing, "", {}}), FileKind::noPath);
+  EXPECT_EQ(KindOfUnread({FaultKind::missing, "a.txt", {}}), FileKind::missing);
+  EXPECT_EQ(KindOfUnread({FaultKind::notOpened, "a.txt", {}}), FileKind::unreadable);
 }
 
 }  // namespace

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "files/path_names.h"
-#include "input/compact_spaces.h"
-
 namespace quorvel {
 namespace {
 
@@ -28,18 +25,7 @@ TEST(TextFile, JoinsLines) {
   for (const auto& [name, bytes, text, isUtf8] : rows) {
     EXPECT_EQ(ReadTextFile(bytes, {isUtf8, LineJoin::slash}), text) << name;
   }
-}
-
-TEST(CompactSpaces, MakesOneBlankOfEachRun) {
-  std::string text = "\t a\r\n\x01z\xA0 z\x7F\t";
-  CompactSpaces(text);
-  EXPECT_EQ(text, " a z\xA0 z\x7F ");
-}
-
-TEST(PathNames, ReplaceTheExtension) {
-  EXPECT_EQ(DefaultConcordanceFileName("C:\\my.texts\\a"), "C:\\my.texts\\a.qvl.conc.txt");
-  EXPECT_EQ(DefaultIndexFileName("/x.y/Report.v2.docx"), "/x.y/Report.v2.qvl.ndx");
-  EXPECT_FALSE(IsConcordanceFileName("a.conc.txt"));
+  EXPECT_EQ(ReadTextFile("a\r\nb", {false, LineJoin::blank}), "a b");
 }
 
 }  // namespace

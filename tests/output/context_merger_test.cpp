@@ -14,12 +14,12 @@ namespace {
 constexpr std::u16string_view NO_WORD = u"zzz";  // that stands in no context
 
 // Contexts of few pieces, some of which look like markers, so that base texts meet whole ones.
-std::vector<std::string> TangledContexts(std::mt19937& random) {
+std::vector<std::string> TangledContexts(std::mt19937& random, bool withMarkers) {
   static constexpr std::array<std::string_view, 6> PARTS = {"a", "b", " (x", " (x2)", "3)", " (y"};
   std::vector<std::string> contexts(random() % 40);
   for (std::string& context : contexts) {
     for (std::size_t left = random() % 4; left > 0; --left)
-      context += PARTS[random() % PARTS.size()];
+      context += PARTS[random() % (withMarkers ? PARTS.size() : 2)];
   }
   return contexts;
 }
@@ -47,14 +47,27 @@ std::string MergedNaively(const std::vector<std::string>& contexts, bool countRe
 
 TEST(ContextMerger, IsItsNaiveForm) {
   std::mt19937 random(1);
-  for (const bool countRepeats : {true, false}) {
-    ContextMerger merger(countRepeats, true, RandomHashSeed());
-    for (int i = 0; i < 4000; ++i) {
-      const std::vector<std::string> contexts = TangledContexts(random);
+  for (int choice = 0; choice < 4; ++choice) {
+    const bool countRepeats = choice % 2 == 0;
+    const bool withMarkers = choice < 2;
+    ContextMerger merger(countRepeats, withMarkers, RandomHashSeed());
+    for (int i = 0; i < 1500; ++i) {
+      const std::vector<std::string> contexts = TangledContexts(random, withMarkers);
       ASSERT_EQ(Merged(merger, contexts), MergedNaively(contexts, countRepeats))
           << testing::PrintToString(contexts);
     }
   }
+}
+
+// So many that some of them are bound to have one hash of 32 bits.
+TEST(ContextMerger, TellsContextsOfOneHashApart) {
+  constexpr std::int32_t MANY = 300000;
+  std::vector<std::string> contexts;
+  for (int i = 0; i < MANY; ++i) contexts.push_back(std::to_string(i));
+  ContextMerger merger(true, false, RandomHashSeed());
+  merger.Start(MANY);
+  for (const std::string& context : contexts) merger.Add(context);
+  EXPECT_EQ(merger.Contexts().size(), contexts.size());
 }
 
 }  // namespace

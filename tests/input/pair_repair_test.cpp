@@ -1,0 +1,51 @@
+// Reached by the repair of texts whose pairs of bytes form others when they are replaced.
+
+#include "input/pair_repair.h"
+
+#include <gtest/gtest.h>
+
+#include "input/utf8_repair.h"
+#include "naive/naive_forms.h"
+#include "support/made_texts.h"
+
+namespace quorvel {
+namespace {
+
+// Longer and longer runs, each of which is met when it has become a pair.
+std::string Stairs(std::string_view lead, std::string_view next, int steps) {
+  std::string text;
+  for (int step = 1; step <= steps; ++step) text += Repeated(lead, step) + Repeated(next, step);
+  return text;
+}
+
+// Of few different bytes, so that replacements form pairs again and again, and with some that are
+// met first again and again, so that the search goes on for long.
+TEST(PairRepair, IsItsNaiveForm) {
+  const std::vector<std::string> leads = {"\xC2", "\xC3", "\xC2\xC2", "\xC3\x83"};
+  const std::vector<std::string> others = {"\xC2", "\xC2\xC2", "\xC3",     "\x80",
+                                           "\x85", "\x83",     "\xA9",     "\x83\x83",
+                                           "\xA3", "\xC2\x80", "\x80\x80", "x"};
+  std::mt19937 random(1);
+  std::vector<std::string> texts;
+  for (int i = 0; i < 8000; ++i) {
+    std::vector<std::string> few = {leads[random() % leads.size()]};
+    for (auto more = 1 + random() % 4; more > 0; --more) {
+      few.push_back(others[random() % others.size()]);
+    }
+    texts.push_back(RandomText(few, 120, random));
+  }
+  for (const char* lead : {"\xC2", "\xC3", "\xC3\x83", "\xC2\xC2"}) {
+    for (const char* next : {"\x80", "\x83", "\xA9", "\x80\x81", "\xA9\x83"}) {
+      texts.push_back(Stairs(lead, next, 30));
+      texts.push_back("\xC2\x80" + Stairs(lead, next, 30));
+    }
+  }
+  for (const std::string& text : texts) {
+    std::string repaired = text;
+    RepairUtf8(repaired);
+    ASSERT_EQ(repaired, naive::RepairUtf8(text)) << testing::PrintToString(text);
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

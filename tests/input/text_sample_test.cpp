@@ -1,0 +1,32 @@
+#include "input/text_sample.h"
+
+#include <gtest/gtest.h>
+
+#include "input/docx_text.h"
+#include "support/zip_builder.h"
+
+namespace quorvel {
+namespace {
+
+TEST(TextSample, IsTheBeginningOfTheText) {
+  const std::string page =
+      "<!doctype html><title>Lost</title></head><p>caf&eacute; \xC3\xA9t\xC3\xA9";
+  const struct {
+    const char* name;
+    const char* file;
+    std::string bytes;
+    std::string expected;
+  } rows[] = {
+      {"a short text", "a.txt", "caf\xC3\xA9 \xE2\x80\x99", "caf\xE9 '"},
+      {"a long one, cut before it is repaired", "a.txt", "123456789\xC3\xA9", "123456789\xC3"},
+      {"a page", "a.html", page, " caf\xE9 \xE9t\xC3"},
+      {"a page without a head", "a.htm", "<p>caf&eacute;", "<p>caf&eac"},
+      {"a document", "a.docx", ZipArchive({{BODY_ENTRY, "<w:t>to be or not</w:t>"}}), "to be or n"},
+      {"a damaged one", "a.docx", "PK\x03\x04 no archive", ""}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(TextSample({row.file, row.bytes}, 10), row.expected) << row.name;
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

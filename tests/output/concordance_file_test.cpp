@@ -1,0 +1,31 @@
+#include "output/concordance_file.h"
+
+#include <gtest/gtest.h>
+
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+TEST(ConcordanceFile, BeginsWithWhatItWasMadeOf) {
+  constexpr std::time_t TIME = 1234567890;
+  const std::string made = " file created using Quorvel (V.21.36): " + DateAndTimeText(TIME);
+  EXPECT_EQ(FileHeader(Mode::create, "/a\n\u00e9\x7f\u4e00.txt", "ABC", TIME),
+            "Input file: /a?\xE9??.txt\r\nMD5 message digest of input file: ABC\r\nConcordance" +
+                made + "\r\n\r\n");
+  EXPECT_EQ(FileHeader(Mode::search, "b", "ABC", TIME),
+            "Input file: b\r\nSearch results" + made + "\r\n\r\n");
+}
+
+TEST(ConcordanceFile, IsThatOfTheMode) {
+  ConcordanceSettings settings;
+  settings.outputFile = "listing";
+  settings.searchResultsFile = "results";
+  EXPECT_EQ(OutputFileOf(settings) + ": " + OutputName(settings.mode), "listing: Concordance file");
+  settings.mode = Mode::search;
+  EXPECT_EQ(OutputFileOf(settings) + ": " + OutputName(settings.mode),
+            "results: Search results file");
+}
+
+}  // namespace
+}  // namespace quorvel
