@@ -40,9 +40,9 @@ struct SessionOptions {
   OutputFormat outputFormat = OutputFormat::text;
   EncodingChoice encodingChoice = EncodingChoice::confirm;
   Targets targets = Targets::ordinaryFiles;  // which the listing may be written to
-  bool listsOnce = false;     // the words of a run are listed at its end and then not again
-  ByteSink outputSink = {};   // where set, the bytes of the listing go here and to no named file
-  std::string sinkPath = {};  // of the file behind the sink, if any: it is an output like others
+  bool listsOnce = false;      // the words of a run are listed at its end and then not again
+  ByteSink outputSink = {};    // where set, the bytes of the listing go here and to no named file
+  std::string sinkPath = {};   // of the file behind the sink, if any: it is an output like others
   bool rowsNameInput = false;  // they go into a table of several documents
 };
 
