@@ -116,7 +116,6 @@ def examine_program(program, document):
             visit("About Quorvel", "Close")
         finally:
             process.kill()
-    return 0
 
 
 def run_in_own_session(program_path, document):

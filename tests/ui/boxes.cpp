@@ -72,8 +72,8 @@ void Activate(QWidget& window) {
   const auto isActive = [&window] { return HasTheKeys(window); };
   const QWidget* active = QApplication::activeWindow();
   if (active != nullptr && active != &window && active->isVisible()) window.activateWindow();
-  for (int tries = 0; tries < 10; ++tries) {
-    if (QTest::qWaitFor(isActive, PATIENCE_MS / 2)) return;
+  for (int tries = 0; tries < 20; ++tries) {
+    if (QTest::qWaitFor(isActive, PATIENCE_MS / 5)) return;
     // Qt may have missed that the window has the keys: they are taken from it and given back.
     for (const auto owner : {static_cast<xcb_window_t>(XCB_NONE), xcb_window_t(window.winId())}) {
       xcb_set_input_focus(XServer(), XCB_INPUT_FOCUS_PARENT, owner, XCB_CURRENT_TIME);

@@ -58,7 +58,6 @@ TEST_F(OptionLists, TakeOtherKeysAsAnyListDoesButNotTheWheel) {
   QWheelEvent turn({}, {}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(&list_, &turn);
   EXPECT_FALSE(turn.isAccepted());
-  EXPECT_EQ(list_.currentText(), "by frequency");
 }
 
 }  // namespace
