@@ -25,7 +25,6 @@ constexpr int BETWEEN_LOOKS_MS = 10;
 constexpr int LOOKS_FOR_KEYS = 30;
 constexpr int MOST_LOOKS = 3000;
 constexpr int PATIENCE_MS = 5000;
-constexpr int PATIENCE_WITH_MANAGER_MS = 2000;
 
 std::string Caption(const QAbstractButton& button) {
   return button.text().remove('&').toStdString();
@@ -47,8 +46,7 @@ std::string ShownBy(const QWidget& window) {
     }
     return Shows(title, box->text().toStdString(), box->icon(), buttons);
   }
-  const auto* message = window.findChild<QLabel*>("lblMessage");
-  return message == nullptr ? title : POP_UP + message->text().toStdString();
+  return window.findChild<QLabel*>("lblMessage") == nullptr ? title : POP_UP + title;
 }
 
 // The box that the program waits for, if any.
@@ -74,8 +72,8 @@ void Activate(QWidget& window) {
   const auto isActive = [&window] { return HasTheKeys(window); };
   const QWidget* active = QApplication::activeWindow();
   if (active != nullptr && active != &window && active->isVisible()) window.activateWindow();
-  for (int tries = 0; tries < 10; ++tries) {
-    if (QTest::qWaitFor(isActive, PATIENCE_WITH_MANAGER_MS)) return;
+  for (int tries = 0; tries < 20; ++tries) {
+    if (QTest::qWaitFor(isActive, PATIENCE_MS / 5)) return;
     // Qt may have missed that the window has the keys: they are taken from it and given back.
     for (const auto owner : {static_cast<xcb_window_t>(XCB_NONE), xcb_window_t(window.winId())}) {
       xcb_set_input_focus(XServer(), XCB_INPUT_FOCUS_PARENT, owner, XCB_CURRENT_TIME);
@@ -87,12 +85,10 @@ void Activate(QWidget& window) {
 
 void ClickOn(QWidget& control) {
   QWidget& window = *control.window();
-  // The words of a wide check box may be far from its middle.
   const QPoint place(std::min(12, control.width() / 2), control.height() / 2);
   const QPoint inWindow = control.mapTo(&window, place);
   const QWidget* hit = window.childAt(inWindow);
-  const bool isHit = hit == &control || control.isAncestorOf(hit);
-  EXPECT_TRUE(control.isVisible() && control.isEnabled() && isHit)
+  EXPECT_TRUE(control.isEnabled() && (hit == &control || control.isAncestorOf(hit)))
       << control.objectName().toStdString() << " is hidden, disabled or covered";
   QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, inWindow);
 }
@@ -111,10 +107,8 @@ void TypeText(QWidget& window, const std::string& text) {
 }
 
 Box Tells(const std::string& title, const std::string& text, Icon icon) {
-  const int shown = icon == Icon::none          ? QMessageBox::NoIcon
-                    : icon == Icon::information ? QMessageBox::Information
-                                                : QMessageBox::Warning;
-  return {Shows(title, text, shown, "OK*"), [](QWidget& box) { PressButton(box, "OK"); }};
+  return {Shows(title, text, static_cast<int>(icon), "OK*"),
+          [](QWidget& box) { PressButton(box, "OK"); }};
 }
 
 Box Asks(const std::string& title, const std::string& text, const char* preset, const char* button,
@@ -168,23 +162,20 @@ void Boxes::Look() {
   looks_ = box == current_ ? looks_ + 1 : 0;
   current_ = box;
   const std::string shown = ShownBy(*box);
-  const std::string wanted = expected_.empty() ? "none" : expected_.front().shows;
-  if (shown != wanted) return Dismiss(*box, "came: " + shown + "\nnot: " + wanted);
-  if (looks_ > MOST_LOOKS) return Dismiss(*box, "never active, or never ready: " + shown);
-  const Box next = expected_.front();
+  const bool isWanted = !expected_.empty() && shown.starts_with(expected_.front().shows);
+  if (!isWanted || looks_ > MOST_LOOKS) {
+    ADD_FAILURE() << "after " << action_ << " came: " << shown
+                  << "\nnot: " << (expected_.empty() ? "none" : expected_.front().shows);
+    expected_.clear();
+    qobject_cast<QDialog*>(box)->reject();
+    return;
+  }
   // A message needs no keys, and the manager may leave them with another window of ours.
-  const bool isThere = HasTheKeys(*box) || (shown.starts_with(POP_UP) && looks_ > LOOKS_FOR_KEYS);
-  if (!isThere || (next.ready && !next.ready())) return;
+  if (!HasTheKeys(*box) && !(shown.starts_with(POP_UP) && looks_ > LOOKS_FOR_KEYS)) return;
+  const Box next = expected_.front();
   expected_.pop_front();
   current_ = nullptr;
   next.answer(*box);
-}
-
-void Boxes::Dismiss(QWidget& box, const std::string& fault) {
-  ADD_FAILURE() << "after " << action_ << " " << fault;
-  current_ = nullptr;
-  expected_.clear();
-  if (auto* dialog = qobject_cast<QDialog*>(&box)) dialog->reject();
 }
 
 }  // namespace quorvel

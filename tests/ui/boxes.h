@@ -17,23 +17,20 @@ namespace quorvel {
 // times, and a window that is closed then takes the keys of the next one with it.
 [[nodiscard]] bool HasTheKeys(const QWidget& window);
 
-// Sees to it that keys go to a window. When a box has gone, the window manager chooses the next
-// one.
+// Sees to it that keys go to a window.
 void Activate(QWidget& window);
 
-// Clicks a control. Fails when that is hidden, disabled or covered.
+// Fails when the control is hidden, disabled or covered.
 void ClickOn(QWidget& control);
 
 // Presses the button of this caption, or the key "Enter" or "Escape".
 void PressButton(QWidget& box, const std::string& caption);
 
-// Presses the keys for `text`.
 void TypeText(QWidget& window, const std::string& text);
 
 struct Box {
-  std::string shows;  // what a user sees of it: title, text, icon and buttons
+  std::string shows;  // what it begins with: title, text, icon and buttons
   std::function<void(QWidget&)> answer;
-  std::function<bool()> ready = nullptr;  // where set, the answer waits for it
 };
 using BoxList = std::vector<Box>;
 
@@ -62,7 +59,6 @@ class Boxes {
 
  private:
   void Look();
-  void Dismiss(QWidget& box, const std::string& fault);
 
   QTimer timer_;
   std::deque<Box> expected_;

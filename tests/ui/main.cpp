@@ -14,8 +14,7 @@ int main(int argumentCount, char** arguments) {
   QApplication::setApplicationName("quorvel");
   // Windows come and go with the tests.
   QApplication::setQuitOnLastWindowClosed(false);
-  // Qt's file dialogs keep settings of their own. They write them where they did so first, which
-  // must not be the folder of a test, for that is gone by then.
+  // Qt's file dialogs keep settings of their own, in the folder that they wrote them to first.
   const quorvel::TestFolder settings;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString(settings.Path("")));

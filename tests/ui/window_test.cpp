@@ -5,26 +5,12 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QTest>
 #include <QUrl>
 #include <QWindow>
 #include <stdexcept>
-#include <utility>
-
-#include "run/silent_conversation.h"
-#include "run/stop_word_choice.h"
-#include "run/word_lists.h"
 
 namespace quorvel {
-namespace {
-
-// In which all of the window is to be seen and used.
-constexpr QSize USABLE_SIZE(1000, 700);
-constexpr int LOOK_MS = 5000;
-
-}  // namespace
-
 WindowTest::WindowTest() {
   qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder_.Path("config")));
 }
@@ -32,10 +18,8 @@ WindowTest::WindowTest() {
 void WindowTest::Open(const std::string& path, const BoxList& boxes) {
   window_.reset();
   window_ = std::make_unique<MainWindow>();
-  window_->resize(USABLE_SIZE);
+  window_->resize(1000, 700);
   window_->show();
-  const auto* output = window_->findChild<QPlainTextEdit*>("txbOutput");
-  QObject::connect(output, &QPlainTextEdit::textChanged, window_.get(), [this] { NotePhase(); });
   Do("start", boxes, [this, &path] { window_->Start(path); });
 }
 
@@ -78,7 +62,6 @@ void WindowTest::Type(const std::string& control, const std::string& text, const
   Do(control, boxes, [&window, end] { QTest::keyClick(window.windowHandle(), end); });
 }
 
-// The list opens below the mouse and takes no click for a while, so keys choose.
 void WindowTest::Choose(const std::string& list, const std::string& item, const BoxList& boxes) {
   auto& box = dynamic_cast<QComboBox&>(Control(list));
   const int place = box.findText(QString::fromStdString(item));
@@ -91,10 +74,10 @@ void WindowTest::Choose(const std::string& list, const std::string& item, const 
   Do(list, boxes, [opened] { QTest::keyClick(opened, Qt::Key_Return); });
 }
 
-void WindowTest::Drop(const std::string& path, const BoxList& boxes, const std::string& control) {
+void WindowTest::Drop(const std::string& path, const BoxList& boxes) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-  const QPoint place = Control(control).mapTo(window_.get(), QPoint(5, 5));
+  const QPoint place = Control("txbFile_0").mapTo(window_.get(), QPoint(5, 5));
   Do("drop", boxes, [this, &data, place] {
     QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window_->windowHandle(), &enter);
@@ -102,23 +85,6 @@ void WindowTest::Drop(const std::string& path, const BoxList& boxes, const std::
     QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window_->windowHandle(), &drop);
   });
-}
-
-void WindowTest::CloseWindow(const BoxList& boxes) {
-  Do("close", boxes, [this] { window_->windowHandle()->close(); });
-}
-
-void WindowTest::WhileScanning(std::function<void()> act) {
-  acted_ = false;
-  meanwhile_.disconnect();
-  QObject::connect(&meanwhile_, &QTimer::timeout, &meanwhile_, [this, act = std::move(act)] {
-    const bool isAmid = Text("lblTotalNumOccurrences").starts_with("[-");
-    if (acted_ || !isAmid || !phases_.ends_with("Processing file, ")) return;
-    acted_ = true;
-    meanwhile_.stop();
-    act();
-  });
-  meanwhile_.start(1);
 }
 
 QWidget& WindowTest::Control(const std::string& name) const {
@@ -137,8 +103,7 @@ std::string WindowTest::Text(const std::string& name) const {
   const QWidget* control = window_->findChild<QWidget*>(QString::fromStdString(name));
   for (const char* property : {"plainText", "currentText", "text"}) {
     const QVariant text = control == nullptr ? QVariant() : control->property(property);
-    if (text.isValid() && name.starts_with("cmd")) return text.toString().remove('&').toStdString();
-    if (text.isValid()) return text.toString().toStdString();
+    if (text.isValid()) return text.toString().remove('&').toStdString();
   }
   throw std::runtime_error("no text in " + name);
 }
@@ -158,15 +123,11 @@ std::string WindowTest::Which(const char* property, const Names& names) const {
 }
 
 void WindowTest::ExpectSoon(const std::function<bool()>& condition) {
-  EXPECT_TRUE(QTest::qWaitFor(condition, LOOK_MS));
+  EXPECT_TRUE(QTest::qWaitFor(condition, 5000));
 }
 
-Box WindowTest::LoadsStopWords(const Language& language) {
-  const std::string path = StopWordsPath(language);
-  StopWordList list;
-  SilentConversation ui;
-  EXPECT_TRUE(ReadStopWordsFile(path, list, ui));
-  return Tells("Stop words loaded", StopWordsLoadedText(list, path), Icon::none);
+Box WindowTest::LoadsStopWords() {
+  return {"Stop words loaded", [](QWidget& box) { PressButton(box, "OK"); }};
 }
 
 Box WindowTest::WantsKeywords() {
@@ -176,24 +137,6 @@ Box WindowTest::WantsKeywords() {
 
 Box WindowTest::OffersKeywords(const char* button) {
   return Asks("Keywords to search for", "Display search words?", "Yes", button);
-}
-
-Box WindowTest::ReallyStop(const char* button) {
-  return Asks("Stop", "Do you really wish to stop?", "No", button);
-}
-
-Box WindowTest::OffersIndex(const std::string& index, const char* button) {
-  constexpr std::size_t DATE_LINE = 34;
-  return Asks("Index file found",
-              "An index file for this input file exists, created,\nnamely, " +
-                  index.substr(DATE_LINE, 16) + ".\n\nDo you wish to use it?",
-              "Yes", button);
-}
-
-void WindowTest::NotePhase() {
-  const QString last = QString::fromStdString(Text("txbOutput")).trimmed().section('\n', -1);
-  const std::string phase = last.section(" ...", 0, 0).toStdString() + ", ";
-  if (last.endsWith(" ...") && !phases_.ends_with(phase)) phases_ += phase;
 }
 
 }  // namespace quorvel

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "lists/languages.h"
 #include "support/test_folder.h"
 #include "ui/boxes.h"
 #include "ui/main_window.h"
@@ -45,45 +44,28 @@ class WindowTest : public testing::Test {
   void Type(const std::string& control, const std::string& text, const BoxList& boxes = {},
             Qt::Key end = Qt::Key_Tab);
   void Choose(const std::string& list, const std::string& item, const BoxList& boxes = {});
-  void Drop(const std::string& path, const BoxList& boxes = {},
-            const std::string& control = "txbOutput");
-  void CloseWindow(const BoxList& boxes = {});  // by its frame
+  void Drop(const std::string& path, const BoxList& boxes = {});
   void List() { Click("cmdListWords", {WritesConcordance()}); }
   void Search() { Click("optSearch", {WantsKeywords()}); }
 
-  // Acts amid the next scan, from inside its events.
-  void WhileScanning(std::function<void()> act);
-
-  // The control of this name; throws when none is visible.
+  // Throws when none is visible.
   [[nodiscard]] QWidget& Control(const std::string& name) const;
   [[nodiscard]] bool Shown(const std::string& name) const;
   // Its text, of a list the one that is chosen; without mnemonics.
   [[nodiscard]] std::string Text(const std::string& name) const;
-  [[nodiscard]] std::string Counts() const { return Texts(COUNTS); }
   [[nodiscard]] std::string Texts(const Names& names) const;
-  // Those among the names that are "enabled" or "checked", each with a blank behind it.
+  // Those that are "enabled" or "checked", each with a blank behind it.
   [[nodiscard]] std::string Which(const char* property, const Names& names) const;
   static void ExpectSoon(const std::function<bool()>& condition);
 
-  [[nodiscard]] static Box LoadsStopWords(const Language& language = LANGUAGES.front());
+  [[nodiscard]] static Box LoadsStopWords();
   [[nodiscard]] static Box WantsKeywords();
   [[nodiscard]] static Box OffersKeywords(const char* button);
-  [[nodiscard]] static Box ReallyStop(const char* button);
-  [[nodiscard]] static Box OffersIndex(const std::string& index, const char* button);
   [[nodiscard]] static Box WritesConcordance() { return PopsUp("Concordance file written"); }
-
-  const Names COUNTS = {"lblNumberOfWords", "lblNumOccurrences", "lblKeywordsFound"};
 
   TestFolder folder_;
   Boxes boxes_;
   std::unique_ptr<MainWindow> window_;
-  std::string phases_;  // the progress lines since it was last emptied, "Sorting, " and so on
-  bool acted_ = false;  // what WhileScanning waited for has been done
-
- private:
-  void NotePhase();
-
-  QTimer meanwhile_;
 };
 
 }  // namespace quorvel

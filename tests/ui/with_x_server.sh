@@ -8,14 +8,8 @@ set -euo pipefail
 
 manager=
 server=
-end_what_was_started() {
-  local process
-  for process in $manager $server; do
-    kill "$process" 2>/dev/null || continue
-    wait "$process" 2>/dev/null || true
-  done
-}
-trap end_what_was_started EXIT
+# shellcheck disable=SC2086
+trap 'kill $manager $server 2>/dev/null || true; wait' EXIT
 
 # The server picks a free display, and says which once it takes connections.
 exec {answer}< <(exec Xvfb -displayfd 1 -screen 0 1280x900x24 -nolisten tcp 2>/dev/null)

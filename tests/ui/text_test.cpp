@@ -1,0 +1,15 @@
+#include "ui/text.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvel {
+namespace {
+
+TEST(Texts, KeepTheBytesOfAPathThatTheyCannotShow) {
+  std::string path = "/tmp/caf\xE9.txt";
+  TakePath(ShownPath(path), path);
+  EXPECT_EQ(path, "/tmp/caf\xE9.txt");
+}
+
+}  // namespace
+}  // namespace quorvel
