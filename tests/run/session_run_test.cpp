@@ -6,7 +6,6 @@
 
 #include "naive/places.h"
 #include "run/word_lists.h"
-#include "support/made_texts.h"
 #include "support/platform.h"
 #include "support/test_run.h"
 
@@ -20,14 +19,6 @@ constexpr const char* HARBOUR =
 
 const std::string NO_COUNTS = "label \nlabel \nlabel \n";
 
-// What was said since this was last asked.
-std::string News(TestRun& run) { return std::exchange(run.ui.log, ""); }
-
-void Touch(TestRun& run) {
-  const fs::path input(run.settings.inputFile);
-  fs::last_write_time(input, fs::last_write_time(input) - std::chrono::hours(1));
-}
-
 TEST(SessionRun, SaysHowFarItIs) {
   TestRun run(HARBOUR);
   const std::string begin = "stop on\ncounting on\nstop on\n= \n" + NO_COUNTS;
@@ -39,9 +30,10 @@ TEST(SessionRun, SaysHowFarItIs) {
       "pops up Concordance file written\n";
   const std::string read = "+ Reading file ...\n+ Compacting spaces ...\n+ Processing file ...\n";
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  EXPECT_EQ(News(run), begin + read + "+ Sorting ...\n" + ordering + listed + "counting off\n");
+  EXPECT_EQ(std::exchange(run.ui.log, ""),
+            begin + read + "+ Sorting ...\n" + ordering + listed + "counting off\n");
   EXPECT_EQ(run.session.ListAgain(), RunOutcome::done);
-  EXPECT_EQ(News(run), "stop on\ncounting off\n" + listed);
+  EXPECT_EQ(run.ui.log, "stop on\ncounting off\n" + listed);
 }
 
 TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
@@ -170,12 +162,13 @@ TEST(SessionRun, ScansAnewWhatHasChanged) {
     EXPECT_EQ(run.Go(), RunOutcome::done);
     if (row.title == "Bad index file") run.session.UseIndexFile();
     (void)run.folder.Write("a.htm", row.bytes);
-    Touch(run);
+    const fs::path input(run.settings.inputFile);
+    fs::last_write_time(input, fs::last_write_time(input) - std::chrono::hours(1));
     run.settings.inputIsUtf8 = row.isUtf8;
     run.settings.ignoreLists = row.ignoreLists;
-    (void)News(run);
+    run.ui.log.clear();
     EXPECT_EQ(run.Go(), RunOutcome::done);
-    EXPECT_EQ(News(run).find("+ Sorting") != std::string::npos, row.scans);
+    EXPECT_EQ(run.ui.log.find("+ Sorting") != std::string::npos, row.scans);
     EXPECT_EQ(run.Entries(), row.entries);
     EXPECT_EQ(run.ui.questions.empty() ? "" : run.ui.questions.back().title, row.title);
   }

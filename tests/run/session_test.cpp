@@ -37,11 +37,10 @@ TEST(Session, EndsWithoutMemoryAndCanGoOn) {
 }
 
 TEST(Session, RefusesAnInputThatCannotBeUsed) {
-  const std::string checking = "+ Checking file ...\n";
   const std::tuple<const char*, std::string, std::string, std::string> rows[] = {
       {"", "", "", ""},
       {"a.qvl.conc.txt", "", "Invalid input: This is an QVL concordance file.\n", ""},
-      {"a.txt", "", "Fatal error: File @ is zero-length.\n", checking},
+      {"a.txt", "", "Fatal error: File @ is zero-length.\n", "+ Checking file ...\n"},
       {"a.docx", "hello there",
        "Quorvel: The file @\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' "
        "file.\n",
