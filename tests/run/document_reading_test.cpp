@@ -4,26 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include "support/file_size_limit.h"
-#include "support/platform.h"
 #include "support/scripted_conversation.h"
-#include "support/test_folder.h"
 #include "support/zip_builder.h"
 
 namespace quorvel {
 namespace {
-
-// A place for temporary folders, while it lives, and a user who looks into it while a question
-// waits: nothing of the document may lie there then.
-struct Desk : ScriptedConversation {
-  Desk() { SetVariable("TMPDIR", folder.Path("")); }
-  ~Desk() override { SetVariable("TMPDIR", ""); }
-  Answer Ask(const Message& message) override {
-    EXPECT_TRUE(ON_WINDOWS || folder.Count() == 0) << message.text;
-    return ScriptedConversation::Ask(message);
-  }
-  TestFolder folder;
-};
 
 std::string Xml(const std::string& text) { return "<w:p><w:t>" + text + "</w:t></w:p>"; }
 
@@ -34,38 +19,20 @@ std::string BodyOfSize(std::size_t size) {
   return ZipArchive({{BODY_ENTRY, xml, ZIP_CM_STORE}});
 }
 
-// The messages and then the text.
-std::string ReadDocument(Desk& desk, const std::string& bytes) {
-  bool isUtf8 = false;
-  bool macNoticeShown = false;
-  const auto document =
-      ObtainDocument(InputBytes("a.docx", bytes), {}, isUtf8, macNoticeShown, desk);
-  EXPECT_EQ(isUtf8, document != nullptr);
-  EXPECT_EQ(desk.folder.Count(), 0);
-  EXPECT_TRUE(desk.output.starts_with("Extracting text ...\r\n"));
-  EXPECT_EQ(desk.output.ends_with("Processing file ...\r\n"), document != nullptr);
-  return desk.Said("a.docx") + (document != nullptr ? "= " + document->ansiText : "");
-}
-
 TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
   const std::string anyway =
       "Error: Invalid checksum found when processing\r\n@\r\n"
       "Do you wish to scan this file anyway?\n";
-  const std::string nothing = "Error: File @\r\nholds no document text.\n";
   const std::string isBig =
       "Big file: @\r\nis rather large.  It may take awhile to scan.\r\n"
       "Do you wish to continue?\n";
   const std::string saveAsText =
       "Big file: You could try saving it as a text file\r\n"
       "and applying this program to that file.\n";
-  const std::string tooBig =
-      "File too big: @\r\nis too large to be scanned directly.\r\n\r\n"
-      "Recommend saving it as a text file and\r\napplying this program to that file.\n";
   const std::string stop =
       "Stop: Many different words have been found.\r\nDo you really wish to stop?\n";
   const std::string intact = ZipArchive({{BODY_ENTRY, Xml("caf\xC3\xA9")}});
   const std::string damaged = WithField(intact, CENTRAL_RECORD, 16, 1, 4);
-  const std::string noBody = ZipArchive({{"content.xml", Xml("ships")}});
   const struct {
     const char* name;
     std::string bytes;
@@ -73,38 +40,35 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
     std::vector<Answer> answers = {};
     int stopAtYield = 0;
   } rows[] = {
-      {"an empty body", ZipArchive({{BODY_ENTRY, ""}}), "= "},
       {"wrong checksum, Enter", damaged, anyway + "= caf\xE9"},
       {"wrong checksum, no", damaged, anyway, {Answer::no}},
-      {"no body", noBody, anyway + nothing},
-      {"no body, no", noBody, anyway, {Answer::no}},
+      {"no body", ZipArchive({{"content.xml", Xml("ships")}}),
+       anyway + "Error: File @\r\nholds no document text.\n"},
       {"at the threshold", BodyOfSize(10485760), "= ships"},
       {"above it, declined by Enter", BodyOfSize(10485761), isBig + saveAsText},
       {"at the limit", BodyOfSize(20971520), isBig + "= ships", {Answer::yes}},
-      {"above the limit", BodyOfSize(20971521), tooBig},
+      {"above the limit", BodyOfSize(20971521),
+       "File too big: @\r\nis too large to be scanned directly.\r\n\r\n"
+       "Recommend saving it as a text file and\r\napplying this program to that file.\n"},
       {"stopped, Enter", intact, stop, {}, 1},
       {"stopped, no", intact, stop + "= caf\xE9", {Answer::no}, 1},
   };
   for (const auto& row : rows) {
-    Desk desk;
-    desk.answers = row.answers;
-    desk.stopAtYield = row.stopAtYield;
-    EXPECT_EQ(ReadDocument(desk, row.bytes), row.expected) << row.name;
-    EXPECT_EQ(desk.StopRequested(), row.expected == stop) << row.name;
+    SCOPED_TRACE(row.name);
+    ScriptedConversation ui;
+    ui.answers = row.answers;
+    ui.stopAtYield = row.stopAtYield;
+    bool isUtf8 = false;
+    bool macNoticeShown = false;
+    const auto document =
+        ObtainDocument(InputBytes("a.docx", row.bytes), {}, isUtf8, macNoticeShown, ui);
+    EXPECT_EQ(isUtf8, document != nullptr);
+    EXPECT_EQ(ui.Said("a.docx") + (document != nullptr ? "= " + document->ansiText : ""),
+              row.expected);
+    EXPECT_TRUE(ui.output.starts_with("Extracting text ...\r\n"));
+    EXPECT_EQ(ui.output.ends_with("Processing file ...\r\n"), document != nullptr);
+    EXPECT_EQ(ui.StopRequested(), row.expected == stop);
   }
-}
-
-TEST(DocumentReading, TellsThatTheTemporaryFolderIsOfNoUse) {
-  SKIP_ON_WINDOWS("files cannot be limited, and the place of temporary folders is always there");
-  {
-    Desk desk;
-    const FileSizeLimit disk(1000);
-    EXPECT_EQ(ReadDocument(desk, BodyOfSize(100000)),
-              "Quorvel: Unable to write to temporary folder.\n");
-  }
-  Desk desk;
-  SetVariable("TMPDIR", "/none");
-  EXPECT_EQ(ReadDocument(desk, BodyOfSize(100)), "Quorvel: Unable to create temporary folder.\n");
 }
 
 TEST(DocumentReading, OfATextLeavesTheBoxAsFarAsItCame) {

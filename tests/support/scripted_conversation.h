@@ -17,16 +17,10 @@ struct ScriptedConversation : Conversation {
   std::vector<Answer> answers;  // given in turn; the preset of a question once they are used up
   int stopAtYield = 0;          // the call of YieldNow, from 1 on, that requests a stop; 0 for none
 
-  std::string output;                // the content of the output box as it stands now
-  std::vector<std::string> appends;  // each text that was added to it
-  std::vector<std::string> sets;     // each text that replaced it
-  std::map<Label, std::vector<std::string>> labels;  // each text of a label, the last one shows
-  std::vector<std::string> bars;                     // each caption of the progress bar
-  std::vector<bool> counting;                        // each call of CountSeconds
-  ListingShown listingShown;                         // the last one that was said
+  std::string output;             // the content of the output box as it stands now
+  std::vector<std::string> bars;  // each caption of the progress bar
+  ListingShown listingShown;      // the last one that was said
   std::vector<Message> questions;
-  std::vector<std::string> popUps;
-  std::vector<bool> stopOffers;  // shown and hidden, in turn
   int yields = 0;
   // The calls in their order, a line each with the first line of its text.
   std::string log;
@@ -45,25 +39,19 @@ struct ScriptedConversation : Conversation {
 
   void AppendOutput(std::string_view text) override {
     Note("+ ", text);
-    output += appends.emplace_back(text);
+    output += text;
   }
 
   void SetOutput(std::string_view text) override {
     Note("= ", text);
-    output = sets.emplace_back(text);
+    output = text;
   }
 
-  void SetLabel(Label label, std::string_view text) override {
-    Note("label ", text);
-    labels[label].emplace_back(text);
-  }
+  void SetLabel(Label /*label*/, std::string_view text) override { Note("label ", text); }
 
   void ShowBar(std::string_view caption) override { bars.emplace_back(caption); }
 
-  void CountSeconds(bool isCounting) override {
-    Note("counting ", isCounting ? "on" : "off");
-    counting.push_back(isCounting);
-  }
+  void CountSeconds(bool isCounting) override { Note("counting ", isCounting ? "on" : "off"); }
 
   void SayWhatIsShown(const ListingShown& listing) override { listingShown = listing; }
 
@@ -74,15 +62,9 @@ struct ScriptedConversation : Conversation {
     return asked <= answers.size() ? answers[asked - 1] : message.preset;
   }
 
-  void PopUp(std::string_view text) override {
-    Note("pops up ", text);
-    popUps.emplace_back(text);
-  }
+  void PopUp(std::string_view text) override { Note("pops up ", text); }
 
-  void OfferStop(bool offered) override {
-    Note("stop ", offered ? "on" : "off");
-    stopOffers.push_back(offered);
-  }
+  void OfferStop(bool offered) override { Note("stop ", offered ? "on" : "off"); }
 
   void YieldNow() override {
     if (++yields == stopAtYield) RequestStop();
