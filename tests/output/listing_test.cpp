@@ -21,7 +21,7 @@ TEST(Listing, SameAsTheNaiveForm) {
   const std::vector<std::vector<Text>> alphabets = {
       {u"the ", u"old ", u"harbour ", u"house ", u"/ ", u"/ / ", u". "},
       {u"the ", u"sea ", u"(x2) ", u"(x ", u" (x2)", u"/ (x3) ", u"(x"},
-      {u"aba", u"Aba", u"ba", u"ab", u"s", u" ", u"«", u"»", u"»s", u"cats "},
+      {u"aba", u"Aba", u"ba", u"ab", u"s", u" ", u"«", u"»", u"»s", u"»s»s", u"cats "},
       {u"sos", u"Sos", u"s", u"ss", u"ses ", u" "},
       {u"to a dog--(x2) is ", u"to a dog ", u"abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrst ",
        u"is ", u"(x3) "},
