@@ -17,25 +17,21 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
   lists.keywords = {{u"4th", u"the"}, ExtraKeywordList({ExtraKeywordOf(u"c*")})};
   // Each change comes on top of those before it.
   const std::pair<std::function<void()>, const char*> rows[] = {
-      {[] {}, "co-op The the two "},
       {[&] { settings.allowWordsWithNumerals = true; }, "4th co-op The the two "},
       {[&] { settings.ignoreInfrequentWords = true; }, "The the "},
-      {[&] { settings.thresholdFrequency = 3; }, "the "},
-      {[&] { settings.ignoreInfrequentWords = false; }, "4th co-op The the two "},
-      {[&] { settings.allowWordsWithHyphens = false; }, "4th The the two "},
+      {[&] { settings.ignoreInfrequentWords = settings.allowWordsWithHyphens = false; },
+       "4th The the two "},
       {[&] {
          lists.stopWords.words = {u"4th", u"the"};
        },
-       "4th The the two "},  // no file, no words
+       "4th The the two "},  // of no file
       {[&] { settings.stopWordsFile = "a file"; }, "The two "},
       {[&] { ConcealNumWords(lists.stopWords, true); }, "The "},
-      {[&] { settings.stopWordsFile = ""; }, "4th The the two "},
-      {[&] { lists.extraStopWords = {u"the"}; }, ""},  // in any case, and the others with them
+      {[&] { lists.extraStopWords = {u"the"}; }, ""},  // in any case
       {[&] { settings.mode = Mode::search; }, "4th co-op The the "}};
   for (const auto& [change, listed] : rows) {
     change();
     const IncludeFlags include = ApplyAdmissionFilters(table, settings, lists);
-    ASSERT_EQ(include.size(), table.entries.size());
     std::string found;
     for (std::size_t i = 0; i < include.size(); ++i) {
       if (include[i]) found += EncodeUtf8(table.entries[i].word) + " ";

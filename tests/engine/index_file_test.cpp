@@ -41,7 +41,6 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
   }
   EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").date, "date");
   EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").digest, "digest");
-  EXPECT_EQ(HeadOfIndexFile("digest").date, "");
 }
 
 // A "|" stands for a line end. What stands behind the entries that are announced is left alone.
@@ -79,34 +78,6 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
       const auto table = TableOfIndexFile("\r\n\r\n" + file);
       EXPECT_EQ(table ? table->WordCount() : -1, words) << file;
     }
-  }
-}
-
-TEST(IndexFile, IsNotReadAfterAStop) {
-  std::string bytes = "\r\n\r\n3000\r\n4\r\n0\r\n";
-  for (int i = 1000; i < 4000; ++i) bytes += "w" + std::to_string(i) + "*0*1*0*0001\r\n";
-  for (const int allowed : {0, 1, 1000}) {
-    int asked = 0;
-    EXPECT_EQ(TableOfIndexFile(bytes, [&] { return asked++ < allowed; }).has_value(),
-              allowed == 1000);
-  }
-  EXPECT_FALSE(TableOfIndexFile("\r\n\r\n1\r\n1\r\n1\r\nthe*0*1*0*7", [] { return false; }));
-}
-
-// Every word short, and there once: no text has a longer index.
-TEST(IndexFile, IsNeverLongerThanItsTextAllows) {
-  std::u16string text;
-  for (char16_t a = u'a'; a <= u'z'; ++a) {
-    for (char16_t b = u'a'; b <= u'z'; ++b) {
-      for (char16_t c = u'a'; c <= u'z'; ++c) text.append({a, b, c, u' '});
-    }
-  }
-  SilentProgress nobody;
-  for (const std::size_t length : {std::size_t{3}, text.size()}) {
-    const Listing listing = ScanText(text.substr(0, length), {}, nobody);
-    const std::size_t found = IndexFileBytes(*listing.words, std::string(32, 'A'), 0).size();
-    EXPECT_LE(found, LongestIndexFile(length));
-    EXPECT_GE(found * 4, LongestIndexFile(length)) << "so the bound is no empty one";
   }
 }
 

@@ -8,10 +8,9 @@ namespace {
 constexpr HashSeed SEED = {0x2545F4914F6CDD1D, 0xD6E8FEB86659FD93, 0xA0761D6478BD642F, 99};
 
 // Words with this beginning and end, told apart by four letters between them.
-std::u16string WordsWith(std::u16string_view beginning, std::u16string_view end,
-                         int count = 10000) {
+std::u16string WordsWith(std::u16string_view beginning, std::u16string_view end) {
   std::u16string text;
-  for (int number = 0; number < count; ++number) {
+  for (int number = 0; number < 10000; ++number) {
     text += beginning;
     for (const int part : {1, 10, 100, 1000})
       text += static_cast<char16_t>(u'a' + number / part % 10);
@@ -24,11 +23,9 @@ std::u16string WordsWith(std::u16string_view beginning, std::u16string_view end,
 TEST(KnownTokens, TellTokensApartByAllTheirCharacters) {
   const std::tuple<const char*, std::u16string, std::size_t> rows[] = {
       {"long ones with equal ends", WordsWith(u"abcd", u"wxyz"), 10000},
-      {"longer ones", WordsWith(u"abcdefghijk", u"lmnopqrstuvwxyz"), 10000},
       {"of eight characters", WordsWith(u"ab", u"yz"), 10000},
       {"of five", WordsWith(u"z", u""), 10000},
-      {"of one letter each", u"aaaab aaaaab aaaaaab aaaaaaab aaaaaaaab aaaaaaaaab", 6},
-      {"again", WordsWith(u"abcd", u"wxyz", 100) + WordsWith(u"abcd", u"wxyz", 100), 100}};
+      {"of one letter each", u"aaaab aaaaab aaaaaab aaaaaaab aaaaaaaab aaaaaaaaab", 6}};
   for (const auto& [name, text, different] : rows) {
     WordTable table;
     KnownTokens known(text, table, nullptr, SEED);

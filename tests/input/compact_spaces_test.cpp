@@ -18,8 +18,7 @@ std::string CompactedSlowly(const std::string& text) {
 }
 
 TEST(CompactSpaces, MakesOneBlankOfEachRun) {
-  const std::vector<std::string> parts = {"a",    "a b",    "\t",   "!",    std::string(1, '\0'),
-                                          "\xA0", "z\xFFz", "\x1F", "\r\n", " "};
+  const std::vector<std::string> parts = {"a b", "\t", "!", std::string(1, '\0'), "\xA0", "\x1F"};
   const std::vector<std::string> longParts = {std::string(63, 'a'), std::string(64, ' '),
                                               std::string(65, '\n'), " ", "ab "};
   std::mt19937 random(1);

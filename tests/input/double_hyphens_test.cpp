@@ -12,8 +12,8 @@ namespace {
 TEST(DoubleHyphens, AreBlankedAsByTheSlowForm) {
   std::mt19937 random(1);
   for (int i = 0; i < 4000; ++i) {
-    const std::string original =
-        RandomText<std::string>({"-", "--", "<!--", "-->", "<!-", "->", "!--", "x"}, 8, random);
+    const std::string original = RandomText<std::string>(
+        {"-", "--", "<!--", "-->", "<!-", "->", "!--", "x", "abcdefghijklm"}, 12, random);
     std::string text = original;
     BlankDoubleHyphens(text);
     ASSERT_EQ(text, EncodeAnsi(naive::BlankDoubleHyphens(DecodeAnsi(original)))) << original;

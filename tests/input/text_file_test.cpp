@@ -19,7 +19,6 @@ TEST(TextFile, JoinsLines) {
               {"a line of its own for the mark", "\xEF\xBB\xBF\r\nz", "z"},
               {"mark kept", "\xEF\xBB\xBFz", "\xEF\xBB\xBFz", false},
               {"emptied", "a\r\n\xC2\x85\r\nb", "a /  / b"},
-              {"not repaired", "\xC3\xA9\xE2\x80\x94", "\xC3\xA9\xE2\x80\x94", false},
               {"each line has its own first sequence", "\xE2\x80\xA0\xE2\x80\x9C\r\n\xE2\x80\x9C",
                "\xE2\x80\x9C / \""}};
   for (const auto& [name, bytes, text, isUtf8] : rows) {

@@ -17,10 +17,8 @@ TEST(TextSample, IsTheBeginningOfTheText) {
     std::string bytes;
     std::string expected;
   } rows[] = {
-      {"a short text", "a.txt", "caf\xC3\xA9 \xE2\x80\x99", "caf\xE9 '"},
       {"a long one, cut before it is repaired", "a.txt", "123456789\xC3\xA9", "123456789\xC3"},
       {"a page", "a.html", page, " caf\xE9 \xE9t\xC3"},
-      {"a page without a head", "a.htm", "<p>caf&eacute;", "<p>caf&eac"},
       {"a document", "a.docx", ZipArchive({{BODY_ENTRY, "<w:t>to be or not</w:t>"}}), "to be or n"},
       {"a damaged one", "a.docx", "PK\x03\x04 no archive", ""}};
   for (const auto& row : rows) {

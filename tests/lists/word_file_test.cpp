@@ -23,17 +23,12 @@ TEST(WordFiles, GiveTheirWords) {
     std::string stopWords;
     std::string keywords;
   } rows[] = {
-      {"sorted, several in a line", "the  a\r\n an\r\n", "a|an|the|", "a|an|the|"},
-      {"CR alone", "the\ra\r\r", "a|the|", "a|the|"},
-      {"LF alone in a file without CR", "the\n\na b\n", "a|b|the|", "a|b|the|"},
+      {"LF alone in a file without CR, two in a line", "the\n\na  b\n", "a|b|the|", "a|b|the|"},
       {"LF inside a line", "the\na\r\nan\r\n", "an|the\na|", "an|"},
       {"control characters around lines", "\t the\x01\r\n\x1F\r\n !a\r\n", "!a|the|", "the|"},
-      {"a tab separates nothing", "the\ta an\r\n", "an|the\ta|", "an|"},
       {"duplicates stay", "the\r\nThe\r\nthe\r\n", "The|the|the|", "the|the|the|"},
-      {"comments only", "/* a\r\nb */\r\n/* c */\r\n\r\n", "", ""},
       {"three characters open and close", "ab\r\n/*/\r\nbc\r\n", "ab|bc|", "ab|bc|"},
       {"comment inside a block closes it", "/* a\r\nb\r\n/* c */\r\nd\r\n", "d|", "d|"},
-      {"close without open", "a\r\nb */\r\nc\r\n", "a|c|", "a|c|"},
       {"never closed", "a b\r\n /* c\r\nd\r\n", "a|b|", "a|b|"},
       {"UTF-8 and its mark", "\xEF\xBB\xBF\xC3\xA9t\xC3\xA9 d\xC3\xA9j\xC3\xA0\r\n", "déjà|été|",
        "déjà|été|"},

@@ -17,15 +17,5 @@ TEST(ConcordanceFile, BeginsWithWhatItWasMadeOf) {
             "Input file: b\r\nSearch results" + made + "\r\n\r\n");
 }
 
-TEST(ConcordanceFile, IsThatOfTheMode) {
-  ConcordanceSettings settings;
-  settings.outputFile = "listing";
-  settings.searchResultsFile = "results";
-  EXPECT_EQ(OutputFileOf(settings) + ": " + OutputName(settings.mode), "listing: Concordance file");
-  settings.mode = Mode::search;
-  EXPECT_EQ(OutputFileOf(settings) + ": " + OutputName(settings.mode),
-            "results: Search results file");
-}
-
 }  // namespace
 }  // namespace quorvel

@@ -38,17 +38,5 @@ TEST(ContextWindow, IsCutAtItsWords) {
   }
 }
 
-TEST(ContextWindow, IsEmptyOutsideTheText) {
-  const std::string text = "a dog is here";
-  const ContextCutter cutter(text, {1, false});
-  std::string copies;
-  for (const std::int64_t position : {-1, 0, 14, 36, 100}) {
-    EXPECT_EQ(cutter.Cut(position, 3, copies), "") << position;
-    const ContextParts parts = cutter.CutApart(position, 3, {2, 5}, copies);
-    EXPECT_TRUE(parts.left.empty() && parts.right.empty()) << position;
-  }
-  EXPECT_EQ(cutter.LongestContext(7), 47U);
-}
-
 }  // namespace
 }  // namespace quorvel

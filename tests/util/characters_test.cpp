@@ -2,24 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 namespace quorvel {
 namespace {
 
 using Text = std::u16string;
 
 TEST(Characters, Cases) {
-  const std::tuple<Text, Text, Text> rows[] = {{u"AZŠŒŸÀÆÉÖÞ", u"azšœÿàæéöþ", u"AZŠŒŸÀÆÉÖÞ"},
-                                               {u"azšœÿàæéöþ", u"azšœÿàæéöþ", u"AZŠŒŸÀÆÉÖÞ"},
-                                               {u"ðÐ", u"ðð", u"ÐÐ"},
-                                               {u"ßŽž3-×÷@[`{", u"ßžž3-×÷@[`{", u"ßŽž3-×÷@[`{"}};
-  for (const auto& [text, lower, expectedUpper] : rows) {
-    Text upper = text;
-    for (char16_t& ch : upper) ch = ToUpperCase(ch);
-    EXPECT_EQ(upper, expectedUpper);
-    EXPECT_EQ(ToLowerCase(text), lower);
-  }
+  const Text mixed = u"AazZŠœŸÀàÆéÖÿþÐðßŽž3-×÷@[`{";
+  Text upper = mixed;
+  for (char16_t& ch : upper) ch = ToUpperCase(ch);
+  EXPECT_EQ(upper, u"AAZZŠŒŸÀÀÆÉÖŸÞÐÐßŽž3-×÷@[`{");
+  EXPECT_EQ(ToLowerCase(mixed), u"aazzšœÿààæéöÿþððßžž3-×÷@[`{");
 }
 
 // Those for which `test` holds, of all there are.
@@ -32,13 +25,12 @@ Text Those(bool (*test)(char16_t)) {
 }
 
 TEST(Characters, Classes) {
-  const Text lowerVowels = u"aeiouàáâãäåæèéêëìíîïòóôõöøùúûü";
   const Text letters =
       u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
       u"ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõöøùúûüýþÿŒœŠšŸ";
   EXPECT_EQ(Those([](char16_t ch) { return IsLetter(ch); }), letters);
   EXPECT_EQ(Those([](char16_t ch) { return IsDigit(ch); }), u"0123456789");
-  EXPECT_EQ(Those([](char16_t ch) { return IsLowerVowel(ch); }), lowerVowels);
+  EXPECT_EQ(Those([](char16_t ch) { return IsLowerVowel(ch); }), u"aeiouàáâãäåæèéêëìíîïòóôõöøùúûü");
   EXPECT_EQ(Those([](char16_t ch) { return IsWordCharacter(ch); }), u"-0123456789" + letters);
 }
 

