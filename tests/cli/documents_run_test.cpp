@@ -25,12 +25,8 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
   const std::string oneFile =
       ": the listings of several documents do not go into one file; the rows of --format tsv do" +
       usage;
-  const struct {
-    const char* arguments;
-    int status;
-    std::string said;   // behind the program's name
-    std::string files;  // that are new
-  } rows[] = {
+  // The arguments, the status, what is said behind the program's name, the files that are new.
+  const std::tuple<std::string, int, std::string, std::string> rows[] = {
       {"a.txt b.txt a.txt", 0, "", "a.qvl.conc.txt b.qvl.conc.txt "},
       {"sub/a.txt none.txt b.txt --language none", 1, "File none.txt not found.\n",
        "b.qvl.conc.txt sub/a.qvl.conc.txt "},
@@ -45,27 +41,25 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
       {"a.txt b.txt --format tsv -o b.txt", 1,
        "The concordance file cannot be the same as the input file.\n", ""},
       {"a.txt b.txt --format tsv -o none/x.tsv", 1,
-       "An error occurred when creating concordance file.\nquorvel-cli: none/x.tsv: No such file "
-       "or "
-       "directory\n",
+       "An error occurred when creating concordance file.\n"
+       "quorvel-cli: none/x.tsv: No such file or directory\n",
        ""},
       {"sub/html/empty", 1,
        "sub/html/empty: There is no text file, web page or DOCX document in this folder.\n", ""},
   };
-  for (const auto& row : rows) {
+  for (const auto& [arguments, status, said, newFiles] : rows) {
+    SCOPED_TRACE(arguments);
     const TestFolder desk;
     FillDesk(desk);
     std::filesystem::create_directory(desk.Path("sub/html/empty"));
     const auto before = desk.Files();
-    EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, std::string(row.arguments) + " -j 1"), row.status)
-        << row.arguments;
-    EXPECT_EQ(desk.Read("err"), row.said.empty() ? "" : "quorvel-cli: " + row.said)
-        << row.arguments;
+    EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -j 1"), status);
+    EXPECT_EQ(desk.Read("err"), said.empty() ? "" : "quorvel-cli: " + said);
     std::string files;
     for (const auto& file : desk.Files()) {
       if (!before.contains(file.first)) files += file.first + ' ';
     }
-    EXPECT_EQ(files, row.files) << row.arguments;
+    EXPECT_EQ(files, newFiles);
   }
 }
 

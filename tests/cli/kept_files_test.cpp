@@ -4,10 +4,6 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "support/run_program.h"
 #include "support/test_run.h"
 
@@ -127,23 +123,6 @@ TEST(KeptFiles, AreNotWrittenToByStandardOutput) {
     EXPECT_EQ(at.Run(arguments + "link 2>err </dev/null #"), 1);
     EXPECT_EQ(at.folder.Read("err"), CannotBe(output, replaced));
     EXPECT_EQ(at.folder.Files(), before);
-  }
-}
-
-TEST(KeptFiles, AreNoPipes) {
-  const Desktop at;
-  for (const Way& way : WAYS) {
-    SCOPED_TRACE(way.arguments);
-    const std::string name = way.name.empty() ? "output" : way.name;
-    // Only a listing goes to a pipe.
-    ASSERT_EQ(::mkfifo(at.folder.Path(name).c_str(), 0600), 0);
-    const int pipe = ::open(at.folder.Path(name).c_str(), O_RDWR | O_NONBLOCK);
-    const bool isListing = way.output != "index" && way.output != "settings";
-    EXPECT_EQ(at.Write(way, name), isListing ? 0 : 1);
-    std::string written(1 << 16, ' ');
-    EXPECT_EQ(::read(pipe, written.data(), written.size()) > 20, isListing);
-    ::close(pipe);
-    at.PutBack();
   }
 }
 

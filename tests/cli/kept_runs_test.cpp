@@ -79,7 +79,6 @@ TEST_P(KeptRun, LeavesWhatIsKeptWithIt) {
 INSTANTIATE_TEST_SUITE_P(CommandLine, KeptRun, testing::ValuesIn(KeptRuns()),
                          [](const auto& run) { return run.param; });
 
-// Were they not found, the test above would be none.
 TEST(KeptRuns, AreThere) { EXPECT_GE(KeptRuns().size(), 240U); }
 
 }  // namespace

@@ -29,8 +29,7 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
        "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
        "quorvel-cli: a.txt: no/x.txt: No such file or directory\n"},
       {"keywords in create mode", "a.txt --create -k no.txt -e dog", 0, ""},
-      {"index not to be written", "i.txt --index", 1,
-       "quorvel-cli: i.txt: i.qvl.ndx: Is a directory\n"},
+      {"no index", "i.txt --index", 1, "quorvel-cli: i.txt: i.qvl.ndx: Is a directory\n"},
       {"rows on a full device", "a.txt -e dog --format json -o /dev/full", 1,
        "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
        "quorvel-cli: a.txt: /dev/full: No space left on device\n"},

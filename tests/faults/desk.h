@@ -40,7 +40,6 @@ inline const Scenario SCENARIOS[] = {
     {"page", "@/p.htm -o @/out.txt --language none"},
     {"document", "@/d.docx -o @/out.txt --language none"},
     {"from an index", "@/i.txt --use-index -o @/out.txt -q"},
-    {"long text", "@/l.txt -o @/out.txt --language none"},
     {"search", "@/b.txt -k @/k.txt -e 's* lamp' -o @/out.txt"},
     {"rows", "@/b.txt --format json -e 's*' -o @/out.txt"},
     {"from settings", "-s @/s.lvz --create --language none"},
@@ -73,8 +72,6 @@ class Desk {
     }
     const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 30);
     for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder_.Write(name, text);
-    (void)folder_.Write("l.txt",
-                        Repeated("The silent harbour ships were lit all night long.\r\n", 1500));
     (void)folder_.Write("k.txt", "harbour\r\nships\r\n");
     (void)folder_.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" +
                                      text + "caf\xC3\xA9</body>");

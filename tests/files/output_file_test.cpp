@@ -100,8 +100,8 @@ TEST(OutputFile, FollowsLinks) {
 TEST(OutputFile, WritesToNoFileOnlyWhereItMay) {
   OutputFile device(NULL_DEVICE, {});
   EXPECT_TRUE(device.Write("x") && device.Commit()) << device.Why()->reason;
-  const std::string noFile = "Is a device or a pipe, not a file";
-  EXPECT_EQ(OutputFile(NULL_DEVICE, {}, Targets::ordinaryFiles).Why()->reason, noFile);
+  EXPECT_EQ(OutputFile(NULL_DEVICE, {}, Targets::ordinaryFiles).Why()->reason,
+            "Is a device or a pipe, not a file");
   const TestFolder folder;
   EXPECT_EQ(OutputFile(folder.Path(""), {}).Why()->reason, "Is a directory");
 }

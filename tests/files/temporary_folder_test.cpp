@@ -1,7 +1,6 @@
 #include "files/temporary_folder.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "files/file_system.h"
 #include "support/platform.h"
@@ -20,9 +19,7 @@ TEST(TemporaryFolder, TakesTheFirstFreeNumber) {
   fs::create_symlink("nowhere", base.Path("QVL003"));
   const std::string made = CreateTemporaryFolder(base.Path(""), "QVL");
   EXPECT_EQ(made, base.Path("QVL004"));
-  struct stat status = {};
-  ASSERT_EQ(::stat(made.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0700U);
+  EXPECT_EQ(fs::status(made).permissions(), fs::perms(0700));
 }
 
 TEST(TemporaryFolder, EndsWithTheNumbersAndWithoutABase) {
