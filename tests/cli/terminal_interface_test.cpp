@@ -8,7 +8,6 @@
 #include <array>
 #include <csignal>
 #include <fstream>
-#include <set>
 #include <thread>
 #include <vector>
 
@@ -84,24 +83,15 @@ TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
     const char* end;  // of the file
   } rows[] = {
       {ansi + "1", {"\n"}, encoding + "\n0", "1", "caf\xC3 2\r\n\r\n"},
-      {ansi + "2", {"\4"}, encoding + "0", "2", "caf\xC3 2\r\n\r\n"},
       {ansi + "3", {"x\n", "Yes\n"}, encoding + "x" + again + "Yes\n0", "3", "caf\xE9 2\r\n\r\n"},
-      {ansi + "4", {"N\n"}, encoding + "N\n0", "4", "caf\xC3 2\r\n\r\n"},
       {ansi + "5", {"Cancel\n"}, encoding + "Cancel\n1", "5", ""},
-      {ansi + "6", {"c\n"}, encoding + "c\n1", "6", ""},
       {ansi + "7", {"\3"}, encoding + "^C130", "7", ""},
-      {ansi + "8 --answer yes",
-       {},
-       encoding.substr(0, encoding.find('\n') + 1) + "0",
-       "8",
-       "caf\xE9 2\r\n\r\n"},
       {"-s s.lvz -q", {"no\n"}, exists + "no\n0", "a.qvl.conc.txt", "old"},
       {"-s s.lvz -q",
        {"c\n", "y\n"},
        exists + "c\nyes or no [yes]? y\n0",
        "a.qvl.conc.txt",
        "the 2\r\n\r\n"},
-      {"-s s.lvz -q", {"\n"}, exists + "\n0", "a.qvl.conc.txt", "the 2\r\n\r\n"},
   };
   for (const auto& row : rows) {
     (void)folder.Write("a.qvl.conc.txt", "old");
@@ -134,10 +124,7 @@ TEST(TerminalInterface, SaysThatThereIsNoMemory) {
   const std::string said = "quorvel-cli: There is not enough memory";
   const std::string longest(4095 - said.size() - 5, 'x');
   const std::pair<std::string, std::string> rows[] = {
-      {"a.txt -o b", " for a.txt -o b."},
       {"'a\n\x1b\x7f\x1f ~\xC3\xA9'", " for a???? ~\xC3\xA9."},
-      {longest.substr(1), " for " + longest.substr(1) + "."},
-      {longest, " for " + longest},
       {longest + "x a", " for " + longest}};
   for (const auto& [arguments, end] : rows) {
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments,
@@ -145,19 +132,6 @@ TEST(TerminalInterface, SaysThatThereIsNoMemory) {
               1);
     EXPECT_EQ(folder.Read("err"), said + end + "\n");
   }
-  // Once the options are read it is the file that is named.
-  (void)folder.Write("a.txt", "the cat and the dog\r\n");
-  std::set<std::string> messages;
-  for (int request = 0; request < 1600; request += 80) {
-    (void)RunProgram(
-        folder, QUORVEL_CLI, "a.txt -q --language none",
-        ("QUORVEL_FAULT=" + std::to_string(request + 1) + "+ LD_PRELOAD=" QUORVEL_FAILING_MEMORY)
-            .c_str());
-    messages.insert(folder.Read("err"));
-  }
-  messages.erase("");
-  EXPECT_EQ(messages, (std::set<std::string>{said + " for a.txt -q --language none.\n",
-                                             said + " for a.txt.\n"}));
 }
 
 }  // namespace
