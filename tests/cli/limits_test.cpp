@@ -1,46 +1,116 @@
-// What the user, or the system, has left the program little of: room for temporary files,
-// memory. The built program does what it was asked for or says what stands in its way. Not for
-// Windows, where a shell sets no limits.
+// What the user, or the system, has left the program little of: room for temporary files, a stack,
+// descriptors, threads, addresses. The built program does what it was asked for or says what
+// stands in its way. Not for Windows, where a shell sets no limits.
 
-#include <gtest/gtest.h>
-
-#include "support/made_texts.h"
+#include "faults/desk.h"
 #include "support/memory_limit.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
-#include "support/zip_builder.h"
 
 namespace quorvel {
 namespace {
 
+constexpr int KINDS = std::size(SCENARIOS);
+
+// Runs each scenario behind each of what is to stand before the program. Each must end well, or
+// with a message and with all files as they were. Gives how many ended well.
+int RunAll(const std::vector<std::string>& befores) {
+  Desk desk("");
+  int ended = 0;
+  for (const Scenario& scenario : SCENARIOS) {
+    desk.Begin(scenario);
+    for (const std::string& before : befores) {
+      const Ending ending = desk.Run("", before);
+      const bool isDone = ending.status == 0 && desk.Written() == desk.New();
+      const bool isTold = ending.status == 1 && ending.errors.find("quorvel-cli: ") == 0;
+      EXPECT_TRUE(ending.signal == 0 && (isDone || isTold)) << scenario.name << before << ending;
+      EXPECT_EQ((isDone ? "" : desk.FilesComplaint(false)) + desk.Litter(false), "")
+          << scenario.name << before << ending;
+      desk.PutBack();
+      ended += isDone ? 1 : 0;
+    }
+  }
+  return ended;
+}
+
+TEST(Limits, OfTheStackAreNoMatter) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer takes much of the stack";
+  EXPECT_EQ(RunAll({"ulimit -s 64; exec"}), KINDS);
+}
+
 TEST(Limits, OfTheFolderForTemporaryFilesAreTold) {
-  const std::string text = Repeated("The ship lay in the harbour.\r\n", 100);
   const std::string none = "Unable to create temporary folder.";
   const std::pair<const char*, std::string> rows[] = {
       {"export TMPDIR=no; exec", none},
+      {"export TMPDIR=k.txt; exec", none},
       {"export TMPDIR=/proc/self; exec", none},
-      {"export TMPDIR=.; ulimit -f 1; exec", "Unable to write to temporary folder."}};
+      {"ulimit -f 1; exec", "Unable to write to temporary folder."}};
+  Desk desk("");
+  desk.Begin(SCENARIOS[3]);
   for (const auto& [before, said] : rows) {
-    const TestFolder folder;
-    (void)folder.Write("d.docx",
-                       ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
-    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "d.docx", before), 1);
-    EXPECT_EQ(folder.Read("err"), "quorvel-cli: d.docx: " + said + "\n");
-    EXPECT_EQ(folder.Count(), 3) << "d.docx, out and err";
+    const Ending ending = desk.Run("", before);
+    EXPECT_EQ(ending.status, 1);
+    EXPECT_EQ(ending.errors, "quorvel-cli: " + desk.Folder().Path("d.docx") + ": " + said + "\n");
+    EXPECT_EQ(desk.FilesComplaint(false) + desk.Litter(false), "") << before;
   }
+}
+
+TEST(Limits, OfDescriptorsAreTold) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer wants descriptors of its own";
+  // What the tests were started with may have left some open.
+  const std::string alone = "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; exec prlimit --nofile=";
+  EXPECT_GE(RunAll({alone + "4", alone + "5", alone + "8"}), 2 * KINDS);
+}
+
+TEST(Limits, OfAddressesAreTold) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
+  std::vector<std::string> befores;
+  Desk desk("");
+  desk.Begin({"version", "--version", {}});
+  for (int kilobytes = 8000; kilobytes < 40000; kilobytes += 4000) {
+    const std::string before = "ulimit -v " + std::to_string(kilobytes) + "; exec";
+    const int status = desk.Run("", before).status;
+    // Below, the libraries have no room, and main is never called.
+    if (status == 0 || status == 1) befores.push_back(before);
+  }
+  EXPECT_GT(RunAll(befores), KINDS);
+}
+
+// Root may start as many threads as it likes, so it becomes another user.
+TEST(Limits, OfThreadsAreNoMatter) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer starts processes of its own";
+  const bool isRoot = ::geteuid() == 0;
+  const std::string limited =
+      "exec prlimit --nproc=1 " +
+      std::string(isRoot ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "");
+  if (RunProgram(TestFolder(), QUORVEL_CLI, "--version", limited.c_str()) != 0) {
+    GTEST_SKIP() << "no other user can start it";
+  }
+  EXPECT_EQ(RunAll({"chmod a+rwx . tmp *; " + limited}), KINDS);
 }
 
 // Under a limit of memory that no such file fits into.
 TEST(Limits, OfMemoryAreNoMatterToAnIndexThatIsNone) {
   if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
-  const TestFolder folder;
-  (void)folder.Write("a.txt", "the cat and the dog\r\n");
-  (void)folder.Write("a.qvl.ndx", "BD98C7E98FF936A8D5A9616930B0FAD0\r\n2026-11-22 10:00\r\n");
-  std::filesystem::resize_file(folder.Path("a.qvl.ndx"), 1900U << 20U);
-  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt --use-index -o -", "ulimit -v 400000;"), 0);
-  EXPECT_EQ(folder.Read("err"),
-            "quorvel-cli: a.txt: The index file was not made from this input file as it is now, "
-            "so the input file will be scanned.\n");
+  const struct {
+    const char* name;
+    std::uintmax_t length;
+    std::string begin;
+  } rows[] = {{"longer than any file that is read", 10U << 30U, ""},
+              {"too long for its input", 1900U << 20U, ""},
+              {"too long, with the beginning of one", 1900U << 20U,
+               "BD98C7E98FF936A8D5A9616930B0FAD0\r\n2026-11-22 10:00\r\n"},
+              {"short", 100, ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const TestFolder folder;
+    (void)folder.Write("a.txt", "the cat and the dog\r\n");
+    (void)folder.Write("a.qvl.ndx", row.begin);
+    fs::resize_file(folder.Path("a.qvl.ndx"), row.length);
+    EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt --use-index -o -", "ulimit -v 400000;"), 0);
+    EXPECT_EQ(folder.Read("err"),
+              "quorvel-cli: a.txt: The index file was not made from this input file as it is now, "
+              "so the input file will be scanned.\n");
+  }
 }
 
 }  // namespace

@@ -146,7 +146,11 @@ TEST(Options, TellOfThemselves) {
       help.find("  -c,--context N             words of context on each side, 0 to 9; 0 for a\n"
                 "                             bare word list. Default: 5\n"),
       std::string::npos);
-  EXPECT_NE(help.find("\n  --[no-]skip-lists          leave out"), std::string::npos);
+  for (const char* line :
+       {"--[no-]skip-lists          leave out", "\nFiles:\n  -o,", "\nWords:\n  --[",
+        "\nSearch:\n  --create ", "\nListing:\n  -c,", "\nMessages:\n  --a"}) {
+    EXPECT_NE(help.find(line), std::string::npos) << line;
+  }
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-V"), 0);
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, ""), 2);

@@ -40,6 +40,7 @@ inline const Scenario SCENARIOS[] = {
     {"page", "@/p.htm -o @/out.txt --language none"},
     {"document", "@/d.docx -o @/out.txt --language none"},
     {"from an index", "@/i.txt --use-index -o @/out.txt -q"},
+    {"long text", "@/l.txt -o @/out.txt --language none"},
     {"search", "@/b.txt -k @/k.txt -e 's* lamp' -o @/out.txt"},
     {"rows", "@/b.txt --format json -e 's*' -o @/out.txt"},
     {"from settings", "-s @/s.lvz --create --language none"},
@@ -72,6 +73,8 @@ class Desk {
     }
     const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 30);
     for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder_.Write(name, text);
+    (void)folder_.Write("l.txt",
+                        Repeated("The silent harbour ships were lit all night long.\r\n", 1500));
     (void)folder_.Write("k.txt", "harbour\r\nships\r\n");
     (void)folder_.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" +
                                      text + "caf\xC3\xA9</body>");
@@ -79,7 +82,7 @@ class Desk {
                         ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
     for (const char* arguments :
          {"@/i.txt --index", "@/a.txt -o @/out.txt --save-settings @/s.lvz"})
-      EXPECT_EQ(EndOf(Start(arguments, "")).status, 0);
+      EXPECT_EQ(EndOf(Start(arguments, "", "exec")).status, 0);
     fs::remove(folder_.Path("i.qvl.conc.txt"));
     for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
       before_.insert(file.path().string());
@@ -104,6 +107,10 @@ class Desk {
   [[nodiscard]] const Ending& Clean() const { return clean_; }
   // The files that the scenario writes in such a run.
   [[nodiscard]] const std::map<std::string, std::string>& New() const { return new_; }
+  // What its first argument names.
+  [[nodiscard]] std::string Input() const {
+    return scenario_.arguments.substr(2, scenario_.arguments.find(' ') - 2);
+  }
 
   // The bytes of the files that the scenario writes, as they are now; none of one that is not
   // there.
@@ -113,11 +120,13 @@ class Desk {
     return files;
   }
 
-  // Runs the scenario; `fault` as for the library.
-  [[nodiscard]] Ending Run(const std::string& fault) const { return EndOf(Start(fault)); }
+  // Runs the scenario; `fault` as for the library, `before` as a shell wants it before a program.
+  [[nodiscard]] Ending Run(const std::string& fault, const std::string& before = "exec") const {
+    return EndOf(Start(fault, before));
+  }
 
-  [[nodiscard]] pid_t Start(const std::string& fault) const {
-    return Start(scenario_.arguments, fault);
+  [[nodiscard]] pid_t Start(const std::string& fault, const std::string& before = "exec") const {
+    return Start(scenario_.arguments, fault, before);
   }
 
   [[nodiscard]] Ending EndOf(pid_t child) const {
@@ -182,9 +191,10 @@ class Desk {
     for (const std::string& name : scenario_.written) fs::remove(folder_.Path(name));
   }
 
-  [[nodiscard]] pid_t Start(const std::string& arguments, const std::string& fault) const {
+  [[nodiscard]] pid_t Start(const std::string& arguments, const std::string& fault,
+                            const std::string& before) const {
     const std::string folder = folder_.Path("").substr(0, folder_.Path("").size() - 1);
-    const std::string line = "cd '" + folder + "'; exec env LD_PRELOAD='" + library_ +
+    const std::string line = "cd '" + folder + "'; " + before + " env LD_PRELOAD='" + library_ +
                              ":" QUORVEL_FIXED_CLOCK "' bin/quorvel-cli " +
                              naive::Replace(arguments, "@", folder);
     fs::remove(beside_.Path("log"));

@@ -4,7 +4,9 @@
 // QUORVEL_FAULT_BELOW  the folder
 // QUORVEL_FAULT_LOG    a file that gets a line for each operation: its name, a blank, the path
 // QUORVEL_FAULT        what happens at which operation: its number, a blank and "E28" for error
-//                      number 28, "S" for a short transfer, "K" for the end of the process;
+//                      number 28, "S" for a short transfer, "K" for the end of the process, "R"
+//                      and a path for a file that someone writes anew just then, with what
+//                      stands in the file of that name and ".new";
 //                      with "+" behind it, at every later operation too; with "w" only where
 //                      room is taken on the disk, with "d" only where something is removed
 
@@ -37,6 +39,7 @@ struct Watch {
   long at = 0;
   char kind = ' ';
   int error = 0;
+  std::string renewed;  // the file that is written anew
   bool stays = false;
   bool onlyRoom = false;
   bool onlyRemovals = false;
@@ -52,6 +55,10 @@ struct Watch {
     char* rest = nullptr;
     at = std::strtol(fault, &rest, 10);
     kind = rest[1];
+    if (kind == 'R') {
+      renewed = rest + 2;
+      return;
+    }
     error = static_cast<int>(std::strtol(rest + 2, &rest, 10));
     stays = std::strchr(rest, '+') != nullptr;
     onlyRoom = std::strchr(rest, 'w') != nullptr;
@@ -64,6 +71,17 @@ Watch& TheWatch() {
   // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static auto* watch = new Watch;
   return *watch;
+}
+
+// As an editor does that saves into the file that is there.
+void WriteAnew(const std::string& path) {
+  std::string bytes(1 << 20, '\0');
+  auto* const open = Real<decltype(::open)>("open");
+  const int from = open((path + ".new").c_str(), O_RDONLY | O_CLOEXEC);
+  const int into = open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+  const ssize_t length = Real<decltype(::read)>("read")(from, bytes.data(), bytes.size());
+  if (Real<decltype(::write)>("write")(into, bytes.data(), length) != length) std::abort();
+  for (const int handle : {from, into}) Real<decltype(::close)>("close")(handle);
 }
 
 enum class Effect { none, fails, isShort };
@@ -79,6 +97,10 @@ Effect EffectOn(const char* operation, const char* path, bool takesRoom = false)
   if (!hit || (watch.onlyRoom && !takesRoom)) return Effect::none;
   if (watch.onlyRemovals && std::strcmp(operation, "remove") != 0) return Effect::none;
   if (watch.kind == 'K') ::kill(::getpid(), SIGKILL);
+  if (watch.kind == 'R') {
+    WriteAnew(watch.renewed);
+    return Effect::none;
+  }
   errno = watch.error;
   return watch.kind == 'S' ? Effect::isShort : Effect::fails;
 }

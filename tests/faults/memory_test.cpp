@@ -1,17 +1,41 @@
 // No lack of memory loses a file or ends the program without a word: the built program runs with
-// one request for memory after the other failing, by the library of failing_memory.cpp.
+// one request for memory after the other failing, by the library of failing_memory.cpp; and so do
+// the steps of a session that a window keeps.
 //
 // With QUORVEL_ALL_FAULTS set every request fails; without, some of them.
 
 #include <gtest/gtest.h>
 
 #include <iostream>
+#include <random>
 
 #include "faults/desk.h"
-#include "support/memory_limit.h"
+#include "run/session.h"
+#include "support/failing_new.h"
+#include "support/scripted_conversation.h"
 
 namespace quorvel {
 namespace {
+
+// Which requests fail, the reading of the options, which is the same in all runs, now and then.
+std::set<long> RequestsToFail(long count, bool first) {
+  constexpr long OF_OPTIONS = 1000;
+  constexpr long BETWEEN_THOSE = 20;
+  constexpr int SAMPLE = 25;
+  std::set<long> requests;
+  if (AllFaults()) {
+    for (long n = 1; n <= count; n += n < OF_OPTIONS && !first ? BETWEEN_THOSE : 1) {
+      requests.insert(n);
+    }
+    return requests;
+  }
+  std::mt19937 random(20261122);
+  const long from = std::min(count - 1, first ? 0 : OF_OPTIONS);
+  for (int i = 0; i < SAMPLE; ++i) {
+    requests.insert(from + 1 + static_cast<long>(random() % static_cast<unsigned>(count - from)));
+  }
+  return requests;
+}
 
 // What is wrong after a run in which memory was lacking. One that could do without has done all.
 std::string MemoryComplaint(const Desk& desk, const Ending& ending) {
@@ -26,17 +50,14 @@ std::string MemoryComplaint(const Desk& desk, const Ending& ending) {
 }
 
 TEST(Faults, OfMemoryLoseNothing) {
-  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer gives memory of its own";
+  if (!CAN_FAIL_NEW) GTEST_SKIP() << "a sanitizer gives memory of its own";
   std::size_t faults = 0;
   Desk desk(QUORVEL_FAILING_MEMORY);
   for (const Scenario& scenario : SCENARIOS) {
     desk.Begin(scenario);
     const long count = std::stol("0" + desk.Log());
     EXPECT_GT(count, 500) << scenario.name;
-    // The reading of the options is the same in all runs.
-    const long first = faults == 0 ? 1 : 1000;
-    const long step = AllFaults() ? 1 : std::max((count - first) / 25, 1L);
-    for (long request = first; request <= count; request += step) {
+    for (const long request : RequestsToFail(count, faults == 0)) {
       for (const char* lasting : {"", "+"}) {
         const std::string fault = std::to_string(request) + lasting;
         const Ending ending = desk.Run(fault);
@@ -49,6 +70,151 @@ TEST(Faults, OfMemoryLoseNothing) {
     }
   }
   std::cout << faults << " requests for memory failed\n";
+}
+
+// A user whose own half, a window and its boxes, has memory; of it only the messages are kept.
+class Window : public ScriptedConversation {
+ public:
+  void AppendOutput(std::string_view /*text*/) override {}
+  void SetOutput(std::string_view /*text*/) override {}
+  void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
+  void ShowBar(std::string_view /*caption*/) override {}
+  void CountSeconds(bool /*isCounting*/) override {}
+  void PopUp(std::string_view /*text*/) override {}
+  void OfferStop(bool /*offered*/) override {}
+  Answer Ask(const Message& message) override {
+    const FailingNew::Pause pause;
+    return ScriptedConversation::Ask(message);
+  }
+};
+
+// A session with a document that has an index, as a window keeps it.
+struct Sitting {
+  Sitting() {
+    const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 9);
+    for (const char* name : {"a.txt", "b.txt"}) (void)folder.Write(name, text);
+    // An archive holds the time when it was made.
+    static const std::string document =
+        ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}});
+    (void)folder.Write("d.docx", document);
+    (void)folder.Write("k.txt", "harbour\r\n");
+    ConcordanceSettings& settings = session.Settings();
+    settings.inputFile = folder.Path("b.txt");
+    settings.outputFile = folder.Path("out.txt");
+    settings.createIndexFile = true;
+    (void)session.RunConcordance();
+    settings.keywordsFile = folder.Path("k.txt");
+    (void)session.SaveSettings(settingsFile);
+    settings.inputFile = folder.Path("a.txt");
+    settings.createIndexFile = false;
+    (void)session.RunConcordance();
+    (void)folder.Write("out.txt", "old");
+    ui.questions.clear();
+  }
+
+  // What is told of a file of the folder for want of memory.
+  [[nodiscard]] bool IsTold() const {
+    return std::ranges::any_of(ui.questions, [this](const Message& message) {
+      return message.text.starts_with("There is not enough memory for\r\n" + folder.Path(""));
+    });
+  }
+
+  TestFolder folder;
+  const std::string settingsFile = folder.Path("s.lvz");
+  Window ui;
+  Session session{ui};
+};
+
+// The files of a sitting without what differs from one to the next: the time and the folder.
+std::map<std::string, std::string> Comparable(const Sitting& at) {
+  std::map<std::string, std::string> files = at.folder.Files();
+  for (auto& [name, bytes] : files) {
+    bytes = naive::Replace(WithoutTime(bytes), at.folder.Path(""), "@/");
+    const std::size_t time = bytes.find('\r') + 1;  // the second line of an index
+    if (name.ends_with(".ndx")) bytes.erase(time, bytes.find('\r', time) - time);
+  }
+  return files;
+}
+
+struct Step {
+  const char* name;
+  const char* input;     // which the front end has put into the settings
+  bool (*go)(Sitting&);  // false where it was not done
+};
+
+const Step STEPS[] = {
+    {"choosing an input with an index", "b.txt",
+     [](Sitting& at) {
+       at.session.SetInput(Session::InputOrigin::chosen);
+       return !at.session.Settings().inputFile.empty() && at.session.Lists().stopWords.loaded;
+     }},
+    {"listing", "a.txt",
+     [](Sitting& at) { return at.session.RunConcordance() == RunOutcome::done; }},
+    {"listing a document", "d.docx",
+     [](Sitting& at) { return at.session.RunConcordance() == RunOutcome::done; }},
+    {"listing again", "a.txt",
+     [](Sitting& at) { return at.session.ListAgain() == RunOutcome::done; }},
+    {"loading settings", "a.txt",
+     [](Sitting& at) {
+       const auto restored = at.session.LoadSettings(at.settingsFile, false);
+       return restored && restored->errorText.empty();
+     }},
+    {"saving settings", "a.txt",
+     [](Sitting& at) { return at.session.SaveSettings(at.settingsFile) == ""; }},
+};
+
+struct StepEnd {
+  std::string complaint;
+  long requests = 0;
+  std::map<std::string, std::string> files;
+};
+
+// What becomes of a step in which that request fails, of number 0 none. Where it is done all the
+// same, its files must be those of `whole`.
+StepEnd EndOf(const Step& step, long request, bool lasting, const StepEnd& whole) {
+  Sitting at;
+  at.session.Settings().inputFile = at.folder.Path(step.input);
+  const auto before = Comparable(at);
+  StepEnd end;
+  bool done = false;
+  try {
+    const FailingNew failing(request, lasting);
+    done = step.go(at);
+    end.requests = FailingNew::Count();
+  } catch (const std::exception& error) {
+    end.complaint = error.what();
+  }
+  if (!done && (request == 0 || !at.IsTold())) end.complaint += " says " + at.ui.Said();
+  end.files = Comparable(at);
+  const bool isWhole = request == 0 || end.files == whole.files;
+  if (!isWhole && (done || end.files != before)) {
+    for (const auto& [name, bytes] : end.files) {
+      const auto other = whole.files.find(name);
+      if (other == whole.files.end() || other->second != bytes) end.complaint += " other " + name;
+    }
+  }
+  if (!step.go(at) && at.session.CurrentListing() != nullptr) end.complaint += " cannot go on";
+  return end;
+}
+
+TEST(Faults, OfMemoryLeaveASessionThatGoesOn) {
+  if (!CAN_FAIL_NEW) GTEST_SKIP() << "a sanitizer gives memory of its own";
+  const long most = AllFaults() ? 400 : 25;  // of a step: reading stop words alone makes 13,000
+  long faults = 0;
+  for (const Step& step : STEPS) {
+    const StepEnd whole = EndOf(step, 0, false, {});
+    EXPECT_EQ(whole.complaint, "") << step.name;
+    EXPECT_GT(whole.requests, 10) << step.name;
+    const long between = std::max(whole.requests / most, 1L);
+    for (long request = 1; request <= whole.requests; request += between) {
+      for (const bool lasting : {false, true}) {
+        EXPECT_EQ(EndOf(step, request, lasting, whole).complaint, "")
+            << step.name << ", " << request << " of " << whole.requests;
+        ++faults;
+      }
+    }
+  }
+  std::cout << faults << " requests for memory of a session failed\n";
 }
 
 }  // namespace

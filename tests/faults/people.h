@@ -24,19 +24,21 @@
 namespace quorvel {
 
 inline constexpr gid_t STAFF = 64101;
+inline constexpr gid_t CLUB = 64102;
 inline constexpr gid_t STRANGERS = 64103;
 
 struct Person {
+  const char* name;
   uid_t user;
   gid_t group;
   std::vector<gid_t> groups = {};  // and these
 };
 
-inline const Person ROOT = {0, 0};
-inline const Person FIRST = {64001, 64001, {STAFF}};
-inline const Person LONER = {64002, 64002};
-inline const Person MEMBER = {64003, 64003, {STAFF}};
-inline const Person STRANGER = {64004, STRANGERS};
+inline const Person ROOT = {"root", 0, 0};
+inline const Person FIRST = {"first owner", 64001, 64001, {STAFF}};
+inline const Person LONER = {"loner", 64002, 64002};
+inline const Person MEMBER = {"member", 64003, 64003, {STAFF}};
+inline const Person STRANGER = {"stranger", 64004, STRANGERS};
 
 // Takes a person's part; root's can be taken again.
 inline void Become(const Person& person) {
@@ -104,16 +106,16 @@ inline void Give(const std::string& path, const std::string& attributes) {
   EXPECT_EQ(::chmod(path.c_str(), mode), 0);
 }
 
-// A folder into which everybody may write.
+// A folder into which everybody may write. With `handsDown` a file made in it gets a list.
 class OpenFolder {
  public:
-  OpenFolder() {
+  explicit OpenFolder(bool handsDown) {
     ::chmod(folder_.Path("").c_str(), 0777);
     std::istringstream words("u::7 u:64009:7 g::7 g:64102:7 m::7 o::5");
     const std::string list = ListBytes(words);
     const char* name = "system.posix_acl_default";
     listsWork_ = ::setxattr(folder_.Path("").c_str(), name, list.data(), list.size(), 0) == 0;
-    if (listsWork_) ::removexattr(folder_.Path("").c_str(), name);
+    if (!handsDown && listsWork_) ::removexattr(folder_.Path("").c_str(), name);
   }
 
   [[nodiscard]] const TestFolder& operator*() const { return folder_; }
@@ -137,11 +139,21 @@ class OpenFolder {
   bool listsWork_ = false;
 };
 
-// Replaces the file as the writer does.
-inline void ReplaceAs(const Person& writer, const std::string& path) {
+struct Refusal {
+  const char* name;
+  long call = -1;
+  int error = 0;
+};
+
+// Replaces the file as the writer does; what is to be done before it takes the old one's place.
+inline void ReplaceAs(const Person& writer, const std::string& path,
+                      const std::function<void()>& meanwhile) {
   Become(writer);
   OutputFile file(path, {});
-  EXPECT_TRUE(file.Write("new") && file.Commit()) << file.Why()->reason;
+  EXPECT_TRUE(file.Write("new"));
+  meanwhile();
+  Become(writer);
+  EXPECT_TRUE(file.Commit()) << file.Why()->reason;
   Become(ROOT);
 }
 

@@ -53,7 +53,7 @@ const Row ROWS[] = {
 };
 
 TEST(FileAttributes, AreKeptAsFarAsTheSystemAllows) {
-  const OpenFolder folder;
+  const OpenFolder folder(false);
   if (const std::string why = folder.Hindrance(); !why.empty()) GTEST_SKIP() << why;
   for (const Row& row : ROWS) {
     SCOPED_TRACE(row.name);
@@ -62,7 +62,7 @@ TEST(FileAttributes, AreKeptAsFarAsTheSystemAllows) {
       Give(path, row.old);
       EXPECT_EQ(AttributesOf(path), row.old);
       if (row.refused >= 0) RefuseCall(row.refused, row.error);
-      ReplaceAs(row.writer, path);
+      ReplaceAs(row.writer, path, [] {});
       EXPECT_EQ(AttributesOf(path), row.expected);
       EXPECT_EQ((*folder).Files(), (std::map<std::string, std::string>{{"a", "new"}}));
       std::filesystem::remove(path);

@@ -5,10 +5,23 @@
 #include <gtest/gtest.h>
 
 #include "run/word_lists.h"
+#include "support/run_program.h"
 #include "support/scripted_conversation.h"
 
 namespace quorvel {
 namespace {
+
+TEST(StopWordsFiles, AreThoseOfTheGenerator) {
+  const TestFolder folder;
+  const std::string data = QUORVEL_TEST_DATA "/../../data/";
+  ASSERT_EQ(RunProgram(folder, QUORVEL_MAKE_STOP_WORDS, "'" + data + "stopwords' ."), 0);
+  for (const Language& language : LANGUAGES) {
+    const std::string name(language.stopWordsFile);
+    SilentProgress nobody;
+    EXPECT_TRUE(ReadInput(data + name, nobody)->View() == folder.Read(name))
+        << name << ": ./dev stopwords renews it";
+  }
+}
 
 TEST(StopWordChoice, ReadsTheListOfTheLanguageUnlessItIsInUse) {
   const std::string english = StopWordsPath(LANGUAGES[0]);

@@ -1,6 +1,7 @@
 // What tests want of the system that they run on, and what it does not have.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -26,6 +27,12 @@ inline void SetVariable(const char* name, const std::string& value) {
   }
 }
 #endif
+
+// The path with the separators of the system.
+inline std::string NativePath(std::string path) {
+  if (ON_WINDOWS) std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
 
 }  // namespace quorvel
 
