@@ -13,9 +13,14 @@ units=$build/lint
 rm -rf "$units"
 mkdir -p "$units"
 
-# How one file is compiled, for another that takes its place.
+# How one file is compiled, for another that takes its place. The tests of a folder are compiled
+# together, too.
 compile_command() { # file, other
-  grep -m 1 -B 3 -F "\"file\": \"$1\"" "$build/compile_commands.json" | sed "s|$1|$2|g"
+  local file=$1 commands=$build/compile_commands.json
+  if ! grep -q -F "\"file\": \"$file\"" "$commands"; then
+    file=$(sed -n "s|^ *\"file\": \"\(.*/Unity/unity_$(basename "${file%/*}")_cxx.cxx\)\".*|\1|p" "$commands")
+  fi
+  grep -m 1 -B 3 -F "\"file\": \"$file\"" "$commands" | sed "s|$file|$2|g"
   echo "},"
 }
 

@@ -96,9 +96,13 @@ ExtraKeywordList::ExtraKeywordList(std::vector<ExtraKeyword> keywords)
 }
 
 std::vector<std::size_t> ExtraKeywordList::Matches(std::u16string_view lowerWord) const {
-  const auto plain = std::ranges::equal_range(plain_, lowerWord, {},
-                                              [this](std::size_t i) { return PatternOf(i); });
-  std::vector<std::size_t> matches(plain.begin(), plain.end());
+  std::vector<std::size_t> matches;
+  auto plain = std::lower_bound(
+      plain_.begin(), plain_.end(), lowerWord,
+      [this](std::size_t i, std::u16string_view word) { return PatternOf(i) < word; });
+  for (; plain != plain_.end() && PatternOf(*plain) == lowerWord; ++plain) {
+    matches.push_back(*plain);
+  }
   for (const char16_t first : {lowerWord.front(), u'*', u'?', u'#', u'['}) {
     const auto found = wildcard_.find(first);
     if (found == wildcard_.end()) continue;

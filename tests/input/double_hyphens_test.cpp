@@ -12,7 +12,7 @@ namespace {
 TEST(DoubleHyphens, AreBlankedAsByTheSlowForm) {
   std::mt19937 random(1);
   for (int i = 0; i < 4000; ++i) {
-    const std::string original = RandomText<std::string>(
+    const auto original = RandomText<std::string>(
         {"-", "--", "<!--", "-->", "<!-", "->", "!--", "x", "abcdefghijklm"}, 12, random);
     std::string text = original;
     BlankDoubleHyphens(text);

@@ -17,10 +17,11 @@ bool MatchesByTrial(std::u16string_view word, std::u16string_view pattern) {
     return MatchesByTrial(word, rest) || (one && MatchesByTrial(word.substr(1), pattern));
   }
   if (!one) return false;
-  if (const std::size_t end = rest.find(u']'); pattern[0] == u'[' && end != rest.npos) {
+  if (const std::size_t end = rest.find(u']');
+      pattern[0] == u'[' && end != std::u16string_view::npos) {
     const bool negated = rest[0] == u'!';
     const std::u16string_view list = rest.substr(negated ? 1 : 0, end - (negated ? 1 : 0));
-    return (list.find(word[0]) != list.npos) != negated &&
+    return (list.find(word[0]) != std::u16string_view::npos) != negated &&
            MatchesByTrial(word.substr(1), rest.substr(end + 1));
   }
   const bool digit = word[0] >= u'0' && word[0] <= u'9';
@@ -33,7 +34,7 @@ TEST(Wildcards, MatchAsByTrial) {
   std::mt19937 random(2);
   for (int round = 0; round < 30000; ++round) {
     const std::u16string pattern = RandomText(parts, 7, random);
-    const std::u16string word =
+    const auto word =
         RandomText<std::u16string>({u"a", u"a", u"b", u"4", u"³", u"[", u"]"}, 6, random);
     ASSERT_EQ(MatchesWildcard(word, pattern), MatchesByTrial(word, pattern))
         << EncodeUtf8(word) << " by " << EncodeUtf8(pattern);

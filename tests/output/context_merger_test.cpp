@@ -62,8 +62,8 @@ TEST(ContextMerger, IsItsNaiveForm) {
 // So many that some of them are bound to have one hash of 32 bits.
 TEST(ContextMerger, TellsContextsOfOneHashApart) {
   constexpr std::int32_t MANY = 300000;
-  std::vector<std::string> contexts;
-  for (int i = 0; i < MANY; ++i) contexts.push_back(std::to_string(i));
+  std::vector<std::string> contexts(MANY);
+  for (int i = 0; i < MANY; ++i) contexts[static_cast<std::size_t>(i)] = std::to_string(i);
   ContextMerger merger(true, false, RandomHashSeed());
   merger.Start(MANY);
   for (const std::string& context : contexts) merger.Add(context);

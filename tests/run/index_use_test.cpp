@@ -24,7 +24,7 @@ TEST(IndexUse, IsAskedForAndRefused) {
     const char* name;
     std::uintmax_t length;  // of the index; 0 for as it is. What stands behind it is not read
     bool loaded, scans;
-    std::string saidAtLoad, saidInRun = "";
+    std::string saidAtLoad, saidInRun = {};
     Answer answer = Answer::yes;
     bool ignoreLists = false;
   } rows[] = {{"accepted", 0, true, false, question},

@@ -148,7 +148,7 @@ TEST(SessionRun, ScansAnewWhatHasChanged) {
     std::string bytes, entries;
     bool scans;
     bool isUtf8 = false, ignoreLists = false;
-    std::string title = "";  // of a message
+    std::string title = {};  // of a message
   } rows[] = {{page, "bar 2\r\ncaf\xC3 1\r\n\r\n", false},
               {page, "bar 2\r\ncaf\xE9 1\r\n\r\n", true, true, false, "UTF-8 or ANSI file?"},
               {page, "bar 1\r\ncaf\xC3 1\r\n\r\n", true, false, true},
