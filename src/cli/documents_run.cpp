@@ -1,7 +1,6 @@
 #include "cli/documents_run.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <map>
@@ -26,14 +25,14 @@ namespace quorvel {
 namespace {
 
 constexpr int FAILED = 1;
+constexpr int NOTHING_FOUND = 3;
 constexpr int STOPPED = 130;
 
 int Worse(int status, int other) {
-  const auto rank = [](int one) {
-    constexpr std::array RANKS = {0, 3, FAILED, STOPPED};
-    return std::ranges::find(RANKS, one);
-  };
-  return std::max(status, other, [&rank](int a, int b) { return rank(a) < rank(b); });
+  for (const int worst : {STOPPED, FAILED, NOTHING_FOUND}) {
+    if (status == worst || other == worst) return worst;
+  }
+  return 0;
 }
 
 // In a folder only a name of its own makes a file a web page, not that of the folder.
