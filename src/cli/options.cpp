@@ -413,8 +413,6 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
 CommandLine ForDocument(const CommandLine& commandLine, const std::string& path) {
   CommandLine one = commandLine;
   one.settings.inputFile = path;
-  one.settings.searchResultsFile.clear();
-  one.settings.outputFile.clear();
   one.toStandardOutput = !commandLine.listsBesideInputs;
   if (commandLine.listsBesideInputs) one.settings.outputFile = NameBesideInput(one);
   return one;

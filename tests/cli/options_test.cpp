@@ -151,6 +151,7 @@ TEST(Options, TellOfThemselves) {
         "\nSearch:\n  --create ", "\nListing:\n  -c,", "\nMessages:\n  --a"}) {
     EXPECT_NE(help.find(line), std::string::npos) << line;
   }
+  EXPECT_EQ(help.find("\n\n\n"), std::string::npos);
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-V"), 0);
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, ""), 2);
