@@ -124,6 +124,8 @@ bool IsTerminal(Stream stream) {
   return ::GetConsoleMode(handle, &mode) != 0;
 }
 
+bool HasInput() { return true; }
+
 // There is no asking whether a stream takes bytes.
 std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
   const auto part = static_cast<unsigned>(std::min(bytes.size(), LARGEST_PIECE));
@@ -150,10 +152,16 @@ std::string StandardOutputPath() {
 
 bool IsTerminal(Stream stream) { return ::isatty(static_cast<int>(stream)) != 0; }
 
+constexpr int PATIENCE = 100;  // milliseconds
+
+bool HasInput() {
+  pollfd ready = {STDIN_FILENO, POLLIN, 0};
+  return ::poll(&ready, 1, PATIENCE) > 0;
+}
+
 // A pipe that is ready takes PIPE_BUF bytes and does not wait; of more it may wait for the rest,
 // and a signal that came just before that would be heard when the reader has gone on.
 std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
-  constexpr int PATIENCE = 100;  // milliseconds
   const int handle = static_cast<int>(stream);
   struct stat status = {};
   if (::fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) {

@@ -31,6 +31,10 @@ enum class Stream { input = 0, output = 1, error = 2 };
 // Whether somebody sits at the other end of the stream.
 [[nodiscard]] bool IsTerminal(Stream stream);
 
+// Whether the terminal has a line to read, or has ended. Waits for one a moment, so that its caller
+// hears a signal; where the system cannot wait so, it says that there is one.
+[[nodiscard]] bool HasInput();
+
 // Writes as many of the bytes as the stream takes at once; where it takes none yet, waits for it a
 // moment. Gives how many it took, 0 when that was none, and -1 on failure. Never waits for longer
 // than a tenth of a second, so that its caller hears a signal.

@@ -58,12 +58,16 @@ Answer AskAtTerminal(const Message& message) {
   std::string line;
   while (interrupted == 0) {
     std::cerr << choices << " [" << preset << "]? " << std::flush;
+    while (interrupted == 0 && !HasInput()) {
+    }
+    if (interrupted != 0) break;
     if (!std::getline(std::cin, line) || line.empty()) return message.preset;
     if (line[0] == 'y' || line[0] == 'Y') return Answer::yes;
     if (line[0] == 'n' || line[0] == 'N') return Answer::no;
     if (mayCancel && (line[0] == 'c' || line[0] == 'C')) return Answer::cancel;
   }
-  return mayCancel ? Answer::cancel : Answer::no;
+  // The run stops where it next looks; until then nothing is to be replaced.
+  return mayCancel ? message.preset : Answer::no;
 }
 
 }  // namespace

@@ -7,8 +7,6 @@
 
 #include <array>
 #include <csignal>
-#include <fstream>
-#include <thread>
 #include <vector>
 
 #include "naive/places.h"
@@ -18,16 +16,6 @@
 
 namespace quorvel {
 namespace {
-
-// Whether the process waits for something, or is gone. A program that has asked and does not wait
-// yet would not be woken by Ctrl-C.
-bool Waits(pid_t process) {
-  std::ifstream file("/proc/" + std::to_string(process) + "/stat");
-  std::string name;
-  char state = 'S';
-  file >> name >> name >> state;
-  return state != 'R';
-}
 
 // What the terminal shows in a run, without carriage returns at line ends; each time that it asks,
 // the next of `keys` are typed. Behind it stands the exit status.
@@ -48,7 +36,6 @@ std::string Transcript(const TestFolder& folder, const std::string& arguments,
   for (ssize_t got = 0; (got = ::read(terminal, block.data(), block.size())) > 0;) {
     shown.append(block.data(), static_cast<std::size_t>(got));
     if (!shown.ends_with("]? ") || keys.empty()) continue;
-    while (!Waits(child)) std::this_thread::yield();
     EXPECT_GT(::write(terminal, keys.front().data(), keys.front().size()), 0);
     keys.erase(keys.begin());
   }
