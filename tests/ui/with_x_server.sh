@@ -24,7 +24,7 @@ openbox --sm-disable --config-file /etc/xdg/openbox/rc.xml >/dev/null 2>&1 &
 manager=$!
 for ((i = 0; ; ++i)); do
   [[ $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) != *'window id'* ]] || break
-  ((i < 200)) || {
+  ((i < 1200)) || {
     echo "openbox did not start" >&2
     exit 1
   }
