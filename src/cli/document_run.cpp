@@ -1,5 +1,6 @@
 #include "cli/document_run.h"
 
+#include "cli/exit_status.h"
 #include "cli/word_lists.h"
 #include "run/session.h"
 #include "util/visible_text.h"
@@ -12,11 +13,11 @@ int ExitStatusOf(RunOutcome outcome) {
     case RunOutcome::done:
       return 0;
     case RunOutcome::nothingFound:
-      return 3;
+      return exit_status::NOTHING_FOUND;
     case RunOutcome::stopped:
-      return 130;
+      return exit_status::STOPPED;
     default:
-      return 1;
+      return exit_status::FAILED;
   }
 }
 
@@ -28,8 +29,8 @@ void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& 
 int SaveSettings(Session& session, const std::string& path, TerminalInterface& ui) {
   const std::optional<std::string> errorText = session.SaveSettings(path);
   if (errorText && errorText->empty()) return 0;
-  if (errorText) ui.Say(VisibleName(path) + ": " + *errorText);
-  return 1;
+  if (errorText) ui.SayOf(path, *errorText);
+  return exit_status::FAILED;
 }
 
 // What a script or its user wants to know of a run's files, beyond what the core says of them.
@@ -48,8 +49,7 @@ bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool
   const bool isSilent = settings.mode == Mode::search && format == OutputFormat::text;
   const bool listingFailed = outcome == RunOutcome::failed && report.fileFault;
   if (listingFailed && isSilent) ui.Say(WritingFailed(settings.mode));
-  if (report.fileFault)
-    ui.Say(VisibleName(report.fileFault->file) + ": " + report.fileFault->reason);
+  if (report.fileFault) ui.SayOf(report.fileFault->file, report.fileFault->reason);
   if (!languageKnown && report.written) SayLanguageUnknown(settings, ui);
   return !report.fileFault;
 }
@@ -88,7 +88,7 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
   const RunOutcome outcome = session.RunConcordance();
   const bool filesWritten = ReportFiles(session, outcome, commandLine.format, languageKnown, ui);
   const int status = ExitStatusOf(outcome);
-  return status == 0 && !filesWritten ? 1 : status;
+  return status == 0 && !filesWritten ? exit_status::FAILED : status;
 }
 
 }  // namespace
@@ -103,7 +103,7 @@ int RunDocument(const CommandLine& commandLine, const ByteSink& result,
   Session session(ui, OptionsOf(commandLine, result, resultPath));
   session.Settings() = commandLine.settings;
   if (!commandLine.settingsFile.empty()) session.KeepSettingsFile(commandLine.settingsFile);
-  int status = 1;
+  int status = exit_status::FAILED;
   session.Enter(FileOf(commandLine), [&] { status = RunOnce(commandLine, session, ui); });
   return status;
 }

@@ -4,29 +4,29 @@
 #include <atomic>
 #include <chrono>
 #include <map>
-#include <memory>
 #include <optional>
 #include <set>
 #include <utility>
 #include <vector>
 
 #include "cli/document_run.h"
+#include "cli/exit_status.h"
 #include "files/file_system.h"
 #include "files/folder_tree.h"
-#include "files/output_file.h"
 #include "files/path_names.h"
 #include "output/concordance_file.h"
 #include "output/occurrence_rows.h"
 #include "run/outputs.h"
+#include "run/result_writer.h"
 #include "util/piece_makers.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
 
-constexpr int FAILED = 1;
-constexpr int NOTHING_FOUND = 3;
-constexpr int STOPPED = 130;
+using exit_status::FAILED;
+using exit_status::NOTHING_FOUND;
+using exit_status::STOPPED;
 
 int Worse(int status, int other) {
   for (const int worst : {STOPPED, FAILED, NOTHING_FOUND}) {
@@ -72,11 +72,11 @@ class Documents {
   }
 
   void Add(const std::string& path) {
-    if (known_.insert(path).second) paths_.push_back(path);
+    if (known_.insert(OneSpelling(path)).second) paths_.push_back(path);
   }
 
   void Fail(const std::string& path, const std::string& reason) {
-    ui_.Say(VisibleName(path) + ": " + reason);
+    ui_.SayOf(path, reason);
     status_ = FAILED;
   }
 
@@ -91,16 +91,14 @@ class CommonResult {
  public:
   CommonResult(const CommandLine& commandLine, const std::vector<std::string>& documents,
                const ByteSink& result, const std::string& resultPath)
-      : isTable_(commandLine.format != OutputFormat::text),
-        format_(RowFormatOf(commandLine.format)),
-        contextSize_(commandLine.settings.contextSize),
-        mode_(commandLine.settings.mode) {
+      : commandLine_(commandLine), output_(ListingOutputOf(commandLine.settings)) {
     const ConcordanceSettings& settings = commandLine.settings;
-    output_ = ListingOutputOf(settings);
-    if (commandLine.toStandardOutput) output_.path = resultPath;
     target_.path = output_.path;
     target_.asksBeforeReplacing = settings.warnOnOverwrite;
-    if (commandLine.toStandardOutput) target_.sink = result;
+    if (commandLine.toStandardOutput) {
+      output_.path = resultPath;
+      target_.sink = result;
+    }
     target_.kept = {{"keywords file", settings.keywordsFile},
                     {"stop words file", settings.stopWordsFile},
                     {"settings file", commandLine.settingsFile}};
@@ -110,44 +108,36 @@ class CommonResult {
   // Whether it may be written. The user has been told why not.
   [[nodiscard]] bool MayBegin(Conversation& ui) const {
     return CheckOutputs({output_}, target_.kept, ui) &&
-           (target_.sink || MayReplace(mode_, target_, ui));
+           (target_.sink || MayReplace(commandLine_.settings.mode, target_, ui));
   }
 
-  // Adds what comes of a document. Nothing is written before there is something to write.
+  // Adds what comes of a document.
   bool Add(std::string_view piece) {
     if (piece.empty()) return true;
-    if (!begun_) {
-      begun_ = true;
-      if (!target_.sink) file_.emplace(target_.path, target_.kept);
-      if (isTable_) Write(TableBegin(format_, contextSize_));
-      if (isTable_ && format_ == RowFormat::json) piece.remove_prefix(1);  // the comma
+    if (!writer_) {
+      const bool isTable = commandLine_.format != OutputFormat::text;
+      const RowFormat format = RowFormatOf(commandLine_.format);
+      const int contextSize = commandLine_.settings.contextSize;
+      writer_.emplace(target_, isTable ? TableBegin(format, contextSize) : "",
+                      isTable ? TableEnd(format) : "");
+      if (isTable && format == RowFormat::json) piece.remove_prefix(1);  // the comma
     }
-    return Write(piece);
+    return writer_->Add(piece);
   }
 
-  // Puts a file in its place. False when anything has failed; the user has been told, but of
-  // standard output.
+  // False when anything has failed; the user has been told, but of standard output.
   bool Commit(TerminalInterface& ui) {
-    if (!begun_) return true;
-    const bool written = (!isTable_ || Write(TableEnd(format_))) && (!file_ || file_->Commit());
-    if (!written && file_) {
-      ui.Say(WritingFailed(mode_));
-      if (file_->Why()) ui.Say(VisibleName(file_->Why()->file) + ": " + file_->Why()->reason);
-    }
-    return written;
+    if (!writer_ || writer_->Commit(ui)) return true;
+    if (!target_.sink) ui.Say(WritingFailed(commandLine_.settings.mode));
+    if (const std::optional<Fault> fault = writer_->Why()) ui.SayOf(fault->file, fault->reason);
+    return false;
   }
 
  private:
-  bool Write(std::string_view bytes) { return file_ ? file_->Write(bytes) : target_.sink(bytes); }
-
-  bool isTable_;
-  RowFormat format_;
-  int contextSize_;
-  Mode mode_;
+  const CommandLine& commandLine_;
   Output output_;
   ListingTarget target_;
-  std::optional<OutputFile> file_;
-  bool begun_ = false;
+  std::optional<ResultWriter> writer_;
 };
 
 // Lists one document; what does not go into a file beside it is appended to `result`.
@@ -170,15 +160,21 @@ int FailLikeNames(const CommandLine& commandLine, std::vector<std::string>& docu
   if (!commandLine.listsBesideInputs) return status;
   std::erase_if(documents, [&](const std::string& path) {
     const std::string output = OutputFileOf(ForDocument(commandLine, path).settings);
-    const auto [input, isNew] = inputs.try_emplace(output, path);
+    const auto [input, isNew] = inputs.try_emplace(OneSpelling(output), path);
     if (isNew) return false;
-    ui.Say(VisibleName(path) + ": " + VisibleName(output) + " is written for " +
-           VisibleName(input->second) + ".");
+    ui.SayOf(path, VisibleName(output) + " is written for " + VisibleName(input->second) + ".");
     status = FAILED;
     return true;
   });
   return status;
 }
+
+// The documents under way end soon, also when a signal ends all.
+struct StopAtEnd {
+  std::atomic<bool>& stopped;
+
+  ~StopAtEnd() { stopped = true; }
+};
 
 }  // namespace
 
@@ -204,9 +200,7 @@ int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
   };
   {
     PieceMakers makers(documents.size(), commandLine.jobs, newMaker);
-    // The documents under way end soon, also when a signal ends all.
-    const auto endAll = [&stopped](const void* /*here*/) { stopped = true; };
-    const std::unique_ptr<const int, decltype(endAll)> end(&status, endAll);
+    const StopAtEnd stopAtEnd = {stopped};
     for (std::size_t i = 0; i < documents.size() && goesOn(); ++i) {
       std::optional<std::string_view> piece;
       while (!piece && goesOn()) piece = makers.Next(PATIENCE);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/exit_status.h"
 #include "files/file_system.h"
 #include "files/path_names.h"
 #include "lists/languages.h"
@@ -27,8 +28,6 @@ constexpr const char* DESCRIPTION =
 constexpr const char* EXIT_STATUS =
     "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found,\n"
     "130 stopped.";
-
-constexpr int WRONG_USAGE = 2;
 
 constexpr int MOST_JOBS = 64;
 
@@ -404,7 +403,7 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
   } catch (const CLI::ParseError& error) {
     std::cerr << "quorvel-cli: " << VisibleName(error.what())
               << "\nquorvel-cli --help tells the options.\n";
-    commandLine.exitStatus = WRONG_USAGE;
+    commandLine.exitStatus = exit_status::WRONG_USAGE;
   }
 }
 
@@ -422,7 +421,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   CommandLine commandLine;
   if (arguments.empty()) {
     std::cerr << "Usage: quorvel-cli [OPTIONS] INPUT\nquorvel-cli --help tells the options.\n";
-    commandLine.exitStatus = WRONG_USAGE;
+    commandLine.exitStatus = exit_status::WRONG_USAGE;
     return commandLine;
   }
   RawOptions raw;
@@ -434,7 +433,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   if (!restored.errorText.empty()) {
     std::cerr << "quorvel-cli: " << VisibleName(raw.settingsFile) << ": " << restored.errorText
               << '\n';
-    withSettings.exitStatus = 1;
+    withSettings.exitStatus = exit_status::FAILED;
     return withSettings;
   }
   raw = {};

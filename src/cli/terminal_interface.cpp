@@ -133,6 +133,10 @@ void TerminalInterface::Say(std::string_view text) {
   WriteLine((namesInput ? "" : inputFile_ + ": ").append(text));
 }
 
+void TerminalInterface::SayOf(std::string_view path, std::string_view reason) {
+  Say(VisibleName(path).append(": ").append(reason));
+}
+
 // In one go, so that the lines of several runs do not mix.
 void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();

@@ -43,6 +43,9 @@ class TerminalInterface : public Conversation {
   // file: several runs may share one log.
   void Say(std::string_view text);
 
+  // The same of what is wrong with a file.
+  void SayOf(std::string_view path, std::string_view reason);
+
   // Writes bytes of a result to standard output. False when that fails, now or before; also when a
   // stop is wanted and the reader at the other end takes nothing.
   bool WriteResult(std::string_view bytes);

@@ -128,6 +128,14 @@ bool IsSameFile(const std::string& path, const std::string& other) {
   return !place.empty() && place == PlaceOf(other);
 }
 
+std::string OneSpelling(const std::string& path) {
+  const fs::path asGiven = ToPath(path);
+  const fs::path folder = asGiven.parent_path();
+  std::error_code error;
+  const fs::path canonical = fs::canonical(folder.empty() ? fs::path(".") : folder, error);
+  return error ? path : FromPath(canonical / asGiven.filename());
+}
+
 std::string JoinPath(const std::string& folder, const std::string& name) {
   return FromPath((ToPath(folder) / ToPath(name)).make_preferred());
 }

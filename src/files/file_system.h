@@ -38,6 +38,10 @@ struct FileStamp {
 // True also for two existing files of which the system cannot tell.
 [[nodiscard]] bool IsSameFile(const std::string& path, const std::string& other);
 
+// The path with its folder spelled as the system spells it: the same for all spellings of a name in
+// a folder, also by links to that folder. Itself where the folder cannot be looked at.
+[[nodiscard]] std::string OneSpelling(const std::string& path);
+
 // The path of `name`, which may hold folders that end in "/", below `folder`, with
 // the separators that users of the platform know.
 [[nodiscard]] std::string JoinPath(const std::string& folder, const std::string& name);

@@ -8,6 +8,7 @@
 #include "files/file_system.h"
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
+#include "run/result_writer.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
 #include "util/visible_text.h"
@@ -37,50 +38,6 @@ std::string TooFrequentText(const std::vector<const WordEntry*>& words, Mode mod
   if (mode == Mode::search) return text;  // there stop words play no part
   return text + "\r\nAdd " + (words.size() == 1 ? "it" : "them") + " to the stop words.";
 }
-
-// The file or sink of a result. Nothing is handed on before there is something to hand on, so that
-// an empty result leaves no trace where nothing can be taken back.
-class ResultWriter {
- public:
-  // Behind `end`, a last piece, nothing follows.
-  ResultWriter(const ListingTarget& target, std::string begin, std::string_view end)
-      : sink_(target.sink), bytes_(std::move(begin)), end_(end) {
-    if (!sink_) file_.emplace(target.path, target.kept, target.targets);
-  }
-
-  // False once anything has failed.
-  bool Add(std::string_view piece) {
-    bytes_ += piece;
-    return bytes_.size() < PIECE || HandOn();
-  }
-
-  // Writes what is left and puts the file in its place. False when anything failed.
-  bool Commit(Conversation& ui) {
-    bytes_ += end_;
-    if (!HandOn()) return false;
-    if (!file_) return true;
-    // To replace a large file the system takes its time, and more so on a disk that is busy.
-    ui.YieldAtOnce();
-    return file_->Commit();
-  }
-
-  [[nodiscard]] std::optional<Fault> Why() const { return file_ ? file_->Why() : std::nullopt; }
-
- private:
-  static constexpr std::size_t PIECE = std::size_t{1} << 18U;  // bytes
-
-  bool HandOn() {
-    taken_ = taken_ && (file_ ? file_->Write(bytes_) : sink_(bytes_));
-    bytes_.clear();
-    return taken_;
-  }
-
-  ByteSink sink_;
-  std::optional<OutputFile> file_;
-  std::string bytes_;  // not handed on yet
-  std::string_view end_;
-  bool taken_ = true;
-};
 
 class ListingRun {
  public:

@@ -27,7 +27,7 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
       usage;
   // The arguments, the status, what is said behind the program's name, the files that are new.
   const std::tuple<std::string, int, std::string, std::string> rows[] = {
-      {"a.txt b.txt a.txt", 0, "", "a.qvl.conc.txt b.qvl.conc.txt "},
+      {"a.txt b.txt ./a.txt sub/../b.txt", 0, "", "a.qvl.conc.txt b.qvl.conc.txt "},
       {"sub/a.txt none.txt b.txt --language none", 1, "File none.txt not found.\n",
        "b.qvl.conc.txt sub/a.qvl.conc.txt "},
       {"sub -q", 1,
