@@ -27,7 +27,7 @@ std::vector<std::string> Contexts(std::size_t count) {
 // `markersInText` is the slower way, for a document that itself holds what looks like a marker.
 void Merge(benchmark::State& state, bool markersInText) {
   const std::vector<std::string> contexts = Contexts(static_cast<std::size_t>(state.range(0)));
-  ContextMerger merger(true, markersInText, RandomHashSeed());
+  ContextMerger<char> merger(true, markersInText, RandomHashSeed());
   for (auto _ : state) {
     merger.Start(MOST_OCCURRENCES);
     for (std::size_t k = 0; k < MOST_OCCURRENCES; ++k) merger.Add(contexts[k % contexts.size()]);

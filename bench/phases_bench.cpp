@@ -30,7 +30,7 @@ void Scan(benchmark::State& state, Source source) {
   SilentProgress nobody;
   for (auto _ : state) {
     WordTable table;
-    GetWords(sample.document->documentText, table, nobody);
+    GetWords(sample.document->documentText, Alphabet::Windows1252(), table, nobody);
     benchmark::DoNotOptimize(table.entries.data());
   }
   CountBytes(state, sample);

@@ -67,7 +67,7 @@ std::string TooFrequentWords(const WordTable& table) {
   for (const WordEntry& entry : table.entries) {
     if (entry.Count() > MOST_OCCURRENCES) words += EncodeUtf8(entry.word) + " ";
   }
-  return TidyExtraStopWords(words);
+  return TidyExtraStopWords(words, Alphabet::Windows1252());
 }
 
 Listing ListingOf(std::shared_ptr<const Document> document, const ConcordanceSettings& settings) {
@@ -77,7 +77,7 @@ Listing ListingOf(std::shared_ptr<const Document> document, const ConcordanceSet
   ListedWords listed;
   listed.words = ScanWords(std::move(document), nullptr, nobody);
   const WordTable& table = *listed.words.table;
-  listed.include = ApplyAdmissionFilters(table, settings, lists);
+  listed.include = ApplyAdmissionFilters(table, settings, lists, Alphabet::Windows1252());
   listed.counts = CountIncludedWords(table, listed.include);
   listed.frequencyChain = BuildFrequencyChain(table, listed.include);
   return {std::make_shared<const ListedWords>(std::move(listed)), nullptr,
@@ -95,7 +95,7 @@ Sample MakeSample(Source source) {
   WriteText(sample.path, bytes);
   sample.document = DocumentAt(sample.path);
   SilentProgress nobody;
-  GetWords(sample.document->documentText, sample.scannedTable, nobody);
+  GetWords(sample.document->documentText, Alphabet::Windows1252(), sample.scannedTable, nobody);
   sample.settings.inputFile = sample.path;
   sample.settings.extraStopWords = TooFrequentWords(sample.scannedTable);
   sample.listing = ListingOf(sample.document, sample.settings);

@@ -35,10 +35,10 @@ bool IsPartOf(const WordTable& table, const WordTable& scanned) {
 
 // The words of an index that is accepted for the document, else no table.
 Words WordsFor(const std::shared_ptr<const Document>& document, const std::string& bytes) {
-  std::optional<WordTable> table = TableOfIndexFile(bytes);
+  std::optional<WordTable> table = TableOfIndexFile(bytes, Alphabet::Windows1252());
   if (!table) return {};
   const IncludeFlags all(table->entries.size(), true);
-  if (!TableFitsText(*table, all, document->documentText)) return {};
+  if (!TableFitsText(*table, all, document->documentText, Alphabet::Windows1252())) return {};
   return {document, std::make_shared<const WordTable>(*std::move(table))};
 }
 

@@ -53,8 +53,9 @@ std::string Joined(const ExtraKeywordList& list) {
 
 // The keywords that are taken under the settings, or nothing where they are refused.
 std::string CheckKeywords(const ConcordanceSettings& settings) {
-  const std::string tidied = TidyExtraKeywords(settings.extraKeywords);
-  RequireSame(TidyExtraKeywords(tidied), tidied, "tidied keywords stay as they are");
+  const std::string tidied = TidyExtraKeywords(settings.extraKeywords, Alphabet::Windows1252());
+  RequireSame(TidyExtraKeywords(tidied, Alphabet::Windows1252()), tidied,
+              "tidied keywords stay as they are");
   const Result<ExtraKeywordList> keywords = ExtraKeywordsOf(tidied, settings);
   if (keywords) return Joined(*keywords);
   const bool isCharacter = keywords.Why().kind == FaultKind::notAllowedInKeyword;
@@ -71,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   settings.extraKeywords = input.Line();
   const std::u16string pattern = DecodeUtf8(settings.extraKeywords);
   const std::u16string word = DecodeUtf8(input.Line());
-  Require(MatchesWildcard(word, pattern) == MatchesBySets(word, pattern),
+  Require(MatchesWildcard(word, pattern, Alphabet::Windows1252()) == MatchesBySets(word, pattern),
           "MatchesWildcard is its naive form");
   settings.allowWordsWithNumerals = true;
   const std::string most = CheckKeywords(settings);

@@ -29,7 +29,7 @@ bool HoldsMatch(Text line, const Text& pattern) {
   std::erase_if(line, [](char16_t ch) { return ch == u'«' || ch == u'»'; });
   line = ToLowerCase(line.substr(4));
   return std::ranges::any_of(SplitAtBlanks(line), [&pattern](std::u16string_view word) {
-    return MatchesWildcard(word, pattern);
+    return MatchesWildcard(word, pattern, Alphabet::Windows1252());
   });
 }
 
@@ -40,7 +40,7 @@ Text Searched(const std::vector<Text>& entry, const KeywordLists& lists) {
       ToLowerCase(entry[0].substr(begin, entry[0].find_first_of(u" ]", begin) - begin));
   std::vector<ExtraKeyword> keywords = lists.extraKeywords.Keywords();
   std::erase_if(keywords, [&word](const ExtraKeyword& keyword) {
-    return !MatchesWildcard(word, keyword.wildcardPattern);
+    return !MatchesWildcard(word, keyword.wildcardPattern, Alphabet::Windows1252());
   });
   if (BinarySearch(lists.fileKeywords, word)) keywords = {ExtraKeyword()};
   Text kept = keywords.empty() ? Text() : entry[0] + u"\r\n";
@@ -141,7 +141,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TakeOptions(input, settings);
   const char* const name = input.Flag() ? "a.htm" : "a.txt";
   settings.extraKeywords = input.Line();
-  const SortedWords fileKeywords = ExtraStopWordsOf(TidyExtraStopWords(input.Line()));
+  const SortedWords fileKeywords =
+      ExtraStopWordsOf(TidyExtraStopWords(input.Line(), Alphabet::Windows1252()));
   settings.inputFile = folder.Write(name, input.Rest());
   const Made made = Run(settings, fileKeywords, false);
   if (made.outcome == RunOutcome::refused) return 0;

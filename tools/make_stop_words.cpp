@@ -32,7 +32,7 @@ using WordSet = std::set<std::u16string>;
 void AddForms(std::u16string word, WordSet& forms) {
   for (int i = 0; i < 2; ++i) {
     forms.insert(word);
-    forms.emplace(MakeSingular(word));
+    forms.emplace(MakeSingular(word, Alphabet::Windows1252()));
     word.front() = ToUpperCase(word.front());
   }
 }

@@ -179,7 +179,8 @@ std::unique_ptr<Session> SessionOn(const std::string& input, Conversation& ui) {
   settings.inputFile = input;
   settings.outputFile = DefaultConcordanceFileName(input);
   settings.stopWordsFile = StopWordsPath(session->RecognizeLanguage().value_or(LANGUAGES.front()));
-  (void)ReadStopWordsFile(settings.stopWordsFile, session->Lists().stopWords, nobody);
+  (void)ReadStopWordsFile(settings.stopWordsFile, session->AlphabetNow(),
+                          session->Lists().stopWords, nobody);
   return session;
 }
 

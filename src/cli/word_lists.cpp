@@ -14,7 +14,7 @@ bool LoadKeywords(Session& session, Conversation& ui) {
   KeywordLists& keywords = session.Lists().keywords;
   if (path.empty()) return true;
   bool read = false;
-  session.Enter(path, [&] { read = ReadKeywordsFile(path, keywords, ui); });
+  session.Enter(path, [&] { read = ReadKeywordsFile(path, session.AlphabetNow(), keywords, ui); });
   if (!read) return false;
   ui.Tell(KeywordsLoadedText(keywords, path), "Keywords to search for", Icon::none);
   return true;
@@ -34,7 +34,7 @@ bool LoadStopWords(Session& session, bool tell, Conversation& ui) {
   session.Enter(path, [&] {
     if (tell) {
       read = AttemptToReadStopWords(path, session.Settings(), list, ui);
-    } else if (ReadStopWordsFile(path, list, ui)) {
+    } else if (ReadStopWordsFile(path, session.AlphabetNow(), list, ui)) {
       ui.AppendOutput(StopWordsLoadedText(list, path) + "\r\n");
       read = true;
     }

@@ -19,12 +19,12 @@ struct WordLists {
 // letters, a word of the list exactly as it is spelled. Without a stop-words file
 // and without extra stop words there are none, whatever the list still holds.
 [[nodiscard]] bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
-                              const WordLists& lists);
+                              const WordLists& lists, const Alphabet& alphabet);
 
 // Which entries are listed: in create mode by the settings and the stop words, in search mode by
 // the keywords alone.
 [[nodiscard]] IncludeFlags ApplyAdmissionFilters(const WordTable& table,
                                                  const ConcordanceSettings& settings,
-                                                 const WordLists& lists);
+                                                 const WordLists& lists, const Alphabet& alphabet);
 
 }  // namespace quorvel

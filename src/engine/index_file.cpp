@@ -125,7 +125,8 @@ bool ReadPositions(std::string_view fields, std::int32_t count, int width,
 }
 
 // The entry on one line of a table of `wordCount` words.
-std::optional<WordEntry> EntryOnLine(std::string_view line, std::int32_t wordCount, int width) {
+std::optional<WordEntry> EntryOnLine(std::string_view line, const Alphabet& alphabet,
+                                     std::int32_t wordCount, int width) {
   std::array<std::string_view, 5> fields;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const bool last = i + 1 == fields.size();
@@ -135,12 +136,13 @@ std::optional<WordEntry> EntryOnLine(std::string_view line, std::int32_t wordCou
     line.remove_prefix(last ? length : length + 1);
   }
   const auto& [word, prev, count, next, positions] = fields;
-  if (word.empty() || word.size() > MAX_WORD_LENGTH) return std::nullopt;
+  const std::u16string spelling = alphabet.Decode(word);
+  if (spelling.empty() || spelling.size() > MAX_WORD_LENGTH) return std::nullopt;
   const std::optional<std::int32_t> prevEntry = NumberOf(prev, wordCount);
   const std::optional<std::int32_t> occurrences = NumberOf(count, LARGEST_NUMBER);
   const std::optional<std::int32_t> nextEntry = NumberOf(next, wordCount);
   if (!prevEntry || !occurrences || *occurrences == 0 || !nextEntry) return std::nullopt;
-  WordEntry entry = NewWordEntry(DecodeAnsi(word));
+  WordEntry entry = NewWordEntry(spelling, alphabet);
   if (!ReadPositions(positions, *occurrences, width, entry.positions)) return std::nullopt;
   return entry;
 }
@@ -165,6 +167,7 @@ std::vector<Links> LinksOf(const ListedWords& listed) {
 
 std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, std::time_t time) {
   const WordTable& table = *listed.words.table;
+  const Alphabet& alphabet = listed.words.document->AlphabetOf();
   const std::vector<Links> links = LinksOf(listed);
   std::string bytes(digest);
   bytes.append(LINE_END).append(DateAndTimeText(time)).append(LINE_END);
@@ -173,7 +176,7 @@ std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, s
   bytes += HeadLine(listed.frequencyChain.empty() ? 0 : listed.frequencyChain.front() + 1);
   for (std::size_t i = 0; i < table.entries.size(); ++i) {
     const WordEntry& entry = table.entries[i];
-    AppendAnsi(bytes, entry.word);
+    alphabet.AppendEncoded(bytes, entry.word);
     for (const std::int32_t number :
          {links[i].frequencyPrev, entry.Count(), links[i].frequencyNext}) {
       bytes += SEPARATOR;
@@ -193,8 +196,9 @@ std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, s
 // behind it.
 std::uint64_t LongestIndexFile(std::uint64_t textLength) {
   constexpr std::uint64_t LONGEST_HEAD = 128;
+  constexpr std::uint64_t MOST_BYTES = 3;  // that a character of the text takes in it
   constexpr std::uint64_t LONGEST_LINE =
-      MIN_WORD_LENGTH + 4 + std::uint64_t{4} * WIDEST_POSITION + 2;
+      MOST_BYTES * MIN_WORD_LENGTH + 4 + std::uint64_t{4} * WIDEST_POSITION + 2;
   constexpr std::uint64_t SHORTEST_WORD = MIN_WORD_LENGTH + 1;
   return LONGEST_HEAD + (textLength / SHORTEST_WORD + 1) * LONGEST_LINE;
 }
@@ -205,7 +209,7 @@ IndexHead HeadOfIndexFile(std::string_view bytes) {
   return {digest, lines.Next().value_or("")};
 }
 
-std::optional<WordTable> TableOfIndexFile(std::string_view bytes,
+std::optional<WordTable> TableOfIndexFile(std::string_view bytes, const Alphabet& alphabet,
                                           const std::function<bool()>& goesOn) {
   constexpr std::int32_t LINES_BETWEEN_QUESTIONS = 1024;
   LineReader lines(bytes);
@@ -221,7 +225,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes,
   for (std::int32_t i = 0; i < *wordCount; ++i) {
     const std::optional<std::string_view> line = lines.Next();
     std::optional<WordEntry> entry;
-    if (line) entry = EntryOnLine(*line, *wordCount, *width);
+    if (line) entry = EntryOnLine(*line, alphabet, *wordCount, *width);
     const bool inOrder =
         entry && (table.entries.empty() || PrecedesAlphabetically(table.entries.back(), *entry));
     if (!inOrder || (i % LINES_BETWEEN_QUESTIONS == 0 && !goesOn())) return std::nullopt;

@@ -1,9 +1,9 @@
 // The form of the index file: the scanned words of an input, so that a later run on the same,
 // unchanged input need not scan it again.
 //
-// Windows-1252 lines with CR LF; see docs/index-file.md. It is trusted only as long as
-// the input has the digest that stands in it, and its words the places that they have
-// in the text: whoever lists from it checks that with TableFitsText.
+// Lines with CR LF, in Windows-1252 or UTF-8 as the document was read; see docs/index-file.md. It
+// is trusted only as long as the input has the digest that stands in it, and its words the places
+// that they have in the text: whoever lists from it checks that with TableFitsText.
 #pragma once
 
 #include <cstddef>
@@ -36,11 +36,12 @@ inline constexpr std::size_t INDEX_HEAD_LENGTH = 4096;
 
 [[nodiscard]] IndexHead HeadOfIndexFile(std::string_view bytes);
 
-// The table in the bytes of an index file, alphabetical: as many entries as it announces. Its
-// frequency links are checked and not kept. Nothing when the file is cut, a number is none or out
-// of its range, a word is longer than any or out of order, or its places do not ascend; nor
-// when `goesOn`, which is asked now and then, says no.
+// The table in the bytes of an index file of a document with this alphabet, alphabetical: as many
+// entries as it announces. Its frequency links are checked and not kept. Nothing when the file is
+// cut, a number is none or out of its range, a word is longer than any or out of order, or its
+// places do not ascend; nor when `goesOn`, which is asked now and then, says no.
 [[nodiscard]] std::optional<WordTable> TableOfIndexFile(
-    std::string_view bytes, const std::function<bool()>& goesOn = [] { return true; });
+    std::string_view bytes, const Alphabet& alphabet,
+    const std::function<bool()>& goesOn = [] { return true; });
 
 }  // namespace quorvel

@@ -27,9 +27,14 @@ std::uint64_t ThreeAt(const char16_t* place) {
 
 }  // namespace
 
-KnownTokens::KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought,
-                         const HashSeed& seed)
-    : text_(text), table_(table), sought_(sought), seed_(seed), slots_(FIRST_SLOTS) {}
+KnownTokens::KnownTokens(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+                         const KeywordLists* sought, const HashSeed& seed)
+    : text_(text),
+      alphabet_(alphabet),
+      table_(table),
+      sought_(sought),
+      seed_(seed),
+      slots_(FIRST_SLOTS) {}
 
 TokenKey KnownTokens::KeyOf(std::size_t begin, std::size_t length) const {
   static_assert(MIN_WORD_LENGTH == END - 1);
@@ -71,8 +76,9 @@ TokenMeaning KnownTokens::MeaningOf(const TokenKey& key) {
 }
 
 TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
-  const std::u16string_view word = WordOfToken(token);
-  if (!MayEnterTable(word) || (sought_ != nullptr && !IsSearchWord(word, *sought_))) return {};
+  const std::u16string_view word = WordOfToken(token, alphabet_);
+  if (!MayEnterTable(word) || (sought_ != nullptr && !IsSearchWord(word, *sought_, alphabet_)))
+    return {};
   return {EntryOf(token, word), static_cast<std::uint8_t>(word.size())};
 }
 
@@ -81,7 +87,7 @@ TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
 // that token would stand for no word: "1990s" gives "1990", which by itself is a number.
 std::int32_t KnownTokens::EntryOf(std::u16string_view token, std::u16string_view word) {
   if (word.size() == token.size()) return AddEntry(word);
-  if (WordOfToken(word) == word) {
+  if (WordOfToken(word, alphabet_) == word) {
     return MeaningOf(KeyOf(static_cast<std::size_t>(word.data() - text_.data()), word.size()))
         .entry;
   }
@@ -90,7 +96,7 @@ std::int32_t KnownTokens::EntryOf(std::u16string_view token, std::u16string_view
 }
 
 std::int32_t KnownTokens::AddEntry(std::u16string_view word) {
-  table_.entries.push_back(NewWordEntry(word));
+  table_.entries.push_back(NewWordEntry(word, alphabet_));
   return table_.WordCount() - 1;
 }
 

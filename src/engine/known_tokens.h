@@ -10,6 +10,7 @@
 
 #include "engine/word_table.h"
 #include "lists/keywords.h"
+#include "util/alphabet.h"
 #include "util/hash_seed.h"
 
 namespace quorvel {
@@ -36,8 +37,8 @@ struct TokenKey {
 // such are given. These three must outlive it.
 class KnownTokens {
  public:
-  KnownTokens(std::u16string_view text, WordTable& table, const KeywordLists* sought,
-              const HashSeed& seed);
+  KnownTokens(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+              const KeywordLists* sought, const HashSeed& seed);
 
   // The key of the token at the 0-based `begin`, of `length` characters, at least
   // MIN_WORD_LENGTH. Has what is known of it fetched from memory: it is there when it is
@@ -66,6 +67,7 @@ class KnownTokens {
   void Grow();
 
   std::u16string_view text_;
+  const Alphabet& alphabet_;
   WordTable& table_;
   const KeywordLists* sought_;
   HashSeed seed_;

@@ -8,7 +8,6 @@
 #include "engine/tokenizer.h"
 #include "input/double_hyphens.h"
 #include "util/ansi.h"
-#include "util/characters.h"
 
 namespace quorvel {
 namespace {
@@ -32,13 +31,14 @@ std::size_t RecognizeLanguage(std::string bytes, const StopWordsByLanguage& stop
   std::array<std::int32_t, LANGUAGES.size()> scores{};
   BlankDoubleHyphens(bytes);
   const std::u16string text = DecodeAnsi(bytes);
+  const Alphabet& alphabet = Alphabet::Windows1252();
   std::size_t position = 1;
   while (position <= text.size()) {
-    if (!IsWordCharacter(text[position - 1])) {
+    if (!alphabet.IsWordCharacterAt(text, position - 1)) {
       ++position;
       continue;
     }
-    const auto found = languages.find(ToLowerCase(GetWord(text, position)));
+    const auto found = languages.find(alphabet.ToLowerCase(GetWord(text, alphabet, position)));
     if (found == languages.end()) continue;
     for (std::size_t i = 0; i < scores.size(); ++i) {
       scores.at(i) += static_cast<std::int32_t>(found->second[i]);

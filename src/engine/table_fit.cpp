@@ -7,7 +7,6 @@
 #include <string>
 
 #include "engine/tokenizer.h"
-#include "util/characters.h"
 
 // Nearly every place holds the word as it is spelled, between two other characters:
 // that takes one comparison. Where it does not (a plural "s" or a hyphen was dropped,
@@ -22,9 +21,9 @@ constexpr std::size_t LONGEST_TOKEN = 64;
 
 // Whether a token that is spelled so gives itself. "1990" and "TV-" are words, but only
 // where a plural "s" was dropped ("1990s", "TV-s").
-bool GivesItself(const std::u16string& word) {
+bool GivesItself(const std::u16string& word, const Alphabet& alphabet) {
   std::size_t position = 1;
-  return GetWord(word + u" ", position) == word;
+  return GetWord(word + u" ", alphabet, position) == word;
 }
 
 // Where the scan stands after a word that it records at `position`: 1-based, two behind
@@ -32,19 +31,22 @@ bool GivesItself(const std::u16string& word) {
 std::size_t ScanEnd(std::size_t position, std::size_t wordLength) { return position + wordLength; }
 
 // Whether the token before the place of `position` gives the word.
-bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16string_view word) {
+bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16string_view word,
+                    const Alphabet& alphabet) {
   const std::size_t scanEnd = ScanEnd(position, word.size());
   const std::size_t end = std::min(scanEnd - 1, text.size());  // characters up to the token's last
   std::size_t start = end;
-  while (start > 0 && end - start <= LONGEST_TOKEN && IsWordCharacter(text[start - 1])) --start;
+  while (start > 0 && end - start <= LONGEST_TOKEN && alphabet.IsWordCharacterAt(text, start - 1)) {
+    --start;
+  }
   std::size_t scanPosition = start + 1;
-  return start < end && GetWord(text, scanPosition) == word && scanPosition == scanEnd;
+  return start < end && GetWord(text, alphabet, scanPosition) == word && scanPosition == scanEnd;
 }
 
 // Compares a word with what stands at many places.
 class Spelling {
  public:
-  explicit Spelling(std::u16string_view word) : word_(word) {
+  Spelling(std::u16string_view word, const Alphabet& alphabet) : word_(word), alphabet_(alphabet) {
     std::array<char16_t, UNITS> mask{};
     std::fill_n(mask.begin(), std::min(UNITS, word.size()), char16_t{0xFFFF});
     std::memcpy(&mask_, mask.data(), sizeof(mask_));
@@ -60,8 +62,8 @@ class Spelling {
     static_assert(UNITS <= MIN_WORD_LENGTH + 1);  // so many stand there
     std::uint64_t there = 0;
     std::memcpy(&there, text.data() + start, sizeof(there));
-    if ((there & mask_) != front_ || IsWordCharacter(text[end])) return false;
-    if (start > 0 && IsWordCharacter(text[start - 1])) return false;
+    if ((there & mask_) != front_ || alphabet_.IsWordCharacterAt(text, end)) return false;
+    if (start > 0 && alphabet_.IsWordCharacterAt(text, start - 1)) return false;
     return word_.size() <= UNITS ||
            text.substr(start + UNITS, word_.size() - UNITS) == word_.substr(UNITS);
   }
@@ -70,6 +72,7 @@ class Spelling {
   static constexpr std::size_t UNITS = sizeof(std::uint64_t) / sizeof(char16_t);
 
   std::u16string_view word_;
+  const Alphabet& alphabet_;
   std::uint64_t front_ = 0;  // its first code units, so that most places take one comparison
   std::uint64_t mask_ = 0;
 };
@@ -80,26 +83,27 @@ void Prefetch(std::u16string_view text, std::int32_t position) {
   __builtin_prefetch(text.data() + std::min(static_cast<std::size_t>(position), text.size()));
 }
 
-bool WordFits(const WordEntry& entry, bool included, std::u16string_view text) {
+bool WordFits(const WordEntry& entry, bool included, std::u16string_view text,
+              const Alphabet& alphabet) {
   constexpr std::size_t AHEAD = 8;
   const std::vector<std::int32_t>& positions = entry.positions;
-  const Spelling spelling(entry.word);
-  const bool givesItself = GivesItself(entry.word);
+  const Spelling spelling(entry.word, alphabet);
+  const bool givesItself = GivesItself(entry.word, alphabet);
   const std::size_t step = included ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
   for (std::size_t k = 0; k < positions.size(); k += step) {
     const auto position = static_cast<std::size_t>(positions[k]);
     if (k + AHEAD < positions.size()) Prefetch(text, positions[k + AHEAD]);
     if (givesItself && spelling.StandsAt(text, position - 1)) continue;
-    if (!TokenGivesWord(text, position, entry.word)) return false;
+    if (!TokenGivesWord(text, position, entry.word, alphabet)) return false;
   }
   return true;
 }
 
 // Whether the scan would record a word from the 1-based `position` on.
-bool HoldsWord(std::u16string_view text, std::size_t position) {
+bool HoldsWord(std::u16string_view text, std::size_t position, const Alphabet& alphabet) {
   while (position < text.size()) {
-    if (IsWordCharacter(text[position - 1])) {
-      if (MayEnterTable(GetWord(text, position))) return true;
+    if (alphabet.IsWordCharacterAt(text, position - 1)) {
+      if (MayEnterTable(GetWord(text, alphabet, position))) return true;
     } else {
       ++position;
     }
@@ -109,7 +113,8 @@ bool HoldsWord(std::u16string_view text, std::size_t position) {
 
 }  // namespace
 
-bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16string_view text) {
+bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16string_view text,
+                   const Alphabet& alphabet) {
   constexpr std::size_t AHEAD = 16;
   if (table.positionWidth != PositionWidth(text.size())) return false;
   std::size_t lastEnd = 1;
@@ -119,11 +124,11 @@ bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16
       Prefetch(text, table.entries[i + AHEAD].positions.back());
     }
     const WordEntry& entry = table.entries[i];
-    if (!MayEnterTable(entry.word) || !WordFits(entry, include[i], text)) return false;
+    if (!MayEnterTable(entry.word) || !WordFits(entry, include[i], text, alphabet)) return false;
     const auto last = static_cast<std::size_t>(entry.positions.back());
     lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));
   }
-  return !HoldsWord(text, lastEnd);
+  return !HoldsWord(text, lastEnd, alphabet);
 }
 
 }  // namespace quorvel

@@ -14,6 +14,6 @@ namespace quorvel {
 // since these move whatever follows. Places must ascend. Not looked for: words left out
 // of the table between others.
 [[nodiscard]] bool TableFitsText(const WordTable& table, const IncludeFlags& include,
-                                 std::u16string_view text);
+                                 std::u16string_view text, const Alphabet& alphabet);
 
 }  // namespace quorvel

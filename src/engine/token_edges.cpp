@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "util/characters.h"
-
 namespace quorvel {
 namespace {
 
@@ -25,35 +23,41 @@ constexpr bool AsTheTableSays() {
 }
 static_assert(AsTheTableSays());
 
-// Of FLAG_COUNT characters.
-Flags WordCharacterFlags(const char16_t* characters) {
+}  // namespace
+
+// Of a block of FLAG_COUNT code units, which begins where the last one ends.
+Flags TokenEdges::WordCharacterFlags(const char16_t* block) const {
   Flags flags{};
   char16_t all = 0;
   for (std::size_t i = 0; i < FLAG_COUNT; ++i) {
-    all |= characters[i];
-    flags[i] = static_cast<std::uint8_t>(characters[i]);
+    all |= block[i];
+    flags[i] = static_cast<std::uint8_t>(block[i]);
   }
   if (all < ASCII_END) {
     for (std::uint8_t& flag : flags) flag = AsciiWordCharacter(flag);
     return flags;
   }
+  std::uint8_t classes = 0;
   for (std::size_t i = 0; i < FLAG_COUNT; ++i) {
-    flags[i] = IsWordCharacter(characters[i]) ? 1 : 0;
+    const std::uint8_t bits = alphabet_.ClassOf(block[i]);
+    classes |= bits;
+    flags[i] = (bits & WORD_CLASSES) != 0 ? 1 : 0;
+  }
+  if ((classes & CLASS_SURROGATE) != 0) {
+    // A character may have its other half in the next block.
+    for (std::size_t i = 0; i < FLAG_COUNT && blockEnd_ + i < text_.size(); ++i) {
+      flags[i] = alphabet_.IsWordCharacterAt(text_, blockEnd_ + i) ? 1 : 0;
+    }
   }
   return flags;
 }
 
-std::uint64_t WordCharacters(std::u16string_view block) {
-  if (block.size() == FLAG_COUNT) return BitsOf(WordCharacterFlags(block.data()));
-  std::array<char16_t, FLAG_COUNT> characters{};
-  std::copy(block.begin(), block.end(), characters.begin());
-  return BitsOf(WordCharacterFlags(characters.data()));
-}
-
-}  // namespace
-
 void TokenEdges::TakeBlock() {
-  const std::uint64_t wordCharacters = WordCharacters(text_.substr(blockEnd_, FLAG_COUNT));
+  const std::u16string_view block = text_.substr(blockEnd_, FLAG_COUNT);
+  std::array<char16_t, FLAG_COUNT> last{};
+  if (block.size() < FLAG_COUNT) std::copy(block.begin(), block.end(), last.begin());
+  const std::uint64_t wordCharacters =
+      BitsOf(WordCharacterFlags(block.size() < FLAG_COUNT ? last.data() : block.data()));
   edges_ = wordCharacters ^ (wordCharacters << 1U | isInToken_);
   if (which_ == Which::beginnings) edges_ &= wordCharacters;
   isInToken_ = wordCharacters >> (FLAG_COUNT - 1);

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "util/alphabet.h"
 #include "util/bit_map.h"
 
 namespace quorvel {
@@ -17,7 +18,8 @@ class TokenEdges {
   enum class Which { all, beginnings };
 
   // The text must outlive it.
-  TokenEdges(std::u16string_view text, Which which) : text_(text), which_(which) {}
+  TokenEdges(std::u16string_view text, const Alphabet& alphabet, Which which)
+      : text_(text), alphabet_(alphabet), which_(which) {}
 
   // The next 0-based place where a token begins or, of all edges, has ended: these take turns. The
   // text's length when there is none, also where the last token ends with the text.
@@ -33,8 +35,10 @@ class TokenEdges {
 
  private:
   void TakeBlock();
+  [[nodiscard]] Flags WordCharacterFlags(const char16_t* block) const;
 
   std::u16string_view text_;
+  const Alphabet& alphabet_;
   Which which_;
   std::size_t blockEnd_ = 0;     // of the block that is being looked at
   std::uint64_t edges_ = 0;      // those in it that are still to come

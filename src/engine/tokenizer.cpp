@@ -35,14 +35,17 @@ std::u16string_view StripHyphens(std::u16string_view token) {
 // are looked up. Waiting for each would take as long as all the rest.
 class Scan {
  public:
-  Scan(std::u16string_view text, WordTable& table, Progress& progress, const KeywordLists* sought)
+  Scan(std::u16string_view text, const Alphabet& alphabet, WordTable& table, Progress& progress,
+       const KeywordLists* sought)
       : text_(text),
+        alphabet_(alphabet),
         table_(table),
         progress_(progress),
         bar_(progress),
-        known_(text, table, sought, RandomHashSeed()),
-        edges_(text, sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
-    if (sought != nullptr) beginnings_.emplace(*sought);
+        known_(text, alphabet, table, sought, RandomHashSeed()),
+        edges_(text, alphabet,
+               sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
+    if (sought != nullptr) beginnings_.emplace(*sought, alphabet);
   }
 
   // Cuts the next tokens; false when there is none, or after a stop.
@@ -94,7 +97,7 @@ class Scan {
       const char16_t* const start = text_.data() + begin;
       // A hyphen at the front of a token is none of its word's.
       if (!beginnings_->MayBegin(start) && *start != u'-') continue;
-      const std::size_t length = EndOfRun(text_, begin) - begin;
+      const std::size_t length = alphabet_.EndOfRun(text_, begin) - begin;
       if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, length);
     }
     stopped_ = !GoesOn(static_cast<std::int64_t>(begin));
@@ -114,6 +117,7 @@ class Scan {
   };
 
   std::u16string_view text_;
+  const Alphabet& alphabet_;
   WordTable& table_;
   Progress& progress_;
   ProgressBar bar_;
@@ -128,16 +132,17 @@ class Scan {
 
 }  // namespace
 
-std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition) {
-  const std::size_t length = LetterRunLength(text, scanPosition);
-  const std::u16string_view token = text.substr(scanPosition - 1, length);
-  scanPosition += length;
-  return WordOfToken(token);
+std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
+                            std::size_t& scanPosition) {
+  const std::size_t begin = scanPosition - 1;
+  const std::size_t end = alphabet.EndOfRun(text, begin);
+  scanPosition = end + (end < text.size() ? 1 : 2);
+  return WordOfToken(text.substr(begin, end - begin), alphabet);
 }
 
-std::u16string_view WordOfToken(std::u16string_view token) {
-  if (ContainsNoLetter(token)) return {};
-  const std::u16string_view word = MakeSingular(StripHyphens(token));
+std::u16string_view WordOfToken(std::u16string_view token, const Alphabet& alphabet) {
+  if (alphabet.ContainsNoLetter(token)) return {};
+  const std::u16string_view word = MakeSingular(StripHyphens(token), alphabet);
   // What stands behind an apostrophe ("John's", "couldn't"), and what stands before
   // it in a negation, is no word of its own.
   const bool apostropheRest =
@@ -163,9 +168,9 @@ TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
   return span;
 }
 
-void GetWords(std::u16string_view text, WordTable& table, Progress& progress,
-              const KeywordLists* sought) {
-  Scan scan(text, table, progress, sought);
+void GetWords(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+              Progress& progress, const KeywordLists* sought) {
+  Scan scan(text, alphabet, table, progress, sought);
   while (scan.CutTokens()) scan.RecordWords();
 }
 

@@ -9,6 +9,7 @@
 
 #include "engine/word_table.h"
 #include "lists/keywords.h"
+#include "util/alphabet.h"
 #include "util/progress.h"
 
 namespace quorvel {
@@ -20,10 +21,11 @@ inline constexpr std::size_t MIN_WORD_LENGTH = 3;
 // word character, and moves that behind it (two behind the end of the text for a
 // token that ends there). Gives the word that the token stands for, a view into
 // the text, or an empty view for a token that is none.
-[[nodiscard]] std::u16string_view GetWord(std::u16string_view text, std::size_t& scanPosition);
+[[nodiscard]] std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
+                                          std::size_t& scanPosition);
 
 // The word that a whole token stands for, a view into it; empty when it stands for none.
-[[nodiscard]] std::u16string_view WordOfToken(std::u16string_view token);
+[[nodiscard]] std::u16string_view WordOfToken(std::u16string_view token, const Alphabet& alphabet);
 
 // Whether a word that GetWord gave is recorded at all: by its length, and because it is
 // neither one repeated letter nor a Roman numeral.
@@ -43,7 +45,7 @@ struct TextSpan {
 // Scans a text whose double hyphens are blanked and adds its words to the table; of these
 // only the `sought` ones, where such are given, which is much faster. Ends early when a stop is
 // requested, after the word at hand.
-void GetWords(std::u16string_view text, WordTable& table, Progress& progress,
-              const KeywordLists* sought = nullptr);
+void GetWords(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+              Progress& progress, const KeywordLists* sought = nullptr);
 
 }  // namespace quorvel

@@ -4,8 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "util/characters.h"
-
 namespace quorvel {
 namespace {
 
@@ -22,10 +20,10 @@ std::uint64_t LeadingUnits(std::u16string_view text) {
 
 }  // namespace
 
-WordEntry NewWordEntry(std::u16string_view word) {
+WordEntry NewWordEntry(std::u16string_view word, const Alphabet& alphabet) {
   WordEntry entry;
   entry.word = word;
-  entry.sortKey = ToLowerCase(FoldForKey(word));
+  entry.sortKey = alphabet.SortKey(word);
   return entry;
 }
 

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "util/alphabet.h"
+
 namespace quorvel {
 
 // In characters; longer words are never recorded.
@@ -31,7 +33,7 @@ struct WordTable {
 };
 
 // A fresh entry for `word`, with its sort key and without any occurrence.
-[[nodiscard]] WordEntry NewWordEntry(std::u16string_view word);
+[[nodiscard]] WordEntry NewWordEntry(std::u16string_view word, const Alphabet& alphabet);
 
 // The width of a position in a text of `length` characters.
 [[nodiscard]] int PositionWidth(std::size_t length);

@@ -11,7 +11,7 @@ Words ScanWords(std::shared_ptr<const Document> document, const KeywordLists* so
                 Progress& progress) {
   auto table = std::make_shared<WordTable>();
   table->positionWidth = PositionWidth(document->documentText.size());
-  GetWords(document->documentText, *table, progress, sought);
+  GetWords(document->documentText, document->AlphabetOf(), *table, progress, sought);
   progress.BeginPhase("Sorting");
   SortWordTable(*table);
   return {std::move(document), std::move(table)};

@@ -11,6 +11,7 @@
 #include "files/digest.h"
 #include "files/read_file.h"
 #include "input/skip_spans.h"
+#include "util/alphabet.h"
 #include "util/fault.h"
 #include "util/progress.h"
 
@@ -18,6 +19,7 @@ namespace quorvel {
 
 // What decides which text is made of an input.
 struct ReadingOptions {
+  Reading reading = Reading::windows1252;
   bool isUtf8 = false;
   bool ignoreLists = false;  // leave out the lists of a web page
 
@@ -36,7 +38,9 @@ struct Document {
   ReadingOptions options;       // how it was read
   SkipSpans skipSpans;          // of an input of its kind
   std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
-  std::string ansiText;         // the same in Windows-1252, as a listing quotes it
+  std::string ansiText;  // the same in Windows-1252, as a listing quotes it; empty in Unicode
+
+  [[nodiscard]] const Alphabet& AlphabetOf() const { return Alphabet::Of(options.reading); }
 };
 
 // Whether an input is a word-processor document: named so, and a zip archive by its

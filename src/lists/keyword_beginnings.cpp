@@ -1,11 +1,11 @@
 #include "lists/keyword_beginnings.h"
 
 #include "lists/wildcard.h"
-#include "util/characters.h"
 
 namespace quorvel {
 
-KeywordBeginnings::KeywordBeginnings(const KeywordLists& keywords) {
+KeywordBeginnings::KeywordBeginnings(const KeywordLists& keywords, const Alphabet& alphabet)
+    : alphabet_(alphabet) {
   for (const std::u16string& word : keywords.fileKeywords) Add(word, 0, 0);
   for (const ExtraKeyword& keyword : keywords.extraKeywords.Keywords()) {
     Add(keyword.wildcardPattern, 0, 0);
@@ -22,7 +22,9 @@ void KeywordBeginnings::Add(std::u16string_view pattern, std::size_t beginning,
   }
   if (length < pattern.size() && !HoldsWildcard(pattern.substr(length, 1))) {
     const char16_t lower = pattern[length];
-    for (const char16_t ch : {lower, ToUpperCase(lower)}) {
+    Add(pattern, Extended(beginning, lower), length + 1);
+    Add(pattern, Extended(beginning, alphabet_.ToUpperCase(lower)), length + 1);
+    for (const char16_t ch : alphabet_.OtherCapitalsOf(lower)) {
       Add(pattern, Extended(beginning, ch), length + 1);
     }
     return;

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "lists/keywords.h"
+#include "util/alphabet.h"
 
 namespace quorvel {
 
@@ -17,7 +18,7 @@ class KeywordBeginnings {
   // Characters of a word that are looked at.
   static constexpr std::size_t LENGTH = 3;
 
-  explicit KeywordBeginnings(const KeywordLists& keywords);
+  KeywordBeginnings(const KeywordLists& keywords, const Alphabet& alphabet);
 
   // Whether a word that begins with the LENGTH characters at `word` may be a keyword, in whatever
   // case. False for certain; true also for some words that are none.
@@ -37,6 +38,7 @@ class KeywordBeginnings {
 
   void Add(std::u16string_view pattern, std::size_t beginning, std::size_t length);
 
+  const Alphabet& alphabet_;
   std::bitset<std::size_t{1} << (LENGTH * BITS)> known_;
 };
 

@@ -1,6 +1,7 @@
 #include "lists/keywords.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <utility>
@@ -8,7 +9,6 @@
 #include "lists/wildcard.h"
 #include "lists/word_file.h"
 #include "util/ansi.h"
-#include "util/characters.h"
 #include "util/make_singular.h"
 
 namespace quorvel {
@@ -16,8 +16,11 @@ namespace {
 
 // Patterns and hyphens are for the extra keywords only, whatever the settings
 // allow: a list of plain words stays one.
-bool IsPlainWord(std::u16string_view word) {
-  return std::all_of(word.begin(), word.end(), IsLetter);
+bool IsPlainWord(std::u16string_view word, const Alphabet& alphabet) {
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    if ((alphabet.ClassAt(word, i) & CLASS_LETTER) == 0) return false;
+  }
+  return true;
 }
 
 // `text` without any "'s", those included that others leave when they go.
@@ -33,22 +36,24 @@ std::u16string WithoutPossessives(std::u16string_view text) {
   return result;
 }
 
-bool MayStandInKeyword(char16_t ch, const ConcordanceSettings& settings) {
-  if (ch == u'-') return settings.allowWordsWithHyphens;
-  if (IsDigit(ch)) return settings.allowWordsWithNumerals;
-  return IsLetter(ch) || std::u16string_view(u"*?#+ ").find(ch) != std::u16string_view::npos;
+// Of the character that the code unit at `place` belongs to.
+bool MayStandInKeyword(std::u16string_view text, std::size_t place,
+                       const ConcordanceSettings& settings) {
+  const std::uint8_t classes = Alphabet::Of(settings.reading).ClassAt(text, place);
+  if ((classes & CLASS_HYPHEN) != 0) return settings.allowWordsWithHyphens;
+  if ((classes & CLASS_DIGIT) != 0) return settings.allowWordsWithNumerals;
+  return (classes & CLASS_LETTER) != 0 ||
+         std::u16string_view(u"*?#+ ").find(text[place]) != std::u16string_view::npos;
 }
 
 // The first character of the text that may not stand in a keyword.
 std::optional<Fault> FaultyCharacter(std::u16string_view text,
                                      const ConcordanceSettings& settings) {
-  const auto* const fault = std::find_if(text.begin(), text.end(), [&settings](char16_t ch) {
-    return !MayStandInKeyword(ch, settings);
-  });
-  if (fault == text.end()) return std::nullopt;
-  return Fault{FaultKind::notAllowedInKeyword,
-               {},
-               CharacterAt(text, static_cast<std::size_t>(fault - text.begin()))};
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (MayStandInKeyword(text, i, settings)) continue;
+    return Fault{FaultKind::notAllowedInKeyword, {}, CharacterAt(text, i)};
+  }
+  return std::nullopt;
 }
 
 // The keywords without those that only say once more what others say. One that is given again lists
@@ -77,17 +82,17 @@ ExtraKeyword ExtraKeywordOf(std::u16string_view keyword) {
   return {std::u16string(keyword.substr(0, plus)), true, std::u16string(keyword.substr(plus + 1))};
 }
 
-bool WantsContext(const ExtraKeyword& keyword, std::string_view context) {
-  if (!keyword.hasContextPattern) return true;
-  const std::u16string lower = ToLowerCase(DecodeAnsi(context));
+bool WantsContext(const ExtraKeyword& keyword, std::u16string_view context,
+                  const Alphabet& alphabet) {
+  const std::u16string lower = alphabet.ToLowerCase(context);
   const std::vector<std::u16string_view> words = SplitAtBlanks(lower);
-  return std::any_of(words.begin(), words.end(), [&keyword](std::u16string_view word) {
-    return MatchesWildcard(word, keyword.contextPattern);
+  return std::any_of(words.begin(), words.end(), [&keyword, &alphabet](std::u16string_view word) {
+    return MatchesWildcard(word, keyword.contextPattern, alphabet);
   });
 }
 
-ExtraKeywordList::ExtraKeywordList(std::vector<ExtraKeyword> keywords)
-    : keywords_(std::move(keywords)) {
+ExtraKeywordList::ExtraKeywordList(std::vector<ExtraKeyword> keywords, const Alphabet& alphabet)
+    : keywords_(std::move(keywords)), alphabet_(&alphabet) {
   for (std::size_t i = 0; i < keywords_.size(); ++i) {
     const std::u16string& pattern = keywords_[i].wildcardPattern;
     (HoldsWildcard(pattern) ? wildcard_[pattern.front()] : plain_).push_back(i);
@@ -107,7 +112,8 @@ std::vector<std::size_t> ExtraKeywordList::Matches(std::u16string_view lowerWord
     const auto found = wildcard_.find(first);
     if (found == wildcard_.end()) continue;
     for (const std::size_t i : found->second) {
-      if (MatchesWildcard(lowerWord, keywords_[i].wildcardPattern)) matches.push_back(i);
+      if (MatchesWildcard(lowerWord, keywords_[i].wildcardPattern, *alphabet_))
+        matches.push_back(i);
     }
   }
   std::sort(matches.begin(), matches.end());
@@ -118,24 +124,25 @@ bool HoldKeywords(const KeywordLists& lists) {
   return !lists.fileKeywords.empty() || !lists.extraKeywords.Keywords().empty();
 }
 
-bool IsSearchWord(std::u16string_view word, const KeywordLists& lists) {
-  const std::u16string lower = ToLowerCase(word);
+bool IsSearchWord(std::u16string_view word, const KeywordLists& lists, const Alphabet& alphabet) {
+  const std::u16string lower = alphabet.ToLowerCase(word);
   return BinarySearch(lists.fileKeywords, lower) || !lists.extraKeywords.Matches(lower).empty();
 }
 
 void EraseSearchWords(KeywordLists& lists) { lists.fileKeywords.clear(); }
 
-SortedWords KeywordsOfFile(const std::vector<std::u16string>& words) {
+SortedWords KeywordsOfFile(const std::vector<std::u16string>& words, const Alphabet& alphabet) {
   SortedWords keywords;
   for (const std::u16string& word : words) {
-    if (IsPlainWord(word)) keywords.emplace_back(MakeSingular(ToLowerCase(word)));
+    if (!IsPlainWord(word, alphabet)) continue;
+    keywords.emplace_back(MakeSingular(alphabet.ToLowerCase(word), alphabet));
   }
   std::sort(keywords.begin(), keywords.end());
   return keywords;
 }
 
-std::string TidyExtraKeywords(std::string_view text) {
-  return EncodeUtf8(WithoutPossessives(ToLowerCase(DecodeUtf8(TrimBlanks(text)))));
+std::string TidyExtraKeywords(std::string_view text, const Alphabet& alphabet) {
+  return EncodeUtf8(WithoutPossessives(alphabet.ToLowerCase(alphabet.Typed(TrimBlanks(text)))));
 }
 
 Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,
@@ -147,8 +154,9 @@ Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,
     return Fault{FaultKind::manyPlusSigns, {}, {}};
   }
   std::sort(keywords.begin(), keywords.end());
-  std::transform(keywords.begin(), keywords.end(), keywords.begin(), MakeSingular);
-  return ExtraKeywordList(WithoutEqualOnes(keywords));
+  const Alphabet& alphabet = Alphabet::Of(settings.reading);
+  for (std::u16string_view& keyword : keywords) keyword = MakeSingular(keyword, alphabet);
+  return ExtraKeywordList(WithoutEqualOnes(keywords), alphabet);
 }
 
 }  // namespace quorvel

@@ -14,6 +14,7 @@
 
 #include "lists/binary_search.h"
 #include "settings/settings.h"
+#include "util/alphabet.h"
 #include "util/fault.h"
 
 namespace quorvel {
@@ -27,15 +28,16 @@ struct ExtraKeyword {
 // Takes one keyword apart at its "+".
 [[nodiscard]] ExtraKeyword ExtraKeywordOf(std::u16string_view keyword);
 
-// Whether `context`, in Windows-1252, is one that the keyword asks for: any where it has no
-// context pattern, else one of whose words, with its punctuation, matches that.
-[[nodiscard]] bool WantsContext(const ExtraKeyword& keyword, std::string_view context);
+// Whether one of the words of `context`, with its punctuation, matches the keyword's context
+// pattern.
+[[nodiscard]] bool WantsContext(const ExtraKeyword& keyword, std::u16string_view context,
+                                const Alphabet& alphabet);
 
 // The extra keywords of a search, in the order in which their results are listed.
 class ExtraKeywordList {
  public:
   ExtraKeywordList() = default;
-  explicit ExtraKeywordList(std::vector<ExtraKeyword> keywords);
+  ExtraKeywordList(std::vector<ExtraKeyword> keywords, const Alphabet& alphabet);
 
   [[nodiscard]] const std::vector<ExtraKeyword>& Keywords() const { return keywords_; }
 
@@ -49,6 +51,7 @@ class ExtraKeywordList {
   }
 
   std::vector<ExtraKeyword> keywords_;
+  const Alphabet* alphabet_ = &Alphabet::Windows1252();    // that they were typed for
   std::vector<std::size_t> plain_;                         // without wildcard, by pattern
   std::map<char16_t, std::vector<std::size_t>> wildcard_;  // the others, by first character
 };
@@ -62,15 +65,17 @@ struct KeywordLists {
 [[nodiscard]] bool HoldKeywords(const KeywordLists& lists);
 
 // Whether `word` is to be listed in a search.
-[[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists);
+[[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists,
+                                const Alphabet& alphabet);
 
 void EraseSearchWords(KeywordLists& lists);
 
 // The plain words among those of a keywords file, as a search looks for them.
-[[nodiscard]] SortedWords KeywordsOfFile(const std::vector<std::u16string>& words);
+[[nodiscard]] SortedWords KeywordsOfFile(const std::vector<std::u16string>& words,
+                                         const Alphabet& alphabet);
 
 // Extra keywords as they are kept: lower case, without "'s". UTF-8 both ways.
-[[nodiscard]] std::string TidyExtraKeywords(std::string_view text);
+[[nodiscard]] std::string TidyExtraKeywords(std::string_view text, const Alphabet& alphabet);
 
 // The keywords in tidied text. `notAllowedInKeyword`, `manyPlusSigns`.
 [[nodiscard]] Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,

@@ -1,19 +1,19 @@
 #include "lists/stop_words.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "lists/word_file.h"
 #include "util/ansi.h"
-#include "util/characters.h"
 #include "util/number_words.h"
 
 namespace quorvel {
 namespace {
 
-bool MayStandInWord(char16_t ch, const ConcordanceSettings& settings) {
-  if (ch == u'-') return settings.allowWordsWithHyphens;
-  if (IsDigit(ch)) return settings.allowWordsWithNumerals;
-  return ch == u' ' || IsLetter(ch);
+bool MayStandInWord(std::uint8_t classes, const ConcordanceSettings& settings) {
+  if ((classes & CLASS_HYPHEN) != 0) return settings.allowWordsWithHyphens;
+  if ((classes & CLASS_DIGIT) != 0) return settings.allowWordsWithNumerals;
+  return (classes & CLASS_LETTER) != 0;
 }
 
 }  // namespace
@@ -27,8 +27,8 @@ void ConcealNumWords(StopWordList& list, bool conceal) {
   list.numberWords = conceal ? CardinalWords() : SortedWords();
 }
 
-std::string TidyExtraStopWords(std::string_view text) {
-  std::u16string folded = ToLowerCase(DecodeUtf8(text));
+std::string TidyExtraStopWords(std::string_view text, const Alphabet& alphabet) {
+  std::u16string folded = alphabet.ToLowerCase(alphabet.Typed(text));
   std::replace(folded.begin(), folded.end(), u',', u' ');
   std::u16string tidied;
   for (const std::u16string& word : ExtraStopWordsOf(EncodeUtf8(folded))) {
@@ -47,14 +47,17 @@ SortedWords ExtraStopWordsOf(std::string_view tidied) {
 }
 
 std::optional<Fault> FaultInExtraStopWords(const ConcordanceSettings& settings) {
+  const Alphabet& alphabet = Alphabet::Of(settings.reading);
   const std::u16string text = DecodeUtf8(settings.extraStopWords);
-  const auto fault = std::find_if(
-      text.begin(), text.end(), [&settings](char16_t ch) { return !MayStandInWord(ch, settings); });
-  if (fault == text.end()) return std::nullopt;
-  const bool optional = *fault == u'-' || IsDigit(*fault);
-  return Fault{optional ? FaultKind::notAllowedForNow : FaultKind::notAllowedInStopWord,
-               {},
-               CharacterAt(text, static_cast<std::size_t>(fault - text.begin()))};
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::uint8_t classes = alphabet.ClassAt(text, i);
+    if (text[i] == u' ' || MayStandInWord(classes, settings)) continue;
+    const bool optional = (classes & (CLASS_HYPHEN | CLASS_DIGIT)) != 0;
+    return Fault{optional ? FaultKind::notAllowedForNow : FaultKind::notAllowedInStopWord,
+                 {},
+                 CharacterAt(text, i)};
+  }
+  return std::nullopt;
 }
 
 }  // namespace quorvel

@@ -8,6 +8,7 @@
 
 #include "lists/binary_search.h"
 #include "settings/settings.h"
+#include "util/alphabet.h"
 #include "util/fault.h"
 
 namespace quorvel {
@@ -25,7 +26,7 @@ void ConcealNumWords(StopWordList& list, bool conceal);
 
 // The text of the extra stop words as it is kept: lower case, commas taken as
 // blanks, sorted, with single blanks between the words. UTF-8 both ways.
-[[nodiscard]] std::string TidyExtraStopWords(std::string_view text);
+[[nodiscard]] std::string TidyExtraStopWords(std::string_view text, const Alphabet& alphabet);
 
 // The words of tidied extra stop words.
 [[nodiscard]] SortedWords ExtraStopWordsOf(std::string_view tidied);

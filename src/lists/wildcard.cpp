@@ -1,7 +1,5 @@
 #include "lists/wildcard.h"
 
-#include "util/characters.h"
-
 // Goes along word and pattern once. At a character that does not fit it takes up
 // the last "*" again and lets that stand for one character more: the earlier ones
 // need never be tried again, since the last one can stand for whatever they could.
@@ -23,16 +21,17 @@ bool ListHolds(std::u16string_view list, char16_t ch) {
 }
 
 // Whether `element`, which is no "*", stands for `ch`.
-bool Fits(std::u16string_view element, char16_t ch) {
+bool Fits(std::u16string_view element, char16_t ch, const Alphabet& alphabet) {
   if (element.size() > 1) return ListHolds(element.substr(1, element.size() - 2), ch);
   if (element[0] == u'?') return true;
-  if (element[0] == u'#') return IsDigit(ch);
+  if (element[0] == u'#') return alphabet.IsDigit(ch);
   return element[0] == ch;
 }
 
 }  // namespace
 
-bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern) {
+bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern,
+                     const Alphabet& alphabet) {
   constexpr std::size_t NONE = std::u16string_view::npos;
   const std::size_t bracket = pattern.rfind(u']');
   const std::size_t lastBracket = bracket == NONE ? 0 : bracket;
@@ -48,7 +47,7 @@ bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern) {
     }
     std::u16string_view element;
     if (p < pattern.size()) element = ElementAt(pattern, p, lastBracket);
-    if (!element.empty() && Fits(element, word[w])) {
+    if (!element.empty() && Fits(element, word[w], alphabet)) {
       p += element.size();
       ++w;
     } else if (behindStar != NONE) {

@@ -35,7 +35,9 @@ class CommentFilter {
 
 }  // namespace
 
-Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes, Progress& progress) {
+Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
+                                                     const Alphabet& /*alphabet*/,
+                                                     Progress& progress) {
   if (bytes.starts_with(BYTE_ORDER_MARK)) bytes.remove_prefix(BYTE_ORDER_MARK.size());
   // Lines end in CR LF; trimming takes care of the LF. A list without any CR was
   // made where lines end in LF: taken as one line it would hold no word at all.

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "util/alphabet.h"
 #include "util/fault.h"
 #include "util/progress.h"
 
@@ -17,6 +18,7 @@ namespace quorvel {
 
 // The words of a file in the order that they stand in, unchanged. `stopped`.
 [[nodiscard]] Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
+                                                                   const Alphabet& alphabet,
                                                                    Progress& progress);
 
 // The words between the blanks of `text`: views into it.

@@ -32,9 +32,9 @@ const std::string& OutputFileOf(const ConcordanceSettings& settings) {
 }
 
 std::string FileHeader(Mode mode, const std::string& inputFile, std::string_view digest,
-                       std::time_t time) {
+                       std::time_t time, const Alphabet& alphabet) {
   std::string header = "Input file: ";
-  AppendAnsi(header, PathOnOneLine(inputFile));
+  alphabet.AppendEncoded(header, PathOnOneLine(inputFile));
   header += LINE_END;
   if (mode == Mode::create) {
     header.append("MD5 message digest of input file: ").append(digest).append(LINE_END);

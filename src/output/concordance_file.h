@@ -1,5 +1,6 @@
 // The concordance file and the search-results file: a short header that names the
-// input, then the entries, as Windows-1252 text with CR LF line ends.
+// input, then the entries, as text with CR LF line ends, in Windows-1252 or UTF-8 as the input was
+// read.
 #pragma once
 
 #include <ctime>
@@ -7,6 +8,7 @@
 #include <string_view>
 
 #include "settings/settings.h"
+#include "util/alphabet.h"
 
 namespace quorvel {
 
@@ -19,9 +21,10 @@ namespace quorvel {
 // The name of the file that a run in the settings' mode writes; may be empty.
 [[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
 
-// The header of the file that is written at `time`, as Windows-1252 bytes. `digest` is that of the
-// input file; the header of a search has none.
+// The header of the file that is written at `time`, in the bytes of the alphabet. `digest` is that
+// of the input file; the header of a search has none.
 [[nodiscard]] std::string FileHeader(Mode mode, const std::string& inputFile,
-                                     std::string_view digest, std::time_t time);
+                                     std::string_view digest, std::time_t time,
+                                     const Alphabet& alphabet);
 
 }  // namespace quorvel

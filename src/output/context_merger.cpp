@@ -24,7 +24,8 @@ namespace quorvel {
 
 // One slot for each occurrence at most, and where base texts can change one more for
 // each base text; half of the slots stay free.
-void ContextMerger::Start(std::int32_t occurrences) {
+template <typename Char>
+void ContextMerger<Char>::Start(std::int32_t occurrences) {
   contexts_.clear();
   names_.clear();
   cutBefore_.clear();
@@ -33,7 +34,8 @@ void ContextMerger::Start(std::int32_t occurrences) {
   slots_.assign(std::bit_ceil(2 * used), {});
 }
 
-void ContextMerger::Add(std::string_view context) {
+template <typename Char>
+void ContextMerger<Char>::Add(View context) {
   if (markersInText_) {
     AddByNames(context);
   } else {
@@ -41,7 +43,8 @@ void ContextMerger::Add(std::string_view context) {
   }
 }
 
-const std::vector<MergedContext>& ContextMerger::Contexts() {
+template <typename Char>
+auto ContextMerger<Char>::Contexts() -> const std::vector<MergedContext<Char>>& {
   for (const Copy& copy : copies_) {
     contexts_[static_cast<std::size_t>(copy.place)].repeats =
         contexts_[static_cast<std::size_t>(copy.original)].repeats;
@@ -50,8 +53,9 @@ const std::vector<MergedContext>& ContextMerger::Contexts() {
 }
 
 // The place of the text among `texts`; NONE, to be set, for one that is not there.
+template <typename Char>
 template <typename Texts>
-std::int32_t& ContextMerger::PlaceOf(std::string_view text, const Texts& texts) {
+std::int32_t& ContextMerger<Char>::PlaceOf(View text, const Texts& texts) {
   const std::uint32_t hash = HashOf(text, seed_);
   const std::size_t mask = slots_.size() - 1;
   std::size_t i = hash & mask;
@@ -63,7 +67,8 @@ std::int32_t& ContextMerger::PlaceOf(std::string_view text, const Texts& texts) 
   return slots_[i].place;
 }
 
-void ContextMerger::AddPlain(std::string_view context) {
+template <typename Char>
+void ContextMerger<Char>::AddPlain(View context) {
   std::int32_t& place = PlaceOf(context, contexts_);
   if (place == NONE) {
     place = static_cast<std::int32_t>(contexts_.size());
@@ -73,18 +78,20 @@ void ContextMerger::AddPlain(std::string_view context) {
   }
 }
 
-void ContextMerger::AddByNames(std::string_view context) {
+template <typename Char>
+void ContextMerger<Char>::AddByNames(View context) {
   const std::size_t name = NameOf(context);
   if (!CountByName(name)) Store(context, name);
 }
 
 // Counts one occurrence more for all contexts whose base text this is. False when there is none.
-bool ContextMerger::CountByName(std::size_t name) {
+template <typename Char>
+bool ContextMerger<Char>::CountByName(std::size_t name) {
   Name& named = names_[name];
   bool found = named.cut != NONE;
   if (named.whole != NONE) {
-    MergedContext& whole = contexts_[static_cast<std::size_t>(named.whole)];
-    if (whole.repeats > 0 || whole.text.rfind(REPEAT_MARKER_START) == std::string_view::npos) {
+    MergedContext<Char>& whole = contexts_[static_cast<std::size_t>(named.whole)];
+    if (whole.repeats > 0 || whole.text.rfind(markerStart_) == View::npos) {
       found = true;
       if (countRepeats_) ++whole.repeats;
     }
@@ -98,7 +105,8 @@ bool ContextMerger::CountByName(std::size_t name) {
   return found;
 }
 
-std::size_t ContextMerger::NameOf(std::string_view text) {
+template <typename Char>
+std::size_t ContextMerger<Char>::NameOf(View text) {
   std::int32_t& place = PlaceOf(text, names_);
   if (place == NONE) {
     place = static_cast<std::int32_t>(names_.size());
@@ -107,7 +115,8 @@ std::size_t ContextMerger::NameOf(std::string_view text) {
   return static_cast<std::size_t>(place);
 }
 
-void ContextMerger::Store(std::string_view context, std::size_t name) {
+template <typename Char>
+void ContextMerger<Char>::Store(View context, std::size_t name) {
   const auto place = static_cast<std::int32_t>(contexts_.size());
   contexts_.push_back({context, 0});
   cutBefore_.push_back(NONE);
@@ -116,18 +125,25 @@ void ContextMerger::Store(std::string_view context, std::size_t name) {
     return;
   }
   names_[name].whole = place;
-  const std::size_t marker = context.rfind(REPEAT_MARKER_START);
-  if (marker == std::string_view::npos) return;
+  const std::size_t marker = context.rfind(markerStart_);
+  if (marker == View::npos) return;
   Name& base = names_[NameOf(context.substr(0, marker))];
   cutBefore_.back() = std::exchange(base.cut, place);
 }
 
-std::string TextWithMarker(const MergedContext& context) {
-  std::string text(context.text);
+template <typename Char>
+std::basic_string<Char> TextWithMarker(const MergedContext<Char>& context) {
+  std::basic_string<Char> text(context.text);
   if (context.repeats > 0) {
-    text.append(REPEAT_MARKER_START).append(std::to_string(context.repeats + 1)).append(")");
+    const std::string number = std::to_string(context.repeats + 1) + ")";
+    text.append(Quoted<Char>(REPEAT_MARKER_START)).append(number.begin(), number.end());
   }
   return text;
 }
+
+template class ContextMerger<char>;
+template class ContextMerger<char16_t>;
+template std::string TextWithMarker(const MergedContext<char>& context);
+template std::u16string TextWithMarker(const MergedContext<char16_t>& context);
 
 }  // namespace quorvel

@@ -11,19 +11,24 @@
 #include <string_view>
 #include <vector>
 
+#include "output/quoted_text.h"
 #include "util/hash_seed.h"
 
 namespace quorvel {
 
-inline constexpr std::string_view REPEAT_MARKER_START = " (x";
+inline constexpr std::u16string_view REPEAT_MARKER_START = u" (x";
 
+template <typename Char>
 struct MergedContext {
-  std::string_view text;     // without the marker that stands for `repeats`
-  std::int32_t repeats = 0;  // 0 for a context that occurred once
+  std::basic_string_view<Char> text;  // without the marker that stands for `repeats`
+  std::int32_t repeats = 0;           // 0 for a context that occurred once
 };
 
+template <typename Char>
 class ContextMerger {
  public:
+  using View = std::basic_string_view<Char>;
+
   // With `countRepeats` off a recurring context is dropped without a marker.
   // `markersInText` says whether the document itself may hold REPEAT_MARKER_START;
   // where it does not, no context can be mistaken for a marked one.
@@ -34,10 +39,10 @@ class ContextMerger {
   void Start(std::int32_t occurrences);
 
   // Adds the context of one occurrence; the characters must outlive the result.
-  void Add(std::string_view context);
+  void Add(View context);
 
   // The distinct contexts in the order of their first occurrence.
-  [[nodiscard]] const std::vector<MergedContext>& Contexts();
+  [[nodiscard]] const std::vector<MergedContext<Char>>& Contexts();
 
  private:
   static constexpr std::int32_t NONE = -1;
@@ -50,7 +55,7 @@ class ContextMerger {
 
   // A text that stored contexts can be known by.
   struct Name {
-    std::string_view text;
+    View text;
     std::int32_t whole = NONE;  // the first context that is this text
     std::int32_t cut = NONE;    // the last one of which this is the base text, but not all
   };
@@ -62,17 +67,18 @@ class ContextMerger {
   };
 
   template <typename Texts>
-  std::int32_t& PlaceOf(std::string_view text, const Texts& texts);
-  void AddPlain(std::string_view context);
-  void AddByNames(std::string_view context);
+  std::int32_t& PlaceOf(View text, const Texts& texts);
+  void AddPlain(View context);
+  void AddByNames(View context);
   [[nodiscard]] bool CountByName(std::size_t name);
-  std::size_t NameOf(std::string_view text);
-  void Store(std::string_view context, std::size_t name);
+  std::size_t NameOf(View text);
+  void Store(View context, std::size_t name);
 
   bool countRepeats_;
   bool markersInText_;
+  std::basic_string<Char> markerStart_ = Quoted<Char>(REPEAT_MARKER_START);
   HashSeed seed_;
-  std::vector<MergedContext> contexts_;
+  std::vector<MergedContext<Char>> contexts_;
   std::vector<Slot> slots_;  // a power of two of them
   std::vector<Name> names_;
   std::vector<std::int32_t> cutBefore_;  // for each context the one before it in a name's `cut`
@@ -80,6 +86,12 @@ class ContextMerger {
 };
 
 // The text of a context with its marker, if it has one: "… (x3)".
-[[nodiscard]] std::string TextWithMarker(const MergedContext& context);
+template <typename Char>
+[[nodiscard]] std::basic_string<Char> TextWithMarker(const MergedContext<Char>& context);
+
+extern template class ContextMerger<char>;
+extern template class ContextMerger<char16_t>;
+extern template std::string TextWithMarker(const MergedContext<char>& context);
+extern template std::u16string TextWithMarker(const MergedContext<char16_t>& context);
 
 }  // namespace quorvel

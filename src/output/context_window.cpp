@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "util/ansi.h"
 #include "util/find_pair.h"
 
 // The idea: fetch a window of raw characters around the keyword, walk left over as
@@ -21,11 +22,18 @@ namespace {
 
 constexpr std::size_t NONE = BitMap::NONE;
 
+// The place, or the one before it where that is in the middle of a character.
+std::size_t CharacterEdge(std::u16string_view text, std::size_t place) {
+  return place < text.size() && IsLowSurrogate(text[place]) && place > 0 ? place - 1 : place;
+}
+std::size_t CharacterEdge(std::string_view, std::size_t place) { return place; }
+
 }  // namespace
 
 // The characters from place `begin` up to, not including, place `end`, 0-based in
 // the text, cut at place `cut`. All places are places in the text.
-class ContextCutter::Window {
+template <typename Char>
+class ContextCutter<Char>::Window {
  public:
   Window(const ContextCutter& cutter, std::size_t begin, std::size_t cut, std::size_t end)
       : text_(cutter.text_),
@@ -74,16 +82,15 @@ class ContextCutter::Window {
 
   // The characters from `start` to `end` that are not removed: a view into the text where
   // all of them stay, else into `copies`, to which they are appended.
-  [[nodiscard]] std::string_view Part(std::size_t start, std::size_t end,
-                                      std::string& copies) const {
+  [[nodiscard]] View Part(std::size_t start, std::size_t end, String& copies) const {
     if (removed_.NthFrom(start, 1, end) == NONE) return text_.substr(start, end - start);
     const std::size_t before = copies.size();
     AppendPart(copies, start, end);
-    return std::string_view(copies).substr(before);
+    return View(copies).substr(before);
   }
 
  private:
-  void AppendPart(std::string& to, std::size_t start, std::size_t end) const {
+  void AppendPart(String& to, std::size_t start, std::size_t end) const {
     while (start < end) {
       const std::size_t removed = std::min(removed_.NthFrom(start, 1, end), end);
       to += text_.substr(start, removed - start);
@@ -129,7 +136,7 @@ class ContextCutter::Window {
     return NONE;
   }
 
-  std::string_view text_;
+  View text_;
   const BitMap& blanks_;
   const BitMap& removed_;
   std::size_t begin_;
@@ -139,7 +146,8 @@ class ContextCutter::Window {
   bool showLineBreaks_;
 };
 
-ContextCutter::ContextCutter(std::string_view text, const ContextOptions& options)
+template <typename Char>
+ContextCutter<Char>::ContextCutter(View text, const ContextOptions& options)
     : text_(text),
       options_(options),
       blanks_(text.size(), [text](std::size_t i) { return text[i] == ' '; }),
@@ -154,11 +162,13 @@ ContextCutter::ContextCutter(std::string_view text, const ContextOptions& option
   }
 }
 
-std::size_t ContextCutter::LongestContext(std::size_t wordLength) const {
+template <typename Char>
+std::size_t ContextCutter<Char>::LongestContext(std::size_t wordLength) const {
   return wordLength + static_cast<std::size_t>(2 * CHARS_PER_CONTEXT_WORD * options_.contextSize);
 }
 
-void ContextCutter::Prefetch(std::int64_t position) const {
+template <typename Char>
+void ContextCutter<Char>::Prefetch(std::int64_t position) const {
   constexpr std::size_t STEP = 64;  // characters in a cache line
   const auto place = static_cast<std::size_t>(position);
   if (place < STEP || place + STEP >= text_.size()) return;
@@ -169,8 +179,9 @@ void ContextCutter::Prefetch(std::int64_t position) const {
   removed_.Prefetch(place);
 }
 
-std::optional<ContextCutter::Window> ContextCutter::WindowAt(std::int64_t position,
-                                                             std::size_t wordLength) const {
+template <typename Char>
+auto ContextCutter<Char>::WindowAt(std::int64_t position, std::size_t wordLength) const
+    -> std::optional<Window> {
   const std::int64_t reach = CHARS_PER_CONTEXT_WORD * options_.contextSize;
   const bool fromTextStart = position <= reach;
   const std::int64_t begin = fromTextStart ? 0 : position - reach - 1;
@@ -178,20 +189,22 @@ std::optional<ContextCutter::Window> ContextCutter::WindowAt(std::int64_t positi
   if (cut < 0 || static_cast<std::size_t>(cut) >= text_.size()) return std::nullopt;
   const std::size_t end =
       static_cast<std::size_t>(begin) + LongestContext(fromTextStart ? 0 : wordLength);
-  return Window(*this, static_cast<std::size_t>(begin), static_cast<std::size_t>(cut),
-                std::min(end, text_.size()));
+  return Window(*this, CharacterEdge(text_, static_cast<std::size_t>(begin)),
+                static_cast<std::size_t>(cut), CharacterEdge(text_, std::min(end, text_.size())));
 }
 
-std::string_view ContextCutter::Cut(std::int64_t position, std::size_t wordLength,
-                                    std::string& copies) const {
+template <typename Char>
+auto ContextCutter<Char>::Cut(std::int64_t position, std::size_t wordLength, String& copies) const
+    -> View {
   const std::optional<Window> window = WindowAt(position, wordLength);
   if (!window) return {};
   const std::size_t start = window->LeftEdge();
   return window->Part(start, window->RightEdge(start), copies);
 }
 
-ContextParts ContextCutter::CutApart(std::int64_t position, std::size_t wordLength,
-                                     const TextSpan& word, std::string& copies) const {
+template <typename Char>
+ContextParts<Char> ContextCutter<Char>::CutApart(std::int64_t position, std::size_t wordLength,
+                                                 const TextSpan& word, String& copies) const {
   const std::optional<Window> window = WindowAt(position, wordLength);
   if (!window) return {};
   const std::size_t start = window->LeftEdge();
@@ -200,5 +213,8 @@ ContextParts ContextCutter::CutApart(std::int64_t position, std::size_t wordLeng
   const std::size_t right = std::clamp(word.end, start, stop);
   return {window->Part(start, left, copies), window->Part(right, stop, copies)};
 }
+
+template class ContextCutter<char>;
+template class ContextCutter<char16_t>;
 
 }  // namespace quorvel

@@ -25,15 +25,20 @@ struct ContextOptions {
 };
 
 // What a context has before a word and behind it.
+template <typename Char>
 struct ContextParts {
-  std::string_view left;
-  std::string_view right;
+  std::basic_string_view<Char> left;
+  std::basic_string_view<Char> right;
 };
 
-// Cuts contexts out of one text; the text must outlive it.
+// Cuts contexts out of one text, of bytes or of code units, which must outlive it.
+template <typename Char>
 class ContextCutter {
  public:
-  ContextCutter(std::string_view text, const ContextOptions& options);
+  using View = std::basic_string_view<Char>;
+  using String = std::basic_string<Char>;
+
+  ContextCutter(View text, const ContextOptions& options);
 
   // The longest context that Cut may give for a word of `wordLength`, in characters.
   [[nodiscard]] std::size_t LongestContext(std::size_t wordLength) const;
@@ -48,13 +53,12 @@ class ContextCutter {
   // the text, or `copies` where a line break had to be taken out: it is appended
   // there, and the view stays valid only as long as `copies` is not moved (reserve
   // LongestContext for each call).
-  [[nodiscard]] std::string_view Cut(std::int64_t position, std::size_t wordLength,
-                                     std::string& copies) const;
+  [[nodiscard]] View Cut(std::int64_t position, std::size_t wordLength, String& copies) const;
 
   // The same context, taken apart at the place of its word. A context that ends before the
   // word, as some do near the end of the text, has nothing behind it.
-  [[nodiscard]] ContextParts CutApart(std::int64_t position, std::size_t wordLength,
-                                      const TextSpan& word, std::string& copies) const;
+  [[nodiscard]] ContextParts<Char> CutApart(std::int64_t position, std::size_t wordLength,
+                                            const TextSpan& word, String& copies) const;
 
  private:
   class Window;
@@ -62,10 +66,13 @@ class ContextCutter {
   // The characters around a position; nothing for one outside the text.
   [[nodiscard]] std::optional<Window> WindowAt(std::int64_t position, std::size_t wordLength) const;
 
-  std::string_view text_;
+  View text_;
   ContextOptions options_;
   BitMap blanks_;   // all that stay blanks
   BitMap removed_;  // the first blank and the slash of each line break that is not shown
 };
+
+extern template class ContextCutter<char>;
+extern template class ContextCutter<char16_t>;
 
 }  // namespace quorvel

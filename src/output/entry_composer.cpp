@@ -1,39 +1,53 @@
 #include "output/entry_composer.h"
 
+#include "output/quoted_text.h"
 #include "util/ansi.h"
-#include "util/characters.h"
 
 namespace quorvel {
 namespace {
 
 constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
 
-bool Holds(std::string_view text, std::string_view mark) {
-  return text.find(mark) != std::string_view::npos;
+template <typename Char>
+bool Holds(std::basic_string_view<Char> text, std::u16string_view mark) {
+  return text.find(Quoted<Char>(mark)) != text.npos;
+}
+
+// ASCII has the same numbers in every text.
+template <typename Char>
+std::basic_string<Char>& Append(std::basic_string<Char>& to, std::string_view ascii) {
+  return to.append(ascii.begin(), ascii.end());
 }
 
 }  // namespace
 
-EntrySource::EntrySource(std::string_view text, const EntryOptions& options)
-    : options_(options),
+template <typename Char>
+EntrySource<Char>::EntrySource(std::basic_string_view<Char> text, const Alphabet& alphabet,
+                               const EntryOptions& options)
+    : alphabet_(alphabet),
+      options_(options),
       pluralMarksInText_(Holds(text, PLURAL_MARK)),
       repeatMarkersInText_(Holds(text, REPEAT_MARKER_START.substr(1))),
       cutter_(text, options.context) {}
 
-EntryComposer::EntryComposer(const EntrySource& source)
+template <typename Char>
+EntryComposer<Char>::EntryComposer(const EntrySource<Char>& source)
     : source_(source),
       merger_(source.options_.showFrequencies, source.repeatMarkersInText_, source.seed_) {}
 
-void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputText) {
+template <typename Char>
+void EntryComposer<Char>::DisplayNextWord(const WordEntry& entry, String& outputText) {
   if (source_.options_.context.contextSize == 0) {
-    outputText.append(WordLine(entry)).append(LINE_END);
+    Append(outputText.append(WordLine(entry)), LINE_END);
     return;
   }
-  outputText.append(LINE_END).append("[").append(WordLine(entry)).append("]");
+  Append(outputText, LINE_END) += '[';
+  outputText.append(WordLine(entry)) += ']';
   GatherContexts(entry);
-  const KeywordMarker marker(entry.word, source_.pluralMarksInText_);
+  const KeywordMarker<Char> marker(entry.word, source_.alphabet_, source_.pluralMarksInText_);
   const KeywordLists* lists = source_.options_.keywords;
-  const std::u16string lower = lists != nullptr ? ToLowerCase(entry.word) : std::u16string();
+  const std::u16string lower =
+      lists != nullptr ? source_.alphabet_.ToLowerCase(entry.word) : std::u16string();
   if (lists == nullptr || BinarySearch(lists->fileKeywords, lower)) {
     EmitContexts(marker, nullptr, outputText);
   } else {
@@ -42,28 +56,33 @@ void EntryComposer::DisplayNextWord(const WordEntry& entry, std::string& outputT
       EmitContexts(marker, &lists->extraKeywords.Keywords()[i], outputText);
     }
   }
-  outputText += LINE_END;
+  Append(outputText, LINE_END);
 }
 
 // With a keyword only the contexts that it asks for. The repeat marker is a word like any other.
-void EntryComposer::EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
-                                 std::string& outputText) {
-  std::string withMarker;
-  for (const MergedContext& context : merger_.Contexts()) {
-    std::string_view text = context.text;
+template <typename Char>
+void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
+                                       const ExtraKeyword* keyword, String& outputText) {
+  String withMarker;
+  for (const MergedContext<Char>& context : merger_.Contexts()) {
+    std::basic_string_view<Char> text = context.text;
     if (context.repeats != 0) text = withMarker = TextWithMarker(context);
-    if (keyword != nullptr && !WantsContext(*keyword, text)) continue;
-    outputText += NEXT_CONTEXT;
+    const bool chooses = keyword != nullptr && keyword->hasContextPattern;
+    if (chooses && !WantsContext(*keyword, InCodeUnits(text), source_.alphabet_)) continue;
+    Append(outputText, NEXT_CONTEXT);
     marker.MarkKeywordInContext(outputText, text);
   }
 }
 
-std::string EntryComposer::WordLine(const WordEntry& entry) const {
-  const std::string word = EncodeAnsi(entry.word);
-  return source_.options_.showFrequencies ? word + ' ' + std::to_string(entry.Count()) : word;
+template <typename Char>
+auto EntryComposer<Char>::WordLine(const WordEntry& entry) const -> String {
+  String line = Quoted<Char>(entry.word);
+  if (source_.options_.showFrequencies) Append(line, " " + std::to_string(entry.Count()));
+  return line;
 }
 
-void EntryComposer::GatherContexts(const WordEntry& entry) {
+template <typename Char>
+void EntryComposer<Char>::GatherContexts(const WordEntry& entry) {
   constexpr std::size_t AHEAD = 8;
   copies_.clear();
   copies_.reserve(entry.positions.size() * source_.cutter_.LongestContext(entry.word.size()));
@@ -73,5 +92,10 @@ void EntryComposer::GatherContexts(const WordEntry& entry) {
     merger_.Add(source_.cutter_.Cut(entry.positions[k], entry.word.size(), copies_));
   }
 }
+
+template class EntrySource<char>;
+template class EntrySource<char16_t>;
+template class EntryComposer<char>;
+template class EntryComposer<char16_t>;
 
 }  // namespace quorvel

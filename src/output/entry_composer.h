@@ -1,5 +1,5 @@
-// Composes the entries of a listing: a header for each word, and its contexts, as Windows-1252
-// bytes.
+// Composes the entries of a listing: a header for each word, and its contexts, in the characters of
+// the text that is quoted.
 //
 // With a context size of 0 an entry is the bare word, so that the same machinery
 // makes a plain word list. In a search the keywords decide which contexts are shown.
@@ -28,42 +28,53 @@ struct EntryOptions {
 
 // What all entries of a listing have in common: the text and the options.
 // Any number of composers may use it at once.
+template <typename Char>
 class EntrySource {
  public:
-  // `text` is in Windows-1252, its double hyphens blanked. It and the keywords must outlive the
-  // source.
-  EntrySource(std::string_view text, const EntryOptions& options);
+  // The double hyphens of `text` are blanked. It and the keywords must outlive the source.
+  EntrySource(std::basic_string_view<Char> text, const Alphabet& alphabet,
+              const EntryOptions& options);
 
  private:
+  template <typename>
   friend class EntryComposer;
 
+  const Alphabet& alphabet_;
   EntryOptions options_;
   bool pluralMarksInText_;
   bool repeatMarkersInText_;
-  ContextCutter cutter_;
+  ContextCutter<Char> cutter_;
   HashSeed seed_ = RandomHashSeed();
 };
 
+template <typename Char>
 class EntryComposer {
  public:
+  using String = std::basic_string<Char>;
+
   // The source must outlive the composer.
-  explicit EntryComposer(const EntrySource& source);
+  explicit EntryComposer(const EntrySource<Char>& source);
 
   // Appends the entry of one word to `outputText`. The word must not occur more
   // often than MOST_OCCURRENCES.
-  void DisplayNextWord(const WordEntry& entry, std::string& outputText);
+  void DisplayNextWord(const WordEntry& entry, String& outputText);
 
   // The line of a bare word: the word and, if frequencies are shown, its count.
-  [[nodiscard]] std::string WordLine(const WordEntry& entry) const;
+  [[nodiscard]] String WordLine(const WordEntry& entry) const;
 
  private:
   void GatherContexts(const WordEntry& entry);
-  void EmitContexts(const KeywordMarker& marker, const ExtraKeyword* keyword,
-                    std::string& outputText);
+  void EmitContexts(const KeywordMarker<Char>& marker, const ExtraKeyword* keyword,
+                    String& outputText);
 
-  const EntrySource& source_;
-  ContextMerger merger_;
-  std::string copies_;  // contexts that had to be copied, for the word at hand
+  const EntrySource<Char>& source_;
+  ContextMerger<Char> merger_;
+  String copies_;  // contexts that had to be copied, for the word at hand
 };
+
+extern template class EntrySource<char>;
+extern template class EntrySource<char16_t>;
+extern template class EntryComposer<char>;
+extern template class EntryComposer<char16_t>;
 
 }  // namespace quorvel

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-#include "util/ansi.h"
-#include "util/characters.h"
+#include "output/quoted_text.h"
 #include "util/find_pair.h"
 
 // Three replacements one after the other give the result: the word as spelled, the
@@ -17,24 +16,31 @@
 namespace quorvel {
 namespace {
 
-constexpr char OPENING_MARK = '\xAB';  // «
-constexpr char CLOSING_MARK = '\xBB';  // »
+// The same numbers in Windows-1252 and in Unicode.
+template <typename Char>
+constexpr Char OPENING_MARK = static_cast<Char>(u'«');
+template <typename Char>
+constexpr Char CLOSING_MARK = static_cast<Char>(u'»');
 
-void SwapPluralMarks(std::string& text, std::size_t start) {
-  for (std::size_t i = text.find(PLURAL_MARK, start); i != std::string::npos;
-       i = text.find(PLURAL_MARK, i + 2)) {
+template <typename Char>
+void SwapPluralMarks(std::basic_string<Char>& text, std::size_t start) {
+  const std::basic_string<Char> mark = Quoted<Char>(PLURAL_MARK);
+  for (std::size_t i = text.find(mark, start); i != text.npos; i = text.find(mark, i + 2)) {
     std::swap(text[i], text[i + 1]);
   }
 }
 
 }  // namespace
 
-KeywordMarker::KeywordMarker(std::u16string_view word, bool pluralMarksInText)
-    : word_(EncodeAnsi(word)),
-      capitalFirst_(EncodeAnsi(std::u16string(1, ToUpperCase(word.front()))).front()),
+template <typename Char>
+KeywordMarker<Char>::KeywordMarker(std::u16string_view word, const Alphabet& alphabet,
+                                   bool pluralMarksInText)
+    : word_(Quoted<Char>(word)),
+      capitalFirst_(Quoted<Char>(std::u16string(1, alphabet.ToUpperCase(word.front()))).front()),
       pluralMarksInText_(pluralMarksInText) {}
 
-void KeywordMarker::MarkKeywordInContext(std::string& to, std::string_view context) const {
+template <typename Char>
+void KeywordMarker<Char>::MarkKeywordInContext(String& to, View context) const {
   const std::size_t before = to.size();
   std::size_t done = 0;
   while (true) {
@@ -42,10 +48,10 @@ void KeywordMarker::MarkKeywordInContext(std::string& to, std::string_view conte
     to.append(context, done, found - done);
     if (found == context.size()) break;
     done = found + word_.size();
-    to += OPENING_MARK;
+    to += OPENING_MARK<Char>;
     to.append(context, found, word_.size());
     if (!pluralMarksInText_ && TakesPlural(context, done)) to += context[done++];
-    to += CLOSING_MARK;
+    to += CLOSING_MARK<Char>;
   }
   if (pluralMarksInText_) SwapPluralMarks(to, before);
 }
@@ -53,8 +59,9 @@ void KeywordMarker::MarkKeywordInContext(std::string& to, std::string_view conte
 // The place of the next form to mark, from place `i` on; the context's length when
 // there is none. The second and third characters are looked for: they are the same
 // in both forms.
-std::size_t KeywordMarker::FindEitherForm(std::string_view context, std::size_t i) const {
-  const std::string_view rest = std::string_view(word_).substr(1);
+template <typename Char>
+std::size_t KeywordMarker<Char>::FindEitherForm(View context, std::size_t i) const {
+  const View rest = View(word_).substr(1);
   while (true) {
     const std::size_t second = FindPair(context, i + 1, rest[0], rest[1]);
     if (second == context.size()) return second;
@@ -65,13 +72,17 @@ std::size_t KeywordMarker::FindEitherForm(std::string_view context, std::size_t 
   }
   if (context[i] == word_[0]) return i;
   const std::size_t overlapping = context.substr(0, i + 2 * word_.size() - 1).find(word_, i + 1);
-  return overlapping == std::string_view::npos ? i : overlapping;
+  return overlapping == View::npos ? i : overlapping;
 }
 
 // Whether an "s" stands at `i` that belongs to the word before it: one that begins
 // the word again is marked with that.
-bool KeywordMarker::TakesPlural(std::string_view context, std::size_t i) const {
+template <typename Char>
+bool KeywordMarker<Char>::TakesPlural(View context, std::size_t i) const {
   return i < context.size() && context[i] == 's' && context.compare(i, word_.size(), word_) != 0;
 }
+
+template class KeywordMarker<char>;
+template class KeywordMarker<char16_t>;
 
 }  // namespace quorvel

@@ -4,29 +4,38 @@
 #include <string>
 #include <string_view>
 
+#include "util/alphabet.h"
+
 namespace quorvel {
 
 // What must not stand in a marked context: the "s" belongs inside the marks.
-inline constexpr std::string_view PLURAL_MARK = "\xBBs";  // »s
+inline constexpr std::u16string_view PLURAL_MARK = u"»s";
 
+template <typename Char>
 class KeywordMarker {
  public:
+  using View = std::basic_string_view<Char>;
+  using String = std::basic_string<Char>;
+
   // `word` has at least three characters. `pluralMarksInText` says whether the document itself
   // holds "»s" anywhere.
-  KeywordMarker(std::u16string_view word, bool pluralMarksInText);
+  KeywordMarker(std::u16string_view word, const Alphabet& alphabet, bool pluralMarksInText);
 
   // Appends `context` with every occurrence of the word marked, as it is spelled
   // and with a first capital, as part of longer words too. A marked stem takes the
   // "s" behind it inside the marks.
-  void MarkKeywordInContext(std::string& to, std::string_view context) const;
+  void MarkKeywordInContext(String& to, View context) const;
 
  private:
-  [[nodiscard]] std::size_t FindEitherForm(std::string_view context, std::size_t i) const;
-  [[nodiscard]] bool TakesPlural(std::string_view context, std::size_t i) const;
+  [[nodiscard]] std::size_t FindEitherForm(View context, std::size_t i) const;
+  [[nodiscard]] bool TakesPlural(View context, std::size_t i) const;
 
-  std::string word_;
-  char capitalFirst_;
+  String word_;
+  Char capitalFirst_;
   bool pluralMarksInText_;
 };
+
+extern template class KeywordMarker<char>;
+extern template class KeywordMarker<char16_t>;
 
 }  // namespace quorvel

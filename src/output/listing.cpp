@@ -5,10 +5,12 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "output/entry_composer.h"
 #include "output/listing_order.h"
+#include "output/quoted_text.h"
 #include "util/ansi.h"
 #include "util/piece_makers.h"
 
@@ -48,14 +50,37 @@ std::string_view WithoutLineEnd(std::string_view text) {
   return text.starts_with(LINE_END) ? text.substr(LINE_END.size()) : text;
 }
 
+// Composes the entries of words one after the other, as the bytes of the listing.
+template <typename Char>
+class BytesOfEntries {
+ public:
+  explicit BytesOfEntries(const EntrySource<Char>& source) : composer_(source) {}
+
+  void Append(ListedSpan words, std::string& to) {
+    if constexpr (std::is_same_v<Char, char>) {
+      for (const ListedWord& word : words) composer_.DisplayNextWord(*word.entry, to);
+    } else {
+      text_.clear();
+      for (const ListedWord& word : words) composer_.DisplayNextWord(*word.entry, text_);
+      AppendUtf8(to, text_);
+    }
+  }
+
+ private:
+  EntryComposer<Char> composer_;
+  std::u16string text_;  // room that is used again
+};
+
 // The composing of a listing, which a stop ends early.
+template <typename Char>
 class ListingPass {
  public:
   ListingPass(const Listing& listing, const PieceSink& take, Progress& progress)
       : take_(take),
         progress_(*listing.words, progress),
         isWordList_(listing.options.contextSize == 0),
-        source_(listing.Source().ansiText, EntryOptionsOf(listing)) {}
+        source_(QuotedText<Char>(listing.Source()), listing.Source().AlphabetOf(),
+                EntryOptionsOf(listing)) {}
 
   void List(ListedSpan words) {
     constexpr std::size_t FEWEST_PIECES = 4;  // that are worth a thread
@@ -66,11 +91,11 @@ class ListingPass {
 
  private:
   void ListHere(ListedSpan words) {
-    EntryComposer composer(source_);
+    BytesOfEntries<Char> entries(source_);
     std::string text;
     for (const ListedWord& word : words) {
       text.clear();
-      composer.DisplayNextWord(*word.entry, text);
+      entries.Append({&word, 1}, text);
       const bool wantsMore = HandOn(text);
       progress_.Show(word);
       if (!wantsMore || !progress_.MayGoOn()) return;
@@ -80,9 +105,9 @@ class ListingPass {
   void ListByThreads(const std::vector<ListedSpan>& pieces) {
     constexpr std::chrono::milliseconds PATIENCE(5);
     PieceMakers makers(pieces.size(), Processors(), [this, &pieces] {
-      const auto composer = std::make_shared<EntryComposer>(source_);
-      return [composer, &pieces](std::size_t piece, std::string& to) {
-        for (const ListedWord& word : pieces[piece]) composer->DisplayNextWord(*word.entry, to);
+      const auto entries = std::make_shared<BytesOfEntries<Char>>(source_);
+      return [entries, &pieces](std::size_t piece, std::string& to) {
+        entries->Append(pieces[piece], to);
       };
     });
     for (std::size_t done = 0; done < pieces.size();) {
@@ -102,7 +127,7 @@ class ListingPass {
   const PieceSink& take_;
   ListingProgress progress_;
   bool isWordList_;
-  EntrySource source_;
+  EntrySource<Char> source_;
   bool isFirst_ = true;
 };
 
@@ -116,7 +141,9 @@ ListingOptions ListingOptionsOf(const ConcordanceSettings& settings) {
 void Compose(const Listing& listing, const PieceSink& take, Progress& progress) {
   const std::vector<ListedWord> words = WordsInOrder(*listing.words, listing.options.wordOrder);
   const auto end = std::find_if_not(words.begin(), words.end(), CanBeListed);
-  ListingPass(listing, take, progress).List({words.begin(), end});
+  WithCharacterOf(listing.Source(), [&](auto character) {
+    ListingPass<decltype(character)>(listing, take, progress).List({words.begin(), end});
+  });
 }
 
 std::vector<const WordEntry*> TooFrequentWords(const Listing& listing) {

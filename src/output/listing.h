@@ -39,9 +39,10 @@ struct Listing {
 // them are wanted.
 using PieceSink = std::function<bool(std::string_view piece)>;
 
-// Composes the listing and hands it on, front to back, as Windows-1252 bytes; of a bare word list
-// each piece is a line. Ends before the first word that cannot be listed, or after a stop request
-// with the piece at hand. Several threads compose where it is long; `take` is called on this one.
+// Composes the listing and hands it on, front to back, in the bytes of its document's alphabet; of
+// a bare word list each piece is a line. Ends before the first word that cannot be listed, or after
+// a stop request with the piece at hand. Several threads compose where it is long; `take` is called
+// on this one.
 void Compose(const Listing& listing, const PieceSink& take, Progress& progress);
 
 // The words that occur too often to be listed, in the order of the listing.

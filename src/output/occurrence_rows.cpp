@@ -7,8 +7,8 @@
 
 #include "output/context_window.h"
 #include "output/listing_order.h"
+#include "output/quoted_text.h"
 #include "util/ansi.h"
-#include "util/characters.h"
 #include "util/visible_text.h"
 
 // A field of the tab-separated table needs no quotes: every tab and line end of a document
@@ -83,9 +83,10 @@ const Layout& LayoutOf(RowFormat format) {
 class Wanted {
  public:
   // The keywords are those of a search, or null.
-  Wanted(const WordEntry& entry, const KeywordLists* lists) {
+  Wanted(const WordEntry& entry, const KeywordLists* lists, const Alphabet& alphabet)
+      : alphabet_(alphabet) {
     if (lists == nullptr) return;
-    const std::u16string lower = ToLowerCase(entry.word);
+    const std::u16string lower = alphabet.ToLowerCase(entry.word);
     if (BinarySearch(lists->fileKeywords, lower)) return;
     for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
       keywords_.push_back(&lists->extraKeywords.Keywords()[i]);
@@ -96,26 +97,31 @@ class Wanted {
 
   [[nodiscard]] bool All() const { return keywords_.empty(); }
 
-  [[nodiscard]] bool Takes(std::string_view context) const {
-    return std::any_of(keywords_.begin(), keywords_.end(), [context](const ExtraKeyword* keyword) {
-      return WantsContext(*keyword, context);
+  [[nodiscard]] bool Takes(std::u16string_view context) const {
+    return std::any_of(keywords_.begin(), keywords_.end(), [&](const ExtraKeyword* keyword) {
+      return WantsContext(*keyword, context, alphabet_);
     });
   }
 
  private:
+  const Alphabet& alphabet_;
   std::vector<const ExtraKeyword*> keywords_;  // one of which must want the context
 };
 
+template <typename Char>
 class RowComposer {
  public:
+  using View = std::basic_string_view<Char>;
+
   RowComposer(const Listing& listing, const RowOptions& options, const PieceSink& take)
       : listing_(listing),
         take_(take),
         isJson_(options.format == RowFormat::json),
         isPart_(options.file.has_value()),
         layout_(LayoutOf(options.format)),
-        cutter_(listing.Source().ansiText,
-                {listing.options.contextSize, listing.options.showLineBreaks}) {
+        alphabet_(listing.Source().AlphabetOf()),
+        text_(QuotedText<Char>(listing.Source())),
+        cutter_(text_, {listing.options.contextSize, listing.options.showLineBreaks}) {
     copies_.reserve(2 * cutter_.LongestContext(MAX_WORD_LENGTH));
     if (!isPart_) return;
     fileField_ = layout_.file;
@@ -146,12 +152,13 @@ class RowComposer {
     constexpr std::size_t AHEAD = 8;
     TakeWord(entry);
     if (IsWordList()) return AddRow([] {});
-    const Wanted wanted(entry, listing_.keywords.get());
+    const Wanted wanted(entry, listing_.keywords.get(), alphabet_);
     const std::vector<std::int32_t>& positions = entry.positions;
     for (std::size_t k = 0; k < positions.size(); ++k) {
       if (k + AHEAD < positions.size()) cutter_.Prefetch(positions[k + AHEAD]);
       copies_.clear();
-      if (!wanted.All() && !wanted.Takes(cutter_.Cut(positions[k], entry.word.size(), copies_))) {
+      if (!wanted.All() &&
+          !wanted.Takes(InCodeUnits(cutter_.Cut(positions[k], entry.word.size(), copies_)))) {
         continue;
       }
       if (!AddRow([&] { AppendOccurrence(entry, positions[k]); })) return false;
@@ -162,9 +169,9 @@ class RowComposer {
   // The fields that all rows of a word begin with.
   void TakeWord(const WordEntry& entry) {
     wordFields_.assign(fileField_).append(layout_.word);
-    AppendField(wordFields_, EncodeAnsi(entry.word));
+    AppendField(wordFields_, View(Quoted<Char>(entry.word)));
     wordFields_ += layout_.key;
-    AppendField(wordFields_, EncodeAnsi(entry.sortKey));
+    AppendField(wordFields_, View(Quoted<Char>(entry.sortKey)));
     wordFields_.append(layout_.count).append(std::to_string(entry.Count()));
   }
 
@@ -182,36 +189,39 @@ class RowComposer {
 
   void AppendOccurrence(const WordEntry& entry, std::int32_t position) {
     const TextSpan span = SpanOfOccurrence(listing_.Source().documentText, entry.word, position);
-    const ContextParts context = cutter_.CutApart(position, entry.word.size(), span, copies_);
+    const ContextParts<Char> context = cutter_.CutApart(position, entry.word.size(), span, copies_);
     bytes_ += layout_.left;
     AppendField(bytes_, context.left);
     bytes_ += layout_.match;
-    const std::string_view text = listing_.Source().ansiText;
-    AppendField(bytes_, text.substr(span.begin, span.end - span.begin));
+    AppendField(bytes_, text_.substr(span.begin, span.end - span.begin));
     bytes_ += layout_.right;
     AppendField(bytes_, context.right);
     bytes_.append(layout_.position).append(std::to_string(span.begin + 1));
   }
 
-  // `text` is Windows-1252.
-  void AppendField(std::string& to, std::string_view text) const {
-    for (const char ch : text) {
+  void AppendField(std::string& to, View text) const {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const Char ch = text[i];
       if (ch >= ' ' && ch < '\x7F' && ch != '"' && ch != '\\') {
-        to += ch;
+        to += static_cast<char>(ch);
       } else {
-        AppendRareCharacter(to, DecodeAnsi({&ch, 1}).front());
+        const bool isPair =
+            sizeof(Char) > 1 && IsHighSurrogate(static_cast<char16_t>(ch)) && i + 1 < text.size();
+        AppendRareCharacter(to, InCodeUnits(text.substr(i, isPair ? 2 : 1)));
+        if (isPair) ++i;
       }
     }
   }
 
-  void AppendRareCharacter(std::string& to, char16_t ch) const {
+  void AppendRareCharacter(std::string& to, std::u16string_view character) const {
+    const char16_t ch = character.front();
     if (isJson_ && IsControl(ch)) {
       constexpr std::string_view DIGITS = "0123456789abcdef";
       to.append("\\u00").append({DIGITS[ch >> 4U], DIGITS[ch & 0xFU]});
       return;
     }
     if (isJson_ && (ch == u'"' || ch == u'\\')) to += '\\';
-    to += EncodeUtf8({&ch, 1});
+    AppendUtf8(to, character);
   }
 
   const Listing& listing_;
@@ -219,12 +229,14 @@ class RowComposer {
   bool isJson_;
   bool isPart_;
   const Layout& layout_;
-  ContextCutter cutter_;
+  const Alphabet& alphabet_;
+  View text_;
+  ContextCutter<Char> cutter_;
   bool isFirst_ = !isPart_;
   std::string fileField_;
   std::string wordFields_;
-  std::string bytes_;   // not handed on yet
-  std::string copies_;  // of what two views of a context could not view
+  std::string bytes_;               // not handed on yet
+  std::basic_string<Char> copies_;  // of what two views of a context could not view
 };
 
 }  // namespace
@@ -239,7 +251,9 @@ std::string_view TableEnd(RowFormat format) { return LayoutOf(format).end; }
 
 void ComposeRows(const Listing& listing, const RowOptions& options, const PieceSink& take,
                  Progress& progress) {
-  RowComposer(listing, options, take).ComposeTable(progress);
+  WithCharacterOf(listing.Source(), [&](auto character) {
+    RowComposer<decltype(character)>(listing, options, take).ComposeTable(progress);
+  });
 }
 
 }  // namespace quorvel

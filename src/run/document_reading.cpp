@@ -117,7 +117,7 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
     input = {};
   }
   if (!text) return nullptr;
-  const ReadingOptions options = {inputIsUtf8, request.ignoreLists};
+  const ReadingOptions options = {Reading::windows1252, inputIsUtf8, request.ignoreLists};
   Result<std::shared_ptr<const Document>> document =
       MakeDocument(std::move(source), options, *std::move(text), ui);
   if (document) return *std::move(document);

@@ -29,8 +29,8 @@ bool WantsIndex(std::string_view date, Conversation& ui) {
 // An index file: what it says of itself, and the rest only when that may belong to the input.
 class IndexReading {
  public:
-  explicit IndexReading(const std::string& path)
-      : file_(path), head_(HeadOfIndexFile(file_.Begin(INDEX_HEAD_LENGTH))) {}
+  IndexReading(const std::string& path, const Alphabet& alphabet)
+      : alphabet_(alphabet), file_(path), head_(HeadOfIndexFile(file_.Begin(INDEX_HEAD_LENGTH))) {}
 
   // Does not wait for a table that nobody wants any more.
   ~IndexReading() { wanted_ = false; }
@@ -70,9 +70,10 @@ class IndexReading {
   std::optional<WordTable> ReadTable() {
     const auto goesOn = [this] { return wanted_.load(); };
     const Result<InputBytes> bytes = file_.ReadAll({}, goesOn);
-    return bytes ? TableOfIndexFile(bytes->View(), goesOn) : std::nullopt;
+    return bytes ? TableOfIndexFile(bytes->View(), alphabet_, goesOn) : std::nullopt;
   }
 
+  const Alphabet& alphabet_;
   FileToRead file_;
   IndexHead head_;
   std::atomic<bool> wanted_ = true;
@@ -84,8 +85,8 @@ class IndexReading {
 // What an index holds is taken apart beside the digest, if that is not there yet; looked at only
 // when it fits.
 std::optional<WordsAtHand> ReadIndexFile(const InputBytes& input, const InputDigest& digest,
-                                         bool ask, Conversation& ui) {
-  IndexReading index(DefaultIndexFileName(input.Path()));
+                                         Reading reading, bool ask, Conversation& ui) {
+  IndexReading index(DefaultIndexFileName(input.Path()), Alphabet::Of(reading));
   if (!index.IsThere()) return std::nullopt;
   bool fits = index.MayBeOf(input);
   if (fits) {
@@ -100,8 +101,9 @@ std::optional<WordsAtHand> ReadIndexFile(const InputBytes& input, const InputDig
   if (ask && !WantsIndex(index.Head().date, ui)) return std::nullopt;
   std::optional<WordTable> words = index.Table(ui);
   if (!words) return std::nullopt;
-  return WordsAtHand{input.Path(), input.Stamp(), digest.Text(),
-                     std::make_shared<const WordTable>(*std::move(words)), true};
+  return WordsAtHand{input.Path(),  input.Stamp(),
+                     digest.Text(), std::make_shared<const WordTable>(*std::move(words)),
+                     reading,       true};
 }
 
 std::optional<Fault> CreateIndexFile(const ListedWords& words, const FilesToKeep& kept,

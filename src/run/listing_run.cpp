@@ -45,6 +45,7 @@ class ListingRun {
       : listing_(listing),
         target_(target),
         ui_(ui),
+        alphabet_(listing.Source().AlphabetOf()),
         mode_(listing.ModeOf()),
         tooFrequent_(TooFrequentWords(listing)) {}
 
@@ -91,16 +92,18 @@ class ListingRun {
     mayReplace_ = isFinal;
     const DocumentSource& source = listing_.Source().source;
     const std::string digest = mode_ == Mode::create ? source.digest->Text() : "";
-    writer_.emplace(target_, FileHeader(mode_, source.path, digest, std::time(nullptr)), LINE_END);
+    writer_.emplace(target_, FileHeader(mode_, source.path, digest, std::time(nullptr), alphabet_),
+                    LINE_END);
   }
 
   bool Take(std::string_view piece) {
-    const std::size_t shown = std::min(piece.size(), TEXTBOX_LIMIT - box_.size());
-    box_ += piece.substr(0, shown);
-    length_ += std::ssize(piece);
+    if (const std::size_t room = TEXTBOX_LIMIT - box_.size(); room > 0) {
+      box_.append(alphabet_.Decode(piece), 0, room);
+    }
+    length_ += static_cast<std::int64_t>(alphabet_.CodeUnitsIn(piece));
     if (writer_) (void)writer_->Add(piece);
     // A word list shows the word at hand.
-    if (listing_.options.contextSize == 0) ui_.SetOutput(EncodeUtf8(DecodeAnsi(piece)));
+    if (listing_.options.contextSize == 0) ui_.SetOutput(EncodeUtf8(alphabet_.Decode(piece)));
     return true;
   }
 
@@ -116,7 +119,7 @@ class ListingRun {
       const std::int32_t words = listing_.words->words.table->WordCount();
       ui_.SetLabel(Label::keywordsFound, "Number of keywords found: " + GroupedNumber(words));
     }
-    ui_.SetOutput(EncodeUtf8(DecodeAnsi(TextboxPart(box_))));
+    ui_.SetOutput(EncodeUtf8(TextboxPart(box_)));
     if (!report_.wordsTooFrequent) WriteListing();
     if (IsTextboxFull()) {
       ui_.SayWhatIsShown({static_cast<std::int64_t>(TEXTBOX_LIMIT), length_, report_.written});
@@ -159,11 +162,12 @@ class ListingRun {
   const Listing& listing_;
   const ListingTarget& target_;
   Conversation& ui_;
+  const Alphabet& alphabet_;
   Mode mode_;
   std::vector<const WordEntry*> tooFrequent_;
   std::optional<ResultWriter> writer_;
   bool mayReplace_ = false;  // the user has been asked already
-  std::string box_;          // as much of the listing as the box may show
+  std::u16string box_;       // as much of the listing as the box may show
   std::int64_t length_ = 0;  // of the listing so far, in characters
   ListingReport report_;
 };
@@ -191,10 +195,10 @@ std::string WritingFailed(Mode mode) {
   return "An error occurred when creating " + LowerAscii(OutputName(mode)) + ".";
 }
 
-std::string_view TextboxPart(std::string_view text) {
+std::u16string_view TextboxPart(std::u16string_view text) {
   if (text.size() < TEXTBOX_LIMIT) return text;
-  const std::string_view part = text.substr(0, TEXTBOX_LIMIT);
-  return part.substr(0, part.rfind(' ') + 1);
+  const std::u16string_view part = text.substr(0, TEXTBOX_LIMIT);
+  return part.substr(0, part.rfind(u' ') + 1);
 }
 
 }  // namespace quorvel

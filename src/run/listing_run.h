@@ -67,9 +67,9 @@ ListingReport ListWords(const Listing& listing, const ListingTarget& target, Con
 // What is said when a mode's file could not be written.
 [[nodiscard]] std::string WritingFailed(Mode mode);
 
-// The part of a listing, one byte a character, that the output box shows: all of it when it is
+// The part of a listing that the output box shows: all of it when it is
 // shorter than TEXTBOX_LIMIT, else as much of its beginning as ends in a blank. The first
-// TEXTBOX_LIMIT bytes of it will do.
-[[nodiscard]] std::string_view TextboxPart(std::string_view text);
+// TEXTBOX_LIMIT code units of it will do.
+[[nodiscard]] std::u16string_view TextboxPart(std::u16string_view text);
 
 }  // namespace quorvel

@@ -51,7 +51,7 @@ void Session::TakeLoadedSettings() {
     lists_.stopWords.loaded = false;
     SilentConversation nobody;
     const bool all = path.ends_with(ALL_LANGUAGES.stopWordsFile);
-    if (all) (void)ReadStopWordsFile(path, lists_.stopWords, nobody);
+    if (all) (void)ReadStopWordsFile(path, AlphabetNow(), lists_.stopWords, nobody);
   });
 }
 
@@ -138,7 +138,7 @@ void Session::LoadWordsAtHand(bool ask) {
   const std::string index = DefaultIndexFileName(settings_.inputFile);
   Enter(index, [this, ask] {
     const Result<InputBytes> input = InputNow();
-    if (input) atHand_ = ReadIndexFile(*input, *DigestOf(*input), ask, ui_);
+    if (input) atHand_ = ReadIndexFile(*input, *DigestOf(*input), settings_.reading, ask, ui_);
   });
 }
 
@@ -180,7 +180,8 @@ bool Session::ReadNamedStopWords() {
   const StopWordList& list = lists_.stopWords;
   const std::string& path = settings_.stopWordsFile;
   bool read = list.loaded || path.empty();
-  if (!read) Enter(path, [&] { read = ReadStopWordsFile(path, lists_.stopWords, ui_); });
+  if (!read)
+    Enter(path, [&] { read = ReadStopWordsFile(path, AlphabetNow(), lists_.stopWords, ui_); });
   return read;
 }
 

@@ -55,6 +55,9 @@ class Session {
   [[nodiscard]] ConcordanceSettings& Settings() { return settings_; }
   [[nodiscard]] WordLists& Lists() { return lists_; }
 
+  // That of the reading which is set now.
+  [[nodiscard]] const Alphabet& AlphabetNow() const { return Alphabet::Of(settings_.reading); }
+
   // Does some work for the user, on `file`. Where the memory does not suffice for it, they are told
   // so with the name of the file, what the runs have made is dropped, and it gives false; the
   // session goes on. Every entry of a front end comes through here.

@@ -77,7 +77,7 @@ RunOutcome Session::ListAgain() {
 
 // Both kinds of extra words are checked in either mode.
 bool Session::CheckExtraWords() {
-  settings_.extraStopWords = TidyExtraStopWords(settings_.extraStopWords);
+  settings_.extraStopWords = TidyExtraStopWords(settings_.extraStopWords, AlphabetNow());
   return CheckAllowedExtraChars(settings_, ui_) &&
          GetExtraKeywords(settings_, lists_.keywords, ui_);
 }
@@ -139,7 +139,8 @@ RunOutcome Session::RunChecked() {
 // an index file and the input has changed since, the user is told.
 bool Session::AreWordsAtHand() {
   if (!atHand_ || atHand_->inputFile != settings_.inputFile) return false;
-  const ReadingOptions options = {settings_.inputIsUtf8, settings_.ignoreLists};
+  if (atHand_->reading != settings_.reading) return false;
+  const ReadingOptions options = {settings_.reading, settings_.inputIsUtf8, settings_.ignoreLists};
   if (document_ != nullptr && document_->options != options) return false;
   if (IsInputAsItWas()) return true;
   if (atHand_->fromIndexFile && !ui_.StopRequested()) ShowBadIndexFile(ui_);
@@ -209,8 +210,9 @@ bool Session::TakeWordsAtHand() {
   if (atHand_->fromIndexFile) (void)WaitFor(*document_->source.digest, ui_);
   const IncludeFlags include = Admit(*atHand_->table);
   const bool fits =
-      !atHand_->fromIndexFile || (document_->source.digest->Text() == atHand_->digest &&
-                                  TableFitsText(*atHand_->table, include, document_->documentText));
+      !atHand_->fromIndexFile ||
+      (document_->source.digest->Text() == atHand_->digest &&
+       TableFitsText(*atHand_->table, include, document_->documentText, AlphabetNow()));
   if (fits) {
     OrderWords({document_, atHand_->table}, &include);
     return true;
@@ -223,7 +225,7 @@ bool Session::TakeWordsAtHand() {
 IncludeFlags Session::Admit(const WordTable& table) {
   ConcealNumWords(lists_.stopWords, true);
   lists_.extraStopWords = ExtraStopWordsOf(settings_.extraStopWords);
-  return ApplyAdmissionFilters(table, settings_, lists_);
+  return ApplyAdmissionFilters(table, settings_, lists_, AlphabetNow());
 }
 
 // Makes the listing of words, of which it may be known already which are included.
@@ -277,8 +279,9 @@ void Session::KeepIndex() {
     return;
   }
   const DocumentSource& source = document_->source;
-  atHand_ = WordsAtHand{source.path, source.stamp, source.digest->Text(),
-                        listing_->words->words.table, false};
+  atHand_ = WordsAtHand{source.path,           source.stamp,
+                        source.digest->Text(), listing_->words->words.table,
+                        settings_.reading,     false};
 }
 
 void Session::ShowWordCounts() {

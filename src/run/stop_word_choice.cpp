@@ -17,7 +17,7 @@ std::optional<StopWordsByLanguage> StopWordsOfAllLanguages() {
     const Result<InputBytes> file = ReadInput(StopWordsPath(LANGUAGES.at(i)), nobody);
     if (!file && file.Why().kind == FaultKind::missing) continue;
     if (!file) return std::nullopt;
-    stopWords.at(i) = *WordsOfFileBytes(file->View(), nobody);
+    stopWords.at(i) = *WordsOfFileBytes(file->View(), Alphabet::Windows1252(), nobody);
   }
   return stopWords;
 }

@@ -60,19 +60,20 @@ bool IsListFile(const std::string& path, const Result<InputBytes>& file, const W
 }
 
 // Reads the words of a file; the user may stop that where it is long.
-Result<WordsOfFile> StoppableWords(std::string_view bytes, Conversation& ui) {
+Result<WordsOfFile> StoppableWords(std::string_view bytes, const Alphabet& alphabet,
+                                   Conversation& ui) {
   constexpr std::size_t STOPPABLE_ABOVE = 20480;  // bytes
   const bool stoppable = bytes.size() > STOPPABLE_ABOVE;
   if (stoppable) ui.OfferStop(true);
-  Result<WordsOfFile> words = WordsOfFileBytes(bytes, ui);
+  Result<WordsOfFile> words = WordsOfFileBytes(bytes, alphabet, ui);
   if (stoppable) ui.OfferStop(false);
   return words;
 }
 
 // The words of a file. Nothing when there is no path, the file is missing, is no text or cannot be
 // read (the user has been told), or reading was stopped.
-std::optional<WordsOfFile> ReadWordFile(const std::string& path, const WordFileTexts& texts,
-                                        Conversation& ui) {
+std::optional<WordsOfFile> ReadWordFile(const std::string& path, const Alphabet& alphabet,
+                                        const WordFileTexts& texts, Conversation& ui) {
   ui.ClearStop();
   if (path.empty()) return std::nullopt;
   SilentProgress nobody;
@@ -85,7 +86,7 @@ std::optional<WordsOfFile> ReadWordFile(const std::string& path, const WordFileT
         texts.title);
     return std::nullopt;
   }
-  Result<WordsOfFile> words = StoppableWords(file->View(), ui);
+  Result<WordsOfFile> words = StoppableWords(file->View(), alphabet, ui);
   if (words) return *std::move(words);
   ui.SetOutput(texts.stopped);
   return std::nullopt;
@@ -102,8 +103,9 @@ std::string CountText(const KeywordLists& lists) {
 
 }  // namespace
 
-bool ReadStopWordsFile(const std::string& path, StopWordList& list, Conversation& ui) {
-  std::optional<WordsOfFile> words = ReadWordFile(path, STOP_WORD_TEXTS, ui);
+bool ReadStopWordsFile(const std::string& path, const Alphabet& alphabet, StopWordList& list,
+                       Conversation& ui) {
+  std::optional<WordsOfFile> words = ReadWordFile(path, alphabet, STOP_WORD_TEXTS, ui);
   list.loaded = words.has_value();
   if (!words) return false;
   std::sort(words->begin(), words->end());
@@ -113,7 +115,7 @@ bool ReadStopWordsFile(const std::string& path, StopWordList& list, Conversation
 
 bool AttemptToReadStopWords(const std::string& path, ConcordanceSettings& settings,
                             StopWordList& list, Conversation& ui) {
-  if (!ReadStopWordsFile(path, list, ui)) return false;
+  if (!ReadStopWordsFile(path, Alphabet::Of(settings.reading), list, ui)) return false;
   ui.SetOutput("");
   ui.SetLabel(Label::numberOfWords, CountText(list));
   ui.Tell(StopWordsLoadedText(list, path), "Stop words loaded", Icon::none);
@@ -143,15 +145,17 @@ bool CheckAllowedExtraChars(const ConcordanceSettings& settings, Conversation& u
   return !fault;
 }
 
-bool ReadKeywordsFile(const std::string& path, KeywordLists& lists, Conversation& ui) {
-  const std::optional<WordsOfFile> words = ReadWordFile(path, KEYWORD_TEXTS, ui);
+bool ReadKeywordsFile(const std::string& path, const Alphabet& alphabet, KeywordLists& lists,
+                      Conversation& ui) {
+  const std::optional<WordsOfFile> words = ReadWordFile(path, alphabet, KEYWORD_TEXTS, ui);
   if (!words) return false;
-  lists.fileKeywords = KeywordsOfFile(*words);
+  lists.fileKeywords = KeywordsOfFile(*words, alphabet);
   return true;
 }
 
-bool AttemptToReadSearchWords(const std::string& path, KeywordLists& lists, Conversation& ui) {
-  if (!ReadKeywordsFile(path, lists, ui)) return false;
+bool AttemptToReadSearchWords(const std::string& path, const Alphabet& alphabet,
+                              KeywordLists& lists, Conversation& ui) {
+  if (!ReadKeywordsFile(path, alphabet, lists, ui)) return false;
   ui.SetLabel(Label::numberOfWords, CountText(lists));
   ui.SetOutput(KeywordsLoadedText(lists, path) + "\r\n\r\n");
   const Message question = {"Display search words?", "Keywords to search for", Icon::none,
@@ -169,7 +173,8 @@ std::string KeywordsLoadedText(const KeywordLists& lists, const std::string& pat
 }
 
 bool GetExtraKeywords(ConcordanceSettings& settings, KeywordLists& lists, Conversation& ui) {
-  settings.extraKeywords = TidyExtraKeywords(settings.extraKeywords);
+  settings.extraKeywords =
+      TidyExtraKeywords(settings.extraKeywords, Alphabet::Of(settings.reading));
   Result<ExtraKeywordList> keywords = ExtraKeywordsOf(settings.extraKeywords, settings);
   if (!keywords) {
     ui.Ask(MessageOf(keywords.Why()));

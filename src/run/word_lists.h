@@ -13,7 +13,8 @@ namespace quorvel {
 // Reads the stop-words file at `path` into the list. False when that could not be done or was
 // stopped (the user has been told) or `path` is empty; the words are then as they
 // were, but no longer count as loaded.
-[[nodiscard]] bool ReadStopWordsFile(const std::string& path, StopWordList& list, Conversation& ui);
+[[nodiscard]] bool ReadStopWordsFile(const std::string& path, const Alphabet& alphabet,
+                                     StopWordList& list, Conversation& ui);
 
 // The same, and then tells the user how many words there are and takes the path
 // into the settings.
@@ -33,10 +34,12 @@ void ListStopWords(const StopWordList& list, Conversation& ui);
 // Reads the keywords file at `path` into the list of file keywords; what is no plain word is
 // left out. False when that could not be done or was stopped (the user has been told) or
 // `path` is empty; the keywords are then as they were.
-[[nodiscard]] bool ReadKeywordsFile(const std::string& path, KeywordLists& lists, Conversation& ui);
+[[nodiscard]] bool ReadKeywordsFile(const std::string& path, const Alphabet& alphabet,
+                                    KeywordLists& lists, Conversation& ui);
 
 // The same, and then tells the user how many keywords there are and offers to show them.
-bool AttemptToReadSearchWords(const std::string& path, KeywordLists& lists, Conversation& ui);
+bool AttemptToReadSearchWords(const std::string& path, const Alphabet& alphabet,
+                              KeywordLists& lists, Conversation& ui);
 
 // What the user is told of a list that was read: "Forty-two keywords loaded from ...".
 [[nodiscard]] std::string KeywordsLoadedText(const KeywordLists& lists, const std::string& path);

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "util/alphabet.h"
+
 namespace quorvel {
 
 enum class Mode { create, search };
@@ -32,6 +34,7 @@ struct ConcordanceSettings {
   bool saveStateOnQuit = false;
   bool warnOnOverwrite = false;
   bool inputIsUtf8 = false;
+  Reading reading = Reading::windows1252;  // asked for anew each time: in no settings file
   std::string extraKeywords;
   bool ignoreLists = false;
   bool allowWordsWithHyphens = true;

@@ -183,7 +183,7 @@ void FilesAndOptions::ReadKeywords() {
   std::string& path = session_.Settings().keywordsFile;
   host_.work(path, [this, &path] {
     KeywordLists& keywords = session_.Lists().keywords;
-    if (AttemptToReadSearchWords(path, keywords, interface_)) return;
+    if (AttemptToReadSearchWords(path, session_.AlphabetNow(), keywords, interface_)) return;
     EraseSearchWords(keywords);
     if (!interface_.StopRequested()) path.clear();  // another one is to be chosen
   });

@@ -228,7 +228,7 @@ void SettingsPanel::txbStopWordsFile_LostFocus() {
 void SettingsPanel::txbExtraStopWords_LostFocus() {
   if (!ui_->txbExtraStopWords->isModified()) return;
   session_.Settings().extraStopWords =
-      TidyExtraStopWords(ui_->txbExtraStopWords->text().toStdString());
+      TidyExtraStopWords(ui_->txbExtraStopWords->text().toStdString(), session_.AlphabetNow());
   ReplaceText(*ui_->txbExtraStopWords, ShownText(session_.Settings().extraStopWords));
   (void)CheckAllowedExtraChars(session_.Settings(), conversation_);
 }

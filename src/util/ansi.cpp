@@ -35,9 +35,6 @@ char AnsiByteOf(char16_t ch) {
   return static_cast<char>(0x80 + (place - HIGH_CONTROLS.begin()));
 }
 
-bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
-bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
-
 // What is converted in one go. It is put together aside: a text that is made longer first
 // would be filled with zeros for nothing.
 constexpr std::size_t BLOCK = 64;
@@ -55,6 +52,12 @@ std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::strin
   return taken;
 }
 
+bool IsAscii(std::string_view bytes) {
+  std::uint8_t all = 0;
+  for (const char byte : bytes) all |= static_cast<std::uint8_t>(byte);
+  return all < 0x80;
+}
+
 // The code points that a UTF-8 sequence may encode, by its first byte.
 struct SequenceShape {
   std::size_t length;
@@ -70,16 +73,7 @@ SequenceShape ShapeOf(std::uint8_t first) {
   return {0, 0, 0};
 }
 
-void AppendCodePoint(std::u16string& text, std::uint32_t codePoint) {
-  if (codePoint < 0x10000) {
-    text += static_cast<char16_t>(codePoint);
-  } else {
-    text += static_cast<char16_t>(0xD800 + ((codePoint - 0x10000) >> 10U));
-    text += static_cast<char16_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FFU));
-  }
-}
-
-void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
+void AppendSequence(std::string& bytes, char32_t codePoint) {
   const auto put = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
   if (codePoint < 0x80) {
     put(codePoint);
@@ -166,9 +160,18 @@ std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
   return valid ? shape.length : 0;
 }
 
+// ASCII is widened in blocks.
 std::u16string DecodeUtf8(std::string_view bytes) {
   std::u16string text;
+  ReserveLarge(text, bytes.size());
+  std::array<char16_t, BLOCK> characters{};
   while (!bytes.empty()) {
+    if (bytes.size() >= BLOCK && IsAscii(bytes.substr(0, BLOCK))) {
+      for (std::size_t i = 0; i < BLOCK; ++i) characters[i] = static_cast<std::uint8_t>(bytes[i]);
+      text.append(characters.data(), BLOCK);
+      bytes.remove_prefix(BLOCK);
+      continue;
+    }
     std::uint32_t codePoint = 0;
     std::size_t length = ReadCodePoint(bytes, codePoint);
     if (length == 0) {
@@ -181,19 +184,49 @@ std::u16string DecodeUtf8(std::string_view bytes) {
   return text;
 }
 
+// Text is nearly all ASCII, or has hardly any: blocks of the first kind are narrowed as a whole.
+void AppendUtf8(std::string& bytes, std::u16string_view text) {
+  std::array<char, BLOCK> block{};
+  for (std::size_t i = 0; i < text.size();) {
+    const std::u16string_view units = text.substr(i, BLOCK);
+    char16_t all = 0;
+    for (std::size_t k = 0; k < units.size(); ++k) {
+      all |= units[k];
+      block[k] = static_cast<char>(units[k]);
+    }
+    if (all < 0x80) {
+      bytes.append(block.data(), units.size());
+      i += units.size();
+    } else {
+      for (const std::size_t end = i + units.size(); i < end;) {
+        AppendSequence(bytes, NextCodePoint(text, i));
+      }
+    }
+  }
+}
+
 std::string EncodeUtf8(std::u16string_view text) {
   std::string bytes;
   bytes.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    std::uint32_t codePoint = text[i];
-    if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (text[++i] - 0xDC00U);
-    } else if (IsHighSurrogate(text[i]) || IsLowSurrogate(text[i])) {
-      codePoint = 0xFFFD;
-    }
-    AppendUtf8(bytes, codePoint);
-  }
+  AppendUtf8(bytes, text);
   return bytes;
+}
+
+char32_t NextCodePoint(std::u16string_view text, std::size_t& place) {
+  constexpr char32_t REPLACEMENT = 0xFFFD;
+  const char16_t first = text[place++];
+  if (!IsHighSurrogate(first)) return IsLowSurrogate(first) ? REPLACEMENT : first;
+  if (place == text.size() || !IsLowSurrogate(text[place])) return REPLACEMENT;
+  return 0x10000 + ((first - char32_t{0xD800}) << 10U) + (text[place++] - char32_t{0xDC00});
+}
+
+void AppendCodePoint(std::u16string& text, char32_t codePoint) {
+  if (codePoint < 0x10000) {
+    text += static_cast<char16_t>(codePoint);
+  } else {
+    text += static_cast<char16_t>(0xD800 + ((codePoint - 0x10000) >> 10U));
+    text += static_cast<char16_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FFU));
+  }
 }
 
 std::string CharacterAt(std::u16string_view text, std::size_t place) {

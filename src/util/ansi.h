@@ -36,6 +36,20 @@ void AppendAnsi(std::string& bytes, std::u16string_view text);
 // The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
 
+// The same, appended to `bytes`.
+void AppendUtf8(std::string& bytes, std::u16string_view text);
+
+// The code point that begins at the 0-based `place`, which is moved behind it; U+FFFD for a lone
+// surrogate.
+[[nodiscard]] char32_t NextCodePoint(std::u16string_view text, std::size_t& place);
+
+// Appends the one or two code units of a code point.
+void AppendCodePoint(std::u16string& text, char32_t codePoint);
+
+// The halves of a character that takes two code units.
+[[nodiscard]] constexpr bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
+[[nodiscard]] constexpr bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
+
 // Reads the code point at the front of `bytes`, which are not empty; gives its length in bytes, 0
 // when they are not UTF-8.
 [[nodiscard]] std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint);

@@ -27,21 +27,6 @@ std::u16string MappedText(const Mapping& mapping, std::u16string_view text) {
 
 }  // namespace
 
-bool ContainsNoLetter(std::u16string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char16_t ch) { return IsLetter(ch); });
-}
-
-std::size_t EndOfRun(std::u16string_view text, std::size_t place) {
-  while (place < text.size() && IsWordCharacter(text[place])) ++place;
-  return place;
-}
-
-std::size_t LetterRunLength(std::u16string_view text, std::size_t start) {
-  const std::size_t end = EndOfRun(text, start - 1);
-  const std::size_t length = end - (start - 1);
-  return end == text.size() ? length + 1 : length;
-}
-
 std::u16string ToLowerCase(std::u16string_view text) { return MappedText(detail::TO_LOWER, text); }
 
 bool EqualsInLowerCase(std::u16string_view text, std::u16string_view lower) {

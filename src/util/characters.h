@@ -30,7 +30,11 @@ enum CharacterClass : std::uint8_t {
   CLASS_DIGIT = 2,
   CLASS_HYPHEN = 4,
   CLASS_LOWER_VOWEL = 8,
+  CLASS_SURROGATE = 16,  // half of a character
 };
+
+// What a token is made of: letters, digits and hyphens.
+inline constexpr unsigned WORD_CLASSES = CLASS_LETTER | CLASS_DIGIT | CLASS_HYPHEN;
 
 // Every code unit from here on has no class.
 inline constexpr std::size_t CLASSIFIED_CHARACTERS = 0x180;
@@ -88,23 +92,10 @@ constexpr bool IsLetter(char16_t ch) { return (ClassOf(ch) & CLASS_LETTER) != 0;
 constexpr bool IsDigit(char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; }
 
 // True for what a token is made of: a letter, a digit or a hyphen.
-constexpr bool IsWordCharacter(char16_t ch) {
-  return (ClassOf(ch) & (CLASS_LETTER | CLASS_DIGIT | CLASS_HYPHEN)) != 0;
-}
+constexpr bool IsWordCharacter(char16_t ch) { return (ClassOf(ch) & WORD_CLASSES) != 0; }
 
 // True for a lower-case vowel. y, ý, ÿ and œ are none.
 constexpr bool IsLowerVowel(char16_t ch) { return (ClassOf(ch) & CLASS_LOWER_VOWEL) != 0; }
-
-// True when `text` holds no letter at all; so for the empty text.
-[[nodiscard]] bool ContainsNoLetter(std::u16string_view text);
-
-// Where the run of word characters ends that begins at `place`: the place behind it, both 0-based.
-[[nodiscard]] std::size_t EndOfRun(std::u16string_view text, std::size_t place);
-
-// The length of the run of word characters that begins at `start`, a 1-based
-// position that holds a word character. When the run reaches the end of the text the result is one
-// more than the characters that are left: the places recorded for a last word count on it.
-[[nodiscard]] std::size_t LetterRunLength(std::u16string_view text, std::size_t start);
 
 // `ch` in lower case; itself when it has no lower-case form.
 [[nodiscard]] constexpr char16_t ToLowerCase(char16_t ch) {

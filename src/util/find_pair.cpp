@@ -4,30 +4,42 @@
 #include <emmintrin.h>
 
 #include <bit>
+#include <cstdint>
 #endif
 
 namespace quorvel {
 namespace {
 
 #ifdef __SSE2__
-__m128i Load(const char* place) {
+template <typename Char>
+__m128i Load(const Char* place) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i*>(place));  // NOLINT(*-reinterpret-cast)
+}
+
+__m128i Lanes(char ch) { return _mm_set1_epi8(ch); }
+__m128i Lanes(char16_t ch) { return _mm_set1_epi16(static_cast<std::int16_t>(ch)); }
+
+template <typename Char>
+__m128i Equal(__m128i a, __m128i b) {
+  return sizeof(Char) == 1 ? _mm_cmpeq_epi8(a, b) : _mm_cmpeq_epi16(a, b);
 }
 
 // Moves `i` on to the first pair, or behind the last one that may be looked at with others in
 // one go; true in the first case.
-bool SkipInLanes(std::string_view text, std::size_t& i, char first, char second) {
-  constexpr std::size_t LANES = sizeof(__m128i);
-  const __m128i firsts = _mm_set1_epi8(first);
-  const __m128i seconds = _mm_set1_epi8(second);
+template <typename Char>
+bool SkipInLanes(std::basic_string_view<Char> text, std::size_t& i, Char first, Char second) {
+  constexpr std::size_t LANES = sizeof(__m128i) / sizeof(Char);
+  const __m128i firsts = Lanes(first);
+  const __m128i seconds = Lanes(second);
   // Whether pairs begin at `i` and the places behind it: those at the `skipped` places before
   // it are looked at, too, but do not count.
   const auto look = [&](std::size_t skipped) {
-    const char* place = text.data() + i - skipped;
-    const __m128i equal = _mm_and_si128(_mm_cmpeq_epi8(Load(place), firsts),
-                                        _mm_cmpeq_epi8(Load(place + 1), seconds));
-    const unsigned found = static_cast<unsigned>(_mm_movemask_epi8(equal)) >> skipped;
-    if (found != 0) i += static_cast<std::size_t>(std::countr_zero(found));
+    const Char* place = text.data() + i - skipped;
+    const __m128i equal =
+        _mm_and_si128(Equal<Char>(Load(place), firsts), Equal<Char>(Load(place + 1), seconds));
+    const unsigned bytes = static_cast<unsigned>(_mm_movemask_epi8(equal));
+    const unsigned found = bytes >> (skipped * sizeof(Char));
+    if (found != 0) i += static_cast<std::size_t>(std::countr_zero(found)) / sizeof(Char);
     return found != 0;
   };
   for (; i + LANES < text.size(); i += LANES) {
@@ -40,17 +52,29 @@ bool SkipInLanes(std::string_view text, std::size_t& i, char first, char second)
   return false;
 }
 #else
-bool SkipInLanes(std::string_view, std::size_t&, char, char) { return false; }
+template <typename Char>
+bool SkipInLanes(std::basic_string_view<Char>, std::size_t&, Char, Char) {
+  return false;
+}
 #endif
 
-}  // namespace
-
-std::size_t FindPair(std::string_view text, std::size_t i, char first, char second) {
+template <typename Char>
+std::size_t PlaceOfPair(std::basic_string_view<Char> text, std::size_t i, Char first, Char second) {
   if (SkipInLanes(text, i, first, second)) return i;
   for (; i + 1 < text.size(); ++i) {
     if (text[i] == first && text[i + 1] == second) return i;
   }
   return text.size();
+}
+
+}  // namespace
+
+std::size_t FindPair(std::string_view text, std::size_t i, char first, char second) {
+  return PlaceOfPair(text, i, first, second);
+}
+
+std::size_t FindPair(std::u16string_view text, std::size_t i, char16_t first, char16_t second) {
+  return PlaceOfPair(text, i, first, second);
 }
 
 }  // namespace quorvel

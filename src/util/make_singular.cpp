@@ -19,10 +19,10 @@ bool KeepsItsEnding(std::u16string_view word) {
 
 }  // namespace
 
-std::u16string_view MakeSingular(std::u16string_view word) {
+std::u16string_view MakeSingular(std::u16string_view word, const Alphabet& alphabet) {
   if (word.size() < 3 || word.back() != u's') return word;
   const char16_t before = word[word.size() - 2];
-  if (before == u's' || before == u'\'' || IsLowerVowel(before)) return word;
+  if (before == u's' || before == u'\'' || alphabet.IsLowerVowel(before)) return word;
   if (KeepsItsEnding(word)) return word;
   return word.substr(0, word.size() - 1);
 }

@@ -7,9 +7,11 @@
 
 #include <string_view>
 
+#include "util/alphabet.h"
+
 namespace quorvel {
 
 // `word` without its plural "s", or `word` itself: a view into the argument.
-[[nodiscard]] std::u16string_view MakeSingular(std::u16string_view word);
+[[nodiscard]] std::u16string_view MakeSingular(std::u16string_view word, const Alphabet& alphabet);
 
 }  // namespace quorvel

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "support/latin.h"
 #include "support/scanned_text.h"
 #include "util/time_text.h"
 
@@ -15,26 +16,28 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
     WordTable table = MadeTable({{u"Été", {most / 3, most / 2, most}}, {u"zoo", {most - 1}}});
     table.positionWidth = width;
     const auto bytesOf = [](const WordTable& words) {
-      return IndexFileBytes({{nullptr, std::make_shared<const WordTable>(words)}, {}, {}, {1, 0}},
-                            "digest", 1715094299);
+      return IndexFileBytes(
+          {{DocumentOf(u""), std::make_shared<const WordTable>(words)}, {}, {}, {1, 0}}, "digest",
+          1715094299);
     };
     const std::string bytes = bytesOf(table);
     EXPECT_TRUE(bytes.starts_with("digest\r\n" + DateAndTimeText(1715094299) + "\r\n 2 \r\n " +
                                   std::to_string(width) + " \r\n 2 \r\n\xC9t\xE9*2*3*0*"))
         << bytes;
     EXPECT_TRUE(bytes.ends_with("\r\nzoo*0*1*1*" + std::to_string(most - 1) + "\r\n")) << bytes;
-    const auto read = TableOfIndexFile(bytes);
+    const auto read = TableOfIndexFile(bytes, LATIN);
     ASSERT_TRUE(read) << bytes;
     EXPECT_EQ(bytesOf(*read), bytes);
     EXPECT_EQ(read->entries[0].positions, table.entries[0].positions);
     for (std::size_t cut = 1; cut <= bytes.size(); ++cut) {
-      EXPECT_EQ(TableOfIndexFile(bytes.substr(0, bytes.size() - cut)).has_value(), cut == 2) << cut;
+      EXPECT_EQ(TableOfIndexFile(bytes.substr(0, bytes.size() - cut), LATIN).has_value(), cut == 2)
+          << cut;
     }
     for (int digit = 1; digit <= width; ++digit) {
       for (const char other : {'\0', '/', ':', '?', '@', ' ', '-', '\xB5', '\xFF', 'a'}) {
         std::string spoilt = bytes;
         spoilt[bytes.size() - 2 - static_cast<std::size_t>(digit)] = other;
-        EXPECT_FALSE(TableOfIndexFile(spoilt)) << spoilt;
+        EXPECT_FALSE(TableOfIndexFile(spoilt, LATIN)) << spoilt;
       }
     }
     most = width < 9 ? most * 10 + 9 : std::numeric_limits<std::int32_t>::max();
@@ -75,7 +78,7 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
     for (std::string file : files) {
       for (std::size_t i = 0; (i = file.find('|')) != std::string::npos;)
         file.replace(i, 1, "\r\n");
-      const auto table = TableOfIndexFile("\r\n\r\n" + file);
+      const auto table = TableOfIndexFile("\r\n\r\n" + file, LATIN);
       EXPECT_EQ(table ? table->WordCount() : -1, words) << file;
     }
   }

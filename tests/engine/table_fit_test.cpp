@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 
@@ -26,7 +27,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
     SilentProgress nobody;
     WordTable table = *ScanWords(document, nullptr, nobody).table;
     const IncludeFlags include(table.entries.size(), true);
-    EXPECT_TRUE(TableFitsText(table, include, document->documentText));
+    EXPECT_TRUE(TableFitsText(table, include, document->documentText, LATIN));
     if (table.entries.empty()) continue;
     std::map<Text, std::vector<std::int32_t>> places;
     for (const WordEntry& entry : table.entries) places[entry.word] = entry.positions;
@@ -42,7 +43,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
         entry.positions.back() += static_cast<std::int32_t>(random() % 5) + 1;
         break;
     }
-    ASSERT_EQ(TableFitsText(table, include, document->documentText),
+    ASSERT_EQ(TableFitsText(table, include, document->documentText, LATIN),
               std::ranges::includes(places[entry.word], entry.positions))
         << round << testing::PrintToString(document->documentText);
   }
@@ -71,9 +72,9 @@ TEST(TableFit, LooksForWhatAScanNeverGives) {
   for (const auto& [name, text, word, places, fits, listed] : rows) {
     WordTable table = MadeTable({{word, places}});
     table.positionWidth = PositionWidth(text.size());
-    EXPECT_EQ(TableFitsText(table, {listed}, text), fits) << name;
+    EXPECT_EQ(TableFitsText(table, {listed}, text, LATIN), fits) << name;
     table.positionWidth += 1;
-    EXPECT_FALSE(TableFitsText(table, {listed}, text)) << name << ", other width";
+    EXPECT_FALSE(TableFitsText(table, {listed}, text, LATIN)) << name << ", other width";
   }
 }
 

@@ -2,27 +2,29 @@
 
 #include <gtest/gtest.h>
 
+#include "support/latin.h"
 #include "support/made_texts.h"
-#include "util/characters.h"
 
 namespace quorvel {
 namespace {
 
 TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
-  const std::vector<std::vector<std::u16string>> alphabets = {
+  const std::vector<std::vector<std::u16string>> characters = {
       {u" ", u"a", u".", u"abcdefghijklmnopqrstuvwxyz-0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"},
       {u"@", u"[", u"`", u"{", u"/", u":", u",", u"\x7F", u"-", u"z", u"0"},
-      {u"é", u"×", u"\x80", u"Ÿ", u"ž", u"\u2013", u"a", u"\u0161", u"\u0461"}};
+      {u"é", u"×", u"\x80", u"Ÿ", u"ž", u"\u2013", u"a", u"\u0161", u"\u0461"},
+      {u"a", u" ", u"\U00010330", u"\U0001F600", u"\U0001D7D8", u"\u0301", u"\xD800", u"\xDF30"}};
   std::mt19937 random(3);
-  for (int round = 0; round < 2000; ++round) {
-    const std::u16string whole = RandomText(alphabets[random() % 3], 150, random) + u"abc";
+  for (int round = 0; round < 3000; ++round) {
+    const Alphabet& alphabet = round % 2 == 0 ? LATIN : Alphabet::Unicode();
+    const std::u16string whole = RandomText(characters[random() % 4], 150, random) + u"abc";
     // The letters that follow in memory are none of the text.
     const auto text = std::u16string_view(whole).substr(0, whole.size() - 3);
-    TokenEdges all(text, TokenEdges::Which::all);
-    TokenEdges beginnings(text, TokenEdges::Which::beginnings);
+    TokenEdges all(text, alphabet, TokenEdges::Which::all);
+    TokenEdges beginnings(text, alphabet, TokenEdges::Which::beginnings);
     bool inToken = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
-      if (inToken == IsWordCharacter(text[i])) continue;
+      if (inToken == alphabet.IsWordCharacterAt(text, i)) continue;
       inToken = !inToken;
       ASSERT_EQ(all.Next(), i) << testing::PrintToString(whole);
       if (inToken) {

@@ -4,6 +4,7 @@
 
 #include "engine/index_file.h"
 #include "naive/naive_forms.h"
+#include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 
@@ -39,13 +40,13 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     for (int i = 0; i < times; ++i) text += part;
     text += u"walk ";
     WordTable table;
-    GetWords(text, table, progress, sought);
+    GetWords(text, LATIN, table, progress, sought);
     EXPECT_EQ(progress.bars, bars) << name;
     EXPECT_EQ(progress.WordsFound() + 1, table.WordCount()) << name;
     EXPECT_EQ(table.entries.back().word, u"walk") << name;
     progress.RequestStop();
     WordTable stopped;
-    GetWords(text, stopped, progress, sought);
+    GetWords(text, LATIN, stopped, progress, sought);
     EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
   }
 }

@@ -41,7 +41,7 @@ TEST(Document, IsReadAndMade) {
     SCOPED_TRACE(row.name);
     ScriptedConversation ui;
     ui.stopAtYield = row.stopAtYield;
-    const ReadingOptions options = {row.isUtf8, row.ignoreLists};
+    const ReadingOptions options = {Reading::windows1252, row.isUtf8, row.ignoreLists};
     const auto text = ReadInputFile(InputBytes(row.file, row.bytes), row.isUtf8, ui);
     if (!text) {
       EXPECT_EQ(text.Why().kind, FaultKind::stopped);

@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "support/latin.h"
+
 namespace quorvel {
 namespace {
 
 TEST(StopWords, TidiesExtraStopWords) {
   const char* rows[][2] = {
       {"the, a,an", "a an the"}, {"  The   ÉTÉ ", "the été"}, {" , ", ""}, {"b a b", "a b b"}};
-  for (const auto& row : rows) EXPECT_EQ(TidyExtraStopWords(row[0]), row[1]);
+  for (const auto& row : rows) EXPECT_EQ(TidyExtraStopWords(row[0], LATIN), row[1]);
 }
 
 TEST(StopWords, MayHoldWhatAWordMayHold) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "lists/keywords.h"
+#include "support/latin.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -39,14 +40,14 @@ TEST(WordFiles, GiveTheirWords) {
        "dog|dog|new|walk|"}};
   for (const auto& [name, bytes, stopWords, keywords] : rows) {
     SilentProgress nobody;
-    SortedWords words = *WordsOfFileBytes(bytes, nobody);
-    EXPECT_EQ(Joined(KeywordsOfFile(words)), keywords) << name;
+    SortedWords words = *WordsOfFileBytes(bytes, LATIN, nobody);
+    EXPECT_EQ(Joined(KeywordsOfFile(words, LATIN)), keywords) << name;
     std::sort(words.begin(), words.end());
     EXPECT_EQ(Joined(words), stopWords) << name;
   }
   SilentProgress stopped;
   stopped.RequestStop();
-  EXPECT_EQ(WordsOfFileBytes("the\r\n", stopped).Why().kind, FaultKind::stopped);
+  EXPECT_EQ(WordsOfFileBytes("the\r\n", LATIN, stopped).Why().kind, FaultKind::stopped);
 }
 
 }  // namespace

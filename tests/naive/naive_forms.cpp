@@ -264,7 +264,7 @@ ListedWords MakeWordTable(const Text& text, const ConcordanceSettings& settings)
   std::ranges::stable_sort(listed.frequencyChain, std::greater(), [&table](std::int32_t i) {
     return table.entries[static_cast<std::size_t>(i)].Count();
   });
-  listed.words.table = std::make_shared<const WordTable>(table);
+  listed.words = {std::make_shared<const Document>(), std::make_shared<const WordTable>(table)};
   return listed;
 }
 

@@ -24,12 +24,16 @@ std::vector<std::string> TangledContexts(std::mt19937& random, bool withMarkers)
   return contexts;
 }
 
-std::string Merged(ContextMerger& merger, const std::vector<std::string>& contexts) {
-  merger.Start(static_cast<std::int32_t>(contexts.size()));
-  for (const std::string& context : contexts) merger.Add(context);
+template <typename Char>
+std::string Merged(ContextMerger<Char>& merger, const std::vector<std::string>& contexts) {
+  std::vector<std::basic_string<Char>> quoted;
+  for (const std::string& context : contexts) quoted.emplace_back(context.begin(), context.end());
+  merger.Start(static_cast<std::int32_t>(quoted.size()));
+  for (const auto& context : quoted) merger.Add(context);
   std::string text;
-  for (const MergedContext& context : merger.Contexts()) {
-    text += "... " + TextWithMarker(context) + "\r\n";
+  for (const MergedContext<Char>& context : merger.Contexts()) {
+    const auto line = TextWithMarker(context);
+    text.append("... ").append(line.begin(), line.end()).append("\r\n");
   }
   return text;
 }
@@ -50,11 +54,13 @@ TEST(ContextMerger, IsItsNaiveForm) {
   for (int choice = 0; choice < 4; ++choice) {
     const bool countRepeats = choice % 2 == 0;
     const bool withMarkers = choice < 2;
-    ContextMerger merger(countRepeats, withMarkers, RandomHashSeed());
+    ContextMerger<char> merger(countRepeats, withMarkers, RandomHashSeed());
+    ContextMerger<char16_t> wideMerger(countRepeats, withMarkers, RandomHashSeed());
     for (int i = 0; i < 1500; ++i) {
       const std::vector<std::string> contexts = TangledContexts(random, withMarkers);
       ASSERT_EQ(Merged(merger, contexts), MergedNaively(contexts, countRepeats))
           << testing::PrintToString(contexts);
+      ASSERT_EQ(Merged(wideMerger, contexts), Merged(merger, contexts));
     }
   }
 }
@@ -64,7 +70,7 @@ TEST(ContextMerger, TellsContextsOfOneHashApart) {
   constexpr std::int32_t MANY = 300000;
   std::vector<std::string> contexts(MANY);
   for (int i = 0; i < MANY; ++i) contexts[static_cast<std::size_t>(i)] = std::to_string(i);
-  ContextMerger merger(true, false, RandomHashSeed());
+  ContextMerger<char> merger(true, false, RandomHashSeed());
   merger.Start(MANY);
   for (const std::string& context : contexts) merger.Add(context);
   EXPECT_EQ(merger.Contexts().size(), contexts.size());

@@ -9,7 +9,7 @@ namespace {
 std::string ContextOfDog(std::string_view text, const ContextOptions& options) {
   const std::size_t place = text.find("dog");
   const auto position = static_cast<std::int64_t>(place) + 1;
-  const ContextCutter cutter(text, options);
+  const ContextCutter<char> cutter(text, options);
   std::string copies;
   copies.reserve(2 * cutter.LongestContext(3));
   const ContextParts parts = cutter.CutApart(position, 3, {place, place + 3}, copies);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/latin.h"
 #include "support/scanned_text.h"
 #include "util/ansi.h"
 
@@ -16,7 +17,8 @@ TEST(EntryComposer, ListsTheContextsThatAreWantedInASearch) {
   KeywordLists lists;
   lists.fileKeywords = {u"lay"};
   lists.extraKeywords = ExtraKeywordList(
-      {ExtraKeywordOf(u"ship+sank."), ExtraKeywordOf(u"s?ip"), ExtraKeywordOf(u"ship+?x#?")});
+      {ExtraKeywordOf(u"ship+sank."), ExtraKeywordOf(u"s?ip"), ExtraKeywordOf(u"ship+?x#?")},
+      LATIN);
   const std::u16string text = u"of us ship so lay to us ship so lay at us ship sank. to be or it";
   const Words words = ScanWords(DocumentOf(text), nullptr, nobody);
   EXPECT_EQ(DecodeAnsi(Composed(ListingOf(words, settings, lists), nobody)),

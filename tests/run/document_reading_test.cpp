@@ -102,7 +102,7 @@ TEST(DocumentReading, OfATextLeavesTheBoxAsFarAsItCame) {
     ASSERT_EQ(document != nullptr, isUtf8);
     if (document == nullptr) continue;
     EXPECT_EQ(document->ansiText, "zz");
-    EXPECT_EQ(document->options, (ReadingOptions{true, true}));
+    EXPECT_EQ(document->options, (ReadingOptions{Reading::windows1252, true, true}));
     EXPECT_EQ(document->source.path, "a.txt");
     EXPECT_EQ(document->source.digest, digest);
   }

@@ -46,7 +46,9 @@ TEST(IndexUse, IsAskedForAndRefused) {
     run.ui.answers = {row.answer};
     SilentProgress nobody;
     const Result<InputBytes> input = ReadInput(run.settings.inputFile, nobody);
-    EXPECT_EQ(ReadIndexFile(*input, InputDigest(*input), true, run.ui).has_value(), row.loaded);
+    EXPECT_EQ(
+        ReadIndexFile(*input, InputDigest(*input), Reading::windows1252, true, run.ui).has_value(),
+        row.loaded);
     EXPECT_EQ(run.ui.Said(date), row.saidAtLoad);
     TestRun later("");
     later.settings = run.settings;
@@ -62,7 +64,7 @@ TEST(IndexUse, IsAskedForAndRefused) {
     }
     run.ui.questions.clear();
     run.ui.RequestStop();
-    EXPECT_FALSE(ReadIndexFile(*input, InputDigest(*input), true, run.ui));
+    EXPECT_FALSE(ReadIndexFile(*input, InputDigest(*input), Reading::windows1252, true, run.ui));
     EXPECT_EQ(run.ui.Said(), row.saidAtLoad == bad ? bad : "");  // but it waits for no digest
   }
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/platform.h"
 #include "support/scripted_conversation.h"
@@ -26,10 +27,10 @@ TEST(WordLists, SayWhatWasLoaded) {
   EXPECT_EQ(ui.log,
             "= Reading stop words ...\n= \nlabel Three stop words\nasks Stop words loaded\n");
   KeywordLists lists;
-  EXPECT_TRUE(AttemptToReadSearchWords(path, lists, ui));
+  EXPECT_TRUE(AttemptToReadSearchWords(path, LATIN, lists, ui));
   EXPECT_EQ(ui.output, "Two keywords loaded from " + path + "\r\n\r\n the walk");
   ui.answers.assign(3, Answer::no);
-  EXPECT_TRUE(AttemptToReadSearchWords(path, lists, ui));
+  EXPECT_TRUE(AttemptToReadSearchWords(path, LATIN, lists, ui));
   EXPECT_TRUE(ui.output.ends_with("\r\n\r\n"));
 }
 
@@ -51,7 +52,7 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
     const bool isMissing = said.starts_with(" words");
     EXPECT_EQ(ui.Said(path), isMissing ? "Stop words: Stop" + said : said) << path;
     ui.questions.clear();
-    EXPECT_FALSE(AttemptToReadSearchWords(path, lists, ui)) << path;
+    EXPECT_FALSE(AttemptToReadSearchWords(path, LATIN, lists, ui)) << path;
     EXPECT_EQ(ui.Said(path), isMissing ? "Search words: Key" + said.substr(1) : said) << path;
     EXPECT_EQ(list.words, SortedWords{u"old"});
     EXPECT_EQ(lists.fileKeywords, SortedWords{u"old"});
@@ -68,13 +69,13 @@ TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
     KeywordLists lists;
     ScriptedConversation ui;
     ui.stopAtYield = 1;
-    EXPECT_FALSE(ReadStopWordsFile(path, list, ui) || list.loaded);
+    EXPECT_FALSE(ReadStopWordsFile(path, LATIN, list, ui) || list.loaded);
     ui.yields = 0;
-    EXPECT_FALSE(ReadKeywordsFile(path, lists, ui));
+    EXPECT_FALSE(ReadKeywordsFile(path, LATIN, lists, ui));
     EXPECT_EQ(ui.log, std::string("= Reading stop words ...\n") + offers +
                           "= Reading stop words was stopped.\n= Reading keywords ...\n" + offers +
                           "= Reading search words was stopped.\n");
-    EXPECT_TRUE(ReadStopWordsFile(path, list, ui) && list.loaded);
+    EXPECT_TRUE(ReadStopWordsFile(path, LATIN, list, ui) && list.loaded);
   }
 }
 

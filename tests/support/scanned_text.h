@@ -9,6 +9,7 @@
 #include "engine/admission.h"
 #include "input/double_hyphens.h"
 #include "output/listing.h"
+#include "support/latin.h"
 #include "util/ansi.h"
 #include "util/progress.h"
 
@@ -28,7 +29,7 @@ inline WordTable MadeTable(
     const std::vector<std::pair<std::u16string, std::vector<std::int32_t>>>& words) {
   WordTable table;
   for (const auto& [word, positions] : words) {
-    table.entries.push_back(NewWordEntry(word));
+    table.entries.push_back(NewWordEntry(word, LATIN));
     table.entries.back().positions = positions;
   }
   return table;
@@ -42,7 +43,7 @@ inline Listing ListingOf(const Words& words, const ConcordanceSettings& settings
   lists.keywords = keywords;
   ListedWords listed;
   listed.words = words;
-  listed.include = ApplyAdmissionFilters(*words.table, settings, lists);
+  listed.include = ApplyAdmissionFilters(*words.table, settings, lists, LATIN);
   listed.counts = CountIncludedWords(*words.table, listed.include);
   listed.frequencyChain = BuildFrequencyChain(*words.table, listed.include);
   Listing listing;

@@ -1,0 +1,242 @@
+#include "util/alphabet.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <vector>
+
+#include "util/ansi.h"
+
+// What Unicode says of a character comes from a library, whose look-ups are too slow for each
+// character of a text. For code units it is looked up once and stands in tables; characters of two
+// code units are rare enough to be looked up each time.
+
+namespace quorvel {
+namespace {
+
+constexpr std::size_t CODE_UNITS = 0x10000;
+
+bool IsSurrogate(char32_t ch) { return ch >= 0xD800 && ch < 0xE000; }
+
+// Whether the alphabet of Windows-1252 has this letter.
+bool IsWindowsLetter(char32_t ch) {
+  return ch < CLASSIFIED_CHARACTERS && IsLetter(static_cast<char16_t>(ch));
+}
+
+utf8proc_category_t CategoryOf(char32_t ch) {
+  return utf8proc_category(static_cast<utf8proc_int32_t>(ch));
+}
+
+bool IsMark(char32_t ch) {
+  const utf8proc_category_t category = CategoryOf(ch);
+  return category >= UTF8PROC_CATEGORY_MN && category <= UTF8PROC_CATEGORY_ME;
+}
+
+// The canonical decomposition of a character.
+std::u32string Decomposed(char32_t ch) {
+  constexpr std::size_t LONGEST = 16;  // none has more than four characters
+  std::array<utf8proc_int32_t, LONGEST> characters{};
+  int boundary = 0;
+  const utf8proc_ssize_t length = utf8proc_decompose_char(
+      static_cast<utf8proc_int32_t>(ch), characters.data(), LONGEST, UTF8PROC_DECOMPOSE, &boundary);
+  if (length < 1 || length > std::ssize(characters)) return {ch};
+  return {characters.begin(), characters.begin() + length};
+}
+
+// ı is the one vowel of an alphabet in Latin letters that decomposes to none.
+bool IsVowelInLowerCase(char32_t ch) {
+  const char32_t base = Decomposed(ch).front();
+  return ch == U'ı' || (base < CLASSIFIED_CHARACTERS && IsLowerVowel(static_cast<char16_t>(base)));
+}
+
+std::uint8_t UnicodeClassOf(char32_t ch) {
+  if (IsSurrogate(ch)) return CLASS_SURROGATE;
+  if (ch == U'-') return CLASS_HYPHEN;
+  const utf8proc_category_t category = CategoryOf(ch);
+  if (category == UTF8PROC_CATEGORY_ND) return CLASS_DIGIT;
+  if (IsMark(ch)) return CLASS_LETTER;
+  if (category < UTF8PROC_CATEGORY_LU || category > UTF8PROC_CATEGORY_LO) return 0;
+  const bool isVowel = category == UTF8PROC_CATEGORY_LL && IsVowelInLowerCase(ch);
+  return static_cast<std::uint8_t>(CLASS_LETTER | (isVowel ? CLASS_LOWER_VOWEL : 0));
+}
+
+char32_t UnicodeLowerCase(char32_t ch) {
+  return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(ch)));
+}
+
+char32_t UnicodeUpperCase(char32_t ch) {
+  return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(ch)));
+}
+
+// What is sorted like the letters of Windows-1252 wherever it holds them: so "ǟ" is "a", as "ä"
+// with another accent, and "ǽ" is "ae".
+void AppendFolded(std::u16string& folded, char32_t ch) {
+  if (IsWindowsLetter(ch)) {
+    const auto letter = static_cast<char16_t>(ch);
+    folded += FoldForKey({&letter, 1});
+    return;
+  }
+  for (const char32_t part : Decomposed(ch)) {
+    if (IsMark(part)) continue;
+    if (part != ch && IsWindowsLetter(part)) {
+      AppendFolded(folded, part);
+    } else {
+      AppendCodePoint(folded, part);
+    }
+  }
+}
+
+std::u16string NormalForm(std::u16string_view text) {
+  const std::string bytes = EncodeUtf8(text);
+  utf8proc_uint8_t* composed = nullptr;
+  const utf8proc_ssize_t length = utf8proc_map(
+      reinterpret_cast<const utf8proc_uint8_t*>(bytes.data()),  // NOLINT(*-reinterpret-cast)
+      std::ssize(bytes), &composed,
+      static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
+  if (length < 0) return std::u16string(text);
+  const std::string normal(composed, composed + length);
+  std::free(composed);  // NOLINT(*-no-malloc): the library asks for that
+  return DecodeUtf8(normal);
+}
+
+}  // namespace
+
+struct Alphabet::Tables {
+  std::vector<std::uint8_t> classes;
+  std::u16string lower;
+  std::u16string upper;
+
+  static Tables OfUnicode() {
+    Tables tables;
+    for (char32_t ch = 0; ch < CODE_UNITS; ++ch) {
+      tables.classes.push_back(UnicodeClassOf(ch));
+      const char32_t lower = UnicodeLowerCase(ch);
+      const char32_t upper = UnicodeUpperCase(ch);
+      tables.lower += static_cast<char16_t>(lower < CODE_UNITS ? lower : ch);
+      tables.upper += static_cast<char16_t>(upper < CODE_UNITS ? upper : ch);
+    }
+    for (char16_t ch = 0; ch < CLASSIFIED_CHARACTERS; ++ch) {
+      if (!quorvel::IsLetter(ch)) continue;
+      tables.classes[ch] = quorvel::ClassOf(ch);
+      tables.lower[ch] = quorvel::ToLowerCase(ch);
+      tables.upper[ch] = quorvel::ToUpperCase(ch);
+    }
+    return tables;
+  }
+};
+
+Alphabet::Alphabet()
+    : reading_(Reading::windows1252),
+      classes_(detail::CHARACTER_CLASSES.data()),
+      lower_(detail::TO_LOWER.data()),
+      upper_(detail::TO_UPPER.data()),
+      size_(CLASSIFIED_CHARACTERS) {}
+
+Alphabet::Alphabet(const Tables& tables)
+    : reading_(Reading::unicode),
+      classes_(tables.classes.data()),
+      lower_(tables.lower.data()),
+      upper_(tables.upper.data()),
+      size_(CODE_UNITS) {
+  for (char32_t i = 0; i < CODE_UNITS; ++i) {
+    const auto ch = static_cast<char16_t>(i);
+    const char16_t lower = ToLowerCase(ch);
+    if (lower != ch && ToUpperCase(lower) != ch) otherCapitals_[lower] += ch;
+  }
+}
+
+const Alphabet& Alphabet::Windows1252() {
+  static const Alphabet alphabet;
+  return alphabet;
+}
+
+const Alphabet& Alphabet::Unicode() {
+  static const Tables tables = Tables::OfUnicode();
+  static const Alphabet alphabet(tables);
+  return alphabet;
+}
+
+const Alphabet& Alphabet::Of(Reading reading) {
+  return reading == Reading::unicode ? Unicode() : Windows1252();
+}
+
+std::uint8_t Alphabet::ClassOfPairAt(std::u16string_view text, std::size_t place) const {
+  if (IsLowSurrogate(text[place])) {
+    if (place == 0) return 0;
+    --place;
+  }
+  const char32_t ch = NextCodePoint(text, place);
+  return ch < CODE_UNITS ? std::uint8_t{0} : UnicodeClassOf(ch);
+}
+
+bool Alphabet::ContainsNoLetter(std::u16string_view text) const {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if ((ClassAt(text, i) & CLASS_LETTER) != 0) return false;
+  }
+  return true;
+}
+
+std::size_t Alphabet::EndOfRun(std::u16string_view text, std::size_t place) const {
+  while (place < text.size() && IsWordCharacterAt(text, place)) ++place;
+  return place;
+}
+
+std::u16string Alphabet::ToLowerCase(std::u16string_view text) const {
+  std::u16string lower(text);
+  for (char16_t& ch : lower) ch = ToLowerCase(ch);
+  if (std::none_of(lower.begin(), lower.end(), IsHighSurrogate)) return lower;
+  lower.clear();
+  for (std::size_t i = 0; i < text.size();) {
+    AppendCodePoint(lower, UnicodeLowerCase(NextCodePoint(text, i)));
+  }
+  return lower;
+}
+
+std::u16string_view Alphabet::OtherCapitalsOf(char16_t lower) const {
+  const auto found = otherCapitals_.find(lower);
+  return found == otherCapitals_.end() ? std::u16string_view() : found->second;
+}
+
+std::u16string Alphabet::SortKey(std::u16string_view word) const {
+  if (reading_ == Reading::windows1252) return ToLowerCase(FoldForKey(word));
+  std::u16string folded;
+  for (std::size_t i = 0; i < word.size();) AppendFolded(folded, NextCodePoint(word, i));
+  return ToLowerCase(folded);
+}
+
+void Alphabet::AppendEncoded(std::string& bytes, std::u16string_view text) const {
+  if (reading_ == Reading::unicode) {
+    AppendUtf8(bytes, text);
+  } else {
+    AppendAnsi(bytes, text);
+  }
+}
+
+std::string Alphabet::Encode(std::u16string_view text) const {
+  return reading_ == Reading::unicode ? EncodeUtf8(text) : EncodeAnsi(text);
+}
+
+std::u16string Alphabet::Decode(std::string_view bytes) const {
+  return reading_ == Reading::unicode ? DecodeUtf8(bytes) : DecodeAnsi(bytes);
+}
+
+// Each byte that begins a character counts for one code unit, and for two where it begins one of
+// four bytes.
+std::size_t Alphabet::CodeUnitsIn(std::string_view bytes) const {
+  if (reading_ == Reading::windows1252) return bytes.size();
+  std::size_t units = 0;
+  for (const char ch : bytes) {
+    const auto byte = static_cast<std::uint8_t>(ch);
+    units +=
+        static_cast<std::size_t>((byte & 0xC0U) != 0x80) + static_cast<std::size_t>(byte >= 0xF0);
+  }
+  return units;
+}
+
+std::u16string Alphabet::Typed(std::string_view text) const {
+  return reading_ == Reading::unicode ? NormalForm(DecodeUtf8(text)) : DecodeUtf8(text);
+}
+
+}  // namespace quorvel
