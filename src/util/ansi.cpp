@@ -79,6 +79,8 @@ void AppendCodePoint(std::u16string& text, std::uint32_t codePoint) {
   }
 }
 
+}  // namespace
+
 void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
   const auto put = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
   if (codePoint < 0x80) {
@@ -97,8 +99,6 @@ void AppendUtf8(std::string& bytes, std::uint32_t codePoint) {
   }
   put(0x80 | (codePoint & 0x3FU));
 }
-
-}  // namespace
 
 // Widened in blocks; only a block that holds a byte with another number than its
 // character is looked at byte by byte.

@@ -36,6 +36,9 @@ void AppendAnsi(std::string& bytes, std::u16string_view text);
 // The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
 
+// Appends the UTF-8 bytes of a code point up to 10FFFF hex.
+void AppendUtf8(std::string& bytes, std::uint32_t codePoint);
+
 // Reads the code point at the front of `bytes`, which are not empty; gives its length in bytes, 0
 // when they are not UTF-8.
 [[nodiscard]] std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint);
