@@ -79,4 +79,16 @@ Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
   return std::make_shared<const Document>(std::move(document));
 }
 
+std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,
+                                                    const ReadingOptions& options,
+                                                    std::string_view text, std::int64_t replaced) {
+  Document document;
+  SetSkipSpans(LowerExtensionOf(source.path), document.skipSpans);
+  document.documentText = DecodeUtf8(text);
+  document.replaced = replaced;
+  document.source = std::move(source);
+  document.options = options;
+  return std::make_shared<const Document>(std::move(document));
+}
+
 }  // namespace quorvel

@@ -5,8 +5,10 @@
 // document), and that the document (MakeDocument). Nothing is changed afterwards.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "files/digest.h"
 #include "files/read_file.h"
@@ -22,6 +24,7 @@ struct ReadingOptions {
   Reading reading = Reading::windows1252;
   bool isUtf8 = false;
   bool ignoreLists = false;  // leave out the lists of a web page
+  bool notes = false;        // of a word-processor document that is read as Unicode: its notes too
 
   bool operator==(const ReadingOptions&) const = default;
 };
@@ -38,7 +41,8 @@ struct Document {
   ReadingOptions options;       // how it was read
   SkipSpans skipSpans;          // of an input of its kind
   std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
-  std::string ansiText;  // the same in Windows-1252, as a listing quotes it; empty in Unicode
+  std::string ansiText;       // the same in Windows-1252, as a listing quotes it; empty in Unicode
+  std::int64_t replaced = 0;  // U+FFFD for bytes that were no characters; in Unicode alone
 
   [[nodiscard]] const Alphabet& AlphabetOf() const { return Alphabet::Of(options.reading); }
 };
@@ -59,5 +63,11 @@ struct Document {
                                                                    const ReadingOptions& options,
                                                                    std::string text,
                                                                    Progress& progress);
+
+// The document of a text that was read as Unicode and prepared (unicode/prepared_text.h): UTF-8.
+[[nodiscard]] std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,
+                                                                  const ReadingOptions& options,
+                                                                  std::string_view text,
+                                                                  std::int64_t replaced);
 
 }  // namespace quorvel

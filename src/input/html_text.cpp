@@ -118,7 +118,7 @@ void StripTagsAndLists(std::string& text, bool markLists) {
   RemoveMarkup(text, markLists ? ListRule::mark : ListRule::drop);
 }
 
-HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, Progress& progress) {
+HtmlOutcome StripPage(std::string& text, bool isUtf8, bool ignoreLists, Progress& progress) {
   // A page without a document-type line keeps its mark-up, and the names of its
   // tags are listed like other words: so meant.
   if (!Holds(text, "<!doctype") || !Holds(text, "html")) return HtmlOutcome::notAPage;
@@ -137,9 +137,16 @@ HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, Pr
   }
   progress.BeginPhase("Compacting spaces");
   CompactSpaces(text);
-  DecodeEntities(text);
-  progress.BeginPhase("Processing file");
   return HtmlOutcome::prepared;
+}
+
+HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists, Progress& progress) {
+  const HtmlOutcome outcome = StripPage(text, isUtf8, ignoreLists, progress);
+  if (outcome == HtmlOutcome::prepared) {
+    DecodeEntities(text);
+    progress.BeginPhase("Processing file");
+  }
+  return outcome;
 }
 
 }  // namespace quorvel

@@ -27,6 +27,10 @@ enum class HtmlOutcome {
 [[nodiscard]] HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists,
                                           Progress& progress);
 
+// The same but for the entities, which stay.
+[[nodiscard]] HtmlOutcome StripPage(std::string& text, bool isUtf8, bool ignoreLists,
+                                    Progress& progress);
+
 // The 0-based index behind the first "</head>", in any case; nothing when there is
 // none. Sets `isUtf8` where the page, anywhere in it, declares the charset UTF-8.
 [[nodiscard]] std::optional<std::size_t> FindHtmlBody(std::string_view page, bool& isUtf8);

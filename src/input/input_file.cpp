@@ -87,6 +87,7 @@ FileClass ClassifyTextFile(const InputBytes& input, std::size_t examineLimit,
       return {FileKind::rtf};
     case TextEncoding::utf16LittleEndian:
     case TextEncoding::utf16BigEndian:
+      return {FileKind::utf16};
     case TextEncoding::utf32BigEndian:
       return {FileKind::otherUnicode};
     case TextEncoding::utf8:

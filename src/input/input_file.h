@@ -35,6 +35,7 @@ enum class FileKind {
   oneToFourBytes,
   compound,  // of an older word processor, or a DOCX document behind a password
   rtf,
+  utf16,
   otherUnicode,
   notText,
   windowsText,  // CR LF, or no line end in the examined part, or any UTF-8 file

@@ -7,6 +7,45 @@
 #include "util/large_pages.h"
 
 namespace quorvel {
+namespace {
+
+// Takes the lines of a text off its front.
+class Lines {
+ public:
+  Lines(std::string_view bytes, bool lineFeedEnds)
+      : rest_(bytes), feed_(lineFeedEnds ? 0 : std::string_view::npos) {}
+
+  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+
+  // The next line without its end.
+  std::string_view Next() {
+    const std::size_t length = std::min({Find('\r', return_), Find('\n', feed_), rest_.size()});
+    const std::string_view line = rest_.substr(0, length);
+    const std::string_view end = rest_.substr(length, 2);
+    const std::size_t taken = length + (end == "\r\n" ? 2 : std::min<std::size_t>(1, end.size()));
+    rest_.remove_prefix(taken);
+    gone_ += taken;
+    return line;
+  }
+
+ private:
+  // The place of `ch` in the rest. `known` is where it was found last, among all bytes, so that
+  // nothing is searched twice.
+  std::size_t Find(char ch, std::size_t& known) const {
+    if (known < gone_ || known == 0) {
+      const std::size_t found = rest_.find(ch);
+      known = found == std::string_view::npos ? found : gone_ + found;
+    }
+    return known == std::string_view::npos ? known : known - gone_;
+  }
+
+  std::string_view rest_;
+  std::size_t gone_ = 0;  // bytes in front of the rest
+  std::size_t return_ = 0;
+  std::size_t feed_;
+};
+
+}  // namespace
 
 std::string ReadTextFile(std::string_view bytes, const ReadOptions& options) {
   const std::string_view separator = options.join == LineJoin::blank ? " " : " / ";
@@ -16,11 +55,9 @@ std::string ReadTextFile(std::string_view bytes, const ReadOptions& options) {
   std::string text;
   ReserveLarge(text, bytes.size() + bytes.size() / 16);
   std::string repaired;
-  while (!bytes.empty()) {
-    const std::size_t length = std::min(bytes.find('\r'), bytes.size());
-    std::string_view line = bytes.substr(0, length);
-    bytes.remove_prefix(length);
-    bytes.remove_prefix(bytes.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, bytes.size()));
+  Lines lines(bytes, options.lineFeedEnds);
+  while (!lines.AtEnd()) {
+    std::string_view line = lines.Next();
     if (line.empty()) continue;
     if (options.convertUtf8) {
       repaired.assign(line);

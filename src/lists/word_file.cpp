@@ -4,7 +4,9 @@
 #include <cstdint>
 
 #include "input/utf8_repair.h"
+#include "unicode/decoding.h"
 #include "util/ansi.h"
+#include "util/normalization.h"
 
 namespace quorvel {
 namespace {
@@ -36,8 +38,12 @@ class CommentFilter {
 }  // namespace
 
 Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
-                                                     const Alphabet& /*alphabet*/,
-                                                     Progress& progress) {
+                                                     const Alphabet& alphabet, Progress& progress) {
+  std::string unicode;
+  if (alphabet.ReadingOf() == Reading::unicode) {
+    unicode = Normalized(TextOfBytes(bytes).text);
+    bytes = unicode;
+  }
   if (bytes.starts_with(BYTE_ORDER_MARK)) bytes.remove_prefix(BYTE_ORDER_MARK.size());
   // Lines end in CR LF; trimming takes care of the LF. A list without any CR was
   // made where lines end in LF: taken as one line it would hold no word at all.
@@ -53,8 +59,8 @@ Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
     bytes.remove_prefix(std::min(length + 1, bytes.size()));
     if (comments.Takes(line)) continue;
     repaired = line;
-    RepairUtf8(repaired);
-    const std::u16string text = DecodeAnsi(repaired);
+    if (alphabet.ReadingOf() == Reading::windows1252) RepairUtf8(repaired);
+    const std::u16string text = alphabet.Decode(repaired);
     for (const std::u16string_view word : SplitAtBlanks(text)) words.emplace_back(word);
   }
   return words;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "run/fault_texts.h"
+#include "unicode/prepared_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
@@ -85,6 +86,16 @@ std::optional<std::string> ReadWordDocument(InputBytes document, const BodyLimit
   return *std::move(text);
 }
 
+// Tells why a text or page could not be read.
+void TellUnread(const Fault& fault, Conversation& ui) {
+  if (fault.kind == FaultKind::stopped) {
+    ui.AppendOutput("Stopped when reading file.\r\n");
+  } else {
+    ui.Ask(MessageOf(fault));
+    ui.SetOutput("");
+  }
+}
+
 std::optional<std::string> ReadTextOrPage(const InputBytes& input, EncodingChoice choice,
                                           bool& inputIsUtf8, bool& macNoticeShown,
                                           Conversation& ui) {
@@ -94,13 +105,32 @@ std::optional<std::string> ReadTextOrPage(const InputBytes& input, EncodingChoic
   }
   Result<std::string> text = ReadInputFile(input, inputIsUtf8, ui);
   if (text) return *std::move(text);
-  if (text.Why().kind == FaultKind::stopped) {
-    ui.AppendOutput("Stopped when reading file.\r\n");
-  } else {
-    ui.Ask(MessageOf(text.Why()));
-    ui.SetOutput("");
-  }
+  TellUnread(text.Why(), ui);
   return std::nullopt;
+}
+
+// The text of an input that is read as Unicode.
+std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOptions& options,
+                                        bool& macNoticeShown, Conversation& ui) {
+  const CheckOptions checks = {.reading = options.reading};
+  if (!CheckInputFile(input.Path(), input, checks, macNoticeShown, ui).accepted) {
+    ui.SetOutput("");
+    return std::nullopt;
+  }
+  Result<PreparedText> text = PrepareUnicodeText(input, {options.ignoreLists, options.notes}, ui);
+  if (text) return *std::move(text);
+  TellUnread(text.Why(), ui);
+  return std::nullopt;
+}
+
+std::shared_ptr<const Document> ObtainUnicodeDocument(InputBytes input,
+                                                      const ReadingRequest& request,
+                                                      bool& macNoticeShown, Conversation& ui) {
+  DocumentSource source = {input.Path(), input.Stamp(), request.digest};
+  const std::optional<PreparedText> text = ReadUnicode(input, request.options, macNoticeShown, ui);
+  if (!text) return nullptr;
+  input = {};
+  return MakeUnicodeDocument(std::move(source), request.options, text->text, text->replaced);
 }
 
 }  // namespace
@@ -108,6 +138,9 @@ std::optional<std::string> ReadTextOrPage(const InputBytes& input, EncodingChoic
 std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRequest& request,
                                                bool& inputIsUtf8, bool& macNoticeShown,
                                                Conversation& ui) {
+  if (request.options.reading == Reading::unicode) {
+    return ObtainUnicodeDocument(std::move(input), request, macNoticeShown, ui);
+  }
   DocumentSource source = {input.Path(), input.Stamp(), request.digest};
   std::optional<std::string> text;
   if (IsWordDocument(input)) {
@@ -117,7 +150,8 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
     input = {};
   }
   if (!text) return nullptr;
-  const ReadingOptions options = {Reading::windows1252, inputIsUtf8, request.ignoreLists};
+  ReadingOptions options = request.options;
+  options.isUtf8 = inputIsUtf8;
   Result<std::shared_ptr<const Document>> document =
       MakeDocument(std::move(source), options, *std::move(text), ui);
   if (document) return *std::move(document);

@@ -13,7 +13,7 @@ namespace quorvel {
 
 struct ReadingRequest {
   EncodingChoice encodingChoice = EncodingChoice::confirm;
-  bool ignoreLists = false;
+  ReadingOptions options = {};                     // of which the encoding may be settled otherwise
   std::shared_ptr<const InputDigest> digest = {};  // of the input; null where nobody wants it
   BodyLimits limits;
 };

@@ -10,7 +10,8 @@
 namespace quorvel {
 namespace {
 
-// What is said of one kind of fault; "@" stands for the file or the character that it is about.
+// What is said of one kind of fault; "@" stands for the file or the character that it is about, "#"
+// for the reason beside a file.
 struct FaultText {
   FaultKind kind;
   const char* text;
@@ -33,6 +34,8 @@ constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     {FaultKind::notRead, "File @\r\ncannot be read.", READ_ERROR, Icon::exclamation},
     {FaultKind::noHead, "This HTML file does not contain a HEAD section.", "Error",
      Icon::exclamation},
+    {FaultKind::unknownCharset, "File @\r\nis in the character set #, which cannot be read.",
+     READ_ERROR, Icon::exclamation},
     {FaultKind::textTooLong, "The text is longer than 2 GB.\r\nwhen reading input file.",
      READ_ERROR, Icon::exclamation},
     {FaultKind::noTemporaryFolder, "Unable to create temporary folder.", STANDARD_TITLE,
@@ -63,8 +66,8 @@ constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
      Icon::information},
 });
 
-std::string Filled(std::string text, const std::string& subject) {
-  const std::size_t place = text.find('@');
+std::string Filled(std::string text, char mark, const std::string& subject) {
+  const std::size_t place = text.find(mark);
   return place == std::string::npos ? text : text.replace(place, 1, subject);
 }
 
@@ -79,9 +82,9 @@ Message MessageOf(const Fault& fault) {
       std::find_if(FAULT_TEXTS.begin(), FAULT_TEXTS.end(),
                    [&fault](const FaultText& one) { return one.kind == fault.kind; });
   if (found == FAULT_TEXTS.end()) return {fault.reason};
-  Message message = {
-      Filled(found->text, VisibleName(fault.file.empty() ? fault.reason : fault.file)),
-      found->title, found->icon};
+  const std::string text = Filled(found->text, '#', VisibleName(fault.reason));
+  const std::string subject = VisibleName(fault.file.empty() ? fault.reason : fault.file);
+  Message message = {Filled(text, '@', subject), found->title, found->icon};
   if (fault.kind == FaultKind::notAllowedInStopWord && fault.reason == ",") {
     message.text += "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
   }

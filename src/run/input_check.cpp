@@ -24,7 +24,7 @@ void Inform(Conversation& ui, const std::string& text, const std::string& title)
 }
 
 // The message about a file that was read but is no text; empty when it is one.
-std::string FatalMessage(FileKind kind, const std::string& path) {
+std::string FatalMessage(FileKind kind, Reading reading, const std::string& path) {
   const std::string file = "File " + VisibleName(path);
   switch (kind) {
     case FileKind::empty:
@@ -33,6 +33,9 @@ std::string FatalMessage(FileKind kind, const std::string& path) {
       return file + "\r\ncontains only from 1 to 4 bytes.";
     case FileKind::rtf:
       return file + "\r\nis an RTF file.";
+    case FileKind::utf16:
+      if (reading == Reading::unicode) return {};
+      [[fallthrough]];
     case FileKind::otherUnicode:
       return file + "\r\nis a Unicode file but not UTF-8 encoded.";
     case FileKind::compound:
@@ -118,12 +121,13 @@ InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& inp
   const FileClass found = ClassifyTextFile(*input, EXAMINED_BYTES, true);
   InputCheck check = {false, found.kind, found.isUtf8};
   if (check.kind == FileKind::noPath) return check;
-  if (const std::string message = FatalMessage(check.kind, path); !message.empty()) {
+  if (const std::string message = FatalMessage(check.kind, options.reading, path);
+      !message.empty()) {
     Inform(ui, message, "Fatal error");
     return check;
   }
   check.accepted = true;
-  if (options.quiet) return check;
+  if (options.quiet || options.reading == Reading::unicode) return check;
   if (check.kind == FileKind::macText && !macNoticeShown) {
     macNoticeShown = true;
     ShowMacNotice(path, ui);
@@ -142,8 +146,10 @@ bool PassesOwnFilesGate(const std::string& path, Conversation& ui) {
   return !IsConcordanceFileName(path) && !IsIndexFileName(path);
 }
 
-bool PassesExtensionGate(const std::string& path, const std::string& title, Conversation& ui) {
+bool PassesExtensionGate(const std::string& path, Reading reading, const std::string& title,
+                         Conversation& ui) {
   const std::string extension = LowerExtensionOf(path);
+  if (reading == Reading::unicode && (extension == "odt" || extension == "epub")) return true;
   if (extension == "docx" || extension == "txt" || PathNamesHtml(path)) return true;
   Inform(ui, "This program acts only on text files,\r\nWord DOCX files and HTML files.", title);
   return false;
@@ -164,8 +170,8 @@ bool CheckInputReadable(const std::string& path, Conversation& ui) {
 bool SettleInputEncoding(const InputBytes& input, EncodingChoice choice, bool& inputIsUtf8,
                          bool& macNoticeShown, Conversation& ui) {
   const bool asks = choice == EncodingChoice::confirm;
-  const InputCheck check = CheckInputFile(
-      input.Path(), input, {.quiet = false, .askToContinue = asks}, macNoticeShown, ui);
+  const InputCheck check =
+      CheckInputFile(input.Path(), input, {.askToContinue = asks}, macNoticeShown, ui);
   if (!check.accepted) return false;
   if (check.isUtf8 == inputIsUtf8) return true;
   if (!asks) {

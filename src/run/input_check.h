@@ -7,12 +7,14 @@
 #include "files/read_file.h"
 #include "input/input_file.h"
 #include "run/conversation.h"
+#include "util/alphabet.h"
 #include "util/fault.h"
 
 namespace quorvel {
 
 struct CheckOptions {
-  bool quiet = false;          // only the fatal messages may appear
+  Reading reading = Reading::windows1252;  // in Unicode any line ends and UTF-16 will do
+  bool quiet = false;                      // only the fatal messages may appear
   bool askToContinue = false;  // ask, not only warn, about a large file with Unix line ends
 };
 
@@ -31,10 +33,10 @@ struct InputCheck {
 // Whether `path` names no file that the program itself writes; else the user is told.
 [[nodiscard]] bool PassesOwnFilesGate(const std::string& path, Conversation& ui);
 
-// The gate at the start of a run: only text files, DOCX files and web pages pass,
-// told by name alone. `title` is that of the message for all others.
-[[nodiscard]] bool PassesExtensionGate(const std::string& path, const std::string& title,
-                                       Conversation& ui);
+// The gate at the start of a run: only text files, DOCX files and web pages pass, in Unicode ODT
+// and EPUB files too, told by name alone. `title` is that of the message for all others.
+[[nodiscard]] bool PassesExtensionGate(const std::string& path, Reading reading,
+                                       const std::string& title, Conversation& ui);
 
 // Whether the input exists and is an ordinary file whose every character has a place that a 32-bit
 // number can hold. Tells the user if not. Does not open it.

@@ -100,6 +100,7 @@ bool Session::CheckChosenInput() {
   const bool isDocx = LowerExtensionOf(path) == "docx";
   if (!isDocx) ui_.AppendOutput("Checking file ...\r\n");
   CheckOptions options;
+  options.reading = settings_.reading;
   options.quiet = isDocx;
   const Result<InputBytes> input = InputNow();
   const InputCheck check = CheckInputFile(path, input, options, macNoticeShown_, ui_);
@@ -175,6 +176,23 @@ void Session::DropInput() {
 }
 
 void Session::DropWordsAtHand() { atHand_.reset(); }
+
+void Session::ChangeReading(Reading reading) {
+  Enter(settings_.keywordsFile, [this, reading] {
+    settings_.reading = reading;
+    DropWordsAtHand();
+    lists_.stopWords.loaded = false;
+    SilentConversation nobody;
+    KeywordLists& keywords = lists_.keywords;
+    if (!keywords.fileKeywords.empty()) {
+      (void)ReadKeywordsFile(settings_.keywordsFile, AlphabetNow(), keywords, nobody);
+    }
+  });
+}
+
+ReadingOptions Session::ReadingNow() const {
+  return {settings_.reading, settings_.inputIsUtf8, settings_.ignoreLists, settings_.notes};
+}
 
 bool Session::ReadNamedStopWords() {
   const StopWordList& list = lists_.stopWords;

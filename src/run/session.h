@@ -103,6 +103,9 @@ class Session {
   // The next run reads and scans its input, whatever is at hand.
   void DropWordsAtHand();
 
+  // Texts are read so from now on, and so are the word lists that are in use.
+  void ChangeReading(Reading reading);
+
   // Reads the stop words that the settings name and that have not been read. False when that could
   // not be done; the user has been told.
   [[nodiscard]] bool ReadNamedStopWords();
@@ -129,6 +132,7 @@ class Session {
   [[nodiscard]] FilesToKeep FilesOfRun() const;
   [[nodiscard]] Output ListingOutput() const;
   [[nodiscard]] bool WantsIndex() const;
+  [[nodiscard]] ReadingOptions ReadingNow() const;
 
   bool CheckChosenInput();
   void FollowInput(InputOrigin origin);

@@ -87,7 +87,8 @@ bool Session::CheckInput() {
   settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
   if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
   return PassesOwnFilesGate(settings_.inputFile, ui_) &&
-         PassesExtensionGate(settings_.inputFile, ListButtonCaption(settings_), ui_) &&
+         PassesExtensionGate(settings_.inputFile, settings_.reading, ListButtonCaption(settings_),
+                             ui_) &&
          CheckInputReadable(settings_.inputFile, ui_);
 }
 
@@ -140,8 +141,7 @@ RunOutcome Session::RunChecked() {
 bool Session::AreWordsAtHand() {
   if (!atHand_ || atHand_->inputFile != settings_.inputFile) return false;
   if (atHand_->reading != settings_.reading) return false;
-  const ReadingOptions options = {settings_.reading, settings_.inputIsUtf8, settings_.ignoreLists};
-  if (document_ != nullptr && document_->options != options) return false;
+  if (document_ != nullptr && document_->options != ReadingNow()) return false;
   if (IsInputAsItWas()) return true;
   if (atHand_->fromIndexFile && !ui_.StopRequested()) ShowBadIndexFile(ui_);
   return false;
@@ -167,7 +167,7 @@ bool Session::ReadDocument() {
   }
   ReadingRequest request;
   request.encodingChoice = options_.encodingChoice;
-  request.ignoreLists = settings_.ignoreLists;
+  request.options = ReadingNow();
   if (settings_.mode == Mode::create || atHand_) request.digest = DigestOf(*input);
   DropInput();
   document_ =

@@ -47,15 +47,15 @@ using WordsOfFile = std::vector<std::u16string>;
 
 // Whether the file may be taken for a list, as far as that is known before its words are read; the
 // user is told if not.
-bool IsListFile(const std::string& path, const Result<InputBytes>& file, const WordFileTexts& texts,
-                Conversation& ui) {
+bool IsListFile(const std::string& path, const Result<InputBytes>& file, const Alphabet& alphabet,
+                const WordFileTexts& texts, Conversation& ui) {
   if (!file && file.Why().kind == FaultKind::missing) {
     ui.Tell(std::string(texts.missing) + "\r\n" + VisibleName(path), texts.title);
     return false;
   }
   if (!file && file.Why().kind == FaultKind::notRead) return true;
   bool macNoticeShown = true;
-  const CheckOptions options = {.quiet = true, .askToContinue = false};
+  const CheckOptions options = {.reading = alphabet.ReadingOf(), .quiet = true};
   return CheckInputFile(path, file, options, macNoticeShown, ui).accepted;
 }
 
@@ -78,7 +78,7 @@ std::optional<WordsOfFile> ReadWordFile(const std::string& path, const Alphabet&
   if (path.empty()) return std::nullopt;
   SilentProgress nobody;
   const Result<InputBytes> file = ReadInput(path, nobody);
-  if (!IsListFile(path, file, texts, ui)) return std::nullopt;
+  if (!IsListFile(path, file, alphabet, texts, ui)) return std::nullopt;
   ui.SetOutput(std::string(texts.progress) + " ...");
   if (!file) {
     ui.Tell(

@@ -34,7 +34,9 @@ struct ConcordanceSettings {
   bool saveStateOnQuit = false;
   bool warnOnOverwrite = false;
   bool inputIsUtf8 = false;
-  Reading reading = Reading::windows1252;  // asked for anew each time: in no settings file
+  // These are asked for anew each time and stand in no settings file.
+  Reading reading = Reading::windows1252;
+  bool notes = false;  // those of a word-processor document are read too, in Unicode
   std::string extraKeywords;
   bool ignoreLists = false;
   bool allowWordsWithHyphens = true;

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <vector>
 
 #include "util/ansi.h"
+#include "util/normalization.h"
 
 // What Unicode says of a character comes from a library, whose look-ups are too slow for each
 // character of a text. For code units it is looked up once and stands in tables; characters of two
@@ -86,19 +86,6 @@ void AppendFolded(std::u16string& folded, char32_t ch) {
       AppendCodePoint(folded, part);
     }
   }
-}
-
-std::u16string NormalForm(std::u16string_view text) {
-  const std::string bytes = EncodeUtf8(text);
-  utf8proc_uint8_t* composed = nullptr;
-  const utf8proc_ssize_t length = utf8proc_map(
-      reinterpret_cast<const utf8proc_uint8_t*>(bytes.data()),  // NOLINT(*-reinterpret-cast)
-      std::ssize(bytes), &composed,
-      static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
-  if (length < 0) return std::u16string(text);
-  const std::string normal(composed, composed + length);
-  std::free(composed);  // NOLINT(*-no-malloc): the library asks for that
-  return DecodeUtf8(normal);
 }
 
 }  // namespace
@@ -236,7 +223,8 @@ std::size_t Alphabet::CodeUnitsIn(std::string_view bytes) const {
 }
 
 std::u16string Alphabet::Typed(std::string_view text) const {
-  return reading_ == Reading::unicode ? NormalForm(DecodeUtf8(text)) : DecodeUtf8(text);
+  return reading_ == Reading::unicode ? DecodeUtf8(Normalized(EncodeUtf8(DecodeUtf8(text))))
+                                      : DecodeUtf8(text);
 }
 
 }  // namespace quorvel

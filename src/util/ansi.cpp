@@ -73,7 +73,9 @@ SequenceShape ShapeOf(std::uint8_t first) {
   return {0, 0, 0};
 }
 
-void AppendSequence(std::string& bytes, char32_t codePoint) {
+}  // namespace
+
+void AppendUtf8(std::string& bytes, char32_t codePoint) {
   const auto put = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
   if (codePoint < 0x80) {
     put(codePoint);
@@ -91,8 +93,6 @@ void AppendSequence(std::string& bytes, char32_t codePoint) {
   }
   put(0x80 | (codePoint & 0x3FU));
 }
-
-}  // namespace
 
 // Widened in blocks; only a block that holds a byte with another number than its
 // character is looked at byte by byte.
@@ -199,7 +199,7 @@ void AppendUtf8(std::string& bytes, std::u16string_view text) {
       i += units.size();
     } else {
       for (const std::size_t end = i + units.size(); i < end;) {
-        AppendSequence(bytes, NextCodePoint(text, i));
+        AppendUtf8(bytes, NextCodePoint(text, i));
       }
     }
   }

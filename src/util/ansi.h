@@ -36,8 +36,9 @@ void AppendAnsi(std::string& bytes, std::u16string_view text);
 // The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
 
-// The same, appended to `bytes`.
+// The same, appended to `bytes`; and the UTF-8 bytes of one code point up to 10FFFF hex.
 void AppendUtf8(std::string& bytes, std::u16string_view text);
+void AppendUtf8(std::string& bytes, char32_t codePoint);
 
 // The code point that begins at the 0-based `place`, which is moved behind it; U+FFFD for a lone
 // surrogate.

@@ -23,6 +23,7 @@ enum class FaultKind {
   notWritten,
   // A document.
   noHead,             // a web page without a head
+  unknownCharset,     // one that cannot be read: `reason` names it
   textTooLong,        // more characters than a position can tell
   noTemporaryFolder,  // none could be made
   temporaryFolderFull,

@@ -25,6 +25,11 @@ TEST(TextFile, JoinsLines) {
     EXPECT_EQ(ReadTextFile(bytes, {isUtf8, LineJoin::slash}), text) << name;
   }
   EXPECT_EQ(ReadTextFile("a\r\nb", {false, LineJoin::blank}), "a b");
+  const std::pair<const char*, const char*> lineFeeds[] = {
+      {"\na\nb\rc\r\nd\n\re\n\n", "a / b / c / d / e"}, {"a\r\r\nb", "a / b"}, {"a\nb", "a / b"}};
+  for (const auto& [bytes, text] : lineFeeds) {
+    EXPECT_EQ(ReadTextFile(bytes, {.lineFeedEnds = true}), text) << text;
+  }
 }
 
 }  // namespace

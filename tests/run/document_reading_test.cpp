@@ -94,9 +94,10 @@ TEST(DocumentReading, OfATextLeavesTheBoxAsFarAsItCame) {
     const auto digest = std::make_shared<const InputDigest>(InputBytes("a", "abc"));
     bool isUtf8 = false;
     bool macNoticeShown = false;
-    const auto document = ObtainDocument(InputBytes(row.file, row.bytes),
-                                         {EncodingChoice::adoptDetected, true, digest, {}}, isUtf8,
-                                         macNoticeShown, ui);
+    const auto document =
+        ObtainDocument(InputBytes(row.file, row.bytes),
+                       {EncodingChoice::adoptDetected, {.ignoreLists = true}, digest, {}}, isUtf8,
+                       macNoticeShown, ui);
     EXPECT_EQ(ui.output, row.output);
     EXPECT_EQ(ui.Said(row.file), row.said);
     ASSERT_EQ(document != nullptr, isUtf8);

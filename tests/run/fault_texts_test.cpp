@@ -13,6 +13,8 @@ TEST(FaultTexts, NameWhatFailedAndWhere) {
       {{notAFile, "a\tb", ""}, "Fatal error: File a\\tb\r\nis a device or a pipe, not a file."},
       {{textTooLong, "a.txt", ""},
        "Read error: The text is longer than 2 GB.\r\nwhen reading input file."},
+      {{unknownCharset, "a#.htm", "koi8-r"},
+       "Read error: File a#.htm\r\nis in the character set koi8-r, which cannot be read."},
       {{fileNotRemoved, "@/@", ""}, "Error: Error when attempting to delete @/@"},
       {{folderNotRemoved, "f", ""}, "Error: f when attempting to delete folder "},
       {{notAllowedInStopWord, "", ","},

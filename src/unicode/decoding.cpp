@@ -1,0 +1,192 @@
+#include "unicode/decoding.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "util/ansi.h"
+#include "util/large_pages.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view REPLACEMENT = "\xEF\xBF\xBD";
+
+// What the second byte of a UTF-8 sequence may be, and how long it is, by its first byte.
+struct LeadByte {
+  std::size_t length;
+  std::uint8_t lowest;
+  std::uint8_t highest;
+};
+
+constexpr LeadByte LeadByteOf(std::uint8_t byte) {
+  if (byte < 0x80) return {1, 0, 0};
+  if (byte < 0xC2 || byte > 0xF4) return {0, 0, 0};
+  if (byte < 0xE0) return {2, 0x80, 0xBF};
+  // Neither longer than need be, nor a surrogate, nor above the last character.
+  if (byte == 0xE0) return {3, 0xA0, 0xBF};
+  if (byte == 0xED) return {3, 0x80, 0x9F};
+  if (byte < 0xF0) return {3, 0x80, 0xBF};
+  if (byte == 0xF0) return {4, 0x90, 0xBF};
+  return {4, 0x80, static_cast<std::uint8_t>(byte == 0xF4 ? 0x8F : 0xBF)};
+}
+
+// The front of some bytes: one character, or what stands there instead of one.
+struct Sequence {
+  std::size_t length;
+  bool isValid;
+};
+
+Sequence SequenceAt(std::string_view bytes) {
+  const LeadByte lead = LeadByteOf(static_cast<std::uint8_t>(bytes.front()));
+  if (lead.length == 0) return {1, false};
+  const std::size_t end = std::min(lead.length, bytes.size());
+  for (std::size_t i = 1; i < end; ++i) {
+    const auto byte = static_cast<std::uint8_t>(bytes[i]);
+    const bool fits = i == 1 ? byte >= lead.lowest && byte <= lead.highest : (byte >> 6U) == 2;
+    if (!fits) return {i, false};
+  }
+  return {end, end == lead.length};
+}
+
+// The first place from `place` on that is no ASCII.
+std::size_t SkipAscii(std::string_view bytes, std::size_t place) {
+  constexpr std::uint64_t HIGH_BITS = 0x8080808080808080;
+  std::uint64_t eight = 0;
+  while (place + sizeof(eight) <= bytes.size()) {
+    std::memcpy(&eight, bytes.data() + place, sizeof(eight));
+    if ((eight & HIGH_BITS) != 0) break;
+    place += sizeof(eight);
+  }
+  while (place < bytes.size() && static_cast<std::uint8_t>(bytes[place]) < 0x80) ++place;
+  return place;
+}
+
+struct Utf8Counts {
+  std::int64_t characters = 0;    // of several bytes
+  std::int64_t wrongBytes = 0;    // those that are no UTF-8
+  std::int64_t replacements = 0;  // to be put in their place
+};
+
+Utf8Counts CountUtf8(std::string_view bytes) {
+  Utf8Counts counts;
+  for (std::size_t place = SkipAscii(bytes, 0); place < bytes.size();) {
+    const Sequence sequence = SequenceAt(bytes.substr(place));
+    place += sequence.length;
+    if (sequence.isValid) {
+      ++counts.characters;
+    } else {
+      ++counts.replacements;
+      counts.wrongBytes += static_cast<std::int64_t>(sequence.length);
+    }
+    if (place < bytes.size() && static_cast<std::uint8_t>(bytes[place]) < 0x80) {
+      place = SkipAscii(bytes, place);
+    }
+  }
+  return counts;
+}
+
+Utf8Text FromUtf8(std::string_view bytes, std::int64_t replacements) {
+  Utf8Text utf8{{}, replacements};
+  ReserveLarge(utf8.text, bytes.size() + 2 * static_cast<std::size_t>(replacements));
+  std::size_t copied = 0;
+  for (std::size_t place = 0; replacements > 0 && place < bytes.size();) {
+    const Sequence sequence = SequenceAt(bytes.substr(place));
+    if (!sequence.isValid) {
+      utf8.text.append(bytes, copied, place - copied).append(REPLACEMENT);
+      copied = place + sequence.length;
+    }
+    place += sequence.length;
+  }
+  utf8.text.append(bytes, copied, std::string_view::npos);
+  return utf8;
+}
+
+std::uint32_t UnitAt(std::string_view bytes, std::size_t place, Charset charset) {
+  const auto first = static_cast<std::uint8_t>(bytes[place]);
+  const auto second = static_cast<std::uint8_t>(bytes[place + 1]);
+  const bool isLittle = charset == Charset::utf16LittleEndian;
+  return isLittle ? first | second << 8U : first << 8U | second;
+}
+
+Utf8Text FromUtf16(std::string_view bytes, Charset charset) {
+  Utf8Text utf8;
+  ReserveLarge(utf8.text, bytes.size());
+  std::size_t place = 0;
+  for (; place + 2 <= bytes.size(); place += 2) {
+    std::uint32_t codePoint = UnitAt(bytes, place, charset);
+    const bool isSurrogate = (codePoint & 0xF800U) == 0xD800;
+    const std::uint32_t next =
+        isSurrogate && place + 4 <= bytes.size() ? UnitAt(bytes, place + 2, charset) : 0;
+    if (isSurrogate && codePoint < 0xDC00 && (next & 0xFC00U) == 0xDC00) {
+      codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (next - 0xDC00);
+      place += 2;
+    } else if (isSurrogate) {
+      codePoint = 0xFFFD;
+      ++utf8.replaced;
+    }
+    AppendUtf8(utf8.text, codePoint);
+  }
+  if (place < bytes.size()) {
+    utf8.text += REPLACEMENT;
+    ++utf8.replaced;
+  }
+  return utf8;
+}
+
+std::string FromIso885915(std::string_view bytes) {
+  std::u16string text = DecodeAnsi(bytes);
+  constexpr std::u16string_view WINDOWS = u"\u00A4\u00A6\u00A8\u00B4\u00B8\u00BC\u00BD\u00BE";
+  constexpr std::u16string_view ISO = u"\u20AC\u0160\u0161\u017D\u017E\u0152\u0153\u0178";
+  for (char16_t& ch : text) {
+    const std::size_t place = WINDOWS.find(ch);
+    if (place != std::u16string_view::npos) ch = ISO[place];
+  }
+  return EncodeUtf8(text);
+}
+
+}  // namespace
+
+std::optional<CharsetMark> CharsetMarkOf(std::string_view bytes) {
+  using namespace std::string_view_literals;
+  struct Mark {
+    std::string_view bytes;
+    Charset charset;
+  };
+  // The longer of those that begin alike comes first.
+  constexpr std::array MARKS = {
+      Mark{"\xFF\xFE\0\0"sv, Charset::utf32}, Mark{"\0\0\xFE\xFF"sv, Charset::utf32},
+      Mark{BYTE_ORDER_MARK, Charset::utf8}, Mark{"\xFF\xFE"sv, Charset::utf16LittleEndian},
+      Mark{"\xFE\xFF"sv, Charset::utf16BigEndian}};
+  for (const Mark& mark : MARKS) {
+    if (bytes.starts_with(mark.bytes)) return CharsetMark{mark.charset, mark.bytes.size()};
+  }
+  return std::nullopt;
+}
+
+Utf8Text Decode(std::string_view bytes, Charset charset) {
+  switch (charset) {
+    case Charset::utf8:
+      return FromUtf8(bytes, CountUtf8(bytes).replacements);
+    case Charset::utf16LittleEndian:
+    case Charset::utf16BigEndian:
+      return FromUtf16(bytes, charset);
+    case Charset::iso885915:
+      return {FromIso885915(bytes)};
+    case Charset::utf32:
+    case Charset::windows1252:
+      break;
+  }
+  return {EncodeUtf8(DecodeAnsi(bytes))};
+}
+
+Utf8Text TextOfBytes(std::string_view bytes) {
+  if (const std::optional<CharsetMark> mark = CharsetMarkOf(bytes)) {
+    return Decode(bytes.substr(mark->length), mark->charset);
+  }
+  const Utf8Counts counts = CountUtf8(bytes);
+  const bool isUtf8 = counts.wrongBytes == 0 || counts.characters > counts.wrongBytes;
+  return isUtf8 ? FromUtf8(bytes, counts.replacements) : Decode(bytes, Charset::windows1252);
+}
+
+}  // namespace quorvel
