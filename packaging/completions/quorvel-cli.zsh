@@ -13,6 +13,7 @@ _arguments -s -S \
   '--use-index[take the words from the index file]' \
   '(-j --jobs)'{-j,--jobs=}'[work on so many of several documents at once]:jobs: ' \
   '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi)' \
+  '--output-encoding=[the encoding of the concordance]:encoding:(windows-1252 utf-8)' \
   '(--search)--create[list all words]' \
   '(--create)--search[list keywords only]' \
   '(-k --keywords-file --no-keywords-file)'{-k,--keywords-file=}'[a file of words to search for]:keywords file:_files -g "*.(#i)txt"' \

@@ -54,6 +54,15 @@ bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool
   return !report.fileFault;
 }
 
+// Standard output is for terminals and for other programs, which know UTF-8 and lines that end in
+// LF alone. A file is as it is composed, unless another encoding is asked for.
+std::optional<TextForm> FormOf(const CommandLine& commandLine) {
+  const bool isShown = commandLine.toStandardOutput;
+  if (!isShown && !commandLine.outputCoding) return std::nullopt;
+  const Coding coding = commandLine.outputCoding.value_or(Coding::utf8);
+  return TextForm{coding, !isShown || coding == Coding::windows1252};
+}
+
 SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
                          const std::string& resultPath) {
   SessionOptions options;
@@ -67,6 +76,7 @@ SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
     options.sinkPath = resultPath;
     options.rowsNameInput = !commandLine.inputs.empty();
   }
+  options.form = FormOf(commandLine);
   return options;
 }
 

@@ -163,6 +163,11 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       app, "--encoding",
       {{"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}},
       raw.encoding, "auto, utf-8 or ansi. Default: auto, which adopts what is detected");
+  AddChoice<std::optional<Coding>>(
+      app, "--output-encoding", {{"windows-1252", Coding::windows1252}, {"utf-8", Coding::utf8}},
+      commandLine.outputCoding,
+      "windows-1252 or utf-8, for the concordance and the search results. Default: windows-1252 in "
+      "a file, utf-8 on standard output, where lines then end in LF. The rows are always UTF-8");
 }
 
 void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
@@ -306,6 +311,9 @@ void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine&
   if (commandLine.format == OutputFormat::text) return;
   if (CountOf(app, "--frequencies") > 0 && !commandLine.settings.showFrequencies) {
     throw CLI::ValidationError("--no-frequencies", "only with --format text");
+  }
+  if (commandLine.outputCoding == Coding::windows1252) {
+    throw CLI::ValidationError("--output-encoding", "the rows of --format are UTF-8");
   }
   if (CountOf(app, "--save-settings") > 0) {
     throw CLI::ValidationError("--save-settings", "no settings file keeps a --format");

@@ -10,6 +10,7 @@
 #include "run/listing_run.h"
 #include "settings/settings.h"
 #include "util/piece_makers.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 
@@ -26,6 +27,7 @@ struct CommandLine {
   std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
   OutputFormat format = OutputFormat::text;
   bool toStandardOutput = false;
+  std::optional<Coding> outputCoding;  // of the text that is written; empty: as is usual there
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;
 

@@ -91,7 +91,9 @@ class ListingRun {
     mayReplace_ = isFinal;
     const DocumentSource& source = listing_.Source().source;
     const std::string digest = mode_ == Mode::create ? source.digest->Text() : "";
-    writer_.emplace(target_, FileHeader(mode_, source.path, digest, std::time(nullptr)), LINE_END);
+    std::string header = FileHeader(mode_, source.path, digest, std::time(nullptr));
+    writer_.emplace(target_, InForm(std::move(header), Coding::utf8, target_.form), LINE_END,
+                    FormChanger(target_.coding, target_.form));
   }
 
   bool Take(std::string_view piece) {

@@ -23,6 +23,7 @@
 #include "run/outputs.h"
 #include "settings/settings.h"
 #include "settings/settings_file.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 
@@ -44,6 +45,7 @@ struct SessionOptions {
   ByteSink outputSink = {};    // where set, the bytes of the listing go here and to no named file
   std::string sinkPath = {};   // of the file behind the sink, if any: it is an output like others
   bool rowsNameInput = false;  // they go into a table of several documents
+  std::optional<TextForm> form = {};  // of the text that is written, where not as it is composed
 };
 
 class Session {

@@ -263,6 +263,7 @@ RunOutcome Session::List() {
   target.kept = FilesOfRun();
   target.targets = options_.targets;
   target.sink = options_.outputSink;
+  target.form = options_.form.value_or(TextForm{target.coding, true});
   if (options_.rowsNameInput) target.nameInTable = settings_.inputFile;
   report_ = ListWords(*listing_, target, ui_);
   return OutcomeOf(report_.outcome);

@@ -109,6 +109,8 @@ TEST(Options, RefuseWrongUsage) {
       {"a.txt --format tsv --no-frequencies", "--no-frequencies: only with --format text"},
       {"a.txt --format tsv --save-settings s",
        "--save-settings: no settings file keeps a --format"},
+      {"a.txt --format json --output-encoding windows-1252",
+       "--output-encoding: the rows of --format are UTF-8"},
       {"-", "INPUT: a document is read from a file, not from standard input"},
       {"a.txt --order 1", "--order: 1 not in {alphabetical,frequency}"},
       {"a.txt --language x", "--language: x not in {auto,none,all,en,de,es,pt,it,fr}"},

@@ -14,16 +14,15 @@ TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
   const std::string unknown = "zz yy the xqwv\r\n";
   // The options, the text, the words listed; what is said in the end.
   const std::tuple<std::string, std::string, std::string, std::string> rows[] = {
-      {"", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n", ""},
-      {"--language de", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n", "stwds_de.txt\n"},
-      {"--language all", german, "Hund 1\r\nKatze 1\r\n", "stwds_en_de_es_pt_it_fr.txt\n"},
-      {"--language none", unknown, "the 1\r\nxqwv 1\r\n", ""},
-      {"", "zz yy xqwv vwqx\r\n", "vwqx 1\r\nxqwv 1\r\n", ""},
-      {"--language en -q", unknown, "xqwv 1\r\n", ""},
-      {"--stop-words w.txt", unknown, "the 1\r\n",
-       "quorvel-cli: One stop word loaded from w.txt\n"},
-      {"--stop-words w.txt -q --language fr", unknown, "the 1\r\n", ""},
-      {"-k w.txt", unknown, "xqwv 1\r\n", "quorvel-cli: One keyword word loaded from w.txt\n"},
+      {"", german, "Hund 1\nKatze 1\nthe 1\n", ""},
+      {"--language de", german, "Hund 1\nKatze 1\nthe 1\n", "stwds_de.txt\n"},
+      {"--language all", german, "Hund 1\nKatze 1\n", "stwds_en_de_es_pt_it_fr.txt\n"},
+      {"--language none", unknown, "the 1\nxqwv 1\n", ""},
+      {"", "zz yy xqwv vwqx\r\n", "vwqx 1\nxqwv 1\n", ""},
+      {"--language en -q", unknown, "xqwv 1\n", ""},
+      {"--stop-words w.txt", unknown, "the 1\n", "quorvel-cli: One stop word loaded from w.txt\n"},
+      {"--stop-words w.txt -q --language fr", unknown, "the 1\n", ""},
+      {"-k w.txt", unknown, "xqwv 1\n", "quorvel-cli: One keyword word loaded from w.txt\n"},
   };
   for (const auto& [options, text, words, end] : rows) {
     SCOPED_TRACE(options);
@@ -31,7 +30,7 @@ TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
     (void)folder.Write("a.txt", text);
     (void)folder.Write("w.txt", "xqwv\r\n");
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt -c 0 -o - " + options), 0);
-    EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + words + "\r\n")) << folder.Read("out");
+    EXPECT_TRUE(folder.Read("out").ends_with("\n\n" + words + "\n")) << folder.Read("out");
     std::string said = folder.Read("err");
     std::erase(said, '\r');
     EXPECT_TRUE(end.empty() ? said.empty() : said.ends_with(end)) << said;
