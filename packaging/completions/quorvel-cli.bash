@@ -22,6 +22,7 @@ _quorvel_cli() {
   fi
   COMPREPLY=()
   case $option in
+    --input-type) values='txt html docx odt epub' ;;
     --format) values='text tsv json' ;;
     --encoding) values='auto utf-8 ansi' ;;
     --output-encoding) values='windows-1252 utf-8' ;;
@@ -45,7 +46,7 @@ _quorvel_cli() {
     -e | --keywords | --extra-stop-words | -j | --jobs) return ;; # the user's own
   esac
   if [[ -z $values && $word == -* ]]; then
-    values='-h --help -o --output --format -s --settings --save-settings --index --no-index
+    values='-h --help --input-type -o --output --format -s --settings --save-settings --index --no-index
       --use-index -j --jobs --encoding --output-encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
       -c --context --order --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens
       --no-hyphens --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words

@@ -2,6 +2,7 @@
 
 complete -c quorvel-cli -s h -l help -d 'show the options'
 complete -c quorvel-cli -s V -l version -d 'show the version'
+complete -c quorvel-cli -l input-type -xa 'txt html docx odt epub' -d 'what standard input is, the input -'
 complete -c quorvel-cli -s o -l output -rF -d 'the concordance or search-results file, - for standard output'
 complete -c quorvel-cli -l format -xa 'text tsv json' -d 'the concordance, or its occurrences as rows'
 complete -c quorvel-cli -s s -l settings -rF -d 'start from a settings file'

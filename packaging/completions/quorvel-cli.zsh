@@ -4,6 +4,7 @@
 _arguments -s -S \
   '(- *)'{-h,--help}'[show the options]' \
   '(- *)'{-V,--version}'[show the version]' \
+  '--input-type=[what standard input is, the input -]:type:(txt html docx odt epub)' \
   '(-o --output)'{-o,--output=}'[the concordance or search-results file, - for standard output]:output file:_files' \
   '--format=[the concordance, or its occurrences as rows]:format:(text tsv json)' \
   '(-s --settings)'{-s,--settings=}'[start from a settings file]:settings file:_files -g "*.(#i)lvz"' \

@@ -1,7 +1,12 @@
 #include "cli/document_run.h"
 
+#include <utility>
+
 #include "cli/exit_status.h"
+#include "cli/platform.h"
+#include "cli/standard_input.h"
 #include "cli/word_lists.h"
+#include "run/fault_texts.h"
 #include "run/session.h"
 #include "util/visible_text.h"
 
@@ -30,6 +35,12 @@ int SaveSettings(Session& session, const std::string& path, TerminalInterface& u
   const std::optional<std::string> errorText = session.SaveSettings(path);
   if (errorText && errorText->empty()) return 0;
   if (errorText) ui.SayOf(path, *errorText);
+  return exit_status::FAILED;
+}
+
+int SayUnread(const Fault& fault, TerminalInterface& ui) {
+  if (fault.kind == FaultKind::stopped) return exit_status::STOPPED;
+  ui.Ask(MessageOf(fault));
   return exit_status::FAILED;
 }
 
@@ -104,13 +115,21 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
 }  // namespace
 
 const std::string& FileOf(const CommandLine& commandLine) {
+  static const std::string standardInput = STANDARD_INPUT;  // made where there is memory
+  if (commandLine.readsStandardInput) return standardInput;
   const bool saves = !commandLine.settingsFileToSave.empty();
   return saves ? commandLine.settingsFileToSave : commandLine.settings.inputFile;
 }
 
 int RunDocument(const CommandLine& commandLine, const ByteSink& result,
                 const std::string& resultPath, TerminalInterface& ui) {
-  Session session(ui, OptionsOf(commandLine, result, resultPath));
+  SessionOptions options = OptionsOf(commandLine, result, resultPath);
+  if (commandLine.readsStandardInput) {
+    Result<InputBytes> input = ReadStandardInput(commandLine.settings.inputFile, ui);
+    if (!input) return SayUnread(input.Why(), ui);
+    options.input = GivenInput{*std::move(input), STANDARD_INPUT, FilePathOf(Stream::input)};
+  }
+  Session session(ui, std::move(options));
   session.Settings() = commandLine.settings;
   if (!commandLine.settingsFile.empty()) session.KeepSettingsFile(commandLine.settingsFile);
   int status = exit_status::FAILED;

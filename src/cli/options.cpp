@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/exit_status.h"
+#include "cli/standard_input.h"
 #include "files/file_system.h"
 #include "files/path_names.h"
 #include "lists/languages.h"
@@ -94,6 +95,7 @@ std::string HelpText(const CLI::App& app) {
 // Options that stand for more than one field.
 struct RawOptions {
   std::vector<std::string> inputs;
+  std::string inputType = "txt";
   std::string outputFile;
   Encoding encoding = Encoding::detected;
   int minCount = 0;
@@ -129,10 +131,15 @@ CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path
 
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   AddFileNames(app, "INPUT", raw.inputs,
-               "the document: a text file, a web page or a DOCX document. Several, and all in a "
-               "folder, are each listed beside themselves")
+               "the document: a text file, a web page or a DOCX document; \"-\" for standard "
+               "input, which is listed to standard output. Several, and all in a folder, are each "
+               "listed beside themselves")
       .option_text(" ")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  AddChoice<std::string>(
+      app, "--input-type",
+      {{"txt", "txt"}, {"html", "html"}, {"docx", "docx"}, {"odt", "odt"}, {"epub", "epub"}},
+      raw.inputType, "what standard input is: txt, html, docx, odt or epub. Default: txt");
   AddFile(app, "-o,--output", raw.outputFile,
           "the concordance or search-results file; \"-\" for standard output. Default: for a "
           "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
@@ -303,11 +310,32 @@ void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLin
   }
 }
 
+bool HoldStandardInput(const std::vector<std::string>& inputs) {
+  return std::ranges::find(inputs, "-") != inputs.end();
+}
+
+// Standard input is no file: nothing stands beside it, and it cannot be named.
+void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
+  if (!HoldStandardInput(raw.inputs)) {
+    if (CountOf(app, "--input-type") == 0) return;
+    throw CLI::ValidationError("--input-type", "only for standard input, the document \"-\"");
+  }
+  if (raw.inputs.size() > 1) {
+    throw CLI::ValidationError("INPUT", "standard input is read alone, beside no other document");
+  }
+  if (commandLine.useIndex ||
+      (CountOf(app, "--index") > 0 && commandLine.settings.createIndexFile)) {
+    throw CLI::ValidationError(commandLine.useIndex ? "--use-index" : "--index",
+                               "standard input has no index file");
+  }
+  if (CountOf(app, "--save-settings") > 0) {
+    throw CLI::ValidationError("--save-settings", "no settings file can name standard input");
+  }
+}
+
 // Refuses what makes no sense together.
 void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
-  if (std::ranges::find(raw.inputs, "-") != raw.inputs.end()) {
-    throw CLI::ValidationError("INPUT", "a document is read from a file, not from standard input");
-  }
+  CheckInputs(app, raw, commandLine);
   if (commandLine.format == OutputFormat::text) return;
   if (CountOf(app, "--frequencies") > 0 && !commandLine.settings.showFrequencies) {
     throw CLI::ValidationError("--no-frequencies", "only with --format text");
@@ -320,10 +348,21 @@ void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine&
   }
 }
 
+// Standard input has nobody left to answer questions, and no place beside it for what comes of it.
+void ApplyStandardInput(RawOptions& raw, CommandLine& commandLine) {
+  commandLine.readsStandardInput = true;
+  commandLine.settings.inputFile = std::string(STANDARD_INPUT) + "." + raw.inputType;
+  commandLine.settings.createIndexFile = false;
+  commandLine.answerPolicy = AnswerPolicy::preset;
+  if (raw.outputFile.empty()) raw.outputFile = "-";
+}
+
 // One document goes into the settings, which may name one already.
-void ApplyInputs(const RawOptions& raw, CommandLine& commandLine) {
+void ApplyInputs(RawOptions& raw, CommandLine& commandLine) {
   const std::vector<std::string>& inputs = raw.inputs;
-  if (inputs.size() > 1 || (inputs.size() == 1 && FolderExists(inputs.front()))) {
+  if (HoldStandardInput(inputs)) {
+    ApplyStandardInput(raw, commandLine);
+  } else if (inputs.size() > 1 || (inputs.size() == 1 && FolderExists(inputs.front()))) {
     commandLine.inputs = inputs;
   } else if (!inputs.empty()) {
     commandLine.settings.inputFile = inputs.front();
@@ -345,7 +384,7 @@ void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
   }
 }
 
-void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
+void ApplyRawOptions(const CLI::App& app, RawOptions& raw, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
   ApplyInputs(raw, commandLine);
   const bool keywordsGiven = CountOf(app, "-k") + CountOf(app, "-e") > 0;

@@ -18,6 +18,8 @@ struct CommandLine {
   ConcordanceSettings settings;
   // The documents and folders, where they are not one document alone: that stands in the settings.
   std::vector<std::string> inputs;
+  // The document comes by standard input; its path in the settings tells its kind alone.
+  bool readsStandardInput = false;
   bool listsBesideInputs = false;  // each of them; else what is listed of all goes one way
   unsigned jobs = Processors();    // how many of them are worked on at once
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;

@@ -46,6 +46,13 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
+void Replace(std::string& text, std::string_view from, std::string_view to) {
+  for (std::size_t place = text.find(from); place != std::string::npos;
+       place = text.find(from, place + to.size())) {
+    text.replace(place, from.size(), to);
+  }
+}
+
 Answer AnswerBy(AnswerPolicy policy, const Message& message) {
   if (policy == AnswerPolicy::preset) return message.preset;
   return policy == AnswerPolicy::yes ? Answer::yes : Answer::no;
@@ -140,7 +147,9 @@ void TerminalInterface::SayOf(std::string_view path, std::string_view reason) {
 // In one go, so that the lines of several runs do not mix.
 void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();
-  (void)Write(Stream::error, "quorvel-cli: " + OneLine(text) + '\n');
+  std::string line = "quorvel-cli: " + OneLine(text) + '\n';
+  if (!inputName_.empty()) Replace(line, inputFile_, inputName_);
+  (void)Write(Stream::error, line);
 }
 
 bool TerminalInterface::WriteResult(std::string_view bytes) {

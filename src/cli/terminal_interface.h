@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "cli/platform.h"
 #include "run/conversation.h"
@@ -39,6 +40,9 @@ class TerminalInterface : public Conversation {
   void OfferStop(bool /*offered*/) override {}  // Ctrl-C is always there
   void YieldNow() override;
 
+  // Calls the input so wherever messages would have its path.
+  void CallInput(std::string name) { inputName_ = std::move(name); }
+
   // Writes the text to standard error, as one line that names the program and the input
   // file: several runs may share one log.
   void Say(std::string_view text);
@@ -61,6 +65,7 @@ class TerminalInterface : public Conversation {
   std::optional<AnswerPolicy> policy_;
   bool quiet_;
   std::string inputFile_;  // as messages show it
+  std::string inputName_;  // in its place, if not empty
   bool showsProgress_;
   bool barShown_ = false;
   bool resultFailed_ = false;

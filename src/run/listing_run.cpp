@@ -91,7 +91,8 @@ class ListingRun {
     mayReplace_ = isFinal;
     const DocumentSource& source = listing_.Source().source;
     const std::string digest = mode_ == Mode::create ? source.digest->Text() : "";
-    std::string header = FileHeader(mode_, source.path, digest, std::time(nullptr));
+    const std::string& input = target_.inputName ? *target_.inputName : source.path;
+    std::string header = FileHeader(mode_, input, digest, std::time(nullptr));
     writer_.emplace(target_, InForm(std::move(header), Coding::utf8, target_.form), LINE_END,
                     FormChanger(target_.coding, target_.form));
   }

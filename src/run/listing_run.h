@@ -40,9 +40,10 @@ struct ListingTarget {
   bool asksBeforeReplacing = false;
   FilesToKeep kept;
   Targets targets = Targets::all;
-  ByteSink sink;                        // where set, the bytes go here and no file is written
-  Coding coding = Coding::windows1252;  // of the pieces of the listing, whose lines end in CR LF
-  TextForm form;                        // in which it is written; rows have their own
+  ByteSink sink;                         // where set, the bytes go here and no file is written
+  Coding coding = Coding::windows1252;   // of the pieces of the listing, whose lines end in CR LF
+  TextForm form;                         // in which it is written; rows have their own
+  std::optional<std::string> inputName;  // in the header, where not the path of the input
   // Where set, the rows go into a table of several documents: the name of this one in it.
   std::optional<std::string> nameInTable;
 };

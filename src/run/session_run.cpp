@@ -88,7 +88,7 @@ bool Session::CheckInput() {
   if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
   return PassesOwnFilesGate(settings_.inputFile, ui_) &&
          PassesExtensionGate(settings_.inputFile, ListButtonCaption(settings_), ui_) &&
-         CheckInputReadable(settings_.inputFile, ui_);
+         (options_.input || CheckInputReadable(settings_.inputFile, ui_));
 }
 
 Output Session::ListingOutput() const {
@@ -264,6 +264,7 @@ RunOutcome Session::List() {
   target.targets = options_.targets;
   target.sink = options_.outputSink;
   target.form = options_.form.value_or(TextForm{target.coding, true});
+  if (options_.input) target.inputName = options_.input->name;
   if (options_.rowsNameInput) target.nameInTable = settings_.inputFile;
   report_ = ListWords(*listing_, target, ui_);
   return OutcomeOf(report_.outcome);

@@ -111,7 +111,11 @@ TEST(Options, RefuseWrongUsage) {
        "--save-settings: no settings file keeps a --format"},
       {"a.txt --format json --output-encoding windows-1252",
        "--output-encoding: the rows of --format are UTF-8"},
-      {"-", "INPUT: a document is read from a file, not from standard input"},
+      {"a.txt -", "INPUT: standard input is read alone, beside no other document"},
+      {"- --index", "--index: standard input has no index file"},
+      {"- --use-index", "--use-index: standard input has no index file"},
+      {"- --save-settings s", "--save-settings: no settings file can name standard input"},
+      {"a.txt --input-type html", "--input-type: only for standard input, the document \"-\""},
       {"a.txt --order 1", "--order: 1 not in {alphabetical,frequency}"},
       {"a.txt --language x", "--language: x not in {auto,none,all,en,de,es,pt,it,fr}"},
       {"a.txt -c 10", "--context: Value 10 not in range 0 to 9"},
@@ -149,7 +153,7 @@ TEST(Options, TellOfThemselves) {
                 "                             bare word list. Default: 5\n"),
       std::string::npos);
   for (const char* line :
-       {"--[no-]skip-lists          leave out", "\nFiles:\n  -o,", "\nWords:\n  --[",
+       {"--[no-]skip-lists          leave out", "\nFiles:\n  --i", "\nWords:\n  --[",
         "\nSearch:\n  --create ", "\nListing:\n  -c,", "\nMessages:\n  --a"}) {
     EXPECT_NE(help.find(line), std::string::npos) << line;
   }
