@@ -31,7 +31,15 @@ void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& 
          " could not be recognized; the stop words are the English ones.");
 }
 
-int SaveSettings(Session& session, const std::string& path, TerminalInterface& ui) {
+// Of the input's language the choice is kept and not the list that it comes to: the settings are
+// for other inputs too.
+int SaveSettings(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
+  const std::string& path = commandLine.settingsFileToSave;
+  std::string& stopWordsFile = session.Settings().stopWordsFile;
+  if (commandLine.language == "auto" && stopWordsFile.empty()) {
+    stopWordsFile = INPUT_LANGUAGE_FILE;
+  }
+  (void)SettleStopWordsFile(commandLine.language, session);
   const std::optional<std::string> errorText = session.SaveSettings(path);
   if (errorText && errorText->empty()) return 0;
   if (errorText) ui.SayOf(path, *errorText);
@@ -92,13 +100,9 @@ SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
 }
 
 int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
-  const bool saves = !commandLine.settingsFileToSave.empty();
-  const bool languageKnown = (!saves && session.Settings().mode != Mode::create) ||
-                             SettleStopWordsFile(commandLine.language, session);
-  if (saves) {
-    if (!languageKnown) SayLanguageUnknown(session.Settings(), ui);
-    return SaveSettings(session, commandLine.settingsFileToSave, ui);
-  }
+  if (!commandLine.settingsFileToSave.empty()) return SaveSettings(commandLine, session, ui);
+  const bool languageKnown =
+      session.Settings().mode != Mode::create || SettleStopWordsFile(commandLine.language, session);
   // Before a list is read, which may be what standard output has just emptied.
   if (!session.CheckOutputs()) return ExitStatusOf(RunOutcome::refused);
   // The list of the input's own language is no news.

@@ -298,14 +298,19 @@ void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
   commandLine.toStandardOutput = outputFile == "-" || (search && target.empty());
 }
 
-// Without a word about stop words those of the input's language count, unless a settings
-// file has had its say.
+bool NamesInputLanguage(const ConcordanceSettings& settings) {
+  return settings.stopWordsFile == INPUT_LANGUAGE_FILE && !FileExists(settings.stopWordsFile);
+}
+
+// Without a word about stop words those of the input's language count, unless a settings file has
+// had its say, which may be the same.
 void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   if (CountOf(app, "--stop-words") > 0) {
     commandLine.language.clear();
   } else if (CountOf(app, "--language") > 0) {
     commandLine.settings.stopWordsFile.clear();
-  } else if (raw.settingsFile.empty()) {
+  } else if (raw.settingsFile.empty() || NamesInputLanguage(commandLine.settings)) {
+    commandLine.settings.stopWordsFile.clear();
     commandLine.language = "auto";
   }
 }

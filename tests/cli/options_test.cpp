@@ -64,6 +64,7 @@ TEST(Options, ChangeTheSettings) {
       {"-c 0", "18: 0\n", "-c 5"},
       {"--context 9", "18: 9\n"},
       {"--stop-words w", "19: \"w\"\n", "--language none"},
+      {"--language auto", "19: \"stwds_auto.txt\"\n", "--language none"},
       {"--index", "21: 1\n", "--no-index"},
   };
   for (const auto& [options, changes, takesBack] : rows) {

@@ -32,7 +32,7 @@ TEST(StandardInput, IsListedToStandardOutput) {
       // It may come in pieces, and slowly.
       {"- --format tsv -e d* < pipe & (cat a.txt; sleep 0.3; echo day) > pipe; wait", 0,
        "word\tkey\tcount\nday\tday\t1\ndog\tdog\t1\n"},
-      {"-s s.lvz - -q --format tsv < a.txt", 0, "word\tkey\tcount\ncat\tcat\t1\ndog\tdog\t1\n"},
+      {"-s s.lvz - --format tsv < a.txt", 0, "word\tkey\tcount\ncat\tcat\t1\ndog\tdog\t1\n"},
       {"- --input-type html --format tsv < page", 0, "word\tkey\tcount\ncat\tcat\t1\n"},
       {"- --input-type html < head", 1,
        "quorvel-cli: standard input: This HTML file does not contain a HEAD section.\n"},
