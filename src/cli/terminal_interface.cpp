@@ -11,6 +11,7 @@
 
 #include "cli/platform.h"
 #include "run/fault_texts.h"
+#include "util/time_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
@@ -121,6 +122,12 @@ Answer TerminalInterface::Ask(const Message& message) {
   if (policy_) return AnswerBy(*policy_, message);
   const bool canAsk = IsTerminal(Stream::input) && IsTerminal(Stream::error);
   return canAsk ? AskAtTerminal(message) : message.preset;
+}
+
+void TerminalInterface::TellOfLostCharacters(std::int64_t count) {
+  Say(count == 1 ? "1 character is not in Windows-1252; --encoding unicode keeps it"
+                 : GroupedNumber(count) +
+                       " characters are not in Windows-1252; --encoding unicode keeps them");
 }
 
 void TerminalInterface::YieldNow() {

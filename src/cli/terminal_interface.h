@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,7 @@ class TerminalInterface : public Conversation {
   void SetOutput(std::string_view text) override;
   void ShowBar(std::string_view caption) override;
   Answer Ask(const Message& message) override;
+  void TellOfLostCharacters(std::int64_t count) override;
   // What only a window has.
   void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
   void SayWhatIsShown(const ListingShown& /*listing*/) override {}

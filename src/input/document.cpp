@@ -62,7 +62,8 @@ Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8, Progress
 
 Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
                                                      const ReadingOptions& options,
-                                                     std::string text, Progress& progress) {
+                                                     std::string text, Progress& progress,
+                                                     std::int64_t lostCharacters) {
   Document document;
   SetSkipSpans(LowerExtensionOf(source.path), document.skipSpans);
   if (!PrepareText(source.path, options, text, progress)) {
@@ -76,6 +77,7 @@ Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
   if (progress.StopRequested()) return Fault{FaultKind::stopped, source.path, {}};
   document.source = std::move(source);
   document.options = options;
+  document.lostCharacters = lostCharacters;
   return std::make_shared<const Document>(std::move(document));
 }
 

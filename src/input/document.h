@@ -5,6 +5,7 @@
 // document), and that the document (MakeDocument). Nothing is changed afterwards.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -33,10 +34,11 @@ struct DocumentSource {
 
 struct Document {
   DocumentSource source;
-  ReadingOptions options;       // how it was read
-  SkipSpans skipSpans;          // of an input of its kind
-  std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
-  std::string ansiText;         // the same in Windows-1252, as a listing quotes it
+  ReadingOptions options;           // how it was read
+  SkipSpans skipSpans;              // of an input of its kind
+  std::u16string documentText;      // in which words are told apart; its double hyphens are blanked
+  std::string ansiText;             // the same in Windows-1252, as a listing quotes it
+  std::int64_t lostCharacters = 0;  // how many of the input are not in it
 };
 
 // Whether an input is a word-processor document: named so, and a zip archive by its
@@ -50,10 +52,12 @@ struct Document {
                                                 Progress& progress);
 
 // The document of a text that was read so: a web page without its mark-up, the blanks compacted.
-// `noHead` for a page that has none, `stopped`.
+// `lostCharacters` is for the document, which says it. `noHead` for a page that has none,
+// `stopped`.
 [[nodiscard]] Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
                                                                    const ReadingOptions& options,
                                                                    std::string text,
-                                                                   Progress& progress);
+                                                                   Progress& progress,
+                                                                   std::int64_t lostCharacters = 0);
 
 }  // namespace quorvel

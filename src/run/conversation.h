@@ -73,6 +73,10 @@ class Conversation : public Progress {
     Ask({std::move(text), std::move(title), icon, Buttons::ok, Answer::ok});
   }
 
+  // Tells that the text which is about to be listed lacks so many characters of the input, at least
+  // one. Nothing waits for the user.
+  virtual void TellOfLostCharacters(std::int64_t /*count*/) {}
+
   // Shows a short text that goes away by itself.
   virtual void PopUp(std::string_view text) = 0;
 

@@ -171,7 +171,9 @@ bool Session::ReadDocument() {
   DropInput();
   document_ =
       ObtainDocument(*std::move(input), request, settings_.inputIsUtf8, macNoticeShown_, ui_);
-  return document_ != nullptr;
+  if (document_ == nullptr) return false;
+  if (document_->lostCharacters > 0) ui_.TellOfLostCharacters(document_->lostCharacters);
+  return true;
 }
 
 RunOutcome Session::EndUnread() {

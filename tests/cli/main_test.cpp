@@ -114,6 +114,23 @@ TEST(CommandLine, ListsWhatIsAskedFor) {
   }
 }
 
+TEST(CommandLine, TellsOfCharactersThatItLoses) {
+  const std::string many =
+      "1,200 characters are not in Windows-1252; --encoding unicode keeps them\n";
+  const std::string one = "1 character is not in Windows-1252; --encoding unicode keeps it\n";
+  const std::tuple<const char*, std::string, const char*, std::string> rows[] = {
+      {"u.txt", "\u2014 c\u0153ur coeur", "", one},
+      {"u.txt", Repeated("\u0416\u0436\u2014 word ", 600), "-q", many},
+      {"u.html", "<html><head></head>\u0416 word", "--encoding ansi --answer no", one},
+      {"u.txt", "caf\u00e9 \u2014", "", ""}};
+  for (const auto& [name, text, options, said] : rows) {
+    const TestFolder folder;
+    (void)folder.Write(name, text);
+    (void)RunCli(folder, std::string(name) + " --language none " + options);
+    EXPECT_EQ(Said(folder), said.empty() ? "" : "quorvel-cli: " + std::string(name) + ": " + said);
+  }
+}
+
 TEST(CommandLine, WritesRowsWhereTheyAreWanted) {
   const TestFolder folder;
   (void)folder.Write("a.txt", "of the caf\xE9 to us it is so\r\n");
