@@ -153,7 +153,7 @@ too_frequent_words() { # text
 }
 
 words_listed() { # text, extra stop words
-  "$CLI" "$1" -c 0 --language none --extra-stop-words "$2" -q -o - | grep -c '^[^ ]* [0-9]*.$'
+  "$CLI" "$1" -c 0 --language none --extra-stop-words "$2" -q -o - | grep -c '^[^ ]* [0-9]*$'
 }
 
 # Puts standard input between the markers of a part of the page.

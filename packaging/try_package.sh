@@ -65,7 +65,7 @@ try_command_line() {
   echo "$ quorvel-cli --version: $(as_reader quorvel-cli --version)"
   as_reader quorvel-cli -o /srv/lists/hafen.txt /home/reader/hafen.txt
   local words list
-  words=$(as_reader quorvel-cli -q -c 0 -o - /home/reader/hafen.txt | tr -d '\r' | sed '1,4 d; /^$/ d')
+  words=$(as_reader quorvel-cli -q -c 0 -o - /home/reader/hafen.txt | sed '1,4 d; /^$/ d')
   list=$(tr '\n' ' ' <<<"$words")
   echo "$ quorvel-cli -c 0 -o - hafen.txt: $list"
   grep -q '^Hafen' <<<"$words" || fail "Hafen is not listed"

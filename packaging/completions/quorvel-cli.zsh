@@ -4,6 +4,7 @@
 _arguments -s -S \
   '(- *)'{-h,--help}'[show the options]' \
   '(- *)'{-V,--version}'[show the version]' \
+  '--input-type=[what standard input is, the input -]:type:(txt html docx odt epub)' \
   '(-o --output)'{-o,--output=}'[the concordance or search-results file, - for standard output]:output file:_files' \
   '--format=[the concordance, or its occurrences as rows]:format:(text tsv json)' \
   '(-s --settings)'{-s,--settings=}'[start from a settings file]:settings file:_files -g "*.(#i)lvz"' \
@@ -13,6 +14,7 @@ _arguments -s -S \
   '--use-index[take the words from the index file]' \
   '(-j --jobs)'{-j,--jobs=}'[work on so many of several documents at once]:jobs: ' \
   '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi)' \
+  '--output-encoding=[the encoding of the concordance]:encoding:(windows-1252 utf-8)' \
   '(--search)--create[list all words]' \
   '(--create)--search[list keywords only]' \
   '(-k --keywords-file --no-keywords-file)'{-k,--keywords-file=}'[a file of words to search for]:keywords file:_files -g "*.(#i)txt"' \

@@ -1,7 +1,12 @@
 #include "cli/document_run.h"
 
+#include <utility>
+
 #include "cli/exit_status.h"
+#include "cli/platform.h"
+#include "cli/standard_input.h"
 #include "cli/word_lists.h"
+#include "run/fault_texts.h"
 #include "run/session.h"
 #include "util/visible_text.h"
 
@@ -26,10 +31,24 @@ void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& 
          " could not be recognized; the stop words are the English ones.");
 }
 
-int SaveSettings(Session& session, const std::string& path, TerminalInterface& ui) {
+// Of the input's language the choice is kept and not the list that it comes to: the settings are
+// for other inputs too.
+int SaveSettings(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
+  const std::string& path = commandLine.settingsFileToSave;
+  std::string& stopWordsFile = session.Settings().stopWordsFile;
+  if (commandLine.language == "auto" && stopWordsFile.empty()) {
+    stopWordsFile = INPUT_LANGUAGE_FILE;
+  }
+  (void)SettleStopWordsFile(commandLine.language, session);
   const std::optional<std::string> errorText = session.SaveSettings(path);
   if (errorText && errorText->empty()) return 0;
   if (errorText) ui.SayOf(path, *errorText);
+  return exit_status::FAILED;
+}
+
+int SayUnread(const Fault& fault, TerminalInterface& ui) {
+  if (fault.kind == FaultKind::stopped) return exit_status::STOPPED;
+  ui.Ask(MessageOf(fault));
   return exit_status::FAILED;
 }
 
@@ -54,6 +73,15 @@ bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool
   return !report.fileFault;
 }
 
+// Standard output is for terminals and for other programs, which know UTF-8 and lines that end in
+// LF alone. A file is as it is composed, unless another encoding is asked for.
+std::optional<TextForm> FormOf(const CommandLine& commandLine) {
+  const bool isShown = commandLine.toStandardOutput;
+  if (!isShown && !commandLine.outputCoding) return std::nullopt;
+  const Coding coding = commandLine.outputCoding.value_or(Coding::utf8);
+  return TextForm{coding, !isShown || coding == Coding::windows1252};
+}
+
 SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
                          const std::string& resultPath) {
   SessionOptions options;
@@ -67,17 +95,14 @@ SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
     options.sinkPath = resultPath;
     options.rowsNameInput = !commandLine.inputs.empty();
   }
+  options.form = FormOf(commandLine);
   return options;
 }
 
 int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
-  const bool saves = !commandLine.settingsFileToSave.empty();
-  const bool languageKnown = (!saves && session.Settings().mode != Mode::create) ||
-                             SettleStopWordsFile(commandLine.language, session);
-  if (saves) {
-    if (!languageKnown) SayLanguageUnknown(session.Settings(), ui);
-    return SaveSettings(session, commandLine.settingsFileToSave, ui);
-  }
+  if (!commandLine.settingsFileToSave.empty()) return SaveSettings(commandLine, session, ui);
+  const bool languageKnown =
+      session.Settings().mode != Mode::create || SettleStopWordsFile(commandLine.language, session);
   // Before a list is read, which may be what standard output has just emptied.
   if (!session.CheckOutputs()) return ExitStatusOf(RunOutcome::refused);
   // The list of the input's own language is no news.
@@ -94,13 +119,21 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
 }  // namespace
 
 const std::string& FileOf(const CommandLine& commandLine) {
+  static const std::string standardInput = STANDARD_INPUT;  // made where there is memory
+  if (commandLine.readsStandardInput) return standardInput;
   const bool saves = !commandLine.settingsFileToSave.empty();
   return saves ? commandLine.settingsFileToSave : commandLine.settings.inputFile;
 }
 
 int RunDocument(const CommandLine& commandLine, const ByteSink& result,
                 const std::string& resultPath, TerminalInterface& ui) {
-  Session session(ui, OptionsOf(commandLine, result, resultPath));
+  SessionOptions options = OptionsOf(commandLine, result, resultPath);
+  if (commandLine.readsStandardInput) {
+    Result<InputBytes> input = ReadStandardInput(commandLine.settings.inputFile, ui);
+    if (!input) return SayUnread(input.Why(), ui);
+    options.input = GivenInput{*std::move(input), STANDARD_INPUT, FilePathOf(Stream::input)};
+  }
+  Session session(ui, std::move(options));
   session.Settings() = commandLine.settings;
   if (!commandLine.settingsFile.empty()) session.KeepSettingsFile(commandLine.settingsFile);
   int status = exit_status::FAILED;

@@ -9,6 +9,7 @@
 #include "cli/documents_run.h"
 #include "cli/options.h"
 #include "cli/platform.h"
+#include "cli/standard_input.h"
 #include "cli/terminal_interface.h"
 #include "files/output_file.h"
 #include "util/visible_text.h"
@@ -27,8 +28,12 @@ int Run(const CommandLine& commandLine) try {
   TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet, commandLine.settings.inputFile);
   StopOnSignals();
   const ByteSink result = [&ui](std::string_view bytes) { return ui.WriteResult(bytes); };
-  if (commandLine.toStandardOutput) LetStandardOutputBeBytes();
-  const std::string path = StandardOutputPath();
+  if (commandLine.toStandardOutput) LetBeBytes(Stream::output);
+  if (commandLine.readsStandardInput) {
+    LetBeBytes(Stream::input);
+    ui.CallInput(STANDARD_INPUT);
+  }
+  const std::string path = FilePathOf(Stream::output);
   const int status = commandLine.inputs.empty() ? RunDocument(commandLine, result, path, ui)
                                                 : RunDocuments(commandLine, result, path, ui);
   if (ui.ResultFailed()) {

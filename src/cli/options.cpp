@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/exit_status.h"
+#include "cli/standard_input.h"
 #include "files/file_system.h"
 #include "files/path_names.h"
 #include "lists/languages.h"
@@ -31,7 +32,7 @@ constexpr const char* EXIT_STATUS =
 
 constexpr int MOST_JOBS = 64;
 
-enum class Encoding { detected, utf8, ansi };
+enum class Encoding { detected, utf8, ansi, unicode };
 
 // Adds an option that takes one of a few words, each of which stands for a value.
 template <typename Value>
@@ -94,6 +95,7 @@ std::string HelpText(const CLI::App& app) {
 // Options that stand for more than one field.
 struct RawOptions {
   std::vector<std::string> inputs;
+  std::string inputType = "txt";
   std::string outputFile;
   Encoding encoding = Encoding::detected;
   int minCount = 0;
@@ -129,10 +131,15 @@ CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path
 
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   AddFileNames(app, "INPUT", raw.inputs,
-               "the document: a text file, a web page or a DOCX document. Several, and all in a "
-               "folder, are each listed beside themselves")
+               "the document: a text file, a web page or a DOCX document; \"-\" for standard "
+               "input, which is listed to standard output. Several, and all in a folder, are each "
+               "listed beside themselves")
       .option_text(" ")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  AddChoice<std::string>(
+      app, "--input-type",
+      {{"txt", "txt"}, {"html", "html"}, {"docx", "docx"}, {"odt", "odt"}, {"epub", "epub"}},
+      raw.inputType, "what standard input is: txt, html, docx, odt or epub. Default: txt");
   AddFile(app, "-o,--output", raw.outputFile,
           "the concordance or search-results file; \"-\" for standard output. Default: for a "
           "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
@@ -161,8 +168,21 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       ->check(CLI::Range(1, MOST_JOBS));
   AddChoice<Encoding>(
       app, "--encoding",
-      {{"auto", Encoding::detected}, {"utf-8", Encoding::utf8}, {"ansi", Encoding::ansi}},
-      raw.encoding, "auto, utf-8 or ansi. Default: auto, which adopts what is detected");
+      {{"auto", Encoding::detected},
+       {"utf-8", Encoding::utf8},
+       {"ansi", Encoding::ansi},
+       {"unicode", Encoding::unicode}},
+      raw.encoding,
+      "auto, utf-8 or ansi, which keep the characters of Windows-1252, or unicode, which keeps all "
+      "and writes UTF-8. Default: auto, which adopts what is detected");
+  app.add_flag("--notes", commandLine.settings.notes,
+               "with --encoding unicode list the notes of a word-processor document too")
+      ->option_text(" ");
+  AddChoice<std::optional<Coding>>(
+      app, "--output-encoding", {{"windows-1252", Coding::windows1252}, {"utf-8", Coding::utf8}},
+      commandLine.outputCoding,
+      "windows-1252 or utf-8, for the concordance and the search results. Default: windows-1252 in "
+      "a file, utf-8 on standard output, where lines then end in LF. The rows are always UTF-8");
 }
 
 void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
@@ -286,36 +306,76 @@ void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
   commandLine.toStandardOutput = outputFile == "-" || (search && target.empty());
 }
 
-// Without a word about stop words those of the input's language count, unless a settings
-// file has had its say.
+bool NamesInputLanguage(const ConcordanceSettings& settings) {
+  return settings.stopWordsFile == INPUT_LANGUAGE_FILE && !FileExists(settings.stopWordsFile);
+}
+
+// Without a word about stop words those of the input's language count, unless a settings file has
+// had its say, which may be the same.
 void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   if (CountOf(app, "--stop-words") > 0) {
     commandLine.language.clear();
   } else if (CountOf(app, "--language") > 0) {
     commandLine.settings.stopWordsFile.clear();
-  } else if (raw.settingsFile.empty()) {
+  } else if (raw.settingsFile.empty() || NamesInputLanguage(commandLine.settings)) {
+    commandLine.settings.stopWordsFile.clear();
     commandLine.language = "auto";
+  }
+}
+
+bool HoldStandardInput(const std::vector<std::string>& inputs) {
+  return std::ranges::find(inputs, "-") != inputs.end();
+}
+
+// Standard input is no file: nothing stands beside it, and it cannot be named.
+void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
+  if (!HoldStandardInput(raw.inputs)) {
+    if (CountOf(app, "--input-type") == 0) return;
+    throw CLI::ValidationError("--input-type", "only for standard input, the document \"-\"");
+  }
+  if (raw.inputs.size() > 1) {
+    throw CLI::ValidationError("INPUT", "standard input is read alone, beside no other document");
+  }
+  if (commandLine.useIndex ||
+      (CountOf(app, "--index") > 0 && commandLine.settings.createIndexFile)) {
+    throw CLI::ValidationError(commandLine.useIndex ? "--use-index" : "--index",
+                               "standard input has no index file");
+  }
+  if (CountOf(app, "--save-settings") > 0) {
+    throw CLI::ValidationError("--save-settings", "no settings file can name standard input");
   }
 }
 
 // Refuses what makes no sense together.
 void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
-  if (std::ranges::find(raw.inputs, "-") != raw.inputs.end()) {
-    throw CLI::ValidationError("INPUT", "a document is read from a file, not from standard input");
-  }
+  CheckInputs(app, raw, commandLine);
   if (commandLine.format == OutputFormat::text) return;
   if (CountOf(app, "--frequencies") > 0 && !commandLine.settings.showFrequencies) {
     throw CLI::ValidationError("--no-frequencies", "only with --format text");
+  }
+  if (commandLine.outputCoding == Coding::windows1252) {
+    throw CLI::ValidationError("--output-encoding", "the rows of --format are UTF-8");
   }
   if (CountOf(app, "--save-settings") > 0) {
     throw CLI::ValidationError("--save-settings", "no settings file keeps a --format");
   }
 }
 
+// Standard input has nobody left to answer questions, and no place beside it for what comes of it.
+void ApplyStandardInput(RawOptions& raw, CommandLine& commandLine) {
+  commandLine.readsStandardInput = true;
+  commandLine.settings.inputFile = std::string(STANDARD_INPUT) + "." + raw.inputType;
+  commandLine.settings.createIndexFile = false;
+  commandLine.answerPolicy = AnswerPolicy::preset;
+  if (raw.outputFile.empty()) raw.outputFile = "-";
+}
+
 // One document goes into the settings, which may name one already.
-void ApplyInputs(const RawOptions& raw, CommandLine& commandLine) {
+void ApplyInputs(RawOptions& raw, CommandLine& commandLine) {
   const std::vector<std::string>& inputs = raw.inputs;
-  if (inputs.size() > 1 || (inputs.size() == 1 && FolderExists(inputs.front()))) {
+  if (HoldStandardInput(inputs)) {
+    ApplyStandardInput(raw, commandLine);
+  } else if (inputs.size() > 1 || (inputs.size() == 1 && FolderExists(inputs.front()))) {
     commandLine.inputs = inputs;
   } else if (!inputs.empty()) {
     commandLine.settings.inputFile = inputs.front();
@@ -337,7 +397,7 @@ void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
   }
 }
 
-void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
+void ApplyRawOptions(const CLI::App& app, RawOptions& raw, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
   ApplyInputs(raw, commandLine);
   const bool keywordsGiven = CountOf(app, "-k") + CountOf(app, "-e") > 0;
@@ -349,6 +409,7 @@ void ApplyRawOptions(const CLI::App& app, const RawOptions& raw, CommandLine& co
   if (raw.encoding != Encoding::detected) commandLine.encodingChoice = EncodingChoice::confirm;
   if (!commandLine.inputs.empty()) ApplyToSeveral(raw.outputFile, commandLine);
   settings.inputIsUtf8 = raw.encoding == Encoding::utf8;
+  if (raw.encoding == Encoding::unicode) settings.reading = Reading::unicode;
   if (CountOf(app, "--min-count") > 0) {
     settings.ignoreInfrequentWords = raw.minCount >= SMALLEST_THRESHOLD;
     if (settings.ignoreInfrequentWords) settings.thresholdFrequency = raw.minCount;

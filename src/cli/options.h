@@ -10,6 +10,7 @@
 #include "run/listing_run.h"
 #include "settings/settings.h"
 #include "util/piece_makers.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 
@@ -17,6 +18,8 @@ struct CommandLine {
   ConcordanceSettings settings;
   // The documents and folders, where they are not one document alone: that stands in the settings.
   std::vector<std::string> inputs;
+  // The document comes by standard input; its path in the settings tells its kind alone.
+  bool readsStandardInput = false;
   bool listsBesideInputs = false;  // each of them; else what is listed of all goes one way
   unsigned jobs = Processors();    // how many of them are worked on at once
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
@@ -26,6 +29,7 @@ struct CommandLine {
   std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
   OutputFormat format = OutputFormat::text;
   bool toStandardOutput = false;
+  std::optional<Coding> outputCoding;  // of the text that is written; empty: as is usual there
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;
 

@@ -105,11 +105,11 @@ void PrepareTerminal() {
   std::atexit([] { ::SetConsoleOutputCP(codePage); });
 }
 
-void LetStandardOutputBeBytes() { ::_setmode(_fileno(stdout), _O_BINARY); }
+void LetBeBytes(Stream stream) { ::_setmode(static_cast<int>(stream), _O_BINARY); }
 
-std::string StandardOutputPath() {
+std::string FilePathOf(Stream stream) {
   constexpr std::size_t LONGEST_PATH = 32768;
-  const HANDLE file = ::GetStdHandle(STD_OUTPUT_HANDLE);
+  const auto file = reinterpret_cast<HANDLE>(::_get_osfhandle(static_cast<int>(stream)));
   if (::GetFileType(file) != FILE_TYPE_DISK) return {};
   std::wstring path(LONGEST_PATH, L'\0');
   path.resize(::GetFinalPathNameByHandleW(file, path.data(), LONGEST_PATH, FILE_NAME_NORMALIZED));
@@ -125,6 +125,11 @@ bool IsTerminal(Stream stream) {
 }
 
 bool HasInput() { return true; }
+
+std::ptrdiff_t ReadSome(char* into, std::size_t length) {
+  const auto part = static_cast<unsigned>(std::min(length, LARGEST_PIECE));
+  return ::_read(static_cast<int>(Stream::input), into, part);
+}
 
 // There is no asking whether a stream takes bytes.
 std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
@@ -142,12 +147,13 @@ std::vector<std::string> ProgramArguments(int argumentCount, char** arguments) {
 
 void PrepareTerminal() {}
 
-void LetStandardOutputBeBytes() {}
+void LetBeBytes(Stream /*stream*/) {}
 
-std::string StandardOutputPath() {
+std::string FilePathOf(Stream stream) {
+  const int handle = static_cast<int>(stream);
   struct stat status = {};
-  const bool isFile = ::fstat(STDOUT_FILENO, &status) == 0 && S_ISREG(status.st_mode);
-  return isFile ? "/dev/stdout" : "";
+  const bool isFile = ::fstat(handle, &status) == 0 && S_ISREG(status.st_mode);
+  return isFile ? "/dev/fd/" + std::to_string(handle) : "";
 }
 
 bool IsTerminal(Stream stream) { return ::isatty(static_cast<int>(stream)) != 0; }
@@ -157,6 +163,10 @@ constexpr int PATIENCE = 100;  // milliseconds
 bool HasInput() {
   pollfd ready = {STDIN_FILENO, POLLIN, 0};
   return ::poll(&ready, 1, PATIENCE) > 0;
+}
+
+std::ptrdiff_t ReadSome(char* into, std::size_t length) {
+  return ::read(STDIN_FILENO, into, length);
 }
 
 // A pipe that is ready takes PIPE_BUF bytes and does not wait; of more it may wait for the rest,

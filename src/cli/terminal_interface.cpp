@@ -11,6 +11,7 @@
 
 #include "cli/platform.h"
 #include "run/fault_texts.h"
+#include "util/time_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
@@ -44,6 +45,13 @@ std::string OneLine(std::string_view text) {
     line += atLineStart ? ' ' : ch;
   }
   return line;
+}
+
+void Replace(std::string& text, std::string_view from, std::string_view to) {
+  for (std::size_t place = text.find(from); place != std::string::npos;
+       place = text.find(from, place + to.size())) {
+    text.replace(place, from.size(), to);
+  }
 }
 
 Answer AnswerBy(AnswerPolicy policy, const Message& message) {
@@ -116,6 +124,18 @@ Answer TerminalInterface::Ask(const Message& message) {
   return canAsk ? AskAtTerminal(message) : message.preset;
 }
 
+void TerminalInterface::TellOfLostCharacters(std::int64_t count, Reading reading) {
+  if (reading == Reading::unicode) {
+    Say(count == 1 ? "1 place holds bytes that are no character; U+FFFD stands there"
+                   : GroupedNumber(count) +
+                         " places hold bytes that are no characters; U+FFFD stands there");
+    return;
+  }
+  Say(count == 1 ? "1 character is not in Windows-1252; --encoding unicode keeps it"
+                 : GroupedNumber(count) +
+                       " characters are not in Windows-1252; --encoding unicode keeps them");
+}
+
 void TerminalInterface::YieldNow() {
   if (stopped_ != nullptr) {
     if (*stopped_) RequestStop();
@@ -140,7 +160,9 @@ void TerminalInterface::SayOf(std::string_view path, std::string_view reason) {
 // In one go, so that the lines of several runs do not mix.
 void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();
-  (void)Write(Stream::error, "quorvel-cli: " + OneLine(text) + '\n');
+  std::string line = "quorvel-cli: " + OneLine(text) + '\n';
+  if (!inputName_.empty()) Replace(line, inputFile_, inputName_);
+  (void)Write(Stream::error, line);
 }
 
 bool TerminalInterface::WriteResult(std::string_view bytes) {

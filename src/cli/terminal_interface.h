@@ -4,9 +4,11 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "cli/platform.h"
 #include "run/conversation.h"
@@ -31,6 +33,7 @@ class TerminalInterface : public Conversation {
   void SetOutput(std::string_view text) override;
   void ShowBar(std::string_view caption) override;
   Answer Ask(const Message& message) override;
+  void TellOfLostCharacters(std::int64_t count, Reading reading) override;
   // What only a window has.
   void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
   void SayWhatIsShown(const ListingShown& /*listing*/) override {}
@@ -38,6 +41,9 @@ class TerminalInterface : public Conversation {
   void PopUp(std::string_view /*text*/) override {}
   void OfferStop(bool /*offered*/) override {}  // Ctrl-C is always there
   void YieldNow() override;
+
+  // Calls the input so wherever messages would have its path.
+  void CallInput(std::string name) { inputName_ = std::move(name); }
 
   // Writes the text to standard error, as one line that names the program and the input
   // file: several runs may share one log.
@@ -61,6 +67,7 @@ class TerminalInterface : public Conversation {
   std::optional<AnswerPolicy> policy_;
   bool quiet_;
   std::string inputFile_;  // as messages show it
+  std::string inputName_;  // in its place, if not empty
   bool showsProgress_;
   bool barShown_ = false;
   bool resultFailed_ = false;

@@ -62,7 +62,8 @@ Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8, Progress
 
 Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
                                                      const ReadingOptions& options,
-                                                     std::string text, Progress& progress) {
+                                                     std::string text, Progress& progress,
+                                                     std::int64_t lostCharacters) {
   Document document;
   SetSkipSpans(LowerExtensionOf(source.path), document.skipSpans);
   if (!PrepareText(source.path, options, text, progress)) {
@@ -76,16 +77,18 @@ Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
   if (progress.StopRequested()) return Fault{FaultKind::stopped, source.path, {}};
   document.source = std::move(source);
   document.options = options;
+  document.lostCharacters = lostCharacters;
   return std::make_shared<const Document>(std::move(document));
 }
 
 std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,
                                                     const ReadingOptions& options,
-                                                    std::string_view text, std::int64_t replaced) {
+                                                    std::string_view text,
+                                                    std::int64_t lostCharacters) {
   Document document;
   SetSkipSpans(LowerExtensionOf(source.path), document.skipSpans);
   document.documentText = DecodeUtf8(text);
-  document.replaced = replaced;
+  document.lostCharacters = lostCharacters;
   document.source = std::move(source);
   document.options = options;
   return std::make_shared<const Document>(std::move(document));

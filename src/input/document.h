@@ -41,8 +41,10 @@ struct Document {
   ReadingOptions options;       // how it was read
   SkipSpans skipSpans;          // of an input of its kind
   std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
-  std::string ansiText;       // the same in Windows-1252, as a listing quotes it; empty in Unicode
-  std::int64_t replaced = 0;  // U+FFFD for bytes that were no characters; in Unicode alone
+  std::string ansiText;         // the same in Windows-1252, as a listing quotes it, or empty
+  // How many of the input are not in it; in Unicode, how many U+FFFD stand for bytes that were
+  // none.
+  std::int64_t lostCharacters = 0;
 
   [[nodiscard]] const Alphabet& AlphabetOf() const { return Alphabet::Of(options.reading); }
 };
@@ -58,16 +60,18 @@ struct Document {
                                                 Progress& progress);
 
 // The document of a text that was read so: a web page without its mark-up, the blanks compacted.
-// `noHead` for a page that has none, `stopped`.
+// `lostCharacters` is for the document, which says it. `noHead` for a page that has none,
+// `stopped`.
 [[nodiscard]] Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
                                                                    const ReadingOptions& options,
                                                                    std::string text,
-                                                                   Progress& progress);
+                                                                   Progress& progress,
+                                                                   std::int64_t lostCharacters = 0);
 
 // The document of a text that was read as Unicode and prepared (unicode/prepared_text.h): UTF-8.
 [[nodiscard]] std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,
                                                                   const ReadingOptions& options,
                                                                   std::string_view text,
-                                                                  std::int64_t replaced);
+                                                                  std::int64_t lostCharacters);
 
 }  // namespace quorvel

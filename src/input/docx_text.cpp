@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "input/lost_characters.h"
 #include "input/utf8_repair.h"
 #include "input/zip_archive.h"
 #include "util/ansi.h"
@@ -131,6 +132,7 @@ void DocumentRuns::AppendRun(std::string_view xml, bool afterBreak) {
     DecodeEntity(run_, "&apos;", '\'');
   }
   if (NeedsRepair(run_)) {
+    lostCharacters_ += CharactersNotRepaired(run_);
     RepairUtf8(run_);
     PlainPunctuation(run_);
   }

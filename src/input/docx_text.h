@@ -59,6 +59,9 @@ class DocumentRuns {
   // What has been read so far.
   [[nodiscard]] std::string& Text() { return text_; }
 
+  // How many characters of the runs are not in it.
+  [[nodiscard]] std::int64_t LostCharacters() const { return lostCharacters_; }
+
  private:
   void ReadFromStart();
   void AppendRun(std::string_view xml, bool afterBreak);
@@ -73,6 +76,7 @@ class DocumentRuns {
   Tag lineBreak_;
   Tag paragraphEnd_;
   std::string text_;
+  std::int64_t lostCharacters_ = 0;
   std::string run_;           // room for one run, used again and again
   std::size_t start_ = 0;     // 0-based place of what may be the start of the next run
   std::size_t end_ = 0;       // of the end of that run

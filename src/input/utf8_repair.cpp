@@ -157,6 +157,14 @@ void RepairUtf8(std::string& text) {
   ReplaceEverywhere(text, C_WITH_CARON, "c");
 }
 
+bool IsRepaired(std::uint32_t codePoint) {
+  constexpr std::uint32_t SMALL_C_WITH_CARON = 0x10D;
+  constexpr std::uint32_t PUNCTUATION = 0x2000;  // the first of those behind PUNCTUATION_LEAD
+  if (codePoint < 0x100 || codePoint == SMALL_C_WITH_CARON) return true;
+  if (codePoint < PUNCTUATION || codePoint >= PUNCTUATION + 0x40) return false;
+  return !PlainFormOf(static_cast<std::uint8_t>(0x80 + codePoint - PUNCTUATION)).empty();
+}
+
 void PlainPunctuation(std::string& text) {
   std::size_t found = text.find(PUNCTUATION_LEAD);
   if (found == std::string::npos) return;

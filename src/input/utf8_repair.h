@@ -7,6 +7,7 @@
 // touched. Their oddities decide which words a concordance holds and are kept.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace quorvel {
@@ -21,5 +22,8 @@ void RepairUtf8(std::string& text);
 // the text is another one (a dagger, say), only that one is removed and the rest
 // of the text stays as it is.
 void PlainPunctuation(std::string& text);
+
+// Whether these two know the UTF-8 of a character beyond ASCII, so that nothing of it stays.
+[[nodiscard]] bool IsRepaired(std::uint32_t codePoint);
 
 }  // namespace quorvel

@@ -23,4 +23,8 @@ inline constexpr std::array<Language, 6> LANGUAGES = {{{"en", "English", "stwds_
 inline constexpr Language ALL_LANGUAGES = {"all", "all six languages",
                                            "stwds_en_de_es_pt_it_fr.txt"};
 
+// Stands in settings, where a file of stop words is named, for that of the input's language,
+// whichever it turns out to be. There is no such file: who finds none chooses by the input.
+inline constexpr std::string_view INPUT_LANGUAGE_FILE = "stwds_auto.txt";
+
 }  // namespace quorvel

@@ -8,12 +8,12 @@ namespace quorvel {
 namespace {
 
 // A path as the header shows it: a line end in it would end the line.
-std::u16string PathOnOneLine(const std::string& path) {
+std::string PathOnOneLine(const std::string& path) {
   std::u16string text = DecodeUtf8(path);
   for (char16_t& ch : text) {
     if (IsControl(ch)) ch = u'?';
   }
-  return text;
+  return EncodeUtf8(text);
 }
 
 // What the file holds, as its header names it.
@@ -32,9 +32,8 @@ const std::string& OutputFileOf(const ConcordanceSettings& settings) {
 }
 
 std::string FileHeader(Mode mode, const std::string& inputFile, std::string_view digest,
-                       std::time_t time, const Alphabet& alphabet) {
-  std::string header = "Input file: ";
-  alphabet.AppendEncoded(header, PathOnOneLine(inputFile));
+                       std::time_t time) {
+  std::string header = "Input file: " + PathOnOneLine(inputFile);
   header += LINE_END;
   if (mode == Mode::create) {
     header.append("MD5 message digest of input file: ").append(digest).append(LINE_END);

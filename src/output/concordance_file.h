@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "settings/settings.h"
-#include "util/alphabet.h"
 
 namespace quorvel {
 
@@ -21,10 +20,9 @@ namespace quorvel {
 // The name of the file that a run in the settings' mode writes; may be empty.
 [[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
 
-// The header of the file that is written at `time`, in the bytes of the alphabet. `digest` is that
+// The header of the file that is written at `time`, as UTF-8 with CR LF line ends. `digest` is that
 // of the input file; the header of a search has none.
 [[nodiscard]] std::string FileHeader(Mode mode, const std::string& inputFile,
-                                     std::string_view digest, std::time_t time,
-                                     const Alphabet& alphabet);
+                                     std::string_view digest, std::time_t time);
 
 }  // namespace quorvel

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "util/alphabet.h"
 #include "util/progress.h"
 
 namespace quorvel {
@@ -72,6 +73,11 @@ class Conversation : public Progress {
   void Tell(std::string text, std::string title, Icon icon = Icon::exclamation) {
     Ask({std::move(text), std::move(title), icon, Buttons::ok, Answer::ok});
   }
+
+  // Tells that the text which is about to be listed lacks so many characters of the input, at least
+  // one: those that Windows-1252 does not have or, in Unicode, bytes that were no characters.
+  // Nothing waits for the user.
+  virtual void TellOfLostCharacters(std::int64_t /*count*/, Reading /*reading*/) {}
 
   // Shows a short text that goes away by itself.
   virtual void PopUp(std::string_view text) = 0;

@@ -1,15 +1,23 @@
 #include "run/document_reading.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "input/lost_characters.h"
 #include "run/fault_texts.h"
 #include "unicode/prepared_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
+
+// What is read of an input before it is prepared.
+struct InputText {
+  std::string text;
+  std::int64_t lostCharacters = 0;
+};
 
 Message YesOrNo(std::string text, std::string title, Icon icon, Answer preset) {
   return {std::move(text), std::move(title), icon, Buttons::yesNo, preset};
@@ -56,8 +64,8 @@ bool ReallyWishesToStop(Conversation& ui) {
 
 // The text of a document whose body goes through this file. Lets go of its bytes once that is
 // unpacked.
-Result<std::string> TextThroughFile(InputBytes document, const TemporaryFile& file,
-                                    const BodyLimits& limits, Conversation& ui) {
+Result<InputText> TextThroughFile(InputBytes document, const TemporaryFile& file,
+                                  const BodyLimits& limits, Conversation& ui) {
   const std::string path = document.Path();
   const Result<UnpackedBody> body = UnpackDocumentBody(document, file, limits);
   document = {};
@@ -69,14 +77,14 @@ Result<std::string> TextThroughFile(InputBytes document, const TemporaryFile& fi
   while (!runs.Read(ui)) {
     if (ReallyWishesToStop(ui)) return Fault{FaultKind::stopped, path, {}};
   }
-  return std::move(runs.Text());
+  return InputText{std::move(runs.Text()), runs.LostCharacters()};
 }
 
-std::optional<std::string> ReadWordDocument(InputBytes document, const BodyLimits& limits,
-                                            bool& inputIsUtf8, Conversation& ui) {
+std::optional<InputText> ReadWordDocument(InputBytes document, const BodyLimits& limits,
+                                          bool& inputIsUtf8, Conversation& ui) {
   ui.BeginPhase("Extracting text");
   TemporaryFile file("QVL", BODY_ENTRY);
-  Result<std::string> text = TextThroughFile(std::move(document), file, limits, ui);
+  Result<InputText> text = TextThroughFile(std::move(document), file, limits, ui);
   if (const std::optional<Fault> stayed = file.Remove()) ui.Ask(MessageOf(*stayed));
   if (!text) {
     if (text.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(text.Why()));
@@ -96,15 +104,14 @@ void TellUnread(const Fault& fault, Conversation& ui) {
   }
 }
 
-std::optional<std::string> ReadTextOrPage(const InputBytes& input, EncodingChoice choice,
-                                          bool& inputIsUtf8, bool& macNoticeShown,
-                                          Conversation& ui) {
+std::optional<InputText> ReadTextOrPage(const InputBytes& input, EncodingChoice choice,
+                                        bool& inputIsUtf8, bool& macNoticeShown, Conversation& ui) {
   if (!SettleInputEncoding(input, choice, inputIsUtf8, macNoticeShown, ui)) {
     ui.SetOutput("");
     return std::nullopt;
   }
   Result<std::string> text = ReadInputFile(input, inputIsUtf8, ui);
-  if (text) return *std::move(text);
+  if (text) return InputText{*std::move(text), LostCharacters(input, inputIsUtf8)};
   TellUnread(text.Why(), ui);
   return std::nullopt;
 }
@@ -142,7 +149,7 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
     return ObtainUnicodeDocument(std::move(input), request, macNoticeShown, ui);
   }
   DocumentSource source = {input.Path(), input.Stamp(), request.digest};
-  std::optional<std::string> text;
+  std::optional<InputText> text;
   if (IsWordDocument(input)) {
     text = ReadWordDocument(std::exchange(input, {}), request.limits, inputIsUtf8, ui);
   } else {
@@ -153,7 +160,7 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
   ReadingOptions options = request.options;
   options.isUtf8 = inputIsUtf8;
   Result<std::shared_ptr<const Document>> document =
-      MakeDocument(std::move(source), options, *std::move(text), ui);
+      MakeDocument(std::move(source), options, std::move(text->text), ui, text->lostCharacters);
   if (document) return *std::move(document);
   if (document.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(document.Why()));
   return nullptr;

@@ -92,8 +92,10 @@ class ListingRun {
     mayReplace_ = isFinal;
     const DocumentSource& source = listing_.Source().source;
     const std::string digest = mode_ == Mode::create ? source.digest->Text() : "";
-    writer_.emplace(target_, FileHeader(mode_, source.path, digest, std::time(nullptr), alphabet_),
-                    LINE_END);
+    const std::string& input = target_.inputName ? *target_.inputName : source.path;
+    std::string header = FileHeader(mode_, input, digest, std::time(nullptr));
+    writer_.emplace(target_, InForm(std::move(header), Coding::utf8, target_.form), LINE_END,
+                    FormChanger(target_.coding, target_.form));
   }
 
   bool Take(std::string_view piece) {

@@ -15,6 +15,7 @@
 #include "output/occurrence_rows.h"
 #include "run/conversation.h"
 #include "util/fault.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 
@@ -39,7 +40,10 @@ struct ListingTarget {
   bool asksBeforeReplacing = false;
   FilesToKeep kept;
   Targets targets = Targets::all;
-  ByteSink sink;  // where set, the bytes go here and no file is written
+  ByteSink sink;                         // where set, the bytes go here and no file is written
+  Coding coding = Coding::windows1252;   // of the pieces of the listing, whose lines end in CR LF
+  TextForm form;                         // in which it is written; rows have their own
+  std::optional<std::string> inputName;  // in the header, where not the path of the input
   // Where set, the rows go into a table of several documents: the name of this one in it.
   std::optional<std::string> nameInTable;
 };

@@ -9,6 +9,7 @@
 #include "run/conversation.h"
 #include "run/listing_run.h"
 #include "util/fault.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 
@@ -18,8 +19,9 @@ class ResultWriter {
  public:
   // To the target's sink or, where it has none, its file; of the target these, the files to keep
   // and what may be written to count. `begin` stands before the first piece; behind `end`, a last
-  // one, nothing follows.
-  ResultWriter(const ListingTarget& target, std::string begin, std::string_view end);
+  // one, nothing follows. `form` changes the pieces, but not the beginning.
+  ResultWriter(const ListingTarget& target, std::string begin, std::string_view end,
+               std::optional<FormChanger> form = std::nullopt);
 
   // False once anything has failed.
   bool Add(std::string_view piece);
@@ -31,12 +33,14 @@ class ResultWriter {
   [[nodiscard]] std::optional<Fault> Why() const;
 
  private:
-  bool HandOn();
+  bool HandOn(bool isLast);
 
   ByteSink sink_;
   std::optional<OutputFile> file_;
-  std::string bytes_;  // not handed on yet
+  std::string begin_;  // not handed on yet
+  std::string bytes_;  // behind it
   std::string_view end_;
+  std::optional<FormChanger> form_;
   bool taken_ = true;
 };
 

@@ -17,6 +17,7 @@ namespace quorvel {
 Session::Session(Conversation& ui, SessionOptions options) : ui_(ui), options_(std::move(options)) {
   constexpr std::size_t ROOM = 4200;  // for the longest path, and the text around it
   memoryMessage_.text.reserve(ROOM);
+  if (options_.input) input_ = std::exchange(options_.input->bytes, {});
 }
 
 // Asks for no memory itself, as long as the path has its room.
@@ -69,7 +70,7 @@ std::optional<std::string> Session::SaveSettings(const std::string& path) {
 }
 
 FilesToKeep Session::FilesOfSettings() const {
-  return {{"input file", settings_.inputFile},
+  return {{"input file", options_.input ? options_.input->path : settings_.inputFile},
           {"keywords file", settings_.keywordsFile},
           {"stop words file", settings_.stopWordsFile}};
 }
@@ -155,8 +156,8 @@ std::optional<Language> Session::RecognizeLanguage() {
 // Read once for all that looks at it until the run has made its document of it.
 Result<InputBytes> Session::InputNow() {
   const std::string& path = settings_.inputFile;
-  const bool isThere =
-      input_ && *input_ && (*input_)->Path() == path && (*input_)->Stamp() == StampOf(path);
+  const bool isThere = input_ && *input_ && (*input_)->Path() == path &&
+                       (options_.input || (*input_)->Stamp() == StampOf(path));
   if (!isThere) {
     DropInput();
     input_ = ReadInput(path, ui_);

@@ -23,6 +23,7 @@
 #include "run/outputs.h"
 #include "settings/settings.h"
 #include "settings/settings_file.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 
@@ -35,6 +36,13 @@ enum class RunOutcome {
   failed,         // what was composed could not all be listed or written
 };
 
+// An input that is no file.
+struct GivenInput {
+  InputBytes bytes;  // their path tells their kind alone
+  std::string name;  // what the header calls it
+  std::string path;  // of the file behind it, if any: no output may replace that
+};
+
 // How the words and the listing of a session are wanted; the same for all its runs.
 struct SessionOptions {
   OutputFormat outputFormat = OutputFormat::text;
@@ -44,6 +52,8 @@ struct SessionOptions {
   ByteSink outputSink = {};    // where set, the bytes of the listing go here and to no named file
   std::string sinkPath = {};   // of the file behind the sink, if any: it is an output like others
   bool rowsNameInput = false;  // they go into a table of several documents
+  std::optional<GivenInput> input = {};  // of the only run, in the place of a file
+  std::optional<TextForm> form = {};     // of the text that is written, where not as it is composed
 };
 
 class Session {

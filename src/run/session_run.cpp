@@ -89,7 +89,7 @@ bool Session::CheckInput() {
   return PassesOwnFilesGate(settings_.inputFile, ui_) &&
          PassesExtensionGate(settings_.inputFile, settings_.reading, ListButtonCaption(settings_),
                              ui_) &&
-         CheckInputReadable(settings_.inputFile, ui_);
+         (options_.input || CheckInputReadable(settings_.inputFile, ui_));
 }
 
 Output Session::ListingOutput() const {
@@ -172,7 +172,10 @@ bool Session::ReadDocument() {
   DropInput();
   document_ =
       ObtainDocument(*std::move(input), request, settings_.inputIsUtf8, macNoticeShown_, ui_);
-  return document_ != nullptr;
+  if (document_ == nullptr) return false;
+  const Reading reading = document_->options.reading;
+  if (document_->lostCharacters > 0) ui_.TellOfLostCharacters(document_->lostCharacters, reading);
+  return true;
 }
 
 RunOutcome Session::EndUnread() {
@@ -265,6 +268,10 @@ RunOutcome Session::List() {
   target.kept = FilesOfRun();
   target.targets = options_.targets;
   target.sink = options_.outputSink;
+  const bool isUnicode = listing_->Source().options.reading == Reading::unicode;
+  target.coding = isUnicode ? Coding::utf8 : Coding::windows1252;
+  target.form = options_.form.value_or(TextForm{target.coding, true});
+  if (options_.input) target.inputName = options_.input->name;
   if (options_.rowsNameInput) target.nameInTable = settings_.inputFile;
   report_ = ListWords(*listing_, target, ui_);
   return OutcomeOf(report_.outcome);

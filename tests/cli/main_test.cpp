@@ -92,19 +92,42 @@ TEST(CommandLine, TakesASizeLimitForAFullDisk) {
 #endif
 
 TEST(CommandLine, ListsWhatIsAskedFor) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"u.txt -o -", "caf\xE9 2\r\n"},
-      {"u.txt -o - --encoding utf-8 --answer no", "caf\xE9 2\r\n"},
-      {"u.txt -o - --encoding ansi", "caf\xC3 2\r\n"},
-      {"u.txt -o - --encoding ansi --answer yes", "caf\xE9 2\r\n"},
-      {"u.txt -o - --encoding ansi --answer default", "caf\xC3 2\r\n"}};
+  const std::pair<const char*, std::string> rows[] = {
+      {"-o -", "\n\ncaf\u00e9 2\n\n"},
+      {"-o - --encoding utf-8 --answer no", "\n\ncaf\u00e9 2\n\n"},
+      {"-o - --encoding ansi", "\n\ncaf\u00c3 2\n\n"},
+      {"-o - --encoding ansi --answer yes", "\n\ncaf\u00e9 2\n\n"},
+      {"-o - --encoding ansi --answer default", "\n\ncaf\u00c3 2\n\n"},
+      {"-e c* --output-encoding windows-1252", "\r\n\r\ncaf\xE9 2\r\n\r\n"},
+      {"-o o", "\r\n\r\ncaf\xE9 2\r\n\r\n"},
+      {"-o o --output-encoding utf-8", "\r\n\r\ncaf\u00e9 2\r\n\r\n"}};
   const TestFolder folder;
   // "café" with an accent in UTF-8, and a dash that shows it.
-  (void)folder.Write("u.txt", "caf\xC3\xA9 \xE2\x80\x94 caf\xC3\xA9\r\n");
+  const std::string name = "u \u00e9.txt";
+  (void)folder.Write(name, "caf\u00e9 \u2014 caf\u00e9\r\n");
   for (const auto& [arguments, words] : rows) {
-    EXPECT_EQ(RunCli(folder, std::string("-c 0 ") + arguments), 0);
-    EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + std::string(words) + "\r\n"))
-        << arguments << folder.Read("out");
+    EXPECT_EQ(RunCli(folder, "'" + name + "' -c 0 " + arguments), 0);
+    const std::string found = folder.Read(arguments[3] == 'o' ? "o" : "out");
+    EXPECT_TRUE(found.ends_with(words)) << arguments << found;
+    const bool isUtf8 = words.find("\xC3") < words.size();
+    EXPECT_TRUE(found.starts_with(isUtf8 ? "Input file: " + name : "Input file: u \xE9.txt"));
+  }
+}
+
+TEST(CommandLine, TellsOfCharactersThatItLoses) {
+  const std::string many =
+      "1,200 characters are not in Windows-1252; --encoding unicode keeps them\n";
+  const std::string one = "1 character is not in Windows-1252; --encoding unicode keeps it\n";
+  const std::tuple<const char*, std::string, const char*, std::string> rows[] = {
+      {"u.txt", "\u2014 c\u0153ur coeur", "", one},
+      {"u.txt", Repeated("\u0416\u0436\u2014 word ", 600), "-q", many},
+      {"u.html", "<html><head></head>\u0416 word", "--encoding ansi --answer no", one},
+      {"u.txt", "caf\u00e9 \u2014", "", ""}};
+  for (const auto& [name, text, options, said] : rows) {
+    const TestFolder folder;
+    (void)folder.Write(name, text);
+    (void)RunCli(folder, std::string(name) + " --language none " + options);
+    EXPECT_EQ(Said(folder), said.empty() ? "" : "quorvel-cli: " + std::string(name) + ": " + said);
   }
 }
 

@@ -64,6 +64,7 @@ TEST(Options, ChangeTheSettings) {
       {"-c 0", "18: 0\n", "-c 5"},
       {"--context 9", "18: 9\n"},
       {"--stop-words w", "19: \"w\"\n", "--language none"},
+      {"--language auto", "19: \"stwds_auto.txt\"\n", "--language none"},
       {"--index", "21: 1\n", "--no-index"},
   };
   for (const auto& [options, changes, takesBack] : rows) {
@@ -109,7 +110,13 @@ TEST(Options, RefuseWrongUsage) {
       {"a.txt --format tsv --no-frequencies", "--no-frequencies: only with --format text"},
       {"a.txt --format tsv --save-settings s",
        "--save-settings: no settings file keeps a --format"},
-      {"-", "INPUT: a document is read from a file, not from standard input"},
+      {"a.txt --format json --output-encoding windows-1252",
+       "--output-encoding: the rows of --format are UTF-8"},
+      {"a.txt -", "INPUT: standard input is read alone, beside no other document"},
+      {"- --index", "--index: standard input has no index file"},
+      {"- --use-index", "--use-index: standard input has no index file"},
+      {"- --save-settings s", "--save-settings: no settings file can name standard input"},
+      {"a.txt --input-type html", "--input-type: only for standard input, the document \"-\""},
       {"a.txt --order 1", "--order: 1 not in {alphabetical,frequency}"},
       {"a.txt --language x", "--language: x not in {auto,none,all,en,de,es,pt,it,fr}"},
       {"a.txt -c 10", "--context: Value 10 not in range 0 to 9"},
@@ -147,7 +154,7 @@ TEST(Options, TellOfThemselves) {
                 "                             bare word list. Default: 5\n"),
       std::string::npos);
   for (const char* line :
-       {"--[no-]skip-lists          leave out", "\nFiles:\n  -o,", "\nWords:\n  --[",
+       {"--[no-]skip-lists          leave out", "\nFiles:\n  --i", "\nWords:\n  --[",
         "\nSearch:\n  --create ", "\nListing:\n  -c,", "\nMessages:\n  --a"}) {
     EXPECT_NE(help.find(line), std::string::npos) << line;
   }

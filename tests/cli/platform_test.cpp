@@ -131,7 +131,7 @@ TEST(Platform, SignalsThatTheCallerIgnoresAreIgnored) {
   BlockedRun run(true);
   run.Send(SIGHUP);
   EXPECT_EQ(run.EndWithin(milliseconds(300)), 1000);
-  EXPECT_TRUE(run.Rest().ends_with("\r\n"));
+  EXPECT_TRUE(run.Rest().ends_with("\n\n"));
   EXPECT_EQ(run.EndWithin(SOON), 0);
 }
 

@@ -61,6 +61,8 @@ TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
   const std::string exists =
       "quorvel-cli: a.txt: A concordance file a.qvl.conc.txt already exists.  Do you wish to "
       "overwrite it?\nyes or no [yes]? ";
+  const std::string lost =
+      "quorvel-cli: u.txt: 3 characters are not in Windows-1252; --encoding unicode keeps them\n";
   const std::string ansi = "u.txt -c 0 --encoding ansi -q -o ";
   const struct {
     std::string arguments;
@@ -69,7 +71,7 @@ TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
     const char* file;
     const char* end;  // of the file
   } rows[] = {
-      {ansi + "1", {"\n"}, encoding + "\n0", "1", "caf\xC3 2\r\n\r\n"},
+      {ansi + "1", {"\n"}, encoding + "\n" + lost + "0", "1", "caf\xC3 2\r\n\r\n"},
       {ansi + "3", {"x\n", "Yes\n"}, encoding + "x" + again + "Yes\n0", "3", "caf\xE9 2\r\n\r\n"},
       {ansi + "5", {"Cancel\n"}, encoding + "Cancel\n1", "5", ""},
       {ansi + "7", {"\3"}, encoding + "^C130", "7", ""},

@@ -43,11 +43,12 @@ TEST(DocxText, GoesByThePrefixOfTheDocument) {
   const std::string xml =
       "<x:d xmlns:x='http://purl.oclc.org/ooxml/wordprocessingml/main'><w:t>0</w:t>"
       "<x:t>a</x:t></x:r><x:r><x:tab/><x:t xml:space=\"preserve\">b</x:t><x:br/><x:t>c</x:t>"
-      "<w:br/></x:p><x:tbl><x:t>d</x:t>";
+      "<w:br/></x:p><x:tbl><x:t>d\u0142</x:t>";
   SilentProgress nobody;
   DocumentRuns runs(xml);
   EXPECT_TRUE(runs.Read(nobody));
-  EXPECT_EQ(runs.Text(), "ab c d");
+  EXPECT_EQ(runs.Text(), "ab c d\u0142");
+  EXPECT_EQ(runs.LostCharacters(), 1);
 }
 
 TEST(DocxText, GoesOnAfterAStopAndShowsHowFarItIs) {

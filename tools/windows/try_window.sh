@@ -77,7 +77,7 @@ list_words
 same "concordance that F5 wrote in the window" here.txt "$concordance"
 [[ $(head -n 1 "$concordance" | iconv -f WINDOWS-1252) == "Input file: C:\\users\\$user\\$name.txt"$'\r' ]] ||
   fail "the concordance names its input '$(head -n 1 "$concordance")'"
-wine "$folder/quorvel-cli.exe" -q -o - "$sample" >out </dev/null
+wine "$folder/quorvel-cli.exe" -q -o out "$sample" </dev/null
 same "concordance of the command line" here.txt out
 import -window root "$picture"
 echo "Its picture: $picture"
