@@ -24,7 +24,7 @@ constexpr const char* OPEN_START =
     "xmlns:svg='urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0'>";
 
 UnpackedParts PartsOf(PackedKind kind, std::vector<std::string> parts) {
-  UnpackedParts unpacked{kind, std::move(parts)};
+  UnpackedParts unpacked{.kind = kind, .parts = std::move(parts)};
   for (const std::string& part : unpacked.parts) unpacked.length += part.size();
   return unpacked;
 }
