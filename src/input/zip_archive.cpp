@@ -6,8 +6,7 @@
 #include <memory>
 #include <new>
 #include <optional>
-
-#include "input/zip_directory.h"
+#include <utility>
 
 namespace quorvel {
 namespace {
@@ -98,43 +97,75 @@ bool IsEmptyByMistake(const zip_stat_t& status, std::string_view archive, const 
   return status.size != 0 || status.crc != 0 || HasBytesByItsRecord(archive, name);
 }
 
-// The library reports a wrong checksum or length once all bytes are out.
-Result<UnpackedEntry> Unpack(const InputBytes& archive, const std::string& name,
-                             std::uint64_t limit,
-                             const std::function<bool(std::string_view)>& write) {
-  const std::optional<ArchiveParts> parts = PartsOf(archive.View(), name);
-  if (!parts) return UnpackedEntry{0, true};
-  const Archive opened = OpenArchive(*parts);
-  if (!opened) return UnpackedEntry{0, true};
-  zip_stat_t status;
-  const Entry entry = OpenEntry(opened.get(), name, status);
-  if (!entry) return OutcomeOf(*zip_get_error(opened.get()), 0);
-  if (IsEmptyByMistake(status, archive.View(), name)) return UnpackedEntry{0, true};
+// Hands on all bytes of an open entry. The library reports a wrong checksum or length once they are
+// out.
+Result<UnpackedEntry> ReadEntry(zip_file_t* entry, const std::string& path, std::uint64_t limit,
+                                const std::function<bool(std::string_view)>& write) {
   // Not on the stack, which the user may have made small.
   const auto block = std::make_unique_for_overwrite<char[]>(BLOCK_LENGTH);
   std::uint64_t length = 0;
   while (true) {
-    const zip_int64_t got = zip_fread(entry.get(), block.get(), BLOCK_LENGTH);
+    const zip_int64_t got = zip_fread(entry, block.get(), BLOCK_LENGTH);
     if (got == 0) return UnpackedEntry{length, false};
-    if (got < 0) return OutcomeOf(*zip_file_get_error(entry.get()), length);
+    if (got < 0) return OutcomeOf(*zip_file_get_error(entry), length);
     length += static_cast<std::uint64_t>(got);
-    if (length > limit) return Fault{FaultKind::bodyTooLarge, archive.Path(), {}};
+    if (length > limit) return Fault{FaultKind::bodyTooLarge, path, {}};
     if (!write(std::string_view(block.get(), static_cast<std::size_t>(got)))) {
-      return Fault{FaultKind::temporaryFolderFull, archive.Path(), {}};
+      return Fault{FaultKind::temporaryFolderFull, path, {}};
     }
   }
 }
 
 }  // namespace
 
-// Without memory for the names in an archive the library goes on as if there were none: an entry
-// is missing only when it is so twice.
+// An archive with a short directory is opened once; with a long one its part for each entry is.
+struct ArchiveReader::Library {
+  ArchiveParts parts;  // which the open archive is a view of
+  Archive opened;
+  bool wasOpenedAgain = false;
+};
+
+ArchiveReader::ArchiveReader(InputBytes archive)
+    : archive_(std::move(archive)),
+      directory_(archive_.View()),
+      library_(std::make_unique<Library>()) {}
+
+ArchiveReader::~ArchiveReader() = default;
+
+Result<UnpackedEntry> ArchiveReader::TryToUnpack(
+    const std::string& name, std::uint64_t limit,
+    const std::function<bool(std::string_view)>& write) {
+  if (!library_->opened || directory_.IsLong()) {
+    std::optional<ArchiveParts> parts = directory_.PartsFor(name);
+    if (!parts) return UnpackedEntry{0, true};
+    library_->opened.reset();
+    library_->parts = *std::move(parts);
+    library_->opened = OpenArchive(library_->parts);
+  }
+  zip_t* const archive = library_->opened.get();
+  if (archive == nullptr) return UnpackedEntry{0, true};
+  zip_stat_t status;
+  const Entry entry = OpenEntry(archive, name, status);
+  if (!entry) return OutcomeOf(*zip_get_error(archive), 0);
+  if (IsEmptyByMistake(status, archive_.View(), name)) return UnpackedEntry{0, true};
+  return ReadEntry(entry.get(), archive_.Path(), limit, write);
+}
+
+// Without memory for the names in an archive the library goes on as if there were none: the first
+// entry that is missing is looked for in the archive opened again.
+Result<UnpackedEntry> ArchiveReader::Unpack(const std::string& name, std::uint64_t limit,
+                                            const std::function<bool(std::string_view)>& write) {
+  Result<UnpackedEntry> entry = TryToUnpack(name, limit, write);
+  const bool isMissing = entry && entry->isDamaged && entry->length == 0;
+  if (!isMissing || std::exchange(library_->wasOpenedAgain, true)) return entry;
+  library_->opened.reset();
+  return TryToUnpack(name, limit, write);
+}
+
 Result<UnpackedEntry> UnpackEntry(const InputBytes& archive, const std::string& name,
                                   std::uint64_t limit,
                                   const std::function<bool(std::string_view)>& write) {
-  Result<UnpackedEntry> entry = Unpack(archive, name, limit, write);
-  const bool isMissing = entry && entry->isDamaged && entry->length == 0;
-  return isMissing ? Unpack(archive, name, limit, write) : entry;
+  return ArchiveReader(archive).Unpack(name, limit, write);
 }
 
 }  // namespace quorvel

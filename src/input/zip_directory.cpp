@@ -32,29 +32,6 @@ std::string DirectoryOfOne(std::string_view record, std::size_t offset) {
   return directory.append(2, '\0');
 }
 
-// The archive with a directory of the entry `name` alone. Nothing where it is not in the directory,
-// or that is damaged.
-std::optional<ArchiveParts> WithOneEntry(std::string_view archive, const std::string& name) {
-  constexpr std::size_t RECORD_LENGTH = 46;
-  constexpr std::size_t END_LENGTH = 22;
-  const std::size_t end = archive.rfind(DIRECTORY_END);
-  if (end == std::string_view::npos || archive.size() - end < END_LENGTH) return std::nullopt;
-  const std::size_t offset = NumberAt(archive, end + 16, 4);
-  if (offset + NumberAt(archive, end + 12, 4) != end) return std::nullopt;
-  for (std::size_t place = offset; place + RECORD_LENGTH <= end;) {
-    const std::size_t nameLength = NumberAt(archive, place + 28, 2);
-    const std::size_t length = RECORD_LENGTH + nameLength + NumberAt(archive, place + 30, 2) +
-                               NumberAt(archive, place + 32, 2);
-    const std::string_view record = archive.substr(place, length);
-    if (!record.starts_with(DIRECTORY_RECORD) || place + length > end) return std::nullopt;
-    if (record.substr(RECORD_LENGTH, nameLength) == name) {
-      return ArchiveParts{archive.substr(0, offset), DirectoryOfOne(record, offset)};
-    }
-    place += length;
-  }
-  return std::nullopt;
-}
-
 // Whether an archive has more entries than are given to the library. It keeps all names in a table
 // that can be made slow by names that are made for that.
 bool HasManyEntries(std::string_view archive) {
@@ -69,9 +46,36 @@ bool HasManyEntries(std::string_view archive) {
 
 }  // namespace
 
-std::optional<ArchiveParts> PartsOf(std::string_view archive, const std::string& name) {
-  if (HasManyEntries(archive)) return WithOneEntry(archive, name);
-  return ArchiveParts{archive, {}};
+ArchiveDirectory::ArchiveDirectory(std::string_view archive)
+    : archive_(archive), isLong_(HasManyEntries(archive)) {
+  if (isLong_) FindRecords();
+}
+
+void ArchiveDirectory::FindRecords() {
+  constexpr std::size_t RECORD_LENGTH = 46;
+  constexpr std::size_t END_LENGTH = 22;
+  constexpr std::size_t MOST_RECORDS = 1000000;  // what memory is given for
+  const std::size_t end = archive_.rfind(DIRECTORY_END);
+  if (end == std::string_view::npos || archive_.size() - end < END_LENGTH) return;
+  offset_ = NumberAt(archive_, end + 16, 4);
+  if (offset_ + NumberAt(archive_, end + 12, 4) != end) return;
+  for (std::size_t place = offset_;
+       place + RECORD_LENGTH <= end && records_.size() < MOST_RECORDS;) {
+    const std::size_t nameLength = NumberAt(archive_, place + 28, 2);
+    const std::size_t length = RECORD_LENGTH + nameLength + NumberAt(archive_, place + 30, 2) +
+                               NumberAt(archive_, place + 32, 2);
+    const std::string_view record = archive_.substr(place, length);
+    if (!record.starts_with(DIRECTORY_RECORD) || place + length > end) return;
+    records_.emplace(record.substr(RECORD_LENGTH, nameLength), record);
+    place += length;
+  }
+}
+
+std::optional<ArchiveParts> ArchiveDirectory::PartsFor(std::string_view name) const {
+  if (!isLong_) return ArchiveParts{archive_, {}};
+  const auto found = records_.find(name);
+  if (found == records_.end()) return std::nullopt;
+  return ArchiveParts{archive_.substr(0, offset_), DirectoryOfOne(found->second, offset_)};
 }
 
 }  // namespace quorvel

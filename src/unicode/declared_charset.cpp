@@ -101,7 +101,8 @@ std::string DeclaredCharset(std::string_view markup) {
     if (start.starts_with("<!--")) {
       place = std::min(markup.find("-->", place + 4), markup.size() - 1);
     } else if (start.starts_with("<?xml") || start.starts_with("<meta")) {
-      const std::string tag = LowerStart(rest, std::min(rest.find('>'), LONGEST_TAG));
+      const std::string_view tagged = rest.substr(0, LONGEST_TAG);
+      const std::string tag = LowerAscii(tagged.substr(0, tagged.find('>')));
       name = NameBehind(tag, start.starts_with("<?") ? "encoding" : "charset");
     }
   }

@@ -103,8 +103,8 @@ Utf8Text FromUtf8(std::string_view bytes, std::int64_t replacements) {
 }
 
 std::uint32_t UnitAt(std::string_view bytes, std::size_t place, Charset charset) {
-  const auto first = static_cast<std::uint8_t>(bytes[place]);
-  const auto second = static_cast<std::uint8_t>(bytes[place + 1]);
+  const std::uint32_t first = static_cast<std::uint8_t>(bytes[place]);
+  const std::uint32_t second = static_cast<std::uint8_t>(bytes[place + 1]);
   const bool isLittle = charset == Charset::utf16LittleEndian;
   return isLittle ? first | second << 8U : first << 8U | second;
 }

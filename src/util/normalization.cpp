@@ -40,7 +40,7 @@ using Decomposition = std::array<CodePoint, LONGEST_DECOMPOSITION>;
 std::size_t Decompose(CodePoint codePoint, Decomposition& parts) {
   int boundary = 0;
   const utf8proc_ssize_t length =
-      utf8proc_decompose_char(codePoint, parts.data(), parts.size(), COMPOSE, &boundary);
+      utf8proc_decompose_char(codePoint, parts.data(), std::ssize(parts), COMPOSE, &boundary);
   if (length > 0 && length <= std::ssize(parts)) return static_cast<std::size_t>(length);
   parts[0] = codePoint;
   return 1;

@@ -28,7 +28,7 @@ std::string Archive(const std::string& directory) {
 }
 
 TEST(ZipDirectory, OfManyEntriesIsGivenWithOneAlone) {
-  EXPECT_EQ(PartsOf(Archive(MANY), "filler")->directory, "");
+  EXPECT_EQ(ArchiveDirectory(Archive(MANY)).PartsFor("filler")->directory, "");
   const std::string wanted = Record("wanted");
   const std::string full = Record("wanted", std::string(300, 'x'), std::string(300, 'c'));
   const struct {
@@ -48,7 +48,7 @@ TEST(ZipDirectory, OfManyEntriesIsGivenWithOneAlone) {
   for (const auto& row : rows) {
     for (const std::size_t behind : {0U, 300U}) {
       const std::string bytes = Archive(row.directory) + std::string(behind, 'z');
-      const auto parts = PartsOf(bytes, row.wanted);
+      const auto parts = ArchiveDirectory(bytes).PartsFor(row.wanted);
       EXPECT_EQ(parts.has_value(), !row.record.empty()) << row.name;
       if (!parts) continue;
       EXPECT_EQ(parts->entries, ENTRIES) << row.name;
@@ -60,10 +60,13 @@ TEST(ZipDirectory, OfManyEntriesIsGivenWithOneAlone) {
 
 TEST(ZipDirectory, IsRefusedWhereItsEndIsDamaged) {
   const std::string bytes = Archive(MANY + Record("wanted"));
-  EXPECT_TRUE(PartsOf(bytes, "wanted"));
-  EXPECT_FALSE(PartsOf(bytes.substr(0, bytes.size() - 1), "wanted"));
-  EXPECT_FALSE(PartsOf(bytes.substr(0, bytes.size() - 22), "wanted"));
-  EXPECT_FALSE(PartsOf("x" + bytes, "wanted"));
+  const auto isFound = [](const std::string& archive) {
+    return ArchiveDirectory(archive).PartsFor("wanted").has_value();
+  };
+  EXPECT_TRUE(isFound(bytes));
+  EXPECT_FALSE(isFound(bytes.substr(0, bytes.size() - 1)));
+  EXPECT_FALSE(isFound(bytes.substr(0, bytes.size() - 22)));
+  EXPECT_FALSE(isFound("x" + bytes));
 }
 
 }  // namespace

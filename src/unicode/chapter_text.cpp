@@ -1,0 +1,109 @@
+#include "unicode/chapter_text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "input/compact_spaces.h"
+#include "input/html_text.h"
+#include "util/ansi.h"
+
+// The walk over web pages does the work. Chapters are XML, though, and the work of typesetters: so
+// what that walk does not know is taken out before. Comments hold mark-up; an element that it skips
+// may be closed at once, and would be skipped to the end of the text; and a word may begin with a
+// large letter of its own.
+
+namespace quorvel {
+namespace {
+
+// Not "a" and "sup": behind a word they are the number of a note more often than a part of it.
+constexpr std::array<std::string_view, 24> INSIDE_WORDS = {
+    "abbr", "acronym", "b",     "bdi",  "bdo",    "big", "cite", "code",
+    "dfn",  "em",      "font",  "i",    "ins",    "kbd", "mark", "q",
+    "s",    "samp",    "small", "span", "strong", "sub", "u",    "wbr"};
+
+constexpr std::array<std::string_view, 5> SKIPPED = {"script", "noscript", "style", "ul", "ol"};
+
+bool Holds(const auto& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// The name in the tag at the 0-based place of its "<", in lower case, with the "/" of an end tag.
+std::string TagName(std::string_view markup, std::size_t mark) {
+  constexpr std::size_t LONGEST_NAME = 10;
+  const std::string tag = LowerAscii(markup.substr(mark + 1, LONGEST_NAME));
+  const std::size_t length =
+      tag.find_first_not_of("abcdefghijklmnopqrstuvwxyz123456", tag.starts_with('/') ? 1 : 0);
+  return tag.substr(0, length);
+}
+
+// What is to be made of the tag `name`.
+enum class TagUse { keep, drop, blank, beginAt, beginBehind };
+
+TagUse UseOf(std::string_view name, bool isEmpty) {
+  if (name == "body") return TagUse::beginAt;
+  if (name == "/head") return TagUse::beginBehind;
+  const std::string_view bare = name.substr(name.starts_with('/') ? 1 : 0);
+  if (Holds(INSIDE_WORDS, bare)) return TagUse::drop;
+  return isEmpty && Holds(SKIPPED, name) ? TagUse::blank : TagUse::keep;
+}
+
+// Takes the parts that are kept one after the other.
+class Simplifier {
+ public:
+  explicit Simplifier(std::string_view markup) : markup_(markup) {}
+
+  std::string Run() {
+    for (std::size_t mark = markup_.find('<'); mark != std::string_view::npos;
+         mark = markup_.find('<', std::max(mark + 1, done_))) {
+      if (markup_.substr(mark).starts_with("<!--")) {
+        Drop(mark, markup_.find("-->", mark), 3, " ");
+      } else if (!Pass(mark)) {
+        break;
+      }
+    }
+    return kept_.append(markup_, done_, std::string_view::npos);
+  }
+
+ private:
+  // False where no tag ends any more.
+  bool Pass(std::size_t mark) {
+    if (tagEnd_ <= mark) tagEnd_ = markup_.find('>', mark);
+    if (tagEnd_ == std::string_view::npos) return false;
+    const TagUse use = UseOf(TagName(markup_, mark), markup_[tagEnd_ - 1] == '/');
+    if (use == TagUse::drop || use == TagUse::blank) {
+      Drop(mark, tagEnd_, 1, use == TagUse::blank ? " " : "");
+    } else if (use == TagUse::beginBehind || (use == TagUse::beginAt && !inBody_)) {
+      kept_.clear();
+      done_ = use == TagUse::beginAt ? mark : tagEnd_ + 1;
+      inBody_ = use == TagUse::beginAt;
+    }
+    return true;
+  }
+
+  void Drop(std::size_t mark, std::size_t end, std::size_t endLength, std::string_view instead) {
+    kept_.append(markup_, done_, mark - done_).append(instead);
+    done_ = end == std::string_view::npos ? markup_.size() : end + endLength;
+  }
+
+  std::string_view markup_;
+  std::string kept_;
+  std::size_t done_ = 0;    // what stands before it was kept or dropped
+  std::size_t tagEnd_ = 0;  // the first ">" behind some mark, searched once
+  bool inBody_ = false;
+};
+
+}  // namespace
+
+std::string ChapterText(std::string_view markup, bool ignoreLists) {
+  // The walk drops what stands before the first ">".
+  std::string text = ">" + Simplifier(markup).Run();
+  if (ignoreLists) {
+    StripTagsAndLists(text, true);
+  } else {
+    StripTags(text);
+  }
+  CompactSpaces(text);
+  return std::string(TrimBlanks(text));
+}
+
+}  // namespace quorvel
