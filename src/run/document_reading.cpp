@@ -7,6 +7,8 @@
 
 #include "input/lost_characters.h"
 #include "run/fault_texts.h"
+#include "unicode/packed_documents.h"
+#include "unicode/packed_text.h"
 #include "unicode/prepared_text.h"
 #include "util/visible_text.h"
 
@@ -130,13 +132,45 @@ std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOp
   return std::nullopt;
 }
 
+// The text of a word-processor document or book. Lets go of its bytes once they are unpacked.
+Result<PreparedText> ReadPacked(InputBytes document, PackedKind kind, const ReadingRequest& request,
+                                Conversation& ui) {
+  const std::string path = document.Path();
+  const UnicodeOptions options = {request.options.ignoreLists, request.options.notes};
+  ui.BeginPhase("Extracting text");
+  const Result<UnpackedParts> parts = UnpackTextParts(document, kind, options, request.limits, ui);
+  document = {};
+  if (!parts) return parts.Why();
+  const UnpackedBody body = {parts->length, parts->isDamaged};
+  if (std::optional<Fault> fault = SettleBody(body, path, request.limits, ui)) {
+    return *std::move(fault);
+  }
+  PackedText text(*parts, options);
+  while (!text.Read(ui)) {
+    if (ReallyWishesToStop(ui)) return Fault{FaultKind::stopped, path, {}};
+  }
+  const bool isNews = text.IsDamaged() && !parts->isDamaged;
+  if (isNews && !WishesToScanAnyway(path, ui)) return Fault{FaultKind::stopped, path, {}};
+  return text.Take();
+}
+
 std::shared_ptr<const Document> ObtainUnicodeDocument(InputBytes input,
                                                       const ReadingRequest& request,
                                                       bool& macNoticeShown, Conversation& ui) {
   DocumentSource source = {input.Path(), input.Stamp(), request.digest};
-  const std::optional<PreparedText> text = ReadUnicode(input, request.options, macNoticeShown, ui);
+  std::optional<PreparedText> text;
+  if (const std::optional<PackedKind> kind = PackedKindOf(input)) {
+    Result<PreparedText> packed = ReadPacked(std::exchange(input, {}), *kind, request, ui);
+    if (packed) {
+      text = *std::move(packed);
+    } else if (packed.Why().kind != FaultKind::stopped) {
+      ui.Ask(MessageOf(packed.Why()));
+    }
+  } else {
+    text = ReadUnicode(input, request.options, macNoticeShown, ui);
+    input = {};
+  }
   if (!text) return nullptr;
-  input = {};
   return MakeUnicodeDocument(std::move(source), request.options, text->text, text->replaced);
 }
 

@@ -98,11 +98,14 @@ bool Session::CheckChosenInput() {
     settings_.inputFile.clear();
     return false;
   }
-  const bool isDocx = LowerExtensionOf(path) == "docx";
-  if (!isDocx) ui_.AppendOutput("Checking file ...\r\n");
+  const bool isUnicode = settings_.reading == Reading::unicode;
+  const std::string extension = LowerExtensionOf(path);
+  const bool isDocx = extension == "docx";
+  const bool isPacked = isDocx || (isUnicode && (extension == "odt" || extension == "epub"));
+  if (!isPacked) ui_.AppendOutput("Checking file ...\r\n");
   CheckOptions options;
   options.reading = settings_.reading;
-  options.quiet = isDocx;
+  options.quiet = isPacked;
   const Result<InputBytes> input = InputNow();
   const InputCheck check = CheckInputFile(path, input, options, macNoticeShown_, ui_);
   if (!check.accepted) {

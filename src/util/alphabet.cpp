@@ -57,6 +57,8 @@ std::uint8_t UnicodeClassOf(char32_t ch) {
   const utf8proc_category_t category = CategoryOf(ch);
   if (category == UTF8PROC_CATEGORY_ND) return CLASS_DIGIT;
   if (IsMark(ch)) return CLASS_LETTER;
+  // By itself it is an accent, and stands in no word.
+  if (ch == U'ˆ') return 0;
   if (category < UTF8PROC_CATEGORY_LU || category > UTF8PROC_CATEGORY_LO) return 0;
   const bool isVowel = category == UTF8PROC_CATEGORY_LL && IsVowelInLowerCase(ch);
   return static_cast<std::uint8_t>(CLASS_LETTER | (isVowel ? CLASS_LOWER_VOWEL : 0));

@@ -95,7 +95,7 @@ TEST(PackedText, IsThatOfWindows1252) {
     SilentProgress nobody;
     DocumentRuns first(xml);
     EXPECT_TRUE(first.Read(nobody));
-    const auto document = MakeDocument({"a.docx", {}, {}}, {true}, first.Text(), nobody);
+    const auto document = MakeDocument({"a.docx", {}, {}}, {.isUtf8 = true}, first.Text(), nobody);
     EXPECT_EQ(TextOf(PartsOf(PackedKind::docx, {xml})), EncodeUtf8((*document)->documentText))
         << xml;
   }
