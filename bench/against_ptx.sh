@@ -81,6 +81,11 @@ take() { # name
     search_*) search "$1" "${1#search_}.htm" -k one.txt ;;
     our_short) list our_short narrow.txt "$longStopWords" ;;
     our_long) list our_long long.txt "$longStopWords" ;;
+    together) measure together "$CLI" -q desk ;;
+    one_by_one)
+      # shellcheck disable=SC2016 # it is that shell which knows them
+      measure one_by_one bash -c 'for text in desk/???.txt; do "$0" -q "$text"; done' "$CLI"
+      ;;
     our_*) list "$1" "${1#our_}.txt" '' ;;
   esac
 }
@@ -259,6 +264,10 @@ for name in tokens markers repairs; do
   for kind in '' _benign; do "$BENCH" hostile $name$kind >$name$kind.txt; done
 done
 printf 'lamp %.0s' {1..2000} >list.patterns
+cat bible.txt bible.txt bible.txt >documents
+truncate -s 10000000 documents
+mkdir desk
+split -n l/1000 -d -a 3 --additional-suffix=.txt documents desk/
 { echo lamp; seq 10001 11999 | tr 0-9 k-t; } | tr '\n' ' ' >list.patterns_benign
 echo "Too frequent to be listed: $bibleStopWords; in the long text: $longStopWords"
 
@@ -277,6 +286,7 @@ MOST_DIFFERENCE=1.5 compared_row '80,000 words that share a slot where a table h
 MOST_DIFFERENCE=1.5 compared_row '32,000 lines with what looks like a repeat marker : with other signs' our_markers our_markers_benign 'at most' 2
 MOST_DIFFERENCE=1.5 compared_row '20 MB in which repairs of UTF-8 lead to others : in which they do not' our_repairs our_repairs_benign 'at most' 2
 MOST_DIFFERENCE=1.5 compared_row 'Search for one pattern 2,000 times : for 2,000 patterns' patterns patterns_benign 'at most' 2
+compared_row '1,000 documents of 10 KB: time of 1,000 commands : of one' one_by_one together 'at least' 4
 benchmarks_row 'The body of a DOCX document of 20 MB : of 2 MB' ReadBody/20000000 ReadBody/2000000 'at most' 11
 benchmarks_row 'Search in the window for a rare word: with a scan : with an index file' Search/scanned Search/fromIndex 'at least' 1.5
 benchmarks_row 'A whole run : listing again, as for another context' Run/text ListAgain/text 'at least' 1.3

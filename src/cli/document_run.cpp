@@ -126,8 +126,10 @@ const std::string& FileOf(const CommandLine& commandLine) {
 }
 
 int RunDocument(const CommandLine& commandLine, const ByteSink& result,
-                const std::string& resultPath, TerminalInterface& ui) {
+                const std::string& resultPath, TerminalInterface& ui,
+                std::shared_ptr<const LanguagesByWord> languages) {
   SessionOptions options = OptionsOf(commandLine, result, resultPath);
+  options.languages = std::move(languages);
   if (commandLine.readsStandardInput) {
     Result<InputBytes> input = ReadStandardInput(commandLine.settings.inputFile, ui);
     if (!input) return SayUnread(input.Why(), ui);

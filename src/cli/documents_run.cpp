@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <utility>
@@ -11,6 +12,7 @@
 
 #include "cli/document_run.h"
 #include "cli/exit_status.h"
+#include "cli/word_lists.h"
 #include "files/file_system.h"
 #include "files/folder_tree.h"
 #include "files/path_names.h"
@@ -18,6 +20,7 @@
 #include "output/occurrence_rows.h"
 #include "run/outputs.h"
 #include "run/result_writer.h"
+#include "run/stop_word_choice.h"
 #include "util/piece_makers.h"
 #include "util/visible_text.h"
 
@@ -140,15 +143,25 @@ class CommonResult {
   std::optional<ResultWriter> writer_;
 };
 
+// To read them for each document would take as long as to list a small one. Null where they are not
+// needed, or cannot be read, which each document then tells.
+std::shared_ptr<const LanguagesByWord> LanguagesFor(const CommandLine& commandLine) {
+  const ConcordanceSettings& settings = commandLine.settings;
+  const bool areNeeded =
+      settings.mode == Mode::create && RecognizesLanguage(commandLine.language, settings);
+  return areNeeded ? ReadLanguages() : nullptr;
+}
+
 // Lists one document; what does not go into a file beside it is appended to `result`.
 int ListDocument(const CommandLine& commandLine, const std::string& path,
+                 const std::shared_ptr<const LanguagesByWord>& languages,
                  const std::atomic<bool>& stopped, std::string& result) {
   TerminalInterface ui(commandLine.answerPolicy, path, stopped);
   const auto append = [&result](std::string_view bytes) {
     result += bytes;
     return true;
   };
-  return RunDocument(ForDocument(commandLine, path), append, "", ui);
+  return RunDocument(ForDocument(commandLine, path), append, "", ui, languages);
 }
 
 // Two inputs that differ in their extension alone have one name for what is listed of them: the
@@ -187,11 +200,12 @@ int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
   CommonResult common(commandLine, documents, result, resultPath);
   if (!commandLine.listsBesideInputs && !common.MayBegin(ui)) return FAILED;
 
+  const auto languages = LanguagesFor(commandLine);
   std::atomic<bool> stopped = false;
   std::vector<int> statuses(documents.size());
   const auto newMaker = [&] {
     return [&](std::size_t i, std::string& to) {
-      statuses[i] = ListDocument(commandLine, documents[i], stopped, to);
+      statuses[i] = ListDocument(commandLine, documents[i], languages, stopped, to);
     };
   };
   const auto goesOn = [&] {

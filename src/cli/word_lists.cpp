@@ -48,9 +48,13 @@ bool SettleStopWordsFile(const std::string& language, Session& session) {
   ConcordanceSettings& settings = session.Settings();
   if (!settings.stopWordsFile.empty() || language.empty() || language == "none") return true;
   std::optional<Language> chosen = LanguageByCode(language);
-  if (language == "auto") chosen = session.RecognizeLanguage();
+  if (RecognizesLanguage(language, settings)) chosen = session.RecognizeLanguage();
   settings.stopWordsFile = StopWordsPath(chosen.value_or(LANGUAGES.front()));
   return chosen.has_value();
+}
+
+bool RecognizesLanguage(const std::string& language, const ConcordanceSettings& settings) {
+  return settings.stopWordsFile.empty() && language == "auto";
 }
 
 bool LoadWordLists(Session& session, bool tellStopWords, Conversation& ui) {

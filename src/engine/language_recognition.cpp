@@ -1,33 +1,23 @@
 #include "engine/language_recognition.h"
 
 #include <algorithm>
-#include <bitset>
 #include <cstdint>
-#include <unordered_map>
 
 #include "engine/tokenizer.h"
 #include "input/double_hyphens.h"
 #include "util/ansi.h"
 
 namespace quorvel {
-namespace {
 
-// The languages that have a word among their stop words, each by its bit.
-using LanguageSet = std::bitset<LANGUAGES.size()>;
-
-std::unordered_map<std::u16string_view, LanguageSet> LanguagesByWord(
-    const StopWordsByLanguage& stopWords) {
-  std::unordered_map<std::u16string_view, LanguageSet> languages;
+LanguagesByWord LanguagesOf(const StopWordsByLanguage& stopWords) {
+  LanguagesByWord languages;
   for (std::size_t i = 0; i < stopWords.size(); ++i) {
     for (const std::u16string& word : stopWords[i]) languages[word].set(i);
   }
   return languages;
 }
 
-}  // namespace
-
-std::size_t RecognizeLanguage(std::string bytes, const StopWordsByLanguage& stopWords) {
-  const auto languages = LanguagesByWord(stopWords);
+std::size_t RecognizeLanguage(std::string bytes, const LanguagesByWord& languages) {
   std::array<std::int32_t, LANGUAGES.size()> scores{};
   BlankDoubleHyphens(bytes);
   const std::u16string text = DecodeAnsi(bytes);

@@ -150,7 +150,11 @@ void Session::LoadWordsAtHand(bool ask) {
 // Of what is no file or not there nothing speaks against English.
 std::optional<Language> Session::RecognizeLanguage() {
   const Result<InputBytes> input = InputNow();
-  if (input) return RecognizeInputLanguage(*input);
+  if (input) {
+    const auto languages = options_.languages ? options_.languages : ReadLanguages();
+    if (languages == nullptr) return std::nullopt;
+    return RecognizeInputLanguage(*input, *languages);
+  }
   const FaultKind kind = input.Why().kind;
   if (kind == FaultKind::notOpened || kind == FaultKind::notRead) return std::nullopt;
   return LANGUAGES.front();

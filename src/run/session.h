@@ -12,6 +12,7 @@
 #include <string>
 
 #include "engine/admission.h"
+#include "engine/language_recognition.h"
 #include "files/output_file.h"
 #include "files/read_file.h"
 #include "lists/languages.h"
@@ -52,6 +53,8 @@ struct SessionOptions {
   ByteSink outputSink = {};    // where set, the bytes of the listing go here and to no named file
   std::string sinkPath = {};   // of the file behind the sink, if any: it is an output like others
   bool rowsNameInput = false;  // they go into a table of several documents
+  // What tells the languages of inputs; null: the session reads that itself.
+  std::shared_ptr<const LanguagesByWord> languages = {};
   std::optional<GivenInput> input = {};  // of the only run, in the place of a file
   std::optional<TextForm> form = {};     // of the text that is written, where not as it is composed
 };

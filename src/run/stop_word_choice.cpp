@@ -1,6 +1,5 @@
 #include "run/stop_word_choice.h"
 
-#include "engine/language_recognition.h"
 #include "files/file_system.h"
 #include "input/text_sample.h"
 #include "lists/word_file.h"
@@ -33,10 +32,13 @@ std::string StopWordsPath(const Language& language) {
   return DataFilePath(std::string(language.stopWordsFile));
 }
 
-std::optional<Language> RecognizeInputLanguage(const InputBytes& input) {
+std::shared_ptr<const LanguagesByWord> ReadLanguages() {
   const std::optional<StopWordsByLanguage> stopWords = StopWordsOfAllLanguages();
-  if (!stopWords) return std::nullopt;
-  return LANGUAGES.at(RecognizeLanguage(TextSample(input, RECOGNITION_LENGTH), *stopWords));
+  return stopWords ? std::make_shared<const LanguagesByWord>(LanguagesOf(*stopWords)) : nullptr;
+}
+
+Language RecognizeInputLanguage(const InputBytes& input, const LanguagesByWord& languages) {
+  return LANGUAGES.at(RecognizeLanguage(TextSample(input, RECOGNITION_LENGTH), languages));
 }
 
 void ChooseStopWords(const std::optional<Language>& language, ConcordanceSettings& settings,

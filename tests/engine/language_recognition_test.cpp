@@ -16,7 +16,7 @@ TEST(LanguageRecognition, GoesByTheWordsThatAreStopWords) {
       {"no part of a word", "theme there all-the die", 1},
       {"a word of two letters at the end", "die - be be", 0}};
   for (const auto& [name, bytes, language] : rows) {
-    EXPECT_EQ(RecognizeLanguage(bytes, stopWords), language) << name;
+    EXPECT_EQ(RecognizeLanguage(bytes, LanguagesOf(stopWords)), language) << name;
   }
 }
 
