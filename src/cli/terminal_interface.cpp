@@ -11,7 +11,6 @@
 
 #include "cli/platform.h"
 #include "run/fault_texts.h"
-#include "util/time_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
@@ -125,15 +124,9 @@ Answer TerminalInterface::Ask(const Message& message) {
 }
 
 void TerminalInterface::TellOfLostCharacters(std::int64_t count, Reading reading) {
-  if (reading == Reading::unicode) {
-    Say(count == 1 ? "1 place holds bytes that are no character; U+FFFD stands there"
-                   : GroupedNumber(count) +
-                         " places hold bytes that are no characters; U+FFFD stands there");
-    return;
-  }
-  Say(count == 1 ? "1 character is not in Windows-1252; --encoding unicode keeps it"
-                 : GroupedNumber(count) +
-                       " characters are not in Windows-1252; --encoding unicode keeps them");
+  const std::string advice =
+      count == 1 ? "; --encoding unicode keeps it" : "; --encoding unicode keeps them";
+  Say(LostCharactersText(count, reading) + (reading == Reading::unicode ? "" : advice));
 }
 
 void TerminalInterface::YieldNow() {

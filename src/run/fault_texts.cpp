@@ -5,6 +5,7 @@
 #include <string>
 
 #include "files/path_names.h"
+#include "util/time_text.h"
 #include "util/visible_text.h"
 
 namespace quorvel {
@@ -89,6 +90,15 @@ Message MessageOf(const Fault& fault) {
     message.text += "\r\n\r\nWords-to-ignore must be separated by a space, not by a comma.";
   }
   return message;
+}
+
+std::string LostCharactersText(std::int64_t count, Reading reading) {
+  const std::string number = GroupedNumber(count);
+  if (reading == Reading::unicode) {
+    return number + (count == 1 ? " place holds" : " places hold") +
+           " bytes that are no character; U+FFFD stands there";
+  }
+  return number + (count == 1 ? " character is" : " characters are") + " not in Windows-1252";
 }
 
 }  // namespace quorvel

@@ -1,7 +1,11 @@
 // What the user reads of a fault.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "run/conversation.h"
+#include "util/alphabet.h"
 #include "util/fault.h"
 
 namespace quorvel {
@@ -13,5 +17,8 @@ inline constexpr const char* NOT_ENOUGH_MEMORY = "There is not enough memory";
 // typed. Not for `stopped`, of which the user knows, nor for `wouldReplace` and `notWritten`, of
 // which whoever wanted the file says in which one: of these it holds the bare reason.
 [[nodiscard]] Message MessageOf(const Fault& fault);
+
+// What is said of characters of an input that its text lacks, at least one.
+[[nodiscard]] std::string LostCharactersText(std::int64_t count, Reading reading);
 
 }  // namespace quorvel

@@ -9,6 +9,8 @@ void CopyLastingChoices(const ConcordanceSettings& from, ConcordanceSettings& to
   to.createIndexFile = from.createIndexFile;
   to.saveStateOnQuit = from.saveStateOnQuit;
   to.warnOnOverwrite = from.warnOnOverwrite;
+  to.reading = from.reading;
+  to.notes = from.notes;
 }
 
 void CopyPanelFields(const ConcordanceSettings& from, ConcordanceSettings& to) {

@@ -48,8 +48,9 @@ struct ConcordanceSettings {
 };
 
 // Puts the main window's fields and the stop-words file back to their defaults; with
-// `reinitialize` the settings panel's other fields too. The three lasting choices (index
-// file, saving on quit, overwrite warning) stay as the user set them either way.
+// `reinitialize` the settings panel's other fields too. The lasting choices (index
+// file, saving on quit, overwrite warning, how texts are read) stay as the user set them either
+// way.
 void InitializeVariables(ConcordanceSettings& settings, bool reinitialize);
 
 }  // namespace quorvel

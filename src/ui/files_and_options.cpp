@@ -7,6 +7,7 @@
 #include "files/file_system.h"
 #include "files/path_names.h"
 #include "run/word_lists.h"
+#include "ui/preferences.h"
 #include "ui/text.h"
 #include "ui/text_box.h"
 #include "ui_main_window.h"
@@ -78,6 +79,7 @@ void FilesAndOptions::ConnectOptions() {
   onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { cboContextSize_Click(); });
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
+  onChange(ui_.chkUnicode, &QCheckBox::toggled, [this] { chkUnicode_Click(); });
   onChange(ui_.chkDisable, &QCheckBox::toggled, [this] {
     TakeControls();
     ShowWhatIsPossible();
@@ -90,7 +92,11 @@ void FilesAndOptions::ConnectOptions() {
 void FilesAndOptions::cmdFile_Click(int index) {
   if (index == INPUT_BOX) {
     ChooseFile(INPUT_BOX, "Specify input file",
-               "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml);;All files (*)");
+               ui_.chkUnicode->isChecked()
+                   ? "A text file or a document (*.txt *.docx *.odt *.epub *.htm *.html *.xhtml)"
+                     ";;All files (*)"
+                   : "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml)"
+                     ";;All files (*)");
   } else if (index == KEYWORDS_BOX) {
     ChooseFile(KEYWORDS_BOX, "Specify keywords file", {});
   } else if (index == RESULTS_BOX) {
@@ -168,6 +174,7 @@ void FilesAndOptions::cmdClearFile_Click(int index) {
 }
 
 void FilesAndOptions::SetInput(Session::InputOrigin origin) {
+  interface_.HideLostCharacters();
   host_.work(session_.Settings().inputFile, [this, origin] { session_.SetInput(origin); });
   ShowSettings();
 }
@@ -226,6 +233,15 @@ void FilesAndOptions::optSearch_Click() {
     interface_.Tell("Specify a keywords file or type one or more extra keywords.", "Search",
                     Icon::information);
   }
+}
+
+// Takes effect with the next run: what is listed was read as it was.
+void FilesAndOptions::chkUnicode_Click() {
+  TakeControls();
+  const Reading reading = ui_.chkUnicode->isChecked() ? Reading::unicode : Reading::windows1252;
+  session_.ChangeReading(reading);
+  KeepReading(reading);
+  ShowWhatIsPossible();
 }
 
 void FilesAndOptions::cboContextSize_Click() {

@@ -81,6 +81,7 @@ class FilesAndOptions : public QObject {
   void optCreate_Click();
   void optSearch_Click();
   void cboContextSize_Click();
+  void chkUnicode_Click();
 
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);

@@ -76,6 +76,7 @@ void FilesAndOptions::ShowSettings() {
   ui_.chkSaveStateOnQuit->setChecked(settings.saveStateOnQuit);
   ui_.chkWarnOnOverwrite->setChecked(settings.warnOnOverwrite);
   ui_.chkUTF8_0->setChecked(settings.inputIsUtf8);
+  ui_.chkUnicode->setChecked(settings.reading == Reading::unicode);
   ReplaceText(*ui_.txbExtraKeywords, ShownText(settings.extraKeywords));
   host_.showPanel();
   showing_ = false;
@@ -101,6 +102,7 @@ void FilesAndOptions::ShowWhatIsPossible() {
   ui_.lblExtraKeywords->setEnabled(search);
   ui_.txbExtraKeywords->setEnabled(search);
   ui_.cmdClearExtraKeywords->setEnabled(search && !ui_.txbExtraKeywords->text().isEmpty());
+  ui_.chkUTF8_0->setEnabled(!ui_.chkUnicode->isChecked());
   ui_.chkDisable->setEnabled(!search);
   ui_.chkCreateIndexFile->setEnabled(!search);
   ui_.lblSearchResultsFileSize->setVisible(search);
@@ -115,7 +117,7 @@ void FilesAndOptions::ShowWhatIsPossible() {
 bool FilesAndOptions::MayShowLineBreaks() const {
   const std::string type = LowerExtensionOf(PathOf(txbFile_[INPUT_BOX]->text()));
   return ui_.cboContextSize->currentIndex() > 0 && type.find("htm") == std::string::npos &&
-         type != "xml" && type != "docx";
+         type != "xml" && type != "docx" && type != "odt" && type != "epub";
 }
 
 void FilesAndOptions::ShowFileSizes() {

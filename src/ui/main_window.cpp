@@ -14,6 +14,7 @@
 #include "ui/files_and_options.h"
 #include "ui/find_bar.h"
 #include "ui/pop_up.h"
+#include "ui/preferences.h"
 #include "ui/product_information.h"
 #include "ui/run_control.h"
 #include "ui/settings_panel.h"
@@ -53,6 +54,9 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
       .busyIndicator = ui_->lblTwirler,
       .timeElapsed = ui_->lblTimeElapsed,
       .listingShown = ui_->lblListingShown,
+      .lossBar = ui_->lossBar,
+      .lostCharacters = ui_->lblLost,
+      .readUnicode = ui_->cmdReadUnicode,
       .findBar = findBar_});
   session_ = std::make_unique<Session>(*interface_);
   files_ = new FilesAndOptions(
@@ -98,6 +102,7 @@ void MainWindow::Initialization() {
 
 void MainWindow::Start(const std::string& path) {
   ConcordanceSettings& settings = session_->Settings();
+  session_->ChangeReading(KeptReading());
   const std::optional<RestoredState> state = session_->LoadSettings({}, true);
   if (!state || !state->errorText.empty()) InitializeVariables(settings, false);
   session_->TakeLoadedSettings();
@@ -119,6 +124,10 @@ void MainWindow::ConnectButtons() {
   connect(ui_->cmdListWords, &QAbstractButton::clicked, this, [this] {
     // Else the run would tell of the same fault.
     if (files_->FinishEditing()) run_->cmdListWords_Click();
+  });
+  onClick(ui_->cmdReadUnicode, [this] {
+    ui_->chkUnicode->setChecked(true);
+    run_->cmdListWords_Click();
   });
   onClick(ui_->cmdViewFile, [this] { cmdViewFile_Click(); });
   onClick(ui_->cmdSetParameters, [this] { cmdSetParameters_Click(); });

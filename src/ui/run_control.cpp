@@ -14,6 +14,7 @@ void RunControl::cmdListWords_Click() {
   }
   files_.TakeControls();
   ui_.lblSearchResultsFileSize->clear();
+  interface_.HideLostCharacters();
   Work(session_.Settings().inputFile, [this] {
     session_.RunConcordance();
     files_.ShowSettings();

@@ -8,6 +8,7 @@
 #include <QTextCursor>
 #include <array>
 
+#include "run/fault_texts.h"
 #include "ui/find_bar.h"
 #include "ui/pop_up.h"
 #include "ui/text.h"
@@ -65,6 +66,15 @@ Answer AnswerOf(int button, Buttons buttons) {
 WindowInterface::WindowInterface(const ConversationControls& controls) : controls_(controls) {
   QObject::connect(&timer2_, &QTimer::timeout, &timer2_, [this] { Timer2_Timer(); });
 }
+
+void WindowInterface::TellOfLostCharacters(std::int64_t count, Reading reading) {
+  const bool isUnicode = reading == Reading::unicode;
+  controls_.lostCharacters->setText(ShownText(LostCharactersText(count, reading)));
+  controls_.readUnicode->setVisible(!isUnicode);
+  controls_.lossBar->show();
+}
+
+void WindowInterface::HideLostCharacters() { controls_.lossBar->hide(); }
 
 void WindowInterface::AppendOutput(std::string_view text) {
   ShowPendingOutput();

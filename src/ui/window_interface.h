@@ -31,6 +31,9 @@ struct ConversationControls {
   QLabel* busyIndicator;
   QLabel* timeElapsed;
   QLabel* listingShown;  // how much of it, where that is not all
+  QWidget* lossBar;      // above the listing: what the text lacks
+  QLabel* lostCharacters;
+  QPushButton* readUnicode;
   FindBar* findBar;
 };
 
@@ -40,6 +43,7 @@ class WindowInterface : public Conversation {
 
   void AppendOutput(std::string_view text) override;
   void SetOutput(std::string_view text) override;
+  void TellOfLostCharacters(std::int64_t count, Reading reading) override;
   void SetLabel(Label label, std::string_view text) override;
   void ShowBar(std::string_view caption) override;
   void SayWhatIsShown(const ListingShown& listing) override;
@@ -55,6 +59,9 @@ class WindowInterface : public Conversation {
   void BeginWork();
   void EndWork();
   [[nodiscard]] bool IsWorking() const { return working_; }
+
+  // Takes away what was told of lost characters, which are those of another text now.
+  void HideLostCharacters();
 
   // Shows the message that popped up during the work; it would only have held that up.
   void ShowPendingPopUp();

@@ -6,9 +6,9 @@
 
 namespace quorvel {
 
-// The text of a chapter's lines, which are joined by blanks, with blanks compacted; its entities stay.
-// Scripts, style sheets and, with `ignoreLists`, lists are left out as those of web pages are. A tag
-// leaves a blank, but for those that stand inside words, like "<b>".
+// The text of a chapter's lines, which are joined by blanks, with blanks compacted; its entities
+// stay. Scripts, style sheets and, with `ignoreLists`, lists are left out as those of web pages
+// are. A tag leaves a blank, but for those that stand inside words, like "<b>".
 [[nodiscard]] std::string ChapterText(std::string_view markup, bool ignoreLists);
 
 }  // namespace quorvel

@@ -52,6 +52,25 @@ TEST_F(Files, AreChosenInDialogs) {
   EXPECT_FALSE(Control("cmdViewFile").isEnabled());
 }
 
+TEST_F(Files, AreReadAsUnicodeWhereThatIsTicked) {
+  const std::string input = OpenText("a.txt", "Łódź tonie.\r\nŁódź płynie.\r\n");
+  List();
+  EXPECT_EQ(Text("lblLost"), "7 characters are not in Windows-1252");
+  Click("cmdReadUnicode", {WritesConcordance()});
+  ExpectListed("[płynie 1]\n...  tonie. Łódź ");
+  EXPECT_FALSE(Shown("lossBar"));
+  EXPECT_EQ(Which("checked", {"chkUnicode"}), "chkUnicode ");
+  EXPECT_EQ(Which("enabled", {"chkUnicode", "chkUTF8_0"}), "chkUnicode ");
+  EXPECT_NE(folder_.Read("a.qvl.conc.txt").find("[Łódź 2]\r\n"), std::string::npos);
+  Open(input, {LoadsStopWords()});  // the choice stays
+  List();
+  ExpectListed("[płynie 1]\n...  tonie. Łódź ");
+  Click("chkUnicode");
+  EXPECT_EQ(Which("enabled", {"chkUnicode", "chkUTF8_0"}), "chkUnicode chkUTF8_0 ");
+  List();
+  EXPECT_TRUE(Shown("lossBar"));
+}
+
 // The key does not take the focus from the box as a click on a button does.
 TEST_F(Files, AreTakenAsTheyWereTypedBeforeTheNextAct) {
   const std::string other = folder_.Write("b.txt", "ship ahoy\r\n");

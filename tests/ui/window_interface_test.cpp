@@ -39,7 +39,9 @@ class WindowInterfaces : public testing::Test {
   QLineEdit file_{&window_};
   QLineEdit find_{&window_};
   QLabel words_{&window_}, occurrences_{&window_}, found_{&window_}, bar_{&window_},
-      busy_{&window_}, elapsed_{&window_}, listing_{&window_}, count_{&window_};
+      busy_{&window_}, elapsed_{&window_}, listing_{&window_}, count_{&window_}, lost_{&window_};
+  QWidget lossBar_{&window_};
+  QPushButton unicode_{&window_};
   FindBar findBar_{{&window_, &find_, &count_, &output_}, nullptr};
   WindowInterface interface_{{&window_,
                               &output_,
@@ -50,6 +52,9 @@ class WindowInterfaces : public testing::Test {
                               &busy_,
                               &elapsed_,
                               &listing_,
+                              &lossBar_,
+                              &lost_,
+                              &unicode_,
                               &findBar_}};
 };
 
