@@ -39,16 +39,18 @@ int Worse(int status, int other) {
 }
 
 // In a folder only a name of its own makes a file a web page, not that of the folder.
-bool IsDocument(const std::string& path) {
+bool IsDocument(const std::string& path, Reading reading) {
   const std::string extension = LowerExtensionOf(path);
   const bool isKnown = extension == "txt" || extension == "docx" || PathNamesHtml(extension);
-  return isKnown && !IsConcordanceFileName(path);
+  const bool isForUnicode = extension == "odt" || extension == "epub";
+  return (isKnown || (isForUnicode && reading == Reading::unicode)) && !IsConcordanceFileName(path);
 }
 
 // The documents of all inputs, none twice. What is wrong with a folder is told, and fails.
 class Documents {
  public:
-  Documents(const std::vector<std::string>& inputs, TerminalInterface& ui) : ui_(ui) {
+  Documents(const std::vector<std::string>& inputs, Reading reading, TerminalInterface& ui)
+      : reading_(reading), ui_(ui) {
     for (const std::string& input : inputs) {
       if (FolderExists(input)) {
         AddFolder(input);
@@ -67,7 +69,7 @@ class Documents {
     for (const Fault& fault : tree.faults) Fail(fault.file, fault.reason);
     const std::size_t before = paths_.size();
     for (const std::string& file : tree.files) {
-      if (IsDocument(file)) Add(file);
+      if (IsDocument(file, reading_)) Add(file);
     }
     if (paths_.size() == before && tree.faults.empty()) {
       Fail(folder, "There is no text file, web page or DOCX document in this folder.");
@@ -83,6 +85,7 @@ class Documents {
     status_ = FAILED;
   }
 
+  Reading reading_;
   TerminalInterface& ui_;
   std::vector<std::string> paths_;
   std::set<std::string> known_;
@@ -194,7 +197,7 @@ struct StopAtEnd {
 int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
                  const std::string& resultPath, TerminalInterface& ui) {
   constexpr std::chrono::milliseconds PATIENCE(50);
-  const Documents found(commandLine.inputs, ui);
+  const Documents found(commandLine.inputs, commandLine.settings.reading, ui);
   std::vector<std::string> documents = found.Paths();
   int status = Worse(found.Status(), FailLikeNames(commandLine, documents, ui));
   CommonResult common(commandLine, documents, result, resultPath);

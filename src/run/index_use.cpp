@@ -14,6 +14,7 @@
 #include "input/document.h"
 #include "input/docx_text.h"
 #include "run/waiting.h"
+#include "unicode/packed_documents.h"
 #include "util/ansi.h"
 #include "util/beside.h"
 
@@ -45,7 +46,7 @@ class IndexReading {
   // too long for one would cost time and memory in vain.
   [[nodiscard]] bool MayBeOf(const InputBytes& input) const {
     const std::uint64_t textLength =
-        IsWordDocument(input) ? BodyLimits{}.hard : std::uint64_t{input.View().size()};
+        PackedKindOf(input) ? BodyLimits{}.hard : std::uint64_t{input.View().size()};
     return file_.Length() <= std::min(LongestIndexFile(textLength), LONGEST_INPUT) &&
            IsDigest(head_.digest);
   }

@@ -153,7 +153,7 @@ std::optional<Language> Session::RecognizeLanguage() {
   if (input) {
     const auto languages = options_.languages ? options_.languages : ReadLanguages();
     if (languages == nullptr) return std::nullopt;
-    return RecognizeInputLanguage(*input, *languages);
+    return RecognizeInputLanguage(*input, settings_.reading, *languages);
   }
   const FaultKind kind = input.Why().kind;
   if (kind == FaultKind::notOpened || kind == FaultKind::notRead) return std::nullopt;

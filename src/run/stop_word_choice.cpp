@@ -1,9 +1,12 @@
 #include "run/stop_word_choice.h"
 
+#include <utility>
+
 #include "files/file_system.h"
 #include "input/text_sample.h"
 #include "lists/word_file.h"
 #include "run/word_lists.h"
+#include "unicode/unicode_sample.h"
 
 namespace quorvel {
 namespace {
@@ -37,8 +40,11 @@ std::shared_ptr<const LanguagesByWord> ReadLanguages() {
   return stopWords ? std::make_shared<const LanguagesByWord>(LanguagesOf(*stopWords)) : nullptr;
 }
 
-Language RecognizeInputLanguage(const InputBytes& input, const LanguagesByWord& languages) {
-  return LANGUAGES.at(RecognizeLanguage(TextSample(input, RECOGNITION_LENGTH), languages));
+Language RecognizeInputLanguage(const InputBytes& input, Reading reading,
+                                const LanguagesByWord& languages) {
+  std::string sample = reading == Reading::unicode ? UnicodeSample(input, RECOGNITION_LENGTH)
+                                                   : TextSample(input, RECOGNITION_LENGTH);
+  return LANGUAGES.at(RecognizeLanguage(std::move(sample), languages));
 }
 
 void ChooseStopWords(const std::optional<Language>& language, ConcordanceSettings& settings,

@@ -22,7 +22,7 @@ namespace quorvel {
 [[nodiscard]] std::shared_ptr<const LanguagesByWord> ReadLanguages();
 
 // The language of an input, English for want of any sign.
-[[nodiscard]] Language RecognizeInputLanguage(const InputBytes& input,
+[[nodiscard]] Language RecognizeInputLanguage(const InputBytes& input, Reading reading,
                                               const LanguagesByWord& languages);
 
 // To be called whenever the input is set: reads the stop words of its language,
