@@ -49,17 +49,40 @@ Sequence SequenceAt(std::string_view bytes) {
   return {end, end == lead.length};
 }
 
-// The first place from `place` on that is no ASCII.
-std::size_t SkipAscii(std::string_view bytes, std::size_t place) {
+// Whether the eight bytes at a place are there, and ASCII.
+bool AreEightAscii(std::string_view bytes, std::size_t place) {
   constexpr std::uint64_t HIGH_BITS = 0x8080808080808080;
   std::uint64_t eight = 0;
-  while (place + sizeof(eight) <= bytes.size()) {
-    std::memcpy(&eight, bytes.data() + place, sizeof(eight));
-    if ((eight & HIGH_BITS) != 0) break;
-    place += sizeof(eight);
-  }
+  if (place + sizeof(eight) > bytes.size()) return false;
+  std::memcpy(&eight, bytes.data() + place, sizeof(eight));
+  return (eight & HIGH_BITS) == 0;
+}
+
+// The first place from `place` on that is no ASCII.
+std::size_t SkipAscii(std::string_view bytes, std::size_t place) {
+  while (AreEightAscii(bytes, place)) place += sizeof(std::uint64_t);
   while (place < bytes.size() && static_cast<std::uint8_t>(bytes[place]) < 0x80) ++place;
   return place;
+}
+
+// Goes behind characters of two bytes, those of whole alphabets, and the short stretches of ASCII
+// between them; gives how many they are.
+std::int64_t SkipPairs(std::string_view bytes, std::size_t& place) {
+  std::int64_t pairs = 0;
+  while (place + 1 < bytes.size()) {
+    const auto lead = static_cast<std::uint8_t>(bytes[place]);
+    const auto next = static_cast<std::uint8_t>(bytes[place + 1]);
+    if (lead < 0x80) {
+      if (AreEightAscii(bytes, place)) break;
+      ++place;
+    } else if (lead >= 0xC2 && lead < 0xE0 && (next & 0xC0U) == 0x80) {
+      place += 2;
+      ++pairs;
+    } else {
+      break;
+    }
+  }
+  return pairs;
 }
 
 struct Utf8Counts {
@@ -71,6 +94,11 @@ struct Utf8Counts {
 Utf8Counts CountUtf8(std::string_view bytes) {
   Utf8Counts counts;
   for (std::size_t place = SkipAscii(bytes, 0); place < bytes.size();) {
+    if (const std::int64_t pairs = SkipPairs(bytes, place); pairs > 0) {
+      counts.characters += pairs;
+      place = SkipAscii(bytes, place);
+      continue;
+    }
     const Sequence sequence = SequenceAt(bytes.substr(place));
     place += sequence.length;
     if (sequence.isValid) {
@@ -79,9 +107,7 @@ Utf8Counts CountUtf8(std::string_view bytes) {
       ++counts.replacements;
       counts.wrongBytes += static_cast<std::int64_t>(sequence.length);
     }
-    if (place < bytes.size() && static_cast<std::uint8_t>(bytes[place]) < 0x80) {
-      place = SkipAscii(bytes, place);
-    }
+    place = SkipAscii(bytes, place);
   }
   return counts;
 }

@@ -47,7 +47,7 @@ TEST(Document, IsReadAndMade) {
       EXPECT_EQ(text.Why().kind, FaultKind::stopped);
       EXPECT_EQ("stopped when read", row.text);
     } else if (const auto document = MakeDocument({row.file, {}, {}}, options, *text, ui)) {
-      EXPECT_EQ((*document)->ansiText, row.text);
+      EXPECT_EQ((*document)->narrowText, row.text);
       EXPECT_EQ((*document)->options, options);
     } else {
       EXPECT_EQ(document.Why().kind == FaultKind::noHead ? "no head" : "stopped", row.text);
