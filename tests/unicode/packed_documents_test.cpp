@@ -96,6 +96,7 @@ TEST(PackedDocuments, OfBooksGiveTheChaptersInTheirOrder) {
       {"<itemref idref='p'/><itemref idref='a'/><itemref idref='a'/>", "1|"},
       {"<itemref idref='m'/><itemref idref='a'/>", "damaged 1|"},
       {"<itemref idref='unknown'/><itemref idref='a'/>", "damaged 1|"},
+      {"<itemref idref='a'/></damage>", "damaged 1|"},
       {"", "damaged "}};
   for (const auto& [spine, parts] : rows) {
     EXPECT_EQ(UnpackedOrFault(ZipArchive(Book(manifest, spine)), PackedKind::epub), parts) << spine;
