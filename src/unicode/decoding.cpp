@@ -124,7 +124,7 @@ Utf8Text FromUtf8(std::string_view bytes, std::int64_t replacements) {
     }
     place += sequence.length;
   }
-  utf8.text.append(bytes, copied, std::string_view::npos);
+  utf8.text += bytes.substr(copied);
   return utf8;
 }
 
