@@ -199,12 +199,13 @@ std::u16string DecodeUtf8(std::string_view bytes) {
     while (i < end) {
       const auto first = static_cast<std::uint8_t>(bytes[i]);
       const auto second = static_cast<std::uint8_t>(i + 1 < bytes.size() ? bytes[i + 1] : '\0');
-      if (first < 0x80) {
-        *out++ = first;
-        ++i;
-      } else if (first >= 0xC2 && first < 0xE0 && (second & 0xC0U) == 0x80) {
-        *out++ = static_cast<char16_t>((first & 0x1FU) << 6U | (second & 0x3FU));
-        i += 2;
+      const bool isAscii = first < 0x80;
+      const bool isPair = (first >= 0xC2) & (first < 0xE0) & ((second & 0xC0U) == 0x80);
+      if (isAscii | isPair) {
+        // Where words end cannot be foretold: a jump would be wrong at each.
+        const auto pair = static_cast<char16_t>((first & 0x1FU) << 6U | (second & 0x3FU));
+        *out++ = isAscii ? first : pair;
+        i += isAscii ? 1 : 2;
       } else {
         i += PutRareCharacter(out, bytes.substr(i));
       }
