@@ -79,7 +79,8 @@ take() { # name
     cyrillic) list cyrillic cyrillic.txt "$(in_cyrillic <<<"$bibleStopWords")" --encoding unicode ;;
     unicode_keyword) search unicode_keyword bible.txt -k one.txt --encoding unicode ;;
     cyrillic_keyword) search cyrillic_keyword cyrillic.txt -e харвест --encoding unicode ;;
-    cyrillic_first) search cyrillic_first cyrillic.txt -e harvest --encoding utf-8 ;;
+    # A word that the letters become in Windows-1252.
+    cyrillic_first) search cyrillic_first cyrillic.txt -e 'ÐŸÑ' --encoding utf-8 ;;
     one_keyword) search one_keyword bible.txt -k one.txt ;;
     many_keywords) search many_keywords bible.txt -k many.txt ;;
     patterns*) search "$1" often10.txt -e "$(<"list.$1")" ;;
@@ -255,7 +256,8 @@ bible -f 'gen1:1-rev22:21' | sed 's/$/\r/' >bible.txt
 "$BENCH" text $TEXT_LENGTH 200000 1 >wide.txt
 for seed in 1 2 3 4 5 6 7 8 9 10; do "$BENCH" text $TEXT_LENGTH 5000 $seed; done >long.txt
 bibleStopWords=$(too_frequent_words bible.txt)
-in_cyrillic <bible.txt | head -c "$(bytes bible.txt)" | sed '$d' >cyrillic.txt
+bibleLength=$(bytes bible.txt)
+in_cyrillic <bible.txt | head -c "$bibleLength" | sed '$d' >cyrillic.txt
 longStopWords=$(too_frequent_words long.txt)
 seq 100000 149999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread.txt
 seq 100000 599999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread10.txt
