@@ -149,9 +149,13 @@ Result<PreparedText> ReadPacked(InputBytes document, PackedKind kind, const Read
   while (!text.Read(ui)) {
     if (ReallyWishesToStop(ui)) return Fault{FaultKind::stopped, path, {}};
   }
-  const bool isNews = text.IsDamaged() && !parts->isDamaged;
-  if (isNews && !WishesToScanAnyway(path, ui)) return Fault{FaultKind::stopped, path, {}};
-  return text.Take();
+  PreparedText prepared = text.Take();
+  if (!text.IsDamaged()) return prepared;
+  if (!parts->isDamaged && !WishesToScanAnyway(path, ui)) {
+    return Fault{FaultKind::stopped, path, {}};
+  }
+  if (prepared.text.empty()) return Fault{FaultKind::noBody, path, {}};
+  return prepared;
 }
 
 std::shared_ptr<const Document> ObtainUnicodeDocument(InputBytes input,
