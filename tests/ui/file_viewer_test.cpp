@@ -5,7 +5,6 @@
 #include <QFontMetrics>
 #include <QPlainTextEdit>
 #include <QTest>
-#include <tuple>
 
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"

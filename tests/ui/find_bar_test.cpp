@@ -6,8 +6,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
-#include <functional>
-#include <string>
 
 namespace quorvel {
 namespace {

@@ -20,6 +20,14 @@ TEST_F(MainWindows, HasAllInView) {
     EXPECT_EQ(control->visibleRegion().boundingRect(), control->rect())
         << control->objectName().toStdString();
   }
+  ExpectNames(*window_);
+  Click("cmdHelp");
+  ExpectNames(*Control("txbText1").window());
+  Activate(*window_);
+  Click("cmdAbout", {{"About Quorvel", [](QWidget& box) {
+                        ExpectNames(box);
+                        PressButton(box, "Close");
+                      }}});
 }
 
 TEST_F(MainWindows, AnswersToItsKeys) {
