@@ -17,19 +17,17 @@ TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
       {"", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n", ""},
       {"--language de", german, "Hund 1\r\nKatze 1\r\nthe 1\r\n", "stwds_de.txt\n"},
       {"--language all", german, "Hund 1\r\nKatze 1\r\n", "stwds_en_de_es_pt_it_fr.txt\n"},
-      {"--language none", unknown, "the 1\r\nxqwv 1\r\n", ""},
       {"", "zz yy xqwv vwqx\r\n", "vwqx 1\r\nxqwv 1\r\n", ""},
       {"--language en -q", unknown, "xqwv 1\r\n", ""},
       {"--stop-words w.txt", unknown, "the 1\r\n",
        "quorvel-cli: One stop word loaded from w.txt\n"},
-      {"--stop-words w.txt -q --language fr", unknown, "the 1\r\n", ""},
       {"-k w.txt", unknown, "xqwv 1\r\n", "quorvel-cli: One keyword word loaded from w.txt\n"},
   };
+  const TestFolder folder;
+  (void)folder.Write("w.txt", "xqwv\r\n");
   for (const auto& [options, text, words, end] : rows) {
     SCOPED_TRACE(options);
-    const TestFolder folder;
     (void)folder.Write("a.txt", text);
-    (void)folder.Write("w.txt", "xqwv\r\n");
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt -c 0 -o - " + options), 0);
     EXPECT_TRUE(folder.Read("out").ends_with("\r\n\r\n" + words + "\r\n")) << folder.Read("out");
     std::string said = folder.Read("err");

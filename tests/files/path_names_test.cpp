@@ -10,11 +10,9 @@ TEST(PathNames, TellTheKindOfAFileAndThoseBesideIt) {
     const char* path;
     const char* extension;
     const char* stem;  // of the files beside it
-    bool html = false;
-    bool text = false;
+    bool html = false, text = false;
   } rows[] = {
       {"", "", "."},
-      {"a", "", "a."},
       {"a.TXT", "TXT", "a.", false, true},
       {"my.texts/a", "", "my.texts/a."},
       {"/my.texts\\a.prn", "prn", "/my.texts\\a.", false, true},

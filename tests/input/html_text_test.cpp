@@ -50,8 +50,7 @@ TEST(HtmlText, IsMadeOfPages) {
     std::string text;
     HtmlOutcome outcome;
     std::string expected;
-    bool isUtf8 = false;
-    bool ignoreLists = false;
+    bool isUtf8 = false, ignoreLists = false;
   } rows[] = {{"a page", page, prepared, " caf\xE9  noir item "},
               {"without its lists", page, prepared, " caf\xE9  noir // ", false, true},
               {"ANSI", "<!DOCTYPE html>" + bytes, prepared,

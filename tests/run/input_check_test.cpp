@@ -54,13 +54,12 @@ TEST(InputCheck, SaysWhatIsWrong) {
 TEST(InputCheck, LooksAtTheFileItself) {
   const TestFolder folder;
   const std::string path = folder.Write("long.txt", "");
-  const std::string tooLong = "File too big: File @\r\nis too large to be scanned: 2 GB or more.\n";
-  for (const std::uintmax_t length : {2147483646U, 2147483647U}) {
-    std::filesystem::resize_file(path, length);
-    ScriptedConversation ui;
-    EXPECT_EQ(CheckInputReadable(path, ui), length == 2147483646U);
-    EXPECT_EQ(ui.Said(path), length == 2147483646U ? "" : tooLong);
-  }
+  ScriptedConversation ui;
+  std::filesystem::resize_file(path, 2147483646U);
+  EXPECT_TRUE(CheckInputReadable(path, ui) && ui.questions.empty());
+  std::filesystem::resize_file(path, 2147483647U);
+  EXPECT_FALSE(CheckInputReadable(path, ui));
+  EXPECT_EQ(ui.Said(path), "File too big: File @\r\nis too large to be scanned: 2 GB or more.\n");
 }
 
 TEST(InputCheck, SettlesTheEncoding) {

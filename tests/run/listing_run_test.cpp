@@ -29,7 +29,6 @@ struct ListingTestRun : TestRun {
   }
 };
 
-// Stops a listing at its first entry.
 RunOutcome StopOf(TestRun& run) {
   (void)run.Go();
   run.ui.questions.clear();

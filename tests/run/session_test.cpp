@@ -1,5 +1,3 @@
-// What a session does beside its runs: settings, inputs, and ends for want of memory.
-
 #include "run/session.h"
 
 #include <gtest/gtest.h>

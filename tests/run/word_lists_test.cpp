@@ -1,5 +1,3 @@
-// What the user is asked and told of word lists.
-
 #include "run/word_lists.h"
 
 #include <gtest/gtest.h>
@@ -81,15 +79,15 @@ TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
 TEST(WordLists, ShowTheBeginningOfALongList) {
   for (const int count : {1, 2, 31}) {
     StopWordList list;
-    std::string expected =
-        "Stop words: There are " + std::to_string(count) + " stop words.\r\n\r\n";
+    std::string expected = "Stop words: There are " + std::to_string(count) + " stop words.\r\n";
     for (int i = 0; i < count; ++i) {
-      list.words.emplace_back(1, static_cast<char16_t>(u'A' + i));
-      if (i < 30) expected += EncodeUtf8(list.words.back()) + "\r\n";
+      list.words.push_back({static_cast<char16_t>(u'A' + i)});
+      if (i < 30) expected += "\r\n" + EncodeUtf8(list.words.back());
     }
     ScriptedConversation ui;
     ListStopWords(list, ui);
-    EXPECT_EQ(ui.Said(), count < 2 ? "" : expected + (count > 30 ? "\r\nand more\n" : "\n"));
+    EXPECT_EQ(ui.Said(),
+              count < 2 ? "" : expected + (count > 30 ? "\r\n\r\nand more\n" : "\r\n\n"));
   }
 }
 

@@ -9,11 +9,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
-#include <iostream>
 
 namespace quorvel {
 

@@ -4,13 +4,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
-#include <string>
-#include <string_view>
 
 namespace quorvel {
 
