@@ -4,7 +4,6 @@
 
 #include "support/made_texts.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {

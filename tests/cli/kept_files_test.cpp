@@ -10,9 +10,6 @@
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
 // A way to write an output, "@" in the arguments of the program.
 struct Way {
   std::string arguments;

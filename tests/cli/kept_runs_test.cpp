@@ -5,7 +5,6 @@
 #include <regex>
 
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {

@@ -6,7 +6,6 @@
 #include "output/concordance_file.h"
 #include "support/platform.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {

@@ -5,10 +5,8 @@
 #include "naive/places.h"
 #include "support/platform.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
 
 // A line feed, a control sequence, one by a control of Latin 1, a byte that is no UTF-8; and a
 // character that is to stay.
@@ -43,5 +41,4 @@ TEST(ShownNames, HoldNoControlCharacter) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -11,7 +11,6 @@
 #include "naive/places.h"
 #include "support/platform.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {

@@ -4,10 +4,8 @@
 
 #include "support/platform.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
 
 TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
   const std::string german = "der Hund und die Katze sind nicht hier the\r\n";
@@ -53,5 +51,4 @@ TEST(CommandLineWordLists, AreEnglishWhereTheLanguageIsUnknown) {
   EXPECT_NE(folder.Read("s.lvz").find("stwds_en.txt\"\r\n"), std::string::npos);
 }
 
-}  // namespace
 }  // namespace quorvel

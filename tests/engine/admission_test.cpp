@@ -5,7 +5,6 @@
 #include "support/scanned_text.h"
 
 namespace quorvel {
-namespace {
 
 TEST(Admission, ListsWhatSettingsAndListsAllow) {
   const WordTable table = MadeTable(
@@ -38,5 +37,4 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

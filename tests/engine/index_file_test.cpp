@@ -6,7 +6,6 @@
 #include "util/time_text.h"
 
 namespace quorvel {
-namespace {
 
 TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
   for (std::int32_t width = 1, most = 9; width <= 10; ++width) {
@@ -78,5 +77,4 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

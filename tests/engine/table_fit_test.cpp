@@ -8,7 +8,6 @@
 #include "support/scanned_text.h"
 
 namespace quorvel {
-namespace {
 
 using Text = std::u16string;
 
@@ -74,5 +73,4 @@ TEST(TableFit, LooksForWhatAScanNeverGives) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -6,7 +6,6 @@
 #include "util/characters.h"
 
 namespace quorvel {
-namespace {
 
 TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
   const std::vector<std::vector<std::u16string>> alphabets = {
@@ -33,5 +32,4 @@ TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

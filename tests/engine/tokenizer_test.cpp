@@ -6,6 +6,7 @@
 #include "naive/naive_forms.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
+#include "support/scripted_conversation.h"
 
 namespace quorvel {
 namespace {
@@ -31,16 +32,13 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
                 {"words of a short text", u"harbour ", 10231 / 8, nullptr, 2, 1},
                 {"a search", u"a ", 2200000, &last, 42, 0}};
   for (const auto& [name, part, times, sought, bars, wordsAfterStop] : rows) {
-    struct : SilentProgress {
-      std::size_t bars = 0;
-      void ShowBar(std::string_view /*caption*/) override { ++bars; }
-    } progress;
+    ScriptedConversation progress;
     Text text;
     for (int i = 0; i < times; ++i) text += part;
     text += u"walk ";
     WordTable table;
     GetWords(text, table, progress, sought);
-    EXPECT_EQ(progress.bars, bars) << name;
+    EXPECT_EQ(progress.bars.size(), bars) << name;
     EXPECT_EQ(progress.WordsFound() + 1, table.WordCount()) << name;
     EXPECT_EQ(table.entries.back().word, u"walk") << name;
     progress.RequestStop();

@@ -13,9 +13,6 @@
 #include "support/zip_builder.h"
 
 namespace quorvel {
-
-namespace fs = std::filesystem;
-
 // A run of each kind.
 struct Scenario {
   const char* name;

@@ -5,7 +5,6 @@
 #include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
 
 constexpr const char* OF_ABC = "900150983CD24FB0D6963F7D28E17F72";
 
@@ -40,5 +39,4 @@ TEST(Digest, OfAFileOrWhyThereIsNone) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,16 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "support/platform.h"
-#include "support/test_folder.h"
-#ifdef __linux__
 #include "support/refused_calls.h"
-#endif
+#include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 TEST(FileSystem, TellsWhatThereIs) {
   const TestFolder folder;
   // Is it a file, an ordinary one, a folder? Its length, -1 for none.
@@ -120,5 +114,4 @@ TEST(FileSystem, FindsTheFoldersOfTheUser) {
   EXPECT_EQ(DataFilePath("qvl_help.txt"), fs::canonical(QUORVEL_DATA "/qvl_help.txt"));
 }
 
-}  // namespace
 }  // namespace quorvel

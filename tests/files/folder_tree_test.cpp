@@ -8,10 +8,6 @@
 #include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 TEST(FolderTree, HoldsAllOrdinaryFilesInTheOrderOfTheirPaths) {
   SKIP_ON_WINDOWS("links are for administrators");
   const TestFolder folder;
@@ -39,5 +35,4 @@ TEST(FolderTree, NamesFoldersThatCannotBeRead) {
             folder.Path("none") + "No such file or directory");
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,16 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "support/platform.h"
-#include "support/test_folder.h"
-#ifdef __x86_64__
 #include "support/refused_calls.h"
-#endif
+#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
 std::string Temporary(int number) {
   return ".qvl" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
 }

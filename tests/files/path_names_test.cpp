@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(PathNames, TellTheKindOfAFileAndThoseBesideIt) {
   const struct {
@@ -39,5 +38,4 @@ TEST(PathNames, TellTheKindOfAFileAndThoseBesideIt) {
   EXPECT_FALSE(IsConcordanceFileName("a.conc.txt") || IsIndexFileName("qvl.ndx.a"));
 }
 
-}  // namespace
 }  // namespace quorvel

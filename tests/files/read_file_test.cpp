@@ -1,20 +1,15 @@
 #include "files/read_file.h"
 
 #include <gtest/gtest.h>
-#ifdef __linux__
-#include "support/refused_calls.h"
-#endif
 
 #include "support/made_texts.h"
 #include "support/platform.h"
+#include "support/refused_calls.h"
 #include "support/scripted_conversation.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
 TEST(ReadFile, GivesTheFirstBytes) {
   const TestFolder folder;
   const std::string bytes = Repeated("0123456789", 20000);

@@ -7,10 +7,6 @@
 #include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 TEST(TemporaryFolder, TakesTheFirstFreeNumber) {
   SKIP_ON_WINDOWS("links are for administrators, and there are no such modes");
   const TestFolder base;
@@ -61,5 +57,4 @@ TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   EXPECT_FALSE(nowhere.HasFolder() || nowhere.Write("x") || nowhere.ReadBack(1));
 }
 
-}  // namespace
 }  // namespace quorvel

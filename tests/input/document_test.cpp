@@ -5,7 +5,6 @@
 #include "support/scripted_conversation.h"
 
 namespace quorvel {
-namespace {
 
 TEST(Document, OfAWordProcessorIsToldFromOthers) {
   EXPECT_TRUE(IsWordDocument({"A.DOCX", "PK\x03\x04 56789"}));
@@ -77,5 +76,4 @@ TEST(Document, SaysWhatItWasMadeOf) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

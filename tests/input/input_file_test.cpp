@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(InputFile, TellsKinds) {
   using namespace std::string_literals;
@@ -56,5 +55,4 @@ TEST(InputFile, DeclaresACharset) {
   for (const char* bytes : others) EXPECT_FALSE(DeclaresUtf8(bytes)) << bytes;
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(TextFile, JoinsLines) {
   const struct {
@@ -27,5 +26,4 @@ TEST(TextFile, JoinsLines) {
   EXPECT_EQ(ReadTextFile("a\r\nb", {false, LineJoin::blank}), "a b");
 }
 
-}  // namespace
 }  // namespace quorvel

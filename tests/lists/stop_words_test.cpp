@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(StopWords, TidiesExtraStopWords) {
   const char* rows[][2] = {
@@ -43,5 +42,4 @@ TEST(StopWords, AreErasedAndTheNumberWordsShownAgain) {
   EXPECT_TRUE(list.numberWords.empty());
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -8,7 +8,6 @@
 #include "support/test_run.h"
 
 namespace quorvel {
-namespace {
 
 TEST(Session, EndsWithoutMemoryAndCanGoOn) {
   const std::pair<const char*, bool> rows[] = {{"+ Reading file ...", false},
@@ -80,5 +79,4 @@ TEST(Session, FollowsAnInput) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -9,7 +9,6 @@
 #include "support/scripted_conversation.h"
 
 namespace quorvel {
-namespace {
 
 TEST(StopWordsFiles, AreThoseOfTheGenerator) {
   const TestFolder folder;
@@ -58,5 +57,4 @@ TEST(StopWordChoice, ReadsTheListOfTheLanguageUnlessItIsInUse) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -1,5 +1,6 @@
 // A system that refuses what it is asked for, and processes in which it does. For Linux.
 #pragma once
+#ifdef __linux__
 
 #include <gtest/gtest.h>
 #include <linux/filter.h>
@@ -45,3 +46,4 @@ inline void InChild(const std::function<void()>& work) {
 }
 
 }  // namespace quorvel
+#endif

@@ -8,7 +8,6 @@
 #include <QTest>
 
 namespace quorvel {
-namespace {
 
 TEST(FindBars, GoFromPlaceToPlaceAndRoundTheEnds) {
   QWidget window;
@@ -52,5 +51,4 @@ TEST(FindBars, GoFromPlaceToPlaceAndRoundTheEnds) {
   EXPECT_EQ(window.focusWidget(), &output);
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(TimeText, Elapsed) {
   const std::tuple<int32_t, const char*, const char*, const char*> rows[] = {
@@ -37,5 +36,4 @@ TEST(TimeText, SizesCountsDurationsAndDates) {
   EXPECT_EQ(DateAndTimeText(std::mktime(&time)), "2024-05-07 15:04");
 }
 
-}  // namespace
 }  // namespace quorvel
