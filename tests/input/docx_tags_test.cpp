@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(DocxTags, AreFoundWhole) {
   constexpr std::size_t NONE = std::string_view::npos;
@@ -37,11 +36,11 @@ TEST(DocxTags, HaveThePrefixThatTheFirstElementDeclares) {
       {"declared with no name", "<x:d xmlns:" + name + " xmlnsx:x" + name + ">", "w:"},
       {"declared elsewhere", "<x:d><x:e xmlns:x" + name + ">", "w:"},
       {"short comments", "<!--><y:d xmlns:y" + name + "--><!><x:d xmlns:x" + name + ">", "x:"},
+      {"a value without quotes", "<x:d a=11 xmlns:x" + name + ">", "w:"},
       {"no end of the value", "<x:d xmlns:x=\"x", "w:"},
       {"no begin of it", "<x:d xmlns:x=", "w:"},
   };
   for (const auto& [what, xml, prefix] : rows) EXPECT_EQ(WordPrefixOf(xml), prefix) << what;
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -8,10 +8,6 @@
 #include "support/test_run.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 constexpr const char* HARBOUR =
     "the old harbour was silent now\r\nthe old harbour was silent too\r\n";
 
@@ -189,7 +185,12 @@ TEST(SessionRun, ListsAgainFromTheValuesOfTheListing) {
     run.settings.mode = mode == Mode::create ? Mode::search : Mode::create;
     EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
   }
+  TestRun run("the 1990 zzz\r\n");
+  run.settings.extraStopWords = "the";
+  EXPECT_EQ(run.Go(), RunOutcome::nothingFound);
+  run.ui.output = "old";
+  EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingFound);
+  EXPECT_EQ(run.ui.output, "");
 }
 
-}  // namespace
 }  // namespace quorvel

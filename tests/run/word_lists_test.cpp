@@ -4,12 +4,12 @@
 
 #include "support/made_texts.h"
 #include "support/platform.h"
+#include "support/refused_calls.h"
 #include "support/scripted_conversation.h"
 #include "support/test_folder.h"
 #include "util/ansi.h"
 
 namespace quorvel {
-namespace {
 
 TEST(WordLists, SayWhatWasLoaded) {
   const TestFolder folder;
@@ -57,6 +57,23 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
   }
 }
 
+#ifdef __linux__
+TEST(WordLists, SayWhichErrorKeepsThemFromBeingRead) {
+  const TestFolder folder;
+  const std::string path = folder.Write("w.txt", "the\r\n");
+  InChild([&path] {
+    RefuseCall(SYS_read, EIO);
+    StopWordList list;
+    KeywordLists lists;
+    ScriptedConversation ui;
+    EXPECT_FALSE(ReadStopWordsFile(path, list, ui) || ReadKeywordsFile(path, lists, ui));
+    EXPECT_EQ(ui.Said(path),
+              "Stop words: Error #5 when reading stop words from tile @\n"
+              "Search words: Error #5 when reading search words from tile @\n");
+  });
+}
+#endif
+
 TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
   for (const char* offers : {"", "stop on\nstop off\n"}) {
     const TestFolder folder;
@@ -91,5 +108,4 @@ TEST(WordLists, ShowTheBeginningOfALongList) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel
