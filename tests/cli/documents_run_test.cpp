@@ -54,9 +54,7 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -j 1"), status);
     EXPECT_EQ(desk.Read("err"), said.empty() ? "" : "quorvel-cli: " + said);
     std::string files;
-    for (const auto& file : desk.Files()) {
-      if (!before.contains(file.first)) files += file.first + ' ';
-    }
+    for (const auto& [name, bytes] : desk.Files()) files += before.contains(name) ? "" : name + ' ';
     EXPECT_EQ(files, newFiles);
   }
 }

@@ -21,7 +21,6 @@ std::vector<std::string> KeptRuns() {
   for (const auto& entry : std::filesystem::directory_iterator(RUNS)) {
     if (entry.is_directory()) names.push_back(entry.path().filename().string());
   }
-  std::sort(names.begin(), names.end());
   return names;
 }
 

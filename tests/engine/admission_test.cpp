@@ -19,7 +19,7 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
       {[&] { settings.ignoreInfrequentWords = settings.allowWordsWithHyphens = false; },
        "4th The the two "},
       {[&] {
-         lists.stopWords.words = {u"4th", u"the"};
+         lists.stopWords.words.assign({u"4th", u"the"});
        },
        "4th The the two "},  // of no file
       {[&] { settings.stopWordsFile = "a file"; }, "The two "},

@@ -71,20 +71,6 @@ TEST(Tokenizer, FindsForASearchWhatAScanOfAllFinds) {
   }
 }
 
-TEST(Tokenizer, FindsEachOccurrenceWhereItStands) {
-  const Text text = u"cats. -cat-, glass; perhaps glass- Cats";
-  SilentProgress nobody;
-  const Listing listing = ScanText(text, {}, nobody);
-  Text found;
-  for (const WordEntry& entry : TableOf(listing).entries) {
-    for (const std::int32_t position : entry.positions) {
-      const TextSpan span = SpanOfOccurrence(text, entry.word, position);
-      found += text.substr(span.begin, span.end - span.begin) + u' ';
-    }
-  }
-  EXPECT_EQ(found, u"Cats cats cat glass glass perhaps ");
-}
-
 TEST(Tokenizer, SameTableAsTheNaiveForm) {
   const std::vector<std::vector<Text>> alphabets = {
       {u"-", u"--", u"<!--", u"-->", u"!", u">", u"a", u"b", u" ", u"cat"},
