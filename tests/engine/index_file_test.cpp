@@ -36,6 +36,7 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
     }
     most = width < 9 ? most * 10 + 9 : std::numeric_limits<std::int32_t>::max();
   }
+  EXPECT_EQ(LongestIndexFile(8), 128U + 3U * 49U);
   EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").date, "date");
 }
 
