@@ -42,8 +42,7 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
     KeywordLists keywords;
     keywords.fileKeywords = {u"cat", u"œil"};
     const std::vector<ExtraKeyword> extra = {ExtraKeywordOf(u"??u*+*é*"), ExtraKeywordOf(u"ð*")};
-    for (const auto& document : {narrow, wide})
-      ASSERT_EQ(document->documentText, narrow->documentText);
+    ASSERT_EQ(wide->documentText, narrow->documentText);
     keywords.extraKeywords = ExtraKeywordList(extra, LATIN);
     const Listing listing = ListingOf(ScanWords(narrow, nullptr, nobody), settings, keywords);
     keywords.extraKeywords = ExtraKeywordList(extra, Alphabet::Unicode());
