@@ -53,8 +53,8 @@ measure() { # name, command...
   rm "$name".*
 }
 
-list() { # name, text, extra stop words; no others, for ptx has none
-  measure "$1" "$CLI" "$2" --language none --extra-stop-words "$3" -q -o "$1.txt"
+list() { # name, text, extra stop words, options; no other stop words, for ptx has none
+  measure "$1" "$CLI" "$2" --language none --extra-stop-words "$3" -q -o "$1.txt" "${@:4}"
 }
 
 search() { # name, text, options
@@ -75,6 +75,11 @@ take() { # name
     # As most systems are set up: with a locale of one byte a character it is faster.
     grep) LC_ALL=C.UTF-8 measure grep grep -c -w harvest bible.txt ;;
     our_bible) list our_bible bible.txt "$bibleStopWords" ;;
+    unicode_bible) list unicode_bible bible.txt "$bibleStopWords" --encoding unicode ;;
+    cyrillic) list cyrillic cyrillic.txt "$(in_cyrillic <<<"$bibleStopWords")" --encoding unicode ;;
+    unicode_keyword) search unicode_keyword bible.txt -k one.txt --encoding unicode ;;
+    cyrillic_keyword) search cyrillic_keyword cyrillic.txt -e харвест --encoding unicode ;;
+    cyrillic_first) search cyrillic_first cyrillic.txt -e harvest --encoding utf-8 ;;
     one_keyword) search one_keyword bible.txt -k one.txt ;;
     many_keywords) search many_keywords bible.txt -k many.txt ;;
     patterns*) search "$1" often10.txt -e "$(<"list.$1")" ;;
@@ -88,6 +93,12 @@ take() { # name
       ;;
     our_*) list "$1" "${1#our_}.txt" '' ;;
   esac
+}
+
+# Each letter as one of two bytes.
+in_cyrillic() {
+  LC_ALL=C.UTF-8 sed 'y/abcdefghijklmnopqrstuvwxyz/абцдефгхийклмнопярстувшьызщ/
+    y/ABCDEFGHIJKLMNOPQRSTUVWXYZ/АБЦДЕФГХИЙКЛМНОПЯРСТУВШЬЫЗЩ/'
 }
 
 # Takes two measurements in turns; sets byMedian and byMinimum to the time of the first in
@@ -244,6 +255,7 @@ bible -f 'gen1:1-rev22:21' | sed 's/$/\r/' >bible.txt
 "$BENCH" text $TEXT_LENGTH 200000 1 >wide.txt
 for seed in 1 2 3 4 5 6 7 8 9 10; do "$BENCH" text $TEXT_LENGTH 5000 $seed; done >long.txt
 bibleStopWords=$(too_frequent_words bible.txt)
+in_cyrillic <bible.txt | head -c "$(bytes bible.txt)" | sed '$d' >cyrillic.txt
 longStopWords=$(too_frequent_words long.txt)
 seq 100000 149999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread.txt
 seq 100000 599999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread10.txt
@@ -275,6 +287,10 @@ compared_row 'The Bible: time of ptx : ours' ptx_bible our_bible 'at least' 4
 compared_row 'The Bible: our time : a bare loop that hashes words and copies slices' our_bible floor 'at most' 2.5
 compared_row 'Search for one keyword: our time : grep -c -w' one_keyword grep 'at most' 3
 compared_row 'Search for 10,000 keywords : for one' many_keywords one_keyword 'at most' 2
+compared_row 'The Bible: time as Unicode : in Windows-1252' unicode_bible our_bible 'at most' 1.25
+compared_row 'As many bytes of Cyrillic as Unicode : the Bible in Windows-1252' cyrillic our_bible 'at most' 1.5
+compared_row 'Search for one keyword: time as Unicode : in Windows-1252' unicode_keyword one_keyword 'at most' 1.25
+MOST_DIFFERENCE=1.5 compared_row 'The same in Cyrillic: time as Unicode : in Windows-1252' cyrillic_keyword cyrillic_first 'at most' 1.5
 compared_row 'Ten times the vocabulary: time with : without' our_wide our_narrow 'at most' 15
 compared_row 'Ten times the length: time with : without' our_long our_short 'at most' 11
 compared_row '500,000 different words, once each : 50,000' our_spread10 our_spread 'at most' 11

@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto document = ObtainDocument(bytes, request, isUtf8, macNoticeShown, ui);
   Require(folder.Count() == 0, "and it is gone after all questions");
   Require(document || !ui.said.empty(), "the user knows why there is no document");
-  Require(!document || document->ansiText.size() <= limits.hard / 3 * 4 + 4, "texts are short");
+  Require(!document || document->narrowText.size() <= limits.hard / 3 * 4 + 4, "texts are short");
   if (body && body->isDamaged) RequireSame(TextOfIntactDocument(bytes), "", "no text of damage");
   return 0;
 }

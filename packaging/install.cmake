@@ -34,8 +34,8 @@ endif()
 if(WIN32)
   # The licences of all that is linked in, each as Debian's package of it tells them.
   install(FILES packaging/copyright DESTINATION licenses RENAME quorvel.txt)
-  foreach(package IN ITEMS qt6-base-dev libzip-dev libz-mingw-w64-dev mingw-w64-x86-64-dev
-      g++-mingw-w64-x86-64-posix)
+  foreach(package IN ITEMS qt6-base-dev libzip-dev libutf8proc-dev libexpat1-dev libz-mingw-w64-dev
+      mingw-w64-x86-64-dev g++-mingw-w64-x86-64-posix)
     install(FILES /usr/share/doc/${package}/copyright DESTINATION licenses RENAME ${package}.txt)
   endforeach()
 endif()

@@ -24,7 +24,7 @@ _quorvel_cli() {
   case $option in
     --input-type) values='txt html docx odt epub' ;;
     --format) values='text tsv json' ;;
-    --encoding) values='auto utf-8 ansi' ;;
+    --encoding) values='auto utf-8 ansi unicode' ;;
     --output-encoding) values='windows-1252 utf-8' ;;
     --order) values='alphabetical frequency' ;;
     --language) values='auto en de es pt it fr all none' ;;
@@ -47,7 +47,7 @@ _quorvel_cli() {
   esac
   if [[ -z $values && $word == -* ]]; then
     values='-h --help --input-type -o --output --format -s --settings --save-settings --index --no-index
-      --use-index -j --jobs --encoding --output-encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
+      --use-index -j --jobs --encoding --notes --output-encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
       -c --context --order --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens
       --no-hyphens --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words
       --language --extra-stop-words --answer -q --quiet -V --version'

@@ -13,7 +13,8 @@ _arguments -s -S \
   '(--index)--no-index[write no index file]' \
   '--use-index[take the words from the index file]' \
   '(-j --jobs)'{-j,--jobs=}'[work on so many of several documents at once]:jobs: ' \
-  '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi)' \
+  '--encoding=[the encoding of the input]:encoding:(auto utf-8 ansi unicode)' \
+  '--notes[list the notes of a word-processor document too]' \
   '--output-encoding=[the encoding of the concordance]:encoding:(windows-1252 utf-8)' \
   '(--search)--create[list all words]' \
   '(--create)--search[list keywords only]' \

@@ -181,8 +181,9 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   AddChoice<std::optional<Coding>>(
       app, "--output-encoding", {{"windows-1252", Coding::windows1252}, {"utf-8", Coding::utf8}},
       commandLine.outputCoding,
-      "windows-1252 or utf-8, for the concordance and the search results. Default: windows-1252 in "
-      "a file, utf-8 on standard output, where lines then end in LF. The rows are always UTF-8");
+      "windows-1252 or utf-8, for the concordance and the search results. Default: in a file the "
+      "first, with --encoding unicode the second; on standard output utf-8, where lines then end "
+      "in LF. The rows are always UTF-8");
 }
 
 void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {

@@ -72,7 +72,7 @@ Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
   progress.YieldNow();
   BlankDoubleHyphens(text);
   document.documentText = DecodeAnsi(text);
-  document.ansiText = std::move(text);
+  document.narrowText = std::move(text);
   progress.YieldNow();
   if (progress.StopRequested()) return Fault{FaultKind::stopped, source.path, {}};
   document.source = std::move(source);
@@ -88,6 +88,8 @@ std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,
   Document document;
   SetSkipSpans(LowerExtensionOf(source.path), document.skipSpans);
   document.documentText = DecodeUtf8(text);
+  document.codePage = CodePage::Of(document.documentText);
+  if (document.codePage) document.narrowText = document.codePage->Encode(document.documentText);
   document.lostCharacters = lostCharacters;
   document.source = std::move(source);
   document.options = options;

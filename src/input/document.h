@@ -14,6 +14,7 @@
 #include "files/read_file.h"
 #include "input/skip_spans.h"
 #include "util/alphabet.h"
+#include "util/code_page.h"
 #include "util/fault.h"
 #include "util/progress.h"
 
@@ -41,7 +42,10 @@ struct Document {
   ReadingOptions options;       // how it was read
   SkipSpans skipSpans;          // of an input of its kind
   std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
-  std::string ansiText;         // the same in Windows-1252, as a listing quotes it, or empty
+  // The same in a byte for each character, as a listing quotes it. In Unicode there may be too many
+  // characters for a code page: then there is none, and the text is quoted as it is.
+  std::shared_ptr<const CodePage> codePage = CodePage::Windows1252();
+  std::string narrowText;
   // How many of the input are not in it; in Unicode, how many U+FFFD stand for bytes that were
   // none.
   std::int64_t lostCharacters = 0;

@@ -136,7 +136,7 @@ std::basic_string<Char> TextWithMarker(const MergedContext<Char>& context) {
   std::basic_string<Char> text(context.text);
   if (context.repeats > 0) {
     const std::string number = std::to_string(context.repeats + 1) + ")";
-    text.append(Quoted<Char>(REPEAT_MARKER_START)).append(number.begin(), number.end());
+    text.append(MarkInText<Char>(REPEAT_MARKER_START)).append(number.begin(), number.end());
   }
   return text;
 }

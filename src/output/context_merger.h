@@ -76,7 +76,7 @@ class ContextMerger {
 
   bool countRepeats_;
   bool markersInText_;
-  std::basic_string<Char> markerStart_ = Quoted<Char>(REPEAT_MARKER_START);
+  std::basic_string<Char> markerStart_ = MarkInText<Char>(REPEAT_MARKER_START);
   HashSeed seed_;
   std::vector<MergedContext<Char>> contexts_;
   std::vector<Slot> slots_;  // a power of two of them

@@ -2,15 +2,18 @@
 
 #include "output/quoted_text.h"
 #include "util/ansi.h"
+#include "util/find_pair.h"
 
 namespace quorvel {
 namespace {
 
 constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
 
+// Whether the text holds the first two characters of a mark.
 template <typename Char>
 bool Holds(std::basic_string_view<Char> text, std::u16string_view mark) {
-  return text.find(Quoted<Char>(mark)) != text.npos;
+  const std::basic_string<Char> quoted = MarkInText<Char>(mark);
+  return FindPair(text, 0, quoted[0], quoted[1]) < text.size();
 }
 
 // ASCII has the same numbers in every text.
@@ -22,13 +25,14 @@ std::basic_string<Char>& Append(std::basic_string<Char>& to, std::string_view as
 }  // namespace
 
 template <typename Char>
-EntrySource<Char>::EntrySource(std::basic_string_view<Char> text, const Alphabet& alphabet,
+EntrySource<Char>::EntrySource(const Quotation<Char>& quotation, const Alphabet& alphabet,
                                const EntryOptions& options)
-    : alphabet_(alphabet),
+    : quotation_(quotation),
+      alphabet_(alphabet),
       options_(options),
-      pluralMarksInText_(Holds(text, PLURAL_MARK)),
-      repeatMarkersInText_(Holds(text, REPEAT_MARKER_START.substr(1))),
-      cutter_(text, options.context) {}
+      pluralMarksInText_(Holds(quotation.Text(), PLURAL_MARK)),
+      repeatMarkersInText_(Holds(quotation.Text(), REPEAT_MARKER_START.substr(1))),
+      cutter_(quotation.Text(), options.context) {}
 
 template <typename Char>
 EntryComposer<Char>::EntryComposer(const EntrySource<Char>& source)
@@ -44,7 +48,8 @@ void EntryComposer<Char>::DisplayNextWord(const WordEntry& entry, String& output
   Append(outputText, LINE_END) += '[';
   outputText.append(WordLine(entry)) += ']';
   GatherContexts(entry);
-  const KeywordMarker<Char> marker(entry.word, source_.alphabet_, source_.pluralMarksInText_);
+  const KeywordMarker<Char> marker(entry.word, source_.quotation_, source_.alphabet_,
+                                   source_.pluralMarksInText_);
   const KeywordLists* lists = source_.options_.keywords;
   const std::u16string lower =
       lists != nullptr ? source_.alphabet_.ToLowerCase(entry.word) : std::u16string();
@@ -68,7 +73,8 @@ void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
     std::basic_string_view<Char> text = context.text;
     if (context.repeats != 0) text = withMarker = TextWithMarker(context);
     const bool chooses = keyword != nullptr && keyword->hasContextPattern;
-    if (chooses && !WantsContext(*keyword, InCodeUnits(text), source_.alphabet_)) continue;
+    if (chooses && !WantsContext(*keyword, source_.quotation_.InCodeUnits(text), source_.alphabet_))
+      continue;
     Append(outputText, NEXT_CONTEXT);
     marker.MarkKeywordInContext(outputText, text);
   }
@@ -76,7 +82,7 @@ void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
 
 template <typename Char>
 auto EntryComposer<Char>::WordLine(const WordEntry& entry) const -> String {
-  String line = Quoted<Char>(entry.word);
+  String line = source_.quotation_.Of(entry.word);
   if (source_.options_.showFrequencies) Append(line, " " + std::to_string(entry.Count()));
   return line;
 }

@@ -31,14 +31,15 @@ struct EntryOptions {
 template <typename Char>
 class EntrySource {
  public:
-  // The double hyphens of `text` are blanked. It and the keywords must outlive the source.
-  EntrySource(std::basic_string_view<Char> text, const Alphabet& alphabet,
+  // The document and the keywords must outlive the source.
+  EntrySource(const Quotation<Char>& quotation, const Alphabet& alphabet,
               const EntryOptions& options);
 
  private:
   template <typename>
   friend class EntryComposer;
 
+  Quotation<Char> quotation_;
   const Alphabet& alphabet_;
   EntryOptions options_;
   bool pluralMarksInText_;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "output/quoted_text.h"
 #include "util/find_pair.h"
 
 // Three replacements one after the other give the result: the word as spelled, the
@@ -16,7 +15,7 @@
 namespace quorvel {
 namespace {
 
-// The same numbers in Windows-1252 and in Unicode.
+// The same numbers in all texts.
 template <typename Char>
 constexpr Char OPENING_MARK = static_cast<Char>(u'«');
 template <typename Char>
@@ -24,7 +23,7 @@ constexpr Char CLOSING_MARK = static_cast<Char>(u'»');
 
 template <typename Char>
 void SwapPluralMarks(std::basic_string<Char>& text, std::size_t start) {
-  const std::basic_string<Char> mark = Quoted<Char>(PLURAL_MARK);
+  const std::basic_string<Char> mark = MarkInText<Char>(PLURAL_MARK);
   for (std::size_t i = text.find(mark, start); i != text.npos; i = text.find(mark, i + 2)) {
     std::swap(text[i], text[i + 1]);
   }
@@ -32,12 +31,16 @@ void SwapPluralMarks(std::basic_string<Char>& text, std::size_t start) {
 
 }  // namespace
 
+// A capital that the text does not hold cannot begin the word in it.
 template <typename Char>
-KeywordMarker<Char>::KeywordMarker(std::u16string_view word, const Alphabet& alphabet,
-                                   bool pluralMarksInText)
-    : word_(Quoted<Char>(word)),
-      capitalFirst_(Quoted<Char>(std::u16string(1, alphabet.ToUpperCase(word.front()))).front()),
-      pluralMarksInText_(pluralMarksInText) {}
+KeywordMarker<Char>::KeywordMarker(std::u16string_view word, const Quotation<Char>& quotation,
+                                   const Alphabet& alphabet, bool pluralMarksInText)
+    : word_(quotation.Of(word)),
+      capitalFirst_(word_.front()),
+      pluralMarksInText_(pluralMarksInText) {
+  const char16_t capital = alphabet.ToUpperCase(word.front());
+  if (quotation.MayHold(capital)) capitalFirst_ = quotation.Of({&capital, 1}).front();
+}
 
 template <typename Char>
 void KeywordMarker<Char>::MarkKeywordInContext(String& to, View context) const {

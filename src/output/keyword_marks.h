@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "output/quoted_text.h"
 #include "util/alphabet.h"
 
 namespace quorvel {
@@ -19,7 +20,8 @@ class KeywordMarker {
 
   // `word` has at least three characters. `pluralMarksInText` says whether the document itself
   // holds "»s" anywhere.
-  KeywordMarker(std::u16string_view word, const Alphabet& alphabet, bool pluralMarksInText);
+  KeywordMarker(std::u16string_view word, const Quotation<Char>& quotation,
+                const Alphabet& alphabet, bool pluralMarksInText);
 
   // Appends `context` with every occurrence of the word marked, as it is spelled
   // and with a first capital, as part of longer words too. A marked stem takes the

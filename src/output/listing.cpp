@@ -54,33 +54,41 @@ std::string_view WithoutLineEnd(std::string_view text) {
 template <typename Char>
 class BytesOfEntries {
  public:
-  explicit BytesOfEntries(const EntrySource<Char>& source) : composer_(source) {}
+  BytesOfEntries(const EntrySource<Char>& source, const Quotation<Char>& quotation, Reading reading)
+      : composer_(source), quotation_(quotation), reading_(reading) {}
 
   void Append(ListedSpan words, std::string& to) {
     if constexpr (std::is_same_v<Char, char>) {
-      for (const ListedWord& word : words) composer_.DisplayNextWord(*word.entry, to);
-    } else {
-      text_.clear();
-      for (const ListedWord& word : words) composer_.DisplayNextWord(*word.entry, text_);
-      AppendUtf8(to, text_);
+      if (reading_ == Reading::windows1252) return Display(words, to);
     }
+    text_.clear();
+    Display(words, text_);
+    quotation_.AppendUtf8(to, text_);
   }
 
  private:
+  void Display(ListedSpan words, std::basic_string<Char>& to) {
+    for (const ListedWord& word : words) composer_.DisplayNextWord(*word.entry, to);
+  }
+
   EntryComposer<Char> composer_;
-  std::u16string text_;  // room that is used again
+  Quotation<Char> quotation_;
+  Reading reading_;
+  std::basic_string<Char> text_;  // room that is used again
 };
 
 // The composing of a listing, which a stop ends early.
 template <typename Char>
 class ListingPass {
  public:
-  ListingPass(const Listing& listing, const PieceSink& take, Progress& progress)
-      : take_(take),
+  ListingPass(const Listing& listing, const Quotation<Char>& quotation, const PieceSink& take,
+              Progress& progress)
+      : quotation_(quotation),
+        reading_(listing.Source().options.reading),
+        take_(take),
         progress_(*listing.words, progress),
         isWordList_(listing.options.contextSize == 0),
-        source_(QuotedText<Char>(listing.Source()), listing.Source().AlphabetOf(),
-                EntryOptionsOf(listing)) {}
+        source_(quotation, listing.Source().AlphabetOf(), EntryOptionsOf(listing)) {}
 
   void List(ListedSpan words) {
     constexpr std::size_t FEWEST_PIECES = 4;  // that are worth a thread
@@ -91,7 +99,7 @@ class ListingPass {
 
  private:
   void ListHere(ListedSpan words) {
-    BytesOfEntries<Char> entries(source_);
+    BytesOfEntries<Char> entries(source_, quotation_, reading_);
     std::string text;
     for (const ListedWord& word : words) {
       text.clear();
@@ -105,7 +113,7 @@ class ListingPass {
   void ListByThreads(const std::vector<ListedSpan>& pieces) {
     constexpr std::chrono::milliseconds PATIENCE(5);
     PieceMakers makers(pieces.size(), Processors(), [this, &pieces] {
-      const auto entries = std::make_shared<BytesOfEntries<Char>>(source_);
+      const auto entries = std::make_shared<BytesOfEntries<Char>>(source_, quotation_, reading_);
       return [entries, &pieces](std::size_t piece, std::string& to) {
         entries->Append(pieces[piece], to);
       };
@@ -124,6 +132,8 @@ class ListingPass {
     return take_(isFirst ? WithoutLineEnd(text) : text);
   }
 
+  Quotation<Char> quotation_;
+  Reading reading_;
   const PieceSink& take_;
   ListingProgress progress_;
   bool isWordList_;
@@ -141,8 +151,8 @@ ListingOptions ListingOptionsOf(const ConcordanceSettings& settings) {
 void Compose(const Listing& listing, const PieceSink& take, Progress& progress) {
   const std::vector<ListedWord> words = WordsInOrder(*listing.words, listing.options.wordOrder);
   const auto end = std::find_if_not(words.begin(), words.end(), CanBeListed);
-  WithCharacterOf(listing.Source(), [&](auto character) {
-    ListingPass<decltype(character)>(listing, take, progress).List({words.begin(), end});
+  WithQuotation(listing.Source(), [&](const auto& quotation) {
+    ListingPass(listing, quotation, take, progress).List({words.begin(), end});
   });
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "output/context_window.h"
@@ -113,14 +114,16 @@ class RowComposer {
  public:
   using View = std::basic_string_view<Char>;
 
-  RowComposer(const Listing& listing, const RowOptions& options, const PieceSink& take)
+  RowComposer(const Listing& listing, const Quotation<Char>& quotation, const RowOptions& options,
+              const PieceSink& take)
       : listing_(listing),
+        quotation_(quotation),
         take_(take),
         isJson_(options.format == RowFormat::json),
         isPart_(options.file.has_value()),
         layout_(LayoutOf(options.format)),
         alphabet_(listing.Source().AlphabetOf()),
-        text_(QuotedText<Char>(listing.Source())),
+        text_(quotation.Text()),
         cutter_(text_, {listing.options.contextSize, listing.options.showLineBreaks}) {
     copies_.reserve(2 * cutter_.LongestContext(MAX_WORD_LENGTH));
     if (!isPart_) return;
@@ -157,8 +160,8 @@ class RowComposer {
     for (std::size_t k = 0; k < positions.size(); ++k) {
       if (k + AHEAD < positions.size()) cutter_.Prefetch(positions[k + AHEAD]);
       copies_.clear();
-      if (!wanted.All() &&
-          !wanted.Takes(InCodeUnits(cutter_.Cut(positions[k], entry.word.size(), copies_)))) {
+      if (!wanted.All() && !wanted.Takes(quotation_.InCodeUnits(
+                               cutter_.Cut(positions[k], entry.word.size(), copies_)))) {
         continue;
       }
       if (!AddRow([&] { AppendOccurrence(entry, positions[k]); })) return false;
@@ -169,9 +172,9 @@ class RowComposer {
   // The fields that all rows of a word begin with.
   void TakeWord(const WordEntry& entry) {
     wordFields_.assign(fileField_).append(layout_.word);
-    AppendField(wordFields_, View(Quoted<Char>(entry.word)));
+    AppendField(wordFields_, std::u16string_view(entry.word));
     wordFields_ += layout_.key;
-    AppendField(wordFields_, View(Quoted<Char>(entry.sortKey)));
+    AppendField(wordFields_, std::u16string_view(entry.sortKey));
     wordFields_.append(layout_.count).append(std::to_string(entry.Count()));
   }
 
@@ -199,16 +202,20 @@ class RowComposer {
     bytes_.append(layout_.position).append(std::to_string(span.begin + 1));
   }
 
-  void AppendField(std::string& to, View text) const {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      const Char ch = text[i];
+  // Of text in the characters of the quotation, or of words in code units.
+  template <typename One>
+  void AppendField(std::string& to, std::basic_string_view<One> text) const {
+    std::size_t length = 1;
+    for (std::size_t i = 0; i < text.size(); i += length) {
+      const One ch = text[i];
+      length = 1;
       if (ch >= ' ' && ch < '\x7F' && ch != '"' && ch != '\\') {
         to += static_cast<char>(ch);
+      } else if constexpr (std::is_same_v<One, char16_t>) {
+        if (IsHighSurrogate(ch)) length = 2;
+        AppendRareCharacter(to, text.substr(i, length));
       } else {
-        const bool isPair =
-            sizeof(Char) > 1 && IsHighSurrogate(static_cast<char16_t>(ch)) && i + 1 < text.size();
-        AppendRareCharacter(to, InCodeUnits(text.substr(i, isPair ? 2 : 1)));
-        if (isPair) ++i;
+        AppendRareCharacter(to, quotation_.InCodeUnits(text.substr(i, 1)));
       }
     }
   }
@@ -225,6 +232,7 @@ class RowComposer {
   }
 
   const Listing& listing_;
+  Quotation<Char> quotation_;
   const PieceSink& take_;
   bool isJson_;
   bool isPart_;
@@ -251,8 +259,8 @@ std::string_view TableEnd(RowFormat format) { return LayoutOf(format).end; }
 
 void ComposeRows(const Listing& listing, const RowOptions& options, const PieceSink& take,
                  Progress& progress) {
-  WithCharacterOf(listing.Source(), [&](auto character) {
-    RowComposer<decltype(character)>(listing, options, take).ComposeTable(progress);
+  WithQuotation(listing.Source(), [&](const auto& quotation) {
+    RowComposer(listing, quotation, options, take).ComposeTable(progress);
   });
 }
 

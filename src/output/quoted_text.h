@@ -1,52 +1,79 @@
-// The text that a listing quotes: in the bytes of Windows-1252 or in code units, as it was read.
+// The text that a listing quotes: in the bytes of its code page or, where it has too many different
+// characters for one, in code units.
 //
-// What composes a listing is a template over the two, so that the first reading pays with neither
-// time nor memory for the second.
+// What composes a listing is a template over the two, so that the common case pays with neither
+// time nor memory for the other.
 #pragma once
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "input/document.h"
 #include "util/ansi.h"
+#include "util/code_page.h"
 
 namespace quorvel {
 
-// The text of a document that was read so.
+// A document as a listing quotes it; the document must outlive it.
 template <typename Char>
-[[nodiscard]] std::basic_string_view<Char> QuotedText(const Document& document);
+class Quotation;
 
 template <>
-[[nodiscard]] inline std::string_view QuotedText<char>(const Document& document) {
-  return document.ansiText;
-}
-template <>
-[[nodiscard]] inline std::u16string_view QuotedText<char16_t>(const Document& document) {
-  return document.documentText;
-}
+class Quotation<char> {
+ public:
+  explicit Quotation(const Document& document)
+      : page_(*document.codePage), text_(document.narrowText) {}
 
-// Characters of Windows-1252, the program's own or a document's, as the text has them.
+  [[nodiscard]] std::string_view Text() const { return text_; }
+
+  // A word of the text.
+  [[nodiscard]] std::string Of(std::u16string_view word) const { return page_.Encode(word); }
+
+  // Whether a text in these characters may hold this one.
+  [[nodiscard]] bool MayHold(char16_t ch) const { return page_.ByteOf(ch).has_value(); }
+
+  [[nodiscard]] std::u16string InCodeUnits(std::string_view part) const {
+    return page_.Decode(part);
+  }
+
+  // Appends what is composed of it to the bytes of a listing.
+  void AppendUtf8(std::string& bytes, std::string_view part) const {
+    page_.AppendUtf8(bytes, part);
+  }
+
+ private:
+  const CodePage& page_;
+  std::string_view text_;
+};
+
+template <>
+class Quotation<char16_t> {
+ public:
+  explicit Quotation(const Document& document) : text_(document.documentText) {}
+
+  [[nodiscard]] std::u16string_view Text() const { return text_; }
+  [[nodiscard]] std::u16string Of(std::u16string_view word) const { return std::u16string(word); }
+  [[nodiscard]] bool MayHold(char16_t /*ch*/) const { return true; }
+  [[nodiscard]] std::u16string_view InCodeUnits(std::u16string_view part) const { return part; }
+  void AppendUtf8(std::string& bytes, std::u16string_view part) const {
+    quorvel::AppendUtf8(bytes, part);
+  }
+
+ private:
+  std::u16string_view text_;
+};
+
+// The program's own marks: characters that are alike in all texts.
 template <typename Char>
-[[nodiscard]] std::basic_string<Char> Quoted(std::u16string_view text);
-
-template <>
-[[nodiscard]] inline std::string Quoted<char>(std::u16string_view text) {
-  return EncodeAnsi(text);
-}
-template <>
-[[nodiscard]] inline std::u16string Quoted<char16_t>(std::u16string_view text) {
-  return std::u16string(text);
+[[nodiscard]] std::basic_string<Char> MarkInText(std::u16string_view mark) {
+  return {mark.begin(), mark.end()};
 }
 
-// A part of the text in code units.
-[[nodiscard]] inline std::u16string InCodeUnits(std::string_view text) { return DecodeAnsi(text); }
-[[nodiscard]] inline std::u16string_view InCodeUnits(std::u16string_view text) { return text; }
-
-// Calls `work` with a character of the type that the document's text consists of.
+// Calls `work` with the quotation of a document.
 template <typename Work>
-auto WithCharacterOf(const Document& document, Work work) {
-  return document.options.reading == Reading::unicode ? work(char16_t{}) : work(char{});
+auto WithQuotation(const Document& document, Work work) {
+  return document.codePage != nullptr ? work(Quotation<char>(document))
+                                      : work(Quotation<char16_t>(document));
 }
 
 }  // namespace quorvel

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "input/compact_spaces.h"
 #include "input/html_text.h"
@@ -61,7 +62,8 @@ class Simplifier {
         break;
       }
     }
-    return kept_.append(markup_, done_, std::string_view::npos);
+    kept_ += markup_.substr(done_);
+    return std::move(kept_);
   }
 
  private:

@@ -71,12 +71,14 @@ class PartTaker {
     taken_.kind = kind;
   }
 
-  // The bytes of an entry that only leads to others; empty where it is not there.
+  // The bytes of an entry that only leads to others; empty where it is not there or far too long.
   std::string Directory(const std::string& entry) {
     std::string bytes;
     const Result<UnpackedEntry> unpacked =
         archive_.Unpack(entry, LONGEST_DIRECTORY, AppendTo(bytes));
-    return unpacked ? bytes : std::string();
+    if (!unpacked) return {};
+    if (unpacked->isDamaged && !bytes.empty()) MarkDamaged();
+    return bytes;
   }
 
   // Adds an entry to the parts. False where it is too long.
@@ -120,7 +122,7 @@ Rows RelationsOf(std::string_view entry, PartTaker& taker) {
   const std::string_view folder = FolderOf(entry);
   const std::string name =
       std::string(folder).append("_rels/").append(entry.substr(folder.size())) + ".rels";
-  return AttributesOf(taker.Directory(name), "Relationship", {"Type", "Target", "TargetMode"});
+  return AttributesOf(taker.Directory(name), "Relationship", {"Type", "Target", "TargetMode"}).rows;
 }
 
 std::vector<std::string> WordEntries(bool notes, PartTaker& taker) {
@@ -140,7 +142,7 @@ std::vector<std::string> WordEntries(bool notes, PartTaker& taker) {
 std::set<std::string> EncryptedEntries(PartTaker& taker) {
   std::set<std::string> entries;
   const std::string xml = taker.Directory("META-INF/encryption.xml");
-  for (const auto& row : AttributesOf(xml, "CipherReference", {"URI"})) {
+  for (const auto& row : AttributesOf(xml, "CipherReference", {"URI"}).rows) {
     entries.insert(EntryOf("", row[0]));
   }
   return entries;
@@ -153,17 +155,18 @@ bool IsChapter(std::string_view mediaType) {
 // The entries of a book's chapters, those that are encrypted left out, which is damage.
 std::vector<std::string> BookEntries(PartTaker& taker) {
   const Rows roots =
-      AttributesOf(taker.Directory("META-INF/container.xml"), "rootfile", {"full-path"});
+      AttributesOf(taker.Directory("META-INF/container.xml"), "rootfile", {"full-path"}).rows;
   if (roots.empty()) return {};
   const std::string& package = roots.front()[0];
   const std::string xml = taker.Directory(package);
+  const AttributeRows manifest = AttributesOf(xml, "item", {"id", "href", "media-type"});
+  if (manifest.isDamaged) taker.MarkDamaged();
   std::map<std::string, const std::vector<std::string>*> items;
-  const Rows manifest = AttributesOf(xml, "item", {"id", "href", "media-type"});
-  for (const auto& row : manifest) items.emplace(row[0], &row);
+  for (const auto& row : manifest.rows) items.emplace(row[0], &row);
   const std::set<std::string> encrypted = EncryptedEntries(taker);
   std::set<std::string> seen;
   std::vector<std::string> entries;
-  for (const auto& row : AttributesOf(xml, "itemref", {"idref"})) {
+  for (const auto& row : AttributesOf(xml, "itemref", {"idref"}).rows) {
     const auto item = items.find(row[0]);
     if (item == items.end()) {
       taker.MarkDamaged();

@@ -93,7 +93,8 @@ std::string DecodeReferences(std::string_view text) {
     place += length + 1;
     done = place + 1;
   }
-  return decoded.append(text, done, std::string_view::npos);
+  decoded += text.substr(done);
+  return decoded;
 }
 
 }  // namespace quorvel

@@ -103,20 +103,19 @@ bool XmlReader::Read(std::string_view bytes, bool isLast) {
   return false;
 }
 
-std::vector<std::vector<std::string>> AttributesOf(
-    std::string_view xml, std::string_view local, const std::vector<std::string_view>& attributes) {
-  std::vector<std::vector<std::string>> rows;
+AttributeRows AttributesOf(std::string_view xml, std::string_view local,
+                           const std::vector<std::string_view>& attributes) {
+  AttributeRows found;
   XmlEvents events;
-  events.start = [&](const XmlName& name, const XmlAttributes& found) {
+  events.start = [&](const XmlName& name, const XmlAttributes& values) {
     if (name.local != local) return;
-    std::vector<std::string>& row = rows.emplace_back();
-    for (const std::string_view attribute : attributes) row.emplace_back(found.Value(attribute));
+    std::vector<std::string>& row = found.rows.emplace_back();
+    for (const std::string_view attribute : attributes) row.emplace_back(values.Value(attribute));
   };
   events.end = [](const XmlName&) {};
   events.text = [](std::string_view) {};
-  // What was found before the damage is as good as all that could be.
-  static_cast<void>(XmlReader(std::move(events)).Read(xml, true));
-  return rows;
+  found.isDamaged = !XmlReader(std::move(events)).Read(xml, true);
+  return found;
 }
 
 }  // namespace quorvel

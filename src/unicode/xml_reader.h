@@ -56,9 +56,15 @@ class XmlReader {
   std::unique_ptr<Parser> parser_;
 };
 
+// The values of some attributes of each element of one name.
+struct AttributeRows {
+  std::vector<std::vector<std::string>> rows;
+  bool isDamaged = false;  // they end where the XML is at fault
+};
+
 // The values of these attributes, in this order, of each element with the name `local` in a whole
-// document, up to where it is damaged.
-[[nodiscard]] std::vector<std::vector<std::string>> AttributesOf(
-    std::string_view xml, std::string_view local, const std::vector<std::string_view>& attributes);
+// document.
+[[nodiscard]] AttributeRows AttributesOf(std::string_view xml, std::string_view local,
+                                         const std::vector<std::string_view>& attributes);
 
 }  // namespace quorvel

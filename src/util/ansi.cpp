@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <type_traits>
 
 #include "util/large_pages.h"
 
@@ -52,10 +53,51 @@ std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::strin
   return taken;
 }
 
-bool IsAscii(std::string_view bytes) {
-  std::uint8_t all = 0;
-  for (const char byte : bytes) all |= static_cast<std::uint8_t>(byte);
+template <typename Char>
+bool IsAscii(std::basic_string_view<Char> text) {
+  std::make_unsigned_t<Char> all = 0;
+  for (const Char ch : text) all |= static_cast<std::make_unsigned_t<Char>>(ch);
   return all < 0x80;
+}
+
+constexpr std::size_t LONGEST_SEQUENCE = 4;  // bytes
+
+// Writes the one or two code units of the character that UTF-8 bytes, which are not empty, begin
+// with; gives its length in bytes. A byte that is not UTF-8 passes for Windows-1252.
+std::size_t PutRareCharacter(char16_t*& out, std::string_view bytes) {
+  std::uint32_t codePoint = 0;
+  const std::size_t length = ReadCodePoint(bytes, codePoint);
+  if (length == 0) {
+    *out++ = DECODING_TABLE[static_cast<std::uint8_t>(bytes.front())];
+    return 1;
+  }
+  if (codePoint >= 0x10000) {
+    *out++ = static_cast<char16_t>(0xD800 + ((codePoint - 0x10000) >> 10U));
+    codePoint = 0xDC00 + ((codePoint - 0x10000) & 0x3FFU);
+  }
+  *out++ = static_cast<char16_t>(codePoint);
+  return length;
+}
+
+// Writes the UTF-8 bytes of a code point; gives the place behind them.
+char* PutUtf8(char* out, char32_t codePoint) {
+  const auto put = [&out](char32_t byte) { *out++ = static_cast<char>(byte); };
+  if (codePoint < 0x80) {
+    put(codePoint);
+    return out;
+  }
+  if (codePoint < 0x800) {
+    put(0xC0 | (codePoint >> 6U));
+  } else if (codePoint < 0x10000) {
+    put(0xE0 | (codePoint >> 12U));
+    put(0x80 | ((codePoint >> 6U) & 0x3FU));
+  } else {
+    put(0xF0 | (codePoint >> 18U));
+    put(0x80 | ((codePoint >> 12U) & 0x3FU));
+    put(0x80 | ((codePoint >> 6U) & 0x3FU));
+  }
+  put(0x80 | (codePoint & 0x3FU));
+  return out;
 }
 
 // The code points that a UTF-8 sequence may encode, by its first byte.
@@ -74,25 +116,6 @@ SequenceShape ShapeOf(std::uint8_t first) {
 }
 
 }  // namespace
-
-void AppendUtf8(std::string& bytes, char32_t codePoint) {
-  const auto put = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
-  if (codePoint < 0x80) {
-    put(codePoint);
-    return;
-  }
-  if (codePoint < 0x800) {
-    put(0xC0 | (codePoint >> 6U));
-  } else if (codePoint < 0x10000) {
-    put(0xE0 | (codePoint >> 12U));
-    put(0x80 | ((codePoint >> 6U) & 0x3FU));
-  } else {
-    put(0xF0 | (codePoint >> 18U));
-    put(0x80 | ((codePoint >> 12U) & 0x3FU));
-    put(0x80 | ((codePoint >> 6U) & 0x3FU));
-  }
-  put(0x80 | (codePoint & 0x3FU));
-}
 
 // Widened in blocks; only a block that holds a byte with another number than its
 // character is looked at byte by byte.
@@ -160,48 +183,61 @@ std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
   return valid ? shape.length : 0;
 }
 
-// ASCII is widened in blocks.
+// ASCII is widened in blocks; most other characters have two bytes.
 std::u16string DecodeUtf8(std::string_view bytes) {
   std::u16string text;
   ReserveLarge(text, bytes.size());
-  std::array<char16_t, BLOCK> characters{};
-  while (!bytes.empty()) {
-    if (bytes.size() >= BLOCK && IsAscii(bytes.substr(0, BLOCK))) {
-      for (std::size_t i = 0; i < BLOCK; ++i) characters[i] = static_cast<std::uint8_t>(bytes[i]);
-      text.append(characters.data(), BLOCK);
-      bytes.remove_prefix(BLOCK);
-      continue;
+  std::array<char16_t, BLOCK + 1> characters{};
+  for (std::size_t i = 0; i < bytes.size();) {
+    char16_t* out = characters.data();
+    const std::string_view block = bytes.substr(i, BLOCK);
+    const std::size_t end = i + block.size();
+    if (block.size() == BLOCK && IsAscii(block)) {
+      for (const char byte : block) *out++ = static_cast<std::uint8_t>(byte);
+      i = end;
     }
-    std::uint32_t codePoint = 0;
-    std::size_t length = ReadCodePoint(bytes, codePoint);
-    if (length == 0) {
-      codePoint = DECODING_TABLE[static_cast<std::uint8_t>(bytes.front())];
-      length = 1;
+    while (i < end) {
+      const auto first = static_cast<std::uint8_t>(bytes[i]);
+      const auto second = static_cast<std::uint8_t>(i + 1 < bytes.size() ? bytes[i + 1] : '\0');
+      const bool isAscii = first < 0x80;
+      const bool isPair = (first >= 0xC2) & (first < 0xE0) & ((second & 0xC0U) == 0x80);
+      if (isAscii | isPair) {
+        // Where words end cannot be foretold: a jump would be wrong at each.
+        const auto pair = static_cast<char16_t>((first & 0x1FU) << 6U | (second & 0x3FU));
+        *out++ = isAscii ? first : pair;
+        i += isAscii ? 1 : 2;
+      } else {
+        i += PutRareCharacter(out, bytes.substr(i));
+      }
     }
-    AppendCodePoint(text, codePoint);
-    bytes.remove_prefix(length);
+    text.append(characters.data(), static_cast<std::size_t>(out - characters.data()));
   }
   return text;
 }
 
-// Text is nearly all ASCII, or has hardly any: blocks of the first kind are narrowed as a whole.
+void AppendUtf8(std::string& bytes, char32_t codePoint) {
+  std::array<char, LONGEST_SEQUENCE> sequence{};
+  bytes.append(sequence.begin(), PutUtf8(sequence.data(), codePoint));
+}
+
+// ASCII is narrowed some units at a time.
 void AppendUtf8(std::string& bytes, std::u16string_view text) {
-  std::array<char, BLOCK> block{};
+  constexpr std::size_t STEP = 16;
+  std::array<char, 3 * BLOCK + LONGEST_SEQUENCE> block{};
   for (std::size_t i = 0; i < text.size();) {
-    const std::u16string_view units = text.substr(i, BLOCK);
-    char16_t all = 0;
-    for (std::size_t k = 0; k < units.size(); ++k) {
-      all |= units[k];
-      block[k] = static_cast<char>(units[k]);
-    }
-    if (all < 0x80) {
-      bytes.append(block.data(), units.size());
-      i += units.size();
-    } else {
-      for (const std::size_t end = i + units.size(); i < end;) {
-        AppendUtf8(bytes, NextCodePoint(text, i));
+    char* out = block.data();
+    for (const std::size_t end = std::min(i + BLOCK, text.size()); i < end;) {
+      const std::u16string_view units = text.substr(i, STEP);
+      if (units.size() == STEP && IsAscii(units)) {
+        out = std::copy(units.begin(), units.end(), out);
+        i += STEP;
+      } else {
+        for (const std::size_t stop = i + units.size(); i < stop;) {
+          out = PutUtf8(out, NextCodePoint(text, i));
+        }
       }
     }
+    bytes.append(block.begin(), out);
   }
 }
 

@@ -55,6 +55,13 @@ class DoubtfulCharacters {
     for (CodePoint vowel = 0x1161; vowel <= 0x1175; ++vowel) Add(vowel);
     for (CodePoint final = 0x11A8; final <= 0x11C2; ++final) Add(final);
     for (CodePoint codePoint = 0xC0; codePoint < END; ++codePoint) Consider(codePoint);
+    // And those that are doubtful without being looked at.
+    for (std::size_t lead = 0xF0; lead < leads_.size(); ++lead) leads_[lead] = true;
+  }
+
+  // Of a byte of UTF-8.
+  [[nodiscard]] bool MayBeginWith(char byte) const {
+    return leads_[static_cast<std::uint8_t>(byte)];
   }
 
   [[nodiscard]] bool Hold(CodePoint codePoint) const {
@@ -65,7 +72,12 @@ class DoubtfulCharacters {
   // What comes from here on is rare and counts as doubtful.
   static constexpr CodePoint END = 0x30000;
 
-  void Add(CodePoint codePoint) { flags_[static_cast<std::size_t>(codePoint)] = true; }
+  void Add(CodePoint codePoint) {
+    flags_[static_cast<std::size_t>(codePoint)] = true;
+    std::string utf8;
+    AppendUtf8(utf8, static_cast<char32_t>(codePoint));
+    leads_[static_cast<std::uint8_t>(utf8.front())] = true;
+  }
 
   void Consider(CodePoint codePoint) {
     const utf8proc_property_t& property = *utf8proc_get_property(codePoint);
@@ -81,6 +93,7 @@ class DoubtfulCharacters {
   }
 
   std::bitset<END> flags_;
+  std::array<bool, 256> leads_{};
 };
 
 struct Character {
@@ -89,7 +102,7 @@ struct Character {
 };
 
 // The character at a place of valid UTF-8.
-Character CharacterOf(std::string_view text, std::size_t place) {
+inline Character CharacterOf(std::string_view text, std::size_t place) {
   const auto at = [&](std::size_t i) { return static_cast<std::uint8_t>(text[place + i]); };
   const auto more = [&](std::size_t i) { return static_cast<CodePoint>(at(i) & 0x3FU); };
   const auto lead = static_cast<CodePoint>(at(0));
@@ -163,6 +176,21 @@ std::size_t PreviousCharacter(std::string_view text, std::size_t place) {
   return place;
 }
 
+// The first place from `place` on where a doubtful character begins.
+std::size_t NextDoubtful(std::string_view text, std::size_t place,
+                         const DoubtfulCharacters& doubtful) {
+  while ((place = SkipSafe(text, place)) < text.size()) {
+    // Whole alphabets have no first byte of a doubtful character.
+    const std::size_t end = std::min(place + 64, text.size());
+    while (place < end && !doubtful.MayBeginWith(text[place])) ++place;
+    if (place == end) continue;
+    const Character character = CharacterOf(text, place);
+    if (doubtful.Hold(character.codePoint)) break;
+    place += character.length;
+  }
+  return place;
+}
+
 // The end of the doubtful characters from `place` on.
 std::size_t SkipDoubtful(std::string_view text, std::size_t place,
                          const DoubtfulCharacters& doubtful) {
@@ -183,12 +211,7 @@ std::string Normalized(std::string text) {
   Composer composer;
   std::string normalized;
   std::size_t done = 0;
-  for (; place < text.size(); place = SkipSafe(text, place)) {
-    const Character character = CharacterOf(text, place);
-    if (!DOUBTFUL.Hold(character.codePoint)) {
-      place += character.length;
-      continue;
-    }
+  while ((place = NextDoubtful(text, place, DOUBTFUL)) < text.size()) {
     const std::size_t start = PreviousCharacter(text, place);
     place = SkipDoubtful(text, place, DOUBTFUL);
     if (done == 0) ReserveLarge(normalized, text.size());

@@ -47,7 +47,7 @@ TEST(Document, IsReadAndMade) {
     EXPECT_EQ(ui.output, row.phases);
     EXPECT_EQ(bool(document), !row.text.empty());
     if (document) {
-      EXPECT_EQ((*document)->ansiText, row.text);
+      EXPECT_EQ((*document)->narrowText, row.text);
       EXPECT_EQ((*document)->options, options);
     } else {
       EXPECT_EQ(document.Why().kind, row.fault);

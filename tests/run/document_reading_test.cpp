@@ -60,7 +60,7 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
     const auto document =
         ObtainDocument(InputBytes("a.docx", row.bytes), {}, isUtf8, macNoticeShown, ui);
     EXPECT_EQ(isUtf8, document != nullptr);
-    EXPECT_EQ(ui.Said("a.docx") + (document != nullptr ? "= " + document->ansiText : ""),
+    EXPECT_EQ(ui.Said("a.docx") + (document != nullptr ? "= " + document->narrowText : ""),
               row.expected);
     EXPECT_TRUE(ui.output.starts_with("Extracting text ...\r\n"));
     EXPECT_EQ(ui.output.ends_with("Processing file ...\r\n"), document != nullptr);
@@ -93,7 +93,7 @@ TEST(DocumentReading, OfATextLeavesTheBoxAsFarAsItCame) {
     EXPECT_EQ(ui.Said(file), said);
     ASSERT_EQ(document != nullptr, isUtf8);
     if (document == nullptr) continue;
-    EXPECT_EQ(document->ansiText, "zz");
+    EXPECT_EQ(document->narrowText, "zz");
     EXPECT_EQ(document->options, (ReadingOptions{Reading::windows1252, true, true}));
     EXPECT_EQ(document->source.path, "a.txt");
     EXPECT_EQ(document->source.digest, digest);

@@ -18,9 +18,9 @@ namespace quorvel {
 // A document of a text that is read already.
 inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
   Document document;
-  document.ansiText = EncodeAnsi(text);
-  BlankDoubleHyphens(document.ansiText);
-  document.documentText = DecodeAnsi(document.ansiText);
+  document.narrowText = EncodeAnsi(text);
+  BlankDoubleHyphens(document.narrowText);
+  document.documentText = DecodeAnsi(document.narrowText);
   return std::make_shared<const Document>(std::move(document));
 }
 

@@ -58,7 +58,7 @@ TEST(PackedDocuments, OfWordsGiveTheirBodyAndNotes) {
   EXPECT_EQ(UnpackedOrFault("PK\x03\x04 is no archive", PackedKind::odt), "damaged ");
 }
 
-TEST(PackedDocuments, AreLimitedInAllTheirParts) {
+TEST(PackedDocuments, AreLimitedInAllTheirPartsAndCanBeStopped) {
   const std::string archive =
       ZipArchive({{"word/document.xml", std::string(600, 'b')},
                   {"word/_rels/document.xml.rels", Relations("endnotes", "e")},
@@ -66,6 +66,10 @@ TEST(PackedDocuments, AreLimitedInAllTheirParts) {
   EXPECT_EQ(UnpackedOrFault(archive, PackedKind::docx, true).size(), 1002U);
   EXPECT_EQ(UnpackedOrFault(archive, PackedKind::docx, true, 999), "too large");
   EXPECT_EQ(UnpackedOrFault(archive, PackedKind::docx, false, 999).size(), 601U);
+  ScriptedConversation ui;
+  ui.stopAtYield = 1;
+  const auto unpacked = UnpackTextParts({"a.docx", archive}, PackedKind::docx, {}, {}, ui);
+  EXPECT_EQ(unpacked.Why().kind, FaultKind::stopped);
 }
 
 // A book with these chapters in its manifest and the spine.
@@ -90,6 +94,7 @@ TEST(PackedDocuments, OfBooksGiveTheChaptersInTheirOrder) {
       {"<itemref idref='p'/><itemref idref='a'/><itemref idref='a'/>", "1|"},
       {"<itemref idref='m'/><itemref idref='a'/>", "damaged 1|"},
       {"<itemref idref='unknown'/><itemref idref='a'/>", "damaged 1|"},
+      {"<itemref idref='a'/></damage>", "damaged 1|"},
       {"", "damaged "}};
   for (const auto& [spine, parts] : rows) {
     EXPECT_EQ(UnpackedOrFault(ZipArchive(Book(manifest, spine)), PackedKind::epub), parts) << spine;
@@ -116,16 +121,6 @@ TEST(PackedDocuments, WithManyEntriesAreReadAsWell) {
   std::vector<ZipEntry> book = Book(manifest, spine);
   book.insert(book.end(), pages.begin(), pages.end());
   EXPECT_EQ(UnpackedOrFault(ZipArchive(book), PackedKind::epub, false, 100000), expected);
-}
-
-TEST(PackedDocuments, CanBeStopped) {
-  const auto book =
-      Book("<item id='a' href='one.xhtml' media-type='text/html'/>", "<itemref idref='a'/>");
-  ScriptedConversation ui;
-  ui.stopAtYield = 1;
-  const auto unpacked = UnpackTextParts({"a.epub", ZipArchive(book)}, PackedKind::epub, {}, {}, ui);
-  ASSERT_FALSE(unpacked);
-  EXPECT_EQ(unpacked.Why().kind, FaultKind::stopped);
 }
 
 }  // namespace

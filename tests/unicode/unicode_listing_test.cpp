@@ -5,6 +5,7 @@
 #include "output/occurrence_rows.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 namespace {
@@ -32,8 +33,11 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
   std::mt19937 random(18);
   for (int round = 0; round < 1500; ++round) {
     const auto narrow = DocumentOf(RandomText(parts, round % 50 == 0 ? 600 : 40, random));
-    const auto wide =
+    const auto unicode =
         MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(narrow->documentText), 0);
+    Document wide = *unicode;
+    wide.codePage = nullptr;  // as with more characters than a page has
+    ASSERT_EQ(wide.documentText, narrow->documentText);
     ConcordanceSettings settings;
     settings.contextSize = static_cast<int>(random() % 10);
     settings.showLineBreaks = random() % 2 == 0;
@@ -42,13 +46,44 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
     KeywordLists keywords;
     keywords.fileKeywords = {u"cat", u"œil"};
     const std::vector<ExtraKeyword> extra = {ExtraKeywordOf(u"??u*+*é*"), ExtraKeywordOf(u"ð*")};
-    ASSERT_EQ(wide->documentText, narrow->documentText);
     keywords.extraKeywords = ExtraKeywordList(extra, LATIN);
     const Listing listing = ListingOf(ScanWords(narrow, nullptr, nobody), settings, keywords);
     keywords.extraKeywords = ExtraKeywordList(extra, Alphabet::Unicode());
-    const Listing inUnicode = ListingOf(ScanWords(wide, nullptr, nobody), settings, keywords);
-    ASSERT_EQ(Composed(inUnicode, nobody), EncodeUtf8(DecodeAnsi(Composed(listing, nobody))));
-    ASSERT_EQ(RowsOf(inUnicode), RowsOf(listing));
+    for (const auto& document : {unicode, std::make_shared<const Document>(wide)}) {
+      const Listing other = ListingOf(ScanWords(document, nullptr, nobody), settings, keywords);
+      ASSERT_EQ(Composed(other, nobody), EncodeUtf8(DecodeAnsi(Composed(listing, nobody))));
+      ASSERT_EQ(RowsOf(other), RowsOf(listing));
+    }
+  }
+}
+
+// Neither in a byte for each character nor in code units is anything lost; a character is never
+// cut.
+TEST(UnicodeListing, HoldsWhatItsTextHolds) {
+  const std::u16string few = u"“Ώρα” ώρα ?ρα, Ώρα… – ώρα ";
+  std::u16string many = few;
+  for (char16_t ch = 0x4E00; ch < 0x4F00; ++ch) many.append({ch, u' '});
+  const std::u16string pairs = u"ώρα 😀😀 𐌰𐌱𐌲 ώρα 😀ώρα. ";
+  ConcordanceSettings settings;
+  settings.contextSize = 1;
+  SilentProgress nobody;
+  const auto composed = [&](const std::u16string& text) {
+    const auto document =
+        MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(text), 0);
+    const Listing listing = ListingOf(ScanWords(document, nullptr, nobody), settings);
+    return InForm(Composed(listing, nobody), Coding::utf8, {Coding::utf8, false});
+  };
+  const std::string start = "[Ώρα 2]\n... «Ώρα»” ώρα ?ρα,\n... ?ρα, «Ώρα»… –\n\n[ώρα 2]\n";
+  for (const std::u16string& text : {few, many}) {
+    EXPECT_EQ(composed(text).substr(0, start.size()), start);
+  }
+  EXPECT_EQ(composed(pairs),
+            "[ώρα 3]\n... «ώρα» 😀😀 𐌰𐌱𐌲\n... 𐌰𐌱𐌲 «ώρα» 😀«ώρα».\n... 😀«ώρα».\n\n"
+            "[𐌰𐌱𐌲 1]\n... 😀😀 «𐌰𐌱𐌲» ώρα\n");
+  EXPECT_EQ(composed(u"a ώρα ?ρα b"), "[ώρα 1]\n... «ώρα» ?ρα \n");
+  for (std::u16string before : {u"", u"x"}) {
+    for (int i = 0; i < 20; ++i) before += u"😀";
+    EXPECT_EQ(composed(before + u" ώρα " + before).find("\uFFFD"), std::string::npos);
   }
 }
 

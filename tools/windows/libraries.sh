@@ -42,6 +42,21 @@ if [[ ! -f $folder/lib/libzip.a ]]; then
     -DENABLE_WINDOWS_CRYPTO=OFF
 fi
 
+if [[ ! -f $folder/lib/libutf8proc.a ]]; then
+  echo "Building utf8proc"
+  [[ -d $work/utf8proc ]] || unpack_source utf8proc
+  install_library utf8proc "$work/utf8proc" -DBUILD_SHARED_LIBS=OFF
+fi
+
+if [[ ! -f $folder/lib/libexpat.a ]]; then
+  echo "Building expat"
+  [[ -d $work/expat ]] || unpack_source expat
+  # Debian's patches ask for the value of what CMake only defines.
+  sed -i 's/^#cmakedefine XML_DTD$/& 1/' "$work/expat/expat/expat_config.h.cmake"
+  install_library expat "$work/expat/expat" -DEXPAT_SHARED_LIBS=OFF -DEXPAT_BUILD_DOCS=OFF \
+    -DEXPAT_BUILD_EXAMPLES=OFF -DEXPAT_BUILD_TESTS=OFF -DEXPAT_BUILD_TOOLS=OFF
+fi
+
 if [[ ! -f $folder/lib/libgtest.a ]]; then
   echo "Building GoogleTest"
   install_library gtest /usr/src/googletest -DBUILD_GMOCK=OFF

@@ -1,0 +1,120 @@
+#include "util/code_page.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "util/ansi.h"
+#include "util/large_pages.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::size_t CODE_UNITS = 0x10000;
+constexpr char16_t ASCII_END = 0x80;
+
+// What is looked at in one go.
+constexpr std::size_t BLOCK = 64;
+
+bool IsAscii(std::u16string_view units) {
+  char16_t all = 0;
+  for (const char16_t ch : units) all |= ch;
+  return all < ASCII_END;
+}
+
+std::u16string CharactersOfWindows1252() {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  return DecodeAnsi(bytes);
+}
+
+}  // namespace
+
+CodePage::CodePage(const std::array<char16_t, BYTES>& characters)
+    : characters_(characters), bytes_(CODE_UNITS) {
+  // Downwards, for "\0" has many bytes.
+  for (std::size_t byte = BYTES; byte-- > 0;) {
+    bytes_[characters[byte]] = static_cast<std::uint8_t>(byte);
+    const std::string utf8 = EncodeUtf8({&characters[byte], 1});
+    std::copy(utf8.begin(), utf8.end(), sequences_[byte].bytes.begin());
+    sequences_[byte].length = static_cast<std::uint8_t>(utf8.size());
+  }
+}
+
+std::shared_ptr<const CodePage> CodePage::Windows1252() {
+  static const std::shared_ptr<const CodePage> PAGE = [] {
+    std::array<char16_t, BYTES> characters{};
+    std::ranges::copy(CharactersOfWindows1252(), characters.begin());
+    return std::shared_ptr<const CodePage>(new CodePage(characters));
+  }();
+  return PAGE;
+}
+
+// What is left over of the page stands for "\0".
+std::shared_ptr<const CodePage> CodePage::Of(std::u16string_view text) {
+  std::vector<std::uint8_t> stands(CODE_UNITS);
+  for (std::size_t i = 0; i < text.size(); i += BLOCK) {
+    const std::u16string_view units = text.substr(i, BLOCK);
+    if (IsAscii(units)) continue;
+    for (const char16_t ch : units) stands[ch] = 1;
+  }
+  std::array<char16_t, BYTES> characters{};
+  for (char16_t ch = 0; ch < ASCII_END; ++ch) characters[ch] = ch;
+  for (const char16_t mark : std::u16string_view(u"«»")) {
+    characters[mark] = mark;
+    stands[mark] = 0;
+  }
+  std::size_t byte = ASCII_END;
+  for (std::size_t i = ASCII_END; i < CODE_UNITS; ++i) {
+    if (stands[i] == 0) continue;
+    const auto ch = static_cast<char16_t>(i);
+    while (byte < BYTES && characters[byte] != 0) ++byte;
+    if (byte == BYTES || IsHighSurrogate(ch)) return nullptr;
+    characters[byte] = ch;
+  }
+  return std::shared_ptr<const CodePage>(new CodePage(characters));
+}
+
+std::optional<char> CodePage::ByteOf(char16_t ch) const {
+  const std::uint8_t byte = bytes_[ch];
+  if (characters_[byte] != ch) return std::nullopt;
+  return static_cast<char>(byte);
+}
+
+std::string CodePage::Encode(std::u16string_view text) const {
+  std::string bytes;
+  ReserveLarge(bytes, text.size());
+  std::array<char, BLOCK> block{};
+  for (; !text.empty(); text.remove_prefix(std::min(BLOCK, text.size()))) {
+    const std::u16string_view units = text.substr(0, BLOCK);
+    if (IsAscii(units)) {
+      std::copy(units.begin(), units.end(), block.begin());
+    } else {
+      std::transform(units.begin(), units.end(), block.begin(),
+                     [this](char16_t ch) { return static_cast<char>(bytes_[ch]); });
+    }
+    bytes.append(block.data(), units.size());
+  }
+  return bytes;
+}
+
+std::u16string CodePage::Decode(std::string_view bytes) const {
+  std::u16string text;
+  for (const char byte : bytes) text += characters_[static_cast<std::uint8_t>(byte)];
+  return text;
+}
+
+// Each sequence is written at its greatest length, and the next one over what is not its own.
+void CodePage::AppendUtf8(std::string& utf8, std::string_view bytes) const {
+  std::array<char, BLOCK * sizeof(Sequence)> block{};
+  for (; !bytes.empty(); bytes.remove_prefix(std::min(BLOCK, bytes.size()))) {
+    char* out = block.data();
+    for (const char byte : bytes.substr(0, BLOCK)) {
+      const Sequence& sequence = sequences_[static_cast<std::uint8_t>(byte)];
+      std::memcpy(out, &sequence, sizeof(sequence));
+      out += sequence.length;
+    }
+    utf8.append(block.begin(), out);
+  }
+}
+
+}  // namespace quorvel
