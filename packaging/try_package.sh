@@ -166,6 +166,6 @@ else
   trap 'rm -rf --one-file-system "$system" "$system.log"' EXIT
   chmod 755 "$system"
   make_system "${2:-}"
-  "$here/../tests/ui/with_x_server.sh" \
+  "$here/../tools/with_x_server.sh" \
     unshare --mount -- "$here/try_package.sh" "$package" --inside "$system"
 fi

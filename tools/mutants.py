@@ -235,7 +235,7 @@ class Copy:
                                        float(test["time"].rstrip("s"))))
 
     def test(self, names, timeout, *options):
-        server = [self.tree / "tests/ui/with_x_server.sh"] if self.window else []
+        server = [self.tree / "tools/with_x_server.sh"] if self.window else []
         return self.run([*server, self.program, f"--gtest_filter={names}", "--gtest_fail_fast",
                          "--gtest_brief=1", *options], timeout)
 

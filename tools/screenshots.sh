@@ -55,7 +55,7 @@ for theme in light dark; do
   fi
   env -u XDG_CURRENT_DESKTOP XDG_CONFIG_HOME="$stage/config" XDG_RUNTIME_DIR="$stage/config" \
     "${desktop[@]}" \
-    "$root/tests/ui/with_x_server.sh" \
+    "$root/tools/with_x_server.sh" \
     ./quorvel_screenshots the-lamp-at-harbour-end.txt "$target" "$theme"
 done
 

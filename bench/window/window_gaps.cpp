@@ -1,7 +1,7 @@
 // quorvel_window_gaps: for how long the window hears nothing in a run, phase by phase, how soon a
 // run ends once its stop is confirmed, and what it costs that the window is heard at all.
 //
-//   tests/ui/with_x_server.sh build/release/quorvel_window_gaps TEXT
+//   tools/with_x_server.sh build/release/quorvel_window_gaps TEXT
 
 #include <QApplication>
 #include <QElapsedTimer>

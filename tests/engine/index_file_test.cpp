@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "support/latin.h"
 #include "support/scanned_text.h"
 #include "util/time_text.h"
 
 namespace quorvel {
-namespace {
 
 TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
   for (std::int32_t width = 1, most = 9; width <= 10; ++width) {
@@ -42,8 +39,8 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
     }
     most = width < 9 ? most * 10 + 9 : std::numeric_limits<std::int32_t>::max();
   }
+  EXPECT_EQ(LongestIndexFile(8), 128U + 3U * 55U);
   EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").date, "date");
-  EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").digest, "digest");
 }
 
 // A "|" stands for a line end. What stands behind the entries that are announced is left alone.
@@ -84,5 +81,4 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(LanguageRecognition, GoesByTheWordsThatAreStopWords) {
   const StopWordsByLanguage stopWords = {
@@ -20,5 +19,4 @@ TEST(LanguageRecognition, GoesByTheWordsThatAreStopWords) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 
 #include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 
 namespace quorvel {
-namespace {
 
 using Text = std::u16string;
 
@@ -53,11 +51,9 @@ TEST(TableFit, IsWhatAScanWouldGive) {
 TEST(TableFit, LooksForWhatAScanNeverGives) {
   const struct {
     const char* name;
-    Text text;
-    Text word;
+    Text text, word;
     std::vector<std::int32_t> places;
-    bool fits = false;
-    bool listed = true;
+    bool fits = false, listed = true;
   } rows[] = {
       {"two letters", u"of so.", u"of", {1}},
       {"no letter", u"the 1990 ..", u"1990", {5}},
@@ -78,5 +74,4 @@ TEST(TableFit, LooksForWhatAScanNeverGives) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -6,7 +6,6 @@
 #include "support/made_texts.h"
 
 namespace quorvel {
-namespace {
 
 TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
   const std::vector<std::vector<std::u16string>> characters = {
@@ -35,5 +34,4 @@ TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

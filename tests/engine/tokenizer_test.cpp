@@ -7,6 +7,7 @@
 #include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
+#include "support/scripted_conversation.h"
 
 namespace quorvel {
 namespace {
@@ -32,16 +33,13 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
                 {"words of a short text", u"harbour ", 10231 / 8, nullptr, 2, 1},
                 {"a search", u"a ", 2200000, &last, 42, 0}};
   for (const auto& [name, part, times, sought, bars, wordsAfterStop] : rows) {
-    struct : SilentProgress {
-      std::size_t bars = 0;
-      void ShowBar(std::string_view /*caption*/) override { ++bars; }
-    } progress;
+    ScriptedConversation progress;
     Text text;
     for (int i = 0; i < times; ++i) text += part;
     text += u"walk ";
     WordTable table;
     GetWords(text, LATIN, table, progress, sought);
-    EXPECT_EQ(progress.bars, bars) << name;
+    EXPECT_EQ(progress.bars.size(), bars) << name;
     EXPECT_EQ(progress.WordsFound() + 1, table.WordCount()) << name;
     EXPECT_EQ(table.entries.back().word, u"walk") << name;
     progress.RequestStop();
@@ -72,20 +70,6 @@ TEST(Tokenizer, FindsForASearchWhatAScanOfAllFinds) {
     };
     ASSERT_EQ(found(&keywords), found(nullptr)) << round << testing::PrintToString(text);
   }
-}
-
-TEST(Tokenizer, FindsEachOccurrenceWhereItStands) {
-  const Text text = u"cats. -cat-, glass; perhaps glass- Cats";
-  SilentProgress nobody;
-  const Listing listing = ScanText(text, {}, nobody);
-  Text found;
-  for (const WordEntry& entry : TableOf(listing).entries) {
-    for (const std::int32_t position : entry.positions) {
-      const TextSpan span = SpanOfOccurrence(text, entry.word, position);
-      found += text.substr(span.begin, span.end - span.begin) + u' ';
-    }
-  }
-  EXPECT_EQ(found, u"Cats cats cat glass glass perhaps ");
 }
 
 TEST(Tokenizer, SameTableAsTheNaiveForm) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(WordTable, PositionWidthByLogarithms) {
   const std::pair<std::size_t, int> rows[] = {{0, 1},    {1, 1},    {9, 1},       {10, 2},
@@ -11,5 +10,4 @@ TEST(WordTable, PositionWidthByLogarithms) {
   for (const auto& [length, width] : rows) EXPECT_EQ(PositionWidth(length), width) << length;
 }
 
-}  // namespace
 }  // namespace quorvel

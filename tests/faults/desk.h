@@ -4,18 +4,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <set>
-#include <string>
-#include <vector>
 
 #include "naive/places.h"
 #include "support/made_texts.h"
@@ -23,9 +13,6 @@
 #include "support/zip_builder.h"
 
 namespace quorvel {
-
-namespace fs = std::filesystem;
-
 // A run of each kind.
 struct Scenario {
   const char* name;
@@ -46,7 +33,6 @@ inline const Scenario SCENARIOS[] = {
     {"from settings", "-s @/s.lvz --create --language none"},
     {"settings", "@/a.txt -k @/k.txt --save-settings @/t.lvz", {"t.lvz"}}};
 
-// Whether every fault is to be tried.
 inline bool AllFaults() { return std::getenv("QUORVEL_ALL_FAULTS") != nullptr; }
 
 struct Ending {
@@ -60,63 +46,67 @@ inline std::ostream& operator<<(std::ostream& out, const Ending& ending) {
 }
 
 // The program, its data and its inputs in a folder that is watched.
-class Desk {
- public:
+struct Desk {
   static constexpr const char* OLD = "old\r\n";
 
   // Each run has the library, if any, loaded before the C library.
   explicit Desk(const char* library) : library_(library) {
-    for (const char* folder : {"bin", "tmp"}) fs::create_directory(folder_.Path(folder));
-    fs::copy_file(QUORVEL_CLI, folder_.Path("bin/quorvel-cli"));
+    for (const char* name : {"bin", "tmp"}) fs::create_directory(folder.Path(name));
+    fs::copy_file(QUORVEL_CLI, folder.Path("bin/quorvel-cli"));
+    // A run on all of the stop words takes its time and shows no more.
     for (const auto& file : fs::directory_iterator(QUORVEL_DATA)) {
-      if (file.path().extension() == ".txt") WriteBeginning(file.path());
+      if (file.path().extension() != ".txt") continue;
+      std::string beginning(600, ' ');
+      std::ifstream(file.path()).read(beginning.data(), 600);
+      beginning.resize(beginning.rfind('\n') + 1);
+      (void)folder.Write("bin/" + file.path().filename().string(), beginning);
     }
     const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 30);
-    for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder_.Write(name, text);
-    (void)folder_.Write("l.txt",
-                        Repeated("The silent harbour ships were lit all night long.\r\n", 1500));
-    (void)folder_.Write("k.txt", "harbour\r\nships\r\n");
-    (void)folder_.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" +
-                                     text + "caf\xC3\xA9</body>");
-    (void)folder_.Write("d.docx",
-                        ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
+    for (const char* name : {"a.txt", "b.txt", "i.txt"}) (void)folder.Write(name, text);
+    (void)folder.Write("l.txt",
+                       Repeated("The silent harbour ships were lit all night long.\r\n", 1500));
+    (void)folder.Write("k.txt", "harbour\r\nships\r\n");
+    (void)folder.Write("p.htm", "<!DOCTYPE html><head><meta charset=utf-8></head><body><p>" + text +
+                                    "caf\xC3\xA9</body>");
+    (void)folder.Write("d.docx",
+                       ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}}));
     for (const char* arguments :
          {"@/i.txt --index", "@/a.txt -o @/out.txt --save-settings @/s.lvz"})
       EXPECT_EQ(EndOf(Start(arguments, "", "exec")).status, 0);
-    fs::remove(folder_.Path("i.qvl.conc.txt"));
-    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
+    fs::remove(folder.Path("i.qvl.conc.txt"));
+    for (const auto& file : fs::recursive_directory_iterator(folder.Path(""))) {
       before_.insert(file.path().string());
     }
   }
+
+  const TestFolder folder;
+  // What the library has noted of a run in which nothing fails, how that ended, and the files that
+  // it wrote.
+  std::string log;
+  Ending clean;
+  std::map<std::string, std::string> whole;
 
   // From now on it is about this one, which is run once with no fault.
   void Begin(const Scenario& scenario) {
     RemoveWritten();
     scenario_ = scenario;
     PutBack();
-    clean_ = Run("");
-    EXPECT_EQ(clean_.status, 0) << scenario.name << clean_;
-    new_ = Written();
-    log_ = beside_.Read("log");
+    clean = Run("");
+    EXPECT_EQ(clean.status, 0) << scenario.name << clean;
+    whole = Written();
+    log = beside_.Read("log");
     PutBack();
   }
 
-  [[nodiscard]] const TestFolder& Folder() const { return folder_; }
-  // What the library has noted of a run in which nothing fails, and how that ended.
-  [[nodiscard]] const std::string& Log() const { return log_; }
-  [[nodiscard]] const Ending& Clean() const { return clean_; }
-  // The files that the scenario writes in such a run.
-  [[nodiscard]] const std::map<std::string, std::string>& New() const { return new_; }
-  // What its first argument names.
+  // What the scenario's first argument names.
   [[nodiscard]] std::string Input() const {
     return scenario_.arguments.substr(2, scenario_.arguments.find(' ') - 2);
   }
 
-  // The bytes of the files that the scenario writes, as they are now; none of one that is not
-  // there.
+  // The bytes of the files that it writes, as they are now; none of one that is not there.
   [[nodiscard]] std::map<std::string, std::string> Written() const {
     std::map<std::string, std::string> files;
-    for (const std::string& name : scenario_.written) files[name] = folder_.Read(name);
+    for (const std::string& name : scenario_.written) files[name] = folder.Read(name);
     return files;
   }
 
@@ -139,12 +129,12 @@ class Desk {
   // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
   // when the run has said that all went well.
   [[nodiscard]] std::string FilesComplaint(bool mustBeNew) const {
-    for (const auto& [name, bytes] : new_) {
-      const bool exists = fs::exists(folder_.Path(name));
-      const std::string found = folder_.Read(name);
+    for (const auto& [name, bytes] : whole) {
+      const bool exists = fs::exists(folder.Path(name));
+      const std::string found = folder.Read(name);
       if (found == bytes) {
         struct stat status = {};
-        ::stat(folder_.Path(name).c_str(), &status);
+        ::stat(folder.Path(name).c_str(), &status);
         const mode_t gained = scenario_.oldExist ? status.st_mode & 0777U & ~OLD_MODE : 0;
         if (gained != 0) return name + ": open to more; ";
       } else if (exists != scenario_.oldExist || (exists && found != OLD)) {
@@ -159,10 +149,10 @@ class Desk {
   // The files that are too many, but for those that only a kill may leave.
   [[nodiscard]] std::string Litter(bool killed) const {
     std::string litter;
-    for (const auto& file : fs::recursive_directory_iterator(folder_.Path(""))) {
+    for (const auto& file : fs::recursive_directory_iterator(folder.Path(""))) {
       const std::string path = file.path().string();
-      const std::string name = path.substr(folder_.Path("").size());
-      if (before_.contains(path) || new_.contains(name)) continue;
+      const std::string name = path.substr(folder.Path("").size());
+      if (before_.contains(path) || whole.contains(name)) continue;
       // Of the text of a document nothing stays, whatever ends the program.
       const bool isEmpty = fs::is_directory(file) || fs::file_size(file) == 0;
       const bool ofAKill = (name.starts_with("tmp/QVL") && isEmpty) ||
@@ -174,13 +164,13 @@ class Desk {
 
   // Makes all as it was before the run.
   void PutBack() const {
-    for (const auto& file : fs::directory_iterator(folder_.Path("tmp"))) fs::remove_all(file);
-    for (const auto& file : fs::directory_iterator(folder_.Path(""))) {
+    for (const auto& file : fs::directory_iterator(folder.Path("tmp"))) fs::remove_all(file);
+    for (const auto& file : fs::directory_iterator(folder.Path(""))) {
       if (file.path().filename().string().starts_with(".qvl")) fs::remove(file);
     }
     RemoveWritten();
     for (const std::string& name : scenario_.written) {
-      if (scenario_.oldExist) ::chmod(folder_.Write(name, OLD).c_str(), OLD_MODE);
+      if (scenario_.oldExist) ::chmod(folder.Write(name, OLD).c_str(), OLD_MODE);
     }
   }
 
@@ -188,15 +178,15 @@ class Desk {
   static constexpr mode_t OLD_MODE = 0640;
 
   void RemoveWritten() const {
-    for (const std::string& name : scenario_.written) fs::remove(folder_.Path(name));
+    for (const std::string& name : scenario_.written) fs::remove(folder.Path(name));
   }
 
   [[nodiscard]] pid_t Start(const std::string& arguments, const std::string& fault,
                             const std::string& before) const {
-    const std::string folder = folder_.Path("").substr(0, folder_.Path("").size() - 1);
-    const std::string line = "cd '" + folder + "'; " + before + " env LD_PRELOAD='" + library_ +
+    const std::string path = folder.Path("").substr(0, folder.Path("").size() - 1);
+    const std::string line = "cd '" + path + "'; " + before + " env LD_PRELOAD='" + library_ +
                              ":" QUORVEL_FIXED_CLOCK "' bin/quorvel-cli " +
-                             naive::Replace(arguments, "@", folder);
+                             naive::Replace(arguments, "@", path);
     fs::remove(beside_.Path("log"));
     std::fflush(nullptr);
     const pid_t child = ::fork();
@@ -204,10 +194,10 @@ class Desk {
     // The tests may run with these ignored, in the background or under nohup.
     for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
     ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
-    ::setenv("QUORVEL_FAULT_BELOW", folder.c_str(), 1);
+    ::setenv("QUORVEL_FAULT_BELOW", path.c_str(), 1);
     ::setenv("QUORVEL_FAULT_LOG", beside_.Path("log").c_str(), 1);
     ::setenv("QUORVEL_FAULT", fault.c_str(), 1);
-    ::setenv("TMPDIR", folder_.Path("tmp").c_str(), 1);
+    ::setenv("TMPDIR", folder.Path("tmp").c_str(), 1);
     (void)std::freopen("/dev/null", "r", stdin);
     (void)std::freopen("/dev/null", "w", stdout);
     (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
@@ -216,25 +206,10 @@ class Desk {
     ::_exit(127);
   }
 
-  // Puts the beginning of a file of the program's data beside it: a run on all of the stop words
-  // takes its time and shows no more.
-  void WriteBeginning(const fs::path& file) const {
-    constexpr int LINES = 60;
-    std::ifstream data(file, std::ios::binary);
-    std::string bytes;
-    std::string line;
-    for (int i = 0; i < LINES && std::getline(data, line); ++i) bytes += line + "\n";
-    (void)folder_.Write("bin/" + file.filename().string(), bytes);
-  }
-
   const std::string library_;
   Scenario scenario_ = {"none", "", {}};
-  TestFolder folder_;
   TestFolder beside_;
   std::set<std::string> before_;
-  std::map<std::string, std::string> new_;
-  std::string log_;
-  Ending clean_;
 };
 
 }  // namespace quorvel

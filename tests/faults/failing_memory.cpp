@@ -22,7 +22,6 @@ extern "C" {
 void* __libc_malloc(std::size_t length);
 void* __libc_calloc(std::size_t count, std::size_t length);
 void* __libc_realloc(void* memory, std::size_t length);
-void* __libc_memalign(std::size_t alignment, std::size_t length);
 }
 
 namespace {
@@ -75,19 +74,6 @@ void* calloc(std::size_t count, std::size_t length) {
 
 void* realloc(void* memory, std::size_t length) {
   return Fails() ? nullptr : __libc_realloc(memory, length);
-}
-
-void* memalign(std::size_t alignment, std::size_t length) {
-  return Fails() ? nullptr : __libc_memalign(alignment, length);
-}
-
-void* aligned_alloc(std::size_t alignment, std::size_t length) {
-  return memalign(alignment, length);
-}
-
-int posix_memalign(void** memory, std::size_t alignment, std::size_t length) {
-  *memory = memalign(alignment, length);
-  return *memory == nullptr ? ENOMEM : 0;
 }
 
 // The C library calls main from here.

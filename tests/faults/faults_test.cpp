@@ -6,15 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <iostream>
 #include <random>
-#include <sstream>
 #include <thread>
 
 #include "faults/desk.h"
 
 namespace quorvel {
 namespace {
+
+using namespace std::string_literals;
 
 // In which ways an operation may fail; what has a "+" lasts.
 const std::map<std::string, std::vector<std::string>> FAULTS = {
@@ -38,20 +38,13 @@ struct Operation {
   std::string name;
   std::string path;
   std::string lastWrite;  // what was done last for the bytes of a file before it
-
-  // Whether it is on the program's data: there are many stop words, all read in the same way.
-  [[nodiscard]] bool IsOnData() const { return path.find("/bin/") != std::string::npos; }
 };
-
-std::ostream& operator<<(std::ostream& out, const Operation& operation) {
-  return out << operation.name << " " << operation.path << "\n";
-}
 
 // The operations of the scenario on its files.
 std::vector<Operation> OperationsOf(const Desk& desk) {
   const std::set<std::string> others = {"close", "stat", "change"};  // the rights of an old file
   std::vector<Operation> operations;
-  std::istringstream log(desk.Log());
+  std::istringstream log(desk.log);
   Operation operation;
   while (log >> operation.name && std::getline(log >> std::ws, operation.path)) {
     operations.push_back(operation);
@@ -65,7 +58,8 @@ std::vector<std::string> KindsOf(const Operation& operation, std::size_t n) {
   std::vector<std::string> kinds = FAULTS.at(operation.name);
   kinds.insert(kinds.end(), LASTING.begin(), LASTING.end());
   if (AllFaults()) return kinds;
-  if (operation.IsOnData() && n % 4 != 0) return {};
+  // There are many stop words beside the program, all read in the same way.
+  if (operation.path.find("/bin/") != std::string::npos && n % 4 != 0) return {};
   return {kinds[n % kinds.size()]};
 }
 
@@ -73,11 +67,12 @@ std::vector<std::string> KindsOf(const Operation& operation, std::size_t n) {
 std::string FaultComplaint(const Desk& desk, const Operation& operation, const std::string& kind,
                            const Ending& ending) {
   const bool killed = kind == "K";
-  const bool silent = ending.errors == desk.Clean().errors;
+  const bool silent = ending.errors == desk.clean.errors;
   const bool failed = ending.status != 0;
-  const bool saysWhere = std::ranges::any_of(
-      std::vector<std::string>{desk.Folder().Path(""), "input file", "temporary folder"},
-      [&ending](const auto& place) { return ending.errors.find(place) != std::string::npos; });
+  bool saysWhere = false;
+  for (const std::string& place : {desk.folder.Path(""), "input file"s, "temporary folder"s}) {
+    saysWhere = saysWhere || ending.errors.find(place) != std::string::npos;
+  }
   std::string complaint = ending.signal == (killed ? SIGKILL : 0) ? "" : "signal; ";
   if (!killed && failed && (silent || !saysWhere)) complaint += "does not say what failed where; ";
   if ((kind == "E4" || kind == "S") && (failed || !silent)) complaint += "gives up; ";
@@ -99,11 +94,11 @@ TEST(Faults, LoseNothing) {
     EXPECT_GT(operations.size(), 10U) << scenario.name;
     for (std::size_t n = 0; n < operations.size(); ++n) {
       const Operation& operation = operations[n];
-      EXPECT_TRUE(operation.name != "rename" || operation.lastWrite == "fsync") << operation;
+      SCOPED_TRACE(scenario.name + (" " + operation.name + " " + operation.path));
+      EXPECT_TRUE(operation.name != "rename" || operation.lastWrite == "fsync");
       for (const std::string& kind : KindsOf(operation, n)) {
         const Ending ending = desk.Run(std::to_string(n + 1) + " " + kind);
-        EXPECT_EQ(FaultComplaint(desk, operation, kind, ending), "")
-            << scenario.name << ", " << n + 1 << " " << kind << ": " << operation << ending;
+        EXPECT_EQ(FaultComplaint(desk, operation, kind, ending), "") << n + 1 << kind << ending;
         desk.PutBack();
         ++faults;
       }
@@ -128,42 +123,31 @@ TEST(Faults, AnInputThatIsWrittenAnewWhileItIsReadIsListedUnderItsOwnDigestOrRef
   Desk desk(QUORVEL_FAILING_FILES);
   for (const std::size_t place : {0, 1, 2, 3, 4}) {
     desk.Begin(SCENARIOS[place]);
-    const std::string input = desk.Folder().Read(desk.Input());
-    const std::string path = desk.Folder().Path(desk.Input());
+    const std::string input = desk.folder.Read(desk.Input());
+    const std::string path = desk.folder.Path(desk.Input());
     const std::vector<Operation> operations = OperationsOf(desk);
     const auto old = desk.Written();
     std::size_t turn = 0;
     for (const std::string& renewed : OtherVersions(desk.Input(), input)) {
-      (void)desk.Folder().Write(desk.Input(), renewed);
+      (void)desk.folder.Write(desk.Input(), renewed);
       (void)desk.Run("");
       const auto writtenForRenewed = desk.Written();
-      EXPECT_NE(writtenForRenewed, desk.New());
-      (void)desk.Folder().Write(desk.Input() + ".new", renewed);
+      EXPECT_NE(writtenForRenewed, desk.whole);
+      (void)desk.folder.Write(desk.Input() + ".new", renewed);
       for (std::size_t n = turn++; n < operations.size(); n += AllFaults() ? 1 : 3) {
         if (!operations[n].path.ends_with("/" + desk.Input())) continue;
         desk.PutBack();
-        (void)desk.Folder().Write(desk.Input(), input);
+        (void)desk.folder.Write(desk.Input(), input);
         const Ending ending = desk.Run(std::to_string(n + 1) + " R" + path);
         const auto written = desk.Written();
-        EXPECT_TRUE(written == desk.New() || written == writtenForRenewed ||
+        EXPECT_TRUE(written == desk.whole || written == writtenForRenewed ||
                     (written == old && ending.status != 0))
-            << SCENARIOS[place].name << ", " << n + 1 << ": " << operations[n] << "of "
-            << renewed.size() << " bytes\n"
-            << written.begin()->second.substr(0, 300) << ending;
+            << SCENARIOS[place].name << ", " << n + 1 << ": " << ending;
       }
       desk.PutBack();
     }
-    (void)desk.Folder().Write(desk.Input(), input);
+    (void)desk.folder.Write(desk.Input(), input);
   }
-}
-
-// Starts the scenario and sends it the signal after so many microseconds; gives the one that ended
-// it.
-int EndAfter(const Desk& desk, int time, int signal) {
-  const pid_t child = desk.Start("");
-  std::this_thread::sleep_for(std::chrono::microseconds(time));
-  ::kill(child, signal);
-  return desk.EndOf(child).signal;
 }
 
 // What a run takes at least, in microseconds. Of several, as one may have to wait for the disk,
@@ -192,8 +176,11 @@ TEST(Faults, AnEndAtAnyMomentLeavesTheOldOrTheNewFile) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGKILL}) {
       int ended = 0;
       for (int n = 0; n < ends; ++n) {
-        const auto moment = static_cast<int>(random() % time);
-        const int endedBy = EndAfter(desk, moment, signal);
+        const auto moment = random() % time;
+        const pid_t child = desk.Start("");
+        std::this_thread::sleep_for(std::chrono::microseconds(moment));
+        ::kill(child, signal);
+        const int endedBy = desk.EndOf(child).signal;
         EXPECT_TRUE(endedBy == signal || endedBy == 0) << endedBy;
         ended += endedBy == signal ? 1 : 0;
         const std::string complaint = signal == SIGINT ? "" : desk.FilesComplaint(endedBy == 0);

@@ -6,56 +6,67 @@
 
 #include <gtest/gtest.h>
 
-#include <iostream>
-#include <random>
+#include <new>
 
 #include "faults/desk.h"
 #include "run/session.h"
-#include "support/failing_new.h"
+#include "support/platform.h"
 #include "support/scripted_conversation.h"
 
 namespace quorvel {
 namespace {
 
+// Of the requests by "new", of all threads, as long as they are counted, that of one number fails,
+// or with `lasting` every one from there on. Number 0 is none.
+struct Requests {
+  std::atomic<bool> counts = false;
+  std::atomic<long> count = 0;
+  std::atomic<long> failing = 0;
+  std::atomic<bool> lasting = false;
+};
+
+// "new" can reach nothing but a global.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+constinit Requests requests;
+
+[[maybe_unused]] bool Fails() {
+  if (!requests.counts) return false;
+  const long number = ++requests.count;
+  const long failing = requests.failing;
+  return failing != 0 && (number == failing || (requests.lasting && number > failing));
+}
+
 // Which requests fail, the reading of the options, which is the same in all runs, now and then.
-std::set<long> RequestsToFail(long count, bool first) {
+std::vector<long> RequestsToFail(long count, bool first) {
   constexpr long OF_OPTIONS = 1000;
-  constexpr long BETWEEN_THOSE = 20;
-  constexpr int SAMPLE = 25;
-  std::set<long> requests;
-  if (AllFaults()) {
-    for (long n = 1; n <= count; n += n < OF_OPTIONS && !first ? BETWEEN_THOSE : 1) {
-      requests.insert(n);
-    }
-    return requests;
+  const long sampled = first ? 1 : std::min(count, OF_OPTIONS);
+  const long between = (count - sampled) / 25 + 1;
+  std::vector<long> failing;
+  for (long n = AllFaults() ? 1 : sampled; n <= count;) {
+    failing.push_back(n);
+    n += !AllFaults() ? between : n < OF_OPTIONS && !first ? 20 : 1;
   }
-  std::mt19937 random(20261122);
-  const long from = std::min(count - 1, first ? 0 : OF_OPTIONS);
-  for (int i = 0; i < SAMPLE; ++i) {
-    requests.insert(from + 1 + static_cast<long>(random() % static_cast<unsigned>(count - from)));
-  }
-  return requests;
+  return failing;
 }
 
 // What is wrong after a run in which memory was lacking. One that could do without has done all.
 std::string MemoryComplaint(const Desk& desk, const Ending& ending) {
   std::string complaint = ending.signal == 0 ? "" : "signal; ";
-  if (ending.status != 0) {
-    const std::size_t place = ending.errors.rfind("quorvel-cli: ");
-    const std::string last = place == std::string::npos ? "" : ending.errors.substr(place);
-    if (last.find(" memory") == std::string::npos) complaint += "does not say what failed; ";
-    if (last.find(desk.Folder().Path("")) == std::string::npos) complaint += "names no file; ";
+  const std::size_t last = ending.errors.rfind("quorvel-cli: ");
+  for (const std::string& part : {std::string(" memory"), desk.folder.Path("")}) {
+    const bool isSaid = ending.errors.find(part, last) != std::string::npos;
+    if (ending.status != 0 && !isSaid) complaint += "does not say " + part + "; ";
   }
   return complaint + desk.FilesComplaint(ending.status == 0) + desk.Litter(false);
 }
 
 TEST(Faults, OfMemoryLoseNothing) {
-  if (!CAN_FAIL_NEW) GTEST_SKIP() << "a sanitizer gives memory of its own";
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer gives memory of its own";
   std::size_t faults = 0;
   Desk desk(QUORVEL_FAILING_MEMORY);
   for (const Scenario& scenario : SCENARIOS) {
     desk.Begin(scenario);
-    const long count = std::stol("0" + desk.Log());
+    const long count = std::stol("0" + desk.log);
     EXPECT_GT(count, 500) << scenario.name;
     for (const long request : RequestsToFail(count, faults == 0)) {
       for (const char* lasting : {"", "+"}) {
@@ -83,8 +94,10 @@ class Window : public ScriptedConversation {
   void PopUp(std::string_view /*text*/) override {}
   void OfferStop(bool /*offered*/) override {}
   Answer Ask(const Message& message) override {
-    const FailingNew::Pause pause;
-    return ScriptedConversation::Ask(message);
+    const bool counted = requests.counts.exchange(false);
+    const Answer answer = ScriptedConversation::Ask(message);
+    requests.counts = counted;
+    return answer;
   }
 };
 
@@ -129,9 +142,10 @@ struct Sitting {
 std::map<std::string, std::string> Comparable(const Sitting& at) {
   std::map<std::string, std::string> files = at.folder.Files();
   for (auto& [name, bytes] : files) {
-    bytes = naive::Replace(WithoutTime(bytes), at.folder.Path(""), "@/");
-    const std::size_t time = bytes.find('\r') + 1;  // the second line of an index
-    if (name.ends_with(".ndx")) bytes.erase(time, bytes.find('\r', time) - time);
+    bytes = naive::Replace(bytes, at.folder.Path(""), "@/");
+    // Behind the version in a listing; the second line of an index.
+    const std::size_t time = bytes.find(name.ends_with(".ndx") ? "\r" : "): ") + 1;
+    if (time > 0) bytes.erase(time, bytes.find('\r', time) - time);
   }
   return files;
 }
@@ -177,13 +191,18 @@ StepEnd EndOf(const Step& step, long request, bool lasting, const StepEnd& whole
   const auto before = Comparable(at);
   StepEnd end;
   bool done = false;
+  requests.count = 0;
+  requests.failing = request;
+  requests.lasting = lasting;
+  requests.counts = true;
   try {
-    const FailingNew failing(request, lasting);
     done = step.go(at);
-    end.requests = FailingNew::Count();
+    requests.counts = false;
   } catch (const std::exception& error) {
+    requests.counts = false;
     end.complaint = error.what();
   }
+  end.requests = requests.count;
   if (!done && (request == 0 || !at.IsTold())) end.complaint += " says " + at.ui.Said();
   end.files = Comparable(at);
   const bool isWhole = request == 0 || end.files == whole.files;
@@ -198,7 +217,7 @@ StepEnd EndOf(const Step& step, long request, bool lasting, const StepEnd& whole
 }
 
 TEST(Faults, OfMemoryLeaveASessionThatGoesOn) {
-  if (!CAN_FAIL_NEW) GTEST_SKIP() << "a sanitizer gives memory of its own";
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer gives memory of its own";
   const long most = AllFaults() ? 400 : 25;  // of a step: reading stop words alone makes 13,000
   long faults = 0;
   for (const Step& step : STEPS) {
@@ -219,3 +238,15 @@ TEST(Faults, OfMemoryLeaveASessionThatGoesOn) {
 
 }  // namespace
 }  // namespace quorvel
+
+#ifndef __SANITIZE_ADDRESS__
+void* operator new(std::size_t length) {
+  void* const memory = quorvel::Fails() ? nullptr : std::malloc(length == 0 ? 1 : length);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+
+void operator delete(void* memory, std::size_t /*length*/) noexcept { std::free(memory); }
+#endif

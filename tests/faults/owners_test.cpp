@@ -6,9 +6,6 @@
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
 // Those who may have rights beside owners and writers; the second in the groups of all.
 const std::vector<Person> PEOPLE = {
     FIRST,

@@ -12,10 +12,6 @@
 #include <sys/xattr.h>
 
 #include <cstring>
-#include <map>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "files/output_file.h"
 #include "support/refused_calls.h"

@@ -46,6 +46,8 @@ const Row ROWS[] = {
      "64001:64001 600", SYS_lgetxattr, EIO},
     {"of a system without lists", "64001:64101 664", FIRST, "64001:64101 664", SYS_lgetxattr,
      ENOSYS},
+    {"of a system that has none to remove", "64001:64101 664", FIRST, "64001:64101 664",
+     SYS_fremovexattr},
     {"whose new list cannot be removed", "64001:64101 664", FIRST, "64001:64101 600",
      SYS_fremovexattr, EPERM},
     {"that cannot be given away", "64001:64101 640", FIRST,

@@ -3,35 +3,24 @@
 #include <gtest/gtest.h>
 
 #include "support/platform.h"
-#include "support/test_folder.h"
-#ifdef __linux__
 #include "support/refused_calls.h"
-#endif
+#include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 TEST(FileSystem, TellsWhatThereIs) {
   const TestFolder folder;
-  const struct {
-    std::string path;
-    bool file = false;
-    bool isRegular = false;
-    bool isFolder = false;
-    std::optional<std::int64_t> length = {};
-  } rows[] = {{folder.Write("a", "abc"), true, true, false, 3},
-              {folder.Path(""), false, false, true},
-              {NULL_DEVICE, true},
-              {folder.Path("none")},
-              {""}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.path);
-    EXPECT_EQ(FileExists(row.path), row.file);
-    EXPECT_EQ(IsRegularFile(row.path), row.isRegular);
-    EXPECT_EQ(FolderExists(row.path), row.isFolder);
-    EXPECT_EQ(FileLength(row.path), row.length);
+  // Is it a file, an ordinary one, a folder? Its length, -1 for none.
+  const std::tuple<std::string, bool, bool, bool, std::int64_t> rows[] = {
+      {folder.Write("a", "abc"), true, true, false, 3},
+      {folder.Path(""), false, false, true, -1},
+      {NULL_DEVICE, true, false, false, -1},
+      {folder.Path("none"), false, false, false, -1},
+      {"", false, false, false, -1}};
+  for (const auto& [path, isFile, isRegular, isFolder, length] : rows) {
+    EXPECT_EQ(FileExists(path), isFile) << path;
+    EXPECT_EQ(IsRegularFile(path), isRegular) << path;
+    EXPECT_EQ(FolderExists(path), isFolder) << path;
+    EXPECT_EQ(FileLength(path).value_or(-1), length) << path;
   }
 }
 
@@ -125,5 +114,4 @@ TEST(FileSystem, FindsTheFoldersOfTheUser) {
   EXPECT_EQ(DataFilePath("qvl_help.txt"), fs::canonical(QUORVEL_DATA "/qvl_help.txt"));
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,17 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "support/platform.h"
-#include "support/test_folder.h"
-#ifdef __x86_64__
 #include "support/refused_calls.h"
-#endif
+#include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
-// The new file's name, beside its target.
 std::string Temporary(int number) {
   return ".qvl" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
 }
@@ -112,11 +106,8 @@ TEST(OutputFile, NeverReplacesAFileToKeep) {
   const FilesToKeep kept = {
       {"settings file", ""}, {"input file", input}, {"index file", folder.Path("not yet")}};
   fs::create_hard_link(input, folder.Path("hard"));
-  const std::pair<const char*, const char*> rows[] = {{"a", "input file"},
-                                                      {"./a", "input file"},
-                                                      {"hard", "input file"},
-                                                      {"./not yet", "index file"},
-                                                      {"b", ""}};
+  const std::pair<const char*, const char*> rows[] = {
+      {"./a", "input file"}, {"hard", "input file"}, {"./not yet", "index file"}, {"b", ""}};
   for (const auto& [name, what] : rows) {
     OutputFile file(folder.Path(name), kept);
     EXPECT_EQ(file.Write("new") && file.Commit(), *what == '\0') << name;

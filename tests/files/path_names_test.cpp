@@ -3,43 +3,33 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(PathNames, TellTheKindOfAFileAndThoseBesideIt) {
-  const struct {
-    const char* path;
-    const char* extension;
-    const char* stem;  // of the files beside it
-    bool html = false;
-    bool text = false;
-  } rows[] = {
-      {"", "", "."},
-      {"a", "", "a."},
+  // The path, its extension, the stem of the files beside it; is it a page, a text?
+  const std::tuple<const char*, const char*, std::string, bool, bool> rows[] = {
+      {"", "", ".", false, false},
       {"a.TXT", "TXT", "a.", false, true},
-      {"my.texts/a", "", "my.texts/a."},
+      {"my.texts/a", "", "my.texts/a.", false, false},
       {"/my.texts\\a.prn", "prn", "/my.texts\\a.", false, true},
-      {"HTM/a", "", "HTM/a.", true},
+      {"HTM/a", "", "HTM/a.", true, false},
       {"a.xHtMl", "xHtMl", "a.", true, true},
-      {"a.txts", "txts", "a."},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.path);
-    const std::string stem = row.stem;
-    EXPECT_EQ(ExtensionOf(row.path), row.extension);
-    EXPECT_EQ(PathNamesHtml(row.path), row.html);
-    EXPECT_EQ(HasTextFileExtension(row.path), row.text);
-    EXPECT_EQ(DefaultConcordanceFileName(row.path), stem + "qvl.conc.txt");
-    EXPECT_EQ(DefaultIndexFileName(row.path), stem + "qvl.ndx");
-    EXPECT_EQ(DefaultRowsFileName(row.path, "tsv"), stem + "qvl.conc.tsv");
+      {"a.txts", "txts", "a.", false, false}};
+  for (const auto& [path, extension, stem, isPage, isText] : rows) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(ExtensionOf(path), extension);
+    EXPECT_EQ(PathNamesHtml(path), isPage);
+    EXPECT_EQ(HasTextFileExtension(path), isText);
+    EXPECT_EQ(DefaultConcordanceFileName(path), stem + "qvl.conc.txt");
+    EXPECT_EQ(DefaultIndexFileName(path), stem + "qvl.ndx");
+    EXPECT_EQ(DefaultRowsFileName(path, "tsv"), stem + "qvl.conc.tsv");
   }
   EXPECT_EQ(LowerExtensionOf("A.DocX"), "docx");
-  for (const char* extension :
+  for (const char* known :
        {"prn", "csv", "xhtml", "xhtm", "shtml", "shtm", "html", "htm", "xml", "log", "txt"}) {
-    EXPECT_TRUE(HasTextFileExtension(std::string("a.") + extension)) << extension;
+    EXPECT_TRUE(HasTextFileExtension(std::string("a.") + known)) << known;
   }
   EXPECT_TRUE(IsConcordanceFileName("a.QVL.Conc.txt") && IsIndexFileName("a.Qvl.NDX"));
   EXPECT_FALSE(IsConcordanceFileName("a.conc.txt") || IsIndexFileName("qvl.ndx.a"));
 }
 
-}  // namespace
 }  // namespace quorvel

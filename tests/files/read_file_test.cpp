@@ -1,20 +1,15 @@
 #include "files/read_file.h"
 
 #include <gtest/gtest.h>
-#ifdef __linux__
-#include "support/refused_calls.h"
-#endif
 
 #include "support/made_texts.h"
 #include "support/platform.h"
+#include "support/refused_calls.h"
 #include "support/scripted_conversation.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
 namespace {
-
-namespace fs = std::filesystem;
-
 TEST(ReadFile, GivesTheFirstBytes) {
   const TestFolder folder;
   const std::string bytes = Repeated("0123456789", 20000);
@@ -22,28 +17,23 @@ TEST(ReadFile, GivesTheFirstBytes) {
   for (const std::size_t limit : {0, 65536, 199999, 200000, 200001}) {
     EXPECT_TRUE(*ReadFileBytes(path, limit) == bytes.substr(0, limit)) << limit;
   }
-  EXPECT_EQ(*ReadFileBytes(folder.Write("empty", ""), 5), "");
+}
+
+void ExpectFault(const std::string& path, FaultKind kind, const char* reason) {
+  SilentProgress nobody;
+  for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
+    EXPECT_EQ(std::tie(fault.kind, fault.file), std::tie(kind, path));
+    EXPECT_EQ(fault.reason, reason);
+  }
 }
 
 TEST(ReadFile, SaysWhyItReadsNothing) {
   const TestFolder folder;
-  (void)folder.Write("a", "x");
-  const std::tuple<std::string, FaultKind, const char*> rows[] = {
-      {"", FaultKind::missing, "No such file or directory"},
-      {folder.Path("none"), FaultKind::missing, "No such file or directory"},
-      {folder.Path(""), FaultKind::missing, "Is a directory"},
-      {NULL_DEVICE, FaultKind::notAFile, "Is a device or a pipe, not a file"}};
-  SilentProgress nobody;
-  for (const auto& [path, kind, reason] : rows) {
-    for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
-      EXPECT_EQ(std::tie(fault.kind, fault.file, fault.reason), std::tie(kind, path, reason));
-    }
-  }
-}
-
+  ExpectFault("", FaultKind::missing, "No such file or directory");
+  ExpectFault(folder.Path("none"), FaultKind::missing, "No such file or directory");
+  ExpectFault(folder.Path(""), FaultKind::missing, "Is a directory");
+  ExpectFault(NULL_DEVICE, FaultKind::notAFile, "Is a device or a pipe, not a file");
 #ifdef __linux__
-TEST(ReadFile, TellsWhatTheSystemRefuses) {
-  const TestFolder folder;
   const std::string path = folder.Write("a", "x");
   const std::tuple<long, int, FaultKind, const char*> rows[] = {
       {SYS_openat, EACCES, FaultKind::notOpened, "Permission denied"},
@@ -51,16 +41,13 @@ TEST(ReadFile, TellsWhatTheSystemRefuses) {
       {SYS_read, EIO, FaultKind::notRead, "Input/output error"}};
   for (const auto& row : rows) {
     InChild([&] {
-      SilentProgress nobody;
       const auto& [call, error, kind, reason] = row;
       RefuseCall(call, error);
-      for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
-        EXPECT_EQ(std::tie(fault.kind, fault.file, fault.reason), std::tie(kind, path, reason));
-      }
+      ExpectFault(path, kind, reason);
     });
   }
-}
 #endif
+}
 
 // Of more than 4 GB too the length is told. The longest that may be read is begun, and stopped.
 TEST(ReadInput, TakesFilesWhosePlacesFit) {
@@ -79,17 +66,15 @@ TEST(ReadInput, TakesFilesWhosePlacesFit) {
   }
 }
 
-TEST(ReadInput, GivesAllBytesAndLetsTheUserStopIt) {
+TEST(ReadInput, GivesAllBytes) {
   const TestFolder folder;
   const std::string bytes = Repeated("0123456789", 1000000);
   const std::string path = folder.Write("a", bytes);
-  ScriptedConversation ui;
-  const Result<InputBytes> input = ReadInput(path, ui);
+  SilentProgress nobody;
+  const Result<InputBytes> input = ReadInput(path, nobody);
   EXPECT_TRUE(input->View() == bytes);
   EXPECT_EQ(input->Path(), path);
   EXPECT_EQ(input->Stamp(), StampOf(path));
-  ui.RequestStop();
-  EXPECT_EQ(ReadInput(path, ui).Why().kind, FaultKind::stopped);
 }
 
 // It is as long as it was when it was opened, or what there is of it.

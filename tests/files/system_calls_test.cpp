@@ -13,10 +13,6 @@
 #include "support/test_folder.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 // A pipe takes and gives some of it at a time.
 TEST(SystemCalls, GoOnUntilAllIsReadOrWritten) {
   const std::string bytes = Repeated("0123456789", 50000);
@@ -49,6 +45,5 @@ TEST(SystemCalls, WaitForNoPipe) {
   ::close(pipe);
 }
 
-}  // namespace
 }  // namespace quorvel
 #endif

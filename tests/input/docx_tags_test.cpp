@@ -3,22 +3,17 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(DocxTags, AreFoundWhole) {
   constexpr std::size_t NONE = std::string_view::npos;
-  const struct {
-    const char* tag;
-    const char* xml;
-    std::size_t from;
-    std::size_t expected;
-  } rows[] = {{"<t", "<t", 0, 0},
-              {"<w:t", "<w:x<w:t>", 0, 4},
-              {"<w:t", "<w:t<w:t", 1, 4},
-              {"<w:t", "<w:t <w:", 1, NONE},
-              {"</w:t>", "<</w:</w:t>", 0, 5},
-              {"<w:br/>", "<w:br/", 0, NONE},
-              {"<w:br/>", "<w:b<w:br/><w:br/>", 0, 4}};
+  const std::tuple<const char*, const char*, std::size_t, std::size_t> rows[] = {
+      {"<t", "<t", 0, 0},
+      {"<w:t", "<w:x<w:t>", 0, 4},
+      {"<w:t", "<w:t<w:t", 1, 4},
+      {"<w:t", "<w:t <w:", 1, NONE},
+      {"</w:t>", "<</w:</w:t>", 0, 5},
+      {"<w:br/>", "<w:br/", 0, NONE},
+      {"<w:br/>", "<w:b<w:br/><w:br/>", 0, 4}};
   for (const auto& [tag, xml, from, expected] : rows) {
     EXPECT_EQ(Tag(tag).FindIn(xml, from), expected) << tag << " in " << xml;
   }
@@ -27,11 +22,7 @@ TEST(DocxTags, AreFoundWhole) {
 TEST(DocxTags, HaveThePrefixThatTheFirstElementDeclares) {
   const std::string name = "=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"";
   const std::string strict = "\t= 'http://purl.oclc.org/ooxml/wordprocessingml/main'";
-  const struct {
-    const char* name;
-    std::string xml;
-    const char* prefix;
-  } rows[] = {
+  const std::tuple<const char*, std::string, const char*> rows[] = {
       {"any other", "<?xml version='1.0'?><!-- <w:x> --><x:document a=\">\" xmlns:x" + name + ">",
        "x:"},
       {"the strict kind", "<!DOCTYPE x>\n<doc:document\n\txmlns:doc" + strict + "\n>", "doc:"},
@@ -45,11 +36,11 @@ TEST(DocxTags, HaveThePrefixThatTheFirstElementDeclares) {
       {"declared with no name", "<x:d xmlns:" + name + " xmlnsx:x" + name + ">", "w:"},
       {"declared elsewhere", "<x:d><x:e xmlns:x" + name + ">", "w:"},
       {"short comments", "<!--><y:d xmlns:y" + name + "--><!><x:d xmlns:x" + name + ">", "x:"},
+      {"a value without quotes", "<x:d a=11 xmlns:x" + name + ">", "w:"},
       {"no end of the value", "<x:d xmlns:x=\"x", "w:"},
       {"no begin of it", "<x:d xmlns:x=", "w:"},
   };
-  for (const auto& row : rows) EXPECT_EQ(WordPrefixOf(row.xml), row.prefix) << row.name;
+  for (const auto& [what, xml, prefix] : rows) EXPECT_EQ(WordPrefixOf(xml), prefix) << what;
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -5,10 +5,8 @@
 #include "naive/places.h"
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"
-#include "support/zip_builder.h"
 
 namespace quorvel {
-namespace {
 
 TEST(DocxText, ReadsRuns) {
   // With "[" for the start of a run and "]" for its end.
@@ -69,13 +67,6 @@ TEST(DocxText, GoesOnAfterAStopAndShowsHowFarItIs) {
   }
 }
 
-TEST(DocxText, IsReadInSilenceWhereNothingIsWrong) {
-  const std::string intact = ZipArchive({{BODY_ENTRY, "<w:t>ships</w:t>"}});
-  EXPECT_EQ(TextOfIntactDocument({"a.docx", intact}), "ships");
-  EXPECT_EQ(TextOfIntactDocument({"a.docx", WithField(intact, CENTRAL_RECORD, 16, 1, 4)}), "");
-  EXPECT_EQ(TextOfIntactDocument({"a.docx", ""}), "");
-}
-
 // As two programs wrote them, from the source that stands beside each.
 TEST(DocxText, OfOtherProgramsIsRead) {
   for (const char* name : {"harbour_log", "market_day"}) {
@@ -86,5 +77,4 @@ TEST(DocxText, OfOtherProgramsIsRead) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

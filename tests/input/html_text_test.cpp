@@ -51,9 +51,7 @@ TEST(HtmlText, IsMadeOfPages) {
     HtmlOutcome outcome;
     std::string expected;
     bool isUtf8 = false;
-    bool ignoreLists = false;
   } rows[] = {{"a page", page, prepared, " caf\xE9  noir item "},
-              {"without its lists", page, prepared, " caf\xE9  noir // ", false, true},
               {"ANSI", "<!DOCTYPE html>" + bytes, prepared,
                " \xC3\xA9t\xC3\xA9 \xE2\x80\x9Cnu\xE2\x80\x9D"},
               {"taken for ANSI, yet declared UTF-8", "<!DOCTYPE html charset=\"Utf-8\">" + bytes,
@@ -66,7 +64,7 @@ TEST(HtmlText, IsMadeOfPages) {
   for (const auto& row : rows) {
     SilentProgress nobody;
     std::string text = row.text;
-    EXPECT_EQ(PrepareHtmlText(text, row.isUtf8, row.ignoreLists, nobody), row.outcome) << row.name;
+    EXPECT_EQ(PrepareHtmlText(text, row.isUtf8, false, nobody), row.outcome) << row.name;
     EXPECT_EQ(text, row.expected) << row.name;
   }
 }

@@ -25,6 +25,8 @@ TEST(PairRepair, IsItsNaiveForm) {
   const std::vector<std::string> others = {"\xC2", "\xC2\xC2", "\xC3",     "\x80",
                                            "\x85", "\x83",     "\xA9",     "\x83\x83",
                                            "\xA3", "\xC2\x80", "\x80\x80", "x"};
+  // Pairs that the first walks replace, which are enough for most texts.
+  const std::string USUAL = "\xC2\xA1\xC2\xA2\xC2\xA3\xC3\x80\xC3\x81\xC3\x82";
   std::mt19937 random(1);
   std::vector<std::string> texts;
   for (int i = 0; i < 8000; ++i) {
@@ -32,7 +34,7 @@ TEST(PairRepair, IsItsNaiveForm) {
     for (auto more = 1 + random() % 4; more > 0; --more) {
       few.push_back(others[random() % others.size()]);
     }
-    texts.push_back(RandomText(few, 120, random));
+    texts.push_back((i % 2 == 0 ? USUAL : "") + RandomText(few, 120, random));
   }
   for (const char* lead : {"\xC2", "\xC3", "\xC3\x83", "\xC2\xC2"}) {
     for (const char* next : {"\x80", "\x83", "\xA9", "\x80\x81", "\xA9\x83"}) {

@@ -6,7 +6,6 @@
 #include "support/made_texts.h"
 
 namespace quorvel {
-namespace {
 
 TEST(Utf8Repair, IsItsNaiveForm) {
   std::vector<std::string> parts = {"\xE2\x80", "\xE2\x80\xA0", "\xE2",     "x\x80",
@@ -28,5 +27,4 @@ TEST(Utf8Repair, IsItsNaiveForm) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -48,10 +48,7 @@ TEST(ZipArchive, GivesOneEntryOrSaysThatItIsDamaged) {
   const auto shift = static_cast<std::uint64_t>(std::string(NAME).size());
   shifted = WithField(shifted, central, 42, shift, 4);
   shifted = WithField(shifted, "PK\x05\x06", 16, shifted.rfind(central), 4);
-  const struct {
-    const char* name;
-    std::string archive, expected;
-  } rows[] = {
+  const std::tuple<const char*, std::string, std::string> rows[] = {
       {"stored", stored, "ships"},
       {"behind names that are like its own", behindOthers, "ships"},
       {"empty", ZipArchive({{NAME, ""}}), ""},
@@ -77,7 +74,7 @@ TEST(ZipArchive, GivesOneEntryOrSaysThatItIsDamaged) {
       {"the same behind others", EmptyByDirectory(behindOthers, 0, 5, 5), "damaged "},
       {"the same behind its name", shifted, "damaged "},
   };
-  for (const auto& row : rows) EXPECT_EQ(Unpacked(row.archive), row.expected) << row.name;
+  for (const auto& [name, archive, expected] : rows) EXPECT_EQ(Unpacked(archive), expected) << name;
   EXPECT_EQ(Unpacked(stored, 4), "no room");
 }
 

@@ -52,8 +52,8 @@ TEST(ZipDirectory, OfManyEntriesIsGivenWithOneAlone) {
       EXPECT_EQ(parts.has_value(), !row.record.empty()) << row.name;
       if (!parts) continue;
       EXPECT_EQ(parts->entries, ENTRIES) << row.name;
-      EXPECT_EQ(parts->directory, row.record + End(1, row.record.size(), ENTRIES.size()))
-          << row.name;
+      const std::string expected = row.record + End(1, row.record.size(), ENTRIES.size());
+      EXPECT_EQ(parts->directory, expected) << row.name;
     }
   }
 }

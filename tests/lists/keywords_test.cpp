@@ -27,8 +27,7 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
     const char* left;  // in the box
     std::string kept;
     std::string fault;  // its character, or "+" for too many of these
-    bool hyphens = true;
-    bool numerals = false;
+    bool hyphens = true, numerals = false;
   } rows[] = {{"  Harb*   ÉTÉ ", "harb*   été", "harb*|été|", ""},
               {"John's 's dog''ss", "john  dog", "dog|john|", ""},
               {"dogs cats+dogs dogs* +b", "dogs cats+dogs dogs* +b", "+b|cats+dog|dog|dogs*|", ""},

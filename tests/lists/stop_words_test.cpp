@@ -5,7 +5,6 @@
 #include "support/latin.h"
 
 namespace quorvel {
-namespace {
 
 TEST(StopWords, TidiesExtraStopWords) {
   const char* rows[][2] = {
@@ -15,17 +14,14 @@ TEST(StopWords, TidiesExtraStopWords) {
 
 TEST(StopWords, MayHoldWhatAWordMayHold) {
   using enum FaultKind;
-  const struct {
-    const char* words;
-    bool hyphens, numerals;
-    FaultKind kind = stopped;
-    const char* character = "";  // empty where all may stand in a word
-  } rows[] = {{"été straße Œuvre", false, false},
-              {"co-op 42nd", true, true},
-              {"co-op", false, false, notAllowedForNow, "-"},
-              {"42nd", true, false, notAllowedForNow, "4"},
-              {"a×b%", true, true, notAllowedInStopWord, "×"},
-              {"a,b", true, true, notAllowedInStopWord, ","}};
+  // May hyphens and numerals stand in a word? What is wrong, and with which character.
+  const std::tuple<const char*, bool, bool, FaultKind, const char*> rows[] = {
+      {"été straße Œuvre", false, false, stopped, ""},
+      {"co-op 42nd", true, true, stopped, ""},
+      {"co-op", false, false, notAllowedForNow, "-"},
+      {"42nd", true, false, notAllowedForNow, "4"},
+      {"a×b%", true, true, notAllowedInStopWord, "×"},
+      {"a,b", true, true, notAllowedInStopWord, ","}};
   for (const auto& [words, hyphens, numerals, kind, character] : rows) {
     ConcordanceSettings settings;
     settings.extraStopWords = words;
@@ -45,5 +41,4 @@ TEST(StopWords, AreErasedAndTheNumberWordsShownAgain) {
   EXPECT_TRUE(list.numberWords.empty());
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -1,5 +1,3 @@
-// What is read of word files, as stop words and as keywords.
-
 #include "lists/word_file.h"
 
 #include <gtest/gtest.h>
@@ -18,12 +16,7 @@ std::string Joined(const std::vector<std::u16string>& words) {
 }
 
 TEST(WordFiles, GiveTheirWords) {
-  const struct {
-    const char* name;
-    std::string bytes;
-    std::string stopWords;
-    std::string keywords;
-  } rows[] = {
+  const std::string rows[][4] = {
       {"LF alone in a file without CR, two in a line", "the\n\na  b\n", "a|b|the|", "a|b|the|"},
       {"LF inside a line", "the\na\r\nan\r\n", "an|the\na|", "an|"},
       {"control characters around lines", "\t the\x01\r\n\x1F\r\n !a\r\n", "!a|the|", "the|"},

@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_conversation.h"
 #include "util/ansi.h"
-#include "util/progress_bar.h"
 
 namespace quorvel {
 namespace {
@@ -30,6 +27,8 @@ constexpr const char* HEAD = "word\tkey\tcount\tleft\tmatch\tright\tposition\n";
 
 TEST(OccurrenceRows, StandWhereTheirWordsStand) {
   const std::tuple<int, std::u16string, std::string> rows[] = {
+      {2, u"to us a dog is it so", "dog\tdog\t1\tus a \tdog\t is it\t9\n"},
+      {2, u"it / is / dog / so / to us", "dog\tdog\t1\t / is / \tdog\t / so / to\t11\n"},
       // A plural at the front and at the end, contexts as cut there.
       {2, u"cats or dogs", "cat\tcat\t1\t\tcats\t or\t1\ndog\tdog\t1\tor \tdogs\t\t9\n"},
       // A context that ends before its word.
@@ -44,6 +43,7 @@ TEST(OccurrenceRows, StandWhereTheirWordsStand) {
     SilentProgress nobody;
     ConcordanceSettings settings;
     settings.contextSize = contextSize;
+    settings.showLineBreaks = contextSize == 2;
     const std::string head = contextSize == 0 ? "word\tkey\tcount\n" : HEAD;
     EXPECT_EQ(Table(ScanText(text, settings, nobody), RowFormat::tsv), head + expected);
   }
@@ -106,20 +106,6 @@ TEST(OccurrenceRows, EndWhereTheUserWants) {
     EXPECT_EQ(pieces.back().ends_with("\"position\":262141}\n]\n"), wantsMore)
         << "the last \"sea\"";
   }
-}
-
-TEST(OccurrenceRows, ShowHowFarTheyAre) {
-  std::u16string text;
-  for (char16_t i = 0; i < 200; ++i) {
-    text.append(u"wo").append({static_cast<char16_t>(u'a' + i / 20)});
-    text.append({static_cast<char16_t>(u'a' + i % 20), u' '});
-  }
-  ScriptedConversation ui;
-  const Listing listing = ScanText(text, {}, ui);
-  ui.bars.clear();
-  const auto take = [](std::string_view /*piece*/) { return true; };
-  ComposeRows(listing, {RowFormat::tsv, {}}, take, ui);
-  EXPECT_EQ(ui.bars.size(), PROGRESS_BAR_WIDTH + 2U) << "from an empty one to none";
 }
 
 }  // namespace

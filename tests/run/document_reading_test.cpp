@@ -1,5 +1,3 @@
-// What is asked and told between the bytes of an input and its document.
-
 #include "run/document_reading.h"
 
 #include <gtest/gtest.h>
@@ -35,8 +33,7 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
   const std::string damaged = WithField(intact, CENTRAL_RECORD, 16, 1, 4);
   const struct {
     const char* name;
-    std::string bytes;
-    std::string expected;
+    std::string bytes, expected;
     std::vector<Answer> answers = {};
     int stopAtYield = 0;
   } rows[] = {
@@ -74,32 +71,26 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
 TEST(DocumentReading, OfATextLeavesTheBoxAsFarAsItCame) {
   const std::string read = "old Reading file ...\r\n";
   const std::string made = "Compacting spaces ...\r\nProcessing file ...\r\n";
-  const struct {
-    const char* file;
-    const char* bytes;
-    std::string output;
-    std::string said;
-    int stopAtYield = 0;
-  } rows[] = {{"a.txt", "\xEF\xBB\xBFzz", read + "Converting UTF-8 ...\r\n" + made, ""},
-              {"a.txt", "abcdef", read + "Stopped when reading file.\r\n", "", 1},
-              {"a.txt", "abcdef", read + made, "", 2},
-              {"a.txt", "abc", "", "Fatal error: File @\r\ncontains only from 1 to 4 bytes.\n"},
-              {"a.htm", "<!DOCTYPE html>", read,
-               "Error: This HTML file does not contain a HEAD section.\n"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.output + row.said);
+  const std::tuple<const char*, const char*, std::string, std::string, int> rows[] = {
+      {"a.txt", "\xEF\xBB\xBFzz", read + "Converting UTF-8 ...\r\n" + made, "", 0},
+      {"a.txt", "abcdef", read + "Stopped when reading file.\r\n", "", 1},
+      {"a.txt", "abcdef", read + made, "", 2},
+      {"a.txt", "abc", "", "Fatal error: File @\r\ncontains only from 1 to 4 bytes.\n", 0},
+      {"a.htm", "<!DOCTYPE html>", read, "Error: This HTML file does not contain a HEAD section.\n",
+       0}};
+  for (const auto& [file, bytes, output, said, stopAtYield] : rows) {
+    SCOPED_TRACE(output + said);
     ScriptedConversation ui;
     ui.output = "old ";
-    ui.stopAtYield = row.stopAtYield;
+    ui.stopAtYield = stopAtYield;
     const auto digest = std::make_shared<const InputDigest>(InputBytes("a", "abc"));
     bool isUtf8 = false;
     bool macNoticeShown = false;
-    const auto document =
-        ObtainDocument(InputBytes(row.file, row.bytes),
-                       {EncodingChoice::adoptDetected, {.ignoreLists = true}, digest, {}}, isUtf8,
-                       macNoticeShown, ui);
-    EXPECT_EQ(ui.output, row.output);
-    EXPECT_EQ(ui.Said(row.file), row.said);
+    const auto document = ObtainDocument(
+        InputBytes(file, bytes), {EncodingChoice::adoptDetected, {.ignoreLists = true}, digest, {}},
+        isUtf8, macNoticeShown, ui);
+    EXPECT_EQ(ui.output, output);
+    EXPECT_EQ(ui.Said(file), said);
     ASSERT_EQ(document != nullptr, isUtf8);
     if (document == nullptr) continue;
     EXPECT_EQ(document->narrowText, "zz");

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(FaultTexts, NameWhatFailedAndWhere) {
   using enum FaultKind;
@@ -28,5 +27,4 @@ TEST(FaultTexts, NameWhatFailedAndWhere) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

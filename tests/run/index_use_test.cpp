@@ -8,7 +8,6 @@
 #include "support/test_run.h"
 
 namespace quorvel {
-namespace {
 
 TEST(IndexUse, IsAskedForAndRefused) {
   const std::string question =
@@ -69,5 +68,4 @@ TEST(IndexUse, IsAskedForAndRefused) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -29,7 +29,6 @@ struct ListingTestRun : TestRun {
   }
 };
 
-// Stops a listing at its first entry.
 RunOutcome StopOf(TestRun& run) {
   (void)run.Go();
   run.ui.questions.clear();
@@ -77,6 +76,8 @@ TEST(ListingRun, WritesItsFileWhereTheUserWantsIt) {
     EXPECT_EQ(run.ui.log.find("pops up") < run.ui.log.size(),
               row.isWritten && row.format == text && !row.found);
     EXPECT_EQ(run.ui.log.find("+ Writing rows ...\n") == std::string::npos, row.format == text);
+    EXPECT_EQ(run.ui.log.find("label Number of keywords found") < run.ui.log.size(),
+              row.format == text && !row.found);
     EXPECT_EQ(run.session.Report().written, row.isWritten);
     EXPECT_EQ(run.folder.Read("out.txt") != "old",
               row.isWritten && std::string_view(row.output) == "out.txt");

@@ -1,5 +1,3 @@
-// Runs of a session, and listing again.
-
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -10,10 +8,6 @@
 #include "support/test_run.h"
 
 namespace quorvel {
-namespace {
-
-namespace fs = std::filesystem;
-
 constexpr const char* HARBOUR =
     "the old harbour was silent now\r\nthe old harbour was silent too\r\n";
 
@@ -39,13 +33,10 @@ TEST(SessionRun, SaysHowFarItIs) {
 TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
   using enum Mode;
   using Settings = ConcordanceSettings;
-  const std::string cannotBe = " file cannot be the same as the ";
   const std::tuple<Mode, std::string Settings::*, std::string, std::string> rows[] = {
       {create, &Settings::inputFile, "  ", "Quorvel: Input file not specified.\n"},
-      {search, &Settings::searchResultsFile, " @a.txt ",
-       "Quorvel: The search results" + cannotBe + "input file.\n"},
       {create, &Settings::keywordsFile, "@a.qvl.ndx",
-       "Quorvel: The index" + cannotBe + "keywords file.\n"},
+       "Quorvel: The index file cannot be the same as the keywords file.\n"},
       {search, &Settings::extraKeywords, "",
        "Search: Specify a keywords file or type one or more extra keywords.\n"},
       {create, &Settings::extraStopWords, "it's",
@@ -146,8 +137,7 @@ TEST(SessionRun, ScansAnewWhatHasChanged) {
   const std::string other = "<!DOCTYPE html><head></head><body>a cow is";
   const struct {
     std::string bytes, entries;
-    bool scans;
-    bool isUtf8 = false, ignoreLists = false;
+    bool scans, isUtf8 = false, ignoreLists = false;
     std::string title = {};  // of a message
   } rows[] = {{page, "bar 2\r\ncaf\xC3 1\r\n\r\n", false},
               {page, "bar 2\r\ncaf\xE9 1\r\n\r\n", true, true, false, "UTF-8 or ANSI file?"},
@@ -195,7 +185,12 @@ TEST(SessionRun, ListsAgainFromTheValuesOfTheListing) {
     run.settings.mode = mode == Mode::create ? Mode::search : Mode::create;
     EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
   }
+  TestRun run("the 1990 zzz\r\n");
+  run.settings.extraStopWords = "the";
+  EXPECT_EQ(run.Go(), RunOutcome::nothingFound);
+  run.ui.output = "old";
+  EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingFound);
+  EXPECT_EQ(run.ui.output, "");
 }
 
-}  // namespace
 }  // namespace quorvel

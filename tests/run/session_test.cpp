@@ -1,5 +1,3 @@
-// What a session does beside its runs: settings, inputs, and ends for want of memory.
-
 #include "run/session.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +8,6 @@
 #include "support/test_run.h"
 
 namespace quorvel {
-namespace {
 
 TEST(Session, EndsWithoutMemoryAndCanGoOn) {
   const std::pair<const char*, bool> rows[] = {{"+ Reading file ...", false},
@@ -82,5 +79,4 @@ TEST(Session, FollowsAnInput) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -9,7 +9,6 @@
 #include "support/scripted_conversation.h"
 
 namespace quorvel {
-namespace {
 
 TEST(StopWordsFiles, AreThoseOfTheGenerator) {
   const TestFolder folder;
@@ -30,36 +29,32 @@ TEST(StopWordChoice, ReadsTheListOfTheLanguageUnlessItIsInUse) {
   const Language missing = {"xx", "None", "none.txt"};
   const std::string question =
       "Stop words: No stop words file is set.\r\nDo you wish to use the English list?\n";
-  const struct {
-    const char* name;
-    std::optional<Language> language;
-    std::string inUse;
-    bool loaded;
-    std::optional<Answer> answer;  // else Enter
-    std::string chosen;
-    bool reads;
-  } rows[] = {{"in use", LANGUAGES[1], german, true, {}, german, false},
-              {"named, not read", LANGUAGES[1], german, false, {}, german, true},
-              {"all in use", LANGUAGES[1], all, true, {}, all, false},
-              {"language unknown, no", {}, "", false, Answer::no, "", false},
-              {"language unknown, Enter", {}, "", false, {}, english, true},
-              {"its file is missing, yes", missing, german, true, Answer::yes, german, true}};
-  for (const auto& row : rows) {
+  // The list in use and whether it is loaded, the answer, else Enter; the list chosen, and whether
+  // it is read.
+  using Row = std::tuple<const char*, std::optional<Language>, std::string, bool,
+                         std::optional<Answer>, std::string, bool>;
+  const Row rows[] = {
+      {"in use", LANGUAGES[1], german, true, {}, german, false},
+      {"named, not read", LANGUAGES[1], german, false, {}, german, true},
+      {"all in use", LANGUAGES[1], all, true, {}, all, false},
+      {"language unknown, no", {}, "", false, Answer::no, "", false},
+      {"language unknown, Enter", {}, "", false, {}, english, true},
+      {"its file is missing, yes", missing, german, true, Answer::yes, german, true}};
+  for (const auto& [name, language, inUse, loaded, answer, chosen, reads] : rows) {
     ConcordanceSettings settings;
-    settings.stopWordsFile = row.inUse;
+    settings.stopWordsFile = inUse;
     StopWordList list;
-    list.loaded = row.loaded;
+    list.loaded = loaded;
     ScriptedConversation ui;
-    if (row.answer) ui.answers = {*row.answer};
-    ChooseStopWords(row.language, settings, list, ui);
-    EXPECT_EQ(settings.stopWordsFile, row.chosen) << row.name;
-    EXPECT_EQ(!list.words.empty(), row.reads) << row.name;
-    const bool asks = !row.language || row.language->code == missing.code;
-    const std::string loaded =
+    if (answer) ui.answers = {*answer};
+    ChooseStopWords(language, settings, list, ui);
+    EXPECT_EQ(settings.stopWordsFile, chosen) << name;
+    EXPECT_EQ(!list.words.empty(), reads) << name;
+    const bool asks = !language || language->code == missing.code;
+    const std::string told =
         "Stop words loaded: " + StopWordsLoadedText(list, settings.stopWordsFile) + "\n";
-    EXPECT_EQ(ui.Said(), (asks ? question : "") + (row.reads ? loaded : "")) << row.name;
+    EXPECT_EQ(ui.Said(), (asks ? question : "") + (reads ? told : "")) << name;
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -1,5 +1,3 @@
-// What the user is asked and told of word lists.
-
 #include "run/word_lists.h"
 
 #include <gtest/gtest.h>
@@ -7,12 +5,12 @@
 #include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/platform.h"
+#include "support/refused_calls.h"
 #include "support/scripted_conversation.h"
 #include "support/test_folder.h"
 #include "util/ansi.h"
 
 namespace quorvel {
-namespace {
 
 TEST(WordLists, SayWhatWasLoaded) {
   const TestFolder folder;
@@ -60,6 +58,24 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
   }
 }
 
+#ifdef __linux__
+TEST(WordLists, SayWhichErrorKeepsThemFromBeingRead) {
+  const TestFolder folder;
+  const std::string path = folder.Write("w.txt", "the\r\n");
+  InChild([&path] {
+    RefuseCall(SYS_read, EIO);
+    StopWordList list;
+    KeywordLists lists;
+    ScriptedConversation ui;
+    EXPECT_FALSE(ReadStopWordsFile(path, LATIN, list, ui) ||
+                 ReadKeywordsFile(path, LATIN, lists, ui));
+    EXPECT_EQ(ui.Said(path),
+              "Stop words: Error #5 when reading stop words from tile @\n"
+              "Search words: Error #5 when reading search words from tile @\n");
+  });
+}
+#endif
+
 TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
   for (const char* offers : {"", "stop on\nstop off\n"}) {
     const TestFolder folder;
@@ -82,17 +98,16 @@ TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
 TEST(WordLists, ShowTheBeginningOfALongList) {
   for (const int count : {1, 2, 31}) {
     StopWordList list;
-    std::string expected =
-        "Stop words: There are " + std::to_string(count) + " stop words.\r\n\r\n";
+    std::string expected = "Stop words: There are " + std::to_string(count) + " stop words.\r\n";
     for (int i = 0; i < count; ++i) {
-      list.words.emplace_back(1, static_cast<char16_t>(u'A' + i));
-      if (i < 30) expected += EncodeUtf8(list.words.back()) + "\r\n";
+      list.words.push_back({static_cast<char16_t>(u'A' + i)});
+      if (i < 30) expected += "\r\n" + EncodeUtf8(list.words.back());
     }
     ScriptedConversation ui;
     ListStopWords(list, ui);
-    EXPECT_EQ(ui.Said(), count < 2 ? "" : expected + (count > 30 ? "\r\nand more\n" : "\n"));
+    EXPECT_EQ(ui.Said(),
+              count < 2 ? "" : expected + (count > 30 ? "\r\n\r\nand more\n" : "\r\n\n"));
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(Settings, GoBackToTheirDefaultsButForLastingChoices) {
   for (const bool all : {false, true}) {
@@ -22,5 +21,4 @@ TEST(Settings, GoBackToTheirDefaultsButForLastingChoices) {
   }
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -1,20 +1,10 @@
-// Texts that a test makes up.
 #pragma once
 
-#include <cstddef>
 #include <random>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace quorvel {
-
-// A listing without the time in its head.
-inline std::string WithoutTime(std::string listing) {
-  const std::size_t time = listing.find("): ");
-  if (time != std::string::npos) listing.erase(time, listing.find('\r', time) - time);
-  return listing;
-}
 
 inline std::string Repeated(std::string_view part, int times) {
   std::string text;

@@ -1,7 +1,6 @@
 // What tests want of the system that they run on, and what it does not have.
 #pragma once
 
-#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -28,11 +27,13 @@ inline void SetVariable(const char* name, const std::string& value) {
 }
 #endif
 
-// The path with the separators of the system.
-inline std::string NativePath(std::string path) {
-  if (ON_WINDOWS) std::replace(path.begin(), path.end(), '/', '\\');
-  return path;
-}
+// A sanitizer gives memory of its own, takes addresses by terabytes and wants more of the stack and
+// more descriptors: a test in which these are short is skipped there.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr bool CAN_LIMIT_MEMORY = false;
+#else
+inline constexpr bool CAN_LIMIT_MEMORY = true;
+#endif
 
 }  // namespace quorvel
 

@@ -1,5 +1,6 @@
 // A system that refuses what it is asked for, and processes in which it does. For Linux.
 #pragma once
+#ifdef __linux__
 
 #include <gtest/gtest.h>
 #include <linux/filter.h>
@@ -9,11 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
-#include <iostream>
 
 namespace quorvel {
 
@@ -48,3 +46,4 @@ inline void InChild(const std::function<void()>& work) {
 }
 
 }  // namespace quorvel
+#endif

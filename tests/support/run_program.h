@@ -6,7 +6,6 @@
 // a signal ended 128 and the signal.
 #pragma once
 
-#include <string>
 #ifdef _WIN32
 #include <windows.h>
 

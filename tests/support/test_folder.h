@@ -4,18 +4,16 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
-#include <string>
-#include <string_view>
 
 namespace quorvel {
 
+namespace fs = std::filesystem;
+
 // Names are bytes, UTF-8 on Windows.
-inline std::filesystem::path PathOfBytes(std::string_view bytes) {
+inline fs::path PathOfBytes(std::string_view bytes) {
   return std::u8string(bytes.begin(), bytes.end());
 }
 
@@ -26,12 +24,12 @@ class TestFolder {
     static std::atomic<int> made = 0;
     const std::string name = "quorvel-" + std::to_string(::getpid()) + "-";
     do {
-      path_ = std::filesystem::path(testing::TempDir()) / (name + std::to_string(made++));
-    } while (!std::filesystem::create_directories(path_));
+      path_ = fs::path(testing::TempDir()) / (name + std::to_string(made++));
+    } while (!fs::create_directories(path_));
   }
   ~TestFolder() {
     std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    fs::remove_all(path_, ignored);
   }
   TestFolder(const TestFolder&) = delete;
   TestFolder& operator=(const TestFolder&) = delete;
@@ -56,10 +54,10 @@ class TestFolder {
   // Not of "out" and "err", which a program that was run leaves behind.
   [[nodiscard]] std::map<std::string, std::string> Files() const {
     std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(path_)) {
+    for (const auto& entry : fs::recursive_directory_iterator(path_)) {
       const std::string name = entry.path().lexically_relative(path_).generic_string();
       if (entry.is_symlink()) {
-        files[name] = "link to " + std::filesystem::read_symlink(entry.path()).string();
+        files[name] = "link to " + fs::read_symlink(entry.path()).string();
       } else if (entry.is_regular_file() && name != "out" && name != "err") {
         files[name] = Read(name);
       }
@@ -69,15 +67,15 @@ class TestFolder {
 
   // How many files and folders it holds.
   [[nodiscard]] std::ptrdiff_t Count() const {
-    return std::distance(std::filesystem::directory_iterator(path_), {});
+    return std::distance(fs::directory_iterator(path_), {});
   }
 
  private:
-  [[nodiscard]] std::filesystem::path Place(std::string_view name) const {
+  [[nodiscard]] fs::path Place(std::string_view name) const {
     return (path_ / PathOfBytes(name)).make_preferred();
   }
 
-  std::filesystem::path path_;
+  fs::path path_;
 };
 
 }  // namespace quorvel

@@ -1,9 +1,6 @@
 // A run on one file of its own, with a scripted user.
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "run/session.h"
 #include "support/scanned_text.h"
 #include "support/scripted_conversation.h"

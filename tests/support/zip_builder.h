@@ -4,11 +4,6 @@
 #include <gtest/gtest.h>
 #include <zip.h>
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace quorvel {
 
 struct ZipEntry {
@@ -17,7 +12,6 @@ struct ZipEntry {
   zip_int32_t method = ZIP_CM_DEFLATE;
 };
 
-// The bytes of an archive with these entries.
 inline std::string ZipArchive(const std::vector<ZipEntry>& entries) {
   zip_source_t* target = zip_source_buffer_create(nullptr, 0, 0, nullptr);
   zip_source_keep(target);

@@ -13,7 +13,6 @@
 #include <QWindow>
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 
 #include "ui/pop_up.h"
 

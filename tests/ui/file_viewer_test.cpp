@@ -2,19 +2,16 @@
 
 #include <sys/stat.h>
 
-#include <QFontMetrics>
 #include <QPlainTextEdit>
 #include <QTest>
-#include <tuple>
 
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"
 #include "ui/window_test.h"
 
 namespace quorvel {
-namespace {
 
-class FileViewer : public WindowTest {};
+using FileViewer = WindowTest;
 
 TEST(ViewerTexts, AreUtf8OrElseWindows1252AndCutWhereLong) {
   constexpr std::u16string_view BEFORE =
@@ -54,7 +51,7 @@ TEST_F(FileViewer, IsOneAndShowsTheFileAsItIs) {
   EXPECT_EQ(view(first), "line\nline\nline\nline\n");
   auto& text = dynamic_cast<QPlainTextEdit&>(Control("txbText1"));
   QWidget& viewer = *text.window();
-  EXPECT_GE(text.viewport()->width(), 80 * QFontMetrics(text.font()).horizontalAdvance('W'));
+  EXPECT_GE(text.viewport()->width(), 80 * text.fontMetrics().horizontalAdvance('W'));
   EXPECT_EQ(viewer.windowTitle(), "Caption");
   Activate(*window_);
   (void)folder_.Write("a.txt", "ship");
@@ -84,5 +81,4 @@ TEST_F(FileViewer, TellsWhatCannotBeRead) {
   EXPECT_EQ(Control("txbText1").window()->windowTitle(), "Help for Quorvel");
 }
 
-}  // namespace
 }  // namespace quorvel

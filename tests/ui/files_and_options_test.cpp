@@ -77,7 +77,6 @@ TEST_F(Files, AreTakenAsTheyWereTypedBeforeTheNextAct) {
   const std::function<void()> acts[] = {
       [this] { Press(Qt::Key_F5, {WritesConcordance()}); },
       [this] { Click("chkFrequencies"); },  // which then finds nothing to list again
-      [this] { Click("cmdFile_0", {AsksForFile("Specify input file", "")}); },
   };
   for (const auto& act : acts) {
     OpenText("a.txt");
@@ -91,14 +90,11 @@ TEST_F(Files, AreTakenAsTheyWereTypedBeforeTheNextAct) {
 }
 
 TEST_F(Files, ThatAreRefusedLeaveNothing) {
-  const std::string listing = folder_.Write("a.QVL.conc.txt", HARBOUR);
   const std::string missing = folder_.Path("missing.txt");
   const std::string good = OpenText("good.txt");
   const std::string shown = good + "Input filesize: 66 bytes";
-  const Box refused = Tells("Invalid input", "This is an QVL concordance file.");
   const Box gone = Tells("Fatal error", "File " + missing + " not found.", Icon::information);
   const std::pair<std::function<void()>, std::string> rows[] = {
-      {[&] { Type("txbFile_0", listing, {refused}); }, ""},
       {[&] { Type("txbFile_0", missing, {gone}); }, "Checking file ...\n"},
       {[&] { Type("txbFile_0", good); }, shown + "Checking file ...\n"},
       {[&] { Click("cmdClearFile_0"); }, ""},
@@ -130,9 +126,8 @@ TEST_F(Options, ListAgainWithoutReadingTheInput) {
   Click("chkFrequencies");
   Click("chkCreateIndexFile");
   List();
-  EXPECT_EQ(Text("lblIndexFile"), "Index file: " + folder_.Path("a.qvl.ndx"));
-  EXPECT_EQ(Text("lblIndexFileSize"),
-            "Index filesize: " + std::to_string(folder_.Read("a.qvl.ndx").size()) + " bytes");
+  EXPECT_EQ(Texts({"lblIndexFile", "lblIndexFileSize"}),
+            "Index file: " + folder_.Path("a.qvl.ndx") + "Index filesize: 182 bytes");
   ASSERT_TRUE(std::filesystem::remove(input));
   for (const auto& [change, part] : rows) {
     ExpectFocusAfter(change);
@@ -204,24 +199,15 @@ TEST_F(Keywords, AreReadFromAFile) {
   Click("optSearch", {OffersKeywords("Escape")});
   Click("cmdClearFile_1");  // which they are not of
   EXPECT_EQ(Text("txbOutput"), loaded);
+  Click("cmdFile_1", {AsksForFile("Specify output file", folder_.Path("found.txt"))});
   Click("cmdListWords");
+  const std::string size = std::to_string(folder_.Read("found.txt").size());
+  EXPECT_EQ(Text("lblSearchResultsFileSize"), "Search results filesize: " + size + " bytes");
   Click("cmdClearFile_2");
   ExpectListed("[harbour 2]");
   Click("cmdListWords", {WantsKeywords()});
   Type("txbFile_2", missing, {Tells("Search words", "Keywords file not found:\n" + missing)});
   EXPECT_EQ(Text("txbFile_2"), "");
-}
-
-TEST_F(Keywords, AreSoughtAndTheResultsWritten) {
-  OpenText("a.txt");
-  Search();
-  const std::string results = folder_.Path("found.txt");
-  Click("cmdFile_1", {AsksForFile("Specify output file", results)});
-  Type("txbExtraKeywords", "old s*+now", {}, Qt::Key_Return);
-  Click("cmdListWords");
-  EXPECT_TRUE(Text("txbOutput").ends_with("\n\n[silent 2]\n"));
-  const std::string size = std::to_string(folder_.Read("found.txt").size());
-  EXPECT_EQ(Text("lblSearchResultsFileSize"), "Search results filesize: " + size + " bytes");
 }
 
 TEST_F(Keywords, ThatAreTypedWithAFaultAreToldOnce) {

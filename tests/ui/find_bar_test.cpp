@@ -6,11 +6,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
-#include <functional>
-#include <string>
 
 namespace quorvel {
-namespace {
 
 TEST(FindBars, GoFromPlaceToPlaceAndRoundTheEnds) {
   QWidget window;
@@ -54,5 +51,4 @@ TEST(FindBars, GoFromPlaceToPlaceAndRoundTheEnds) {
   EXPECT_EQ(window.focusWidget(), &output);
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -27,12 +27,9 @@ class OptionLists : public testing::Test {
 };
 
 TEST_F(OptionLists, ChooseTheNumberThatIsTyped) {
-  const struct {
-    const char* typed;
-    const char* atOnce;
-    const char* afterPause;
-  } rows[] = {{"7", " 7", " 7"},    {"2", " 7", " 2"},  {"20", " 20", " 20"}, {"1", " 20", " 10"},
-              {"13", " 13", " 13"}, {"28", " 8", " 8"}, {"0", " 8", " 8"}};
+  const char* const rows[][3] = {{"7", " 7", " 7"},   {"2", " 7", " 2"},    {"20", " 20", " 20"},
+                                 {"1", " 20", " 10"}, {"13", " 13", " 13"}, {"28", " 8", " 8"},
+                                 {"0", " 8", " 8"}};
   QApplication::setKeyboardInputInterval(60000);
   for (const auto& [typed, atOnce, afterPause] : rows) {
     QTest::keyClicks(&list_, typed);

@@ -1,7 +1,6 @@
 #include "ui/pop_up.h"
 
 #include <QLabel>
-#include <QScreen>
 #include <QSpinBox>
 #include <QTest>
 #include <QWheelEvent>
@@ -59,28 +58,11 @@ TEST(PopUpWindows, StayForWhatIsNoKeyOrClick) {
     const auto& label = *ShownPopUp()->findChild<QLabel*>("lblMessage");
     EXPECT_TRUE(label.text().startsWith("A longer"));
     EXPECT_EQ(ShownPopUp()->size(), label.sizeHint());
-    EXPECT_EQ(ShownPopUp()->pos(), owner.mapToGlobal(QPoint(50, 60)));
     QTest::keyClick(&owner, Qt::Key_5);
   });
   PopUpInForm(owner, {"<i>First", SIZE, MINUTE_MS}, QPoint(0, 0));
   QTest::keyClick(&owner, Qt::Key_Up);
   EXPECT_EQ(owner.value(), 1);
-}
-
-TEST_F(PopUps, StandWhereTheyAreWantedButOnTheScreen) {
-  Open();
-  const QSize screen = window_->screen()->availableSize();
-  const QPoint corner(screen.width() - SIZE.width(), screen.height() - SIZE.height());
-  const std::pair<QPoint, QPoint> rows[] = {
-      {{31, 42}, {31, 42}}, {{-5, -5}, {0, 0}}, {corner + QPoint(1, 1), corner}};
-  for (const auto& row : rows) {
-    QWidget owner;
-    shown_.answer = [&row](QWidget& box) {
-      ExpectSoon([&] { return box.geometry() == QRect(row.second, SIZE); });
-      QTest::keyClick(box.windowHandle(), Qt::Key_X);
-    };
-    Do("show", {shown_}, [&] { PopUpInForm(owner, done_, owner.mapFromGlobal(row.first)); });
-  }
 }
 
 }  // namespace

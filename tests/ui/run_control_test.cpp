@@ -4,9 +4,8 @@
 #include "ui/window_test.h"
 
 namespace quorvel {
-namespace {
 
-class RunControls : public WindowTest {};
+using RunControls = WindowTest;
 
 TEST_F(RunControls, LeaveOnlyTheStopButtonLiveAndStopBeforeTheWindowCloses) {
   const auto really = [](const char* button) {
@@ -43,5 +42,4 @@ TEST_F(RunControls, LeaveOnlyTheStopButtonLiveAndStopBeforeTheWindowCloses) {
   EXPECT_NE(folder_.Read("config/Quorvel/qvl.usr"), "");
 }
 
-}  // namespace
 }  // namespace quorvel

@@ -23,6 +23,7 @@ class SettingsPanels : public WindowTest {
     return {"Stop words", [=](QWidget& chooser) {
               auto* list = chooser.findChild<QComboBox*>("cboCommonWordsFiles");
               EXPECT_EQ(list->currentText(), opensOn);
+              ExpectNames(chooser);
               list->setCurrentIndex(place);
               PressButton(chooser, button);
             }};
@@ -123,6 +124,9 @@ TEST_F(SettingsPanels, TellsThatSettingsCannotBeSavedAndEndsTheProgram) {
 
 TEST_F(SettingsPanels, IsClosedByEnterButNotFromAText) {
   Open();
+  Click("cmdSetParameters");
+  ExpectNames(Control("SettingsPanel"));
+  Click("cmdClosePanel");
   for (const char* name : {"txbStopWordsFile", "chkIgnoreLists"}) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
       Click("cmdSetParameters");
@@ -132,16 +136,6 @@ TEST_F(SettingsPanels, IsClosedByEnterButNotFromAText) {
       EXPECT_EQ(Shown("SettingsPanel"), name[0] == 't' && key != Qt::Key_Escape) << name;
     }
   }
-}
-
-TEST_F(SettingsPanels, LetsPagesBeReadWithoutTheirLists) {
-  OpenText("a.html", "<!DOCTYPE html><head></head><body>old <ul><li>ship</ul> harbour.");
-  List();
-  Click("cmdSetParameters");
-  Click("chkIgnoreLists");
-  EXPECT_NE(Text("txbOutput").find("[ship"), std::string::npos);
-  List();
-  EXPECT_EQ(Text("txbOutput").find("[ship"), std::string::npos);
 }
 
 TEST_F(SettingsPanels, OffersTheStopWordsOfALanguage) {
@@ -160,8 +154,6 @@ TEST_F(SettingsPanels, TakesStopWordsOfOnesOwn) {
   const char* const title = "Specify file of stop words (words to ignore)";
   OpenText("a.txt");
   Click("cmdSetParameters");
-  Click("cmdSelectStopWordsFile_0", {AsksForFile(title, "")});
-  EXPECT_EQ(Text("txbStopWordsFile"), StopWordsPath(LANGUAGES.front()));
   Click("cmdSelectStopWordsFile_0",
         {AsksForFile(title, own),
          Tells("Stop words loaded", "Two stop words loaded from " + own, Icon::none)});

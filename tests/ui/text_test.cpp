@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 TEST(Texts, KeepTheBytesOfAPathThatTheyCannotShow) {
   std::string path = "/tmp/caf\xE9.txt";
@@ -11,5 +10,4 @@ TEST(Texts, KeepTheBytesOfAPathThatTheyCannotShow) {
   EXPECT_EQ(path, "/tmp/caf\xE9.txt");
 }
 
-}  // namespace
 }  // namespace quorvel

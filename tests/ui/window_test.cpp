@@ -1,6 +1,7 @@
 #include "ui/window_test.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QDropEvent>
@@ -120,6 +121,25 @@ std::string WindowTest::Which(const char* property, const Names& names) const {
     if (Control(name).property(property).toBool()) which += name + " ";
   }
   return which;
+}
+
+void WindowTest::ExpectNames(const QWidget& window) {
+  std::set<QString> heard;
+  for (QWidget* control : window.findChildren<QWidget*>()) {
+    const bool takesKeys = control->isVisible() && control->focusPolicy() != Qt::NoFocus;
+    const bool isPart = qobject_cast<QComboBox*>(control->parentWidget()) != nullptr;
+    if (!takesKeys || isPart || control->window() != &window) continue;
+    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(control);
+    // Without a label, the name of a list to choose from is what is chosen in it.
+    QString name = spoken.role() == QAccessible::ComboBox ? "" : spoken.text(QAccessible::Name);
+    for (const auto& [other, relation] : spoken.relations(QAccessible::Label)) {
+      if (other->role() == QAccessible::StaticText) name = other->text(QAccessible::Name);
+    }
+    const QString inWindow = QString::number(spoken.role()) + name;
+    EXPECT_TRUE(!name.trimmed().isEmpty() && heard.insert(inWindow).second)
+        << control->objectName().toStdString() << " " << name.toStdString();
+  }
+  EXPECT_FALSE(heard.empty()) << window.windowTitle().toStdString();
 }
 
 void WindowTest::ExpectSoon(const std::function<bool()>& condition) {

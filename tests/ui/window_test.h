@@ -3,11 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "support/test_folder.h"
 #include "ui/boxes.h"
 #include "ui/main_window.h"
@@ -56,6 +51,9 @@ class WindowTest : public testing::Test {
   [[nodiscard]] std::string Texts(const Names& names) const;
   // Those that are "enabled" or "checked", each with a blank behind it.
   [[nodiscard]] std::string Which(const char* property, const Names& names) const;
+  // Fails on a control that takes the keys but that a screen reader has no name for, and on two of
+  // one window with the same name.
+  static void ExpectNames(const QWidget& window);
   static void ExpectSoon(const std::function<bool()>& condition);
 
   [[nodiscard]] static Box LoadsStopWords();

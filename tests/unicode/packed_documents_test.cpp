@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "naive/places.h"
-#include "support/made_texts.h"
 #include "support/scripted_conversation.h"
 #include "support/zip_builder.h"
 

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 namespace quorvel {
-namespace {
 
 // What is not UTF-8 is taken byte by byte for Windows-1252.
 TEST(Utf8, IsDecodedWhereItIsWellFormed) {
@@ -61,5 +58,4 @@ TEST(Ansi, KnowsCapitalsAndBlanks) {
   EXPECT_EQ(TrimBlanks("  a b\t "), "a b\t");
 }
 
-}  // namespace
 }  // namespace quorvel

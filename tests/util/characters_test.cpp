@@ -15,7 +15,6 @@ TEST(Characters, Cases) {
   EXPECT_EQ(ToLowerCase(mixed), u"aazzšœÿààæéöÿþððßžž3-×÷@[`{");
 }
 
-// Those for which `test` holds, of all there are.
 Text Those(bool (*test)(char16_t)) {
   Text text;
   for (std::uint32_t ch = 0; ch < 0x10000; ++ch) {

@@ -39,11 +39,8 @@ TEST(TextHash, WhatCollidesWithOneSeedDoesNotWithOthers) {
       {GUESSED[0] ^ 1U, GUESSED[1], GUESSED[2], GUESSED[3]},
       {GUESSED[0], GUESSED[1] ^ std::uint64_t{1} << 63U, GUESSED[2], GUESSED[3]},
       RandomHashSeed()};
-  const std::pair<std::string, std::size_t> rows[] = {{std::string(7, 'a'), 2},
-                                                      {std::string(16, 'a'), 6},
-                                                      {std::string(16, '\0'), 2},
-                                                      {std::string(100, 'a'), 3},
-                                                      {std::string(99, 'a'), 95}};
+  const std::pair<std::string, std::size_t> rows[] = {
+      {"aaaaaaa", 2}, {std::string(16, '\0'), 6}, {std::string(99, 'a'), 95}};
   for (const auto& [text, place] : rows) {
     const std::vector<std::string> texts = Colliding(text, place);
     EXPECT_EQ(Crowd(texts, GUESSED), texts.size()) << text;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace quorvel {
-namespace {
 
 using namespace std::string_view_literals;
 
@@ -23,5 +22,4 @@ TEST(VisibleText, ShowsWhatCannotBePrinted) {
   EXPECT_EQ(VisibleLines("a\r\n\r\nb\nc\r\n"), "a\r\n\r\nb\\nc\r\n");
 }
 
-}  // namespace
 }  // namespace quorvel
