@@ -210,6 +210,12 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
   const std::string prefix = "Error when attempting to save settings: ";
   const std::string bytes = FileBytes(settings);
   if (LinesOf(bytes) != VALUES) return prefix + "A name or a text holds a line end";
+  if (settings.reading == Reading::unicode) {
+    for (const std::string& words : {settings.extraKeywords, settings.extraStopWords}) {
+      if (Utf8OfAnsi(AnsiBytes(words)) == words) continue;
+      return prefix + "\"" + words + "\" has characters that are not in Windows-1252";
+    }
+  }
   OutputFile file(target, kept, Targets::ordinaryFiles);
   file.Write(bytes);
   if (file.Commit()) return {};

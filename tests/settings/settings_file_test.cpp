@@ -134,6 +134,14 @@ TEST(SettingsFile, IsWrittenWholeAndInThePlaceOfNoOther) {
   EXPECT_EQ(SaveState({}, folder.Path("./in.txt"), {{"input file", input}}),
             "The settings file cannot be the same as the input file.");
   EXPECT_EQ(folder.Read("in.txt"), "text");
+  ConcordanceSettings unicode;
+  unicode.reading = Reading::unicode;
+  unicode.extraStopWords = "ł";
+  EXPECT_EQ(SaveState(unicode, folder.Path("s.lvz"), {}),
+            "Error when attempting to save settings: "
+            "\"ł\" has characters that are not in Windows-1252");
+  unicode.reading = Reading::windows1252;
+  EXPECT_EQ(SaveState(unicode, folder.Path("s.lvz"), {}), "");
   EXPECT_EQ(SaveState({}, folder.Path("none/s.lvz"), {{"input file", input}}),
             "Error when attempting to save settings: No such file or directory");
   ConcordanceSettings settings;
