@@ -11,7 +11,7 @@
 namespace quorvel::fuzz {
 namespace {
 
-const Alphabet& LATIN = Alphabet::Windows1252();
+const Alphabet& latin = Alphabet::Windows1252();
 
 // Neither part of a comment mark nor of what is trimmed or repaired.
 bool IsPlain(char16_t ch) { return ch > u' ' && ch < 128 && ch != u'*'; }
@@ -22,28 +22,28 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const FuzzFolder folder;
   const std::string bytes = FuzzInput(data, size).Rest();
   SilentConversation ui;
-  SortedWords words = *WordsOfFileBytes(bytes, LATIN, ui);
+  SortedWords words = *WordsOfFileBytes(bytes, latin, ui);
   std::string lines;
   bool plain = true;
   for (const std::u16string& word : words) {
     lines += EncodeUtf8(word) + "\r\n";
     plain = plain && std::ranges::all_of(word, IsPlain);
   }
-  Require(!plain || *WordsOfFileBytes(lines, LATIN, ui) == words, "plain words come back");
+  Require(!plain || *WordsOfFileBytes(lines, latin, ui) == words, "plain words come back");
   const std::string path = folder.Write("words.txt", bytes);
   StopWordList stopWords;
   KeywordLists keywords;
-  const bool readable = ReadStopWordsFile(path, LATIN, stopWords, ui);
-  Require(ReadKeywordsFile(path, LATIN, keywords, ui) == readable,
+  const bool readable = ReadStopWordsFile(path, latin, stopWords, ui);
+  Require(ReadKeywordsFile(path, latin, keywords, ui) == readable,
           "both lists read the same files");
   if (!readable) return 0;
-  Require(keywords.fileKeywords == KeywordsOfFile(words, LATIN), "keywords are those of the words");
+  Require(keywords.fileKeywords == KeywordsOfFile(words, latin), "keywords are those of the words");
   std::sort(words.begin(), words.end());
   Require(stopWords.words == words, "stop words are all words");
   std::erase_if(words, [](const auto& word) { return !std::ranges::all_of(word, IsLetter); });
   Require(keywords.fileKeywords.size() == words.size(), "keywords are the plain words");
   for (const std::u16string& word : words) {
-    Require(IsSearchWord(MakeSingular(ToLowerCase(word), LATIN), keywords, LATIN),
+    Require(IsSearchWord(MakeSingular(ToLowerCase(word), latin), keywords, latin),
             "a keyword is found");
   }
   return 0;

@@ -52,10 +52,10 @@ class Quotation<char16_t> {
   explicit Quotation(const Document& document) : text_(document.documentText) {}
 
   [[nodiscard]] std::u16string_view Text() const { return text_; }
-  [[nodiscard]] std::u16string Of(std::u16string_view word) const { return std::u16string(word); }
-  [[nodiscard]] bool MayHold(char16_t /*ch*/) const { return true; }
-  [[nodiscard]] std::u16string_view InCodeUnits(std::u16string_view part) const { return part; }
-  void AppendUtf8(std::string& bytes, std::u16string_view part) const {
+  [[nodiscard]] static std::u16string Of(std::u16string_view word) { return std::u16string(word); }
+  [[nodiscard]] static bool MayHold(char16_t /*ch*/) { return true; }
+  [[nodiscard]] static std::u16string_view InCodeUnits(std::u16string_view part) { return part; }
+  static void AppendUtf8(std::string& bytes, std::u16string_view part) {
     quorvel::AppendUtf8(bytes, part);
   }
 

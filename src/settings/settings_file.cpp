@@ -213,7 +213,7 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
   if (settings.reading == Reading::unicode) {
     for (const std::string& words : {settings.extraKeywords, settings.extraStopWords}) {
       if (Utf8OfAnsi(AnsiBytes(words)) == words) continue;
-      return prefix + "\"" + words + "\" has characters that are not in Windows-1252";
+      return (prefix + '"').append(words).append("\" has characters that are not in Windows-1252");
     }
   }
   OutputFile file(target, kept, Targets::ordinaryFiles);

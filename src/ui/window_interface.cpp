@@ -74,7 +74,7 @@ void WindowInterface::TellOfLostCharacters(std::int64_t count, Reading reading) 
   controls_.lossBar->show();
 }
 
-void WindowInterface::HideLostCharacters() { controls_.lossBar->hide(); }
+void WindowInterface::HideLostCharacters() const { controls_.lossBar->hide(); }
 
 void WindowInterface::AppendOutput(std::string_view text) {
   ShowPendingOutput();

@@ -61,7 +61,7 @@ class WindowInterface : public Conversation {
   [[nodiscard]] bool IsWorking() const { return working_; }
 
   // Takes away what was told of lost characters, which are those of another text now.
-  void HideLostCharacters();
+  void HideLostCharacters() const;
 
   // Shows the message that popped up during the work; it would only have held that up.
   void ShowPendingPopUp();

@@ -75,11 +75,11 @@ std::int64_t SkipPairs(std::string_view bytes, std::size_t& place) {
     for (std::size_t step = 0; step < STEPS; ++step) {
       const auto lead = static_cast<std::uint8_t>(bytes[place]);
       const auto next = static_cast<std::uint8_t>(bytes[place + 1]);
-      const bool isAscii = lead < 0x80;
-      const bool isPair = (lead >= 0xC2) & (lead < 0xE0) & ((next & 0xC0U) == 0x80);
-      if (!(isAscii | isPair)) return pairs;
-      place += isAscii ? 1 : 2;
-      pairs += isPair ? 1 : 0;
+      const unsigned ascii = lead < 0x80 ? 1 : 0;
+      const unsigned pair = lead >= 0xC2 && lead < 0xE0 && (next & 0xC0U) == 0x80 ? 1 : 0;
+      if ((ascii | pair) == 0) return pairs;
+      place += 2 - ascii;
+      pairs += pair;
     }
   }
   return pairs;

@@ -151,7 +151,7 @@ const Alphabet& Alphabet::Of(Reading reading) {
   return reading == Reading::unicode ? Unicode() : Windows1252();
 }
 
-std::uint8_t Alphabet::ClassOfPairAt(std::u16string_view text, std::size_t place) const {
+std::uint8_t Alphabet::ClassOfPairAt(std::u16string_view text, std::size_t place) {
   if (IsLowSurrogate(text[place])) {
     if (place == 0) return 0;
     --place;

@@ -86,7 +86,7 @@ class Alphabet {
   Alphabet();  // that of Windows-1252
   explicit Alphabet(const Tables& tables);
 
-  [[nodiscard]] std::uint8_t ClassOfPairAt(std::u16string_view text, std::size_t place) const;
+  [[nodiscard]] static std::uint8_t ClassOfPairAt(std::u16string_view text, std::size_t place);
 
   Reading reading_;
   const std::uint8_t* classes_;  // of the code units up to `size_`

@@ -79,6 +79,25 @@ std::size_t PutRareCharacter(char16_t*& out, std::string_view bytes) {
   return length;
 }
 
+// The same for all characters that begin from place `i` up to `end`; gives the place behind them.
+// Where words end cannot be foretold, so it goes on without a jump at each.
+std::size_t PutCodeUnits(char16_t*& out, std::string_view bytes, std::size_t i, std::size_t end) {
+  while (i < end) {
+    const auto first = static_cast<std::uint8_t>(bytes[i]);
+    const auto second = static_cast<std::uint8_t>(i + 1 < bytes.size() ? bytes[i + 1] : '\0');
+    const unsigned ascii = first < 0x80 ? 1 : 0;
+    const unsigned pair = first >= 0xC2 && first < 0xE0 && (second & 0xC0U) == 0x80 ? 1 : 0;
+    if ((ascii | pair) != 0) {
+      const auto ch = static_cast<char16_t>((first & 0x1FU) << 6U | (second & 0x3FU));
+      *out++ = ascii != 0 ? first : ch;
+      i += 2 - ascii;
+    } else {
+      i += PutRareCharacter(out, bytes.substr(i));
+    }
+  }
+  return i;
+}
+
 // Writes the UTF-8 bytes of a code point; gives the place behind them.
 char* PutUtf8(char* out, char32_t codePoint) {
   const auto put = [&out](char32_t byte) { *out++ = static_cast<char>(byte); };
@@ -196,20 +215,7 @@ std::u16string DecodeUtf8(std::string_view bytes) {
       for (const char byte : block) *out++ = static_cast<std::uint8_t>(byte);
       i = end;
     }
-    while (i < end) {
-      const auto first = static_cast<std::uint8_t>(bytes[i]);
-      const auto second = static_cast<std::uint8_t>(i + 1 < bytes.size() ? bytes[i + 1] : '\0');
-      const bool isAscii = first < 0x80;
-      const bool isPair = (first >= 0xC2) & (first < 0xE0) & ((second & 0xC0U) == 0x80);
-      if (isAscii | isPair) {
-        // Where words end cannot be foretold: a jump would be wrong at each.
-        const auto pair = static_cast<char16_t>((first & 0x1FU) << 6U | (second & 0x3FU));
-        *out++ = isAscii ? first : pair;
-        i += isAscii ? 1 : 2;
-      } else {
-        i += PutRareCharacter(out, bytes.substr(i));
-      }
-    }
+    i = PutCodeUnits(out, bytes, i, end);
     text.append(characters.data(), static_cast<std::size_t>(out - characters.data()));
   }
   return text;

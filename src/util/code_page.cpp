@@ -9,16 +9,16 @@
 namespace quorvel {
 namespace {
 
-constexpr std::size_t CODE_UNITS = 0x10000;
-constexpr char16_t ASCII_END = 0x80;
+constexpr std::size_t ALL_CODE_UNITS = 0x10000;
+constexpr char16_t FIRST_OTHER = 0x80;
 
 // What is looked at in one go.
-constexpr std::size_t BLOCK = 64;
+constexpr std::size_t UNITS_AT_ONCE = 64;
 
 bool IsAscii(std::u16string_view units) {
   char16_t all = 0;
   for (const char16_t ch : units) all |= ch;
-  return all < ASCII_END;
+  return all < FIRST_OTHER;
 }
 
 std::u16string CharactersOfWindows1252() {
@@ -30,7 +30,7 @@ std::u16string CharactersOfWindows1252() {
 }  // namespace
 
 CodePage::CodePage(const std::array<char16_t, BYTES>& characters)
-    : characters_(characters), bytes_(CODE_UNITS) {
+    : characters_(characters), bytes_(ALL_CODE_UNITS) {
   // Downwards, for "\0" has many bytes.
   for (std::size_t byte = BYTES; byte-- > 0;) {
     bytes_[characters[byte]] = static_cast<std::uint8_t>(byte);
@@ -51,20 +51,20 @@ std::shared_ptr<const CodePage> CodePage::Windows1252() {
 
 // What is left over of the page stands for "\0".
 std::shared_ptr<const CodePage> CodePage::Of(std::u16string_view text) {
-  std::vector<std::uint8_t> stands(CODE_UNITS);
-  for (std::size_t i = 0; i < text.size(); i += BLOCK) {
-    const std::u16string_view units = text.substr(i, BLOCK);
+  std::vector<std::uint8_t> stands(ALL_CODE_UNITS);
+  for (std::size_t i = 0; i < text.size(); i += UNITS_AT_ONCE) {
+    const std::u16string_view units = text.substr(i, UNITS_AT_ONCE);
     if (IsAscii(units)) continue;
     for (const char16_t ch : units) stands[ch] = 1;
   }
   std::array<char16_t, BYTES> characters{};
-  for (char16_t ch = 0; ch < ASCII_END; ++ch) characters[ch] = ch;
+  for (char16_t ch = 0; ch < FIRST_OTHER; ++ch) characters[ch] = ch;
   for (const char16_t mark : std::u16string_view(u"«»")) {
     characters[mark] = mark;
     stands[mark] = 0;
   }
-  std::size_t byte = ASCII_END;
-  for (std::size_t i = ASCII_END; i < CODE_UNITS; ++i) {
+  std::size_t byte = FIRST_OTHER;
+  for (std::size_t i = FIRST_OTHER; i < ALL_CODE_UNITS; ++i) {
     if (stands[i] == 0) continue;
     const auto ch = static_cast<char16_t>(i);
     while (byte < BYTES && characters[byte] != 0) ++byte;
@@ -83,9 +83,9 @@ std::optional<char> CodePage::ByteOf(char16_t ch) const {
 std::string CodePage::Encode(std::u16string_view text) const {
   std::string bytes;
   ReserveLarge(bytes, text.size());
-  std::array<char, BLOCK> block{};
-  for (; !text.empty(); text.remove_prefix(std::min(BLOCK, text.size()))) {
-    const std::u16string_view units = text.substr(0, BLOCK);
+  std::array<char, UNITS_AT_ONCE> block{};
+  for (; !text.empty(); text.remove_prefix(std::min(UNITS_AT_ONCE, text.size()))) {
+    const std::u16string_view units = text.substr(0, UNITS_AT_ONCE);
     if (IsAscii(units)) {
       std::copy(units.begin(), units.end(), block.begin());
     } else {
@@ -105,10 +105,10 @@ std::u16string CodePage::Decode(std::string_view bytes) const {
 
 // Each sequence is written at its greatest length, and the next one over what is not its own.
 void CodePage::AppendUtf8(std::string& utf8, std::string_view bytes) const {
-  std::array<char, BLOCK * sizeof(Sequence)> block{};
-  for (; !bytes.empty(); bytes.remove_prefix(std::min(BLOCK, bytes.size()))) {
+  std::array<char, UNITS_AT_ONCE * sizeof(Sequence)> block{};
+  for (; !bytes.empty(); bytes.remove_prefix(std::min(UNITS_AT_ONCE, bytes.size()))) {
     char* out = block.data();
-    for (const char byte : bytes.substr(0, BLOCK)) {
+    for (const char byte : bytes.substr(0, UNITS_AT_ONCE)) {
       const Sequence& sequence = sequences_[static_cast<std::uint8_t>(byte)];
       std::memcpy(out, &sequence, sizeof(sequence));
       out += sequence.length;

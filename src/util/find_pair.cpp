@@ -37,7 +37,7 @@ bool SkipInLanes(std::basic_string_view<Char> text, std::size_t& i, Char first, 
     const Char* place = text.data() + i - skipped;
     const __m128i equal =
         _mm_and_si128(Equal<Char>(Load(place), firsts), Equal<Char>(Load(place + 1), seconds));
-    const unsigned bytes = static_cast<unsigned>(_mm_movemask_epi8(equal));
+    const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(equal));
     const unsigned found = bytes >> (skipped * sizeof(Char));
     if (found != 0) i += static_cast<std::size_t>(std::countr_zero(found)) / sizeof(Char);
     return found != 0;

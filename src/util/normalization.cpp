@@ -220,7 +220,7 @@ std::string Normalized(std::string text) {
     done = place;
   }
   if (done == 0) return text;
-  return normalized.append(text, done, std::string::npos);
+  return normalized.append(std::string_view(text).substr(done));
 }
 
 }  // namespace quorvel

@@ -98,7 +98,7 @@ TEST(CommandLine, ListsWhatIsAskedFor) {
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "'" + name + "' -c 0 " + arguments), 0);
     const std::string found = folder.Read(arguments[3] == 'o' ? "o" : "out");
     EXPECT_TRUE(found.ends_with(words)) << arguments << found;
-    const bool isUtf8 = words.find("\xC3") < words.size();
+    const bool isUtf8 = words.find('\xC3') < words.size();
     EXPECT_TRUE(found.starts_with(isUtf8 ? "Input file: " + name : "Input file: u \xE9.txt"));
   }
 }

@@ -12,7 +12,7 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
       {{u"4th", {1}}, {u"co-op", {5}}, {u"The", {11, 15}}, {u"the", {19, 23, 27}}, {u"two", {31}}});
   ConcordanceSettings settings;
   WordLists lists;
-  lists.keywords = {{u"4th", u"the"}, ExtraKeywordList({ExtraKeywordOf(u"c*")}, LATIN)};
+  lists.keywords = {{u"4th", u"the"}, ExtraKeywordList({ExtraKeywordOf(u"c*")}, latin)};
   // Each change comes on top of those before it.
   const std::pair<std::function<void()>, const char*> rows[] = {
       {[&] { settings.allowWordsWithNumerals = true; }, "4th co-op The the two "},
@@ -29,7 +29,7 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
       {[&] { settings.mode = Mode::search; }, "4th co-op The the "}};
   for (const auto& [change, listed] : rows) {
     change();
-    const IncludeFlags include = ApplyAdmissionFilters(table, settings, lists, LATIN);
+    const IncludeFlags include = ApplyAdmissionFilters(table, settings, lists, latin);
     std::string found;
     for (std::size_t i = 0; i < include.size(); ++i) {
       if (include[i]) found += EncodeUtf8(table.entries[i].word) + " ";

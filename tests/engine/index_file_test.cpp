@@ -22,19 +22,19 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
                                   std::to_string(width) + " \r\n 2 \r\n\xC9t\xE9*2*3*0*"))
         << bytes;
     EXPECT_TRUE(bytes.ends_with("\r\nzoo*0*1*1*" + std::to_string(most - 1) + "\r\n")) << bytes;
-    const auto read = TableOfIndexFile(bytes, LATIN);
+    const auto read = TableOfIndexFile(bytes, latin);
     ASSERT_TRUE(read) << bytes;
     EXPECT_EQ(bytesOf(*read), bytes);
     EXPECT_EQ(read->entries[0].positions, table.entries[0].positions);
     for (std::size_t cut = 1; cut <= bytes.size(); ++cut) {
-      EXPECT_EQ(TableOfIndexFile(bytes.substr(0, bytes.size() - cut), LATIN).has_value(), cut == 2)
+      EXPECT_EQ(TableOfIndexFile(bytes.substr(0, bytes.size() - cut), latin).has_value(), cut == 2)
           << cut;
     }
     for (int digit = 1; digit <= width; ++digit) {
       for (const char other : {'\0', '/', ':', '?', '@', ' ', '-', '\xB5', '\xFF', 'a'}) {
         std::string spoilt = bytes;
         spoilt[bytes.size() - 2 - static_cast<std::size_t>(digit)] = other;
-        EXPECT_FALSE(TableOfIndexFile(spoilt, LATIN)) << spoilt;
+        EXPECT_FALSE(TableOfIndexFile(spoilt, latin)) << spoilt;
       }
     }
     most = width < 9 ? most * 10 + 9 : std::numeric_limits<std::int32_t>::max();
@@ -75,7 +75,7 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
     for (std::string file : files) {
       for (std::size_t i = 0; (i = file.find('|')) != std::string::npos;)
         file.replace(i, 1, "\r\n");
-      const auto table = TableOfIndexFile("\r\n\r\n" + file, LATIN);
+      const auto table = TableOfIndexFile("\r\n\r\n" + file, latin);
       EXPECT_EQ(table ? table->WordCount() : -1, words) << file;
     }
   }

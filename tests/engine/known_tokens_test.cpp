@@ -30,7 +30,7 @@ TEST(KnownTokens, TellTokensApartByAllTheirCharacters) {
       {"of one letter each", u"aaaab aaaaab aaaaaab aaaaaaab aaaaaaaab aaaaaaaaab", 6}};
   for (const auto& [name, text, different] : rows) {
     WordTable table;
-    KnownTokens known(text, LATIN, table, nullptr, SEED);
+    KnownTokens known(text, latin, table, nullptr, SEED);
     for (std::size_t begin = 0; begin < text.size();) {
       const std::size_t length = std::min(text.find(u' ', begin), text.size()) - begin;
       const auto entry =

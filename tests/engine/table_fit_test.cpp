@@ -25,7 +25,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
     SilentProgress nobody;
     WordTable table = *ScanWords(document, nullptr, nobody).table;
     const IncludeFlags include(table.entries.size(), true);
-    EXPECT_TRUE(TableFitsText(table, include, document->documentText, LATIN));
+    EXPECT_TRUE(TableFitsText(table, include, document->documentText, latin));
     if (table.entries.empty()) continue;
     std::map<Text, std::vector<std::int32_t>> places;
     for (const WordEntry& entry : table.entries) places[entry.word] = entry.positions;
@@ -41,7 +41,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
         entry.positions.back() += static_cast<std::int32_t>(random() % 5) + 1;
         break;
     }
-    ASSERT_EQ(TableFitsText(table, include, document->documentText, LATIN),
+    ASSERT_EQ(TableFitsText(table, include, document->documentText, latin),
               std::ranges::includes(places[entry.word], entry.positions))
         << round << testing::PrintToString(document->documentText);
   }
@@ -68,9 +68,9 @@ TEST(TableFit, LooksForWhatAScanNeverGives) {
   for (const auto& [name, text, word, places, fits, listed] : rows) {
     WordTable table = MadeTable({{word, places}});
     table.positionWidth = PositionWidth(text.size());
-    EXPECT_EQ(TableFitsText(table, {listed}, text, LATIN), fits) << name;
+    EXPECT_EQ(TableFitsText(table, {listed}, text, latin), fits) << name;
     table.positionWidth += 1;
-    EXPECT_FALSE(TableFitsText(table, {listed}, text, LATIN)) << name << ", other width";
+    EXPECT_FALSE(TableFitsText(table, {listed}, text, latin)) << name << ", other width";
   }
 }
 

@@ -15,7 +15,7 @@ TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
       {u"a", u" ", u"\U00010330", u"\U0001F600", u"\U0001D7D8", u"\u0301", u"\xD800", u"\xDF30"}};
   std::mt19937 random(3);
   for (int round = 0; round < 3000; ++round) {
-    const Alphabet& alphabet = round % 2 == 0 ? LATIN : Alphabet::Unicode();
+    const Alphabet& alphabet = round % 2 == 0 ? latin : Alphabet::Unicode();
     const std::u16string whole = RandomText(characters[random() % 4], 150, random) + u"abc";
     // The letters that follow in memory are none of the text.
     const auto text = std::u16string_view(whole).substr(0, whole.size() - 3);

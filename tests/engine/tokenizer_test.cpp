@@ -38,13 +38,13 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     for (int i = 0; i < times; ++i) text += part;
     text += u"walk ";
     WordTable table;
-    GetWords(text, LATIN, table, progress, sought);
+    GetWords(text, latin, table, progress, sought);
     EXPECT_EQ(progress.bars.size(), bars) << name;
     EXPECT_EQ(progress.WordsFound() + 1, table.WordCount()) << name;
     EXPECT_EQ(table.entries.back().word, u"walk") << name;
     progress.RequestStop();
     WordTable stopped;
-    GetWords(text, LATIN, stopped, progress, sought);
+    GetWords(text, latin, stopped, progress, sought);
     EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
   }
 }

@@ -42,7 +42,7 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
     ConcordanceSettings settings;
     settings.allowWordsWithHyphens = hyphens;
     settings.allowWordsWithNumerals = numerals;
-    const std::string tidied = TidyExtraKeywords(typed, LATIN);
+    const std::string tidied = TidyExtraKeywords(typed, latin);
     EXPECT_EQ(tidied, left);
     const Result<ExtraKeywordList> keywords = ExtraKeywordsOf(tidied, settings);
     EXPECT_EQ(bool(keywords), fault.empty()) << typed;
@@ -67,9 +67,9 @@ TEST(ExtraKeywords, AreFoundByTheWordsThatTheyMatch) {
     const std::u16string word = letters[random() % 4] + RandomText(letters, 2, random);
     std::vector<std::size_t> expected;
     for (std::size_t k = 0; k < keywords.size(); ++k) {
-      if (MatchesWildcard(word, keywords[k].wildcardPattern, LATIN)) expected.push_back(k);
+      if (MatchesWildcard(word, keywords[k].wildcardPattern, latin)) expected.push_back(k);
     }
-    ASSERT_EQ(ExtraKeywordList(keywords, LATIN).Matches(word), expected) << EncodeUtf8(word);
+    ASSERT_EQ(ExtraKeywordList(keywords, latin).Matches(word), expected) << EncodeUtf8(word);
   }
 }
 

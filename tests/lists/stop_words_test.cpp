@@ -9,7 +9,7 @@ namespace quorvel {
 TEST(StopWords, TidiesExtraStopWords) {
   const char* rows[][2] = {
       {"the, a,an", "a an the"}, {"  The   ÉTÉ ", "the été"}, {" , ", ""}, {"b a b", "a b b"}};
-  for (const auto& row : rows) EXPECT_EQ(TidyExtraStopWords(row[0], LATIN), row[1]);
+  for (const auto& row : rows) EXPECT_EQ(TidyExtraStopWords(row[0], latin), row[1]);
 }
 
 TEST(StopWords, MayHoldWhatAWordMayHold) {

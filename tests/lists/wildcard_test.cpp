@@ -37,7 +37,7 @@ TEST(Wildcards, MatchAsByTrial) {
     const std::u16string pattern = RandomText(parts, 7, random);
     const auto word =
         RandomText<std::u16string>({u"a", u"a", u"b", u"4", u"³", u"[", u"]"}, 6, random);
-    ASSERT_EQ(MatchesWildcard(word, pattern, LATIN), MatchesByTrial(word, pattern))
+    ASSERT_EQ(MatchesWildcard(word, pattern, latin), MatchesByTrial(word, pattern))
         << EncodeUtf8(word) << " by " << EncodeUtf8(pattern);
   }
 }
@@ -45,8 +45,8 @@ TEST(Wildcards, MatchAsByTrial) {
 // By trial this would take longer than anyone waits.
 TEST(Wildcards, NeedNoExponentialTime) {
   const std::string stars = Repeated("*a", 500) + "*b";
-  EXPECT_FALSE(MatchesWildcard(std::u16string(20000, u'a'), DecodeUtf8(stars), LATIN));
-  EXPECT_FALSE(MatchesWildcard(std::u16string(20000, u'a'), std::u16string(100000, u'['), LATIN));
+  EXPECT_FALSE(MatchesWildcard(std::u16string(20000, u'a'), DecodeUtf8(stars), latin));
+  EXPECT_FALSE(MatchesWildcard(std::u16string(20000, u'a'), std::u16string(100000, u'['), latin));
 }
 
 }  // namespace

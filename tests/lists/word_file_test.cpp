@@ -33,14 +33,14 @@ TEST(WordFiles, GiveTheirWords) {
        "dog|dog|new|walk|"}};
   for (const auto& [name, bytes, stopWords, keywords] : rows) {
     SilentProgress nobody;
-    SortedWords words = *WordsOfFileBytes(bytes, LATIN, nobody);
-    EXPECT_EQ(Joined(KeywordsOfFile(words, LATIN)), keywords) << name;
+    SortedWords words = *WordsOfFileBytes(bytes, latin, nobody);
+    EXPECT_EQ(Joined(KeywordsOfFile(words, latin)), keywords) << name;
     std::sort(words.begin(), words.end());
     EXPECT_EQ(Joined(words), stopWords) << name;
   }
   SilentProgress stopped;
   stopped.RequestStop();
-  EXPECT_EQ(WordsOfFileBytes("the\r\n", LATIN, stopped).Why().kind, FaultKind::stopped);
+  EXPECT_EQ(WordsOfFileBytes("the\r\n", latin, stopped).Why().kind, FaultKind::stopped);
 }
 
 }  // namespace

@@ -27,6 +27,7 @@ std::vector<std::string> TangledContexts(std::mt19937& random, bool withMarkers)
 template <typename Char>
 std::string Merged(ContextMerger<Char>& merger, const std::vector<std::string>& contexts) {
   std::vector<std::basic_string<Char>> quoted;
+  quoted.reserve(contexts.size());
   for (const std::string& context : contexts) quoted.emplace_back(context.begin(), context.end());
   merger.Start(static_cast<std::int32_t>(quoted.size()));
   for (const auto& context : quoted) merger.Add(context);

@@ -25,10 +25,10 @@ TEST(WordLists, SayWhatWasLoaded) {
   EXPECT_EQ(ui.log,
             "= Reading stop words ...\n= \nlabel Three stop words\nasks Stop words loaded\n");
   KeywordLists lists;
-  EXPECT_TRUE(AttemptToReadSearchWords(path, LATIN, lists, ui));
+  EXPECT_TRUE(AttemptToReadSearchWords(path, latin, lists, ui));
   EXPECT_EQ(ui.output, "Two keywords loaded from " + path + "\r\n\r\n the walk");
   ui.answers.assign(3, Answer::no);
-  EXPECT_TRUE(AttemptToReadSearchWords(path, LATIN, lists, ui));
+  EXPECT_TRUE(AttemptToReadSearchWords(path, latin, lists, ui));
   EXPECT_TRUE(ui.output.ends_with("\r\n\r\n"));
 }
 
@@ -50,7 +50,7 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
     const bool isMissing = said.starts_with(" words");
     EXPECT_EQ(ui.Said(path), isMissing ? "Stop words: Stop" + said : said) << path;
     ui.questions.clear();
-    EXPECT_FALSE(AttemptToReadSearchWords(path, LATIN, lists, ui)) << path;
+    EXPECT_FALSE(AttemptToReadSearchWords(path, latin, lists, ui)) << path;
     EXPECT_EQ(ui.Said(path), isMissing ? "Search words: Key" + said.substr(1) : said) << path;
     EXPECT_EQ(list.words, SortedWords{u"old"});
     EXPECT_EQ(lists.fileKeywords, SortedWords{u"old"});
@@ -67,8 +67,8 @@ TEST(WordLists, SayWhichErrorKeepsThemFromBeingRead) {
     StopWordList list;
     KeywordLists lists;
     ScriptedConversation ui;
-    EXPECT_FALSE(ReadStopWordsFile(path, LATIN, list, ui) ||
-                 ReadKeywordsFile(path, LATIN, lists, ui));
+    EXPECT_FALSE(ReadStopWordsFile(path, latin, list, ui) ||
+                 ReadKeywordsFile(path, latin, lists, ui));
     EXPECT_EQ(ui.Said(path),
               "Stop words: Error #5 when reading stop words from tile @\n"
               "Search words: Error #5 when reading search words from tile @\n");
@@ -85,13 +85,13 @@ TEST(WordLists, CanBeStoppedWhereTheyAreLong) {
     KeywordLists lists;
     ScriptedConversation ui;
     ui.stopAtYield = 1;
-    EXPECT_FALSE(ReadStopWordsFile(path, LATIN, list, ui) || list.loaded);
+    EXPECT_FALSE(ReadStopWordsFile(path, latin, list, ui) || list.loaded);
     ui.yields = 0;
-    EXPECT_FALSE(ReadKeywordsFile(path, LATIN, lists, ui));
+    EXPECT_FALSE(ReadKeywordsFile(path, latin, lists, ui));
     EXPECT_EQ(ui.log, std::string("= Reading stop words ...\n") + offers +
                           "= Reading stop words was stopped.\n= Reading keywords ...\n" + offers +
                           "= Reading search words was stopped.\n");
-    EXPECT_TRUE(ReadStopWordsFile(path, LATIN, list, ui) && list.loaded);
+    EXPECT_TRUE(ReadStopWordsFile(path, latin, list, ui) && list.loaded);
   }
 }
 

@@ -5,6 +5,6 @@
 
 namespace quorvel {
 
-inline const Alphabet& LATIN = Alphabet::Windows1252();
+inline const Alphabet& latin = Alphabet::Windows1252();
 
 }  // namespace quorvel

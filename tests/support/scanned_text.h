@@ -29,7 +29,7 @@ inline WordTable MadeTable(
     const std::vector<std::pair<std::u16string, std::vector<std::int32_t>>>& words) {
   WordTable table;
   for (const auto& [word, positions] : words) {
-    table.entries.push_back(NewWordEntry(word, LATIN));
+    table.entries.push_back(NewWordEntry(word, latin));
     table.entries.back().positions = positions;
   }
   return table;
@@ -43,7 +43,7 @@ inline Listing ListingOf(const Words& words, const ConcordanceSettings& settings
   lists.keywords = keywords;
   ListedWords listed;
   listed.words = words;
-  listed.include = ApplyAdmissionFilters(*words.table, settings, lists, LATIN);
+  listed.include = ApplyAdmissionFilters(*words.table, settings, lists, latin);
   listed.counts = CountIncludedWords(*words.table, listed.include);
   listed.frequencyChain = BuildFrequencyChain(*words.table, listed.include);
   Listing listing;

@@ -46,7 +46,7 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
     KeywordLists keywords;
     keywords.fileKeywords = {u"cat", u"œil"};
     const std::vector<ExtraKeyword> extra = {ExtraKeywordOf(u"??u*+*é*"), ExtraKeywordOf(u"ð*")};
-    keywords.extraKeywords = ExtraKeywordList(extra, LATIN);
+    keywords.extraKeywords = ExtraKeywordList(extra, latin);
     const Listing listing = ListingOf(ScanWords(narrow, nullptr, nobody), settings, keywords);
     keywords.extraKeywords = ExtraKeywordList(extra, Alphabet::Unicode());
     for (const auto& document : {unicode, std::make_shared<const Document>(wide)}) {
