@@ -148,7 +148,7 @@ TEST(SettingsFile, IsWrittenWholeAndInThePlaceOfNoOther) {
   settings.extraKeywords = "a\r\nb";
   EXPECT_EQ(SaveState(settings, folder.Path("s.lvz"), {}),
             "Error when attempting to save settings: A name or a text holds a line end");
-  EXPECT_EQ(folder.Count(), 1);
+  EXPECT_EQ(folder.Count(), 2);
 }
 
 }  // namespace
