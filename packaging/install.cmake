@@ -94,10 +94,11 @@ endif()
 set(CPACK_PACKAGE_CONTACT "Quorvel maintainers <maintainers@quorvel.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "key-word-in-context concordances of a document")
 set(CPACK_PACKAGE_DESCRIPTION
-"Quorvel lists every word of a text file, a web page or a DOCX document, with
-each of its occurrences shown between the words around it, or searches the
-document for chosen words and patterns. Stop words are left out in six
-languages; that of the document is recognised.
+"Quorvel lists every word of a text file, a web page or a DOCX document, as
+Unicode of an ODT or EPUB document too, with each of its occurrences shown
+between the words around it, or searches the document for chosen words and
+patterns. Stop words are left out in six languages; that of the document is
+recognised.
 .
 This package holds the program with a window, quorvel, and the command line
 for scripts, quorvel-cli.")

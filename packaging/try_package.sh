@@ -72,6 +72,10 @@ try_command_line() {
   ! grep -q -i -E '^(und|die|der)\b' <<<"$words" || fail "German stop words are listed"
   as_reader quorvel-cli -q -c 0 --language none -o - /home/reader/hafen.txt | grep -q -i '^und' ||
     fail "without stop words 'und' is not listed"
+  words=$(as_reader quorvel-cli -q -c 0 --encoding unicode --format tsv - <<<'Там маяк, море и маяк.')
+  list=$(cut -f 1,3 <<<"$words" | tr '\t\n' ': ')
+  echo "$ quorvel-cli --encoding unicode -c 0 --format tsv -: $list"
+  [[ $list == *маяк:2* ]] || fail "a Cyrillic word is not listed as it should be"
 }
 
 # Waits for a window, gives it the keys and says which it is.

@@ -55,7 +55,7 @@ _quorvel_cli() {
   if [[ -n $values ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$values" -- "$word")
   else
-    _quorvel_cli_files "$word" 'txt|docx|*htm*'
+    _quorvel_cli_files "$word" 'txt|docx|odt|epub|*htm*'
   fi
 }
 

@@ -39,4 +39,4 @@ _arguments -s -S \
   '--extra-stop-words=[words not to list]:words: ' \
   '--answer=[how questions are answered]:answer:(yes no default)' \
   '(-q --quiet)'{-q,--quiet}'[show no progress, and no message that all went well]' \
-  '*:document:_files -g "*.(#i)(txt|docx|*htm*)"'
+  '*:document:_files -g "*.(#i)(txt|docx|odt|epub|*htm*)"'

@@ -2,11 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include "naive/places.h"
 #include "support/made_texts.h"
+#include "support/platform.h"
 #include "support/run_program.h"
 
 namespace quorvel {
 namespace {
+
+// A text with the paths and line ends of this system, as it is elsewhere.
+std::string AsElsewhere(const std::string& text) {
+  return ON_WINDOWS ? naive::Replace(naive::Replace(text, "\\", "/"), "\r", "") : text;
+}
 
 // A desk with documents in folders, one of them too short to be read.
 void FillDesk(const TestFolder& desk) {
@@ -52,7 +59,7 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
     FillDesk(desk);
     const auto before = desk.Files();
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -j 1"), status);
-    EXPECT_EQ(desk.Read("err"), said.empty() ? "" : "quorvel-cli: " + said);
+    EXPECT_EQ(AsElsewhere(desk.Read("err")), said.empty() ? "" : "quorvel-cli: " + said);
     std::string files;
     for (const auto& [name, bytes] : desk.Files()) files += before.contains(name) ? "" : name + ' ';
     EXPECT_EQ(files, newFiles);
@@ -92,10 +99,11 @@ TEST(DocumentsRun, MakesOneTable) {
   FillDesk(desk);
   (void)desk.Write("x \"y\".txt", "The sea.\r\n");
   for (const auto& [arguments, table] : rows) {
+    if (ON_WINDOWS && arguments.find('"') != std::string::npos) continue;  // no name holds it there
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -o -"), 0);
-    EXPECT_EQ(desk.Read("out"), table);
+    EXPECT_EQ(AsElsewhere(desk.Read("out")), table);
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -o all.rows"), 0);
-    EXPECT_EQ(desk.Read("all.rows"), table);
+    EXPECT_EQ(AsElsewhere(desk.Read("all.rows")), table);
   }
 }
 

@@ -52,7 +52,7 @@ class KeptRun : public testing::TestWithParam<std::string> {};
 TEST_P(KeptRun, LeavesWhatIsKeptWithIt) {
   const std::filesystem::path kept = RUNS / GetParam();
   const TestFolder folder;
-  std::filesystem::copy(kept, folder.Path(""));
+  std::filesystem::copy(kept, folder.Path("."));
   const auto files = folder.Files();
   const int status =
       RunProgram(folder, QUORVEL_CLI, "--settings case.lvz --encoding auto --answer yes");
@@ -92,7 +92,7 @@ bool ReadsAlike(const std::filesystem::path& path) {
 // something else.
 void ExpectSameInUnicode(const std::filesystem::path& kept, int& compared) {
   const TestFolder folder;
-  std::filesystem::copy(kept, folder.Path(""));
+  std::filesystem::copy(kept, folder.Path("."));
   std::filesystem::remove(folder.Path(INDEX.name));
   for (const auto& [name, bytes] : folder.Files()) {
     if (!name.starts_with("input.")) continue;

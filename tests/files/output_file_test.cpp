@@ -42,7 +42,7 @@ TEST(OutputFile, TriesOtherNamesUntilOneIsFree) {
             fs::status(folder.Path(Temporary(2))).permissions());
 }
 
-#ifdef __x86_64__
+#if defined(__linux__) && defined(__x86_64__)
 TEST(OutputFile, TellsWhatTheSystemRefuses) {
   const std::tuple<long, int, const char*> rows[] = {
       {SYS_newfstatat, EIO, "Input/output error"}, {SYS_access, EROFS, "Read-only file system"},

@@ -45,12 +45,14 @@ TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   SetVariable("TMPDIR", base.Path(""));
   {
     const TemporaryFile file("QVL", "a/b");
-    EXPECT_EQ(base.Count(), ON_WINDOWS ? 1 : 0);
+    EXPECT_EQ(base.Count(), 0);
     EXPECT_TRUE(file.Write("one ") && file.Write("two"));
     EXPECT_EQ(*file.ReadBack(100), "one two");
     EXPECT_EQ(*file.ReadBack(5), "one t");
   }
   EXPECT_EQ(base.Count(), 0);
+  SetVariable("TMPDIR", "");
+  SKIP_ON_WINDOWS("no variable names that folder");
   SetVariable("TMPDIR", base.Path("none"));
   const TemporaryFile nowhere("QVL", "a/b");
   SetVariable("TMPDIR", "");

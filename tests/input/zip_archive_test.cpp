@@ -57,8 +57,10 @@ TEST(ZipArchive, GivesOneEntryOrSaysThatItIsDamaged) {
       {"longer", ZipArchive({{NAME, std::string(LIMIT + 1, 's')}}), "too large"},
       {"longer than it says",
        WithField(ZipArchive({{NAME, std::string(70000, 's')}}), central, 24, 10, 4), "too large"},
+#ifndef _WIN32  // whose library neither packs nor unpacks so
       {"packed in a way that documents do not use", ZipArchive({{NAME, "ships", ZIP_CM_BZIP2}}),
        "damaged "},
+#endif
       {"no archive", "PK\x03\x04 is how one begins", "damaged "},
       {"no such entry", ZipArchive({{"content.xml", "ships"}}), "damaged "},
       {"one of many, lost", Repeated(CENTRAL_RECORD, 1025), "damaged "},

@@ -124,5 +124,21 @@ TEST(InputCheck, WarnsOfLargeUnixFilesAndRefusesTheLargest) {
   }
 }
 
+TEST(InputCheck, LetsThroughWhatItsReadingKnows) {
+  // The path, whether it passes, whether it does in Unicode.
+  const std::tuple<const char*, bool, bool> rows[] = {
+      {"a.TXT", true, true},  {"a.docx", true, true},  {"htm/a.b", true, true},
+      {"a.Odt", false, true}, {"a.epub", false, true}, {"a.odt.zip", false, false},
+      {"odt", false, false},  {"a.rtf", false, false},
+  };
+  for (const auto& [path, passes, passesInUnicode] : rows) {
+    ScriptedConversation ui;
+    EXPECT_EQ(PassesExtensionGate(path, Reading::windows1252, "List", ui), passes) << path;
+    EXPECT_EQ(PassesExtensionGate(path, Reading::unicode, "List", ui), passesInUnicode) << path;
+    const int refusals = (passes ? 0 : 1) + (passesInUnicode ? 0 : 1);
+    EXPECT_EQ(std::ssize(ui.questions), refusals) << path;
+  }
+}
+
 }  // namespace
 }  // namespace quorvel

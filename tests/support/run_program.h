@@ -42,8 +42,15 @@ inline int RunProgram(const TestFolder& folder, const std::string& program, std:
   startup.hStdError = InheritedFile(place / "err", true);
   PROCESS_INFORMATION process = {};
   unsigned long status = 0;
-  if (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, place.c_str(),
-                       &startup, &process) != 0) {
+  bool isStarted = false;
+  // Wine once in a thousand times says of itself that it could not start it.
+  for (int tries = 0; tries < 3 && !isStarted; ++tries) {
+    isStarted = ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                 place.c_str(), &startup, &process) != 0;
+    if (!isStarted && ::GetLastError() != ERROR_INTERNAL_ERROR) break;
+  }
+  EXPECT_TRUE(isStarted) << "not started: error " << ::GetLastError();
+  if (isStarted) {
     ::WaitForSingleObject(process.hProcess, INFINITE);
     ::GetExitCodeProcess(process.hProcess, &status);
   }

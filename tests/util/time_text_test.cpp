@@ -32,7 +32,10 @@ TEST(TimeText, SizesCountsDurationsAndDates) {
       {DurationText(1565, true), "1 day, 2 hours and 5 minutes"},
       {DurationText(1439, false) + ShortDurationText(1440), "23h 59m1d 0h 0m"}};
   for (const auto& [found, expected] : rows) EXPECT_EQ(found, expected);
-  std::tm time = {59, 4, 15, 7, 4, 124, 0, 0, -1, 0, nullptr};
+  std::tm time = {};  // has more fields on one system than on another
+  std::tie(time.tm_year, time.tm_mon, time.tm_mday) = std::tuple(124, 4, 7);
+  std::tie(time.tm_hour, time.tm_min, time.tm_sec) = std::tuple(15, 4, 59);
+  time.tm_isdst = -1;
   EXPECT_EQ(DateAndTimeText(std::mktime(&time)), "2024-05-07 15:04");
 }
 

@@ -13,6 +13,21 @@ work=$folder/work
 toolchain=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/mingw.cmake
 mkdir -p "$work"
 
+# Fetches the newest source of a Debian package that is to be had and unpacks it in this folder. A mirror
+# may list a version that it does not hold yet, or no more: then it is the one before.
+fetch_source() { # name, apt option...
+  local name=$1 version
+  shift
+  for version in $(apt-cache "$@" showsrc --only-source "$name" | sed -n 's/^Version: //p' | sort -ruV); do
+    if apt-get "$@" source "$name=$version"; then
+      echo "Source of $name: version $version"
+      return
+    fi
+  done
+  echo "No source of $name is to be had" >&2
+  return 1
+}
+
 # Unpacks the source of a Debian package into $work/NAME. The system's own list of sources may have
 # packages only, and is left as it is.
 unpack_source() { # name
@@ -23,7 +38,7 @@ unpack_source() { # name
   local options=(-q -o "Dir::Etc::sourcelist=$apt/sources.list" -o Dir::Etc::sourceparts=-
     -o "Dir::State::lists=$apt/lists" -o "Dir::Cache=$apt" -o APT::Sandbox::User=root)
   apt-get "${options[@]}" update
-  (cd "$apt" && rm -rf "$1"-*/ && apt-get "${options[@]}" source "$1")
+  (cd "$apt" && rm -rf "$1"-*/ && fetch_source "$1" "${options[@]}")
   mv "$apt/$1"-*/ "$work/$1"
 }
 

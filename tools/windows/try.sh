@@ -3,8 +3,9 @@
 #
 #   try.sh WINDOWS-BUILD-FOLDER LINUX-BUILD-FOLDER
 #
-# The tests of the core and of the command line; then the concordance of the sample, which must be
-# that of the program of this system, byte for byte, but for the lines that name file and time.
+# The tests of the core and of the command line; then whole runs in both readings, on documents of all
+# kinds, which must list what the program of this system lists, byte for byte, but for the lines that name
+# file and time.
 # Wine keeps its drive in the Windows build folder and touches nothing else.
 set -euo pipefail
 
@@ -46,11 +47,49 @@ iconv -f WINDOWS-1252 -t UTF-8 here.txt | tr -d '\r' >here.lines
 same "concordance on standard output" here.lines out
 quorvel -q --format json "$sample" -o - >out
 same "rows" here.json out
+compare() { # what, argument...
+  "$linux/quorvel-cli" -q -o here.txt "${@:2}"
+  quorvel -q -o there.txt "${@:2}"
+  same "$1" here.txt there.txt
+}
+compare_streams() { # what, file for standard input, argument...
+  "$linux/quorvel-cli" -q "${@:3}" - <"$2" >here.txt
+  wine "$desk/quorvel/quorvel-cli.exe" -q "${@:3}" - <"$2" >there.txt
+  same "$1" here.txt there.txt
+}
 for document in "$root"/tests/data/docx/*.docx; do
-  "$linux/quorvel-cli" -q -o here.txt "$document"
-  quorvel -q -o there.txt "$document"
-  same "concordance of $(basename "$document")" here.txt there.txt
+  compare "concordance of $(basename "$document")" "$document"
 done
+compare_streams "sample by standard input, in Windows-1252" "$sample" --output-encoding windows-1252
+
+echo "Whole runs in Unicode"
+unicode=(--encoding unicode)
+lighthouse=$'\u043c\u0430\u044f\u043a.txt' # "mayak" in Cyrillic
+cat >"$lighthouse" <<'END'
+Старый маяк стоял над морем. Каждый вечер смотритель зажигал огонь, и корабли
+видели его издалека. «Море не спит», — говорил он, — «и маяк не спит».
+Ёлка у маяка росла одна; ей, верно, было холодно.
+END
+printf '\xd0\xb9\xd0\xb8 \xd0\xb8\xcc\x86\xd0\xb8\n' >>"$lighthouse" # one word, its letters typed in two ways
+compare "concordance of a Cyrillic text" "${unicode[@]}" "$lighthouse"
+compare "search for a word in it" "${unicode[@]}" -e $'\u043c\u043e\u0440*' "$lighthouse"
+compare "rows of it" "${unicode[@]}" --format tsv "$lighthouse"
+compare_streams "the same by standard input" "$lighthouse" "${unicode[@]}"
+"$linux/quorvel-cli" -q "${unicode[@]}" -o here.txt "$lighthouse"
+quorvel -q "${unicode[@]}" "$lighthouse"
+same "concordance beside it" here.txt "${lighthouse%.txt}.qvl.conc.txt"
+for document in "$root"/tests/data/{docx,packed}/*.{docx,odt,epub}; do
+  [[ -f $document ]] || continue # of no such kind there
+  kind=${document##*.}
+  compare "concordance of $(basename "$document")" "${unicode[@]}" --notes "$document"
+  compare_streams "the same by standard input" "$document" "${unicode[@]}" --input-type "$kind"
+done
+mkdir folder
+cp "$lighthouse" "$sample" "$root"/tests/data/packed/*.{docx,odt,epub} folder
+"$linux/quorvel-cli" -q "${unicode[@]}" --format tsv -o here.txt folder
+quorvel -q "${unicode[@]}" --format tsv -o there.txt --jobs 2 folder
+sed -i 's,\\,/,' there.txt # between folder and file
+same "rows of a folder" here.txt there.txt
 [[ -z $(find "$WINEPREFIX/drive_c" -maxdepth 1 -name 'QVL*') ]] || {
   echo "A temporary folder was left" >&2
   exit 1
