@@ -1,6 +1,6 @@
 #include "output/entry_composer.h"
 
-#include "output/quoted_text.h"
+#include "output/quotation.h"
 #include "util/ansi.h"
 #include "util/find_pair.h"
 

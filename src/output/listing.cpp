@@ -10,7 +10,7 @@
 
 #include "output/entry_composer.h"
 #include "output/listing_order.h"
-#include "output/quoted_text.h"
+#include "output/quotation.h"
 #include "util/ansi.h"
 #include "util/piece_makers.h"
 

@@ -8,7 +8,7 @@
 
 #include "output/context_window.h"
 #include "output/listing_order.h"
-#include "output/quoted_text.h"
+#include "output/quotation.h"
 #include "util/ansi.h"
 #include "util/visible_text.h"
 

@@ -136,6 +136,8 @@ TEST(Options, TellOfThemselves) {
       help.find("  -c,--context N             words of context on each side, 0 to 9; 0 for a\n"
                 "                             bare word list. Default: 5\n"),
       std::string::npos);
+  EXPECT_NE(help.find("\n  --[no-]hyphens             list words with hyphens. "),
+            std::string::npos);
   EXPECT_EQ(help.find("\n\n\n"), std::string::npos);
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-V"), 0);
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));

@@ -28,6 +28,7 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
     std::string kept;
     std::string fault;  // its character, or "+" for too many of these
     bool hyphens = true, numerals = false;
+    Reading reading = Reading::windows1252;
   } rows[] = {{"  Harb*   ÉTÉ ", "harb*   été", "harb*|été|", ""},
               {"John's 's dog''ss", "john  dog", "dog|john|", ""},
               {"dogs cats+dogs dogs* +b", "dogs cats+dogs dogs* +b", "+b|cats+dog|dog|dogs*|", ""},
@@ -37,12 +38,18 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
               {"co-op #th 4th", "co-op #th 4th", "#th|4th|co-op|", "", true, true},
               {"[ab]", "[ab]", "", "["},
               {"a😀", "a😀", "", "😀"},
-              {"b a+b+c d+e+f", "b a+b+c d+e+f", "", "+"}};
-  for (const auto& [typed, left, kept, fault, hyphens, numerals] : rows) {
+              {"b a+b+c d+e+f", "b a+b+c d+e+f", "", "+"},
+              {"łódź", "łódź", "", "ł"},
+              {"ŁO\u0301DŹ Ж* \U00010400s", "łódź ж* \U00010428s", "łódź|ж*|\U00010428|", "", true,
+               false, Reading::unicode},
+              {"a😀", "a😀", "", "😀", true, true, Reading::unicode},
+              {"٣", "٣", "", "٣", true, false, Reading::unicode}};
+  for (const auto& [typed, left, kept, fault, hyphens, numerals, reading] : rows) {
     ConcordanceSettings settings;
+    settings.reading = reading;
     settings.allowWordsWithHyphens = hyphens;
     settings.allowWordsWithNumerals = numerals;
-    const std::string tidied = TidyExtraKeywords(typed, latin);
+    const std::string tidied = TidyExtraKeywords(typed, Alphabet::Of(reading));
     EXPECT_EQ(tidied, left);
     const Result<ExtraKeywordList> keywords = ExtraKeywordsOf(tidied, settings);
     EXPECT_EQ(bool(keywords), fault.empty()) << typed;

@@ -4,6 +4,7 @@
 
 #include "support/scripted_conversation.h"
 #include "support/zip_builder.h"
+#include "util/ansi.h"
 
 namespace quorvel {
 namespace {
@@ -65,6 +66,68 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
     EXPECT_TRUE(ui.output.starts_with("Extracting text ...\r\n"));
     EXPECT_EQ(ui.output.ends_with("Processing file ...\r\n"), document != nullptr);
     EXPECT_EQ(ui.StopRequested(), row.expected == stop);
+  }
+}
+
+TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
+  const std::string anyway =
+      "Error: Invalid checksum found when processing\r\n@\r\n"
+      "Do you wish to scan this file anyway?\n";
+  const std::string noBody = "Error: File @\r\nholds no document text.\n";
+  const std::string stop =
+      "Stop: Many different words have been found.\r\nDo you really wish to stop?\n";
+  const auto odt = [](const std::string& paragraph) {
+    return ZipArchive({{"content.xml",
+                        "<o:document-content xmlns:o=\"urn:oasis:names:tc:opendocument:xmlns:"
+                        "office:1.0\" xmlns:t=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\">"
+                        "<o:body><o:text><t:p>" +
+                            paragraph + "</t:p></o:text></o:body></o:document-content>"}});
+  };
+  const struct {
+    const char* name;
+    const char* file;
+    std::string bytes, expected;
+    std::vector<Answer> answers = {};
+    int stopAtYield = 0;
+    std::int64_t lost = 0;
+  } rows[] = {
+      {"intact", "a.odt", odt("Łódź"), "= Łódź"},
+      {"broken XML, Enter", "a.odt", odt("Łódź</t:q>"), anyway + "= Łódź"},
+      {"broken XML, no", "a.odt", odt("Łódź</t:q>"), anyway, {Answer::no}},
+      {"broken from the start", "a.odt", ZipArchive({{"content.xml", "\x01\x02\x03"}}),
+       anyway + noBody},
+      {"no body", "a.odt", ZipArchive({{"mimetype", "x"}}), anyway + noBody},
+      {"stopped in the archive", "a.odt", odt("Łódź"), "", {}, 1},
+      {"stopped, Enter", "a.odt", odt("Łódź"), stop, {}, 2},
+      {"stopped, no", "a.odt", odt("Łódź"), stop + "= Łódź", {Answer::no}, 2},
+      {"a text", "a.txt", "Łódź\nłódź", "= Łódź / łódź"},
+      {"wrong bytes", "a.txt", "Łódź \xC5\xC5 a", "= Łódź \uFFFD\uFFFD a", {}, 0, 2},
+      {"UTF-16", "a.txt",
+       std::string("\xFF\xFE"
+                   "A\0\x41\x01",
+                   6),
+       "= AŁ"},
+      {"too short", "a.txt", "abc", "Fatal error: File @\r\ncontains only from 1 to 4 bytes.\n"},
+      {"a page without a head", "a.htm", "<!DOCTYPE html>",
+       "Error: This HTML file does not contain a HEAD section.\n"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    ScriptedConversation ui;
+    ui.answers = row.answers;
+    ui.stopAtYield = row.stopAtYield;
+    bool isUtf8 = false;
+    bool macNoticeShown = false;
+    ReadingRequest request;
+    request.options.reading = Reading::unicode;
+    const auto document =
+        ObtainDocument(InputBytes(row.file, row.bytes), request, isUtf8, macNoticeShown, ui);
+    EXPECT_EQ(
+        ui.Said(row.file) + (document != nullptr ? "= " + EncodeUtf8(document->documentText) : ""),
+        row.expected);
+    if (document == nullptr) continue;
+    EXPECT_EQ(document->lostCharacters, row.lost);
+    EXPECT_EQ(document->source.path, row.file);
   }
 }
 

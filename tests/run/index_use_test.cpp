@@ -68,4 +68,29 @@ TEST(IndexUse, IsAskedForAndRefused) {
   }
 }
 
+// The words of one reading are none of the other's, where letters differ.
+TEST(IndexUse, IsOfTheReadingThatItWasMadeIn) {
+  TestRun run("Łódź tonie, \u0142ódź płynie.\r\n");
+  run.settings.reading = Reading::unicode;
+  run.settings.createIndexFile = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_NE(run.folder.Read("a.qvl.ndx").find("\r\nŁódź*"), std::string::npos);
+  for (const Reading reading : {Reading::unicode, Reading::windows1252}) {
+    TestRun later("");
+    later.settings = run.settings;
+    later.settings.reading = reading;
+    later.settings.createIndexFile = false;
+    later.session.UseIndexFile();
+    EXPECT_EQ(later.Go(), RunOutcome::done);
+    const bool isTaken = later.ui.log.find("+ Sorting") == std::string::npos;
+    EXPECT_EQ(isTaken, reading == Reading::unicode);
+    EXPECT_EQ(later.ListedText() == run.ListedText(), isTaken);
+  }
+  // What is at hand goes with the reading, and comes back with none.
+  run.session.UseIndexFile();
+  run.session.ChangeReading(Reading::windows1252);
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_EQ(run.ListedText().find("Łódź"), std::string::npos);
+}
+
 }  // namespace quorvel

@@ -102,6 +102,12 @@ TEST(SessionRun, StopsAtAnyMoment) {
   run.ui.events["+ Sorting ..."] = [&run] { run.ui.RequestStop(); };
   EXPECT_EQ(run.Go(), RunOutcome::stopped);
   EXPECT_TRUE(run.ui.output.ends_with("Stopped with 1 word found.\r\n"));
+  // Nor can what was listed before it.
+  run.ui.events.clear();
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  run.ui.events["+ Sorting ..."] = [&run] { run.ui.RequestStop(); };
+  EXPECT_EQ(run.Go(), RunOutcome::stopped);
+  EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
 }
 
 // The digest belongs to the text, whatever becomes of the file meanwhile.
