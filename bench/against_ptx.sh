@@ -98,8 +98,8 @@ take() { # name
 
 # Each letter as one of two bytes.
 in_cyrillic() {
-  LC_ALL=C.UTF-8 sed 'y/abcdefghijklmnopqrstuvwxyz/абцдефгхийклмнопярстувшьызщ/
-    y/ABCDEFGHIJKLMNOPQRSTUVWXYZ/АБЦДЕФГХИЙКЛМНОПЯРСТУВШЬЫЗЩ/'
+  LC_ALL=C.UTF-8 sed 'y/abcdefghijklmnopqrstuvwxyz/абцдефгхийклмнопярстувшьыз/
+    y/ABCDEFGHIJKLMNOPQRSTUVWXYZ/АБЦДЕФГХИЙКЛМНОПЯРСТУВШЬЫЗ/'
 }
 
 # Takes two measurements in turns; sets byMedian and byMinimum to the time of the first in
