@@ -256,8 +256,8 @@ bible -f 'gen1:1-rev22:21' | sed 's/$/\r/' >bible.txt
 "$BENCH" text $TEXT_LENGTH 200000 1 >wide.txt
 for seed in 1 2 3 4 5 6 7 8 9 10; do "$BENCH" text $TEXT_LENGTH 5000 $seed; done >long.txt
 bibleStopWords=$(too_frequent_words bible.txt)
-bibleLength=$(bytes bible.txt)
-in_cyrillic <bible.txt | head -c "$bibleLength" | sed '$d' >cyrillic.txt
+in_cyrillic <bible.txt >cyrillic.txt
+truncate -s "$(bytes bible.txt)" cyrillic.txt
 longStopWords=$(too_frequent_words long.txt)
 seq 100000 149999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread.txt
 seq 100000 599999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread10.txt

@@ -38,13 +38,12 @@ TEST(WordFiles, GiveTheirWords) {
     std::sort(words.begin(), words.end());
     EXPECT_EQ(Joined(words), stopWords) << name;
   }
-  const std::string unicode[][3] = {
-      {"Łódź ło\u0301dź\nstół", "stół|Łódź|łódź|", "stół|łódź|łódź|"},
-      {std::string("\xFF\xFE"
-                   "A\x01 \0\x10\x04\r\0\n\0",
-                   12),
-       "Ł|А|", "ł|а|"},
-      {"\xE9t\xE9s\r\n", "étés|", "étés|"}};
+  const std::string unicode[][3] = {{"Łódź ło\u0301dź\nstół", "stół|Łódź|łódź|", "stół|łódź|łódź|"},
+                                    {std::string("\xFF\xFE"
+                                                 "A\x01 \0\x10\x04\r\0\n\0",
+                                                 12),
+                                     "Ł|А|", "ł|а|"},
+                                    {"\xE9t\xE9s\r\n", "étés|", "étés|"}};
   for (const auto& [bytes, stopWords, keywords] : unicode) {
     SilentProgress nobody;
     SortedWords words = *WordsOfFileBytes(bytes, Alphabet::Unicode(), nobody);
