@@ -72,7 +72,10 @@ class Documents {
       if (IsDocument(file, reading_)) Add(file);
     }
     if (paths_.size() == before && tree.faults.empty()) {
-      Fail(folder, "There is no text file, web page or DOCX document in this folder.");
+      const bool isUnicode = reading_ == Reading::unicode;
+      Fail(folder,
+           isUnicode ? "There is no text file, web page, DOCX, ODT or EPUB document in this folder."
+                     : "There is no text file, web page or DOCX document in this folder.");
     }
   }
 
