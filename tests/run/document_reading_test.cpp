@@ -18,18 +18,26 @@ std::string BodyOfSize(std::size_t size) {
   return ZipArchive({{BODY_ENTRY, xml, ZIP_CM_STORE}});
 }
 
+std::shared_ptr<const Document> Obtained(const InputBytes& input, const ReadingRequest& request,
+                                         ScriptedConversation& ui, bool& isUtf8) {
+  bool macNoticeShown = false;
+  return ObtainDocument(input, request, isUtf8, macNoticeShown, ui);
+}
+
+const std::string ANYWAY =
+    "Error: Invalid checksum found when processing\r\n@\r\n"
+    "Do you wish to scan this file anyway?\n";
+const std::string NO_BODY = "Error: File @\r\nholds no document text.\n";
+const std::string STOP =
+    "Stop: Many different words have been found.\r\nDo you really wish to stop?\n";
+
 TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
-  const std::string anyway =
-      "Error: Invalid checksum found when processing\r\n@\r\n"
-      "Do you wish to scan this file anyway?\n";
   const std::string isBig =
       "Big file: @\r\nis rather large.  It may take awhile to scan.\r\n"
       "Do you wish to continue?\n";
   const std::string saveAsText =
       "Big file: You could try saving it as a text file\r\n"
       "and applying this program to that file.\n";
-  const std::string stop =
-      "Stop: Many different words have been found.\r\nDo you really wish to stop?\n";
   const std::string intact = ZipArchive({{BODY_ENTRY, Xml("caf\xC3\xA9")}});
   const std::string damaged = WithField(intact, CENTRAL_RECORD, 16, 1, 4);
   const struct {
@@ -38,18 +46,17 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
     std::vector<Answer> answers = {};
     int stopAtYield = 0;
   } rows[] = {
-      {"wrong checksum, Enter", damaged, anyway + "= caf\xE9"},
-      {"wrong checksum, no", damaged, anyway, {Answer::no}},
-      {"no body", ZipArchive({{"content.xml", Xml("ships")}}),
-       anyway + "Error: File @\r\nholds no document text.\n"},
+      {"wrong checksum, Enter", damaged, ANYWAY + "= caf\xE9"},
+      {"wrong checksum, no", damaged, ANYWAY, {Answer::no}},
+      {"no body", ZipArchive({{"content.xml", Xml("ships")}}), ANYWAY + NO_BODY},
       {"at the threshold", BodyOfSize(10485760), "= ships"},
       {"above it, declined by Enter", BodyOfSize(10485761), isBig + saveAsText},
       {"at the limit", BodyOfSize(20971520), isBig + "= ships", {Answer::yes}},
       {"above the limit", BodyOfSize(20971521),
        "File too big: @\r\nis too large to be scanned directly.\r\n\r\n"
        "Recommend saving it as a text file and\r\napplying this program to that file.\n"},
-      {"stopped, Enter", intact, stop, {}, 1},
-      {"stopped, no", intact, stop + "= caf\xE9", {Answer::no}, 1},
+      {"stopped, Enter", intact, STOP, {}, 1},
+      {"stopped, no", intact, STOP + "= caf\xE9", {Answer::no}, 1},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -57,25 +64,17 @@ TEST(DocumentReading, OfADocumentGivesItsTextOrSaysWhatIsWrong) {
     ui.answers = row.answers;
     ui.stopAtYield = row.stopAtYield;
     bool isUtf8 = false;
-    bool macNoticeShown = false;
-    const auto document =
-        ObtainDocument(InputBytes("a.docx", row.bytes), {}, isUtf8, macNoticeShown, ui);
+    const auto document = Obtained({"a.docx", row.bytes}, {}, ui, isUtf8);
     EXPECT_EQ(isUtf8, document != nullptr);
     EXPECT_EQ(ui.Said("a.docx") + (document != nullptr ? "= " + document->narrowText : ""),
               row.expected);
     EXPECT_TRUE(ui.output.starts_with("Extracting text ...\r\n"));
     EXPECT_EQ(ui.output.ends_with("Processing file ...\r\n"), document != nullptr);
-    EXPECT_EQ(ui.StopRequested(), row.expected == stop);
+    EXPECT_EQ(ui.StopRequested(), row.expected == STOP);
   }
 }
 
 TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
-  const std::string anyway =
-      "Error: Invalid checksum found when processing\r\n@\r\n"
-      "Do you wish to scan this file anyway?\n";
-  const std::string noBody = "Error: File @\r\nholds no document text.\n";
-  const std::string stop =
-      "Stop: Many different words have been found.\r\nDo you really wish to stop?\n";
   const auto odt = [](const std::string& paragraph) {
     return ZipArchive({{"content.xml",
                         "<o:document-content xmlns:o=\"urn:oasis:names:tc:opendocument:xmlns:"
@@ -92,14 +91,14 @@ TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
     std::int64_t lost = 0;
   } rows[] = {
       {"intact", "a.odt", odt("Łódź"), "= Łódź"},
-      {"broken XML, Enter", "a.odt", odt("Łódź</t:q>"), anyway + "= Łódź"},
-      {"broken XML, no", "a.odt", odt("Łódź</t:q>"), anyway, {Answer::no}},
+      {"broken XML, Enter", "a.odt", odt("Łódź</t:q>"), ANYWAY + "= Łódź"},
+      {"broken XML, no", "a.odt", odt("Łódź</t:q>"), ANYWAY, {Answer::no}},
       {"broken from the start", "a.odt", ZipArchive({{"content.xml", "\x01\x02\x03"}}),
-       anyway + noBody},
-      {"no body", "a.odt", ZipArchive({{"mimetype", "x"}}), anyway + noBody},
+       ANYWAY + NO_BODY},
+      {"no body", "a.odt", ZipArchive({{"mimetype", "x"}}), ANYWAY + NO_BODY},
       {"stopped in the archive", "a.odt", odt("Łódź"), "", {}, 1},
-      {"stopped, Enter", "a.odt", odt("Łódź"), stop, {}, 2},
-      {"stopped, no", "a.odt", odt("Łódź"), stop + "= Łódź", {Answer::no}, 2},
+      {"stopped, Enter", "a.odt", odt("Łódź"), STOP, {}, 2},
+      {"stopped, no", "a.odt", odt("Łódź"), STOP + "= Łódź", {Answer::no}, 2},
       {"a text", "a.txt", "Łódź\nłódź", "= Łódź / łódź"},
       {"wrong bytes", "a.txt", "Łódź \xC5\xC5 a", "= Łódź \uFFFD\uFFFD a", {}, 0, 2},
       {"UTF-16", "a.txt",
@@ -117,11 +116,9 @@ TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
     ui.answers = row.answers;
     ui.stopAtYield = row.stopAtYield;
     bool isUtf8 = false;
-    bool macNoticeShown = false;
     ReadingRequest request;
     request.options.reading = Reading::unicode;
-    const auto document =
-        ObtainDocument(InputBytes(row.file, row.bytes), request, isUtf8, macNoticeShown, ui);
+    const auto document = Obtained({row.file, row.bytes}, request, ui, isUtf8);
     EXPECT_EQ(
         ui.Said(row.file) + (document != nullptr ? "= " + EncodeUtf8(document->documentText) : ""),
         row.expected);
@@ -148,10 +145,9 @@ TEST(DocumentReading, OfATextLeavesTheBoxAsFarAsItCame) {
     ui.stopAtYield = stopAtYield;
     const auto digest = std::make_shared<const InputDigest>(InputBytes("a", "abc"));
     bool isUtf8 = false;
-    bool macNoticeShown = false;
-    const auto document = ObtainDocument(
-        InputBytes(file, bytes), {EncodingChoice::adoptDetected, {.ignoreLists = true}, digest, {}},
-        isUtf8, macNoticeShown, ui);
+    const auto document =
+        Obtained({file, bytes}, {EncodingChoice::adoptDetected, {.ignoreLists = true}, digest, {}},
+                 ui, isUtf8);
     EXPECT_EQ(ui.output, output);
     EXPECT_EQ(ui.Said(file), said);
     ASSERT_EQ(document != nullptr, isUtf8);
