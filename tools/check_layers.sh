@@ -5,7 +5,7 @@
 set -euo pipefail
 
 # The core, from the bottom up.
-LAYERS="util files input unicode settings lists engine output run"
+LAYERS="util files input unicode settings lists engine lines output run"
 # What stands on top of it, side by side: each may include the core, none of them another.
 FRONT_ENDS="cli ui"
 

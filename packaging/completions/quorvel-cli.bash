@@ -24,6 +24,7 @@ _quorvel_cli() {
   case $option in
     --input-type) values='txt html docx odt epub' ;;
     --format) values='text tsv json' ;;
+    --sort) values='place right left match' ;;
     --encoding) values='auto utf-8 ansi unicode' ;;
     --output-encoding) values='windows-1252 utf-8' ;;
     --order) values='alphabetical frequency' ;;
@@ -31,7 +32,7 @@ _quorvel_cli() {
     --answer) values='yes no default' ;;
     -c | --context) values='0 1 2 3 4 5 6 7 8 9' ;;
     --min-count) values='1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20' ;;
-    -o | --output)
+    -o | --output | --picture)
       _quorvel_cli_files "$word"
       return
       ;;
@@ -46,7 +47,7 @@ _quorvel_cli() {
     -e | --keywords | --extra-stop-words | -j | --jobs) return ;; # the user's own
   esac
   if [[ -z $values && $word == -* ]]; then
-    values='-h --help --input-type -o --output --format -s --settings --save-settings --index --no-index
+    values='-h --help --input-type -o --output --format --sort --picture -s --settings --save-settings --index --no-index
       --use-index -j --jobs --encoding --notes --output-encoding --create --search -k --keywords-file --no-keywords-file -e --keywords
       -c --context --order --frequencies --no-frequencies --line-breaks --no-line-breaks --hyphens
       --no-hyphens --numerals --no-numerals --skip-lists --no-skip-lists --min-count --stop-words

@@ -7,6 +7,8 @@ _arguments -s -S \
   '--input-type=[what standard input is, the input -]:type:(txt html docx odt epub)' \
   '(-o --output)'{-o,--output=}'[the concordance or search-results file, - for standard output]:output file:_files' \
   '--format=[the concordance, or its occurrences as rows]:format:(text tsv json)' \
+  '--sort=[the order of the rows]:order:(place right left match)' \
+  '--picture=[draw where each word occurs, as SVG]:file:_files' \
   '(-s --settings)'{-s,--settings=}'[start from a settings file]:settings file:_files -g "*.(#i)lvz"' \
   '--save-settings=[save the settings and run nothing]:settings file:_files -g "*.(#i)lvz"' \
   '(--no-index)--index[write the words of the input to an index file]' \

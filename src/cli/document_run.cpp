@@ -86,6 +86,8 @@ SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
                          const std::string& resultPath) {
   SessionOptions options;
   options.outputFormat = commandLine.format;
+  options.rowOrder = {.key = commandLine.rowOrder};
+  options.pictureFile = commandLine.pictureFile;
   options.encodingChoice = commandLine.encodingChoice;
   options.listsOnce = true;
   // Whoever starts it from a shell can end it where nobody reads what it writes.

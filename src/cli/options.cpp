@@ -151,6 +151,17 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
       "text: the concordance; tsv or json: its occurrences for other programs, one row each with "
       "word, folded key, count, left context, match, right context and position, in UTF-8. "
       "Default: text");
+  AddChoice<LineKey>(app, "--sort",
+                     {{"place", LineKey::place},
+                      {"right", LineKey::right},
+                      {"left", LineKey::left},
+                      {"match", LineKey::match}},
+                     commandLine.rowOrder,
+                     "order the rows of --format by what stands right of the word, left of it, or "
+                     "by the match, whatever word they are of. Default: place, word by word in the "
+                     "order of the text");
+  AddFile(app, "--picture", commandLine.pictureFile,
+          "write a picture of where in the document each word occurs, as SVG");
   AddFile(app, "-s,--settings", raw.settingsFile,
           "start from a settings file, such as the window saves; every other option "
           "overrides what it says");
@@ -347,9 +358,31 @@ void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& 
   }
 }
 
+void CheckPicture(const CLI::App& app, const CommandLine& commandLine) {
+  if (commandLine.pictureFile.empty()) return;
+  if (commandLine.pictureFile == "-") {
+    throw CLI::ValidationError("--picture", "standard output is for the listing");
+  }
+  if (CountOf(app, "--save-settings") > 0) {
+    throw CLI::ValidationError("--save-settings", "no settings file keeps a --picture");
+  }
+}
+
+void CheckOrderOfRows(const CommandLine& commandLine) {
+  if (commandLine.rowOrder == LineKey::place) return;
+  if (commandLine.format == OutputFormat::text) {
+    throw CLI::ValidationError("--sort", "only with --format tsv or json");
+  }
+  if (commandLine.settings.contextSize == 0) {
+    throw CLI::ValidationError("--sort", "with --context 0 each row is a word, and has no place");
+  }
+}
+
 // Refuses what makes no sense together.
 void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
   CheckInputs(app, raw, commandLine);
+  CheckPicture(app, commandLine);
+  CheckOrderOfRows(commandLine);
   if (commandLine.format == OutputFormat::text) return;
   if (CountOf(app, "--frequencies") > 0 && !commandLine.settings.showFrequencies) {
     throw CLI::ValidationError("--no-frequencies", "only with --format text");
@@ -395,6 +428,9 @@ void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
   }
   if (!commandLine.settingsFileToSave.empty()) {
     throw CLI::ValidationError("--save-settings", "settings are those of one document");
+  }
+  if (!commandLine.pictureFile.empty()) {
+    throw CLI::ValidationError("--picture", "a picture is of one document");
   }
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/terminal_interface.h"
+#include "lines/line_order.h"
 #include "run/input_check.h"
 #include "run/listing_run.h"
 #include "settings/settings.h"
@@ -28,6 +29,8 @@ struct CommandLine {
   std::string settingsFile;        // that the settings come from, if any
   std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
   OutputFormat format = OutputFormat::text;
+  LineKey rowOrder = LineKey::place;  // of the rows of a format that is not text
+  std::string pictureFile;            // where set, the words found are drawn, each with its places
   bool toStandardOutput = false;
   std::optional<Coding> outputCoding;  // of the text that is written; empty: as is usual there
   std::optional<AnswerPolicy> answerPolicy;

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "output/quotation.h"
+#include "lines/quotation.h"
 #include "util/hash_seed.h"
 
 namespace quorvel {

@@ -1,6 +1,6 @@
 #include "output/entry_composer.h"
 
-#include "output/quotation.h"
+#include "lines/quotation.h"
 #include "util/ansi.h"
 #include "util/find_pair.h"
 

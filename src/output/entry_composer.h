@@ -10,9 +10,9 @@
 #include <string_view>
 
 #include "engine/word_table.h"
+#include "lines/context_window.h"
 #include "lists/keywords.h"
 #include "output/context_merger.h"
-#include "output/context_window.h"
 #include "output/keyword_marks.h"
 
 namespace quorvel {

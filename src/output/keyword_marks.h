@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "output/quotation.h"
+#include "lines/quotation.h"
 #include "util/alphabet.h"
 
 namespace quorvel {

@@ -8,9 +8,9 @@
 #include <type_traits>
 #include <utility>
 
+#include "lines/quotation.h"
 #include "output/entry_composer.h"
 #include "output/listing_order.h"
-#include "output/quotation.h"
 #include "util/ansi.h"
 #include "util/piece_makers.h"
 
@@ -146,6 +146,21 @@ class ListingPass {
 ListingOptions ListingOptionsOf(const ConcordanceSettings& settings) {
   return {settings.wordOrder, settings.contextSize, settings.showFrequencies,
           settings.showLineBreaks};
+}
+
+LineSource LinesOfListing(const Listing& listing) {
+  return {listing.words->words,
+          listing.keywords,
+          {listing.options.contextSize, listing.options.showLineBreaks}};
+}
+
+std::vector<std::int32_t> EntriesInOrder(const Listing& listing) {
+  const WordEntry* const first = listing.words->words.table->entries.data();
+  std::vector<std::int32_t> entries;
+  for (const ListedWord& word : WordsInOrder(*listing.words, listing.options.wordOrder)) {
+    entries.push_back(static_cast<std::int32_t>(word.entry - first));
+  }
+  return entries;
 }
 
 void Compose(const Listing& listing, const PieceSink& take, Progress& progress) {

@@ -4,14 +4,14 @@
 // Its bytes are composed when they are wanted, piece by piece, and nowhere held whole.
 #pragma once
 
-#include <functional>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "engine/words.h"
+#include "lines/lines.h"
 #include "lists/keywords.h"
 #include "settings/settings.h"
+#include "util/piece_sink.h"
 #include "util/progress.h"
 
 namespace quorvel {
@@ -35,9 +35,11 @@ struct Listing {
   [[nodiscard]] Mode ModeOf() const { return keywords == nullptr ? Mode::create : Mode::search; }
 };
 
-// Takes the next piece of a listing, which stays valid for the call only. False when no more of
-// them are wanted.
-using PieceSink = std::function<bool(std::string_view piece)>;
+// What the lines behind a listing are read from.
+[[nodiscard]] LineSource LinesOfListing(const Listing& listing);
+
+// The entries that are listed, 0-based in the word table, in the order of the listing.
+[[nodiscard]] std::vector<std::int32_t> EntriesInOrder(const Listing& listing);
 
 // Composes the listing and hands it on, front to back, in the bytes of its document's alphabet; of
 // a bare word list each piece is a line. Ends before the first word that cannot be listed, or after

@@ -1,14 +1,11 @@
 #include "output/occurrence_rows.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>
 
-#include "output/context_window.h"
 #include "output/listing_order.h"
-#include "output/quotation.h"
 #include "util/ansi.h"
 #include "util/visible_text.h"
 
@@ -80,40 +77,9 @@ const Layout& LayoutOf(RowFormat format) {
   return format == RowFormat::json ? JSON_LAYOUT : TSV_LAYOUT;
 }
 
-// Which occurrences of one word are rows.
-class Wanted {
- public:
-  // The keywords are those of a search, or null.
-  Wanted(const WordEntry& entry, const KeywordLists* lists, const Alphabet& alphabet)
-      : alphabet_(alphabet) {
-    if (lists == nullptr) return;
-    const std::u16string lower = alphabet.ToLowerCase(entry.word);
-    if (BinarySearch(lists->fileKeywords, lower)) return;
-    for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
-      keywords_.push_back(&lists->extraKeywords.Keywords()[i]);
-    }
-    const auto takesAll = [](const ExtraKeyword* keyword) { return !keyword->hasContextPattern; };
-    if (std::any_of(keywords_.begin(), keywords_.end(), takesAll)) keywords_.clear();
-  }
-
-  [[nodiscard]] bool All() const { return keywords_.empty(); }
-
-  [[nodiscard]] bool Takes(std::u16string_view context) const {
-    return std::any_of(keywords_.begin(), keywords_.end(), [&](const ExtraKeyword* keyword) {
-      return WantsContext(*keyword, context, alphabet_);
-    });
-  }
-
- private:
-  const Alphabet& alphabet_;
-  std::vector<const ExtraKeyword*> keywords_;  // one of which must want the context
-};
-
 template <typename Char>
 class RowComposer {
  public:
-  using View = std::basic_string_view<Char>;
-
   RowComposer(const Listing& listing, const Quotation<Char>& quotation, const RowOptions& options,
               const PieceSink& take)
       : listing_(listing),
@@ -122,10 +88,9 @@ class RowComposer {
         isJson_(options.format == RowFormat::json),
         isPart_(options.file.has_value()),
         layout_(LayoutOf(options.format)),
-        alphabet_(listing.Source().AlphabetOf()),
-        text_(quotation.Text()),
-        cutter_(text_, {listing.options.contextSize, listing.options.showLineBreaks}) {
-    copies_.reserve(2 * cutter_.LongestContext(MAX_WORD_LENGTH));
+        order_(options.order),
+        source_(LinesOfListing(listing)),
+        reader_(source_, quotation) {
     if (!isPart_) return;
     fileField_ = layout_.file;
     for (const char ch : VisibleName(*options.file)) {
@@ -136,13 +101,9 @@ class RowComposer {
   }
 
   void ComposeTable(Progress& progress) {
-    ListingProgress shown(*listing_.words, progress);
     if (!isPart_) bytes_ = IsWordList() ? layout_.beginOfWordList : layout_.begin;
-    for (const ListedWord& word : WordsInOrder(*listing_.words, listing_.options.wordOrder)) {
-      shown.Show(word);
-      if (!AddRowsOf(*word.entry)) return;
-      if (!shown.MayGoOn()) break;
-    }
+    const bool inPlace = IsWordList() || order_.key == LineKey::place;
+    if (!(inPlace ? AddWords(progress) : AddLines(progress))) return;
     if (!isPart_) bytes_ += layout_.end;
     take_(bytes_);
   }
@@ -150,21 +111,38 @@ class RowComposer {
  private:
   [[nodiscard]] bool IsWordList() const { return listing_.options.contextSize == 0; }
 
-  // False when no more is wanted.
+  [[nodiscard]] std::int32_t NumberOf(const WordEntry& entry) const {
+    return static_cast<std::int32_t>(&entry - source_.words.table->entries.data());
+  }
+
+  // Rows word by word, as they are in the listing. False when no more is wanted.
+  bool AddWords(Progress& progress) {
+    ListingProgress shown(*listing_.words, progress);
+    for (const ListedWord& word : WordsInOrder(*listing_.words, listing_.options.wordOrder)) {
+      shown.Show(word);
+      if (!AddRowsOf(*word.entry)) return false;
+      if (!shown.MayGoOn()) break;
+    }
+    return true;
+  }
+
   bool AddRowsOf(const WordEntry& entry) {
-    constexpr std::size_t AHEAD = 8;
     TakeWord(entry);
     if (IsWordList()) return AddRow([] {});
-    const Wanted wanted(entry, listing_.keywords.get(), alphabet_);
-    const std::vector<std::int32_t>& positions = entry.positions;
-    for (std::size_t k = 0; k < positions.size(); ++k) {
-      if (k + AHEAD < positions.size()) cutter_.Prefetch(positions[k + AHEAD]);
-      copies_.clear();
-      if (!wanted.All() && !wanted.Takes(quotation_.InCodeUnits(
-                               cutter_.Cut(positions[k], entry.word.size(), copies_)))) {
-        continue;
-      }
-      if (!AddRow([&] { AppendOccurrence(entry, positions[k]); })) return false;
+    return EachLineOf(NumberOf(entry), source_, quotation_, reader_,
+                      [this](const Line& line) { return AddRow([&] { AppendOccurrence(line); }); });
+  }
+
+  // The rows of all words in one order.
+  bool AddLines(Progress& progress) {
+    progress.BeginPhase("Ordering lines");
+    std::optional<Lines> lines = LinesOf(source_, EntriesInOrder(listing_), progress);
+    if (!lines || !OrderLines(*lines, source_, order_, progress)) return true;
+    for (const Line& line : *lines) {
+      TakeWord(source_.words.table->entries[static_cast<std::size_t>(line.entry)]);
+      if (!AddRow([&] { AppendOccurrence(line); })) return false;
+      progress.Yield();
+      if (progress.StopRequested()) break;
     }
     return true;
   }
@@ -190,16 +168,15 @@ class RowComposer {
     return wantsMore;
   }
 
-  void AppendOccurrence(const WordEntry& entry, std::int32_t position) {
-    const TextSpan span = SpanOfOccurrence(listing_.Source().documentText, entry.word, position);
-    const ContextParts<Char> context = cutter_.CutApart(position, entry.word.size(), span, copies_);
+  void AppendOccurrence(const Line& line) {
+    const LineText<Char> text = reader_.Read(line);
     bytes_ += layout_.left;
-    AppendField(bytes_, context.left);
+    AppendField(bytes_, text.left);
     bytes_ += layout_.match;
-    AppendField(bytes_, text_.substr(span.begin, span.end - span.begin));
+    AppendField(bytes_, text.match);
     bytes_ += layout_.right;
-    AppendField(bytes_, context.right);
-    bytes_.append(layout_.position).append(std::to_string(span.begin + 1));
+    AppendField(bytes_, text.right);
+    bytes_.append(layout_.position).append(std::to_string(text.place.begin + 1));
   }
 
   // Of text in the characters of the quotation, or of words in code units.
@@ -237,14 +214,13 @@ class RowComposer {
   bool isJson_;
   bool isPart_;
   const Layout& layout_;
-  const Alphabet& alphabet_;
-  View text_;
-  ContextCutter<Char> cutter_;
+  LineOrder order_;
+  LineSource source_;
+  LineReader<Char> reader_;
   bool isFirst_ = !isPart_;
   std::string fileField_;
   std::string wordFields_;
-  std::string bytes_;               // not handed on yet
-  std::basic_string<Char> copies_;  // of what two views of a context could not view
+  std::string bytes_;  // not handed on yet
 };
 
 }  // namespace

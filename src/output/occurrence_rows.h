@@ -1,16 +1,18 @@
 // The occurrences behind a listing as a table that other programs read, one row each:
 // tab-separated values or a JSON array, in UTF-8.
 //
-// The rows stand in the order of the listing, with contexts cut as there; nothing is merged
-// or marked, and in a search an occurrence that several keywords find is one row. With a
-// context size of 0, where the listing is a bare word list, each row is a word. They are
-// written as they are made: never is more than a piece of the table in memory.
+// The rows stand in the order of the listing or, all words together, in one of lines, with contexts
+// cut as in the listing; nothing is merged or marked, and in a search an occurrence that several
+// keywords find is one row. With a context size of 0, where the listing is a bare word list, each
+// row is a word. They are written as they are made: never is more than a piece of the table in
+// memory.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "lines/line_order.h"
 #include "output/listing.h"
 #include "util/progress.h"
 
@@ -23,7 +25,8 @@ struct RowOptions {
   // Where set, the rows are a part of a table of several documents: this name of theirs, in UTF-8,
   // is the first field of each row, and what stands around the rows of a table is left out. In JSON
   // each row has a comma before it.
-  std::optional<std::string> file;
+  std::optional<std::string> file = {};
+  LineOrder order = {};  // by place: as in the listing
 };
 
 // What stands before the first and behind the last row of a table of several documents.

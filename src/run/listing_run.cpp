@@ -72,7 +72,7 @@ class ListingRun {
       return std::move(report_);
     }
     writer_.emplace(target_, "", "");
-    const RowOptions options = {RowFormatOf(target_.format), target_.nameInTable};
+    const RowOptions options = {RowFormatOf(target_.format), target_.nameInTable, target_.rowOrder};
     ComposeRows(
         listing_, options, [this](std::string_view piece) { return writer_->Add(piece); }, ui_);
     report_.outcome = ui_.StopRequested() ? ListingOutcome::stopped : ListingOutcome::listed;
@@ -182,9 +182,12 @@ ListingReport ListWords(const Listing& listing, const ListingTarget& target, Con
 }
 
 bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui) {
-  if (!target.asksBeforeReplacing || !FileExists(target.path)) return true;
-  const std::string text = "A " + LowerAscii(OutputName(mode)) + " \r\n" +
-                           VisibleName(target.path) +
+  return !target.asksBeforeReplacing || MayReplace(LowerAscii(OutputName(mode)), target.path, ui);
+}
+
+bool MayReplace(const std::string& name, const std::string& path, Conversation& ui) {
+  if (!FileExists(path)) return true;
+  const std::string text = "A " + name + " \r\n" + VisibleName(path) +
                            "\r\nalready exists.  Do you wish to overwrite it?";
   return ui.Ask({text, "File exists", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
 }

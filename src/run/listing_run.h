@@ -34,6 +34,7 @@ using ByteSink = std::function<bool(std::string_view)>;
 // Where a listing goes beside the screen.
 struct ListingTarget {
   OutputFormat format = OutputFormat::text;
+  LineOrder rowOrder = {};  // of rows
   std::string path;         // of its file; empty where none is wanted
   bool isDisabled = false;  // the user is told that there is none
   bool isSilent = false;    // of a file that is written, or cannot be, nothing is said
@@ -64,9 +65,10 @@ struct ListingReport {
 // Composes a listing that has words, shows it and writes it; says what there is to say.
 ListingReport ListWords(const Listing& listing, const ListingTarget& target, Conversation& ui);
 
-// The question before an existing file is replaced, where the settings ask for it. False when it is
-// to stay.
+// The question before an existing file, a target or one of this name, is replaced; of a target only
+// where the settings ask for it. False when it is to stay.
 [[nodiscard]] bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui);
+[[nodiscard]] bool MayReplace(const std::string& name, const std::string& path, Conversation& ui);
 
 // What is said when a mode's file could not be written.
 [[nodiscard]] std::string WritingFailed(Mode mode);

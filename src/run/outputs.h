@@ -21,6 +21,9 @@ struct Output {
 // The index file beside the input.
 [[nodiscard]] Output IndexOutputOf(const ConcordanceSettings& settings);
 
+// The file of a picture.
+[[nodiscard]] Output PictureOutputOf(const std::string& path);
+
 // Whether none of the outputs would replace a file to keep or an output before it; else the user is
 // told, and nothing is to be written.
 [[nodiscard]] bool CheckOutputs(const std::vector<Output>& outputs, FilesToKeep kept,

@@ -47,6 +47,8 @@ struct GivenInput {
 // How the words and the listing of a session are wanted; the same for all its runs.
 struct SessionOptions {
   OutputFormat outputFormat = OutputFormat::text;
+  LineOrder rowOrder = {};       // of the rows, where that is the format
+  std::string pictureFile = {};  // where set, the words listed are drawn into it
   EncodingChoice encodingChoice = EncodingChoice::confirm;
   Targets targets = Targets::ordinaryFiles;  // which the listing may be written to
   bool listsOnce = false;      // the words of a run are listed at its end and then not again
@@ -170,6 +172,7 @@ class Session {
   void OrderWords(const Words& words, const IncludeFlags* include);
   RunOutcome List();
   void KeepIndex();
+  void DrawPicture();
 
   void ShowWordCounts();
   void ClearCounts();

@@ -8,6 +8,7 @@
 #include "run/document_reading.h"
 #include "run/fault_texts.h"
 #include "run/outputs.h"
+#include "run/picture.h"
 #include "run/run_captions.h"
 #include "run/session.h"
 #include "run/waiting.h"
@@ -103,6 +104,7 @@ bool Session::CheckOutputsOfRun(bool withIndex) {
   std::vector<Output> outputs = {ListingOutput()};
   const bool lists = options_.outputSink || !outputs.front().path.empty();
   if (withIndex && lists) outputs.push_back(IndexOutputOf(settings_));
+  if (!options_.pictureFile.empty()) outputs.push_back(PictureOutputOf(options_.pictureFile));
   return quorvel::CheckOutputs(outputs, FilesOfRun(), ui_);
 }
 
@@ -195,6 +197,7 @@ RunOutcome Session::ScanAndList() {
   }
   const RunOutcome outcome = List();
   if (scans && WantsIndex() && report_.written) KeepIndex();
+  if (!options_.pictureFile.empty() && report_.written) DrawPicture();
   return outcome;
 }
 
@@ -272,6 +275,7 @@ RunOutcome Session::List() {
   target.coding = isUnicode ? Coding::utf8 : Coding::windows1252;
   target.form = options_.form.value_or(TextForm{target.coding, true});
   if (options_.input) target.inputName = options_.input->name;
+  target.rowOrder = options_.rowOrder;
   if (options_.rowsNameInput) target.nameInTable = settings_.inputFile;
   report_ = ListWords(*listing_, target, ui_);
   return OutcomeOf(report_.outcome);
@@ -289,6 +293,19 @@ void Session::KeepIndex() {
   atHand_ = WordsAtHand{source.path,           source.stamp,
                         source.digest->Text(), listing_->words->words.table,
                         settings_.reading,     false};
+}
+
+void Session::DrawPicture() {
+  FilesToKeep kept = FilesOfRun();
+  for (const Output& output : {ListingOutput(), IndexOutputOf(settings_)}) {
+    kept.push_back({output.name, output.path});
+  }
+  if (settings_.warnOnOverwrite && !MayReplace("picture", options_.pictureFile, ui_)) return;
+  const std::string& title = options_.input ? options_.input->name : settings_.inputFile;
+  if (std::optional<Fault> fault =
+          WritePicture(*listing_, options_.pictureFile, title, kept, ui_)) {
+    report_.fileFault = std::move(fault);
+  }
 }
 
 void Session::ShowWordCounts() {

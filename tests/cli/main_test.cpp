@@ -30,6 +30,14 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
       {"a.txt -e dog -o /dev/full", 1,
        "quorvel-cli: a.txt: An error occurred when creating search results file.\n"
        "quorvel-cli: a.txt: /dev/full: No space left on device\n"},
+      {"a.txt --picture a.txt", 1,
+       "quorvel-cli: a.txt: The picture cannot be the same as the input file.\n"},
+      {"a.txt -o - --index --picture a.qvl.ndx", 1,
+       "quorvel-cli: a.txt: The picture cannot be the same as the index file.\n"},
+      {"a.txt -q --picture no/p", 1, "quorvel-cli: a.txt: no/p: No such file or directory\n"},
+      {"a.txt -q -e sea --picture p", 3,
+       "quorvel-cli: a.txt: No words satisfying the conditions were found.\n"},
+      {"a.txt -q -e cat --picture p", 0, ""},
   };
   const std::string text = "the cat and the dog\r\n";
   for (const auto& [arguments, status, errors] : rows) {
@@ -45,6 +53,9 @@ TEST(CommandLine, AnswersWithItsStatusAndMessages) {
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments), status);
     EXPECT_EQ(Said(folder), errors);
     EXPECT_EQ(folder.Read("a.txt"), text);
+    const std::string picture = folder.Read("p");
+    EXPECT_EQ(picture.find("<title>a.txt</title>") < picture.find(">cat</text>"), !picture.empty());
+    EXPECT_EQ(picture.ends_with("</svg>\n"), arguments.find("cat --picture") < arguments.size());
   }
 }
 

@@ -94,6 +94,13 @@ TEST(Options, RefuseWrongUsage) {
   const std::pair<std::string, std::string> rows[] = {
       {"a.txt --search --create", "--create excludes --search"},
       {"a.txt --format tsv --no-frequencies", "--no-frequencies: only with --format text"},
+      {"a.txt --sort right", "--sort: only with --format tsv or json"},
+      {"a.txt --sort left --format tsv -c 0",
+       "--sort: with --context 0 each row is a word, and has no place"},
+      {"a.txt --picture -", "--picture: standard output is for the listing"},
+      {"a.txt a.txt --picture p", "--picture: a picture is of one document"},
+      {"a.txt --picture p --save-settings s",
+       "--save-settings: no settings file keeps a --picture"},
       {"a.txt --format tsv --save-settings s",
        "--save-settings: no settings file keeps a --format"},
       {"a.txt --format json --output-encoding windows-1252",

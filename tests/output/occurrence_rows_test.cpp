@@ -14,7 +14,7 @@ std::string Table(const Listing& listing, RowFormat format) {
   SilentProgress nobody;
   std::string bytes;
   ComposeRows(
-      listing, {format, {}},
+      listing, {.format = format},
       [&bytes](std::string_view piece) {
         bytes += piece;
         return true;
@@ -101,7 +101,7 @@ TEST(OccurrenceRows, EndWhereTheUserWants) {
       EXPECT_LT(pieces.emplace_back(piece).size(), 300000U);
       return wantsMore;
     };
-    ComposeRows(listing, {RowFormat::json, {}}, take, ui);
+    ComposeRows(listing, {.format = RowFormat::json}, take, ui);
     EXPECT_EQ(pieces.size() == 1, !wantsMore);
     EXPECT_EQ(pieces.back().ends_with("\"position\":262141}\n]\n"), wantsMore)
         << "the last \"sea\"";

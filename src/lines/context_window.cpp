@@ -1,4 +1,4 @@
-#include "output/context_window.h"
+#include "lines/context_window.h"
 
 #include <algorithm>
 

@@ -1,0 +1,125 @@
+#include "lines/strips.h"
+
+#include <algorithm>
+#include <string>
+
+#include "util/ansi.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+namespace {
+
+// Of a picture, in pixels. A row is as high as a line of its text.
+constexpr int WORD_WIDTH = 230;
+constexpr int COUNT_WIDTH = 70;
+constexpr int STRIP_WIDTH = 880;
+constexpr int MARGIN = 10;
+constexpr int STRIP_LEFT = MARGIN + WORD_WIDTH + COUNT_WIDTH + MARGIN;
+constexpr int WIDTH = STRIP_LEFT + STRIP_WIDTH + MARGIN;
+constexpr int TITLE_HEIGHT = 32;
+constexpr int ROW_HEIGHT = 18;
+constexpr int BASE_LINE = 13;  // of a row
+constexpr int MARK_TOP = 3;
+constexpr int MARK_HEIGHT = 12;
+
+std::string Escaped(std::string_view text) {
+  std::string escaped;
+  for (const char ch : text) {
+    if (ch == '&') {
+      escaped += "&amp;";
+    } else if (ch == '<') {
+      escaped += "&lt;";
+    } else {
+      escaped += ch;
+    }
+  }
+  return escaped;
+}
+
+// What stands before the rows. Its colours follow a viewer that is light or dark.
+std::string PictureBegin(std::string_view title, std::size_t rows) {
+  const std::string width = std::to_string(WIDTH);
+  const std::string height =
+      std::to_string(TITLE_HEIGHT + static_cast<std::int64_t>(rows) * ROW_HEIGHT + MARGIN);
+  const std::string name = Escaped(title);
+  return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
+         "\" viewBox=\"0 0 " + width + " " + height + "\">\n<title>" + name +
+         "</title>\n<style>\n"
+         "svg { background: #fff; color: #222 }\n"
+         "text { font: 12px sans-serif; fill: currentColor; white-space: pre }\n"
+         ".t { font-weight: bold }\n"
+         ".n { text-anchor: end }\n"
+         ".s { fill: #e8eaed }\n"
+         ".m { stroke: #1a56b0 }\n"
+         "@media (prefers-color-scheme: dark) {\n"
+         "svg { background: #1e1e1e; color: #ddd }\n"
+         ".s { fill: #333 }\n"
+         ".m { stroke: #8ab4f8 }\n"
+         "}\n</style>\n<text x=\"" +
+         std::to_string(MARGIN) + "\" y=\"20\" class=\"t\">" + name + "</text>\n";
+}
+
+std::string Number(int number) { return std::to_string(number); }
+
+// One upright stroke for each column that has an occurrence.
+std::string Marks(const std::vector<std::int32_t>& strip, int top) {
+  std::string marks;
+  for (std::size_t i = 0; i < strip.size(); ++i) {
+    if (strip[i] == 0) continue;
+    marks += "M" + Number(STRIP_LEFT + static_cast<int>(i)) + ".5 " + Number(top + MARK_TOP) + "v" +
+             Number(MARK_HEIGHT);
+  }
+  return marks;
+}
+
+}  // namespace
+
+int ColumnOf(std::int32_t position, std::size_t length, int columns) {
+  const auto place = static_cast<std::int64_t>(position) - 1;
+  const auto all = std::max(static_cast<std::int64_t>(length), std::int64_t{1});
+  return static_cast<int>(
+      std::clamp(place * columns / all, std::int64_t{0}, static_cast<std::int64_t>(columns) - 1));
+}
+
+std::vector<std::int32_t> StripOf(std::span<const std::int32_t> positions, std::size_t length,
+                                  int columns) {
+  std::vector<std::int32_t> strip(static_cast<std::size_t>(columns));
+  for (const std::int32_t position : positions) {
+    ++strip[static_cast<std::size_t>(ColumnOf(position, length, columns))];
+  }
+  return strip;
+}
+
+void DrawStrips(std::string_view title, const LineSource& source,
+                std::span<const std::int32_t> entries, const PieceSink& take, Progress& progress) {
+  const Document& document = *source.words.document;
+  if (!take(PictureBegin(title, entries.size()))) return;
+  WithQuotation(document, [&](const auto& quotation) {
+    LineReader reader(source, quotation);
+    int top = TITLE_HEIGHT;
+    std::vector<std::int32_t> positions;
+    for (const std::int32_t entry : entries) {
+      positions.clear();
+      (void)EachLineOf(entry, source, quotation, reader, [&](const Line& line) {
+        positions.push_back(line.position);
+        return true;
+      });
+      const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
+      const std::string y = "\" y=\"" + Number(top + BASE_LINE) + "\">";
+      const std::string row =
+          "<text x=\"" + Number(MARGIN) + y + EncodeUtf8(word.word) +
+          "</text><text class=\"n\" x=\"" + Number(STRIP_LEFT - MARGIN) + y +
+          GroupedNumber(static_cast<std::int64_t>(positions.size())) +
+          "</text><path class=\"s\" d=\"M" + Number(STRIP_LEFT) + " " + Number(top + MARK_TOP) +
+          "h" + Number(STRIP_WIDTH) + "v" + Number(MARK_HEIGHT) + "h-" + Number(STRIP_WIDTH) +
+          "z\"/><path class=\"m\" d=\"" +
+          Marks(StripOf(positions, document.documentText.size(), STRIP_WIDTH), top) + "\"/>\n";
+      top += ROW_HEIGHT;
+      progress.YieldNow();
+      if (!take(row) || progress.StopRequested()) break;
+    }
+  });
+  take("</svg>\n");
+}
+
+}  // namespace quorvel

@@ -1,0 +1,37 @@
+// Sorting of many values that lets events run and can be stopped.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+#include "util/progress.h"
+
+namespace quorvel {
+
+// Sorts the values by a strict order in which no two of them are equal. False after a stop: then
+// they stand in any order.
+template <typename Value, typename Less>
+[[nodiscard]] bool SortInSteps(std::vector<Value>& values, const Less& less, Progress& progress) {
+  constexpr std::size_t STEP = 16384;  // sorted within some milliseconds
+  const auto goesOn = [&progress] {
+    progress.YieldNow();
+    return !progress.StopRequested();
+  };
+  const auto at = [&values](std::size_t place) {
+    return values.begin() + static_cast<std::ptrdiff_t>(std::min(place, values.size()));
+  };
+  for (std::size_t i = 0; i < values.size(); i += STEP) {
+    std::sort(at(i), at(i + STEP), less);
+    if (!goesOn()) return false;
+  }
+  for (std::size_t width = STEP; width < values.size(); width *= 2) {
+    for (std::size_t i = 0; i + width < values.size(); i += 2 * width) {
+      std::inplace_merge(at(i), at(i + width), at(i + 2 * width), less);
+      if (!goesOn()) return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace quorvel
