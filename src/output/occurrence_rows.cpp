@@ -22,6 +22,7 @@ constexpr std::size_t PIECE = std::size_t{1} << 18U;  // bytes
 struct Layout {
   std::string_view begin;
   std::string_view beginOfWordList;
+  std::string_view beginWithTimes;
   std::string_view firstRow;
   std::string_view nextRow;
   std::string_view file;  // of a table of several documents
@@ -33,6 +34,7 @@ struct Layout {
   std::string_view match;
   std::string_view right;
   std::string_view position;
+  std::string_view times;
   std::string_view rowEnd;
   std::string_view end;
 };
@@ -40,6 +42,7 @@ struct Layout {
 constexpr Layout TSV_LAYOUT = {
     .begin = "word\tkey\tcount\tleft\tmatch\tright\tposition\n",
     .beginOfWordList = "word\tkey\tcount\n",
+    .beginWithTimes = "word\tkey\tcount\tleft\tmatch\tright\tposition\ttimes\n",
     .firstRow = "",
     .nextRow = "",
     .file = "",
@@ -51,6 +54,7 @@ constexpr Layout TSV_LAYOUT = {
     .match = "\t",
     .right = "\t",
     .position = "\t",
+    .times = "\t",
     .rowEnd = "\n",
     .end = "",
 };
@@ -58,6 +62,7 @@ constexpr Layout TSV_LAYOUT = {
 constexpr Layout JSON_LAYOUT = {
     .begin = "[",
     .beginOfWordList = "[",
+    .beginWithTimes = "[",
     .firstRow = "\n{",
     .nextRow = ",\n{",
     .file = R"("file":")",
@@ -69,6 +74,7 @@ constexpr Layout JSON_LAYOUT = {
     .match = R"(","match":")",
     .right = R"(","right":")",
     .position = R"(","position":)",
+    .times = R"(,"times":)",
     .rowEnd = "}",
     .end = "\n]\n",
 };
@@ -108,6 +114,19 @@ class RowComposer {
     take_(bytes_);
   }
 
+  void ComposeGroups(std::span<const LineGroup> groups, bool withTimes, Progress& progress) {
+    bytes_ = withTimes ? layout_.beginWithTimes : layout_.begin;
+    for (const LineGroup& group : groups) {
+      const bool wantsMore = AddRowOf(group.first, [&] {
+        if (withTimes) bytes_.append(layout_.times).append(std::to_string(group.count));
+      });
+      if (!wantsMore) return;
+      progress.Yield();
+      if (progress.StopRequested()) break;
+    }
+    take_(bytes_ += layout_.end);
+  }
+
  private:
   [[nodiscard]] bool IsWordList() const { return listing_.options.contextSize == 0; }
 
@@ -139,12 +158,20 @@ class RowComposer {
     std::optional<Lines> lines = LinesOf(source_, EntriesInOrder(listing_), progress);
     if (!lines || !OrderLines(*lines, source_, order_, progress)) return true;
     for (const Line& line : *lines) {
-      TakeWord(source_.words.table->entries[static_cast<std::size_t>(line.entry)]);
-      if (!AddRow([&] { AppendOccurrence(line); })) return false;
+      if (!AddRowOf(line, [] {})) return false;
       progress.Yield();
       if (progress.StopRequested()) break;
     }
     return true;
+  }
+
+  template <typename AppendMore>
+  bool AddRowOf(const Line& line, const AppendMore& appendMore) {
+    TakeWord(source_.words.table->entries[static_cast<std::size_t>(line.entry)]);
+    return AddRow([&] {
+      AppendOccurrence(line);
+      appendMore();
+    });
   }
 
   // The fields that all rows of a word begin with.
@@ -237,6 +264,14 @@ void ComposeRows(const Listing& listing, const RowOptions& options, const PieceS
                  Progress& progress) {
   WithQuotation(listing.Source(), [&](const auto& quotation) {
     RowComposer(listing, quotation, options, take).ComposeTable(progress);
+  });
+}
+
+void ComposeLines(const Listing& listing, std::span<const LineGroup> lines, bool withTimes,
+                  RowFormat format, const PieceSink& take, Progress& progress) {
+  WithQuotation(listing.Source(), [&](const auto& quotation) {
+    RowComposer(listing, quotation, {.format = format}, take)
+        .ComposeGroups(lines, withTimes, progress);
   });
 }
 

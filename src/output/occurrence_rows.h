@@ -9,9 +9,11 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "lines/line_filter.h"
 #include "lines/line_order.h"
 #include "output/listing.h"
 #include "util/progress.h"
@@ -37,5 +39,10 @@ struct RowOptions {
 // request it ends with the word that was under way, and as a table that is whole.
 void ComposeRows(const Listing& listing, const RowOptions& options, const PieceSink& take,
                  Progress& progress);
+
+// The same of some lines of a listing in the order given; `withTimes` adds for how many equal ones
+// each stands.
+void ComposeLines(const Listing& listing, std::span<const LineGroup> lines, bool withTimes,
+                  RowFormat format, const PieceSink& take, Progress& progress);
 
 }  // namespace quorvel

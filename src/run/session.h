@@ -6,6 +6,7 @@
 // decided here and below; the front end fills the settings and shows what comes of it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <new>
 #include <optional>
@@ -139,6 +140,11 @@ class Session {
   // What the last run or listing again has written.
   [[nodiscard]] const ListingReport& Report() const { return report_; }
 
+  // Writes what `compose` hands on into a file of the user's choice, which replaces none of those
+  // that the settings name. Why that could not be done, if it could not.
+  [[nodiscard]] std::optional<Fault> Save(const std::string& path,
+                                          const std::function<void(const PieceSink&)>& compose);
+
   // The listing on the screen; null when there is none.
   [[nodiscard]] const std::shared_ptr<const Listing>& CurrentListing() const { return listing_; }
 
@@ -172,7 +178,7 @@ class Session {
   void OrderWords(const Words& words, const IncludeFlags* include);
   RunOutcome List();
   void KeepIndex();
-  void DrawPicture();
+  void SavePicture();
 
   void ShowWordCounts();
   void ClearCounts();

@@ -4,17 +4,18 @@
 #include <utility>
 
 #include "engine/table_fit.h"
+#include "lines/strips.h"
 #include "output/concordance_file.h"
 #include "run/document_reading.h"
 #include "run/fault_texts.h"
 #include "run/outputs.h"
-#include "run/picture.h"
 #include "run/run_captions.h"
 #include "run/session.h"
 #include "run/waiting.h"
 #include "run/word_lists.h"
 #include "util/ansi.h"
 #include "util/time_text.h"
+#include "util/visible_text.h"
 
 namespace quorvel {
 namespace {
@@ -197,7 +198,7 @@ RunOutcome Session::ScanAndList() {
   }
   const RunOutcome outcome = List();
   if (scans && WantsIndex() && report_.written) KeepIndex();
-  if (!options_.pictureFile.empty() && report_.written) DrawPicture();
+  if (!options_.pictureFile.empty() && report_.written) SavePicture();
   return outcome;
 }
 
@@ -295,17 +296,28 @@ void Session::KeepIndex() {
                         settings_.reading,     false};
 }
 
-void Session::DrawPicture() {
+void Session::SavePicture() {
+  const std::string& path = options_.pictureFile;
+  if (settings_.warnOnOverwrite && !MayReplace("picture", path, ui_)) return;
+  const std::string& title = options_.input ? options_.input->name : settings_.inputFile;
+  ui_.BeginPhase("Drawing words");
+  std::optional<Fault> fault = Save(path, [&](const PieceSink& take) {
+    DrawStrips(VisibleName(title), LinesOfListing(*listing_), EntriesInOrder(*listing_), take, ui_);
+  });
+  if (fault) report_.fileFault = std::move(fault);
+}
+
+std::optional<Fault> Session::Save(const std::string& path,
+                                   const std::function<void(const PieceSink&)>& compose) {
   FilesToKeep kept = FilesOfRun();
   for (const Output& output : {ListingOutput(), IndexOutputOf(settings_)}) {
     kept.push_back({output.name, output.path});
   }
-  if (settings_.warnOnOverwrite && !MayReplace("picture", options_.pictureFile, ui_)) return;
-  const std::string& title = options_.input ? options_.input->name : settings_.inputFile;
-  if (std::optional<Fault> fault =
-          WritePicture(*listing_, options_.pictureFile, title, kept, ui_)) {
-    report_.fileFault = std::move(fault);
-  }
+  OutputFile file(path, kept, options_.targets);
+  compose([&file](std::string_view piece) { return file.Write(piece); });
+  ui_.YieldAtOnce();
+  if (file.Commit()) return std::nullopt;
+  return file.Why();
 }
 
 void Session::ShowWordCounts() {

@@ -1,0 +1,46 @@
+#include "lines/line_text.h"
+
+#include <gtest/gtest.h>
+
+#include "support/made_texts.h"
+#include "support/scanned_text.h"
+#include "support/scripted_conversation.h"
+
+namespace quorvel {
+
+TEST(LineText, IsAlignedOrHasTabs) {
+  // The second text has a character of two code units.
+  for (const std::u16string other : {u"x", u"\U0001F6A2"}) {
+    Document document =
+        *DocumentOf(u"it is as it is and it is as it is and it is, it is / all of " + other +
+                    u" sea: it is / Ö sea, it is");
+    if (other != u"x") document.codePage = nullptr;
+    ScriptedConversation ui;
+    const LineSource source = {
+        ScanWords(std::make_shared<const Document>(document), nullptr, ui), nullptr, {2, false}};
+    const auto& entries = source.words.table->entries;
+    const auto sea = std::ranges::find(entries, u"sea", &WordEntry::word) - entries.begin();
+    const Lines lines = *LinesOf(source, {{static_cast<std::int32_t>(sea)}}, ui);
+    const LineGroup groups[] = {{lines.at(1), 1}, {lines.at(0), 12}};
+    const auto composed = [&](LineForm form, bool withTimes) {
+      std::string text;
+      ComposeLineText(
+          groups, source, form, withTimes,
+          [&text](std::string_view piece) {
+            text += piece;
+            return true;
+          },
+          ui);
+      return text;
+    };
+    const std::string letter = EncodeUtf8(other);
+    EXPECT_EQ(composed(LineForm::aligned, true),
+              "is Ö sea, it is (x1)\nof " + letter + " sea: it is (x12)\n");
+    EXPECT_EQ(composed(LineForm::tabbed, false),
+              "is Ö \tsea\t, it is\nof " + letter + " \tsea\t: it is\n");
+    EXPECT_EQ(composed(LineForm::tabbed, true),
+              "is Ö \tsea\t, it is\t1\nof " + letter + " \tsea\t: it is\t12\n");
+  }
+}
+
+}  // namespace quorvel
