@@ -65,6 +65,8 @@ TEST(ZipArchive, GivesOneEntryOrSaysThatItIsDamaged) {
       {"no such entry", ZipArchive({{"content.xml", "ships"}}), "damaged "},
       {"one of many, lost", Repeated(CENTRAL_RECORD, 1025), "damaged "},
       {"encrypted", WithField(stored, central, 8, 1, 2), "damaged "},
+      {"said to be packed",
+       WithField(ZipArchive({{NAME, "\x07ships"}}), central, 10, ZIP_CM_DEFLATE, 2), "damaged "},
       {"wrong checksum", naive::Replace(stored, "ships", "chips"), "damaged chips"},
       {"no bytes, yet a length", WithField(EmptyByDirectory(stored, 0, 0, 0), central, 24, 1, 4),
        "damaged "},
