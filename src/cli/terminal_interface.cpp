@@ -95,9 +95,7 @@ TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, std::st
       stopped_(&stopped) {}
 
 void TerminalInterface::AppendOutput(std::string_view text) {
-  if (!showsProgress_) return;
-  ClearBar();
-  std::cerr << TerminalText(text);
+  if (showsProgress_) std::cerr << TerminalText(text);
 }
 
 // The listing goes to its file; the output box of a window has no place here.

@@ -6,35 +6,18 @@
 #include "input/html_text.h"
 #include "input/utf8_repair.h"
 #include "util/ansi.h"
+#include "util/ascii.h"
 
 namespace quorvel {
 namespace {
-
-bool IsAscii(char byte) { return static_cast<std::uint8_t>(byte) < 0x80; }
-
-// How many bytes at the beginning are ASCII, looked at in blocks.
-std::size_t AsciiLength(std::string_view bytes) {
-  constexpr std::size_t BLOCK = 64;
-  std::size_t length = 0;
-  while (length + BLOCK <= bytes.size()) {
-    std::uint8_t all = 0;
-    for (std::size_t i = 0; i < BLOCK; ++i) all |= static_cast<std::uint8_t>(bytes[length + i]);
-    if (all >= 0x80) break;
-    length += BLOCK;
-  }
-  while (length < bytes.size() && IsAscii(bytes[length])) ++length;
-  return length;
-}
 
 // Calls `take` with each character of several bytes, and with nothing for a byte that belongs to no
 // character, until it gives false.
 template <typename Take>
 void EachLongCharacter(std::string_view bytes, const Take& take) {
-  while (!bytes.empty()) {
-    if (IsAscii(bytes.front())) {
-      bytes.remove_prefix(AsciiLength(bytes));
-      continue;
-    }
+  while (true) {
+    bytes.remove_prefix(AsciiLength(bytes));
+    if (bytes.empty()) return;
     std::uint32_t codePoint = 0;
     const std::size_t length = ReadCodePoint(bytes, codePoint);
     if (!take(length == 0 ? nullptr : &codePoint)) return;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "util/ansi.h"
+#include "util/ascii.h"
 #include "util/large_pages.h"
 
 namespace quorvel {
@@ -49,20 +50,9 @@ Sequence SequenceAt(std::string_view bytes) {
   return {end, end == lead.length};
 }
 
-// Whether the eight bytes at a place are there, and ASCII.
-bool AreEightAscii(std::string_view bytes, std::size_t place) {
-  constexpr std::uint64_t HIGH_BITS = 0x8080808080808080;
-  std::uint64_t eight = 0;
-  if (place + sizeof(eight) > bytes.size()) return false;
-  std::memcpy(&eight, bytes.data() + place, sizeof(eight));
-  return (eight & HIGH_BITS) == 0;
-}
-
 // The first place from `place` on that is no ASCII.
 std::size_t SkipAscii(std::string_view bytes, std::size_t place) {
-  while (AreEightAscii(bytes, place)) place += sizeof(std::uint64_t);
-  while (place < bytes.size() && static_cast<std::uint8_t>(bytes[place]) < 0x80) ++place;
-  return place;
+  return place + AsciiLength(bytes.substr(place));
 }
 
 // Goes behind characters of two bytes, those of whole alphabets, and the short stretches of ASCII
@@ -71,7 +61,7 @@ std::size_t SkipAscii(std::string_view bytes, std::size_t place) {
 std::int64_t SkipPairs(std::string_view bytes, std::size_t& place) {
   constexpr std::size_t STEPS = 32;
   std::int64_t pairs = 0;
-  while (place + 2 * STEPS < bytes.size() && !AreEightAscii(bytes, place)) {
+  while (place + 2 * STEPS < bytes.size() && !AreEightAscii(&bytes[place])) {
     for (std::size_t step = 0; step < STEPS; ++step) {
       const auto lead = static_cast<std::uint8_t>(bytes[place]);
       const auto next = static_cast<std::uint8_t>(bytes[place + 1]);

@@ -21,7 +21,7 @@ using Rows = std::vector<std::vector<std::string>>;
 // Of the parts that only lead to others: far above what any document has.
 constexpr std::uint64_t LONGEST_DIRECTORY = 4194304;
 
-// The value of two hexadecimal digits; nothing where they are none.
+// The value of the two hexadecimal digits at the front; nothing where none are there.
 std::optional<char> HexByte(std::string_view digits) {
   constexpr std::string_view DIGITS = "0123456789abcdef";
   if (digits.size() < 2) return std::nullopt;
@@ -35,7 +35,7 @@ std::string PercentDecoded(std::string_view reference) {
   std::string decoded;
   for (std::size_t i = 0; i < reference.size(); ++i) {
     const std::optional<char> byte =
-        reference[i] == '%' ? HexByte(reference.substr(i + 1, 2)) : std::nullopt;
+        reference[i] == '%' ? HexByte(reference.substr(i + 1)) : std::nullopt;
     decoded += byte.value_or(reference[i]);
     if (byte) i += 2;
   }

@@ -215,17 +215,20 @@ std::u16string Alphabet::Decode(std::string_view bytes) const {
 // four bytes.
 std::size_t Alphabet::CodeUnitsIn(std::string_view bytes) const {
   if (reading_ == Reading::windows1252) return bytes.size();
-  constexpr std::size_t BLOCK = 64;  // whose number one byte holds, so that many add up at once
+  constexpr std::size_t BLOCK = 64;  // of a fixed length and number, so that many add up at once
   std::size_t units = 0;
-  for (; !bytes.empty(); bytes.remove_prefix(std::min(BLOCK, bytes.size()))) {
+  const auto add = [&units](const char* block, std::size_t length) {
     std::uint8_t ofBlock = 0;
-    for (const char ch : bytes.substr(0, BLOCK)) {
-      const auto byte = static_cast<std::uint8_t>(ch);
-      ofBlock = static_cast<std::uint8_t>(ofBlock + ((byte & 0xC0U) != 0x80 ? 1 : 0) +
-                                          (byte >= 0xF0 ? 1 : 0));
+    for (std::size_t i = 0; i < length; ++i) {
+      const auto byte = static_cast<std::uint8_t>(block[i]);
+      const auto begins = static_cast<std::uint8_t>((byte & 0xC0U) != 0x80);
+      const auto isOfFour = static_cast<std::uint8_t>(byte >= 0xF0);
+      ofBlock = static_cast<std::uint8_t>(ofBlock + begins + isOfFour);
     }
     units += ofBlock;
-  }
+  };
+  for (; bytes.size() >= BLOCK; bytes.remove_prefix(BLOCK)) add(bytes.data(), BLOCK);
+  add(bytes.data(), bytes.size());
   return units;
 }
 

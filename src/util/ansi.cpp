@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <type_traits>
 
+#include "util/ascii.h"
 #include "util/large_pages.h"
 
 namespace quorvel {
@@ -51,13 +51,6 @@ std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::strin
     if (pair) ++taken;
   }
   return taken;
-}
-
-template <typename Char>
-bool IsAscii(std::basic_string_view<Char> text) {
-  std::make_unsigned_t<Char> all = 0;
-  for (const Char ch : text) all |= static_cast<std::make_unsigned_t<Char>>(ch);
-  return all < 0x80;
 }
 
 constexpr std::size_t LONGEST_SEQUENCE = 4;  // bytes

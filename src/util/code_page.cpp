@@ -4,22 +4,17 @@
 #include <cstring>
 
 #include "util/ansi.h"
+#include "util/ascii.h"
 #include "util/large_pages.h"
 
 namespace quorvel {
 namespace {
 
 constexpr std::size_t ALL_CODE_UNITS = 0x10000;
-constexpr char16_t FIRST_OTHER = 0x80;
+constexpr char16_t FIRST_OTHER = FIRST_BEYOND_ASCII;
 
 // What is looked at in one go.
 constexpr std::size_t UNITS_AT_ONCE = 64;
-
-bool IsAscii(std::u16string_view units) {
-  char16_t all = 0;
-  for (const char16_t ch : units) all |= ch;
-  return all < FIRST_OTHER;
-}
 
 std::u16string CharactersOfWindows1252() {
   std::string bytes;
@@ -103,18 +98,29 @@ std::u16string CodePage::Decode(std::string_view bytes) const {
   return text;
 }
 
-// Each sequence is written at its greatest length, and the next one over what is not its own.
+// ASCII is copied some bytes at a time. Another sequence is written at its greatest length, and the
+// next one over what is not its own.
 void CodePage::AppendUtf8(std::string& utf8, std::string_view bytes) const {
+  constexpr std::size_t STEP = 8;
   std::array<char, UNITS_AT_ONCE * sizeof(Sequence)> block{};
-  for (; !bytes.empty(); bytes.remove_prefix(std::min(UNITS_AT_ONCE, bytes.size()))) {
-    char* out = block.data();
-    for (const char byte : bytes.substr(0, UNITS_AT_ONCE)) {
+  char* out = block.data();
+  for (; !bytes.empty(); bytes.remove_prefix(std::min(STEP, bytes.size()))) {
+    if (static_cast<std::size_t>(block.end() - out) < STEP * sizeof(Sequence)) {
+      utf8.append(block.begin(), out);
+      out = block.data();
+    }
+    const std::string_view part = bytes.substr(0, STEP);
+    if (part.size() == STEP && AreEightAscii(part.data())) {
+      out = std::copy(part.begin(), part.end(), out);
+      continue;
+    }
+    for (const char byte : part) {
       const Sequence& sequence = sequences_[static_cast<std::uint8_t>(byte)];
       std::memcpy(out, &sequence, sizeof(sequence));
       out += sequence.length;
     }
-    utf8.append(block.begin(), out);
   }
+  utf8.append(block.begin(), out);
 }
 
 }  // namespace quorvel

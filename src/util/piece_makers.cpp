@@ -23,7 +23,7 @@ unsigned Processors() { return std::max(std::thread::hardware_concurrency(), 1U)
 PieceMakers::PieceMakers(std::size_t count, unsigned threads,
                          const std::function<Maker()>& newMaker)
     : count_(count) {
-  constexpr std::size_t SLOTS_PER_MAKER = 4;
+  constexpr std::size_t SLOTS_PER_MAKER = 3;
   makers_.resize(std::max(threads, 1U));
   std::generate(makers_.begin(), makers_.end(), newMaker);
   slots_.resize(makers_.size() * SLOTS_PER_MAKER);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "naive/places.h"
 #include "output/concordance_file.h"
 #include "support/run_program.h"
@@ -146,6 +148,14 @@ TEST(Options, TellOfThemselves) {
   EXPECT_NE(help.find("\n  --[no-]hyphens             list words with hyphens. "),
             std::string::npos);
   EXPECT_EQ(help.find("\n\n\n"), std::string::npos);
+  std::string groups;
+  std::istringstream lines(help);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.ends_with(':') && !line.starts_with(' ')) groups += line;
+    if (!line.starts_with("  -")) continue;
+    EXPECT_TRUE(line.at(28) == ' ' && line.at(29) != ' ') << line;
+  }
+  EXPECT_EQ(groups, "Positionals:Files:Search:Listing:Words:Messages:");
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-V"), 0);
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, ""), 2);

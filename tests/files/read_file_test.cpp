@@ -77,6 +77,12 @@ TEST(ReadInput, GivesAllBytes) {
   EXPECT_EQ(input->Stamp(), StampOf(path));
 }
 
+TEST(FileToRead, ReadsNothingOfWhatIsNoFile) {
+  const TestFolder folder;
+  EXPECT_EQ(FileToRead(folder.Path("none")).Begin(5), "");
+  EXPECT_EQ(FileToRead(folder.Path("")).Begin(5), "");
+}
+
 // It is as long as it was when it was opened, or what there is of it.
 TEST(FileToRead, ReadsAFileThatGrowsOrIsCut) {
   const std::string old = Repeated("0123456789", 500000);

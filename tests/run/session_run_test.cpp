@@ -105,8 +105,10 @@ TEST(SessionRun, StopsAtAnyMoment) {
   // Nor can what was listed before it.
   run.ui.events.clear();
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  run.ui.events["+ Sorting ..."] = [&run] { run.ui.RequestStop(); };
+  // The press of a button is heard at the next yield.
+  run.ui.events["+ Sorting ..."] = [&run] { run.ui.stopAtYield = run.ui.yields + 1; };
   EXPECT_EQ(run.Go(), RunOutcome::stopped);
+  EXPECT_TRUE(run.ui.output.ends_with("Stopped with 1 word found.\r\n"));
   EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
 }
 
@@ -168,6 +170,28 @@ TEST(SessionRun, ScansAnewWhatHasChanged) {
     EXPECT_EQ(run.Entries(), row.entries);
     EXPECT_EQ(run.ui.questions.empty() ? "" : run.ui.questions.back().title, row.title);
   }
+}
+
+TEST(SessionRun, ScansAnEqualInputOfAnotherName) {
+  TestRun run(HARBOUR);
+  run.settings.createIndexFile = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  run.settings.inputFile = run.folder.Write("b.txt", HARBOUR);
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_NE(run.folder.Read("out.txt").find("b.txt\r\n"), std::string::npos);
+}
+
+// Nobody is told of an index file that could not be looked at for a stop.
+TEST(SessionRun, SaysNothingOfAnIndexFileAfterAStop) {
+  TestRun run(HARBOUR);
+  run.settings.createIndexFile = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  run.session.UseIndexFile();
+  const fs::path input(run.settings.inputFile);
+  fs::last_write_time(input, fs::last_write_time(input) - std::chrono::hours(1));
+  run.ui.events["label "] = [&run] { run.ui.RequestStop(); };
+  EXPECT_EQ(run.Go(), RunOutcome::stopped);
+  EXPECT_EQ(run.ui.Said(), "");
 }
 
 // Whatever became of settings and files meanwhile.

@@ -22,6 +22,17 @@ TEST(StopWordsFiles, AreThoseOfTheGenerator) {
   }
 }
 
+TEST(StopWordChoice, RecognizesTheLanguageByTheBeginning) {
+  const auto languages = ReadLanguages();
+  for (const Reading reading : {Reading::windows1252, Reading::unicode}) {
+    for (const std::size_t behind : {65536, 65537}) {
+      const std::string text = std::string(behind - 3, '.') + "wir sind";
+      EXPECT_EQ(RecognizeInputLanguage({"a.txt", text}, reading, *languages).code,
+                behind == 65536 ? "de" : "en");
+    }
+  }
+}
+
 TEST(StopWordChoice, ReadsTheListOfTheLanguageUnlessItIsInUse) {
   const std::string english = StopWordsPath(LANGUAGES[0]);
   const std::string german = StopWordsPath(LANGUAGES[1]);

@@ -27,6 +27,7 @@ TEST(WordLists, SayWhatWasLoaded) {
   KeywordLists lists;
   EXPECT_TRUE(AttemptToReadSearchWords(path, latin, lists, ui));
   EXPECT_EQ(ui.output, "Two keywords loaded from " + path + "\r\n\r\n the walk");
+  EXPECT_NE(ui.log.find("label Two keywords\n= Two keywords loaded"), std::string::npos);
   ui.answers.assign(3, Answer::no);
   EXPECT_TRUE(AttemptToReadSearchWords(path, latin, lists, ui));
   EXPECT_TRUE(ui.output.ends_with("\r\n\r\n"));

@@ -22,6 +22,7 @@ TEST(DeclaredCharset, IsFound) {
       {"<script charset=a></script>", ""},
       {"<title>charset=a</title></HEAD><meta charset=b>", ""},
       {"<body><meta charset=b>", ""},
+      {"a << b <<meta charset=c>", "c"},
       {"<meta", ""},
       {"<", ""}};
   for (const auto& [page, name] : rows) EXPECT_EQ(DeclaredCharset(page), name) << page;

@@ -148,8 +148,10 @@ TEST(PackedText, OfBooks) {
 }
 
 TEST(PackedText, ReadsPartsOneBehindTheOther) {
-  const std::string part = std::string(WORD_START) + "<w:p><w:t>a</w:t></w:p></w:document>";
-  const std::string damaged = std::string(WORD_START) + "<w:p><w:del><w:t>b</w:t>";
+  const std::string part =
+      std::string(WORD_START) + "<w:p><mc:Fallback><w:t>a</w:t></mc:Fallback></w:p></w:document>";
+  const std::string damaged =
+      std::string(WORD_START) + "<w:p><mc:AlternateContent><mc:Choice><w:del><w:t>b</w:t>";
   EXPECT_EQ(TextOf(PartsOf(PackedKind::docx, {part, damaged, part, ""})), "a a!");
 }
 
@@ -165,7 +167,7 @@ TEST(PackedText, GoesOnAfterAStopAndShowsHowFarItIs) {
     ui.ClearStop();
     EXPECT_TRUE(text.Read(ui));
     EXPECT_EQ(text.Take().text, Repeated("word ", words));
-    EXPECT_EQ(ui.bars.empty(), words == 58000);
+    EXPECT_EQ(ui.bars.size() > 2, words == 80000);
     EXPECT_TRUE(ui.bars.empty() || ui.bars.back().empty());
   }
 }
