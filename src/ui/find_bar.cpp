@@ -8,6 +8,21 @@
 #include <QTextDocument>
 
 namespace quorvel {
+namespace {
+
+FindCount CountInBox(const QPlainTextEdit& box, const QString& text) {
+  const int selected = box.textCursor().hasSelection() ? box.textCursor().selectionStart() : -1;
+  FindCount count;
+  const QString all = box.toPlainText();
+  for (qsizetype place = all.indexOf(text, 0, Qt::CaseInsensitive); place >= 0;
+       place = all.indexOf(text, place + text.size(), Qt::CaseInsensitive)) {
+    ++count.all;
+    if (place == selected) count.selected = count.all;
+  }
+  return count;
+}
+
+}  // namespace
 
 FindBar::FindBar(const FindControls& controls, QObject* parent)
     : QObject(parent), controls_(controls) {
@@ -16,9 +31,18 @@ FindBar::FindBar(const FindControls& controls, QObject* parent)
           [this] { Find(QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)); });
 }
 
+QPlainTextEdit& FindBar::Box() const {
+  return target_.box != nullptr ? *target_.box : *controls_.output;
+}
+
+void FindBar::SetTarget(const FindTarget& target) {
+  target_ = target;
+  ShowWhere();
+}
+
 void FindBar::Open() {
   controls_.bar->show();
-  const QString selected = controls_.output->textCursor().selectedText();
+  const QString selected = Box().textCursor().selectedText();
   if (!selected.isEmpty()) controls_.text->setText(selected);
   controls_.text->selectAll();
   controls_.text->setFocus();
@@ -27,7 +51,7 @@ void FindBar::Open() {
 
 void FindBar::Close() const {
   controls_.bar->hide();
-  controls_.output->setFocus();
+  Box().setFocus();
 }
 
 void FindBar::FindAgain(bool backward) {
@@ -37,14 +61,23 @@ void FindBar::FindAgain(bool backward) {
 
 void FindBar::ShowSearchesPart(bool part) {
   searchesPart_ = part;
-  controls_.text->setPlaceholderText(part ? tr("Find in what is shown of the listing")
-                                          : tr("Find in the listing"));
+  ShowWhere();
+}
+
+void FindBar::ShowWhere() {
+  controls_.text->setPlaceholderText(target_.box != nullptr ? tr("Find in the document")
+                                     : searchesPart_ ? tr("Find in what is shown of the listing")
+                                                     : tr("Find in the listing"));
   ShowCount();
 }
 
 void FindBar::Find(bool backward) {
   const QString text = controls_.text->text();
   if (text.isEmpty()) return;
+  if (target_.box != nullptr) {
+    (void)target_.find(text, backward);
+    return ShowCount();
+  }
   const QTextDocument::FindFlags flags =
       backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
   if (!controls_.output->find(text, flags)) {
@@ -61,18 +94,12 @@ void FindBar::ShowCount() const {
     controls_.count->clear();
     return;
   }
-  const int selected = controls_.output->textCursor().selectionStart();
-  int count = 0;
-  int current = 0;
-  const QString all = controls_.output->toPlainText();
-  for (qsizetype place = all.indexOf(text, 0, Qt::CaseInsensitive); place >= 0;
-       place = all.indexOf(text, place + text.size(), Qt::CaseInsensitive)) {
-    ++count;
-    if (place == selected && controls_.output->textCursor().hasSelection()) current = count;
-  }
-  const QString found =
-      current > 0 ? tr("%1 of %2").arg(current).arg(count) : tr("%1 found").arg(count);
-  controls_.count->setText(searchesPart_ ? tr("%1 in what is shown").arg(found) : found);
+  const bool isOther = target_.box != nullptr;
+  const FindCount count = isOther ? target_.count(text) : CountInBox(*controls_.output, text);
+  const QString found = count.selected > 0 ? tr("%1 of %2").arg(count.selected).arg(count.all)
+                                           : tr("%1 found").arg(count.all);
+  controls_.count->setText(searchesPart_ && !isOther ? tr("%1 in what is shown").arg(found)
+                                                     : found);
 }
 
 }  // namespace quorvel

@@ -1,7 +1,9 @@
-// The bar below the output box that finds a text in the listing.
+// The bar below a text that finds in it.
 #pragma once
 
 #include <QObject>
+#include <QString>
+#include <functional>
 
 class QLabel;
 class QLineEdit;
@@ -15,6 +17,20 @@ struct FindControls {
   QLineEdit* text;
   QLabel* count;
   QPlainTextEdit* output;
+};
+
+// How many places there are of what is sought, and the 1-based number of the one that is selected,
+// 0 for none.
+struct FindCount {
+  int selected = 0;
+  int all = 0;
+};
+
+// Another text than that of the box `output`, of which a box shows a part.
+struct FindTarget {
+  QPlainTextEdit* box = nullptr;  // whose selection goes from place to place
+  std::function<bool(const QString&, bool backward)> find;
+  std::function<FindCount(const QString&)> count;
 };
 
 // Case does not matter; behind the last place the search goes on at the first.
@@ -36,14 +52,20 @@ class FindBar : public QObject {
   // Finds what was sought last, which needs no bar; opens that where there is nothing to find.
   void FindAgain(bool backward);
 
+  // Finds in that text from now on, or again in that of `output` where none is given.
+  void SetTarget(const FindTarget& target);
+
   // Says, where this is so, that only a part of the listing is there to be searched.
   void ShowSearchesPart(bool part);
 
  private:
   void Find(bool backward);
   void ShowCount() const;
+  void ShowWhere();
+  [[nodiscard]] QPlainTextEdit& Box() const;
 
   FindControls controls_;
+  FindTarget target_;
   bool searchesPart_ = false;
 };
 

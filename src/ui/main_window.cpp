@@ -10,6 +10,7 @@
 #include <QShortcut>
 
 #include "run/word_lists.h"
+#include "ui/document_pane.h"
 #include "ui/file_viewer.h"
 #include "ui/files_and_options.h"
 #include "ui/find_bar.h"
@@ -19,6 +20,7 @@
 #include "ui/run_control.h"
 #include "ui/settings_panel.h"
 #include "ui/text.h"
+#include "ui/word_lines.h"
 #include "ui_main_window.h"
 #include "util/progress_bar.h"
 
@@ -67,7 +69,22 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
        .showPanel = [this] { panel_->ShowSettings(); }},
       this);
   panel_ = new SettingsPanel(*session_, *interface_, HostOfPanel(), this);
-  run_ = std::make_unique<RunControl>(*ui_, *session_, *interface_, *files_, *panel_);
+  wordLines_ = new WordLines(*session_, *interface_, this);
+  wordLines_->SetHost({.mayLeaveOut = [this] { return session_->Settings().mode == Mode::create; },
+                       .leaveOut = [this](const QStringList& words) { LeaveOut(words); }});
+  ui_->tabResults->addTab(wordLines_, tr("Words and lines"));
+  connect(ui_->tabResults, &QTabWidget::currentChanged, this, [this] {
+    DocumentPane& pane = wordLines_->Document();
+    const bool isListing = ui_->tabResults->currentWidget() != wordLines_;
+    findBar_->SetTarget(
+        isListing ? FindTarget{}
+                  : FindTarget{&pane,
+                               [&pane](const QString& text, bool backward) {
+                                 return pane.Find(text, backward);
+                               },
+                               [&pane](const QString& text) { return pane.CountOf(text); }});
+  });
+  run_ = std::make_unique<RunControl>(*ui_, *session_, *interface_, *files_, *panel_, *wordLines_);
   Initialization();
   ConnectButtons();
   AddShortcuts();
@@ -98,6 +115,15 @@ void MainWindow::Initialization() {
   ui_->txbOutput->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   ui_->txbOutput->setAcceptDrops(false);
   files_->ShowSettings();
+}
+
+// They join the extra stop words, and the listing follows.
+void MainWindow::LeaveOut(const QStringList& words) {
+  files_->TakeControls();
+  std::string& extra = session_->Settings().extraStopWords;
+  for (const QString& word : words) extra += (extra.empty() ? "" : " ") + word.toStdString();
+  files_->ShowSettings();
+  run_->cmdListWords_Click();
 }
 
 void MainWindow::Start(const std::string& path) {

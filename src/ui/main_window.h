@@ -24,6 +24,7 @@ namespace quorvel {
 class FilesAndOptions;
 class FindBar;
 class RunControl;
+class WordLines;
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -45,6 +46,7 @@ class MainWindow : public QMainWindow {
   void Initialization();
   void ConnectButtons();
   void AddShortcuts();
+  void LeaveOut(const QStringList& words);
   [[nodiscard]] PanelHost HostOfPanel();
 
   void cmdViewFile_Click();
@@ -58,6 +60,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Session> session_;
   FilesAndOptions* files_ = nullptr;
   SettingsPanel* panel_ = nullptr;
+  WordLines* wordLines_ = nullptr;
   std::unique_ptr<RunControl> run_;
   QTimer timer1_;  // keeps the controls current
 };

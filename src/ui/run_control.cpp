@@ -3,6 +3,7 @@
 #include <QTimer>
 
 #include "ui/files_and_options.h"
+#include "ui/word_lines.h"
 #include "ui_main_window.h"
 
 namespace quorvel {
@@ -15,10 +16,15 @@ void RunControl::cmdListWords_Click() {
   files_.TakeControls();
   ui_.lblSearchResultsFileSize->clear();
   interface_.HideLostCharacters();
+  // What the run says is said there; what is shown beside it would only take memory from it.
+  const int tab = ui_.tabResults->currentIndex();
+  ui_.tabResults->setCurrentWidget(ui_.tabListing);
+  wordLines_.Release();
   Work(session_.Settings().inputFile, [this] {
     session_.RunConcordance();
     files_.ShowSettings();
   });
+  ui_.tabResults->setCurrentIndex(tab);
   files_.SetTheFocus();
 }
 
@@ -36,6 +42,7 @@ void RunControl::Work(const std::string& file, const std::function<void()>& work
   interface_.BeginWork();
   session_.Enter(file, work);
   interface_.EndWork();
+  wordLines_.Show(session_.CurrentListing());
   EnableControls(true);
   files_.ShowWhatIsPossible();
   files_.ShowFileSizes();
@@ -54,6 +61,7 @@ bool RunControl::ConfirmStop() {
 
 void RunControl::EnableControls(bool enabled) {
   panel_.setEnabled(enabled);
+  wordLines_.setEnabled(enabled);
   for (QWidget* control : ui_.scrollArea->findChildren<QWidget*>()) {
     const bool takesInput = qobject_cast<QAbstractButton*>(control) != nullptr ||
                             qobject_cast<QLineEdit*>(control) != nullptr ||

@@ -17,12 +17,18 @@ class MainWindow;
 namespace quorvel {
 
 class FilesAndOptions;
+class WordLines;
 
 class RunControl {
  public:
   RunControl(Ui::MainWindow& form, Session& session, WindowInterface& interface,
-             FilesAndOptions& files, QWidget& panel)
-      : ui_(form), session_(session), interface_(interface), files_(files), panel_(panel) {}
+             FilesAndOptions& files, QWidget& panel, WordLines& wordLines)
+      : ui_(form),
+        session_(session),
+        interface_(interface),
+        files_(files),
+        panel_(panel),
+        wordLines_(wordLines) {}
 
   // The List button: starts a run or, during one, asks whether to stop it.
   void cmdListWords_Click();
@@ -47,6 +53,7 @@ class RunControl {
   WindowInterface& interface_;
   FilesAndOptions& files_;
   QWidget& panel_;  // beside the main window
+  WordLines& wordLines_;
   bool closesAfterWork_ = false;
 };
 

@@ -195,6 +195,14 @@ std::u16string Alphabet::SortKey(std::u16string_view word) const {
   return ToLowerCase(folded);
 }
 
+std::u16string Alphabet::WithoutAccents(std::u16string_view word) const {
+  const std::u16string plain = StripAccents(word);
+  if (reading_ == Reading::windows1252) return ToLowerCase(plain);
+  std::u16string folded;
+  for (std::size_t i = 0; i < plain.size();) AppendFolded(folded, NextCodePoint(plain, i));
+  return ToLowerCase(folded);
+}
+
 void Alphabet::AppendEncoded(std::string& bytes, std::u16string_view text) const {
   if (reading_ == Reading::unicode) {
     AppendUtf8(bytes, text);

@@ -69,6 +69,9 @@ class Alphabet {
   // What a word is sorted by: lower case, umlauts and accents folded.
   [[nodiscard]] std::u16string SortKey(std::u16string_view word) const;
 
+  // The same, but that an umlaut becomes the letter without its dots.
+  [[nodiscard]] std::u16string WithoutAccents(std::u16string_view word) const;
+
   // Text as the files of a run hold it that was read so, and back: Windows-1252 or UTF-8.
   void AppendEncoded(std::string& bytes, std::u16string_view text) const;
   [[nodiscard]] std::string Encode(std::u16string_view text) const;

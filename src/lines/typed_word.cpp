@@ -1,0 +1,39 @@
+#include "lines/typed_word.h"
+
+#include <algorithm>
+
+#include "lists/wildcard.h"
+#include "util/ascii.h"
+
+namespace quorvel {
+
+TypedWord::TypedWord(std::u16string_view typed, const Alphabet& alphabet)
+    : alphabet_(alphabet),
+      isPattern_(HoldsWildcard(typed)),
+      sorted_(alphabet.SortKey(typed)),
+      plain_(alphabet.WithoutAccents(typed)) {}
+
+TypedWord::Fit TypedWord::FitOf(std::u16string_view folded, std::u16string_view typed) const {
+  if (isPattern_) return MatchesWildcard(folded, typed, alphabet_) ? Fit::whole : Fit::none;
+  if (!folded.starts_with(typed)) return Fit::none;
+  return folded.size() == typed.size() ? Fit::whole : Fit::begins;
+}
+
+TypedWord::Fit TypedWord::FitOf(const WordEntry& entry) const {
+  const Fit sorted = FitOf(entry.sortKey, sorted_);
+  if (sorted == Fit::whole || IsAscii(std::u16string_view(entry.word))) return sorted;
+  return std::max(sorted, FitOf(alphabet_.WithoutAccents(entry.word), plain_));
+}
+
+std::optional<std::size_t> FindTyped(const TypedWord& typed, const WordTable& table,
+                                     const std::vector<std::int32_t>& entries) {
+  std::optional<std::size_t> begins;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const TypedWord::Fit fit = typed.FitOf(table.entries[static_cast<std::size_t>(entries[i])]);
+    if (fit == TypedWord::Fit::whole) return i;
+    if (fit == TypedWord::Fit::begins && !begins) begins = i;
+  }
+  return begins;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,182 @@
+#include "ui/strips_view.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "lines/strips.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int MOST_ROWS = 4;  // in view at once
+constexpr int GAP = 6;        // pixels
+
+}  // namespace
+
+void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
+                const QColor& colour) {
+  constexpr double LEAST = 0.45;  // so that a single one is seen
+  QColor ground = colour;
+  ground.setAlphaF(0.08F);
+  painter.fillRect(place, ground);
+  const std::int32_t most = std::max(1, *std::ranges::max_element(strip));
+  for (std::size_t i = 0; i < strip.size(); ++i) {
+    if (strip[i] == 0) continue;
+    QColor mark = colour;
+    mark.setAlphaF(static_cast<float>(LEAST + (1 - LEAST) * strip[i] / most));
+    painter.fillRect(place.left() + static_cast<int>(i), place.top(), 1, place.height(), mark);
+  }
+}
+
+StripsView::StripsView(QWidget* parent) : QAbstractScrollArea(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setFocusPolicy(Qt::StrongFocus);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void StripsView::Show(std::vector<WordPlaces> words, std::size_t length) {
+  words_ = std::move(words);
+  length_ = length;
+  row_ = 0;
+  updateGeometry();
+  ShowScrollBar();
+  ChooseRow(0);
+}
+
+void StripsView::MarkPlace(std::int32_t position) {
+  marked_ = position;
+  viewport()->update();
+}
+
+int StripsView::RowHeight() const { return fontMetrics().lineSpacing() + 4; }
+
+int StripsView::LabelWidth() const {
+  int widest = 0;
+  for (const WordPlaces& word : words_) {
+    widest = std::max(widest, fontMetrics().horizontalAdvance(word.word));
+  }
+  return std::min(widest, viewport()->width() / 3) + 2 * GAP;
+}
+
+QRect StripsView::StripOfRow(int row, int width) const {
+  const int left = LabelWidth();
+  return {left, row * RowHeight() + 2, std::max(1, width - left - GAP), RowHeight() - 4};
+}
+
+QSize StripsView::sizeHint() const {
+  const int rows = std::clamp(static_cast<int>(words_.size()), 1, MOST_ROWS);
+  return {200, rows * RowHeight() + 2 * frameWidth()};
+}
+
+void StripsView::PaintRows(QPainter& painter, int width) const {
+  for (std::size_t i = 0; i < words_.size(); ++i) {
+    const int row = static_cast<int>(i);
+    const QRect strip = StripOfRow(row, width);
+    const QRect label(GAP, strip.top(), strip.left() - 2 * GAP, strip.height());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(label, Qt::AlignVCenter | Qt::AlignRight,
+                     fontMetrics().elidedText(words_[i].word, Qt::ElideRight, label.width()));
+    PaintStrip(painter, strip, StripOf(words_[i].positions, length_, strip.width()),
+               palette().color(QPalette::Text));
+    if (row == row_ && hasFocus()) {
+      painter.drawRect(strip.adjusted(-1, -1, 0, 0));
+    }
+    if (marked_ == 0) continue;
+    const int column = strip.left() + ColumnOf(marked_, length_, strip.width());
+    painter.fillRect(column - 1, strip.top() - 2, 3, strip.height() + 4,
+                     palette().color(QPalette::Highlight));
+  }
+}
+
+void StripsView::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(viewport());
+  painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
+  painter.translate(0, -verticalScrollBar()->value());
+  PaintRows(painter, viewport()->width());
+}
+
+QImage StripsView::Picture(const QString& title) const {
+  const int width = viewport()->width();
+  const int top = RowHeight() + GAP;
+  QImage image(width, top + static_cast<int>(words_.size()) * RowHeight() + GAP,
+               QImage::Format_RGB32);
+  image.fill(palette().color(QPalette::Base));
+  QPainter painter(&image);
+  painter.setFont(font());
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(GAP, GAP, width, RowHeight(), Qt::AlignVCenter, title);
+  painter.translate(0, top);
+  PaintRows(painter, width);
+  return image;
+}
+
+void StripsView::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  ShowScrollBar();
+}
+
+void StripsView::ShowScrollBar() {
+  const int all = static_cast<int>(words_.size()) * RowHeight();
+  verticalScrollBar()->setRange(0, std::max(0, all - viewport()->height()));
+  verticalScrollBar()->setPageStep(viewport()->height());
+  verticalScrollBar()->setSingleStep(RowHeight());
+}
+
+void StripsView::ChooseRow(int row) {
+  row_ = std::clamp(row, 0, std::max(0, static_cast<int>(words_.size()) - 1));
+  const bool any = !words_.empty();
+  const WordPlaces none;
+  const WordPlaces& word = any ? words_[static_cast<std::size_t>(row_)] : none;
+  setAccessibleDescription(
+      any ? tr("%1: %n place(s)", nullptr, static_cast<int>(word.positions.size())).arg(word.word)
+          : QString());
+  QScrollBar& bar = *verticalScrollBar();
+  const int top = row_ * RowHeight();
+  bar.setValue(
+      std::clamp(bar.value(), std::min(top, top + RowHeight() - viewport()->height()), top));
+  viewport()->update();
+}
+
+void StripsView::mousePressEvent(QMouseEvent* event) {
+  const int row = (event->pos().y() + verticalScrollBar()->value()) / RowHeight();
+  if (row >= static_cast<int>(words_.size())) return;
+  ChooseRow(row);
+  const QRect strip = StripOfRow(row, viewport()->width());
+  const int column = std::clamp(event->pos().x() - strip.left(), 0, strip.width() - 1);
+  const auto wanted =
+      static_cast<std::int64_t>(column) * static_cast<std::int64_t>(length_) / strip.width();
+  const std::vector<std::int32_t>& positions = words_[static_cast<std::size_t>(row)].positions;
+  if (positions.empty()) return;
+  const auto distance = [wanted](std::int32_t position) {
+    return std::abs(std::int64_t{position} - wanted);
+  };
+  emit PlaceChosen(row, *std::ranges::min_element(positions, {}, distance));
+}
+
+void StripsView::GoBeside(bool forward) {
+  if (words_.empty()) return;
+  const std::vector<std::int32_t>& positions = words_[static_cast<std::size_t>(row_)].positions;
+  const auto behind = std::ranges::upper_bound(positions, marked_);
+  const auto here = std::ranges::lower_bound(positions, marked_);
+  if (forward && behind != positions.end()) emit PlaceChosen(row_, *behind);
+  if (!forward && here != positions.begin()) emit PlaceChosen(row_, *std::prev(here));
+}
+
+void StripsView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Up) {
+    ChooseRow(row_ - 1);
+  } else if (event->key() == Qt::Key_Down) {
+    ChooseRow(row_ + 1);
+  } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+    GoBeside(event->key() == Qt::Key_Right);
+  } else {
+    QAbstractScrollArea::keyPressEvent(event);
+  }
+}
+
+}  // namespace quorvel

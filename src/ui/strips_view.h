@@ -1,0 +1,68 @@
+// Where in the document the chosen words stand: a strip for each, with a mark for each line.
+//
+// A click goes to the nearest place, as the left and the right key go to the one before and behind;
+// up and down choose the strip.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QImage>
+#include <cstdint>
+#include <vector>
+
+namespace quorvel {
+
+// Draws a strip: a stroke for each of its columns that has an occurrence, the darker the more it
+// has.
+void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
+                const QColor& colour);
+
+// A word and the places of its lines, 1-based and ascending.
+struct WordPlaces {
+  QString word;
+  std::vector<std::int32_t> positions;
+};
+
+class StripsView : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit StripsView(QWidget* parent = nullptr);
+
+  // Shows these words of a document of `length` code units.
+  void Show(std::vector<WordPlaces> words, std::size_t length);
+
+  // Marks a place in all strips; 0 for none.
+  void MarkPlace(std::int32_t position);
+
+  // The strips as a picture, all of them, under a title.
+  [[nodiscard]] QImage Picture(const QString& title) const;
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ signals:
+  // The user wants to go to a place of the word of this number.
+  void PlaceChosen(int word, std::int32_t position);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  [[nodiscard]] int RowHeight() const;
+  [[nodiscard]] int LabelWidth() const;
+  [[nodiscard]] QRect StripOfRow(int row, int width) const;
+  void PaintRows(QPainter& painter, int width) const;
+  void ShowScrollBar();
+  void ChooseRow(int row);
+  void GoBeside(bool forward);
+
+  std::vector<WordPlaces> words_;
+  std::size_t length_ = 0;
+  std::int32_t marked_ = 0;
+  int row_ = 0;
+};
+
+}  // namespace quorvel

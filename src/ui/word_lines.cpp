@@ -1,0 +1,536 @@
+#include "ui/word_lines.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QDataStream>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+#include <QShortcut>
+#include <algorithm>
+#include <utility>
+
+#include "files/path_names.h"
+#include "lines/line_text.h"
+#include "lines/strips.h"
+#include "output/occurrence_rows.h"
+#include "ui/document_pane.h"
+#include "ui/text.h"
+#include "ui_word_lines.h"
+#include "util/time_text.h"
+#include "util/visible_text.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int LARGEST_MATCH = 30;  // characters that the column of the matches has room for
+
+// Whatever keys are held, which would choose it beside others.
+void ChooseRow(QTableView& table, int row) {
+  table.selectionModel()->setCurrentIndex(
+      table.model()->index(row, 0),
+      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+std::vector<LineGroup> EachOnce(const Lines& lines) {
+  std::vector<LineGroup> groups;
+  groups.reserve(lines.size());
+  for (const Line& line : lines) groups.push_back({line, 1});
+  return groups;
+}
+
+}  // namespace
+
+WordLines::WordLines(Session& session, Conversation& ui, QWidget* parent)
+    : QWidget(parent),
+      ui_(std::make_unique<Ui::WordLines>()),
+      session_(session),
+      conversation_(ui),
+      words_(new WordsModel(this)),
+      lines_(new LinesModel(this)) {
+  ui_->setupUi(this);
+  ui_->tblWords->setModel(words_);
+  ui_->tblWords->setItemDelegateForColumn(WordsModel::PLACES, new StripDelegate(this));
+  ui_->tblLines->setModel(lines_);
+  ui_->tblLines->setItemDelegate(new LineDelegate(this));
+  for (QTableView* table : {ui_->tblWords, ui_->tblLines}) {
+    table->verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + 4);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->viewport()->installEventFilter(this);
+  }
+  ui_->tblWords->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  ui_->splitWords->setStretchFactor(1, 1);
+  ui_->splitRight->setStretchFactor(0, 3);
+  ui_->splitRight->setStretchFactor(1, 2);
+  ui_->splitWords->setSizes({260, 740});
+  ConnectWords();
+  ConnectLines();
+  AddKeys();
+  ShowOrders();
+  ShowCount();
+}
+
+WordLines::~WordLines() = default;
+
+DocumentPane& WordLines::Document() const { return *ui_->txbDocument; }
+
+void WordLines::ConnectWords() {
+  connect(ui_->txbFindWord, &QLineEdit::textChanged, this, &WordLines::txbFindWord_Change);
+  connect(ui_->txbFindWord, &QLineEdit::returnPressed, ui_->tblWords,
+          [this] { ui_->tblWords->setFocus(); });
+  connect(ui_->tblWords->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &WordLines::ShowLines);
+  connect(ui_->tblWords, &QWidget::customContextMenuRequested, this, &WordLines::tblWords_Menu);
+  // A model that is sorted anew forgets what was chosen.
+  auto chosen = std::make_shared<std::vector<std::int32_t>>();
+  connect(words_, &QAbstractItemModel::modelAboutToBeReset, this,
+          [this, chosen] { *chosen = ChosenEntries(); });
+  connect(words_, &QAbstractItemModel::modelReset, this, [this, chosen] {
+    if (!isStale_) ChooseWords(*chosen);
+  });
+}
+
+void WordLines::ConnectLines() {
+  connect(ui_->cboLineOrder, &QComboBox::currentIndexChanged, this, &WordLines::ShowLines);
+  connect(ui_->chkDescending, &QCheckBox::toggled, this, &WordLines::ShowLines);
+  connect(ui_->chkEqualOnce, &QCheckBox::toggled, this, &WordLines::ShowLines);
+  connect(ui_->txbLineFilter, &QLineEdit::textChanged, this, &WordLines::ShowLines);
+  connect(ui_->tblLines->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          &WordLines::ShowLine);
+  connect(ui_->tblLines, &QWidget::customContextMenuRequested, this, &WordLines::tblLines_Menu);
+  connect(ui_->cmdSaveLines, &QPushButton::clicked, this, &WordLines::cmdSaveLines_Click);
+  ui_->stripsView->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(ui_->stripsView, &QWidget::customContextMenuRequested, this, &WordLines::stripsView_Menu);
+  connect(ui_->stripsView, &StripsView::PlaceChosen, this,
+          [this](int /*word*/, std::int32_t position) { GoTo(position); });
+  connect(ui_->txbDocument, &DocumentPane::WordChosen, this, &WordLines::txbDocument_WordChosen);
+}
+
+void WordLines::AddKeys() {
+  const auto on = [this](QKeySequence key, QWidget* where, auto act) {
+    connect(new QShortcut(key, where, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, act);
+  };
+  on(QKeySequence::Copy, ui_->tblWords, [this] { CopyWords(); });
+  on(QKeySequence::Copy, ui_->tblLines, [this] { CopyLines(); });
+  on(Qt::CTRL | Qt::Key_Down, this, [this] { GoToPlace(true); });
+  on(Qt::CTRL | Qt::Key_Up, this, [this] { GoToPlace(false); });
+}
+
+void WordLines::Show(std::shared_ptr<const Listing> listing) {
+  if (listing == listing_ && !isStale_) return;
+  const QStringList chosen = wanted_;
+  Release();
+  wanted_ = chosen.isEmpty() ? wanted_ : chosen;
+  listing_ = std::move(listing);
+  isStale_ = true;
+  if (isVisible()) Update();
+}
+
+void WordLines::Release() {
+  if (work_ != nullptr) work_->RequestStop();
+  if (listing_ != nullptr && !isStale_) {
+    wanted_.clear();
+    for (const std::int32_t entry : ChosenEntries()) {
+      wanted_.append(QString::fromStdU16String(
+          listing_->words->words.table->entries[static_cast<std::size_t>(entry)].word));
+    }
+  }
+  isStale_ = true;  // so that nothing is made of what goes
+  listing_.reset();
+  all_.clear();
+  groups_.clear();
+  words_->Show(nullptr);
+  lines_->Show(nullptr, {});
+  ui_->txbDocument->Show(nullptr);
+  ui_->stripsView->Show({}, 0);
+  ShowCount();
+}
+
+void WordLines::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (isStale_) Update();
+}
+
+void WordLines::Update() {
+  words_->Show(listing_);
+  isStale_ = false;
+  ShowOrders();
+  if (listing_ == nullptr) return;
+  ui_->txbDocument->Show(listing_->words->words.document);
+  const std::vector<WordEntry>& words = listing_->words->words.table->entries;
+  std::vector<std::int32_t> entries;
+  for (const QString& word : std::as_const(wanted_)) {
+    const auto found = std::ranges::find(words, word.toStdU16String(), &WordEntry::word);
+    if (found != words.end()) entries.push_back(static_cast<std::int32_t>(found - words.begin()));
+  }
+  std::erase_if(entries, [this](std::int32_t entry) { return words_->RowOf(entry) < 0; });
+  if (entries.empty() && words_->rowCount() > 0) entries.push_back(words_->EntryAt(0));
+  FitColumns();
+  ChooseWords(entries);
+}
+
+void WordLines::ChooseWords(const std::vector<std::int32_t>& entries) {
+  QItemSelection rows;
+  int first = -1;
+  for (const std::int32_t entry : entries) {
+    const int row = words_->RowOf(entry);
+    if (row < 0) continue;
+    if (first < 0) first = row;
+    rows.select(words_->index(row, 0), words_->index(row, WordsModel::COLUMNS - 1));
+  }
+  QItemSelectionModel& selection = *ui_->tblWords->selectionModel();
+  if (first < 0) return ShowLines();
+  selection.setCurrentIndex(words_->index(first, 0), QItemSelectionModel::NoUpdate);
+  selection.select(rows, QItemSelectionModel::ClearAndSelect);
+  ui_->tblWords->scrollTo(words_->index(first, 0), QAbstractItemView::PositionAtCenter);
+}
+
+std::vector<std::int32_t> WordLines::ChosenEntries() const {
+  std::vector<std::int32_t> entries;
+  for (const QModelIndex& index : ui_->tblWords->selectionModel()->selectedRows()) {
+    entries.push_back(words_->EntryAt(index.row()));
+  }
+  std::ranges::sort(entries);
+  return entries;
+}
+
+LineSource WordLines::Source() const {
+  LineSource source = LinesOfListing(*listing_);
+  // A bare word list has no contexts, but its words have.
+  if (source.context.contextSize == 0) source.context.contextSize = ContextOptions().contextSize;
+  return source;
+}
+
+// The orders, for as many words as a context has.
+void WordLines::ShowOrders() {
+  const int size = listing_ == nullptr ? 1 : Source().context.contextSize;
+  if (ui_->cboLineOrder->count() == 2 * size + 2) return;
+  const QVariant chosen = ui_->cboLineOrder->currentData();
+  const QSignalBlocker blocker(ui_->cboLineOrder);
+  ui_->cboLineOrder->clear();
+  ui_->cboLineOrder->addItem(tr("Place"), 0);
+  for (int word = 1; word <= size; ++word)
+    ui_->cboLineOrder->addItem(tr("Right %1").arg(word), word);
+  for (int word = 1; word <= size; ++word)
+    ui_->cboLineOrder->addItem(tr("Left %1").arg(word), -word);
+  ui_->cboLineOrder->addItem(tr("Match"), LARGEST_CONTEXT_SIZE + 1);
+  ui_->cboLineOrder->setCurrentIndex(std::max(0, ui_->cboLineOrder->findData(chosen)));
+}
+
+LineOrder WordLines::Order() const {
+  LineOrder order;
+  const int chosen = ui_->cboLineOrder->currentData().toInt();
+  order.key = chosen == 0                     ? LineKey::place
+              : chosen > LARGEST_CONTEXT_SIZE ? LineKey::match
+              : chosen > 0                    ? LineKey::right
+                                              : LineKey::left;
+  order.fromWord = std::abs(chosen);
+  order.isDescending = ui_->chkDescending->isChecked();
+  return order;
+}
+
+// Makes the lines again. What comes up meanwhile, in the events that run, ends this and is made
+// when it has ended.
+void WordLines::ShowLines() {
+  if (isStale_ || listing_ == nullptr) return;
+  wantsOther_ = true;
+  if (work_ != nullptr) return work_->RequestStop();
+  while (std::exchange(wantsOther_, false) && listing_ != nullptr) {
+    ui_->lblLineCount->setText(tr("..."));
+    if (!MakeLines()) continue;
+    const auto row = ui_->tblLines->currentIndex();
+    const std::int32_t before =
+        row.isValid() ? lines_->Groups()[static_cast<std::size_t>(row.row())].first.position : 0;
+    lines_->Show(listing_, std::move(groups_));
+    FitColumns();
+    ShowCount();
+    ShowStrips();
+    const int again = before == 0 ? -1 : lines_->RowOf(before);
+    if (lines_->rowCount() > 0) ChooseRow(*ui_->tblLines, std::max(again, 0));
+  }
+}
+
+// False when they are no longer wanted.
+bool WordLines::MakeLines() {
+  TableWork work;
+  work_ = &work;
+  const std::shared_ptr<const Listing> listing = listing_;
+  const LineSource source = Source();
+  std::optional<Lines> lines = LinesOf(source, ChosenEntries(), work);
+  if (lines) all_ = *lines;
+  const QString wanted = ui_->txbLineFilter->text().simplified();
+  if (lines && !wanted.isEmpty()) {
+    const Alphabet& alphabet = source.words.document->AlphabetOf();
+    lines = LinesWith(alphabet.Typed(wanted.toStdString()), *lines, source, work);
+  }
+  bool isMade = lines && OrderLines(*lines, source, Order(), work);
+  std::optional<std::vector<LineGroup>> groups;
+  if (isMade) {
+    groups =
+        ui_->chkEqualOnce->isChecked() ? EqualLinesOnce(*lines, source, work) : EachOnce(*lines);
+  }
+  isMade = groups.has_value() && listing == listing_;
+  if (isMade) groups_ = *std::move(groups);
+  work_ = nullptr;
+  return isMade;
+}
+
+void WordLines::ShowCount() {
+  const auto count = static_cast<std::int64_t>(lines_->rowCount());
+  const QString lines =
+      count == 1 ? tr("1 line") : tr("%1 lines").arg(ShownText(GroupedNumber(count)).trimmed());
+  ui_->lblLineCount->setText(lines);
+  ui_->cmdSaveLines->setEnabled(count > 0);
+}
+
+void WordLines::ShowStrips() {
+  std::vector<WordPlaces> words;
+  std::vector<std::int32_t> entries;
+  for (const std::int32_t entry : ChosenEntries()) {
+    entries.push_back(entry);
+    const WordEntry& word = listing_->words->words.table->entries[static_cast<std::size_t>(entry)];
+    words.push_back({QString::fromStdU16String(word.word), {}});
+  }
+  for (const Line& line : all_) {
+    const auto place = std::ranges::lower_bound(entries, line.entry) - entries.begin();
+    words[static_cast<std::size_t>(place)].positions.push_back(line.position);
+  }
+  ui_->stripsView->Show(std::move(words), listing_->Source().documentText.size());
+}
+
+void WordLines::ShowLine() {
+  const QModelIndex current = ui_->tblLines->currentIndex();
+  if (!current.isValid() || listing_ == nullptr) return;
+  ui_->txbDocument->Mark(lines_->PlaceOf(current.row()));
+  ui_->stripsView->MarkPlace(
+      lines_->Groups()[static_cast<std::size_t>(current.row())].first.position);
+}
+
+// The matches have a column of their own width in the middle, the contexts what is left.
+void WordLines::FitColumns() {
+  QTableView& lines = *ui_->tblLines;
+  const bool once = ui_->chkEqualOnce->isChecked();
+  lines.setColumnHidden(LinesModel::TIMES, !once);
+  QFont bold = font();
+  bold.setBold(true);
+  const QFontMetrics metrics(bold);
+  int match = metrics.horizontalAdvance("mmmm");
+  for (const QModelIndex& index : ui_->tblWords->selectionModel()->selectedRows()) {
+    const QString word = QString::fromStdU16String(words_->WordAt(index.row()).word);
+    match = std::max(match, metrics.horizontalAdvance(word.left(LARGEST_MATCH) + "sm"));
+  }
+  const int times = once ? metrics.horizontalAdvance("0000000") : 0;
+  const int side = std::max(50, (lines.viewport()->width() - match - times) / 2);
+  lines.setColumnWidth(LinesModel::LEFT, side);
+  lines.setColumnWidth(LinesModel::MATCH, match);
+  lines.setColumnWidth(LinesModel::RIGHT, side);
+  lines.setColumnWidth(LinesModel::TIMES, times);
+  QTableView& words = *ui_->tblWords;
+  const int number = metrics.horizontalAdvance("000,000,0");
+  const int room = words.viewport()->width() - number;
+  words.setColumnWidth(WordsModel::WORD, room / 2);
+  words.setColumnWidth(WordsModel::COUNT, number);
+  words.setColumnWidth(WordsModel::PLACES, room - room / 2);
+}
+
+bool WordLines::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) FitColumns();
+  return QWidget::eventFilter(watched, event);
+}
+
+void WordLines::txbFindWord_Change() {
+  const QString typed = ui_->txbFindWord->text();
+  words_->Narrow(typed);
+  const int row = words_->Find(typed);
+  if (row >= 0) ChooseWords({words_->EntryAt(row)});
+}
+
+void WordLines::GoTo(std::int32_t position) {
+  int row = lines_->RowOf(position);
+  // Equal lines shown once stand for places that have no row.
+  if (row >= 0) {
+    ChooseRow(*ui_->tblLines, row);
+    return;
+  }
+  const auto line = std::ranges::find(all_, position, &Line::position);
+  if (line == all_.end()) return;
+  const WordEntry& word =
+      listing_->words->words.table->entries[static_cast<std::size_t>(line->entry)];
+  ui_->txbDocument->Mark(SpanOfOccurrence(listing_->Source().documentText, word.word, position));
+  ui_->stripsView->MarkPlace(position);
+}
+
+void WordLines::GoToPlace(bool forward) {
+  if (all_.empty()) return;
+  const QModelIndex current = ui_->tblLines->currentIndex();
+  const std::int32_t here =
+      current.isValid() ? lines_->Groups()[static_cast<std::size_t>(current.row())].first.position
+                        : 0;
+  const auto behind = std::ranges::upper_bound(all_, here, {}, &Line::position);
+  const auto at = std::ranges::lower_bound(all_, here, {}, &Line::position);
+  if (forward && behind != all_.end()) GoTo(behind->position);
+  if (!forward && at != all_.begin()) GoTo(std::prev(at)->position);
+}
+
+void WordLines::txbDocument_WordChosen(std::size_t place) {
+  if (listing_ == nullptr) return;
+  const std::vector<WordEntry>& words = listing_->words->words.table->entries;
+  const std::u16string_view text = listing_->Source().documentText;
+  for (int row = 0; row < words_->rowCount(); ++row) {
+    const std::int32_t entry = words_->EntryAt(row);
+    const WordEntry& word = words[static_cast<std::size_t>(entry)];
+    // The last place that is recorded at or just behind this one.
+    const auto behind =
+        std::ranges::upper_bound(word.positions, static_cast<std::int32_t>(place) + 2);
+    if (behind == word.positions.begin()) continue;
+    const std::int32_t position = *std::prev(behind);
+    const TextSpan span = SpanOfOccurrence(text, word.word, position);
+    if (place < span.begin || place > span.end) continue;
+    ChooseWords({entry});
+    GoTo(position);
+    return;
+  }
+}
+
+void WordLines::tblWords_Menu(const QPoint& place) {
+  QMenu menu(this);
+  menu.setObjectName("wordMenu");
+  const bool any = !ChosenEntries().empty();
+  QAction* leaveOut = menu.addAction(tr("Leave out"));
+  leaveOut->setEnabled(any && host_.mayLeaveOut());
+  QAction* copy = menu.addAction(tr("Copy"));
+  copy->setEnabled(any);
+  const QAction* chosen = menu.exec(ui_->tblWords->viewport()->mapToGlobal(place));
+  if (chosen == copy) CopyWords();
+  if (chosen != leaveOut) return;
+  QStringList words;
+  for (const std::int32_t entry : ChosenEntries()) {
+    words.append(QString::fromStdU16String(
+        listing_->words->words.table->entries[static_cast<std::size_t>(entry)].word));
+  }
+  host_.leaveOut(words);
+}
+
+void WordLines::tblLines_Menu(const QPoint& place) {
+  QMenu menu(this);
+  menu.setObjectName("lineMenu");
+  QAction* copy = menu.addAction(tr("Copy"));
+  QAction* save = menu.addAction(tr("Save lines ..."));
+  const QAction* chosen = menu.exec(ui_->tblLines->viewport()->mapToGlobal(place));
+  if (chosen == copy) CopyLines();
+  if (chosen == save) cmdSaveLines_Click();
+}
+
+void WordLines::stripsView_Menu(const QPoint& place) {
+  QMenu menu(this);
+  menu.setObjectName("stripsMenu");
+  const QAction* save = menu.addAction(tr("Save picture ..."));
+  if (menu.exec(ui_->stripsView->mapToGlobal(place)) == save) SavePicture();
+}
+
+void WordLines::CopyWords() {
+  QStringList words;
+  for (const QModelIndex& index : ui_->tblWords->selectionModel()->selectedRows()) {
+    words.append(words_->index(index.row(), WordsModel::WORD).data().toString());
+  }
+  QGuiApplication::clipboard()->setText(words.join('\n'));
+}
+
+std::vector<LineGroup> WordLines::ChosenLines() const {
+  std::vector<int> rows;
+  for (const QModelIndex& index : ui_->tblLines->selectionModel()->selectedRows()) {
+    rows.push_back(index.row());
+  }
+  std::ranges::sort(rows);
+  std::vector<LineGroup> lines;
+  for (const int row : rows) lines.push_back(lines_->Groups()[static_cast<std::size_t>(row)]);
+  return lines;
+}
+
+void WordLines::CopyLines() {
+  if (listing_ == nullptr) return;
+  std::string text;
+  TableWork work;
+  ComposeLineText(
+      ChosenLines(), Source(), LineForm::tabbed, ui_->chkEqualOnce->isChecked(),
+      [&text](std::string_view piece) {
+        text += piece;
+        return true;
+      },
+      work);
+  QGuiApplication::clipboard()->setText(QString::fromStdString(text).chopped(1));
+}
+
+void WordLines::SayNotSaved(const Fault& fault, const std::string& path) {
+  const bool replaces = fault.kind == FaultKind::wouldReplace;
+  conversation_.Tell(replaces ? "This file cannot be the same as the " + fault.reason + "."
+                              : VisibleName(path) + "\r\n" + fault.reason,
+                     STANDARD_TITLE);
+}
+
+// The kind of file goes by its name.
+void WordLines::cmdSaveLines_Click() {
+  if (listing_ == nullptr) return;
+  const QString chosen = QFileDialog::getSaveFileName(
+      this, tr("Save lines"), {}, tr("Text (*.txt);;Tab-separated values (*.tsv);;JSON (*.json)"));
+  if (chosen.isEmpty()) return;
+  const std::string path = PathOf(chosen);
+  const std::string extension = LowerExtensionOf(path);
+  const bool once = ui_->chkEqualOnce->isChecked();
+  Listing listing = *listing_;
+  listing.options.contextSize = Source().context.contextSize;
+  TableWork work;
+  const auto fault = session_.Save(path, [&](const PieceSink& take) {
+    if (extension == "tsv" || extension == "json") {
+      const RowFormat format = extension == "json" ? RowFormat::json : RowFormat::tsv;
+      ComposeLines(listing, lines_->Groups(), once, format, take, work);
+    } else {
+      ComposeLineText(lines_->Groups(), Source(), LineForm::aligned, once, take, work);
+    }
+  });
+  if (fault) SayNotSaved(*fault, path);
+}
+
+void WordLines::SavePicture() {
+  if (listing_ == nullptr) return;
+  const QString chosen = QFileDialog::getSaveFileName(this, tr("Save picture"), {},
+                                                      tr("Drawing (*.svg);;Picture (*.png)"));
+  if (chosen.isEmpty()) return;
+  const std::string path = PathOf(chosen);
+  const std::string title = VisibleName(listing_->Source().source.path);
+  TableWork work;
+  const auto fault = session_.Save(path, [&](const PieceSink& take) {
+    if (LowerExtensionOf(path) == "png") {
+      QByteArray bytes;
+      QBuffer buffer(&bytes);
+      ui_->stripsView->Picture(ShownText(title)).save(&buffer, "PNG");
+      take(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    } else {
+      DrawStrips(title, Source(), ChosenEntries(), take, work);
+    }
+  });
+  if (fault) SayNotSaved(*fault, path);
+}
+
+QByteArray WordLines::State() const {
+  QByteArray state;
+  QDataStream stream(&state, QIODevice::WriteOnly);
+  stream << ui_->splitWords->saveState() << ui_->splitRight->saveState();
+  return state;
+}
+
+void WordLines::Restore(const QByteArray& state) {
+  QDataStream stream(state);
+  QByteArray words;
+  QByteArray right;
+  stream >> words >> right;
+  if (stream.status() != QDataStream::Ok) return;
+  ui_->splitWords->restoreState(words);
+  ui_->splitRight->restoreState(right);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,143 @@
+#include "ui/words_model.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+#include "lines/strips.h"
+#include "lists/wildcard.h"
+#include "ui/strips_view.h"
+#include "ui/text.h"
+#include "util/time_text.h"
+
+namespace quorvel {
+
+void WordsModel::Show(std::shared_ptr<const Listing> listing) {
+  beginResetModel();
+  listing_ = std::move(listing);
+  Arrange();
+  endResetModel();
+}
+
+void WordsModel::Narrow(const QString& typed) {
+  const QString pattern = HoldsWildcard(typed.toStdU16String()) ? typed : QString();
+  if (pattern == pattern_) return;
+  beginResetModel();
+  pattern_ = pattern;
+  Arrange();
+  endResetModel();
+}
+
+void WordsModel::Arrange() {
+  entries_.clear();
+  if (listing_ == nullptr) return;
+  entries_ = EntriesInOrder(*listing_);
+  const std::vector<WordEntry>& words = listing_->words->words.table->entries;
+  const auto wordOf = [&words](std::int32_t entry) -> const WordEntry& {
+    return words[static_cast<std::size_t>(entry)];
+  };
+  if (!pattern_.isEmpty()) {
+    const TypedWord typed = Typed(pattern_);
+    std::erase_if(entries_, [&](std::int32_t entry) {
+      return typed.FitOf(wordOf(entry)) == TypedWord::Fit::none;
+    });
+  }
+  if (sortedBy_ < 0) return;
+  // The table is alphabetical, and what is equal stands so.
+  std::ranges::sort(entries_);
+  const bool isAscending = sortOrder_ == Qt::AscendingOrder;
+  if (sortedBy_ == WORD) {
+    if (!isAscending) std::ranges::reverse(entries_);
+    return;
+  }
+  std::ranges::stable_sort(entries_, [&](std::int32_t a, std::int32_t b) {
+    const auto keyOf = [&](std::int32_t entry) {
+      return sortedBy_ == COUNT ? wordOf(entry).Count() : wordOf(entry).positions.front();
+    };
+    return isAscending ? keyOf(a) < keyOf(b) : keyOf(b) < keyOf(a);
+  });
+}
+
+TypedWord WordsModel::Typed(const QString& typed) const {
+  const Alphabet& alphabet = listing_->Source().AlphabetOf();
+  return {alphabet.Typed(typed.toStdString()), alphabet};
+}
+
+int WordsModel::Find(const QString& typed) const {
+  if (listing_ == nullptr || typed.isEmpty()) return -1;
+  const auto row = FindTyped(Typed(typed), *listing_->words->words.table, entries_);
+  return row ? static_cast<int>(*row) : -1;
+}
+
+int WordsModel::RowOf(std::int32_t entry) const {
+  const auto found = std::ranges::find(entries_, entry);
+  return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+}
+
+const WordEntry& WordsModel::WordAt(int row) const {
+  return listing_->words->words.table->entries[static_cast<std::size_t>(EntryAt(row))];
+}
+
+std::vector<std::int32_t> WordsModel::StripAt(int row, int columns) const {
+  return StripOf(WordAt(row).positions, listing_->Source().documentText.size(), columns);
+}
+
+int WordsModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+}
+
+int WordsModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : COLUMNS;
+}
+
+// What the strip shows, for a screen reader.
+QString WordsModel::SpokenPlaces(const WordEntry& word) const {
+  const std::size_t length = listing_->Source().documentText.size();
+  constexpr int PERCENT = 100;
+  return tr("from %1 % to %2 % of the document")
+      .arg(ColumnOf(word.positions.front(), length, PERCENT))
+      .arg(ColumnOf(word.positions.back(), length, PERCENT));
+}
+
+QVariant WordsModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const WordEntry& word = WordAt(index.row());
+  if (role == Qt::TextAlignmentRole && index.column() == COUNT) {
+    return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+  }
+  if (index.column() == PLACES) {
+    return role == Qt::AccessibleTextRole || role == Qt::ToolTipRole ? SpokenPlaces(word)
+                                                                     : QVariant();
+  }
+  if (role != Qt::DisplayRole) return {};
+  if (index.column() == WORD) return QString::fromStdU16String(word.word);
+  return ShownText(GroupedNumber(word.Count()));
+}
+
+QVariant WordsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return section == WORD ? tr("Word") : section == COUNT ? tr("Number") : tr("Where");
+}
+
+void WordsModel::sort(int column, Qt::SortOrder order) {
+  if (column == sortedBy_ && order == sortOrder_) return;
+  beginResetModel();
+  sortedBy_ = column;
+  sortOrder_ = order;
+  Arrange();
+  endResetModel();
+}
+
+void StripDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
+  QStyledItemDelegate::paint(painter, option, index);
+  const auto& model = dynamic_cast<const WordsModel&>(*index.model());
+  const QRect cell = option.rect.adjusted(3, 3, -3, -3);
+  if (cell.width() < 1) return;
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+  const QPalette::ColorRole role = isSelected ? QPalette::HighlightedText : QPalette::Text;
+  PaintStrip(*painter, cell, model.StripAt(index.row(), cell.width()), option.palette.color(role));
+}
+
+}  // namespace quorvel

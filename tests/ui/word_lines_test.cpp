@@ -1,0 +1,255 @@
+#include "ui/word_lines.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTest>
+#include <QTextBlock>
+#include <QWindow>
+#include <set>
+
+#include "support/made_texts.h"
+#include "ui/window_test.h"
+
+namespace quorvel {
+namespace {
+
+class WordsAndLines : public WindowTest {
+ protected:
+  // Lists a text and goes to the tab by its key.
+  void OpenTab(const std::string& text = HARBOUR) {
+    OpenText("a.txt", text);
+    List();
+    GoToTab();
+  }
+
+  void GoToTab() {
+    Control("tabResults").setFocus();
+    Press(Qt::CTRL | Qt::Key_Tab);
+  }
+
+  QTableView& Table(const char* name) { return dynamic_cast<QTableView&>(Control(name)); }
+
+  // What a table shows, or its chosen rows: the columns of a row with "|" between them. Contexts
+  // are cut to their nearest characters.
+  std::string Rows(const char* name, bool chosenOnly = false) {
+    QTableView& table = Table(name);
+    std::string rows;
+    for (int row = 0; row < table.model()->rowCount(); ++row) {
+      if (chosenOnly && !table.selectionModel()->isRowSelected(row)) continue;
+      QString shown;
+      for (int column = 0; column < table.model()->columnCount(); ++column) {
+        if (table.isColumnHidden(column)) continue;
+        const QString text = table.model()->index(row, column).data().toString();
+        const bool isLines = std::string_view(name) == "tblLines";
+        shown += isLines && column == 0   ? text.right(8) + "|"
+                 : isLines && column == 2 ? text.left(8) + "|"
+                                          : text + "|";
+      }
+      rows += shown.toStdString() + "\n";
+    }
+    return rows;
+  }
+
+  void ClickRow(const char* name, int row, Qt::KeyboardModifiers keys = {},
+                Qt::MouseButton button = Qt::LeftButton) {
+    QCoreApplication::processEvents();  // the window is laid out anew
+    QTableView& table = Table(name);
+    const QRect cell = table.visualRect(table.model()->index(row, 1));
+    const QPoint place = table.viewport()->mapTo(window_.get(), cell.center());
+    Do(name, {}, [&] { QTest::mouseClick(window_->windowHandle(), button, keys, place); });
+  }
+
+  // Acts, which opens a menu, and chooses the entry of this text by keys.
+  void ChooseFromMenu(const QString& entry, const BoxList& boxes,
+                      const std::function<void()>& act) {
+    QTimer::singleShot(0, window_.get(), [this, entry] { PressEntry(entry); });
+    Do(entry.toStdString(), boxes, act);
+  }
+
+  void PressEntry(const QString& entry) {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) {
+      return QTimer::singleShot(10, window_.get(), [this, entry] { PressEntry(entry); });
+    }
+    for (QAction* action : menu->actions()) {
+      QTest::keyClick(menu, Qt::Key_Down);
+      if (action->text().remove('&') == entry) {
+        QTest::keyClick(menu, Qt::Key_Return);
+        return;
+      }
+    }
+    ADD_FAILURE() << "no entry " << entry.toStdString();
+    menu->close();
+  }
+
+  // The document around its mark: the line, with the mark between brackets.
+  std::string Marked() {
+    const auto& pane = dynamic_cast<QPlainTextEdit&>(Control("txbDocument"));
+    if (pane.extraSelections().isEmpty()) return "";
+    const QTextCursor mark = pane.extraSelections().front().cursor;
+    QString line = mark.block().text();
+    line.insert(mark.selectionEnd() - mark.block().position(), ']');
+    line.insert(mark.selectionStart() - mark.block().position(), '[');
+    return line.toStdString();
+  }
+};
+
+constexpr const char* SEAS =
+    "The sea, the ship and the old harbour.\r\nShips on the Sea; the sea is wide.\r\n"
+    "Over all seas the ships go home.\r\n";
+
+TEST_F(WordsAndLines, ShowsWhatIsChosen) {
+  OpenTab(SEAS);
+  EXPECT_EQ(Rows("tblWords"),
+            "harbour|1||\nhome|1||\nold|1||\nSea|1||\nsea|2||\nseas|1||\nShip|1||\n"
+            "ship|2||\nwide|1||\n");
+  EXPECT_EQ(Rows("tblWords", true), "harbour|1||\n");
+  EXPECT_EQ(Marked(), "The sea, the ship and the old [harbour].");
+  // Two words, in the order of their places; each line shows where it stands.
+  Click("txbFindWord");
+  TypeText(*window_, "sEa");
+  EXPECT_EQ(Rows("tblWords", true), "Sea|1||\n");
+  Press(Qt::Key_Return);
+  Press(Qt::SHIFT | Qt::Key_Down);
+  EXPECT_EQ(Rows("tblLines", true), " on the |Sea|; the se|\n");
+  EXPECT_EQ(Rows("tblLines"),
+            "The |sea|, the sh|\n on the |Sea|; the se|\nea; the |sea| is wide|\n");
+  EXPECT_EQ(Text("lblLineCount"), "3 lines");
+  EXPECT_EQ(Marked(), "Ships on the [Sea]; the sea is wide.");
+  Press(Qt::CTRL | Qt::Key_Down);
+  Press(Qt::CTRL | Qt::Key_Down);
+  EXPECT_EQ(Marked(), "Ships on the Sea; the [sea] is wide.");
+  Press(Qt::CTRL | Qt::Key_Up);
+  EXPECT_EQ(Rows("tblLines", true), " on the |Sea|; the se|\n");
+  // By pattern.
+  Type("txbFindWord", "s*s");
+  EXPECT_EQ(Rows("tblWords"), "seas|1||\n");
+  Type("txbFindWord", "");
+  EXPECT_EQ(Rows("tblWords", true), "seas|1||\n");
+  // From the document to a word's lines.
+  auto& pane = dynamic_cast<QPlainTextEdit&>(Control("txbDocument"));
+  const int word = static_cast<int>(pane.toPlainText().indexOf("wide")) + 1;
+  QTextCursor cursor(pane.document());
+  cursor.setPosition(word);
+  const QPoint place = pane.viewport()->mapTo(window_.get(), pane.cursorRect(cursor).center());
+  QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, place);
+  EXPECT_EQ(Rows("tblWords", true), "wide|1||\n");
+  EXPECT_EQ(Marked(), "Ships on the Sea; the sea is [wide].");
+}
+
+TEST_F(WordsAndLines, OrdersAndFiltersLines) {
+  OpenTab(
+      "it is as it is and it is as it is and it is: it / is sea of us, sea at it. Is sea of us "
+      "and so the Sea at us\r\n");
+  Click("txbFindWord");
+  TypeText(*window_, "s?a");
+  Press(Qt::Key_Return);
+  Press(Qt::CTRL | Qt::Key_A);
+  EXPECT_EQ(Text("lblLineCount"), "4 lines");
+  Choose("cboLineOrder", "Right 1");
+  EXPECT_EQ(Rows("tblLines"),
+            " so the |Sea| at us|\n of us, |sea| at it. |\n it. Is |sea| of us a|\n"
+            ": it is |sea| of us, |\n");
+  Choose("cboLineOrder", "Left 2");
+  Click("chkDescending");
+  EXPECT_EQ(Rows("tblLines"),
+            " so the |Sea| at us|\n of us, |sea| at it. |\n: it is |sea| of us, |\n it. Is |sea| "
+            "of us a|\n");
+  Type("txbLineFilter", "so th?");
+  EXPECT_EQ(Text("lblLineCount"), "2 lines");
+  Type("txbLineFilter", "none");
+  EXPECT_EQ(Text("lblLineCount"), "0 lines");
+  EXPECT_FALSE(Control("cmdSaveLines").isEnabled());
+}
+
+TEST_F(WordsAndLines, CopiesAndSavesWhatItShows) {
+  OpenTab(
+      "it is as it is and it is as it is and it is as the sea is: at / the sea is: at the sea "
+      "is: of\r\n");
+  Click("chkEqualOnce");
+  Choose("cboContextSize", " 1", {WritesConcordance()});
+  EXPECT_EQ(Rows("tblLines"), " as the |sea| is: at |3|\n");
+  Table("tblLines").setFocus();
+  Press(Qt::CTRL | Qt::Key_A);
+  Press(Qt::CTRL | Qt::Key_C);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "the \tsea\t is:\t3");
+  Table("tblWords").setFocus();
+  Press(Qt::CTRL | Qt::Key_C);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "sea");
+  const auto save = [this](const std::string& name, BoxList boxes = {}) {
+    boxes.insert(boxes.begin(), AsksForFile("Save lines", folder_.Path(name)));
+    Click("cmdSaveLines", boxes);
+    return folder_.Read(name);
+  };
+  EXPECT_EQ(save("l.txt"), "the sea is: (x3)\n");
+  EXPECT_EQ(save("l.tsv"),
+            "word\tkey\tcount\tleft\tmatch\tright\tposition\ttimes\n"
+            "sea\tsea\t3\tthe \tsea\t is:\t52\t3\n");
+  EXPECT_TRUE(save("l.json").ends_with("\"position\":52,\"times\":3}\n]\n"));
+  // No file that the program reads is written over.
+  const std::string text = folder_.Read("a.txt");
+  EXPECT_EQ(save("a.txt", {Tells("Quorvel", "This file cannot be the same as the input file.")}),
+            text);
+}
+
+TEST_F(WordsAndLines, LeavesWordsOutAndComesBackAfterARun) {
+  OpenTab(SEAS);
+  ClickRow("tblWords", 2);
+  ClickRow("tblWords", 4, Qt::ControlModifier);
+  ChooseFromMenu("Leave out", {WritesConcordance()},
+                 [this] { ClickRow("tblWords", 4, {}, Qt::RightButton); });
+  EXPECT_TRUE(Shown("tblWords"));
+  EXPECT_EQ(Rows("tblWords"), "harbour|1||\nhome|1||\nseas|1||\nShip|1||\nship|2||\nwide|1||\n");
+  // What was chosen before a run is so behind it.
+  ClickRow("tblWords", 2);
+  Choose("cboWordOrder", "by frequency", {WritesConcordance()});
+  EXPECT_EQ(Rows("tblWords", true), "seas|1||\n");
+  EXPECT_TRUE(Rows("tblWords").starts_with("ship|2||\n"));
+  EXPECT_EQ(Text("lblLineCount"), "1 line");
+  // A search has no stop words.
+  Search();
+  Type("txbExtraKeywords", "s*");
+  Click("cmdListWords");
+  EXPECT_TRUE(Rows("tblWords").starts_with("sea|2||\n")) << Rows("tblWords");
+  EXPECT_EQ(Rows("tblWords", true), "seas|1||\n");
+}
+
+TEST_F(WordsAndLines, GoesThroughALongDocument) {
+  std::string text;
+  for (int i = 0; i < 6000; ++i) {
+    text += i == 3000 ? "sea\r\n" : "line " + std::to_string(i) + " is as it is\r\n";
+  }
+  OpenTab(text + "the Sea");
+  auto& pane = dynamic_cast<QPlainTextEdit&>(Control("txbDocument"));
+  pane.setFocus();
+  EXPECT_LT(pane.toPlainText().size(), 20000);
+  EXPECT_TRUE(pane.toPlainText().startsWith("line 0 is"));
+  Press(Qt::CTRL | Qt::Key_End);
+  EXPECT_TRUE(pane.toPlainText().endsWith("line 5999 is as it is\nthe Sea"));
+  // Page by page to the begin, with no line left out.
+  std::set<QString> seen;
+  for (int page = 0; page < 2000 && !seen.contains("line 0 is as it is"); ++page) {
+    Press(Qt::Key_PageUp);
+    for (const QString& line : pane.toPlainText().split('\n')) seen.insert(line);
+  }
+  EXPECT_EQ(seen.size(), 6001U);
+  // Finds in all of it.
+  Press(Qt::CTRL | Qt::Key_F);
+  TypeText(*window_, "SEA");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Text("lblFindCount"), "1 of 2");
+  EXPECT_EQ(pane.textCursor().selectedText(), "sea");
+  Press(Qt::Key_F3);
+  EXPECT_EQ(pane.textCursor().selectedText(), "Sea");
+  Press(Qt::Key_F3);
+  EXPECT_EQ(Text("lblFindCount"), "1 of 2");
+  ExpectNames(*window_);
+}
+
+}  // namespace
+}  // namespace quorvel
