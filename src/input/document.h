@@ -70,7 +70,7 @@ struct Document {
                                                                    const ReadingOptions& options,
                                                                    std::string text,
                                                                    Progress& progress,
-                                                                   std::int64_t lostCharacters = 0);
+                                                                   std::int64_t lostCharacters);
 
 // The document of a text that was read as Unicode and prepared (unicode/prepared_text.h): UTF-8.
 [[nodiscard]] std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,

@@ -38,11 +38,11 @@ std::string TagName(std::string_view markup, std::size_t mark) {
 }
 
 // What is to be made of the tag `name`.
-enum class TagUse { keep, drop, blank, beginAt, beginBehind };
+enum class TagUse { keep, drop, blank, begin, beginBody };
 
 TagUse UseOf(std::string_view name, bool isEmpty) {
-  if (name == "body") return TagUse::beginAt;
-  if (name == "/head") return TagUse::beginBehind;
+  if (name == "body") return TagUse::beginBody;
+  if (name == "/head") return TagUse::begin;
   const std::string_view bare = name.substr(name.starts_with('/') ? 1 : 0);
   if (Holds(INSIDE_WORDS, bare)) return TagUse::drop;
   return isEmpty && Holds(SKIPPED, name) ? TagUse::blank : TagUse::keep;
@@ -74,10 +74,10 @@ class Simplifier {
     const TagUse use = UseOf(TagName(markup_, mark), markup_[tagEnd_ - 1] == '/');
     if (use == TagUse::drop || use == TagUse::blank) {
       Drop(mark, tagEnd_, 1, use == TagUse::blank ? " " : "");
-    } else if (use == TagUse::beginBehind || (use == TagUse::beginAt && !inBody_)) {
+    } else if (use == TagUse::begin || (use == TagUse::beginBody && !inBody_)) {
       kept_.clear();
-      done_ = use == TagUse::beginAt ? mark : tagEnd_ + 1;
-      inBody_ = use == TagUse::beginAt;
+      done_ = mark;  // the walk takes the tag
+      inBody_ = use == TagUse::beginBody;
     }
     return true;
   }

@@ -62,6 +62,7 @@ std::span<const TextRule> WordTextRules() { return WORD_RULES; }
 std::span<const TextRule> OpenDocumentRules() { return OPEN_DOCUMENT_RULES; }
 
 void GrowingText::Append(std::string_view piece) {
+  if (piece.empty()) return;
   if (wantsBlank && !text.empty()) text += ' ';
   wantsBlank = false;
   text += piece;

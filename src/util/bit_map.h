@@ -53,7 +53,6 @@ class BitMap {
         // Of a fixed length, so that the compiler asks for many places at once.
         for (std::size_t i = 0; i < BITS; ++i) flags[i] = isSet(first + i) ? 1 : 0;
       } else {
-        flags.fill(0);
         for (std::size_t i = 0; first + i < length; ++i) flags[i] = isSet(first + i) ? 1 : 0;
       }
       words_[word] = BitsOf(flags);

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
+#include <csignal>
+
 #include "support/run_program.h"
 #include "support/test_folder.h"
 
@@ -53,6 +55,10 @@ TEST(StandardInput, IsNoPlaceForAnswers) {
   const TestFolder desk;
   (void)desk.Write("u", "caf\u00e9 \u2014 caf\u00e9\r\nyes\r\n");
   EXPECT_TRUE(ListedOf(desk, "tsv - --encoding ansi < u", 0).ends_with("caf\u00c3\tcafa\t2\n"));
+  // A signal is heard while nothing comes.
+  const std::string ended =
+      "sleep 3 | '" QUORVEL_CLI "' - & run=\\$!; sleep 0.3; kill -TERM \\$run; wait \\$run";
+  EXPECT_EQ(RunProgram(desk, "sh", "-c \"" + ended + "\""), 128 + SIGTERM);
   const std::string typed =
       "printf 'the cat\\n\\004' | script -q -e -c '" QUORVEL_CLI " - -e c* --format tsv' shown";
   EXPECT_EQ(RunProgram(desk, "sh", "-c \"" + typed + "\""), 0);

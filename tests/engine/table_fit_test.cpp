@@ -62,6 +62,7 @@ TEST(TableFit, LooksForWhatAScanNeverGives) {
       {"the first, not listed", u"seA sea sea sea.", u"sea", {1, 5, 13}, false, false},
       {"the last, not listed", u"sea sea sea seA.", u"sea", {1, 5, 13}, false, false},
       {"part of a word", u"undersea.", u"sea", {6}},
+      {"one place too early", u"the sea it", u"sea", {4}},
       {"behind the first letter of one", u"asea.", u"sea", {2}},
       {"at the end", u"the sea", u"sea", {6}, true},
       {"far behind the end", u"the sea", u"sea", {1000000}},

@@ -43,7 +43,7 @@ TEST(Document, IsReadAndMade) {
     const ReadingOptions options = {Reading::windows1252, row.isUtf8, row.ignoreLists};
     const auto text = ReadInputFile(InputBytes(row.file, row.bytes), row.isUtf8, ui);
     const auto document =
-        text ? MakeDocument({row.file, {}, {}}, options, *text, ui) : DocumentResult(text.Why());
+        text ? MakeDocument({row.file, {}, {}}, options, *text, ui, 0) : DocumentResult(text.Why());
     EXPECT_EQ(ui.output, row.phases);
     EXPECT_EQ(bool(document), !row.text.empty());
     if (document) {
@@ -63,7 +63,7 @@ TEST(Document, SaysWhatItWasMadeOf) {
   for (const auto& [path, spans] : rows) {
     SilentProgress nobody;
     const auto digest = std::make_shared<const InputDigest>(InputBytes(path, "\x80--f"));
-    const auto document = MakeDocument({path, {}, digest}, {}, "\x80 --f", nobody);
+    const auto document = MakeDocument({path, {}, digest}, {}, "\x80 --f", nobody, 0);
     EXPECT_EQ((*document)->source.path, path);
     EXPECT_EQ((*document)->source.digest, digest);
     EXPECT_EQ((*document)->documentText, u"\u20AC   f");

@@ -56,6 +56,23 @@ TEST(Session, RefusesAnInputThatCannotBeUsed) {
   TestRun run("PK\x03\x04 is how a document begins", "a.docx");
   run.session.SetInput(Session::InputOrigin::chosen);
   EXPECT_EQ(run.settings.outputFile, run.folder.Path("a.qvl.conc.txt"));
+  // What is packed is not checked like a text; an ODT document is packed as Unicode alone.
+  for (const Reading reading : {Reading::unicode, Reading::windows1252}) {
+    TestRun odt("PK\x03\x04 is how a document begins", "a.odt");
+    odt.session.ChangeReading(reading);
+    odt.session.SetInput(Session::InputOrigin::chosen);
+    const bool isChecked = odt.ui.log.find("+ Checking file") != std::string::npos;
+    EXPECT_EQ(isChecked, reading == Reading::windows1252);
+  }
+}
+
+TEST(Session, ReadsTheWordsOfAllLanguagesThatASettingsFileNames) {
+  for (const Language& language : {ALL_LANGUAGES, LANGUAGES[0]}) {
+    TestRun run("the sea\r\n");
+    run.settings.stopWordsFile = StopWordsPath(language);
+    run.session.TakeLoadedSettings();
+    EXPECT_EQ(run.session.Lists().stopWords.loaded, language.code == ALL_LANGUAGES.code);
+  }
 }
 
 TEST(Session, FollowsAnInput) {

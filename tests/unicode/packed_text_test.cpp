@@ -56,6 +56,10 @@ TEST(PackedText, OfWordDocuments) {
        "<w:p>[a]<mc:AlternateContent><mc:Choice><w:p>[b]</w:p><w:p>[c]</w:p></mc:Choice>"
        "<mc:Fallback><w:p>[b]</w:p></mc:Fallback></mc:AlternateContent>[d]</w:p>",
        "a b c d"},
+      {"one in another",
+       "<mc:AlternateContent><mc:Choice>[a]<mc:AlternateContent/></mc:Choice>"
+       "<mc:Fallback>[b]</mc:Fallback></mc:AlternateContent>[c]",
+       "ac"},
       {"its other form alone",
        "<mc:AlternateContent><mc:Fallback>[a]</mc:Fallback></mc:AlternateContent>", "a"},
       {"other namespaces", "<t>x</t><n:t xmlns:n='urn:n'>x</n:t>[a]", "a"},
@@ -92,7 +96,8 @@ TEST(PackedText, IsThatOfWindows1252) {
     SilentProgress nobody;
     DocumentRuns first(xml);
     EXPECT_TRUE(first.Read(nobody));
-    const auto document = MakeDocument({"a.docx", {}, {}}, {.isUtf8 = true}, first.Text(), nobody);
+    const auto document =
+        MakeDocument({"a.docx", {}, {}}, {.isUtf8 = true}, first.Text(), nobody, 0);
     EXPECT_EQ(TextOf(PartsOf(PackedKind::docx, {xml})), EncodeUtf8((*document)->documentText))
         << xml;
   }
@@ -133,7 +138,8 @@ TEST(PackedText, OfOpenDocuments) {
 TEST(PackedText, OfBooks) {
   const std::string first =
       "<?xml encoding='iso-8859-15'?><head/><body><p>c\xBDur&nbsp;&Lstrok;--x</p>";
-  const std::vector<std::string> chapters = {first, "<body><ul>list</ul>e\u0301\xE9\u0301</body>",
+  const std::vector<std::string> chapters = {first, "<body><img/>", "",
+                                             "<body><ul>list</ul>e\u0301\xE9\u0301</body>",
                                              "<meta charset=koi8-r><body>x"};
   EXPECT_EQ(TextOf(PartsOf(PackedKind::epub, chapters)),
             "c\u0153ur \u0141  x list \u00E9\uFFFD\u0301!");

@@ -83,7 +83,8 @@ TEST(PreparedText, IsThatOfWindows1252) {
     const bool ignoreLists = i % 4 == 1;
     SilentProgress nobody;
     const auto text = ReadInputFile(InputBytes(path, bytes), false, nobody);
-    const auto document = MakeDocument({path, {}, {}}, {.ignoreLists = ignoreLists}, *text, nobody);
+    const auto document =
+        MakeDocument({path, {}, {}}, {.ignoreLists = ignoreLists}, *text, nobody, 0);
     const std::string utf8 = EncodeUtf8(DecodeAnsi(bytes));
     const std::string expected = document ? EncodeUtf8((*document)->documentText) : "no head";
     EXPECT_EQ(PreparedOrFault({path, utf8}, {ignoreLists}, nobody), expected) << bytes;

@@ -32,7 +32,8 @@ TEST(Normalization, Composes) {
       {"\u212B \u2126 \u0958", "\u00C5 \u03A9 \u0915\u093C"},
       {"\u1112\u1161\u11AB \uD558\u11AB", "\uD55C \uD55C"},
       {"\u0439 \u0438\u0306", "\u0439 \u0439"},
-      {"\U0002F800", "\u4E3D"}};
+      {"\U0002F800", "\u4E3D"},
+      {"e\u0301\U00050001\U000F0001\U0010FFFD", "\u00E9\U00050001\U000F0001\U0010FFFD"}};
   for (const auto& [text, composed] : rows) EXPECT_EQ(Normalized(text), composed);
 }
 
