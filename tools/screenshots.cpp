@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QShortcut>
+#include <QTabWidget>
 #include <QTimer>
 #include <cstdio>
 #include <functional>
@@ -51,6 +52,10 @@ std::function<void(QWidget&)> Fill(const char* name, const char* text) {
   return On<QLineEdit>(name, [text](QLineEdit& box) { box.setText(text); });
 }
 
+std::function<void(QWidget&)> GoToTab(int tab) {
+  return On<QTabWidget>("tabResults", [tab](QTabWidget& tabs) { tabs.setCurrentIndex(tab); });
+}
+
 // Answers a message box, which has one button.
 void Confirm(QWidget& box) { box.findChild<QAbstractButton*>()->click(); }
 
@@ -67,7 +72,10 @@ std::vector<Step> Session() {
       {"Stop words loaded", "message-box", Confirm},
       {"Quorvel", "", Click("cmdListWords")},
       {"Concordance file written", "pop-up", Close},
-      {"Quorvel", "main-window", OpenFindBar},
+      {"Quorvel", "main-window", GoToTab(1)},
+      {"Quorvel", "", Fill("txbFindWord", "lamp")},
+      {"Quorvel", "words-and-lines", GoToTab(0)},
+      {"Quorvel", "", OpenFindBar},
       {"Quorvel", "", Fill("txbFind", "lamp")},
       {"Quorvel", "", Click("cmdFindNext")},
       {"Quorvel", "find-bar", Click("cmdFindClose")},

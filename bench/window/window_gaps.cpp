@@ -1,5 +1,6 @@
 // quorvel_window_gaps: for how long the window hears nothing in a run, phase by phase, how soon a
-// run ends once its stop is confirmed, and what it costs that the window is heard at all.
+// run ends once its stop is confirmed, what it costs that the window is heard at all, and how soon
+// the lines of words are there.
 //
 //   tools/with_x_server.sh build/release/quorvel_window_gaps TEXT
 
@@ -23,7 +24,9 @@
 #include <vector>
 
 #include "files/path_names.h"
+#include "lines_times.h"
 #include "lists/languages.h"
+#include "measures.h"
 #include "run/session.h"
 #include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
@@ -38,32 +41,13 @@ namespace {
 
 constexpr int ROUNDS = 11;
 constexpr const char* LAST_PHASE = "Writing and showing";
-constexpr double NS_PER_MS = 1e6;
-
-// By the clock, in milliseconds as every time here.
-double Since(const QElapsedTimer& clock) {
-  return static_cast<double>(clock.nsecsElapsed()) / NS_PER_MS;
-}
-
 // Of the processors, so that what else runs on the machine does not count: what all threads have
 // taken, or the calling one alone.
 double ProcessorTime(clockid_t clock) {
   constexpr double MS_PER_SECOND = 1000;
   timespec time = {};
   ::clock_gettime(clock, &time);
-  return MS_PER_SECOND * static_cast<double>(time.tv_sec) +
-         static_cast<double>(time.tv_nsec) / NS_PER_MS;
-}
-
-double MedianOf(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-void PrintRow(const std::string& caption, const std::vector<double>& values) {
-  std::printf("| %s | %.1f | %.1f |\n", caption.c_str(), MedianOf(values),
-              *std::max_element(values.begin(), values.end()));
+  return MS_PER_SECOND * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 // Sits in the events of a window and sees how long they do not come. Confirms each box at once.
@@ -246,5 +230,6 @@ int main(int argumentCount, char** arguments) {
   window.Start(input.toStdString());
   quorvel::MeasureGaps(watch);
   quorvel::MeasureYields(window, input.toStdString());
+  quorvel::MeasureWordsAndLines(window);
   return 0;
 }

@@ -141,8 +141,9 @@ class Session {
   [[nodiscard]] const ListingReport& Report() const { return report_; }
 
   // Writes what `compose` hands on into a file of the user's choice, which replaces none of those
-  // that the settings name. Why that could not be done, if it could not.
-  [[nodiscard]] std::optional<Fault> Save(const std::string& path,
+  // that the settings name and, where it `asks`, no other one that the user wants to stay. Why that
+  // could not be done, if it could not.
+  [[nodiscard]] std::optional<Fault> Save(const std::string& path, bool asks,
                                           const std::function<void(const PieceSink&)>& compose);
 
   // The listing on the screen; null when there is none.

@@ -298,22 +298,23 @@ void Session::KeepIndex() {
 
 void Session::SavePicture() {
   const std::string& path = options_.pictureFile;
-  if (settings_.warnOnOverwrite && !MayReplace("picture", path, ui_)) return;
   const std::string& title = options_.input ? options_.input->name : settings_.inputFile;
   ui_.BeginPhase("Drawing words");
-  std::optional<Fault> fault = Save(path, [&](const PieceSink& take) {
+  std::optional<Fault> fault = Save(path, settings_.warnOnOverwrite, [&](const PieceSink& take) {
     DrawStrips(VisibleName(title), LinesOfListing(*listing_), EntriesInOrder(*listing_), take, ui_);
   });
   if (fault) report_.fileFault = std::move(fault);
 }
 
-std::optional<Fault> Session::Save(const std::string& path,
+std::optional<Fault> Session::Save(const std::string& path, bool asks,
                                    const std::function<void(const PieceSink&)>& compose) {
   FilesToKeep kept = FilesOfRun();
   for (const Output& output : {ListingOutput(), IndexOutputOf(settings_)}) {
     kept.push_back({output.name, output.path});
   }
   OutputFile file(path, kept, options_.targets);
+  if (file.Why()) return file.Why();
+  if (asks && !MayReplace("file", path, ui_)) return std::nullopt;
   compose([&file](std::string_view piece) { return file.Write(piece); });
   ui_.YieldAtOnce();
   if (file.Commit()) return std::nullopt;

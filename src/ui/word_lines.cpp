@@ -122,9 +122,7 @@ void WordLines::AddKeys() {
 
 void WordLines::Show(std::shared_ptr<const Listing> listing) {
   if (listing == listing_ && !isStale_) return;
-  const QStringList chosen = wanted_;
   Release();
-  wanted_ = chosen.isEmpty() ? wanted_ : chosen;
   listing_ = std::move(listing);
   isStale_ = true;
   if (isVisible()) Update();
@@ -484,7 +482,7 @@ void WordLines::cmdSaveLines_Click() {
   Listing listing = *listing_;
   listing.options.contextSize = Source().context.contextSize;
   TableWork work;
-  const auto fault = session_.Save(path, [&](const PieceSink& take) {
+  const auto fault = session_.Save(path, true, [&](const PieceSink& take) {
     if (extension == "tsv" || extension == "json") {
       const RowFormat format = extension == "json" ? RowFormat::json : RowFormat::tsv;
       ComposeLines(listing, lines_->Groups(), once, format, take, work);
@@ -498,12 +496,13 @@ void WordLines::cmdSaveLines_Click() {
 void WordLines::SavePicture() {
   if (listing_ == nullptr) return;
   const QString chosen = QFileDialog::getSaveFileName(this, tr("Save picture"), {},
-                                                      tr("Drawing (*.svg);;Picture (*.png)"));
+                                                      tr("Drawing (*.svg);;Picture (*.png)"),
+                                                      nullptr, QFileDialog::DontConfirmOverwrite);
   if (chosen.isEmpty()) return;
   const std::string path = PathOf(chosen);
   const std::string title = VisibleName(listing_->Source().source.path);
   TableWork work;
-  const auto fault = session_.Save(path, [&](const PieceSink& take) {
+  const auto fault = session_.Save(path, true, [&](const PieceSink& take) {
     if (LowerExtensionOf(path) == "png") {
       QByteArray bytes;
       QBuffer buffer(&bytes);

@@ -191,10 +191,14 @@ TEST_F(WordsAndLines, CopiesAndSavesWhatItShows) {
             "word\tkey\tcount\tleft\tmatch\tright\tposition\ttimes\n"
             "sea\tsea\t3\tthe \tsea\t is:\t52\t3\n");
   EXPECT_TRUE(save("l.json").ends_with("\"position\":52,\"times\":3}\n]\n"));
-  // No file that the program reads is written over.
+  // No file that the program reads is written over, and another one when the user says so.
   const std::string text = folder_.Read("a.txt");
   EXPECT_EQ(save("a.txt", {Tells("Quorvel", "This file cannot be the same as the input file.")}),
             text);
+  const std::string path = folder_.Write("old.txt", "old");
+  const std::string exists = "A file \n" + path + "\nalready exists.  Do you wish to overwrite it?";
+  EXPECT_EQ(save("old.txt", {Asks("File exists", exists, "Yes", "No")}), "old");
+  EXPECT_EQ(save("old.txt", {Asks("File exists", exists, "Yes", "Enter")}), "the sea is: (x3)\n");
 }
 
 TEST_F(WordsAndLines, LeavesWordsOutAndComesBackAfterARun) {

@@ -1,0 +1,113 @@
+#include "lines_times.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <fstream>
+#include <functional>
+
+#include "measures.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int ROUNDS = 11;
+constexpr qint64 MOST_LINES = 32000;
+
+// All that is shown has been painted when it ends.
+void Settle() {
+  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+}
+
+class LinesTimes {
+ public:
+  explicit LinesTimes(MainWindow& window)
+      : tabs_(*window.findChild<QTabWidget*>("tabResults")),
+        words_(*window.findChild<QTableView*>("tblWords")),
+        lines_(*window.findChild<QTableView*>("tblLines")),
+        order_(*window.findChild<QComboBox*>("cboLineOrder")),
+        filter_(*window.findChild<QLineEdit*>("txbLineFilter")) {}
+
+  void Measure() {
+    const double before = Megabytes();
+    std::printf("\n| Words and lines, milliseconds | Median | Worst |\n|---|---|---|\n");
+    tabs_.setCurrentIndex(0);
+    Row("The tab is shown", [this](int round) { tabs_.setCurrentIndex(round % 2 == 0 ? 1 : 0); });
+    tabs_.setCurrentIndex(1);
+    words_.sortByColumn(1, Qt::DescendingOrder);
+    Settle();
+    Row("The most frequent words are chosen", [this](int round) {
+      if (round % 2 == 0) {
+        words_.selectRow(words_.model()->rowCount() - 1);
+      } else {
+        ChooseFrequentWords();
+      }
+    });
+    ChooseFrequentWords();
+    Settle();
+    const int lines = lines_.model()->rowCount();
+    Row("Their lines are ordered by the right context",
+        [this](int round) { order_.setCurrentIndex(round % 2 == 0 ? 1 : 0); });
+    Row("By the left context",
+        [this](int round) { order_.setCurrentIndex(round % 2 == 0 ? 6 : 0); });
+    Row("Filtered", [this](int round) { filter_.setText(round % 2 == 0 ? "house" : ""); });
+    filter_.clear();
+    Settle();
+    Row("A step of scrolling", [this](int round) {
+      lines_.verticalScrollBar()->setValue(round * 1771 % lines_.model()->rowCount());
+    });
+    Row("The document at another line", [this](int round) {
+      lines_.setCurrentIndex(lines_.model()->index(round * 2911 % lines_.model()->rowCount(), 0));
+    });
+    std::printf("\nLines: %d; memory of the tab: %.1f MB\n", lines, Megabytes() - before);
+  }
+
+ private:
+  void Row(const char* caption, const std::function<void(int)>& act) {
+    std::vector<double> times;
+    for (int round = 0; round < 2 * ROUNDS; ++round) {
+      QElapsedTimer clock;
+      clock.start();
+      act(round);
+      Settle();
+      times.push_back(Since(clock));
+    }
+    PrintRow(caption, times);
+  }
+
+  // As many as have MOST_LINES lines together.
+  void ChooseFrequentWords() {
+    QItemSelection rows;
+    qint64 lines = 0;
+    for (int row = 0; row < words_.model()->rowCount() && lines < MOST_LINES; ++row) {
+      lines += words_.model()->index(row, 1).data().toString().remove(',').toLongLong();
+      rows.select(words_.model()->index(row, 0), words_.model()->index(row, 2));
+    }
+    words_.selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+  }
+
+  // That the program holds.
+  static double Megabytes() {
+    std::ifstream status("/proc/self/statm");
+    double pages = 0;
+    status >> pages >> pages;
+    return pages * 4096 / 1e6;
+  }
+
+  QTabWidget& tabs_;
+  QTableView& words_;
+  QTableView& lines_;
+  QComboBox& order_;
+  QLineEdit& filter_;
+};
+
+}  // namespace
+
+void MeasureWordsAndLines(MainWindow& window) { LinesTimes(window).Measure(); }
+
+}  // namespace quorvel
