@@ -6,7 +6,6 @@
 #include <QDropEvent>
 #include <QFontDatabase>
 #include <QMimeData>
-#include <QScreen>
 #include <QShortcut>
 
 #include "run/word_lists.h"
@@ -19,6 +18,7 @@
 #include "ui/run_control.h"
 #include "ui/settings_panel.h"
 #include "ui/text.h"
+#include "ui/window_place.h"
 #include "ui_main_window.h"
 #include "util/progress_bar.h"
 
@@ -90,7 +90,7 @@ PanelHost MainWindow::HostOfPanel() {
 
 void MainWindow::Initialization() {
   setAcceptDrops(true);
-  resize(FIRST_SIZE.boundedTo(screen()->availableSize() * 9 / 10));
+  RestorePlace(*this, FIRST_SIZE);
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   ui_->txbOutput->setFont(fixed);
   FixSize(*ui_->lblTotalNumOccurrences, fixed, ProgressCaption(PROGRESS_BAR_WIDTH).c_str());
@@ -206,6 +206,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (run_->ConfirmStop()) run_->CloseAfterWork();
     return;
   }
+  KeepPlace(*this);
   if (ui_->chkSaveStateOnQuit->isChecked()) cmdSaveState_Click();
   event->accept();
 }
