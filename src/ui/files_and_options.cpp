@@ -8,6 +8,7 @@
 #include "files/path_names.h"
 #include "run/word_lists.h"
 #include "ui/preferences.h"
+#include "ui/recent_documents.h"
 #include "ui/text.h"
 #include "ui/text_box.h"
 #include "ui_main_window.h"
@@ -50,6 +51,10 @@ void FilesAndOptions::ConnectFiles() {
     connect(txbFile_.at(i), &QLineEdit::editingFinished, this,
             [this, index] { txbFile_LostFocus(index); });
   }
+  OfferRecentDocuments(*ui_.cmdRecent, [this](const std::string& path) {
+    FinishEditing();
+    ChooseInput(path);
+  });
   connect(ui_.txbExtraKeywords, &QLineEdit::returnPressed, this, [this] {
     if (TakeExtraKeywords()) SetTheFocus();
   });
@@ -129,8 +134,9 @@ void FilesAndOptions::ChooseOutputFile(FileBox box, const QString& title, const 
   PathChosen(box);
 }
 
-void FilesAndOptions::ChooseInput(const QString& path) {
-  ReplaceText(*txbFile_[INPUT_BOX], path);
+void FilesAndOptions::ChooseInput(const std::string& path) {
+  PathSetting(INPUT_BOX) = path;  // which the box may not be able to show
+  ReplaceText(*txbFile_[INPUT_BOX], ShownPath(path));
   PathChosen(INPUT_BOX);
 }
 
@@ -175,7 +181,9 @@ void FilesAndOptions::cmdClearFile_Click(int index) {
 
 void FilesAndOptions::SetInput(Session::InputOrigin origin) {
   interface_.HideLostCharacters();
-  host_.work(session_.Settings().inputFile, [this, origin] { session_.SetInput(origin); });
+  const std::string& input = session_.Settings().inputFile;
+  host_.work(input, [this, origin] { session_.SetInput(origin); });
+  if (!input.empty()) KeepInput(input);
   ShowSettings();
 }
 

@@ -48,7 +48,7 @@ class FilesAndOptions : public QObject {
   bool FinishEditing();
 
   // Makes a file the input, as if it had been chosen in the dialog.
-  void ChooseInput(const QString& path);
+  void ChooseInput(const std::string& path);
 
   // Takes up settings that are others as a whole; a settings file may select no mode.
   void TakeLoadedSettings(bool modeSelected);

@@ -219,7 +219,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (urls.isEmpty() || !urls.constFirst().isLocalFile() || interface_->IsWorking()) return;
   event->acceptProposedAction();
-  const QString path = urls.constFirst().toLocalFile();
+  const std::string path = PathOf(urls.constFirst().toLocalFile());
   // Whoever dragged the file waits for the drop to end, so what it brings is asked later.
   QTimer::singleShot(0, this, [this, path] { files_->ChooseInput(path); });
 }
