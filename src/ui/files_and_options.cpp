@@ -37,6 +37,7 @@ FilesAndOptions::FilesAndOptions(Ui::MainWindow& form, Session& session, WindowI
   FillLists();
   ConnectFiles();
   ConnectOptions();
+  Fold(KeptFolding());
 }
 
 void FilesAndOptions::ConnectFiles() {
@@ -85,6 +86,7 @@ void FilesAndOptions::ConnectOptions() {
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkUnicode, &QCheckBox::toggled, [this] { chkUnicode_Click(); });
+  onChange(ui_.cmdFold, &QToolButton::clicked, [this] { cmdFold_Click(); });
   onChange(ui_.chkDisable, &QCheckBox::toggled, [this] {
     TakeControls();
     ShowWhatIsPossible();
@@ -250,6 +252,20 @@ void FilesAndOptions::chkUnicode_Click() {
   session_.ChangeReading(reading);
   KeepReading(reading);
   ShowWhatIsPossible();
+}
+
+void FilesAndOptions::cmdFold_Click() {
+  Fold(ui_.cmdFold->isChecked());
+  KeepFolding(ui_.cmdFold->isChecked());
+}
+
+void FilesAndOptions::Fold(bool folded) {
+  for (QWidget* part :
+       {static_cast<QWidget*>(ui_.grpFiles), static_cast<QWidget*>(ui_.grpOptions), ui_.sizesRow}) {
+    part->setHidden(folded);
+  }
+  ui_.cmdFold->setChecked(folded);
+  ui_.cmdFold->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
 }
 
 void FilesAndOptions::cboContextSize_Click() {

@@ -82,11 +82,13 @@ class FilesAndOptions : public QObject {
   void optSearch_Click();
   void cboContextSize_Click();
   void chkUnicode_Click();
+  void cmdFold_Click();
 
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);
   void PathChosen(int index);
   void ReadKeywords();
+  void Fold(bool folded);
   void ShowPath(int index);
   [[nodiscard]] bool MayShowLineBreaks() const;
   [[nodiscard]] std::string& PathSetting(int index);

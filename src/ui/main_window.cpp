@@ -152,6 +152,7 @@ void MainWindow::AddShortcuts() {
   press(ui_->cmdHelp, {Qt::Key_F1});
   press(ui_->cmdFile_0, {Qt::CTRL | Qt::Key_O});
   press(ui_->cmdQuit, {Qt::CTRL | Qt::Key_Q});
+  press(ui_->cmdFold, {Qt::Key_F9});
   const auto list = [this] {
     if (!interface_->IsWorking()) ui_->cmdListWords->click();
   };
