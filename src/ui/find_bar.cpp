@@ -4,16 +4,43 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <initializer_list>
+#include <utility>
+
+#include "ui_find_bar.h"
 
 namespace quorvel {
+namespace {
+
+void AddKeys(FindBar& find, QWidget& window) {
+  const auto onKey = [&find, &window](const QKeySequence& key, auto act) {
+    QObject::connect(new QShortcut(key, &window), &QShortcut::activated, &find, act);
+  };
+  onKey(Qt::CTRL | Qt::Key_F, [&find] { find.Open(); });
+  onKey(Qt::Key_F3, [&find] { find.FindAgain(false); });
+  onKey(Qt::SHIFT | Qt::Key_F3, [&find] { find.FindAgain(true); });
+}
+
+// The keys go from the text through its bar.
+void SetTabOrder(QWidget& text, const Ui::FindBar& form) {
+  QWidget* last = &text;
+  for (QWidget* next : std::initializer_list<QWidget*>{form.txbFind, form.cmdFindNext,
+                                                       form.cmdFindPrevious, form.cmdFindClose}) {
+    QWidget::setTabOrder(std::exchange(last, next), next);
+  }
+}
+
+}  // namespace
 
 FindBar::FindBar(const FindControls& controls, QObject* parent)
     : QObject(parent), controls_(controls) {
   connect(controls_.text, &QLineEdit::textChanged, this, &FindBar::ShowCount);
   connect(controls_.text, &QLineEdit::returnPressed, this,
           [this] { Find(QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)); });
+  ShowSearchesPart(false);
 }
 
 void FindBar::Open() {
@@ -30,6 +57,8 @@ void FindBar::Close() const {
   controls_.output->setFocus();
 }
 
+bool FindBar::IsOpen() const { return controls_.bar->isVisible(); }
+
 void FindBar::FindAgain(bool backward) {
   if (controls_.text->text().isEmpty()) return Open();
   Find(backward);
@@ -37,8 +66,8 @@ void FindBar::FindAgain(bool backward) {
 
 void FindBar::ShowSearchesPart(bool part) {
   searchesPart_ = part;
-  controls_.text->setPlaceholderText(part ? tr("Find in what is shown of the listing")
-                                          : tr("Find in the listing"));
+  controls_.text->setPlaceholderText((part ? "Find in what is shown of " : "Find in ") +
+                                     controls_.searched);
   ShowCount();
 }
 
@@ -73,6 +102,21 @@ void FindBar::ShowCount() const {
   const QString found =
       current > 0 ? tr("%1 of %2").arg(current).arg(count) : tr("%1 found").arg(count);
   controls_.count->setText(searchesPart_ ? tr("%1 in what is shown").arg(found) : found);
+}
+
+FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
+                    QWidget& window) {
+  Ui::FindBar form;
+  form.setupUi(&bar);
+  bar.hide();
+  form.txbFind->setAccessibleName("Find in " + searched);
+  SetTabOrder(output, form);
+  auto* find = new FindBar({&bar, form.txbFind, form.lblFindCount, &output, searched}, &bar);
+  QObject::connect(form.cmdFindNext, &QPushButton::clicked, find, &FindBar::FindNext);
+  QObject::connect(form.cmdFindPrevious, &QPushButton::clicked, find, &FindBar::FindPrevious);
+  QObject::connect(form.cmdFindClose, &QToolButton::clicked, find, &FindBar::Close);
+  AddKeys(*find, window);
+  return find;
 }
 
 }  // namespace quorvel

@@ -1,7 +1,9 @@
-// The bar below the output box that finds a text in the listing.
+// The bar below a text that finds places in it: below the listing, and in the viewer below the
+// file.
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class QLabel;
 class QLineEdit;
@@ -15,6 +17,7 @@ struct FindControls {
   QLineEdit* text;
   QLabel* count;
   QPlainTextEdit* output;
+  QString searched = "the listing";  // what the user calls that text
 };
 
 // Case does not matter; behind the last place the search goes on at the first.
@@ -24,11 +27,12 @@ class FindBar : public QObject {
  public:
   FindBar(const FindControls& controls, QObject* parent);
 
-  // Shows the bar, with the text that is selected in the listing, if any.
+  // Shows the bar, with what is selected in the text, if anything.
   void Open();
 
-  // Hides it; the listing has the keys then.
+  // Hides it; the text has the keys then.
   void Close() const;
+  [[nodiscard]] bool IsOpen() const;
 
   void FindNext() { Find(false); }
   void FindPrevious() { Find(true); }
@@ -36,7 +40,8 @@ class FindBar : public QObject {
   // Finds what was sought last, which needs no bar; opens that where there is nothing to find.
   void FindAgain(bool backward);
 
-  // Says, where this is so, that only a part of the listing is there to be searched.
+  // Says, where this is so, that only a part of the text is there to be searched. To be called
+  // whenever it is another one.
   void ShowSearchesPart(bool part);
 
  private:
@@ -46,5 +51,10 @@ class FindBar : public QObject {
   FindControls controls_;
   bool searchesPart_ = false;
 };
+
+// Fills an empty `bar`, hidden at first, with the controls to search `output`, gives `window` the
+// keys for that, and returns what they act on, which the bar deletes.
+[[nodiscard]] FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
+                                  QWidget& window);
 
 }  // namespace quorvel

@@ -43,7 +43,7 @@ QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidg
 
 MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   ui_->setupUi(this);
-  findBar_ = new FindBar({ui_->findBar, ui_->txbFind, ui_->lblFindCount, ui_->txbOutput}, this);
+  findBar_ = AddFindBar(*ui_->findBar, *ui_->txbOutput, "the listing", *this);
   interface_ = std::make_unique<WindowInterface>(ConversationControls{
       .window = this,
       .output = ui_->txbOutput,
@@ -135,9 +135,6 @@ void MainWindow::ConnectButtons() {
   onClick(ui_->cmdQuit, [this] { close(); });
   onClick(ui_->cmdHelp, [this] { ViewHelp(*this, *interface_); });
   onClick(ui_->cmdAbout, [this] { ShowProductInformation(this); });
-  onClick(ui_->cmdFindNext, [this] { findBar_->FindNext(); });
-  onClick(ui_->cmdFindPrevious, [this] { findBar_->FindPrevious(); });
-  onClick(ui_->cmdFindClose, [this] { findBar_->Close(); });
   connect(&timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
 }
 
@@ -163,16 +160,10 @@ void MainWindow::AddShortcuts() {
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
     if (interface_->IsWorking()) {
       ui_->cmdListWords->click();
-    } else if (ui_->findBar->isVisible()) {
+    } else if (findBar_->IsOpen()) {
       findBar_->Close();
     }
   });
-  connect(new QShortcut(Qt::CTRL | Qt::Key_F, this), &QShortcut::activated, findBar_,
-          &FindBar::Open);
-  connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, findBar_,
-          [this] { findBar_->FindAgain(false); });
-  connect(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, findBar_,
-          [this] { findBar_->FindAgain(true); });
 }
 
 void MainWindow::cmdViewFile_Click() {
