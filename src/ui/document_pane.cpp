@@ -172,6 +172,12 @@ void DocumentPane::Select(const TextSpan& place) {
   centerCursor();
 }
 
+FindTarget DocumentPane::Finding() {
+  return {this, "the document",
+          [this](const QString& text, bool backward) { return Find(text, backward); },
+          [this](const QString& text) { return CountOf(text); }};
+}
+
 bool DocumentPane::Find(const QString& text, bool backward) {
   const std::u16string_view all = Text();
   const auto whole = QStringView(all.data(), static_cast<qsizetype>(all.size()));

@@ -25,6 +25,9 @@ class DocumentPane : public QPlainTextEdit {
   // Marks a place in it, 0-based, and shows it.
   void Mark(const TextSpan& place);
 
+  // Finding in all of it.
+  [[nodiscard]] FindTarget Finding();
+
   // Finds a text from the selection on, whatever its case, and selects it; behind the last place
   // the search goes on at the first. False when there is none.
   bool Find(const QString& text, bool backward);

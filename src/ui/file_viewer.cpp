@@ -3,12 +3,14 @@
 #include <QDialog>
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QStringDecoder>
 #include <optional>
 #include <utility>
 
 #include "files/read_file.h"
+#include "ui/find_bar.h"
 #include "ui_file_viewer.h"
 #include "util/ansi.h"
 #include "util/visible_text.h"
@@ -69,6 +71,7 @@ class FileViewer : public QDialog {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     form_.txbText1->setFont(font);
     FitToPage(*this, font);
+    findBar_ = AddFindBar(*form_.findBar, *form_.txbText1, "the text", *this);
     connect(form_.cmdClose, &QPushButton::clicked, this, &QDialog::close);
   }
 
@@ -91,6 +94,16 @@ class FileViewer : public QDialog {
     if (comesBack && StampOf(path_) != stamp_) (void)Read(path_);
   }
 
+  // What the dialog would take for itself, and close: of the find bar Esc closes that alone, and
+  // Enter has found the next place already.
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Escape && findBar_->IsOpen()) return findBar_->Close();
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const QWidget* focus = focusWidget();
+    if (isEnter && focus != nullptr && focus->objectName() == "txbFind") return;
+    QDialog::keyPressEvent(event);
+  }
+
  private:
   std::string Read(const std::string& path) {
     const FileStamp stamp = StampOf(path);
@@ -98,11 +111,14 @@ class FileViewer : public QDialog {
     if (std::string fault = ReadStart(path, bytes); !fault.empty()) return fault;
     path_ = path;
     stamp_ = stamp;
-    form_.txbText1->setPlainText(QString::fromStdU16String(ViewerText(bytes)));
+    const std::u16string text = ViewerText(bytes);
+    form_.txbText1->setPlainText(QString::fromStdU16String(text));
+    findBar_->ShowSearchesPart(text.size() >= VIEWER_LIMIT);
     return {};
   }
 
   Ui::FileViewer form_;
+  FindBar* findBar_ = nullptr;
   std::string path_;
   FileStamp stamp_;
 };

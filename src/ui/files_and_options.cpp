@@ -8,6 +8,7 @@
 #include "files/path_names.h"
 #include "run/word_lists.h"
 #include "ui/preferences.h"
+#include "ui/recent_documents.h"
 #include "ui/text.h"
 #include "ui/text_box.h"
 #include "ui_main_window.h"
@@ -36,6 +37,7 @@ FilesAndOptions::FilesAndOptions(Ui::MainWindow& form, Session& session, WindowI
   FillLists();
   ConnectFiles();
   ConnectOptions();
+  Fold(KeptFolding());
 }
 
 void FilesAndOptions::ConnectFiles() {
@@ -50,6 +52,10 @@ void FilesAndOptions::ConnectFiles() {
     connect(txbFile_.at(i), &QLineEdit::editingFinished, this,
             [this, index] { txbFile_LostFocus(index); });
   }
+  OfferRecentDocuments(*ui_.cmdRecent, [this](const std::string& path) {
+    FinishEditing();
+    ChooseInput(path);
+  });
   connect(ui_.txbExtraKeywords, &QLineEdit::returnPressed, this, [this] {
     if (TakeExtraKeywords()) SetTheFocus();
   });
@@ -80,6 +86,7 @@ void FilesAndOptions::ConnectOptions() {
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkUnicode, &QCheckBox::toggled, [this] { chkUnicode_Click(); });
+  onChange(ui_.cmdFold, &QToolButton::clicked, [this] { cmdFold_Click(); });
   onChange(ui_.chkDisable, &QCheckBox::toggled, [this] {
     TakeControls();
     ShowWhatIsPossible();
@@ -129,8 +136,9 @@ void FilesAndOptions::ChooseOutputFile(FileBox box, const QString& title, const 
   PathChosen(box);
 }
 
-void FilesAndOptions::ChooseInput(const QString& path) {
-  ReplaceText(*txbFile_[INPUT_BOX], path);
+void FilesAndOptions::ChooseInput(const std::string& path) {
+  PathSetting(INPUT_BOX) = path;  // which the box may not be able to show
+  ReplaceText(*txbFile_[INPUT_BOX], ShownPath(path));
   PathChosen(INPUT_BOX);
 }
 
@@ -175,7 +183,9 @@ void FilesAndOptions::cmdClearFile_Click(int index) {
 
 void FilesAndOptions::SetInput(Session::InputOrigin origin) {
   interface_.HideLostCharacters();
-  host_.work(session_.Settings().inputFile, [this, origin] { session_.SetInput(origin); });
+  const std::string& input = session_.Settings().inputFile;
+  host_.work(input, [this, origin] { session_.SetInput(origin); });
+  if (!input.empty()) KeepInput(input);
   ShowSettings();
 }
 
@@ -242,6 +252,20 @@ void FilesAndOptions::chkUnicode_Click() {
   session_.ChangeReading(reading);
   KeepReading(reading);
   ShowWhatIsPossible();
+}
+
+void FilesAndOptions::cmdFold_Click() {
+  Fold(ui_.cmdFold->isChecked());
+  KeepFolding(ui_.cmdFold->isChecked());
+}
+
+void FilesAndOptions::Fold(bool folded) {
+  for (QWidget* part :
+       {static_cast<QWidget*>(ui_.grpFiles), static_cast<QWidget*>(ui_.grpOptions), ui_.sizesRow}) {
+    part->setHidden(folded);
+  }
+  ui_.cmdFold->setChecked(folded);
+  ui_.cmdFold->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
 }
 
 void FilesAndOptions::cboContextSize_Click() {

@@ -48,7 +48,7 @@ class FilesAndOptions : public QObject {
   bool FinishEditing();
 
   // Makes a file the input, as if it had been chosen in the dialog.
-  void ChooseInput(const QString& path);
+  void ChooseInput(const std::string& path);
 
   // Takes up settings that are others as a whole; a settings file may select no mode.
   void TakeLoadedSettings(bool modeSelected);
@@ -82,11 +82,13 @@ class FilesAndOptions : public QObject {
   void optSearch_Click();
   void cboContextSize_Click();
   void chkUnicode_Click();
+  void cmdFold_Click();
 
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);
   void PathChosen(int index);
   void ReadKeywords();
+  void Fold(bool folded);
   void ShowPath(int index);
   [[nodiscard]] bool MayShowLineBreaks() const;
   [[nodiscard]] std::string& PathSetting(int index);

@@ -4,8 +4,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <initializer_list>
+#include <utility>
+
+#include "ui_find_bar.h"
 
 namespace quorvel {
 namespace {
@@ -22,6 +27,24 @@ FindCount CountInBox(const QPlainTextEdit& box, const QString& text) {
   return count;
 }
 
+void AddKeys(FindBar& find, QWidget& window) {
+  const auto onKey = [&find, &window](const QKeySequence& key, auto act) {
+    QObject::connect(new QShortcut(key, &window), &QShortcut::activated, &find, act);
+  };
+  onKey(Qt::CTRL | Qt::Key_F, [&find] { find.Open(); });
+  onKey(Qt::Key_F3, [&find] { find.FindAgain(false); });
+  onKey(Qt::SHIFT | Qt::Key_F3, [&find] { find.FindAgain(true); });
+}
+
+// The keys go from the text through its bar.
+void SetTabOrder(QWidget& text, const Ui::FindBar& form) {
+  QWidget* last = &text;
+  for (QWidget* next : std::initializer_list<QWidget*>{form.txbFind, form.cmdFindNext,
+                                                       form.cmdFindPrevious, form.cmdFindClose}) {
+    QWidget::setTabOrder(std::exchange(last, next), next);
+  }
+}
+
 }  // namespace
 
 FindBar::FindBar(const FindControls& controls, QObject* parent)
@@ -29,6 +52,7 @@ FindBar::FindBar(const FindControls& controls, QObject* parent)
   connect(controls_.text, &QLineEdit::textChanged, this, &FindBar::ShowCount);
   connect(controls_.text, &QLineEdit::returnPressed, this,
           [this] { Find(QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)); });
+  ShowSearchesPart(false);
 }
 
 QPlainTextEdit& FindBar::Box() const {
@@ -54,6 +78,8 @@ void FindBar::Close() const {
   Box().setFocus();
 }
 
+bool FindBar::IsOpen() const { return controls_.bar->isVisible(); }
+
 void FindBar::FindAgain(bool backward) {
   if (controls_.text->text().isEmpty()) return Open();
   Find(backward);
@@ -65,9 +91,10 @@ void FindBar::ShowSearchesPart(bool part) {
 }
 
 void FindBar::ShowWhere() {
-  controls_.text->setPlaceholderText(target_.box != nullptr ? tr("Find in the document")
-                                     : searchesPart_ ? tr("Find in what is shown of the listing")
-                                                     : tr("Find in the listing"));
+  const bool isPart = searchesPart_ && target_.box == nullptr;
+  controls_.text->setPlaceholderText(
+      (isPart ? "Find in what is shown of " : "Find in ") +
+      (target_.box != nullptr ? target_.searched : controls_.searched));
   ShowCount();
 }
 
@@ -100,6 +127,21 @@ void FindBar::ShowCount() const {
                                            : tr("%1 found").arg(count.all);
   controls_.count->setText(searchesPart_ && !isOther ? tr("%1 in what is shown").arg(found)
                                                      : found);
+}
+
+FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
+                    QWidget& window) {
+  Ui::FindBar form;
+  form.setupUi(&bar);
+  bar.hide();
+  form.txbFind->setAccessibleName("Find in " + searched);
+  SetTabOrder(output, form);
+  auto* find = new FindBar({&bar, form.txbFind, form.lblFindCount, &output, searched}, &bar);
+  QObject::connect(form.cmdFindNext, &QPushButton::clicked, find, &FindBar::FindNext);
+  QObject::connect(form.cmdFindPrevious, &QPushButton::clicked, find, &FindBar::FindPrevious);
+  QObject::connect(form.cmdFindClose, &QToolButton::clicked, find, &FindBar::Close);
+  AddKeys(*find, window);
+  return find;
 }
 
 }  // namespace quorvel

@@ -1,4 +1,5 @@
-// The bar below a text that finds in it.
+// The bar below a text that finds places in it: below the listing, and in the viewer below the
+// file.
 #pragma once
 
 #include <QObject>
@@ -17,6 +18,7 @@ struct FindControls {
   QLineEdit* text;
   QLabel* count;
   QPlainTextEdit* output;
+  QString searched = "the listing";  // what the user calls that text
 };
 
 // How many places there are of what is sought, and the 1-based number of the one that is selected,
@@ -29,6 +31,7 @@ struct FindCount {
 // Another text than that of the box `output`, of which a box shows a part.
 struct FindTarget {
   QPlainTextEdit* box = nullptr;  // whose selection goes from place to place
+  QString searched;               // what the user calls that text
   std::function<bool(const QString&, bool backward)> find;
   std::function<FindCount(const QString&)> count;
 };
@@ -40,11 +43,12 @@ class FindBar : public QObject {
  public:
   FindBar(const FindControls& controls, QObject* parent);
 
-  // Shows the bar, with the text that is selected in the listing, if any.
+  // Shows the bar, with what is selected in the text, if anything.
   void Open();
 
-  // Hides it; the listing has the keys then.
+  // Hides it; the text has the keys then.
   void Close() const;
+  [[nodiscard]] bool IsOpen() const;
 
   void FindNext() { Find(false); }
   void FindPrevious() { Find(true); }
@@ -55,7 +59,8 @@ class FindBar : public QObject {
   // Finds in that text from now on, or again in that of `output` where none is given.
   void SetTarget(const FindTarget& target);
 
-  // Says, where this is so, that only a part of the listing is there to be searched.
+  // Says, where this is so, that only a part of the text is there to be searched. To be called
+  // whenever it is another one.
   void ShowSearchesPart(bool part);
 
  private:
@@ -68,5 +73,10 @@ class FindBar : public QObject {
   FindTarget target_;
   bool searchesPart_ = false;
 };
+
+// Fills an empty `bar`, hidden at first, with the controls to search `output`, gives `window` the
+// keys for that, and returns what they act on, which the bar deletes.
+[[nodiscard]] FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
+                                  QWidget& window);
 
 }  // namespace quorvel

@@ -6,7 +6,6 @@
 #include <QDropEvent>
 #include <QFontDatabase>
 #include <QMimeData>
-#include <QScreen>
 #include <QShortcut>
 
 #include "run/word_lists.h"
@@ -20,6 +19,7 @@
 #include "ui/run_control.h"
 #include "ui/settings_panel.h"
 #include "ui/text.h"
+#include "ui/window_place.h"
 #include "ui/word_lines.h"
 #include "ui_main_window.h"
 #include "util/progress_bar.h"
@@ -45,7 +45,7 @@ QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidg
 
 MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   ui_->setupUi(this);
-  findBar_ = new FindBar({ui_->findBar, ui_->txbFind, ui_->lblFindCount, ui_->txbOutput}, this);
+  findBar_ = AddFindBar(*ui_->findBar, *ui_->txbOutput, "the listing", *this);
   interface_ = std::make_unique<WindowInterface>(ConversationControls{
       .window = this,
       .output = ui_->txbOutput,
@@ -74,15 +74,8 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
                        .leaveOut = [this](const QStringList& words) { LeaveOut(words); }});
   ui_->tabResults->addTab(wordLines_, tr("Words and lines"));
   connect(ui_->tabResults, &QTabWidget::currentChanged, this, [this] {
-    DocumentPane& pane = wordLines_->Document();
     const bool isListing = ui_->tabResults->currentWidget() != wordLines_;
-    findBar_->SetTarget(
-        isListing ? FindTarget{}
-                  : FindTarget{&pane,
-                               [&pane](const QString& text, bool backward) {
-                                 return pane.Find(text, backward);
-                               },
-                               [&pane](const QString& text) { return pane.CountOf(text); }});
+    findBar_->SetTarget(isListing ? FindTarget{} : wordLines_->Document().Finding());
   });
   run_ = std::make_unique<RunControl>(*ui_, *session_, *interface_, *files_, *panel_, *wordLines_);
   Initialization();
@@ -107,7 +100,9 @@ PanelHost MainWindow::HostOfPanel() {
 
 void MainWindow::Initialization() {
   setAcceptDrops(true);
-  resize(FIRST_SIZE.boundedTo(screen()->availableSize() * 9 / 10));
+  RestorePlace(*this, FIRST_SIZE);
+  wordLines_->Restore(KeptState(RESULT_PARTS));
+  ui_->tabResults->setCurrentIndex(KeptState(RESULT_TAB).toInt());
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   ui_->txbOutput->setFont(fixed);
   FixSize(*ui_->lblTotalNumOccurrences, fixed, ProgressCaption(PROGRESS_BAR_WIDTH).c_str());
@@ -161,9 +156,6 @@ void MainWindow::ConnectButtons() {
   onClick(ui_->cmdQuit, [this] { close(); });
   onClick(ui_->cmdHelp, [this] { ViewHelp(*this, *interface_); });
   onClick(ui_->cmdAbout, [this] { ShowProductInformation(this); });
-  onClick(ui_->cmdFindNext, [this] { findBar_->FindNext(); });
-  onClick(ui_->cmdFindPrevious, [this] { findBar_->FindPrevious(); });
-  onClick(ui_->cmdFindClose, [this] { findBar_->Close(); });
   connect(&timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
 }
 
@@ -178,6 +170,7 @@ void MainWindow::AddShortcuts() {
   press(ui_->cmdHelp, {Qt::Key_F1});
   press(ui_->cmdFile_0, {Qt::CTRL | Qt::Key_O});
   press(ui_->cmdQuit, {Qt::CTRL | Qt::Key_Q});
+  press(ui_->cmdFold, {Qt::Key_F9});
   const auto list = [this] {
     if (!interface_->IsWorking()) ui_->cmdListWords->click();
   };
@@ -188,16 +181,10 @@ void MainWindow::AddShortcuts() {
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
     if (interface_->IsWorking()) {
       ui_->cmdListWords->click();
-    } else if (ui_->findBar->isVisible()) {
+    } else if (findBar_->IsOpen()) {
       findBar_->Close();
     }
   });
-  connect(new QShortcut(Qt::CTRL | Qt::Key_F, this), &QShortcut::activated, findBar_,
-          &FindBar::Open);
-  connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, findBar_,
-          [this] { findBar_->FindAgain(false); });
-  connect(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, findBar_,
-          [this] { findBar_->FindAgain(true); });
 }
 
 void MainWindow::cmdViewFile_Click() {
@@ -229,9 +216,14 @@ void MainWindow::cmdSaveState_Click() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (interface_->IsWorking()) {
     event->ignore();
-    if (run_->ConfirmStop()) run_->CloseAfterWork();
+    // While a question of the run waits, none is put before it.
+    const bool isAsking = QApplication::activeModalWidget() != nullptr;
+    if (!isAsking && run_->ConfirmStop()) run_->CloseAfterWork();
     return;
   }
+  KeepPlace(*this);
+  KeepState(RESULT_PARTS, wordLines_->State());
+  KeepState(RESULT_TAB, QByteArray::number(ui_->tabResults->currentIndex()));
   if (ui_->chkSaveStateOnQuit->isChecked()) cmdSaveState_Click();
   event->accept();
 }
@@ -244,7 +236,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (urls.isEmpty() || !urls.constFirst().isLocalFile() || interface_->IsWorking()) return;
   event->acceptProposedAction();
-  const QString path = urls.constFirst().toLocalFile();
+  const std::string path = PathOf(urls.constFirst().toLocalFile());
   // Whoever dragged the file waits for the drop to end, so what it brings is asked later.
   QTimer::singleShot(0, this, [this, path] { files_->ChooseInput(path); });
 }

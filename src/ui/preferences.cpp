@@ -2,7 +2,9 @@
 
 #include <QFileInfo>
 #include <QSettings>
+#include <algorithm>
 
+#include "files/file_system.h"
 #include "settings/settings_file.h"
 #include "ui/text.h"
 
@@ -12,11 +14,33 @@ namespace {
 constexpr const char* READING = "reading";
 constexpr const char* UNICODE = "unicode";
 constexpr const char* WINDOWS_1252 = "windows-1252";
+constexpr const char* FOLDED = "window/folded";
+constexpr const char* INPUTS = "inputs";
+constexpr std::size_t MOST_INPUTS = 8;
 
 // Beside the settings file.
 QSettings Preferences() {
   const QString folder = QFileInfo(ShownPath(StateFilePath())).path();
   return {folder + "/window.ini", QSettings::IniFormat};
+}
+
+// A path as text and back: the bytes of a name need be no UTF-8.
+QString EncodedPath(const std::string& path) {
+  return QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding("/\\: "));
+}
+
+std::string DecodedPath(const QString& encoded) {
+  return QByteArray::fromPercentEncoding(encoded.toLatin1()).toStdString();
+}
+
+bool MayBeKept(const std::string& path) {
+  return QDir::isAbsolutePath(ShownPath(path)) && path.find('\0') == std::string::npos;
+}
+
+void KeepInputs(const std::vector<std::string>& paths) {
+  QStringList encoded;
+  for (const std::string& path : paths) encoded.append(EncodedPath(path));
+  Preferences().setValue(INPUTS, encoded);
 }
 
 }  // namespace
@@ -29,5 +53,34 @@ Reading KeptReading() {
 void KeepReading(Reading reading) {
   Preferences().setValue(READING, reading == Reading::unicode ? UNICODE : WINDOWS_1252);
 }
+
+bool KeptFolding() { return Preferences().value(FOLDED).toString() == "true"; }
+
+void KeepFolding(bool folded) { Preferences().setValue(FOLDED, folded); }
+
+std::vector<std::string> KeptInputs() {
+  std::vector<std::string> paths;
+  for (const QString& encoded : Preferences().value(INPUTS).toStringList()) {
+    std::string path = DecodedPath(encoded);
+    const bool isNew = std::find(paths.begin(), paths.end(), path) == paths.end();
+    if (isNew && MayBeKept(path) && paths.size() < MOST_INPUTS) paths.push_back(std::move(path));
+  }
+  return paths;
+}
+
+void KeepInput(const std::string& path) {
+  const std::string newest = OneSpelling(path);
+  std::vector<std::string> paths = KeptInputs();
+  std::erase(paths, newest);
+  paths.insert(paths.begin(), newest);
+  if (paths.size() > MOST_INPUTS) paths.pop_back();
+  KeepInputs(paths);
+}
+
+void ForgetInputs() { Preferences().remove(INPUTS); }
+
+QByteArray KeptState(const char* name) { return Preferences().value(name).toByteArray(); }
+
+void KeepState(const char* name, const QByteArray& state) { Preferences().setValue(name, state); }
 
 }  // namespace quorvel

@@ -66,7 +66,7 @@ void RunControl::EnableControls(bool enabled) {
     const bool takesInput = qobject_cast<QAbstractButton*>(control) != nullptr ||
                             qobject_cast<QLineEdit*>(control) != nullptr ||
                             qobject_cast<QComboBox*>(control) != nullptr;
-    if (takesInput) control->setEnabled(enabled);
+    if (takesInput && !wordLines_.isAncestorOf(control)) control->setEnabled(enabled);
   }
 }
 

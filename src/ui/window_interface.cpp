@@ -156,8 +156,9 @@ void WindowInterface::ShowPendingPopUp() {
   if (!pendingPopUp_) return;
   const QString text = *pendingPopUp_;
   pendingPopUp_.reset();
-  quorvel::PopUpInForm(*controls_.outputFileBox, {text, SIZE, SHOWN_MS},
-                       QPoint(0, controls_.outputFileBox->height()));
+  QWidget& beside =
+      controls_.outputFileBox->isVisible() ? *controls_.outputFileBox : *controls_.stopButton;
+  quorvel::PopUpInForm(beside, {text, SIZE, SHOWN_MS}, QPoint(0, beside.height()));
 }
 
 void WindowInterface::OfferStop(bool offered) {

@@ -25,7 +25,7 @@ struct ConversationControls {
   QWidget* window;
   QPlainTextEdit* output;
   QPushButton* stopButton;
-  QWidget* outputFileBox;              // beside which it says that the file is written
+  QWidget* outputFileBox;              // below which it says that the file is written
   std::array<QLabel*, LABELS> labels;  // in the order of Label
   QLabel* progressBar;
   QLabel* busyIndicator;

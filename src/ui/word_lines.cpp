@@ -35,6 +35,12 @@ void ChooseRow(QTableView& table, int row) {
       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
+// Whether an existing one may be replaced is asked when it is to be written.
+QString AskForFile(QWidget& window, const QString& title, const QString& filter) {
+  return QFileDialog::getSaveFileName(&window, title, {}, filter, nullptr,
+                                      QFileDialog::DontConfirmOverwrite);
+}
+
 std::vector<LineGroup> EachOnce(const Lines& lines) {
   std::vector<LineGroup> groups;
   groups.reserve(lines.size());
@@ -473,8 +479,8 @@ void WordLines::SayNotSaved(const Fault& fault, const std::string& path) {
 // The kind of file goes by its name.
 void WordLines::cmdSaveLines_Click() {
   if (listing_ == nullptr) return;
-  const QString chosen = QFileDialog::getSaveFileName(
-      this, tr("Save lines"), {}, tr("Text (*.txt);;Tab-separated values (*.tsv);;JSON (*.json)"));
+  const QString chosen = AskForFile(
+      *this, tr("Save lines"), tr("Text (*.txt);;Tab-separated values (*.tsv);;JSON (*.json)"));
   if (chosen.isEmpty()) return;
   const std::string path = PathOf(chosen);
   const std::string extension = LowerExtensionOf(path);
@@ -495,9 +501,8 @@ void WordLines::cmdSaveLines_Click() {
 
 void WordLines::SavePicture() {
   if (listing_ == nullptr) return;
-  const QString chosen = QFileDialog::getSaveFileName(this, tr("Save picture"), {},
-                                                      tr("Drawing (*.svg);;Picture (*.png)"),
-                                                      nullptr, QFileDialog::DontConfirmOverwrite);
+  const QString chosen =
+      AskForFile(*this, tr("Save picture"), tr("Drawing (*.svg);;Picture (*.png)"));
   if (chosen.isEmpty()) return;
   const std::string path = PathOf(chosen);
   const std::string title = VisibleName(listing_->Source().source.path);

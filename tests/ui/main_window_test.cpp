@@ -64,6 +64,30 @@ TEST_F(MainWindows, FindsInTheListing) {
   EXPECT_FALSE(Shown("findBar"));
 }
 
+TEST_F(MainWindows, FoldsTheFilesAndOptionsAway) {
+  OpenText("a.txt");
+  window_->resize(1024, 600);
+  Press(Qt::Key_F9);
+  ExpectSoon([this] { return window_->size() == QSize(1024, 600); });
+  EXPECT_FALSE(Shown("txbFile_0") || Shown("chkFrequencies") || Shown("lblInputFileSize"));
+  const QWidget& counts = Control("lblNumberOfWords");
+  EXPECT_GE(600 - counts.mapTo(window_.get(), counts.rect().bottomLeft()).y(), 400);
+  Box written = WritesConcordance();
+  written.answer = [this, answer = written.answer](QWidget& popUp) {
+    const QPoint below = Control("cmdListWords").mapToGlobal(QPoint(0, 23));
+    EXPECT_LT((popUp.pos() - below).manhattanLength(), 20);
+    answer(popUp);
+  };
+  Press(Qt::Key_F5, {written});
+  Open();
+  EXPECT_FALSE(Shown("txbFile_0"));
+  Press(Qt::CTRL | Qt::Key_O, {AsksForFile("Specify input file", "")});
+  Click("cmdFold");
+  EXPECT_TRUE(Shown("txbFile_0") && Shown("chkFrequencies") && Shown("lblInputFileSize"));
+  Open();
+  EXPECT_TRUE(Shown("txbFile_0"));
+}
+
 TEST_F(MainWindows, KeepsWhatItShowsCurrent) {
   const std::string input = OpenText("a.txt");
   const auto tip = [this] { return Control("txbFile_0").toolTip().toStdString(); };

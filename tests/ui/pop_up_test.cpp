@@ -7,6 +7,7 @@
 #include <QWindow>
 
 #include "ui/window_test.h"
+#include "ui/x_client.h"
 
 namespace quorvel {
 namespace {
@@ -28,7 +29,7 @@ TEST_F(PopUps, EndAtAnyKeyOrClickThatThenDoesNothingElse) {
         QTest::simulateEvent(box.windowHandle(), true, Qt::Key_Q, Qt::ControlModifier, {}, false);
       },
       [this](QWidget&) { ClickOn(Control("chkFrequencies")); },
-      [this](QWidget&) { window_->windowHandle()->close(); },
+      [this](QWidget&) { CloseByFrame(*window_); },
   };
   for (const auto& act : acts) {
     shown_.answer = act;
@@ -36,6 +37,8 @@ TEST_F(PopUps, EndAtAnyKeyOrClickThatThenDoesNothingElse) {
     EXPECT_EQ(Which("checked", {"chkFrequencies"}), "chkFrequencies ");  // the window is there
   }
   PopUpInForm(*window_, {"Done", SIZE, 1}, QPoint(0, 0));  // or when its time is up
+  CloseByFrame(*window_);
+  EXPECT_FALSE(window_->isVisible());
 }
 
 TEST(PopUpWindows, StayForWhatIsNoKeyOrClick) {

@@ -2,6 +2,7 @@
 
 #include "support/made_texts.h"
 #include "ui/window_test.h"
+#include "ui/x_client.h"
 
 namespace quorvel {
 
@@ -40,6 +41,21 @@ TEST_F(RunControls, LeaveOnlyTheStopButtonLiveAndStopBeforeTheWindowCloses) {
   EXPECT_EQ(Text("cmdListWords") + folder_.Read("a.qvl.conc.txt"), "List words");
   EXPECT_FALSE(window_->isVisible());
   EXPECT_NE(folder_.Read("config/Quorvel/qvl.usr"), "");
+}
+
+TEST_F(RunControls, AskNothingMoreWhenTheWindowIsClosedDuringAQuestion) {
+  OpenText("a.txt");
+  Click("chkWarnOnOverwrite");
+  (void)folder_.Write("a.qvl.conc.txt", "old");
+  Click("cmdListWords", {{"File exists", [this](QWidget& box) {
+                            CloseByFrame(*window_);
+                            window_->close();
+                            EXPECT_TRUE(window_->isVisible() && HasTheKeys(box));
+                            PressButton(box, "No");
+                          }}});
+  EXPECT_EQ(folder_.Read("a.qvl.conc.txt") + Text("cmdListWords"), "oldList words");
+  CloseByFrame(*window_);
+  EXPECT_FALSE(window_->isVisible());
 }
 
 }  // namespace quorvel

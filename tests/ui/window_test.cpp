@@ -4,12 +4,11 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QTest>
-#include <QUrl>
 #include <QWindow>
 #include <stdexcept>
+
+#include "ui/x_client.h"
 
 namespace quorvel {
 WindowTest::WindowTest() {
@@ -76,16 +75,8 @@ void WindowTest::Choose(const std::string& list, const std::string& item, const 
 }
 
 void WindowTest::Drop(const std::string& path, const BoxList& boxes) {
-  QMimeData data;
-  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-  const QPoint place = Control("txbFile_0").mapTo(window_.get(), QPoint(5, 5));
-  Do("drop", boxes, [this, &data, place] {
-    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window_->windowHandle(), &enter);
-    if (!enter.isAccepted()) return;
-    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window_->windowHandle(), &drop);
-  });
+  const QPoint place = Control("txbFile_0").mapToGlobal(QPoint(5, 5));
+  Do("drop", boxes, [this, &path, place] { DragFileTo(*window_, place, path); });
 }
 
 QWidget& WindowTest::Control(const std::string& name) const {

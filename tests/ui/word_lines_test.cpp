@@ -223,6 +223,18 @@ TEST_F(WordsAndLines, LeavesWordsOutAndComesBackAfterARun) {
   EXPECT_EQ(Rows("tblWords", true), "seas|1||\n");
 }
 
+TEST_F(WordsAndLines, IsThereAgainAtTheNextStart) {
+  OpenTab();
+  const std::string path = folder_.Path("a.txt");
+  const int wide = Control("tblWords").width();
+  Press(Qt::CTRL | Qt::Key_Q);
+  Open(path, {LoadsStopWords()});
+  EXPECT_TRUE(Shown("tblWords"));
+  EXPECT_EQ(Control("tblWords").width(), wide);
+  Click("cmdListWords", {WritesConcordance()});
+  EXPECT_EQ(Rows("tblWords"), "harbour|2||\nold|2||\nsilent|2||\n");
+}
+
 TEST_F(WordsAndLines, GoesThroughALongDocument) {
   std::string text;
   for (int i = 0; i < 6000; ++i) {
