@@ -195,7 +195,9 @@ void MainWindow::cmdSaveState_Click() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (interface_->IsWorking()) {
     event->ignore();
-    if (run_->ConfirmStop()) run_->CloseAfterWork();
+    // A question that waits is answered first: not every close is kept away by its box.
+    const bool isAsking = QApplication::activeModalWidget() != nullptr;
+    if (!isAsking && run_->ConfirmStop()) run_->CloseAfterWork();
     return;
   }
   KeepPlace(*this);
