@@ -48,6 +48,12 @@ TEST_F(RunControls, AskNothingMoreWhenTheWindowIsClosedDuringAQuestion) {
   Click("chkWarnOnOverwrite");
   (void)folder_.Write("a.qvl.conc.txt", "old");
   Click("cmdListWords", {{"File exists", [this](QWidget& box) {
+                            // A question before this one would have nobody to answer it.
+                            QTimer::singleShot(500, &box, [&box] {
+                              auto* asked = QApplication::activeModalWidget();
+                              EXPECT_EQ(asked, &box);
+                              if (asked != &box) asked->close();
+                            });
                             CloseByFrame(*window_);
                             window_->close();
                             EXPECT_TRUE(window_->isVisible() && HasTheKeys(box));
