@@ -348,7 +348,7 @@ END
   echo '| Phase | Instructions for each byte of input | Share, % |'
   echo '|---|---|---|'
   instruction_rows
-} >phases # so that a row that is missing ends it
-renew_part phases <phases
+} >phase_rows # so that a row that is missing ends it
+renew_part phases <phase_rows
 echo "Wrote docs/performance.md"
 exit "$missed"

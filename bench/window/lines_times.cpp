@@ -16,7 +16,7 @@
 namespace quorvel {
 namespace {
 
-constexpr int ROUNDS = 11;
+constexpr int CHANGES = 22;
 constexpr qint64 MOST_LINES = 32000;
 
 // All that is shown has been painted when it ends.
@@ -68,9 +68,9 @@ class LinesTimes {
   }
 
  private:
-  void Row(const char* caption, const std::function<void(int)>& act) {
+  static void Row(const char* caption, const std::function<void(int)>& act) {
     std::vector<double> times;
-    for (int round = 0; round < 2 * ROUNDS; ++round) {
+    for (int round = 0; round < CHANGES; ++round) {
       QElapsedTimer clock;
       clock.start();
       act(round);

@@ -152,6 +152,9 @@ ConversationControls ControlsOf(MainWindow& window) {
       .busyIndicator = label("lblTwirler"),
       .timeElapsed = label("lblTimeElapsed"),
       .listingShown = label("lblListingShown"),
+      .lossBar = window.findChild<QWidget*>("lossBar"),
+      .lostCharacters = label("lblLost"),
+      .readUnicode = window.findChild<QPushButton*>("cmdReadUnicode"),
       .findBar = window.findChild<FindBar*>()};
 }
 

@@ -24,27 +24,36 @@ std::size_t WidestLeft(std::span<const LineGroup> lines, LineReader<Char>& reade
   return widest;
 }
 
+// Appends the line to UTF-8 bytes; one that is aligned has room for the `widest` left context.
+template <typename Char>
+void AppendLine(std::string& bytes, const LineText<Char>& text, const Quotation<Char>& quotation,
+                LineForm form, std::size_t widest) {
+  const std::string_view between = form == LineForm::aligned ? "" : "\t";
+  if (form == LineForm::aligned) bytes.append(widest - WidthOf(text.left), ' ');
+  quotation.AppendUtf8(bytes, text.left);
+  bytes += between;
+  quotation.AppendUtf8(bytes, text.match);
+  bytes += between;
+  quotation.AppendUtf8(bytes, text.right);
+}
+
+std::string TimesText(std::int32_t count, LineForm form) {
+  const std::string number = std::to_string(count);
+  return form == LineForm::aligned ? " (x" + number + ")" : "\t" + number;
+}
+
 }  // namespace
 
 void ComposeLineText(std::span<const LineGroup> lines, const LineSource& source, LineForm form,
                      bool withTimes, const PieceSink& take, Progress& progress) {
-  const bool isAligned = form == LineForm::aligned;
   WithQuotation(*source.words.document, [&](const auto& quotation) {
     LineReader reader(source, quotation);
-    const std::size_t widest = isAligned ? WidestLeft(lines, reader) : 0;
+    const std::size_t widest = form == LineForm::aligned ? WidestLeft(lines, reader) : 0;
     std::string bytes;
     for (const LineGroup& group : lines) {
-      const auto text = reader.Read(group.first);
       bytes.clear();
-      if (isAligned) bytes.append(widest - WidthOf(text.left), ' ');
-      for (const auto part : {text.left, text.match, text.right}) {
-        quotation.AppendUtf8(bytes, part);
-        if (!isAligned) bytes += '\t';
-      }
-      if (!isAligned) bytes.pop_back();
-      if (withTimes) {
-        bytes += (isAligned ? " (x" : "\t") + std::to_string(group.count) + (isAligned ? ")" : "");
-      }
+      AppendLine(bytes, reader.Read(group.first), quotation, form, widest);
+      if (withTimes) bytes += TimesText(group.count, form);
       if (!take(bytes += '\n')) return;
       progress.Yield();
       if (progress.StopRequested()) return;

@@ -1,6 +1,7 @@
 #include "lines/strips.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "util/ansi.h"
@@ -36,30 +37,56 @@ std::string Escaped(std::string_view text) {
   return escaped;
 }
 
+std::string Number(int number) { return std::to_string(number); }
+
+// A text with the values in the place of its "@".
+std::string Filled(std::string_view form, std::initializer_list<std::string> values) {
+  std::string filled;
+  const auto* value = values.begin();
+  for (const char ch : form) {
+    if (ch == '@') {
+      filled += *value++;
+    } else {
+      filled += ch;
+    }
+  }
+  return filled;
+}
+
 // What stands before the rows. Its colours follow a viewer that is light or dark.
+constexpr std::string_view PICTURE_BEGIN =
+    R"(<svg xmlns="http://www.w3.org/2000/svg" width="@" height="@" viewBox="0 0 @ @">
+<title>@</title>
+<style>
+svg { background: #fff; color: #222 }
+text { font: 12px sans-serif; fill: currentColor; white-space: pre }
+.t { font-weight: bold }
+.n { text-anchor: end }
+.s { fill: #e8eaed }
+.m { stroke: #1a56b0 }
+@ (prefers-color-scheme: dark) {
+svg { background: #1e1e1e; color: #ddd }
+.s { fill: #333 }
+.m { stroke: #8ab4f8 }
+}
+</style>
+<text x="@" y="20" class="t">@</text>
+)";
+
+// The word, its number, the strip and the marks.
+constexpr std::string_view PICTURE_ROW =
+    R"(<text x="@" y="@">@</text><text class="n" x="@" y="@">@</text>)"
+    R"(<path class="s" d="M@ @h@v@h-@z"/><path class="m" d="@"/>)"
+    "\n";
+
 std::string PictureBegin(std::string_view title, std::size_t rows) {
-  const std::string width = std::to_string(WIDTH);
+  const std::string width = Number(WIDTH);
   const std::string height =
       std::to_string(TITLE_HEIGHT + static_cast<std::int64_t>(rows) * ROW_HEIGHT + MARGIN);
   const std::string name = Escaped(title);
-  return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
-         "\" viewBox=\"0 0 " + width + " " + height + "\">\n<title>" + name +
-         "</title>\n<style>\n"
-         "svg { background: #fff; color: #222 }\n"
-         "text { font: 12px sans-serif; fill: currentColor; white-space: pre }\n"
-         ".t { font-weight: bold }\n"
-         ".n { text-anchor: end }\n"
-         ".s { fill: #e8eaed }\n"
-         ".m { stroke: #1a56b0 }\n"
-         "@media (prefers-color-scheme: dark) {\n"
-         "svg { background: #1e1e1e; color: #ddd }\n"
-         ".s { fill: #333 }\n"
-         ".m { stroke: #8ab4f8 }\n"
-         "}\n</style>\n<text x=\"" +
-         std::to_string(MARGIN) + "\" y=\"20\" class=\"t\">" + name + "</text>\n";
+  return Filled(PICTURE_BEGIN,
+                {width, height, width, height, name, "@media", Number(MARGIN), name});
 }
-
-std::string Number(int number) { return std::to_string(number); }
 
 // One upright stroke for each column that has an occurrence.
 std::string Marks(const std::vector<std::int32_t>& strip, int top) {
@@ -105,15 +132,13 @@ void DrawStrips(std::string_view title, const LineSource& source,
         return true;
       });
       const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
-      const std::string y = "\" y=\"" + Number(top + BASE_LINE) + "\">";
-      const std::string row =
-          "<text x=\"" + Number(MARGIN) + y + EncodeUtf8(word.word) +
-          "</text><text class=\"n\" x=\"" + Number(STRIP_LEFT - MARGIN) + y +
-          GroupedNumber(static_cast<std::int64_t>(positions.size())) +
-          "</text><path class=\"s\" d=\"M" + Number(STRIP_LEFT) + " " + Number(top + MARK_TOP) +
-          "h" + Number(STRIP_WIDTH) + "v" + Number(MARK_HEIGHT) + "h-" + Number(STRIP_WIDTH) +
-          "z\"/><path class=\"m\" d=\"" +
-          Marks(StripOf(positions, document.documentText.size(), STRIP_WIDTH), top) + "\"/>\n";
+      const std::string y = Number(top + BASE_LINE);
+      const std::string row = Filled(
+          PICTURE_ROW,
+          {Number(MARGIN), y, EncodeUtf8(word.word), Number(STRIP_LEFT - MARGIN), y,
+           GroupedNumber(static_cast<std::int64_t>(positions.size())), Number(STRIP_LEFT),
+           Number(top + MARK_TOP), Number(STRIP_WIDTH), Number(MARK_HEIGHT), Number(STRIP_WIDTH),
+           Marks(StripOf(positions, document.documentText.size(), STRIP_WIDTH), top)});
       top += ROW_HEIGHT;
       progress.YieldNow();
       if (!take(row) || progress.StopRequested()) break;

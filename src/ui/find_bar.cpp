@@ -47,8 +47,8 @@ void SetTabOrder(QWidget& text, const Ui::FindBar& form) {
 
 }  // namespace
 
-FindBar::FindBar(const FindControls& controls, QObject* parent)
-    : QObject(parent), controls_(controls) {
+FindBar::FindBar(FindControls controls, QObject* parent)
+    : QObject(parent), controls_(std::move(controls)) {
   connect(controls_.text, &QLineEdit::textChanged, this, &FindBar::ShowCount);
   connect(controls_.text, &QLineEdit::returnPressed, this,
           [this] { Find(QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)); });

@@ -41,7 +41,7 @@ class FindBar : public QObject {
   Q_OBJECT
 
  public:
-  FindBar(const FindControls& controls, QObject* parent);
+  FindBar(FindControls controls, QObject* parent);
 
   // Shows the bar, with what is selected in the text, if anything.
   void Open();

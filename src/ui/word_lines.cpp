@@ -116,7 +116,7 @@ void WordLines::ConnectLines() {
 }
 
 void WordLines::AddKeys() {
-  const auto on = [this](QKeySequence key, QWidget* where, auto act) {
+  const auto on = [this](const QKeySequence& key, QWidget* where, auto act) {
     connect(new QShortcut(key, where, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, act);
   };
@@ -451,7 +451,9 @@ std::vector<LineGroup> WordLines::ChosenLines() const {
   }
   std::ranges::sort(rows);
   std::vector<LineGroup> lines;
-  for (const int row : rows) lines.push_back(lines_->Groups()[static_cast<std::size_t>(row)]);
+  std::ranges::transform(rows, std::back_inserter(lines), [this](int row) {
+    return lines_->Groups()[static_cast<std::size_t>(row)];
+  });
   return lines;
 }
 

@@ -11,27 +11,26 @@ namespace quorvel {
 TEST(LineText, IsAlignedOrHasTabs) {
   // The second text has a character of two code units.
   for (const std::u16string other : {u"x", u"\U0001F6A2"}) {
-    Document document =
-        *DocumentOf(u"it is as it is and it is as it is and it is, it is / all of " + other +
-                    u" sea: it is / Ö sea, it is");
-    if (other != u"x") document.codePage = nullptr;
+    const std::u16string text = u"it is as it is and it is as it is and it is, it is / all of " +
+                                other + u" sea: it is / Ö sea, it is / so";
+    const auto document =
+        MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(text), 0);
     ScriptedConversation ui;
-    const LineSource source = {
-        ScanWords(std::make_shared<const Document>(document), nullptr, ui), nullptr, {2, false}};
+    const LineSource source = {ScanWords(document, nullptr, ui), nullptr, {2, false}};
     const auto& entries = source.words.table->entries;
     const auto sea = std::ranges::find(entries, u"sea", &WordEntry::word) - entries.begin();
     const Lines lines = *LinesOf(source, {{static_cast<std::int32_t>(sea)}}, ui);
     const LineGroup groups[] = {{lines.at(1), 1}, {lines.at(0), 12}};
     const auto composed = [&](LineForm form, bool withTimes) {
-      std::string text;
+      std::string bytes;
       ComposeLineText(
           groups, source, form, withTimes,
-          [&text](std::string_view piece) {
-            text += piece;
+          [&bytes](std::string_view piece) {
+            bytes += piece;
             return true;
           },
           ui);
-      return text;
+      return bytes;
     };
     const std::string letter = EncodeUtf8(other);
     EXPECT_EQ(composed(LineForm::aligned, true),
