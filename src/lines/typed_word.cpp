@@ -25,15 +25,16 @@ TypedWord::Fit TypedWord::FitOf(const WordEntry& entry) const {
   return std::max(sorted, FitOf(alphabet_.WithoutAccents(entry.word), plain_));
 }
 
-std::optional<std::size_t> FindTyped(const TypedWord& typed, const WordTable& table,
-                                     const std::vector<std::int32_t>& entries) {
-  std::optional<std::size_t> begins;
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    const TypedWord::Fit fit = typed.FitOf(table.entries[static_cast<std::size_t>(entries[i])]);
-    if (fit == TypedWord::Fit::whole) return i;
-    if (fit == TypedWord::Fit::begins && !begins) begins = i;
+std::vector<std::int32_t> FindTyped(const TypedWord& typed, const WordTable& table,
+                                    const std::vector<std::int32_t>& entries) {
+  std::vector<std::int32_t> whole;
+  std::vector<std::int32_t> begins;
+  for (const std::int32_t entry : entries) {
+    const TypedWord::Fit fit = typed.FitOf(table.entries[static_cast<std::size_t>(entry)]);
+    if (fit == TypedWord::Fit::whole) whole.push_back(entry);
+    if (fit == TypedWord::Fit::begins && begins.empty()) begins.push_back(entry);
   }
-  return begins;
+  return whole.empty() ? begins : whole;
 }
 
 }  // namespace quorvel

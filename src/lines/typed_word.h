@@ -3,7 +3,6 @@
 // Case and accents do not matter: "uber" and "ueber" both find "über".
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,9 +33,9 @@ class TypedWord {
   std::u16string plain_;
 };
 
-// The place in `entries`, 0-based numbers in the table, of the first one that is the typed word or,
-// if none is, of the first that begins so.
-[[nodiscard]] std::optional<std::size_t> FindTyped(const TypedWord& typed, const WordTable& table,
-                                                   const std::vector<std::int32_t>& entries);
+// Of `entries`, 0-based numbers in the table, those that are the typed word in whatever spelling
+// or, if none is, the first one that begins so.
+[[nodiscard]] std::vector<std::int32_t> FindTyped(const TypedWord& typed, const WordTable& table,
+                                                  const std::vector<std::int32_t>& entries);
 
 }  // namespace quorvel

@@ -60,7 +60,7 @@ int StripsView::LabelWidth() const {
   for (const WordPlaces& word : words_) {
     widest = std::max(widest, fontMetrics().horizontalAdvance(word.word));
   }
-  return std::min(widest, viewport()->width() / 3) + 2 * GAP;
+  return std::min(widest + 1, viewport()->width() / 3) + 2 * GAP;
 }
 
 QRect StripsView::StripOfRow(int row, int width) const {

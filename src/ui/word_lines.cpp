@@ -349,8 +349,8 @@ bool WordLines::eventFilter(QObject* watched, QEvent* event) {
 void WordLines::txbFindWord_Change() {
   const QString typed = ui_->txbFindWord->text();
   words_->Narrow(typed);
-  const int row = words_->Find(typed);
-  if (row >= 0) ChooseWords({words_->EntryAt(row)});
+  const std::vector<std::int32_t> found = words_->Find(typed);
+  if (!found.empty()) ChooseWords(found);
 }
 
 void WordLines::GoTo(std::int32_t position) {

@@ -64,10 +64,9 @@ TypedWord WordsModel::Typed(const QString& typed) const {
   return {alphabet.Typed(typed.toStdString()), alphabet};
 }
 
-int WordsModel::Find(const QString& typed) const {
-  if (listing_ == nullptr || typed.isEmpty()) return -1;
-  const auto row = FindTyped(Typed(typed), *listing_->words->words.table, entries_);
-  return row ? static_cast<int>(*row) : -1;
+std::vector<std::int32_t> WordsModel::Find(const QString& typed) const {
+  if (listing_ == nullptr || typed.isEmpty()) return {};
+  return FindTyped(Typed(typed), *listing_->words->words.table, entries_);
 }
 
 int WordsModel::RowOf(std::int32_t entry) const {

@@ -25,8 +25,8 @@ class WordsModel : public QAbstractTableModel {
   // Shows those alone that fit a pattern; all for an empty text or one that is no pattern.
   void Narrow(const QString& typed);
 
-  // The row of the word that is typed or begins so; -1 for none.
-  [[nodiscard]] int Find(const QString& typed) const;
+  // The numbers of the words that are what is typed, or of the first that begins so.
+  [[nodiscard]] std::vector<std::int32_t> Find(const QString& typed) const;
 
   // The number of a row's word in the table of words, and the row that shows a number; -1 for none.
   [[nodiscard]] std::int32_t EntryAt(int row) const {

@@ -113,8 +113,11 @@ TEST_F(WordsAndLines, ShowsWhatIsChosen) {
   // Two words, in the order of their places; each line shows where it stands.
   Click("txbFindWord");
   TypeText(*window_, "sEa");
-  EXPECT_EQ(Rows("tblWords", true), "Sea|1||\n");
+  EXPECT_EQ(Rows("tblWords", true), "Sea|1||\nsea|2||\n");
   Press(Qt::Key_Return);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Rows("tblWords", true), "sea|2||\n");
+  Press(Qt::Key_Up);
   Press(Qt::SHIFT | Qt::Key_Down);
   EXPECT_EQ(Rows("tblLines", true), " on the |Sea|; the se|\n");
   EXPECT_EQ(Rows("tblLines"),
