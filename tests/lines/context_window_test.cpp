@@ -1,0 +1,24 @@
+#include "lines/context_window.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quorvel {
+
+// A word that ends with the text may be recorded one place behind it, and none further.
+TEST(ContextWindow, IsEmptyOutsideTheText) {
+  std::string text;
+  for (int i = 0; i < 20; ++i) text += "it is so ";
+  const ContextCutter<char> cutter(text, {2, false});
+  const auto length = static_cast<std::int64_t>(text.size());
+  std::string copies;
+  for (const std::int64_t position :
+       {std::int64_t{-1}, std::int64_t{0}, length + 2, length + 100}) {
+    EXPECT_EQ(cutter.Cut(position, 2, copies), "") << position;
+  }
+  EXPECT_EQ(cutter.Cut(1, 2, copies), "it is so it is");
+  EXPECT_NE(cutter.Cut(length + 1, 2, copies), "");
+}
+
+}  // namespace quorvel
