@@ -155,7 +155,7 @@ void StripsView::mousePressEvent(QMouseEvent* event) {
   const auto distance = [wanted](std::int32_t position) {
     return std::abs(std::int64_t{position} - wanted);
   };
-  emit PlaceChosen(row, *std::ranges::min_element(positions, {}, distance));
+  emit PlaceChosen(*std::ranges::min_element(positions, {}, distance));
 }
 
 void StripsView::GoBeside(bool forward) {
@@ -163,8 +163,8 @@ void StripsView::GoBeside(bool forward) {
   const std::vector<std::int32_t>& positions = words_[static_cast<std::size_t>(row_)].positions;
   const auto behind = std::ranges::upper_bound(positions, marked_);
   const auto here = std::ranges::lower_bound(positions, marked_);
-  if (forward && behind != positions.end()) emit PlaceChosen(row_, *behind);
-  if (!forward && here != positions.begin()) emit PlaceChosen(row_, *std::prev(here));
+  if (forward && behind != positions.end()) emit PlaceChosen(*behind);
+  if (!forward && here != positions.begin()) emit PlaceChosen(*std::prev(here));
 }
 
 void StripsView::keyPressEvent(QKeyEvent* event) {

@@ -41,8 +41,8 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  signals:
-  // The user wants to go to a place of the word of this number.
-  void PlaceChosen(int word, std::int32_t position);
+  // The user wants to go to a place of a word.
+  void PlaceChosen(std::int32_t position);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

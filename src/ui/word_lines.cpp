@@ -110,8 +110,7 @@ void WordLines::ConnectLines() {
   connect(ui_->cmdSaveLines, &QPushButton::clicked, this, &WordLines::cmdSaveLines_Click);
   ui_->stripsView->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(ui_->stripsView, &QWidget::customContextMenuRequested, this, &WordLines::stripsView_Menu);
-  connect(ui_->stripsView, &StripsView::PlaceChosen, this,
-          [this](int /*word*/, std::int32_t position) { GoTo(position); });
+  connect(ui_->stripsView, &StripsView::PlaceChosen, this, &WordLines::GoTo);
   connect(ui_->txbDocument, &DocumentPane::WordChosen, this, &WordLines::txbDocument_WordChosen);
 }
 
@@ -310,8 +309,7 @@ void WordLines::ShowLine() {
   const QModelIndex current = ui_->tblLines->currentIndex();
   if (!current.isValid() || listing_ == nullptr) return;
   ui_->txbDocument->Mark(lines_->PlaceOf(current.row()));
-  ui_->stripsView->MarkPlace(
-      lines_->Groups()[static_cast<std::size_t>(current.row())].first.position);
+  MarkPlace(lines_->Groups()[static_cast<std::size_t>(current.row())].first.position);
 }
 
 // The matches have a column of their own width in the middle, the contexts what is left.
@@ -365,17 +363,18 @@ void WordLines::GoTo(std::int32_t position) {
   const WordEntry& word =
       listing_->words->words.table->entries[static_cast<std::size_t>(line->entry)];
   ui_->txbDocument->Mark(SpanOfOccurrence(listing_->Source().documentText, word.word, position));
+  MarkPlace(position);
+}
+
+void WordLines::MarkPlace(std::int32_t position) {
+  shown_ = position;
   ui_->stripsView->MarkPlace(position);
 }
 
 void WordLines::GoToPlace(bool forward) {
   if (all_.empty()) return;
-  const QModelIndex current = ui_->tblLines->currentIndex();
-  const std::int32_t here =
-      current.isValid() ? lines_->Groups()[static_cast<std::size_t>(current.row())].first.position
-                        : 0;
-  const auto behind = std::ranges::upper_bound(all_, here, {}, &Line::position);
-  const auto at = std::ranges::lower_bound(all_, here, {}, &Line::position);
+  const auto behind = std::ranges::upper_bound(all_, shown_, {}, &Line::position);
+  const auto at = std::ranges::lower_bound(all_, shown_, {}, &Line::position);
   if (forward && behind != all_.end()) GoTo(behind->position);
   if (!forward && at != all_.begin()) GoTo(std::prev(at)->position);
 }

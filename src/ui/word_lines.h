@@ -74,6 +74,7 @@ class WordLines : public QWidget {
   void ShowCount();
   void FitColumns();
   void GoTo(std::int32_t position);
+  void MarkPlace(std::int32_t position);
   void ChooseWords(const std::vector<std::int32_t>& entries);
   [[nodiscard]] std::vector<std::int32_t> ChosenEntries() const;
   [[nodiscard]] LineOrder Order() const;
@@ -103,6 +104,7 @@ class WordLines : public QWidget {
   bool isStale_ = false;  // the listing is not shown yet
   Lines all_;             // of the chosen words, in the order of their places
   std::vector<LineGroup> groups_;
+  std::int32_t shown_ = 0;     // the place that is marked, as the table of words has it
   TableWork* work_ = nullptr;  // under way
   bool wantsOther_ = false;    // lines than those under way
 };
