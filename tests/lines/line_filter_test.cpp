@@ -70,10 +70,12 @@ TEST(LineFilter, TakesEqualLinesOnce) {
 
 TEST(LineFilter, CanBeStopped) {
   const Seas seas(DecodeAnsi(Repeated("at sea ", 5000)));
-  ScriptedConversation ui;
-  ui.stopAtYield = 1;
-  EXPECT_FALSE(LinesWith(u"at", seas.lines, seas.source, ui));
-  EXPECT_FALSE(EqualLinesOnce(seas.lines, seas.source, ui));
+  ScriptedConversation filtering;
+  filtering.stopAtYield = 1;
+  EXPECT_FALSE(LinesWith(u"at", seas.lines, seas.source, filtering));
+  ScriptedConversation grouping;
+  grouping.stopAtYield = 1;
+  EXPECT_FALSE(EqualLinesOnce(seas.lines, seas.source, grouping));
 }
 
 }  // namespace

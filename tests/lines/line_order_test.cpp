@@ -37,6 +37,8 @@ TEST(ContextWords, AreFoldedFromTheMatchOutwards) {
        u"dont it ships-of "},
       {"what is no word does not count", u"... -- a / b ...", u"b ", u"a ", 2},
       {"accents and digits", u"Über 20 Étés", u"ueber 20 etes ", u"etes 20 ueber "},
+      {"letters of two code units", u"\U00010400\U0001F6A2 it", u"\U00010428 it ",
+       u"it \U00010428 "},
       {"joined to the match", u"'s light of l'", u"light of l ", u"of light s "},
       {"by another apostrophe", u"\u2019s light of l\u2019", u"light of l ", u"of light s "}};
   for (const auto& row : rows) {
@@ -154,6 +156,7 @@ TEST(LineOrder, CanBeStopped) {
     ScriptedConversation ui;
     ui.stopAtYield = atYield;
     EXPECT_FALSE(LinesOf(source, entries, ui));
+    EXPECT_FALSE(LinesOf(source, {{1}}, ui));
     Lines lines = *LinesOf(source, entries, nobody);
     ui.ClearStop();
     ui.yields = 0;

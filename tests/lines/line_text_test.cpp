@@ -11,7 +11,7 @@ namespace quorvel {
 TEST(LineText, IsAlignedOrHasTabs) {
   // The second text has a character of two code units.
   for (const std::u16string other : {u"x", u"\U0001F6A2"}) {
-    const std::u16string text = u"it is as it is and it is as it is and it is, it is / all of " +
+    const std::u16string text = u"it is as it is and it is as it is and it is, it is / all off " +
                                 other + u" sea: it is / Ö sea, it is / so";
     const auto document =
         MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(text), 0);
@@ -34,11 +34,11 @@ TEST(LineText, IsAlignedOrHasTabs) {
     };
     const std::string letter = EncodeUtf8(other);
     EXPECT_EQ(composed(LineForm::aligned, true),
-              "is Ö sea, it is (x1)\nof " + letter + " sea: it is (x12)\n");
+              " is Ö sea, it is (x1)\noff " + letter + " sea: it is (x12)\n");
     EXPECT_EQ(composed(LineForm::tabbed, false),
-              "is Ö \tsea\t, it is\nof " + letter + " \tsea\t: it is\n");
+              "is Ö \tsea\t, it is\noff " + letter + " \tsea\t: it is\n");
     EXPECT_EQ(composed(LineForm::tabbed, true),
-              "is Ö \tsea\t, it is\t1\nof " + letter + " \tsea\t: it is\t12\n");
+              "is Ö \tsea\t, it is\t1\noff " + letter + " \tsea\t: it is\t12\n");
   }
 }
 
