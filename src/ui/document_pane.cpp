@@ -2,8 +2,10 @@
 
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStringMatcher>
 #include <QTextBlock>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 // The lines of a text file stand in the document as " / ". In the box they are lines: a place there
@@ -50,6 +52,28 @@ QString ShownPart(std::u16string_view text) {
   return shown.replace(" / ", "\n");
 }
 
+// Whatever their case. Nothing when it was stopped.
+std::optional<std::vector<std::int32_t>> PlacesOf(const QString& text, std::u16string_view all,
+                                                  Progress& progress) {
+  constexpr qsizetype STEP = qsizetype{1} << 19U;  // code units between two looks at events
+  const auto whole = QStringView(all.data(), static_cast<qsizetype>(all.size()));
+  const QStringMatcher matcher(text, Qt::CaseInsensitive);
+  std::vector<std::int32_t> places;
+  for (qsizetype from = 0; from < whole.size();) {
+    progress.YieldNow();
+    if (progress.StopRequested()) return {};
+    const QStringView step = whole.mid(from, STEP + text.size() - 1);
+    qsizetype behind = 0;
+    for (qsizetype place = matcher.indexIn(step); place >= 0;
+         place = matcher.indexIn(step, behind)) {
+      places.push_back(static_cast<std::int32_t>(from + place));
+      behind = place + text.size();
+    }
+    from += std::max(behind, STEP);
+  }
+  return places;
+}
+
 }  // namespace
 
 DocumentPane::DocumentPane(QWidget* parent) : QPlainTextEdit(parent) {
@@ -72,6 +96,8 @@ void DocumentPane::Show(std::shared_ptr<const Document> document) {
   if (document == document_) return;
   document_ = std::move(document);
   marked_ = {0, 0};
+  sought_.clear();
+  found_.clear();
   ShowPart(0);
   moveCursor(QTextCursor::Start);
 }
@@ -174,42 +200,49 @@ void DocumentPane::Select(const TextSpan& place) {
 
 FindTarget DocumentPane::Finding() {
   return {this, "the document",
-          [this](const QString& text, bool backward) { return Find(text, backward); },
-          [this](const QString& text) { return CountOf(text); }};
+          [this](const QString& text, Progress& progress) { return Find(text, progress); },
+          [this](bool backward) { GoOnFinding(backward); }, [this] { return CountFound(); }};
 }
 
-bool DocumentPane::Find(const QString& text, bool backward) {
-  const std::u16string_view all = Text();
-  const auto whole = QStringView(all.data(), static_cast<qsizetype>(all.size()));
-  QTextCursor cursor = textCursor();
-  cursor.setPosition(cursor.selectionStart());
-  const auto from = static_cast<qsizetype>(PlaceOf(cursor));
-  const bool isSelected = textCursor().hasSelection();
-  qsizetype found = -1;
-  if (backward) {
-    if (from > 0) found = whole.lastIndexOf(text, from - 1, Qt::CaseInsensitive);
-    if (found < 0) found = whole.lastIndexOf(text, -1, Qt::CaseInsensitive);
-  } else {
-    found = whole.indexOf(text, from + (isSelected ? 1 : 0), Qt::CaseInsensitive);
-    if (found < 0) found = whole.indexOf(text, 0, Qt::CaseInsensitive);
-  }
-  if (found < 0) return false;
-  Select({static_cast<std::size_t>(found), static_cast<std::size_t>(found + text.size())});
+bool DocumentPane::Find(const QString& text, Progress& progress) {
+  if (text == sought_) return true;
+  const std::shared_ptr<const Document> document = document_;  // which a run may take away
+  std::optional<std::vector<std::int32_t>> found = PlacesOf(text, Text(), progress);
+  if (!found || document != document_) return false;
+  sought_ = text;
+  found_ = *std::move(found);
   return true;
 }
 
-FindCount DocumentPane::CountOf(const QString& text) const {
-  FindCount count;
-  if (text.isEmpty()) return count;
-  const std::u16string_view all = Text();
-  const auto whole = QStringView(all.data(), static_cast<qsizetype>(all.size()));
+// The begin of the selection.
+std::size_t DocumentPane::SelectedPlace() const {
   QTextCursor cursor = textCursor();
   cursor.setPosition(cursor.selectionStart());
-  const auto selected = textCursor().hasSelection() ? static_cast<qsizetype>(PlaceOf(cursor)) : -1;
-  for (qsizetype place = whole.indexOf(text, 0, Qt::CaseInsensitive); place >= 0;
-       place = whole.indexOf(text, place + text.size(), Qt::CaseInsensitive)) {
-    ++count.all;
-    if (place == selected) count.selected = count.all;
+  return PlaceOf(cursor);
+}
+
+// From the selection on; behind the last place it goes on at the first.
+void DocumentPane::GoOnFinding(bool backward) {
+  if (found_.empty()) return;
+  const auto from = static_cast<std::int32_t>(SelectedPlace());
+  auto next = std::ranges::lower_bound(found_, from);
+  if (backward) {
+    next = std::prev(next == found_.begin() ? found_.end() : next);
+  } else {
+    if (next != found_.end() && *next == from && textCursor().hasSelection()) ++next;
+    if (next == found_.end()) next = found_.begin();
+  }
+  const auto begin = static_cast<std::size_t>(*next);
+  Select({begin, begin + static_cast<std::size_t>(sought_.size())});
+}
+
+FindCount DocumentPane::CountFound() const {
+  FindCount count;
+  count.all = static_cast<int>(found_.size());
+  const auto place = static_cast<std::int32_t>(SelectedPlace());
+  const auto at = std::ranges::lower_bound(found_, place);
+  if (textCursor().hasSelection() && at != found_.end() && *at == place) {
+    count.selected = static_cast<int>(at - found_.begin()) + 1;
   }
   return count;
 }

@@ -6,6 +6,7 @@
 
 #include <QPlainTextEdit>
 #include <memory>
+#include <vector>
 
 #include "engine/tokenizer.h"
 #include "input/document.h"
@@ -28,13 +29,6 @@ class DocumentPane : public QPlainTextEdit {
   // Finding in all of it.
   [[nodiscard]] FindTarget Finding();
 
-  // Finds a text from the selection on, whatever its case, and selects it; behind the last place
-  // the search goes on at the first. False when there is none.
-  bool Find(const QString& text, bool backward);
-
-  // The places of a text in the document.
-  [[nodiscard]] FindCount CountOf(const QString& text) const;
-
  signals:
   // The user wants the word at a place, 0-based.
   void WordChosen(std::size_t place);
@@ -48,6 +42,10 @@ class DocumentPane : public QPlainTextEdit {
   void ShowPart(std::size_t around);
   void ShowAtTop(std::size_t place);
   void GoOn();
+  [[nodiscard]] bool Find(const QString& text, Progress& progress);
+  void GoOnFinding(bool backward);
+  [[nodiscard]] FindCount CountFound() const;
+  [[nodiscard]] std::size_t SelectedPlace() const;
   void Select(const TextSpan& place);
   [[nodiscard]] int PositionOf(std::size_t place) const;
   [[nodiscard]] std::size_t PlaceOf(const QTextCursor& cursor) const;
@@ -57,6 +55,8 @@ class DocumentPane : public QPlainTextEdit {
   std::size_t begin_ = 0;  // of the part that is in the box
   std::size_t end_ = 0;
   TextSpan marked_{0, 0};
+  QString sought_;
+  std::vector<std::int32_t> found_;  // the places of `sought_`, 0-based, none within another
 };
 
 }  // namespace quorvel

@@ -266,6 +266,7 @@ void FilesAndOptions::Fold(bool folded) {
   }
   ui_.cmdFold->setChecked(folded);
   ui_.cmdFold->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
+  ShowFoldedInput();
 }
 
 void FilesAndOptions::cboContextSize_Click() {

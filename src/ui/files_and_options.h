@@ -89,6 +89,7 @@ class FilesAndOptions : public QObject {
   void PathChosen(int index);
   void ReadKeywords();
   void Fold(bool folded);
+  void ShowFoldedInput();
   void ShowPath(int index);
   [[nodiscard]] bool MayShowLineBreaks() const;
   [[nodiscard]] std::string& PathSetting(int index);

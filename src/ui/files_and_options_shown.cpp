@@ -1,6 +1,8 @@
 // Between the controls of the main window and the settings: which control shows which field, and
 // when it can be used.
 
+#include <QFileInfo>
+
 #include "files/file_system.h"
 #include "files/path_names.h"
 #include "run/run_captions.h"
@@ -88,6 +90,17 @@ void FilesAndOptions::ShowPath(int index) {
   QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
   const QString shown = ShownPath(PathSetting(index));
   if (box->text() != shown) ReplaceText(*box, shown);
+  if (index == INPUT_BOX) ShowFoldedInput();
+}
+
+// When the boxes are folded away, nothing else says which document it is.
+void FilesAndOptions::ShowFoldedInput() {
+  constexpr int MOST_SHOWN = 40;  // characters
+  QString name = QFileInfo(txbFile_[INPUT_BOX]->text()).fileName();
+  if (name.size() > MOST_SHOWN) name = name.left(MOST_SHOWN - 4) + " ...";
+  const bool isSaid = ui_.cmdFold->isChecked() && !name.isEmpty();
+  ui_.cmdFold->setText(isSaid ? tr("Files and options of %1").arg(name.replace('&', "&&"))
+                              : tr("Files and options"));
 }
 
 void FilesAndOptions::ShowWhatIsPossible() {

@@ -102,7 +102,7 @@ void FindBar::Find(bool backward) {
   const QString text = controls_.text->text();
   if (text.isEmpty()) return;
   if (target_.box != nullptr) {
-    (void)target_.find(text, backward);
+    goesBackward_ = backward;
     return ShowCount();
   }
   const QTextDocument::FindFlags flags =
@@ -114,19 +114,33 @@ void FindBar::Find(bool backward) {
   ShowCount();
 }
 
-// "3 of 12" while one of the places is selected, else how many there are.
-void FindBar::ShowCount() const {
+void FindBar::ShowCount() {
   const QString text = controls_.text->text();
-  if (text.isEmpty()) {
-    controls_.count->clear();
-    return;
+  if (!text.isEmpty() && target_.box != nullptr) {
+    return work_.Do([this](Progress& progress) { FindInTarget(progress); });
   }
-  const bool isOther = target_.box != nullptr;
-  const FindCount count = isOther ? target_.count(text) : CountInBox(*controls_.output, text);
+  work_.Stop();
+  goesBackward_.reset();
+  if (text.isEmpty()) return controls_.count->clear();
+  SayFound(CountInBox(*controls_.output, text), searchesPart_);
+}
+
+// The text may be long.
+void FindBar::FindInTarget(Progress& progress) {
+  const QString text = controls_.text->text();
+  const FindTarget target = target_;  // which the events may change
+  if (target.box == nullptr) return;
+  controls_.count->setText(tr("..."));
+  if (!target.find(text, progress) || progress.StopRequested()) return;
+  if (const auto goesBackward = std::exchange(goesBackward_, {})) target.goOn(*goesBackward);
+  SayFound(target.count(), false);
+}
+
+// "3 of 12" while one of the places is selected, else how many there are.
+void FindBar::SayFound(const FindCount& count, bool isPart) const {
   const QString found = count.selected > 0 ? tr("%1 of %2").arg(count.selected).arg(count.all)
                                            : tr("%1 found").arg(count.all);
-  controls_.count->setText(searchesPart_ && !isOther ? tr("%1 in what is shown").arg(found)
-                                                     : found);
+  controls_.count->setText(isPart ? tr("%1 in what is shown").arg(found) : found);
 }
 
 FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,

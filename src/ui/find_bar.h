@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <optional>
+
+#include "ui/table_work.h"
 
 class QLabel;
 class QLineEdit;
@@ -32,8 +35,11 @@ struct FindCount {
 struct FindTarget {
   QPlainTextEdit* box = nullptr;  // whose selection goes from place to place
   QString searched;               // what the user calls that text
-  std::function<bool(const QString&, bool backward)> find;
-  std::function<FindCount(const QString&)> count;
+  // Finds all places of a text, in which events run; false when it was stopped.
+  std::function<bool(const QString&, Progress&)> find;
+  // Of the places found, selects the next one, or the one before, and says how many there are.
+  std::function<void(bool backward)> goOn;
+  std::function<FindCount()> count;
 };
 
 // Case does not matter; behind the last place the search goes on at the first.
@@ -65,12 +71,16 @@ class FindBar : public QObject {
 
  private:
   void Find(bool backward);
-  void ShowCount() const;
+  void FindInTarget(Progress& progress);
+  void ShowCount();
+  void SayFound(const FindCount& count, bool isPart) const;
   void ShowWhere();
   [[nodiscard]] QPlainTextEdit& Box() const;
 
   FindControls controls_;
   FindTarget target_;
+  LatestWork work_;                   // in the target
+  std::optional<bool> goesBackward_;  // once the places are found
   bool searchesPart_ = false;
 };
 

@@ -41,6 +41,10 @@ StripsView::StripsView(QWidget* parent) : QAbstractScrollArea(parent) {
 
 void StripsView::Show(std::vector<WordPlaces> words, std::size_t length) {
   words_ = std::move(words);
+  widest_ = 0;
+  for (const WordPlaces& word : words_) {
+    widest_ = std::max(widest_, fontMetrics().horizontalAdvance(word.word));
+  }
   length_ = length;
   row_ = 0;
   updateGeometry();
@@ -56,11 +60,7 @@ void StripsView::MarkPlace(std::int32_t position) {
 int StripsView::RowHeight() const { return fontMetrics().lineSpacing() + 4; }
 
 int StripsView::LabelWidth() const {
-  int widest = 0;
-  for (const WordPlaces& word : words_) {
-    widest = std::max(widest, fontMetrics().horizontalAdvance(word.word));
-  }
-  return std::min(widest + 1, viewport()->width() / 3) + 2 * GAP;
+  return std::min(widest_ + 1, viewport()->width() / 3) + 2 * GAP;
 }
 
 QRect StripsView::StripOfRow(int row, int width) const {
@@ -73,15 +73,15 @@ QSize StripsView::sizeHint() const {
   return {200, rows * RowHeight() + 2 * frameWidth()};
 }
 
-void StripsView::PaintRows(QPainter& painter, int width) const {
-  for (std::size_t i = 0; i < words_.size(); ++i) {
-    const int row = static_cast<int>(i);
+void StripsView::PaintRows(QPainter& painter, int width, int first, int last) const {
+  for (int row = first; row <= last; ++row) {
+    const WordPlaces& word = words_[static_cast<std::size_t>(row)];
     const QRect strip = StripOfRow(row, width);
     const QRect label(GAP, strip.top(), strip.left() - 2 * GAP, strip.height());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignRight,
-                     fontMetrics().elidedText(words_[i].word, Qt::ElideRight, label.width()));
-    PaintStrip(painter, strip, StripOf(words_[i].positions, length_, strip.width()),
+                     fontMetrics().elidedText(word.word, Qt::ElideRight, label.width()));
+    PaintStrip(painter, strip, StripOf(word.positions, length_, strip.width()),
                palette().color(QPalette::Text));
     if (row == row_ && hasFocus()) {
       painter.drawRect(strip.adjusted(-1, -1, 0, 0));
@@ -96,22 +96,27 @@ void StripsView::PaintRows(QPainter& painter, int width) const {
 void StripsView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
-  painter.translate(0, -verticalScrollBar()->value());
-  PaintRows(painter, viewport()->width());
+  const int top = verticalScrollBar()->value();
+  painter.translate(0, -top);
+  const int all = static_cast<int>(words_.size());
+  const int last = std::min(all - 1, (top + viewport()->height()) / RowHeight());
+  PaintRows(painter, viewport()->width(), top / RowHeight(), last);
 }
 
 QImage StripsView::Picture(const QString& title) const {
+  constexpr int MOST_PIXELS = 32767;  // that a painter reaches
   const int width = viewport()->width();
   const int top = RowHeight() + GAP;
-  QImage image(width, top + static_cast<int>(words_.size()) * RowHeight() + GAP,
-               QImage::Format_RGB32);
+  const int all = static_cast<int>(words_.size());
+  if (all > (MOST_PIXELS - top - GAP) / RowHeight()) return {};
+  QImage image(width, top + all * RowHeight() + GAP, QImage::Format_RGB32);
   image.fill(palette().color(QPalette::Base));
   QPainter painter(&image);
   painter.setFont(font());
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(GAP, GAP, width, RowHeight(), Qt::AlignVCenter, title);
   painter.translate(0, top);
-  PaintRows(painter, width);
+  PaintRows(painter, width, 0, all - 1);
   return image;
 }
 

@@ -34,7 +34,8 @@ class StripsView : public QAbstractScrollArea {
   // Marks a place in all strips; 0 for none.
   void MarkPlace(std::int32_t position);
 
-  // The strips as a picture, all of them, under a title.
+  // The strips as a picture, all of them, under a title; null when there are more than a picture
+  // has room for.
   [[nodiscard]] QImage Picture(const QString& title) const;
 
   [[nodiscard]] QSize sizeHint() const override;
@@ -54,12 +55,13 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int LabelWidth() const;
   [[nodiscard]] QRect StripOfRow(int row, int width) const;
-  void PaintRows(QPainter& painter, int width) const;
+  void PaintRows(QPainter& painter, int width, int first, int last) const;
   void ShowScrollBar();
   void ChooseRow(int row);
   void GoBeside(bool forward);
 
   std::vector<WordPlaces> words_;
+  int widest_ = 0;  // of the words, in pixels
   std::size_t length_ = 0;
   std::int32_t marked_ = 0;
   int row_ = 0;

@@ -26,13 +26,26 @@
 namespace quorvel {
 namespace {
 
-constexpr int LARGEST_MATCH = 30;  // characters that the column of the matches has room for
+constexpr int LARGEST_MATCH = 30;         // characters that the column of the matches has room for
+constexpr qsizetype MOST_MEASURED = 200;  // of the words that this column has room for
 
 // Whatever keys are held, which would choose it beside others.
 void ChooseRow(QTableView& table, int row) {
   table.selectionModel()->setCurrentIndex(
       table.model()->index(row, 0),
       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+// Rows in ascending order: a few ranges, where each row by itself would be slow.
+QItemSelection Selection(const QAbstractItemModel& model, const std::vector<int>& rows) {
+  QItemSelection selection;
+  for (std::size_t begin = 0, end = 0; begin < rows.size(); begin = end) {
+    while (++end < rows.size() && rows[end] == rows[end - 1] + 1) {
+    }
+    selection.select(model.index(rows[begin], 0),
+                     model.index(rows[end - 1], model.columnCount() - 1));
+  }
+  return selection;
 }
 
 // Whether an existing one may be replaced is asked when it is to be written.
@@ -134,18 +147,17 @@ void WordLines::Show(std::shared_ptr<const Listing> listing) {
 }
 
 void WordLines::Release() {
-  if (work_ != nullptr) work_->RequestStop();
+  work_.Stop();
   if (listing_ != nullptr && !isStale_) {
     wanted_.clear();
     for (const std::int32_t entry : ChosenEntries()) {
-      wanted_.append(QString::fromStdU16String(
+      wanted_.insert(QString::fromStdU16String(
           listing_->words->words.table->entries[static_cast<std::size_t>(entry)].word));
     }
   }
   isStale_ = true;  // so that nothing is made of what goes
   listing_.reset();
   all_.clear();
-  groups_.clear();
   words_->Show(nullptr);
   lines_->Show(nullptr, {});
   ui_->txbDocument->Show(nullptr);
@@ -164,32 +176,25 @@ void WordLines::Update() {
   ShowOrders();
   if (listing_ == nullptr) return;
   ui_->txbDocument->Show(listing_->words->words.document);
-  const std::vector<WordEntry>& words = listing_->words->words.table->entries;
   std::vector<std::int32_t> entries;
-  for (const QString& word : std::as_const(wanted_)) {
-    const auto found = std::ranges::find(words, word.toStdU16String(), &WordEntry::word);
-    if (found != words.end()) entries.push_back(static_cast<std::int32_t>(found - words.begin()));
+  for (int row = 0; !wanted_.empty() && row < words_->rowCount(); ++row) {
+    if (wanted_.contains(QString::fromStdU16String(words_->WordAt(row).word))) {
+      entries.push_back(words_->EntryAt(row));
+    }
   }
-  std::erase_if(entries, [this](std::int32_t entry) { return words_->RowOf(entry) < 0; });
   if (entries.empty() && words_->rowCount() > 0) entries.push_back(words_->EntryAt(0));
   FitColumns();
   ChooseWords(entries);
 }
 
 void WordLines::ChooseWords(const std::vector<std::int32_t>& entries) {
-  QItemSelection rows;
-  int first = -1;
-  for (const std::int32_t entry : entries) {
-    const int row = words_->RowOf(entry);
-    if (row < 0) continue;
-    if (first < 0) first = row;
-    rows.select(words_->index(row, 0), words_->index(row, WordsModel::COLUMNS - 1));
-  }
+  const std::vector<int> rows = words_->RowsOf(entries);
+  if (rows.empty()) return ShowLines();
   QItemSelectionModel& selection = *ui_->tblWords->selectionModel();
-  if (first < 0) return ShowLines();
-  selection.setCurrentIndex(words_->index(first, 0), QItemSelectionModel::NoUpdate);
-  selection.select(rows, QItemSelectionModel::ClearAndSelect);
-  ui_->tblWords->scrollTo(words_->index(first, 0), QAbstractItemView::PositionAtCenter);
+  const QModelIndex first = words_->index(rows.front(), 0);
+  selection.setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+  selection.select(Selection(*words_, rows), QItemSelectionModel::ClearAndSelect);
+  ui_->tblWords->scrollTo(first, QAbstractItemView::PositionAtCenter);
 }
 
 std::vector<std::int32_t> WordLines::ChosenEntries() const {
@@ -236,50 +241,46 @@ LineOrder WordLines::Order() const {
   return order;
 }
 
-// Makes the lines again. What comes up meanwhile, in the events that run, ends this and is made
-// when it has ended.
 void WordLines::ShowLines() {
   if (isStale_ || listing_ == nullptr) return;
-  wantsOther_ = true;
-  if (work_ != nullptr) return work_->RequestStop();
-  while (std::exchange(wantsOther_, false) && listing_ != nullptr) {
-    ui_->lblLineCount->setText(tr("..."));
-    if (!MakeLines()) continue;
-    const auto row = ui_->tblLines->currentIndex();
-    const std::int32_t before =
-        row.isValid() ? lines_->Groups()[static_cast<std::size_t>(row.row())].first.position : 0;
-    lines_->Show(listing_, std::move(groups_));
-    FitColumns();
-    ShowCount();
-    ShowStrips();
-    const int again = before == 0 ? -1 : lines_->RowOf(before);
-    if (lines_->rowCount() > 0) ChooseRow(*ui_->tblLines, std::max(again, 0));
-  }
+  work_.Do([this](Progress& progress) {
+    if (listing_ != nullptr) MakeLines(progress);
+  });
 }
 
-// False when they are no longer wanted.
-bool WordLines::MakeLines() {
-  TableWork work;
-  work_ = &work;
-  const std::shared_ptr<const Listing> listing = listing_;
+// Shows nothing new when it is stopped: other lines are wanted then, or none.
+void WordLines::MakeLines(Progress& progress) {
+  ui_->lblLineCount->setText(tr("..."));
+  const std::shared_ptr<const Listing> listing = listing_;  // which a run may take away meanwhile
   const LineSource source = Source();
-  std::optional<Lines> lines = LinesOf(source, ChosenEntries(), work);
-  if (lines) all_ = *lines;
-  const QString wanted = ui_->txbLineFilter->text().simplified();
-  if (lines && !wanted.isEmpty()) {
+  std::optional<Lines> all = LinesOf(source, ChosenEntries(), progress);
+  if (!all) return;
+  std::optional<Lines> lines = all;
+  const QString filter = ui_->txbLineFilter->text().simplified();
+  if (!filter.isEmpty()) {
     const Alphabet& alphabet = source.words.document->AlphabetOf();
-    lines = LinesWith(alphabet.Typed(wanted.toStdString()), *lines, source, work);
+    lines = LinesWith(alphabet.Typed(filter.toStdString()), *all, source, progress);
   }
-  bool isMade = lines && OrderLines(*lines, source, Order(), work);
-  std::optional<std::vector<LineGroup>> groups;
-  if (isMade) {
-    groups =
-        ui_->chkEqualOnce->isChecked() ? EqualLinesOnce(*lines, source, work) : EachOnce(*lines);
-  }
-  isMade = groups.has_value() && listing == listing_;
-  if (isMade) groups_ = *std::move(groups);
-  work_ = nullptr;
-  return isMade;
+  if (!lines || !OrderLines(*lines, source, Order(), progress)) return;
+  std::optional<std::vector<LineGroup>> groups =
+      ui_->chkEqualOnce->isChecked() ? EqualLinesOnce(*lines, source, progress) : EachOnce(*lines);
+  if (!groups || progress.StopRequested()) return;
+  all_ = *std::move(all);
+  PutLines(*std::move(groups));
+}
+
+// Into the table, where the line that is chosen stays so.
+void WordLines::PutLines(std::vector<LineGroup> groups) {
+  const QModelIndex current = ui_->tblLines->currentIndex();
+  const std::int32_t before =
+      current.isValid() ? lines_->Groups()[static_cast<std::size_t>(current.row())].first.position
+                        : 0;
+  lines_->Show(listing_, std::move(groups));
+  FitColumns();
+  ShowCount();
+  ShowStrips();
+  const int again = before == 0 ? -1 : lines_->RowOf(before);
+  if (lines_->rowCount() > 0) ChooseRow(*ui_->tblLines, std::max(again, 0));
 }
 
 void WordLines::ShowCount() {
@@ -321,7 +322,8 @@ void WordLines::FitColumns() {
   bold.setBold(true);
   const QFontMetrics metrics(bold);
   int match = metrics.horizontalAdvance("mmmm");
-  for (const QModelIndex& index : ui_->tblWords->selectionModel()->selectedRows()) {
+  const QModelIndexList chosen = ui_->tblWords->selectionModel()->selectedRows();
+  for (const QModelIndex& index : chosen.mid(0, MOST_MEASURED)) {
     const QString word = QString::fromStdU16String(words_->WordAt(index.row()).word);
     match = std::max(match, metrics.horizontalAdvance(word.left(LARGEST_MATCH) + "sm"));
   }
@@ -508,12 +510,19 @@ void WordLines::SavePicture() {
   const std::string path = PathOf(chosen);
   const std::string title = VisibleName(listing_->Source().source.path);
   TableWork work;
+  QByteArray image;
+  const bool isImage = LowerExtensionOf(path) == "png";
+  if (isImage) {
+    QBuffer buffer(&image);
+    if (!ui_->stripsView->Picture(ShownText(title)).save(&buffer, "PNG")) {
+      return conversation_.Tell(
+          "There are too many words for a PNG picture. Choose fewer words, or save it as SVG.",
+          STANDARD_TITLE);
+    }
+  }
   const auto fault = session_.Save(path, true, [&](const PieceSink& take) {
-    if (LowerExtensionOf(path) == "png") {
-      QByteArray bytes;
-      QBuffer buffer(&bytes);
-      ui_->stripsView->Picture(ShownText(title)).save(&buffer, "PNG");
-      take(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    if (isImage) {
+      take(std::string_view(image.constData(), static_cast<std::size_t>(image.size())));
     } else {
       DrawStrips(title, Source(), ChosenEntries(), take, work);
     }

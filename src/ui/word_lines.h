@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -67,7 +68,8 @@ class WordLines : public QWidget {
   void AddKeys();
   void Update();
   void ShowLines();
-  bool MakeLines();
+  void MakeLines(Progress& progress);
+  void PutLines(std::vector<LineGroup> groups);
   void ShowOrders();
   void ShowStrips();
   void ShowLine();
@@ -100,13 +102,11 @@ class WordLines : public QWidget {
   WordsModel* words_ = nullptr;
   LinesModel* lines_ = nullptr;
   std::shared_ptr<const Listing> listing_;
-  QStringList wanted_;    // the words that were chosen in the last listing
-  bool isStale_ = false;  // the listing is not shown yet
-  Lines all_;             // of the chosen words, in the order of their places
-  std::vector<LineGroup> groups_;
-  std::int32_t shown_ = 0;     // the place that is marked, as the table of words has it
-  TableWork* work_ = nullptr;  // under way
-  bool wantsOther_ = false;    // lines than those under way
+  std::set<QString> wanted_;  // the words that were chosen in the last listing
+  bool isStale_ = false;      // the listing is not shown yet
+  Lines all_;                 // of the chosen words, in the order of their places
+  std::int32_t shown_ = 0;    // the place that is marked, as the table of words has it
+  LatestWork work_;           // that makes the lines
 };
 
 }  // namespace quorvel

@@ -69,9 +69,13 @@ std::vector<std::int32_t> WordsModel::Find(const QString& typed) const {
   return FindTyped(Typed(typed), *listing_->words->words.table, entries_);
 }
 
-int WordsModel::RowOf(std::int32_t entry) const {
-  const auto found = std::ranges::find(entries_, entry);
-  return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+std::vector<int> WordsModel::RowsOf(std::vector<std::int32_t> entries) const {
+  std::ranges::sort(entries);
+  std::vector<int> rows;
+  for (int row = 0; row < rowCount(); ++row) {
+    if (std::ranges::binary_search(entries, EntryAt(row))) rows.push_back(row);
+  }
+  return rows;
 }
 
 const WordEntry& WordsModel::WordAt(int row) const {
@@ -94,9 +98,10 @@ int WordsModel::columnCount(const QModelIndex& parent) const {
 QString WordsModel::SpokenPlaces(const WordEntry& word) const {
   const std::size_t length = listing_->Source().documentText.size();
   constexpr int PERCENT = 100;
-  return tr("from %1 % to %2 % of the document")
-      .arg(ColumnOf(word.positions.front(), length, PERCENT))
-      .arg(ColumnOf(word.positions.back(), length, PERCENT));
+  const int first = ColumnOf(word.positions.front(), length, PERCENT);
+  const int last = ColumnOf(word.positions.back(), length, PERCENT);
+  return first == last ? tr("at %1 % of the document").arg(first)
+                       : tr("from %1 % to %2 % of the document").arg(first).arg(last);
 }
 
 QVariant WordsModel::data(const QModelIndex& index, int role) const {

@@ -28,11 +28,12 @@ class WordsModel : public QAbstractTableModel {
   // The numbers of the words that are what is typed, or of the first that begins so.
   [[nodiscard]] std::vector<std::int32_t> Find(const QString& typed) const;
 
-  // The number of a row's word in the table of words, and the row that shows a number; -1 for none.
+  // The number of a row's word in the table of words, and the rows, in ascending order, that show
+  // some numbers.
   [[nodiscard]] std::int32_t EntryAt(int row) const {
     return entries_[static_cast<std::size_t>(row)];
   }
-  [[nodiscard]] int RowOf(std::int32_t entry) const;
+  [[nodiscard]] std::vector<int> RowsOf(std::vector<std::int32_t> entries) const;
 
   [[nodiscard]] const WordEntry& WordAt(int row) const;
 

@@ -70,6 +70,7 @@ TEST_F(MainWindows, FoldsTheFilesAndOptionsAway) {
   Press(Qt::Key_F9);
   ExpectSoon([this] { return window_->size() == QSize(1024, 600); });
   EXPECT_FALSE(Shown("txbFile_0") || Shown("chkFrequencies") || Shown("lblInputFileSize"));
+  EXPECT_EQ(Text("cmdFold"), "Files and options of a.txt");
   const QWidget& counts = Control("lblNumberOfWords");
   EXPECT_GE(600 - counts.mapTo(window_.get(), counts.rect().bottomLeft()).y(), 400);
   Box written = WritesConcordance();
@@ -83,6 +84,7 @@ TEST_F(MainWindows, FoldsTheFilesAndOptionsAway) {
   EXPECT_FALSE(Shown("txbFile_0"));
   Press(Qt::CTRL | Qt::Key_O, {AsksForFile("Specify input file", "")});
   Click("cmdFold");
+  EXPECT_EQ(Text("cmdFold"), "Files and options");
   EXPECT_TRUE(Shown("txbFile_0") && Shown("chkFrequencies") && Shown("lblInputFileSize"));
   Open();
   EXPECT_TRUE(Shown("txbFile_0"));

@@ -1,8 +1,11 @@
 #include "ui/word_lines.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
+#include <QImage>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QTabWidget>
@@ -87,6 +90,17 @@ class WordsAndLines : public WindowTest {
     menu->close();
   }
 
+  // Acts, once, when a label says that work is under way.
+  void MeanwhileIn(const char* label, const std::function<void()>& act) {
+    QTimer::singleShot(0, window_.get(), [this, label, act] {
+      if (Text(label) != "...") return MeanwhileIn(label, act);
+      ++acted_;
+      act();
+    });
+  }
+
+  int acted_ = 0;
+
   // The document around its mark: the line, with the mark between brackets.
   std::string Marked() {
     const auto& pane = dynamic_cast<QPlainTextEdit&>(Control("txbDocument"));
@@ -143,6 +157,121 @@ TEST_F(WordsAndLines, ShowsWhatIsChosen) {
   QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, place);
   EXPECT_EQ(Rows("tblWords", true), "wide|1||\n");
   EXPECT_EQ(Marked(), "Ships on the Sea; the sea is [wide].");
+}
+
+TEST_F(WordsAndLines, OrdersWordsByAnyColumn) {
+  OpenTab("Ship on the sea: sea of us, harbour at the sea.\r\nShip, old ship\r\n");
+  ClickRow("tblWords", 2);
+  const std::pair<int, const char*> rows[] = {{0, "harbour old sea Ship ship "},
+                                              {0, "ship Ship sea old harbour "},
+                                              {1, "harbour old ship Ship sea "},
+                                              {1, "sea Ship harbour old ship "},
+                                              {2, "Ship sea harbour old ship "}};
+  for (const auto& [column, words] : rows) {
+    QTableView& table = Table("tblWords");
+    QHeaderView& header = *table.horizontalHeader();
+    const QPoint cell(header.sectionViewportPosition(column) + 15, header.height() / 2);
+    QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
+                      header.viewport()->mapTo(window_.get(), cell));
+    std::string shown;
+    for (int row = 0; row < table.model()->rowCount(); ++row) {
+      shown += table.model()->index(row, 0).data().toString().toStdString() + " ";
+    }
+    EXPECT_EQ(shown, words) << column;
+    EXPECT_EQ(Rows("tblWords", true), "sea|3||\n") << column;
+  }
+}
+
+TEST_F(WordsAndLines, AreTablesToAScreenReader) {
+  OpenTab(SEAS);
+  Type("txbFindWord", "ship");
+  const std::tuple<const char*, std::string, std::string> rows[] = {
+      {"tblWords", "Word|Number|Where|", "harbour|1|at 27 % of the document|"},
+      {"tblLines", "Left|Match|Right|", "The sea, the |ship| and the old harbour. Ships on|"}};
+  for (const auto& [name, headers, first] : rows) {
+    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&Table(name));
+    EXPECT_EQ(spoken.role(), QAccessible::Table) << name;
+    QAccessibleTableInterface& table = *spoken.tableInterface();
+    EXPECT_EQ(table.rowCount(), Table(name).model()->rowCount()) << name;
+    std::string columns;
+    std::string cells;
+    for (int column = 0; column < 3; ++column) {
+      columns += table.columnDescription(column).toStdString() + "|";
+      cells += table.cellAt(0, column)->text(QAccessible::Name).left(30).toStdString() + "|";
+    }
+    EXPECT_EQ(columns, headers) << name;
+    EXPECT_EQ(cells, first) << name;
+  }
+}
+
+TEST_F(WordsAndLines, GoToPlacesFromTheStrips) {
+  OpenTab(SEAS);
+  Type("txbFindWord", "s?a");
+  QWidget& strips = Control("stripsView");
+  const auto click = [&](int x, int row, Qt::MouseButton button = Qt::LeftButton) {
+    const int y = (2 * row + 1) * strips.height() / 4;
+    QTest::mouseClick(window_->windowHandle(), button, {},
+                      strips.mapTo(window_.get(), QPoint(x, y)));
+    return Marked();
+  };
+  const char* const first = "The [sea], the ship and the old harbour.";
+  const char* const second = "Ships on the [Sea]; the sea is wide.";
+  const char* const third = "Ships on the Sea; the [sea] is wide.";
+  EXPECT_EQ(click(strips.width() - 9, 1), third);
+  EXPECT_EQ(click(5, 1), first);
+  EXPECT_EQ(click(strips.width() / 2, 0), second);
+  EXPECT_EQ(strips.accessibleDescription(), "Sea: 1 place(s)");
+  const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_Left, second}, {Qt::Key_Down, second},
+                                                  {Qt::Key_Right, third}, {Qt::Key_Right, third},
+                                                  {Qt::Key_Left, first},  {Qt::Key_Down, first},
+                                                  {Qt::Key_Up, first},    {Qt::Key_Right, second}};
+  for (const auto& [key, marked] : keys) {
+    Press(key);
+    EXPECT_EQ(Marked(), marked) << QKeySequence(key).toString().toStdString();
+  }
+  const auto save = [&](const std::string& name) {
+    ChooseFromMenu("Save picture ...", {AsksForFile("Save picture", folder_.Path(name))},
+                   [&] { (void)click(5, 0, Qt::RightButton); });
+    return QImage(QString::fromStdString(folder_.Path(name)));
+  };
+  (void)save("a.svg");
+  EXPECT_NE(folder_.Read("a.svg").find(">sea</text>"), std::string::npos);
+  const QImage picture = save("a.png");
+  EXPECT_EQ(picture.width(), strips.width() - 2);
+  EXPECT_GT(picture.height(), strips.height());
+  std::set<QRgb> colours;
+  for (int x = 0; x < picture.width(); ++x) colours.insert(picture.pixel(x, picture.height() - 15));
+  EXPECT_GE(colours.size(), 3U);
+  EXPECT_TRUE(colours.contains(strips.palette().color(QPalette::Highlight).rgb()));
+}
+
+// Lines that take a while: events run meanwhile, and what they want is done at once.
+TEST_F(WordsAndLines, EndsWhatIsNoLongerWanted) {
+  std::string text;
+  constexpr const char* WORDS[] = {"harbour ", "ship ", "bell ", "lamp ", "light ", "old\r\n"};
+  for (int i = 0; i < 180000; ++i) text += WORDS[i % 6];
+  OpenTab(text);
+  const auto press = [this](Qt::Key key) { QTest::keyClick(window_->windowHandle(), key); };
+  Choose("cboLineOrder", "Right 2");
+  Table("tblWords").setFocus();
+  MeanwhileIn("lblLineCount", [&] { press(Qt::Key_Down); });
+  Press(Qt::CTRL | Qt::Key_A);
+  EXPECT_EQ(Text("lblLineCount"), "30,000 lines");
+  EXPECT_EQ(Rows("tblWords", true), "harbour|30,000||\n");
+  // A run takes away what they are made of.
+  MeanwhileIn("lblLineCount", [&] { press(Qt::Key_F5); });
+  Press(Qt::CTRL | Qt::Key_A, {WritesConcordance()});
+  EXPECT_EQ(Text("lblLineCount"), "180,000 lines");
+  EXPECT_EQ(Rows("tblWords", true), Rows("tblWords"));
+  EXPECT_EQ(acted_, 2);
+  // Finding goes by steps, too.
+  Press(Qt::CTRL | Qt::Key_F);
+  TypeText(*window_, "bell lamp");
+  EXPECT_EQ(Text("lblFindCount"), "30000 found");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Text("lblFindCount"), "1 of 30000");
+  Press(Qt::SHIFT | Qt::Key_Return);
+  EXPECT_EQ(Text("lblFindCount"), "30000 of 30000");
 }
 
 TEST_F(WordsAndLines, OrdersAndFiltersLines) {
