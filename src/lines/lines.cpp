@@ -60,17 +60,27 @@ bool WantedLines::Take(std::u16string_view context) const {
 std::optional<Lines> LinesOf(const LineSource& source, std::span<const std::int32_t> entries,
                              Progress& progress) {
   Lines lines;
-  WithQuotation(*source.words.document, [&](const auto& quotation) {
-    LineReader reader(source, quotation);
+  const auto add = [&](const Line& line) {
+    progress.Yield();
+    lines.push_back(line);
+    return !progress.StopRequested();
+  };
+  if (source.keywords == nullptr) {
+    // All lines are wanted: no context need be read.
     for (const std::int32_t entry : entries) {
-      const auto add = [&](const Line& line) {
-        progress.Yield();
-        lines.push_back(line);
-        return !progress.StopRequested();
-      };
-      if (!EachLineOf(entry, source, quotation, reader, add)) return;
+      const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
+      for (const std::int32_t position : word.positions) {
+        if (!add({entry, position})) return std::nullopt;
+      }
     }
-  });
+  } else {
+    WithQuotation(*source.words.document, [&](const auto& quotation) {
+      LineReader reader(source, quotation);
+      for (const std::int32_t entry : entries) {
+        if (!EachLineOf(entry, source, quotation, reader, add)) return;
+      }
+    });
+  }
   const auto isBefore = [](const Line& a, const Line& b) {
     return std::tie(a.position, a.entry) < std::tie(b.position, b.entry);
   };

@@ -13,8 +13,9 @@
 namespace quorvel {
 namespace {
 
-constexpr int MOST_ROWS = 4;  // in view at once
-constexpr int GAP = 6;        // pixels
+constexpr int MOST_ROWS = 4;        // in view at once
+constexpr int GAP = 6;              // pixels
+constexpr int MOST_MEASURED = 200;  // words that the labels are to have room for
 
 }  // namespace
 
@@ -39,13 +40,15 @@ StripsView::StripsView(QWidget* parent) : QAbstractScrollArea(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
-void StripsView::Show(std::vector<WordPlaces> words, std::size_t length) {
-  words_ = std::move(words);
+void StripsView::Show(StripWords words) {
+  shown_ = std::move(words);
+  places_.clear();
   widest_ = 0;
-  for (const WordPlaces& word : words_) {
-    widest_ = std::max(widest_, fontMetrics().horizontalAdvance(word.word));
+  const int measured = std::min(RowCount(), MOST_MEASURED);
+  for (int row = 0; row < measured; ++row) {
+    const QString& word = shown_.words[static_cast<std::size_t>(row)];
+    widest_ = std::max(widest_, fontMetrics().horizontalAdvance(word));
   }
-  length_ = length;
   row_ = 0;
   updateGeometry();
   ShowScrollBar();
@@ -55,6 +58,12 @@ void StripsView::Show(std::vector<WordPlaces> words, std::size_t length) {
 void StripsView::MarkPlace(std::int32_t position) {
   marked_ = position;
   viewport()->update();
+}
+
+const std::vector<std::int32_t>& StripsView::PlacesOf(int row) {
+  const auto known = places_.find(row);
+  if (known != places_.end()) return known->second;
+  return places_[row] = shown_.placesOf(static_cast<std::size_t>(row));
 }
 
 int StripsView::RowHeight() const { return fontMetrics().lineSpacing() + 4; }
@@ -69,25 +78,25 @@ QRect StripsView::StripOfRow(int row, int width) const {
 }
 
 QSize StripsView::sizeHint() const {
-  const int rows = std::clamp(static_cast<int>(words_.size()), 1, MOST_ROWS);
+  const int rows = std::clamp(RowCount(), 1, MOST_ROWS);
   return {200, rows * RowHeight() + 2 * frameWidth()};
 }
 
-void StripsView::PaintRows(QPainter& painter, int width, int first, int last) const {
+void StripsView::PaintRows(QPainter& painter, int width, int first, int last) {
   for (int row = first; row <= last; ++row) {
-    const WordPlaces& word = words_[static_cast<std::size_t>(row)];
+    const QString& word = shown_.words[static_cast<std::size_t>(row)];
     const QRect strip = StripOfRow(row, width);
     const QRect label(GAP, strip.top(), strip.left() - 2 * GAP, strip.height());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignRight,
-                     fontMetrics().elidedText(word.word, Qt::ElideRight, label.width()));
-    PaintStrip(painter, strip, StripOf(word.positions, length_, strip.width()),
+                     fontMetrics().elidedText(word, Qt::ElideRight, label.width()));
+    PaintStrip(painter, strip, StripOf(PlacesOf(row), shown_.length, strip.width()),
                palette().color(QPalette::Text));
     if (row == row_ && hasFocus()) {
       painter.drawRect(strip.adjusted(-1, -1, 0, 0));
     }
     if (marked_ == 0) continue;
-    const int column = strip.left() + ColumnOf(marked_, length_, strip.width());
+    const int column = strip.left() + ColumnOf(marked_, shown_.length, strip.width());
     painter.fillRect(column - 1, strip.top() - 2, 3, strip.height() + 4,
                      palette().color(QPalette::Highlight));
   }
@@ -98,25 +107,23 @@ void StripsView::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
   const int top = verticalScrollBar()->value();
   painter.translate(0, -top);
-  const int all = static_cast<int>(words_.size());
-  const int last = std::min(all - 1, (top + viewport()->height()) / RowHeight());
+  const int last = std::min(RowCount() - 1, (top + viewport()->height()) / RowHeight());
   PaintRows(painter, viewport()->width(), top / RowHeight(), last);
 }
 
-QImage StripsView::Picture(const QString& title) const {
+QImage StripsView::Picture(const QString& title) {
   constexpr int MOST_PIXELS = 32767;  // that a painter reaches
   const int width = viewport()->width();
   const int top = RowHeight() + GAP;
-  const int all = static_cast<int>(words_.size());
-  if (all > (MOST_PIXELS - top - GAP) / RowHeight()) return {};
-  QImage image(width, top + all * RowHeight() + GAP, QImage::Format_RGB32);
+  if (RowCount() > (MOST_PIXELS - top - GAP) / RowHeight()) return {};
+  QImage image(width, top + RowCount() * RowHeight() + GAP, QImage::Format_RGB32);
   image.fill(palette().color(QPalette::Base));
   QPainter painter(&image);
   painter.setFont(font());
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(GAP, GAP, width, RowHeight(), Qt::AlignVCenter, title);
   painter.translate(0, top);
-  PaintRows(painter, width, 0, all - 1);
+  PaintRows(painter, width, 0, RowCount() - 1);
   return image;
 }
 
@@ -126,20 +133,20 @@ void StripsView::resizeEvent(QResizeEvent* event) {
 }
 
 void StripsView::ShowScrollBar() {
-  const int all = static_cast<int>(words_.size()) * RowHeight();
+  const int all = RowCount() * RowHeight();
   verticalScrollBar()->setRange(0, std::max(0, all - viewport()->height()));
   verticalScrollBar()->setPageStep(viewport()->height());
   verticalScrollBar()->setSingleStep(RowHeight());
 }
 
 void StripsView::ChooseRow(int row) {
-  row_ = std::clamp(row, 0, std::max(0, static_cast<int>(words_.size()) - 1));
-  const bool any = !words_.empty();
-  const WordPlaces none;
-  const WordPlaces& word = any ? words_[static_cast<std::size_t>(row_)] : none;
-  setAccessibleDescription(
-      any ? tr("%1: %n place(s)", nullptr, static_cast<int>(word.positions.size())).arg(word.word)
-          : QString());
+  row_ = std::clamp(row, 0, std::max(0, RowCount() - 1));
+  QString spoken;
+  if (RowCount() > 0) {
+    spoken = tr("%1: %n place(s)", nullptr, static_cast<int>(PlacesOf(row_).size()))
+                 .arg(shown_.words[static_cast<std::size_t>(row_)]);
+  }
+  setAccessibleDescription(spoken);
   QScrollBar& bar = *verticalScrollBar();
   const int top = row_ * RowHeight();
   bar.setValue(
@@ -149,13 +156,13 @@ void StripsView::ChooseRow(int row) {
 
 void StripsView::mousePressEvent(QMouseEvent* event) {
   const int row = (event->pos().y() + verticalScrollBar()->value()) / RowHeight();
-  if (row >= static_cast<int>(words_.size())) return;
+  if (row >= RowCount()) return;
   ChooseRow(row);
   const QRect strip = StripOfRow(row, viewport()->width());
   const int column = std::clamp(event->pos().x() - strip.left(), 0, strip.width() - 1);
   const auto wanted =
-      static_cast<std::int64_t>(column) * static_cast<std::int64_t>(length_) / strip.width();
-  const std::vector<std::int32_t>& positions = words_[static_cast<std::size_t>(row)].positions;
+      static_cast<std::int64_t>(column) * static_cast<std::int64_t>(shown_.length) / strip.width();
+  const std::vector<std::int32_t>& positions = PlacesOf(row);
   if (positions.empty()) return;
   const auto distance = [wanted](std::int32_t position) {
     return std::abs(std::int64_t{position} - wanted);
@@ -164,8 +171,8 @@ void StripsView::mousePressEvent(QMouseEvent* event) {
 }
 
 void StripsView::GoBeside(bool forward) {
-  if (words_.empty()) return;
-  const std::vector<std::int32_t>& positions = words_[static_cast<std::size_t>(row_)].positions;
+  if (RowCount() == 0) return;
+  const std::vector<std::int32_t>& positions = PlacesOf(row_);
   const auto behind = std::ranges::upper_bound(positions, marked_);
   const auto here = std::ranges::lower_bound(positions, marked_);
   if (forward && behind != positions.end()) emit PlaceChosen(*behind);

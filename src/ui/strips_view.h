@@ -7,6 +7,8 @@
 #include <QAbstractScrollArea>
 #include <QImage>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <vector>
 
 namespace quorvel {
@@ -16,10 +18,12 @@ namespace quorvel {
 void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
                 const QColor& colour);
 
-// A word and the places of its lines, 1-based and ascending.
-struct WordPlaces {
-  QString word;
-  std::vector<std::int32_t> positions;
+// The words that have a strip each, in a document of `length` code units. The places of a word's
+// lines, 1-based and ascending, are asked for when they are wanted: there may be very many words.
+struct StripWords {
+  std::vector<QString> words;
+  std::function<std::vector<std::int32_t>(std::size_t)> placesOf;
+  std::size_t length = 0;
 };
 
 class StripsView : public QAbstractScrollArea {
@@ -28,15 +32,14 @@ class StripsView : public QAbstractScrollArea {
  public:
   explicit StripsView(QWidget* parent = nullptr);
 
-  // Shows these words of a document of `length` code units.
-  void Show(std::vector<WordPlaces> words, std::size_t length);
+  void Show(StripWords words);
 
   // Marks a place in all strips; 0 for none.
   void MarkPlace(std::int32_t position);
 
   // The strips as a picture, all of them, under a title; null when there are more than a picture
   // has room for.
-  [[nodiscard]] QImage Picture(const QString& title) const;
+  [[nodiscard]] QImage Picture(const QString& title);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -55,14 +58,16 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int LabelWidth() const;
   [[nodiscard]] QRect StripOfRow(int row, int width) const;
-  void PaintRows(QPainter& painter, int width, int first, int last) const;
+  void PaintRows(QPainter& painter, int width, int first, int last);
+  [[nodiscard]] int RowCount() const { return static_cast<int>(shown_.words.size()); }
+  [[nodiscard]] const std::vector<std::int32_t>& PlacesOf(int row);
   void ShowScrollBar();
   void ChooseRow(int row);
   void GoBeside(bool forward);
 
-  std::vector<WordPlaces> words_;
-  int widest_ = 0;  // of the words, in pixels
-  std::size_t length_ = 0;
+  StripWords shown_;
+  std::map<int, std::vector<std::int32_t>> places_;  // that were asked for, by row
+  int widest_ = 0;                                   // of the words, in pixels
   std::int32_t marked_ = 0;
   int row_ = 0;
 };

@@ -161,7 +161,7 @@ void WordLines::Release() {
   words_->Show(nullptr);
   lines_->Show(nullptr, {});
   ui_->txbDocument->Show(nullptr);
-  ui_->stripsView->Show({}, 0);
+  ui_->stripsView->Show({});
   ShowCount();
 }
 
@@ -264,6 +264,7 @@ void WordLines::MakeLines(Progress& progress) {
   if (!lines || !OrderLines(*lines, source, Order(), progress)) return;
   std::optional<std::vector<LineGroup>> groups =
       ui_->chkEqualOnce->isChecked() ? EqualLinesOnce(*lines, source, progress) : EachOnce(*lines);
+  progress.YieldNow();
   if (!groups || progress.StopRequested()) return;
   all_ = *std::move(all);
   PutLines(*std::move(groups));
@@ -292,18 +293,21 @@ void WordLines::ShowCount() {
 }
 
 void WordLines::ShowStrips() {
-  std::vector<WordPlaces> words;
-  std::vector<std::int32_t> entries;
-  for (const std::int32_t entry : ChosenEntries()) {
-    entries.push_back(entry);
+  const std::vector<std::int32_t> entries = ChosenEntries();
+  StripWords strips;
+  for (const std::int32_t entry : entries) {
     const WordEntry& word = listing_->words->words.table->entries[static_cast<std::size_t>(entry)];
-    words.push_back({QString::fromStdU16String(word.word), {}});
+    strips.words.push_back(QString::fromStdU16String(word.word));
   }
-  for (const Line& line : all_) {
-    const auto place = std::ranges::lower_bound(entries, line.entry) - entries.begin();
-    words[static_cast<std::size_t>(place)].positions.push_back(line.position);
-  }
-  ui_->stripsView->Show(std::move(words), listing_->Source().documentText.size());
+  strips.placesOf = [this, entries](std::size_t row) {
+    SilentProgress nobody;
+    const Lines lines = *LinesOf(Source(), {{entries[row]}}, nobody);
+    std::vector<std::int32_t> places(lines.size());
+    std::ranges::transform(lines, places.begin(), &Line::position);
+    return places;
+  };
+  strips.length = listing_->Source().documentText.size();
+  ui_->stripsView->Show(std::move(strips));
 }
 
 void WordLines::ShowLine() {
