@@ -9,9 +9,9 @@
 #include "util/ansi.h"
 #include "util/normalization.h"
 
-// What Unicode says of a character comes from a library, whose look-ups are too slow for each
-// character of a text. For code units it is looked up once and stands in tables; characters of two
-// code units are rare enough to be looked up each time.
+// Character properties come from the utf8proc library. Its look-ups are too slow for every
+// character of a text, so the properties of all code units are stored in tables once. Characters of
+// two code units are rare and are looked up each time.
 
 namespace quorvel {
 namespace {
@@ -20,7 +20,7 @@ constexpr std::size_t CODE_UNITS = 0x10000;
 
 bool IsSurrogate(char32_t ch) { return ch >= 0xD800 && ch < 0xE000; }
 
-// Whether the alphabet of Windows-1252 has this letter.
+// True when the Windows-1252 alphabet has this letter.
 bool IsWindowsLetter(char32_t ch) {
   return ch < CLASSIFIED_CHARACTERS && IsLetter(static_cast<char16_t>(ch));
 }
@@ -36,7 +36,7 @@ bool IsMark(char32_t ch) {
 
 // The canonical decomposition of a character.
 std::u32string Decomposed(char32_t ch) {
-  constexpr std::size_t LONGEST = 16;  // none has more than four characters
+  constexpr std::size_t LONGEST = 16;  // no decomposition has more than four characters
   std::array<utf8proc_int32_t, LONGEST> characters{};
   int boundary = 0;
   const utf8proc_ssize_t length = utf8proc_decompose_char(
@@ -45,7 +45,7 @@ std::u32string Decomposed(char32_t ch) {
   return {characters.begin(), characters.begin() + length};
 }
 
-// ı is the one vowel of an alphabet in Latin letters that decomposes to none.
+// The Latin letter ı is a vowel, but it has no decomposition.
 bool IsVowelInLowerCase(char32_t ch) {
   const char32_t base = Decomposed(ch).front();
   return ch == U'ı' || (base < CLASSIFIED_CHARACTERS && IsLowerVowel(static_cast<char16_t>(base)));
@@ -57,7 +57,7 @@ std::uint8_t UnicodeClassOf(char32_t ch) {
   const utf8proc_category_t category = CategoryOf(ch);
   if (category == UTF8PROC_CATEGORY_ND) return CLASS_DIGIT;
   if (IsMark(ch)) return CLASS_LETTER;
-  // By itself it is an accent, and stands in no word.
+  // A modifier letter in Unicode, but on its own it is an accent and belongs to no word.
   if (ch == U'ˆ') return 0;
   if (category < UTF8PROC_CATEGORY_LU || category > UTF8PROC_CATEGORY_LO) return 0;
   const bool isVowel = category == UTF8PROC_CATEGORY_LL && IsVowelInLowerCase(ch);
@@ -72,8 +72,8 @@ char32_t UnicodeUpperCase(char32_t ch) {
   return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(ch)));
 }
 
-// What is sorted like the letters of Windows-1252 wherever it holds them: so "ǟ" is "a", as "ä"
-// with another accent, and "ǽ" is "ae".
+// Letters of Windows-1252 sort in the same way wherever they occur in a decomposition: "ǟ" sorts as
+// "a", because it is "ä" with another accent, and "ǽ" sorts as "ae".
 void AppendFolded(std::u16string& folded, char32_t ch) {
   if (IsWindowsLetter(ch)) {
     const auto letter = static_cast<char16_t>(ch);
@@ -219,11 +219,11 @@ std::u16string Alphabet::Decode(std::string_view bytes) const {
   return reading_ == Reading::unicode ? DecodeUtf8(bytes) : DecodeAnsi(bytes);
 }
 
-// Each byte that begins a character counts for one code unit, and for two where it begins one of
-// four bytes.
+// Each byte that begins a character counts as one code unit. The first byte of a four-byte sequence
+// counts as two.
 std::size_t Alphabet::CodeUnitsIn(std::string_view bytes) const {
   if (reading_ == Reading::windows1252) return bytes.size();
-  constexpr std::size_t BLOCK = 64;  // of a fixed length and number, so that many add up at once
+  constexpr std::size_t BLOCK = 64;  // a constant trip count, for vectorization
   std::size_t units = 0;
   const auto add = [&units](const char* block, std::size_t length) {
     std::uint8_t ofBlock = 0;

@@ -1,10 +1,11 @@
-// Which characters are letters and digits, how they change case and how they sort: one value for
-// each of the two ways to read a text.
+// The alphabet of a document: which characters are letters and digits, how they change case and how
+// they sort.
 //
-// The alphabet of Windows-1252 has the letters of characters.h and nothing else. That of Unicode
-// has all letters and marks, and agrees with the other on every letter of that. A document carries
-// the alphabet that it was read in, and whatever tells its words apart asks that: cutting words,
-// word lists, patterns, marks, sort keys. Both live as long as the program and are never changed.
+// There are two alphabets, one for each way of reading a text. The Windows-1252 alphabet has
+// exactly the letters of characters.h. The Unicode alphabet has all letters and marks, and agrees
+// with the Windows-1252 alphabet on every letter that both contain. A document carries the alphabet
+// that it was read with. Tokenizing, word lists, patterns, keyword marks and sort keys all use it.
+// Both alphabets live until the program ends and never change.
 #pragma once
 
 #include <cstddef>
@@ -17,86 +18,87 @@
 
 namespace quorvel {
 
-// The two ways to read a text: as Windows-1252, UTF-8 repaired as far as that holds it, or as
-// Unicode.
+// The two ways of reading a text. `windows1252` repairs UTF-8 as far as Windows-1252 has the
+// characters.
 enum class Reading { windows1252, unicode };
 
 class Alphabet {
  public:
   [[nodiscard]] static const Alphabet& Windows1252();
-  [[nodiscard]] static const Alphabet& Unicode();  // made when it is first asked for
+  [[nodiscard]] static const Alphabet& Unicode();  // built on first use
   [[nodiscard]] static const Alphabet& Of(Reading reading);
 
   [[nodiscard]] Reading ReadingOf() const { return reading_; }
 
-  // The class bits of a code unit; those of a character of two code units stand for neither of them
-  // alone.
+  // The class bits of a code unit. A surrogate has CLASS_SURROGATE alone, because the class belongs
+  // to the whole character.
   [[nodiscard]] std::uint8_t ClassOf(char16_t ch) const { return ch < size_ ? classes_[ch] : 0; }
 
-  // The class bits of the character that the code unit at the 0-based `place` belongs to.
+  // The class bits of the character that the code unit at the 0-based index `place` belongs to.
   [[nodiscard]] std::uint8_t ClassAt(std::u16string_view text, std::size_t place) const {
     const std::uint8_t bits = ClassOf(text[place]);
     return (bits & CLASS_SURROGATE) == 0 ? bits : ClassOfPairAt(text, place);
   }
 
-  // Of a code unit.
+  // For a single code unit.
   [[nodiscard]] bool IsLetter(char16_t ch) const { return (ClassOf(ch) & CLASS_LETTER) != 0; }
   [[nodiscard]] bool IsDigit(char16_t ch) const { return (ClassOf(ch) & CLASS_DIGIT) != 0; }
   [[nodiscard]] bool IsLowerVowel(char16_t ch) const {
     return (ClassOf(ch) & CLASS_LOWER_VOWEL) != 0;
   }
 
-  // Of the character at the 0-based `place`.
+  // For the character at the 0-based index `place`.
   [[nodiscard]] bool IsWordCharacterAt(std::u16string_view text, std::size_t place) const {
     return (ClassAt(text, place) & WORD_CLASSES) != 0;
   }
 
-  // True when `text` holds no letter at all; so for the empty text.
+  // True when `text` contains no letter. An empty text contains none.
   [[nodiscard]] bool ContainsNoLetter(std::u16string_view text) const;
 
-  // Where the run of word characters ends that begins at `place`: the place behind it, both
-  // 0-based.
+  // The 0-based end (exclusive) of the run of word characters that begins at the 0-based `place`.
   [[nodiscard]] std::size_t EndOfRun(std::u16string_view text, std::size_t place) const;
 
-  // The character in lower or upper case; itself where it has no such form of one code unit.
+  // The character in lower or upper case. A character without such a form of one code unit is
+  // returned unchanged.
   [[nodiscard]] char16_t ToLowerCase(char16_t ch) const { return ch < size_ ? lower_[ch] : ch; }
   [[nodiscard]] char16_t ToUpperCase(char16_t ch) const { return ch < size_ ? upper_[ch] : ch; }
   [[nodiscard]] std::u16string ToLowerCase(std::u16string_view text) const;
 
-  // The characters, besides `lower` and its upper case, that are `lower` in lower case.
+  // The characters whose lower-case form is `lower`, except `lower` itself and its upper-case form.
   [[nodiscard]] std::u16string_view OtherCapitalsOf(char16_t lower) const;
 
-  // What a word is sorted by: lower case, umlauts and accents folded.
+  // The key that a word is sorted by: lower case, umlauts and accents folded.
   [[nodiscard]] std::u16string SortKey(std::u16string_view word) const;
 
-  // The same, but that an umlaut becomes the letter without its dots.
+  // Like SortKey, but an umlaut becomes the base letter ("ä" becomes "a", not "ae").
   [[nodiscard]] std::u16string WithoutAccents(std::u16string_view word) const;
 
-  // Text as the files of a run hold it that was read so, and back: Windows-1252 or UTF-8.
+  // Converts between text and the encoding of the run's files: Windows-1252 or UTF-8, depending on
+  // the reading.
   void AppendEncoded(std::string& bytes, std::u16string_view text) const;
   [[nodiscard]] std::string Encode(std::u16string_view text) const;
   [[nodiscard]] std::u16string Decode(std::string_view bytes) const;
 
-  // How many code units such bytes stand for.
+  // The number of code units that `bytes` decode to.
   [[nodiscard]] std::size_t CodeUnitsIn(std::string_view bytes) const;
 
-  // What a user has typed, UTF-8, as it is to be compared with the words of a document.
+  // Text that the user typed, as UTF-8, converted for comparison with the words of a document.
   [[nodiscard]] std::u16string Typed(std::string_view text) const;
 
  private:
   struct Tables;
 
-  Alphabet();  // that of Windows-1252
+  Alphabet();  // the Windows-1252 alphabet
   explicit Alphabet(const Tables& tables);
 
   [[nodiscard]] static std::uint8_t ClassOfPairAt(std::u16string_view text, std::size_t place);
 
   Reading reading_;
-  const std::uint8_t* classes_;  // of the code units up to `size_`
+  const std::uint8_t* classes_;  // indexed by code unit, `size_` entries
   const char16_t* lower_;
   const char16_t* upper_;
   std::size_t size_;
-  std::map<char16_t, std::u16string> otherCapitals_;  // by the lower-case letter
+  std::map<char16_t, std::u16string> otherCapitals_;  // keyed by the lower-case letter
 };
 
 }  // namespace quorvel

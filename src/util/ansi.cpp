@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-// What the bytes 80 to 9F hex stand for; every other byte is its own character.
+// The characters of the bytes 80 to 9F hex. Every other byte equals its character.
 constexpr std::array<char16_t, 32> HIGH_CONTROLS = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -36,12 +36,12 @@ char AnsiByteOf(char16_t ch) {
   return static_cast<char>(0x80 + (place - HIGH_CONTROLS.begin()));
 }
 
-// What is converted in one go. It is put together aside: a text that is made longer first
-// would be filled with zeros for nothing.
+// The number of characters converted at a time. Each block is converted in a small buffer and then
+// appended, because growing the text first would fill it with zeros for nothing.
 constexpr std::size_t BLOCK = 64;
 
-// Appends the bytes of at least `length` characters of `text`, of one more where a pair of
-// surrogates straddles the end; gives the characters that were taken.
+// Encodes `length` characters of `text`, or one more when a surrogate pair crosses the end of the
+// block. Returns the number of characters consumed.
 std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::string& bytes) {
   std::size_t taken = 0;
   for (; taken < length; ++taken) {
@@ -55,8 +55,9 @@ std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::strin
 
 constexpr std::size_t LONGEST_SEQUENCE = 4;  // bytes
 
-// Writes the one or two code units of the character that UTF-8 bytes, which are not empty, begin
-// with; gives its length in bytes. A byte that is not UTF-8 passes for Windows-1252.
+// Writes the one or two code units of the character that `bytes` begin with. `bytes` must not be
+// empty. Returns the length of the character in bytes. A byte that is not UTF-8 is taken as
+// Windows-1252.
 std::size_t PutRareCharacter(char16_t*& out, std::string_view bytes) {
   std::uint32_t codePoint = 0;
   const std::size_t length = ReadCodePoint(bytes, codePoint);
@@ -72,8 +73,9 @@ std::size_t PutRareCharacter(char16_t*& out, std::string_view bytes) {
   return length;
 }
 
-// The same for all characters that begin from place `i` up to `end`; gives the place behind them.
-// Where words end cannot be foretold, so it goes on without a jump at each.
+// Decodes all characters that begin at index `i` or later and before `end`. Returns the index after
+// the last one. The common cases share one branch: a branch for each length would often be
+// mispredicted.
 std::size_t PutCodeUnits(char16_t*& out, std::string_view bytes, std::size_t i, std::size_t end) {
   while (i < end) {
     const auto first = static_cast<std::uint8_t>(bytes[i]);
@@ -91,7 +93,7 @@ std::size_t PutCodeUnits(char16_t*& out, std::string_view bytes, std::size_t i, 
   return i;
 }
 
-// Writes the UTF-8 bytes of a code point; gives the place behind them.
+// Writes a code point as UTF-8 and returns the end of the bytes.
 char* PutUtf8(char* out, char32_t codePoint) {
   const auto put = [&out](char32_t byte) { *out++ = static_cast<char>(byte); };
   if (codePoint < 0x80) {
@@ -112,7 +114,7 @@ char* PutUtf8(char* out, char32_t codePoint) {
   return out;
 }
 
-// The code points that a UTF-8 sequence may encode, by its first byte.
+// The shape of a UTF-8 sequence, determined by its first byte.
 struct SequenceShape {
   std::size_t length;
   std::uint32_t firstBits;
@@ -129,8 +131,8 @@ SequenceShape ShapeOf(std::uint8_t first) {
 
 }  // namespace
 
-// Widened in blocks; only a block that holds a byte with another number than its
-// character is looked at byte by byte.
+// Blocks are widened with vector instructions. Only a block with a byte that differs from its
+// character is decoded byte by byte.
 std::u16string DecodeAnsi(std::string_view bytes) {
   std::u16string text;
   ReserveLarge(text, bytes.size());
@@ -153,9 +155,8 @@ std::u16string DecodeAnsi(std::string_view bytes) {
   return text;
 }
 
-// Text is nearly all characters that are their own bytes: they are narrowed in
-// blocks, and only a block that holds another one is looked at character by
-// character.
+// Nearly all characters equal their byte. Blocks of such characters are narrowed with vector
+// instructions; any other block is encoded character by character.
 void AppendAnsi(std::string& bytes, std::u16string_view text) {
   std::array<char, BLOCK> block{};
   while (!text.empty()) {
@@ -195,7 +196,7 @@ std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
   return valid ? shape.length : 0;
 }
 
-// ASCII is widened in blocks; most other characters have two bytes.
+// Blocks of ASCII are widened at once. Most of the other characters have two bytes.
 std::u16string DecodeUtf8(std::string_view bytes) {
   std::u16string text;
   ReserveLarge(text, bytes.size());
@@ -219,7 +220,7 @@ void AppendUtf8(std::string& bytes, char32_t codePoint) {
   bytes.append(sequence.begin(), PutUtf8(sequence.data(), codePoint));
 }
 
-// ASCII is narrowed some units at a time.
+// ASCII is narrowed 16 units at a time.
 void AppendUtf8(std::string& bytes, std::u16string_view text) {
   constexpr std::size_t STEP = 16;
   std::array<char, 3 * BLOCK + LONGEST_SEQUENCE> block{};

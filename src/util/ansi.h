@@ -1,8 +1,8 @@
-// Windows-1252 and UTF-8 to 16-bit characters and back.
+// Conversion between Windows-1252 or UTF-8 bytes and 16-bit characters (UTF-16 code units).
 //
-// A document is bytes until its last repair; its words are 16-bit characters, and
-// what a run writes is Windows-1252 again. Paths and messages are UTF-8. With the few
-// operations on single bytes that all such texts share.
+// A document is bytes until its last repair. Its words are 16-bit characters, and a run writes
+// Windows-1252 again. Paths and messages are UTF-8. The header also has the few operations on
+// single bytes that all these texts share.
 #pragma once
 
 #include <cstddef>
@@ -12,62 +12,62 @@
 
 namespace quorvel {
 
-// What ends each line of a file that the program writes.
+// The line end of every file that the program writes.
 inline constexpr std::string_view LINE_END = "\r\n";
 
-// What a file may begin with that is UTF-8.
+// The byte order mark that a UTF-8 file may begin with.
 inline constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
-// The characters of Windows-1252 bytes, one for each. The five bytes without a
-// character (81, 8D, 8F, 90, 9D hex) become the control of the same number.
+// Decodes Windows-1252, one character for each byte. The five bytes without a character (81, 8D,
+// 8F, 90, 9D hex) become the control character with the same number.
 [[nodiscard]] std::u16string DecodeAnsi(std::string_view bytes);
 
-// Appends the Windows-1252 bytes of `text` to `bytes`, one for each code unit; a
-// character that has none becomes "?". A surrogate pair is one character.
+// Appends `text` as Windows-1252 to `bytes`, one byte for each code unit. A character that
+// Windows-1252 lacks becomes "?". A surrogate pair is one character.
 void AppendAnsi(std::string& bytes, std::u16string_view text);
 
-// These bytes by themselves.
+// Returns `text` as Windows-1252, with the same rules as AppendAnsi.
 [[nodiscard]] std::string EncodeAnsi(std::u16string_view text);
 
-// The characters of UTF-8 bytes. Bytes that are not UTF-8 are taken one by one
-// as Windows-1252, so that no path or typed word is lost.
+// Decodes UTF-8. A byte that is not part of valid UTF-8 is decoded as Windows-1252, so that no path
+// or typed word is lost.
 [[nodiscard]] std::u16string DecodeUtf8(std::string_view bytes);
 
-// The UTF-8 bytes of `text`; a lone surrogate becomes U+FFFD.
+// Encodes `text` as UTF-8. A lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string EncodeUtf8(std::u16string_view text);
 
-// The same, appended to `bytes`; and the UTF-8 bytes of one code point up to 10FFFF hex.
+// Appends `text`, or one code point up to 10FFFF hex, as UTF-8 to `bytes`.
 void AppendUtf8(std::string& bytes, std::u16string_view text);
 void AppendUtf8(std::string& bytes, char32_t codePoint);
 
-// The code point that begins at the 0-based `place`, which is moved behind it; U+FFFD for a lone
-// surrogate.
+// Returns the code point that begins at the 0-based index `place`, and moves `place` past it. A
+// lone surrogate gives U+FFFD.
 [[nodiscard]] char32_t NextCodePoint(std::u16string_view text, std::size_t& place);
 
-// Appends the one or two code units of a code point.
+// Appends `codePoint` as one or two code units.
 void AppendCodePoint(std::u16string& text, char32_t codePoint);
 
-// The halves of a character that takes two code units.
+// The two halves of a surrogate pair.
 [[nodiscard]] constexpr bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch < 0xDC00; }
 [[nodiscard]] constexpr bool IsLowSurrogate(char16_t ch) { return ch >= 0xDC00 && ch < 0xE000; }
 
-// Reads the code point at the front of `bytes`, which are not empty; gives its length in bytes, 0
-// when they are not UTF-8.
+// Reads the code point at the front of `bytes`, which must not be empty. Returns its length in
+// bytes, or 0 when `bytes` do not begin with valid UTF-8.
 [[nodiscard]] std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint);
 
-// True for the characters that show nothing: 0 to 1F, 7F and 80 to 9F hex.
+// True for control characters: 0 to 1F, 7F and 80 to 9F hex.
 [[nodiscard]] constexpr bool IsControl(std::uint32_t codePoint) {
   return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
 }
 
-// The UTF-8 bytes of the character at the 0-based `place`, both halves of a surrogate pair.
+// The UTF-8 bytes of the character at the 0-based index `place`. A surrogate pair is one character.
 [[nodiscard]] std::string CharacterAt(std::u16string_view text, std::size_t place);
 
-// `text` with A to Z in lower case, every other byte as it is: for extensions,
+// Returns `text` with A to Z in lower case and all other bytes unchanged. Used for file extensions,
 // charset names and mark-up.
 [[nodiscard]] std::string LowerAscii(std::string_view text);
 
-// `text` without the blanks at its two ends: a view into the argument.
+// Returns `text` without leading and trailing blanks, as a view into the argument.
 [[nodiscard]] std::string_view TrimBlanks(std::string_view text);
 
 }  // namespace quorvel

@@ -1,5 +1,5 @@
-// How far a text is ASCII, told some characters at a time: most of nearly every text is, and what
-// converts or counts characters goes over it at once.
+// Fast tests for ASCII. Most bytes of most texts are ASCII, so conversion and counting handle
+// several of these bytes at a time.
 #pragma once
 
 #include <cstddef>
@@ -12,18 +12,17 @@ namespace quorvel {
 
 inline constexpr unsigned FIRST_BEYOND_ASCII = 0x80;
 
-// The highest bit of each of eight bytes.
+// The high bit of each of eight bytes.
 inline constexpr std::uint64_t HIGH_BITS = 0x8080808080808080;
 
-// Whether the eight bytes at `bytes` are ASCII.
 [[nodiscard]] inline bool AreEightAscii(const char* bytes) {
   std::uint64_t eight = 0;
   std::memcpy(&eight, bytes, sizeof(eight));
   return (eight & HIGH_BITS) == 0;
 }
 
-// Whether all of a text is ASCII, of bytes or of code units. Without a jump: for short parts, of a
-// length that the compiler knows.
+// True when all of `text` (bytes or code units) is ASCII. The loop has no early exit: with a length
+// known at compile time, the compiler vectorizes it.
 template <typename Char>
 [[nodiscard]] bool IsAscii(std::basic_string_view<Char> text) {
   std::make_unsigned_t<Char> all = 0;
@@ -31,7 +30,7 @@ template <typename Char>
   return all < FIRST_BEYOND_ASCII;
 }
 
-// How many bytes at the front are ASCII.
+// The number of ASCII bytes at the front of `bytes`.
 [[nodiscard]] inline std::size_t AsciiLength(std::string_view bytes) {
   constexpr std::size_t STEP = sizeof(std::uint64_t);
   std::size_t length = 0;

@@ -1,4 +1,4 @@
-// Work beside the work at hand, on a thread where the system has one.
+// Runs work in the background, on a thread where the system provides one.
 #pragma once
 
 #include <future>
@@ -7,12 +7,12 @@
 
 namespace quorvel {
 
-// Begins the work on a thread of its own. Where the system starts none, it is done by whoever asks
-// for its result. The future's end waits for the thread.
+// Starts `work` on its own thread. If the system cannot start a thread, the work runs when its
+// result is requested. The destructor of the future waits for the thread.
 template <typename Work>
 [[nodiscard]] std::future<std::invoke_result_t<Work>> DoBeside(const Work& work) {
-  // Each try has a copy of its own: the library's own policy of "a thread, or later" moves the work
-  // into the thread that it then cannot start.
+  // Each attempt copies `work`. The policy async|deferred of the library would move the work into
+  // the thread before failing to start it.
   try {
     return std::async(std::launch::async, work);
   } catch (const std::system_error&) {

@@ -1,7 +1,6 @@
-// One bit for each place of a text, and the searches for the set ones.
+// A bit map with one bit for each index of a text, and searches for set bits.
 //
-// Looking for the next blank so takes a few instructions, however long the words
-// are in between.
+// A search for the next blank takes a few instructions, however long the words in between are.
 #pragma once
 
 #include <array>
@@ -20,7 +19,7 @@ namespace quorvel {
 inline constexpr std::size_t FLAG_COUNT = 64;
 using Flags = std::array<std::uint8_t, FLAG_COUNT>;
 
-// Each flag, 0 or 1, as one bit.
+// Packs 64 flags, each 0 or 1, into one bit each.
 [[nodiscard]] inline std::uint64_t BitsOf(const Flags& flags) {
   std::uint64_t bits = 0;
 #ifdef __SSE2__
@@ -36,21 +35,21 @@ using Flags = std::array<std::uint8_t, FLAG_COUNT>;
   return bits;
 }
 
-// All places are 0-based.
+// All indices are 0-based.
 class BitMap {
  public:
   static constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
 
   explicit BitMap(std::size_t length) : words_(length / BITS + 1) {}
 
-  // Bits for `length` places, set where `isSet` says so of a place.
+  // Creates bits for `length` indices. A bit is set where `isSet(index)` is true.
   template <typename Predicate>
   BitMap(std::size_t length, Predicate isSet) : BitMap(length) {
     Flags flags{};
     for (std::size_t word = 0; word < words_.size(); ++word) {
       const std::size_t first = word * BITS;
       if (first + BITS <= length) {
-        // Of a fixed length, so that the compiler asks for many places at once.
+        // A constant trip count lets the compiler vectorize the loop.
         for (std::size_t i = 0; i < BITS; ++i) flags[i] = isSet(first + i) ? 1 : 0;
       } else {
         for (std::size_t i = 0; first + i < length; ++i) flags[i] = isSet(first + i) ? 1 : 0;
@@ -69,8 +68,8 @@ class BitMap {
 
   void Prefetch(std::size_t i) const { __builtin_prefetch(&words_[i / BITS]); }
 
-  // The n-th set place, n at least 1, from place `i` on and before place `end`;
-  // NONE when there are fewer. `end` is at most the length.
+  // The index of the n-th set bit (n >= 1) in the range from `i` to `end` (exclusive), or NONE when
+  // there are fewer. `end` must not exceed the length.
   [[nodiscard]] std::size_t NthFrom(std::size_t i, int n, std::size_t end) const {
     if (i >= end) return NONE;
     std::size_t word = i / BITS;
@@ -87,7 +86,7 @@ class BitMap {
     return found < end ? found : NONE;
   }
 
-  // The last set place up to and including `i` and not before `begin`, or NONE.
+  // The index of the last set bit in the range from `begin` to `i` (both inclusive), or NONE.
   [[nodiscard]] std::size_t LastUpTo(std::size_t i, std::size_t begin) const {
     std::size_t word = i / BITS;
     std::uint64_t bits = words_[word] & (~std::uint64_t{0} >> (BITS - 1 - i % BITS));

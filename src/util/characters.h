@@ -1,10 +1,9 @@
-// Which characters are letters, how they change case, and how accents fold.
+// The letters of Windows-1252: which characters are letters, how they change case, and how accents
+// fold.
 //
-// The one place where letters are defined: cutting words, lower-casing them and
-// ordering them all rest on these tables. They cover the letters of Windows-1252,
-// the only characters a document can hold; any other code unit is no letter and
-// passes through every mapping unchanged. Comparisons elsewhere are exact, code
-// unit by code unit: no locale is ever asked.
+// All code that cuts, lower-cases or orders words in Windows-1252 uses these tables, and the
+// Unicode alphabet agrees with them. Any other code unit is not a letter, and every mapping leaves
+// it unchanged. Comparisons elsewhere are exact, code unit by code unit. No locale is used.
 #pragma once
 
 #include <array>
@@ -14,8 +13,8 @@
 
 namespace quorvel {
 
-// The letters of each case. The k-th lower-case letter is the partner of the
-// k-th upper-case one; the last, ß, has none.
+// The letters of each case. The k-th lower-case letter corresponds to the k-th upper-case letter.
+// The last one, ß, has no upper-case letter.
 inline constexpr std::u16string_view LOWER_LETTERS =
     u"abcdefghijklmnopqrstuvwxyzšœÿàáâãäåæçèéêëìíîïðñòóôõöøùúûüýþß";
 inline constexpr std::u16string_view UPPER_LETTERS =
@@ -24,19 +23,19 @@ inline constexpr std::u16string_view UPPER_LETTERS =
 inline constexpr std::u16string_view VOWELS =
     u"AEIOUaeiouÀÁÂÃÄÅÆÈÉÊËÌÍÎÏÒÓÔÕÖØÙÚÛÜàáâãäåæèéêëìíîïòóôõöøùúûü";
 
-// The properties of one code unit, as bits.
+// The properties of one code unit, as bits. CLASS_SURROGATE marks half of a surrogate pair.
 enum CharacterClass : std::uint8_t {
   CLASS_LETTER = 1,
   CLASS_DIGIT = 2,
   CLASS_HYPHEN = 4,
   CLASS_LOWER_VOWEL = 8,
-  CLASS_SURROGATE = 16,  // half of a character
+  CLASS_SURROGATE = 16,
 };
 
-// What a token is made of: letters, digits and hyphens.
+// The characters of a token: letters, digits and hyphens.
 inline constexpr unsigned WORD_CLASSES = CLASS_LETTER | CLASS_DIGIT | CLASS_HYPHEN;
 
-// Every code unit from here on has no class.
+// Code units from here on have no class.
 inline constexpr std::size_t CLASSIFIED_CHARACTERS = 0x180;
 
 namespace detail {
@@ -57,7 +56,8 @@ inline constexpr auto CHARACTER_CLASSES = MakeCharacterClasses();
 
 using Mapping = std::array<char16_t, CLASSIFIED_CHARACTERS>;
 
-// Maps the k-th character of `from` to the k-th of `to`, and any other to itself.
+// Maps the k-th character of `from` to the k-th character of `to`, and any other character to
+// itself.
 constexpr Mapping MakeMapping(std::u16string_view from, std::u16string_view to) {
   Mapping mapping{};
   for (std::size_t i = 0; i < mapping.size(); ++i) mapping[i] = static_cast<char16_t>(i);
@@ -65,7 +65,7 @@ constexpr Mapping MakeMapping(std::u16string_view from, std::u16string_view to) 
   return mapping;
 }
 
-// Ž is no letter of a word, yet it has a lower-case form like any character.
+// Ž does not count as a letter of a word, but it has a lower-case form.
 constexpr Mapping MakeLowerMapping() {
   Mapping mapping = MakeMapping(UPPER_LETTERS, LOWER_LETTERS);
   mapping[u'Ž'] = u'ž';
@@ -80,7 +80,7 @@ constexpr char16_t Mapped(const Mapping& mapping, char16_t ch) {
 }
 }  // namespace detail
 
-// The class bits of `ch`; 0 for a code unit that has none.
+// The class bits of `ch`, or 0.
 constexpr std::uint8_t ClassOf(char16_t ch) {
   return ch < CLASSIFIED_CHARACTERS ? detail::CHARACTER_CLASSES[ch] : std::uint8_t{0};
 }
@@ -91,36 +91,36 @@ constexpr bool IsLetter(char16_t ch) { return (ClassOf(ch) & CLASS_LETTER) != 0;
 // True for 0 to 9.
 constexpr bool IsDigit(char16_t ch) { return (ClassOf(ch) & CLASS_DIGIT) != 0; }
 
-// True for what a token is made of: a letter, a digit or a hyphen.
+// True for a letter, a digit or a hyphen.
 constexpr bool IsWordCharacter(char16_t ch) { return (ClassOf(ch) & WORD_CLASSES) != 0; }
 
-// True for a lower-case vowel. y, ý, ÿ and œ are none.
+// True for a lower-case vowel. y, ý, ÿ and œ do not count as vowels.
 constexpr bool IsLowerVowel(char16_t ch) { return (ClassOf(ch) & CLASS_LOWER_VOWEL) != 0; }
 
-// `ch` in lower case; itself when it has no lower-case form.
+// Returns `ch` in lower case, or unchanged when it has no lower-case form.
 [[nodiscard]] constexpr char16_t ToLowerCase(char16_t ch) {
   return detail::Mapped(detail::TO_LOWER, ch);
 }
 [[nodiscard]] std::u16string ToLowerCase(std::u16string_view text);
 
-// Whether `text` in lower case is `lower`; builds no string.
+// True when `text` in lower case equals `lower`. Allocates nothing.
 [[nodiscard]] bool EqualsInLowerCase(std::u16string_view text, std::u16string_view lower);
 
-// `ch` in upper case, by the places of the letter tables; itself for ß and for
-// whatever is no lower-case letter.
+// Returns `ch` in upper case, using the letter tables. ß and all characters that are not lower-case
+// letters are returned unchanged.
 [[nodiscard]] constexpr char16_t ToUpperCase(char16_t ch) {
   return detail::Mapped(detail::TO_UPPER, ch);
 }
 
-// `text` with Œ Ä Æ Ö Ü ä æ ö ü ß each written as two letters. œ stays: that it
-// is missing here is meant.
+// Writes each of Œ Ä Æ Ö Ü ä æ ö ü ß as two letters. Compatibility: œ stays, because the order of
+// the words in users' listings and index files depends on it.
 [[nodiscard]] std::u16string TransliterateUmlauts(std::u16string_view text);
 
-// `text` with its accented letters written without accents. Ð becomes D while ð
-// stays: that too is meant.
+// Writes accented letters without their accents. Compatibility: Ð becomes D but ð stays, because
+// the order of the words in users' listings and index files depends on it.
 [[nodiscard]] std::u16string StripAccents(std::u16string_view text);
 
-// `text` with umlauts transliterated, then accents stripped.
+// Transliterates umlauts, then strips accents.
 [[nodiscard]] std::u16string FoldForKey(std::u16string_view text);
 
 }  // namespace quorvel

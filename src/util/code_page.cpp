@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t ALL_CODE_UNITS = 0x10000;
 constexpr char16_t FIRST_OTHER = FIRST_BEYOND_ASCII;
 
-// What is looked at in one go.
+// The number of code units handled at a time.
 constexpr std::size_t UNITS_AT_ONCE = 64;
 
 std::u16string CharactersOfWindows1252() {
@@ -26,7 +26,7 @@ std::u16string CharactersOfWindows1252() {
 
 CodePage::CodePage(const std::array<char16_t, BYTES>& characters)
     : characters_(characters), bytes_(ALL_CODE_UNITS) {
-  // Downwards, for "\0" has many bytes.
+  // In descending order, because unused bytes map to "\0", and "\0" itself must map to byte 0.
   for (std::size_t byte = BYTES; byte-- > 0;) {
     bytes_[characters[byte]] = static_cast<std::uint8_t>(byte);
     const std::string utf8 = EncodeUtf8({&characters[byte], 1});
@@ -44,7 +44,7 @@ std::shared_ptr<const CodePage> CodePage::Windows1252() {
   return PAGE;
 }
 
-// What is left over of the page stands for "\0".
+// Unused bytes of the page map to "\0".
 std::shared_ptr<const CodePage> CodePage::Of(std::u16string_view text) {
   std::vector<std::uint8_t> stands(ALL_CODE_UNITS);
   for (std::size_t i = 0; i < text.size(); i += UNITS_AT_ONCE) {
@@ -98,8 +98,8 @@ std::u16string CodePage::Decode(std::string_view bytes) const {
   return text;
 }
 
-// ASCII is copied some bytes at a time. Another sequence is written at its greatest length, and the
-// next one over what is not its own.
+// ASCII is copied several bytes at a time. Any other sequence is copied with its maximum length,
+// and the next sequence overwrites the surplus bytes.
 void CodePage::AppendUtf8(std::string& utf8, std::string_view bytes) const {
   constexpr std::size_t STEP = 8;
   std::array<char, UNITS_AT_ONCE * sizeof(Sequence)> block{};

@@ -1,7 +1,8 @@
-// The characters of a text that has few different ones, each as one byte.
+// A code page for one text: each of its characters is stored as one byte.
 //
-// So a listing is composed of bytes in nearly every language, in half the memory and time that code
-// units take. In every code page ASCII has its own bytes, and "«" and "»" those of Windows-1252.
+// Most texts have fewer than 256 different characters. Composing a listing from bytes takes half
+// the memory and time that code units would take. Every code page has the ASCII characters at their
+// own bytes, and "«" and "»" at their bytes in Windows-1252.
 #pragma once
 
 #include <array>
@@ -17,22 +18,22 @@ namespace quorvel {
 
 class CodePage {
  public:
-  // Lives as long as the program.
+  // Returns a page that lives until the program ends.
   [[nodiscard]] static std::shared_ptr<const CodePage> Windows1252();
 
-  // That of a text; null where it has more different characters than bytes can tell, or one of two
-  // code units.
+  // Makes the code page of a text. Returns null when the text has too many different characters for
+  // 256 bytes, or a character of two code units.
   [[nodiscard]] static std::shared_ptr<const CodePage> Of(std::u16string_view text);
 
-  // The byte of a character; nothing for one that is not in the page.
+  // The byte of a character, or nothing when the page does not have it.
   [[nodiscard]] std::optional<char> ByteOf(char16_t ch) const;
 
-  // The bytes of characters that are in the page.
+  // Encodes characters, all of which must be in the page.
   [[nodiscard]] std::string Encode(std::u16string_view text) const;
 
   [[nodiscard]] std::u16string Decode(std::string_view bytes) const;
 
-  // Appends the UTF-8 of what the bytes stand for.
+  // Appends the decoded `bytes` as UTF-8.
   void AppendUtf8(std::string& utf8, std::string_view bytes) const;
 
  private:
@@ -46,8 +47,8 @@ class CodePage {
   explicit CodePage(const std::array<char16_t, BYTES>& characters);
 
   std::array<char16_t, BYTES> characters_;
-  std::array<Sequence, BYTES> sequences_;  // in UTF-8
-  std::vector<std::uint8_t> bytes_;        // of each code unit; 0 also for one that has none
+  std::array<Sequence, BYTES> sequences_;  // of each character, in UTF-8
+  std::vector<std::uint8_t> bytes_;        // by code unit; 0 also when not in the page
 };
 
 }  // namespace quorvel

@@ -24,15 +24,15 @@ __m128i Equal(__m128i a, __m128i b) {
   return sizeof(Char) == 1 ? _mm_cmpeq_epi8(a, b) : _mm_cmpeq_epi16(a, b);
 }
 
-// Moves `i` on to the first pair, or behind the last one that may be looked at with others in
-// one go; true in the first case.
+// Advances `i` to the first pair and returns true. Without a pair, advances `i` past the part that
+// was searched with vector instructions and returns false.
 template <typename Char>
 bool SkipInLanes(std::basic_string_view<Char> text, std::size_t& i, Char first, Char second) {
   constexpr std::size_t LANES = sizeof(__m128i) / sizeof(Char);
   const __m128i firsts = Lanes(first);
   const __m128i seconds = Lanes(second);
-  // Whether pairs begin at `i` and the places behind it: those at the `skipped` places before
-  // it are looked at, too, but do not count.
+  // Tests for pairs that begin in a vector loaded `skipped` characters before `i`. Pairs that begin
+  // before `i` are ignored.
   const auto look = [&](std::size_t skipped) {
     const Char* place = text.data() + i - skipped;
     const __m128i equal =
@@ -45,7 +45,7 @@ bool SkipInLanes(std::basic_string_view<Char> text, std::size_t& i, Char first, 
   for (; i + LANES < text.size(); i += LANES) {
     if (look(0)) return true;
   }
-  // The end is looked at together with what stands before it.
+  // The tail is searched with a vector that overlaps characters already searched.
   if (i + 1 >= text.size() || text.size() <= LANES) return false;
   if (look(i + LANES + 1 - text.size())) return true;
   i = text.size() - 1;

@@ -1,6 +1,6 @@
-// The secret numbers that make the hash tables of a run its own.
+// Random seeds for the hash tables of a run.
 //
-// No result depends on them: they decide only where in a table a text is kept.
+// A seed decides only where a table stores a text. No result depends on it.
 #pragma once
 
 #include <array>
@@ -10,8 +10,8 @@ namespace quorvel {
 
 using HashSeed = std::array<std::uint64_t, 4>;
 
-// Numbers that nobody can foretell, from the system; where it has none to give, of the time and of
-// where this program's memory lies.
+// Returns unpredictable numbers from the system. If the system has no random device, the numbers
+// come from the clock and the address of an allocation.
 [[nodiscard]] HashSeed RandomHashSeed();
 
 }  // namespace quorvel

@@ -9,7 +9,7 @@
 namespace quorvel {
 
 #ifdef __linux__
-// Only the whole pages inside the memory; what lies around them is not ours to advise on.
+// Only whole pages inside the memory may be advised: the surrounding bytes belong to other objects.
 void AdviseLargePages(void* memory, std::size_t length) {
   constexpr std::size_t PAGE = 4096;
   constexpr std::size_t WORTH_IT = std::size_t{4} << 20U;

@@ -1,4 +1,4 @@
-// Memory in large pages, where the system has them.
+// Large memory pages, where the system has them. They are an optimization and change no result.
 #pragma once
 
 #include <cstddef>
@@ -6,12 +6,12 @@
 
 namespace quorvel {
 
-// Asks the system to take large pages for `length` bytes of memory, if that is worth it.
+// Asks the system to use large pages for `length` bytes of memory, if there are enough of them.
 void AdviseLargePages(void* memory, std::size_t length);
 
-// Makes room in `text`, which is empty, for so many characters, and asks the system to
-// take large pages for it: a text that is walked in all directions, or grows by tens of
-// megabytes, costs a tenth less so. Changes nothing else.
+// Reserves room for `characters` characters in `text`, which must be empty, and asks the system for
+// large pages. Random access to texts of tens of megabytes, and their growth, takes about a tenth
+// less time with them.
 template <typename Character>
 void ReserveLarge(std::basic_string<Character>& text, std::size_t characters);
 

@@ -1,8 +1,8 @@
 // The plural rule: which words lose their final "s" before they are recorded.
 //
-// Every word of a text passes through it, and so does every keyword, so that
-// both meet in the same form. It is crude on purpose ("its" becomes "it", "news"
-// becomes "new") and must stay so: lists and concordances in use rest on it.
+// The rule applies to every word of a text and to every keyword, so that both have the same form.
+// Compatibility: it is crude ("its" becomes "it", "news" becomes "new") and must stay so, because
+// users' word lists, index files and listings depend on it.
 #pragma once
 
 #include <string_view>
@@ -11,7 +11,7 @@
 
 namespace quorvel {
 
-// `word` without its plural "s", or `word` itself: a view into the argument.
+// Returns `word` without its plural "s", or all of `word`, as a view into the argument.
 [[nodiscard]] std::u16string_view MakeSingular(std::u16string_view word, const Alphabet& alphabet);
 
 }  // namespace quorvel

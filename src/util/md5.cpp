@@ -4,9 +4,9 @@
 #include <bit>
 #include <cstring>
 
-// Each of the four rounds visits the sixteen words of a block once, in its own order (`FACTOR * i +
-// OFFSET` modulo 16), with its own mixing function and four rotations that come round in turn.
-// Words are put together and taken apart by shifts, so the byte order of the machine never shows.
+// Each of the four rounds uses the sixteen words of a block once, in its own order (`FACTOR * i +
+// OFFSET` modulo 16), with its own mixing function and four rotations used in turn. Words are
+// assembled and split by shifts, so the result does not depend on the byte order of the machine.
 
 namespace quorvel {
 namespace {
@@ -29,7 +29,8 @@ constexpr std::array<uint32_t, 64> SINES = {
 using Words = std::array<uint32_t, 16>;
 
 constexpr uint32_t MixF(uint32_t x, uint32_t y, uint32_t z) { return z ^ (x & (y ^ z)); }
-// A sum, not an "or" (the two never share a bit): half of it need not wait for the step before.
+// A sum instead of an "or" (the operands share no bit): one half does not depend on the previous
+// step, so the processor can compute it early.
 constexpr uint32_t MixG(uint32_t x, uint32_t y, uint32_t z) { return (y & ~z) + (x & z); }
 constexpr uint32_t MixH(uint32_t x, uint32_t y, uint32_t z) { return x ^ (y ^ z); }
 constexpr uint32_t MixI(uint32_t x, uint32_t y, uint32_t z) { return y ^ (x | ~z); }

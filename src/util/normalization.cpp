@@ -12,13 +12,13 @@
 #include "util/ansi.h"
 #include "util/large_pages.h"
 
-// A character changes, or joins one before it, only when it is a mark or has another form: these
-// are the doubtful ones. Everything between them is copied as it is; what is composed anew is a
-// doubtful character with those around it that are doubtful too and the one before, which they may
-// join.
+// A character is "unstable" here when normalization can change it or join it to the character
+// before it: marks, and characters with a canonical form. All other text is copied unchanged. A
+// part that is recomposed consists of a run of unstable characters and the character before the
+// run, which the run may join.
 //
-// The order of the marks is made here and not by the library, which takes the square of their
-// number.
+// Marks are sorted here, not by the library, whose sort takes quadratic time in the number of
+// marks.
 
 namespace quorvel {
 namespace {
@@ -28,15 +28,16 @@ using CodePoint = utf8proc_int32_t;
 constexpr auto COMPOSE = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE);
 constexpr std::size_t LONGEST_DECOMPOSITION = 32;
 
-// No character below it is doubtful.
-constexpr CodePoint FIRST_DOUBTFUL = 0x300;
+// No character below it is unstable.
+constexpr CodePoint FIRST_UNSTABLE = 0x300;
 
-// From this byte on a first byte of UTF-8 begins one of those from FIRST_DOUBTFUL on.
-constexpr std::uint8_t FIRST_DOUBTFUL_LEAD = 0xCC;
+// The UTF-8 lead byte of FIRST_UNSTABLE. Characters from FIRST_UNSTABLE on have this lead byte or a
+// higher one.
+constexpr std::uint8_t FIRST_UNSTABLE_LEAD = 0xCC;
 
 using Decomposition = std::array<CodePoint, LONGEST_DECOMPOSITION>;
 
-// Gives its length.
+// Returns the number of code points in `parts`.
 std::size_t Decompose(CodePoint codePoint, Decomposition& parts) {
   int boundary = 0;
   const utf8proc_ssize_t length =
@@ -48,18 +49,19 @@ std::size_t Decompose(CodePoint codePoint, Decomposition& parts) {
 
 int ClassOf(CodePoint codePoint) { return utf8proc_get_property(codePoint)->combining_class; }
 
-// Which characters are doubtful, by the library's own table, so that both know the same characters.
-class DoubtfulCharacters {
+// The set of unstable characters. It is built from the library's own table, so that both agree.
+class UnstableCharacters {
  public:
-  DoubtfulCharacters() {
+  UnstableCharacters() {
     for (CodePoint vowel = 0x1161; vowel <= 0x1175; ++vowel) Add(vowel);
     for (CodePoint final = 0x11A8; final <= 0x11C2; ++final) Add(final);
     for (CodePoint codePoint = 0xC0; codePoint < END; ++codePoint) Consider(codePoint);
-    // And those that are doubtful without being looked at.
+    // Lead bytes of four-byte sequences are all included, because characters from END on are not
+    // tested.
     for (std::size_t lead = 0xF0; lead < leads_.size(); ++lead) leads_[lead] = true;
   }
 
-  // Of a byte of UTF-8.
+  // True when an unstable character can begin with this UTF-8 byte.
   [[nodiscard]] bool MayBeginWith(char byte) const {
     return leads_[static_cast<std::uint8_t>(byte)];
   }
@@ -69,7 +71,7 @@ class DoubtfulCharacters {
   }
 
  private:
-  // What comes from here on is rare and counts as doubtful.
+  // Characters from here on are rare and all count as unstable.
   static constexpr CodePoint END = 0x30000;
 
   void Add(CodePoint codePoint) {
@@ -88,7 +90,7 @@ class DoubtfulCharacters {
     const CodePoint last = parts[length - 1];
     const utf8proc_ssize_t composed =
         utf8proc_normalize_utf32(parts.data(), static_cast<utf8proc_ssize_t>(length), COMPOSE);
-    // Of the others the last part is what joins the one before it.
+    // When the character is stable, its last part is what can join a character before it.
     Add(composed == 1 && parts[0] == codePoint ? last : codePoint);
   }
 
@@ -101,7 +103,7 @@ struct Character {
   std::size_t length;  // in bytes
 };
 
-// The character at a place of valid UTF-8.
+// The character at index `place` of valid UTF-8.
 inline Character CharacterOf(std::string_view text, std::size_t place) {
   const auto at = [&](std::size_t i) { return static_cast<std::uint8_t>(text[place + i]); };
   const auto more = [&](std::size_t i) { return static_cast<CodePoint>(at(i) & 0x3FU); };
@@ -112,12 +114,12 @@ inline Character CharacterOf(std::string_view text, std::size_t place) {
   return {(lead & 0x07) << 18 | more(1) << 12 | more(2) << 6 | more(3), 4};
 }
 
-// The first place from `place` on where a character from FIRST_DOUBTFUL on begins. Most texts have
-// few of them, so blocks without one are passed at once.
+// The first index from `place` on where a character at or above FIRST_UNSTABLE begins. Most texts
+// have few such characters, so blocks without one are skipped whole.
 std::size_t SkipSafe(std::string_view text, std::size_t place) {
   constexpr std::size_t BLOCK = 64;
   const auto isLead = [&](std::size_t i) {
-    return static_cast<std::uint8_t>(text[i]) >= FIRST_DOUBTFUL_LEAD;
+    return static_cast<std::uint8_t>(text[i]) >= FIRST_UNSTABLE_LEAD;
   };
   while (place + BLOCK <= text.size()) {
     if (isLead(place)) return place;
@@ -125,14 +127,15 @@ std::size_t SkipSafe(std::string_view text, std::size_t place) {
     for (std::size_t i = 0; i < BLOCK; ++i) {
       highest = std::max(highest, static_cast<std::uint8_t>(text[place + i]));
     }
-    if (highest >= FIRST_DOUBTFUL_LEAD) break;
+    if (highest >= FIRST_UNSTABLE_LEAD) break;
     place += BLOCK;
   }
   while (place < text.size() && !isLead(place)) ++place;
   return place;
 }
 
-// Brings the marks behind each character into their one order; those of a class stay as they are.
+// Sorts the marks after each character by combining class. Marks of the same class keep their
+// order.
 void OrderMarks(std::vector<CodePoint>& characters) {
   const auto isMark = [](CodePoint one) { return ClassOf(one) != 0; };
   const auto before = [](CodePoint one, CodePoint other) { return ClassOf(one) < ClassOf(other); };
@@ -145,7 +148,7 @@ void OrderMarks(std::vector<CodePoint>& characters) {
 
 class Composer {
  public:
-  // Appends the composed form of a part that begins and ends between two that cannot join.
+  // Appends the composed form of `part`, whose two ends cannot join the surrounding text.
   void Append(std::string_view part, std::string& text) {
     characters_.clear();
     Decomposition parts;
@@ -165,7 +168,7 @@ class Composer {
   }
 
  private:
-  std::vector<CodePoint> characters_;  // used again and again
+  std::vector<CodePoint> characters_;  // kept to avoid allocations
 };
 
 std::size_t PreviousCharacter(std::string_view text, std::size_t place) {
@@ -176,27 +179,27 @@ std::size_t PreviousCharacter(std::string_view text, std::size_t place) {
   return place;
 }
 
-// The first place from `place` on where a doubtful character begins.
-std::size_t NextDoubtful(std::string_view text, std::size_t place,
-                         const DoubtfulCharacters& doubtful) {
+// The first index from `place` on where an unstable character begins.
+std::size_t NextUnstable(std::string_view text, std::size_t place,
+                         const UnstableCharacters& unstable) {
   while ((place = SkipSafe(text, place)) < text.size()) {
-    // Whole alphabets have no first byte of a doubtful character.
+    // Most alphabets have no lead byte of an unstable character.
     const std::size_t end = std::min(place + 64, text.size());
-    while (place < end && !doubtful.MayBeginWith(text[place])) ++place;
+    while (place < end && !unstable.MayBeginWith(text[place])) ++place;
     if (place == end) continue;
     const Character character = CharacterOf(text, place);
-    if (doubtful.Hold(character.codePoint)) break;
+    if (unstable.Hold(character.codePoint)) break;
     place += character.length;
   }
   return place;
 }
 
-// The end of the doubtful characters from `place` on.
-std::size_t SkipDoubtful(std::string_view text, std::size_t place,
-                         const DoubtfulCharacters& doubtful) {
+// The end of the run of unstable characters that begins at index `place`.
+std::size_t SkipUnstable(std::string_view text, std::size_t place,
+                         const UnstableCharacters& unstable) {
   while (place < text.size()) {
     const Character character = CharacterOf(text, place);
-    if (character.codePoint < FIRST_DOUBTFUL || !doubtful.Hold(character.codePoint)) break;
+    if (character.codePoint < FIRST_UNSTABLE || !unstable.Hold(character.codePoint)) break;
     place += character.length;
   }
   return place;
@@ -207,13 +210,13 @@ std::size_t SkipDoubtful(std::string_view text, std::size_t place,
 std::string Normalized(std::string text) {
   std::size_t place = SkipSafe(text, 0);
   if (place == text.size()) return text;
-  static const DoubtfulCharacters DOUBTFUL;
+  static const UnstableCharacters UNSTABLE;
   Composer composer;
   std::string normalized;
   std::size_t done = 0;
-  while ((place = NextDoubtful(text, place, DOUBTFUL)) < text.size()) {
+  while ((place = NextUnstable(text, place, UNSTABLE)) < text.size()) {
     const std::size_t start = PreviousCharacter(text, place);
-    place = SkipDoubtful(text, place, DOUBTFUL);
+    place = SkipUnstable(text, place, UNSTABLE);
     if (done == 0) ReserveLarge(normalized, text.size());
     normalized.append(text, done, start - done);
     composer.Append(std::string_view(text).substr(start, place - start), normalized);

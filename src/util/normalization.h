@@ -1,15 +1,16 @@
-// The composed form of a text (NFC): "e" and an acute accent after it are the one character "é".
+// Unicode normalization to the composed form (NFC): "e" followed by a combining acute accent
+// becomes "é".
 //
-// So that a word is found however its letters were typed. Nearly all texts come composed, and these
-// are only looked at.
+// With it a word is found however its letters were typed. Nearly all texts are composed already and
+// are only scanned.
 #pragma once
 
 #include <string>
 
 namespace quorvel {
 
-// The composed form of `text`, which is valid UTF-8. Takes no more than its length times the
-// logarithm of that, however many marks stand behind each other.
+// Returns the composed form of `text`, which must be valid UTF-8. Takes O(n log n) time for n
+// bytes, however many marks follow each other.
 [[nodiscard]] std::string Normalized(std::string text);
 
 }  // namespace quorvel

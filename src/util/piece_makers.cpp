@@ -6,7 +6,7 @@ namespace quorvel {
 
 namespace {
 
-// A piece that was much longer than the others leaves its room to them.
+// Frees the buffer of a piece that was much longer than the others, so that memory use stays small.
 void Empty(std::string& text) {
   constexpr std::size_t MOST_KEPT = std::size_t{1} << 18U;
   if (text.capacity() > MOST_KEPT) {
@@ -32,7 +32,7 @@ PieceMakers::PieceMakers(std::size_t count, unsigned threads,
       threads_.emplace_back([this, i] { MakePieces(makers_[i]); });
     }
   } catch (const std::exception&) {
-    // The system has no room for more of them. Those that there are will do.
+    // The system cannot start another thread. The threads that run already do the work.
   }
 }
 
@@ -64,7 +64,7 @@ std::optional<std::string_view> PieceMakers::Next(std::chrono::milliseconds pati
   return slot.text;
 }
 
-// The next piece that no thread makes, once there is room for it; nothing when there is no more.
+// Waits for a free slot and returns the next piece to make. Returns nothing when no piece is left.
 std::optional<std::size_t> PieceMakers::PieceToMake() {
   std::unique_lock lock(mutex_);
   taken_.wait(lock, [this] {

@@ -1,7 +1,7 @@
-// Makes a long result in pieces, on all processors, and hands the pieces over in their order.
+// A worker pool that makes a long text in pieces on several threads and returns the pieces in
+// order.
 //
-// The thread that wants the result waits for each piece a little at a time, and can let events run
-// in between.
+// The thread that takes the pieces waits with a timeout, so that it can handle events in between.
 #pragma once
 
 #include <chrono>
@@ -23,22 +23,22 @@ namespace quorvel {
 
 class PieceMakers {
  public:
-  // Appends the piece of that number, from 0 on, to a text that is empty.
+  // Appends the piece with the given 0-based number to `to`, which is empty.
   using Maker = std::function<void(std::size_t piece, std::string& to)>;
 
-  // Begins to make `count` pieces on so many threads, a few pieces ahead of those that were taken.
-  // Each thread has a maker of its own; `newMaker` is called here. Without a thread, or where the
-  // system allows none, the pieces are made as they are asked for.
+  // Starts making `count` pieces on `threads` threads, at most a few pieces ahead of the last piece
+  // taken. Each thread has its own maker; `newMaker` is called in the constructor. With no threads,
+  // or when the system cannot start any, Next() makes the pieces.
   PieceMakers(std::size_t count, unsigned threads, const std::function<Maker()>& newMaker);
 
-  // Waits for the pieces that are being made; the others are not made any more.
+  // Waits for the pieces that are in progress. The remaining pieces are not made.
   ~PieceMakers();
 
   PieceMakers(const PieceMakers&) = delete;
   PieceMakers& operator=(const PieceMakers&) = delete;
 
-  // The next piece, valid until the next call; nothing when it is not there after `patience`. To
-  // be called until all pieces were taken. Throws what a maker threw.
+  // Returns the next piece, valid until the next call, or nothing when it is not ready after
+  // `patience`. Must not be called after the last piece was taken. Rethrows what a maker threw.
   [[nodiscard]] std::optional<std::string_view> Next(std::chrono::milliseconds patience);
 
  private:
@@ -51,13 +51,13 @@ class PieceMakers {
   void MakePieces(const Maker& make);
   [[nodiscard]] std::optional<std::size_t> PieceToMake();
 
-  std::mutex mutex_;  // for all that follows but the texts of the slots
+  std::mutex mutex_;  // protects all members below, except the texts of the slots
   std::condition_variable made_;
   std::condition_variable taken_;
   std::size_t count_;
   std::size_t nextToMake_ = 0;
   std::size_t nextToTake_ = 0;
-  bool handedOver_ = false;  // the piece to take next; its slot is free again at the next call
+  bool handedOver_ = false;  // the piece `nextToTake_` was returned; the next call frees its slot
   bool ends_ = false;
   std::exception_ptr fault_;
   std::vector<Slot> slots_;

@@ -1,4 +1,4 @@
-// Who takes a text that is composed piece by piece.
+// A callback that receives a text piece by piece.
 #pragma once
 
 #include <functional>
@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-// Takes the next piece, which stays valid for the call only. False when no more of them are wanted.
+// Receives the next piece, valid only during the call. Returns false to stop the composing.
 using PieceSink = std::function<bool(std::string_view piece)>;
 
 }  // namespace quorvel

@@ -1,8 +1,8 @@
-// What work says while it goes on, and what it hears: how far it is, a chance for events to run,
-// and whether it is to stop.
+// The interface between long work and whoever waits for it: report progress, let events run, and
+// check for a stop.
 //
-// All that readers, the scan and the composer see of whoever waits for them. Nothing can be asked
-// or told here: what went wrong comes back as a Fault, and whoever called decides what is said.
+// Readers, the scan and the composer see nothing else of their caller. They cannot ask questions or
+// show messages: an error is returned as a Fault, and the caller decides what to show.
 #pragma once
 
 #include <cstdint>
@@ -17,23 +17,24 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
   virtual ~Progress() = default;
 
-  // Says what is done from here on: "Sorting".
+  // Announces the next phase by name: "Sorting".
   virtual void BeginPhase(std::string_view name) = 0;
 
-  // Shows the text progress bar with this caption; an empty one removes it.
+  // Shows the text progress bar with this caption. An empty caption removes the bar.
   virtual void ShowBar(std::string_view caption) = 0;
 
-  // Notes how many different words have been found so far. Whoever wants to shows them.
+  // Stores the number of different words found so far, for display.
   void NoteWordsFound(std::int32_t count) { wordsFound_ = count; }
   [[nodiscard]] std::int32_t WordsFound() const { return wordsFound_; }
 
-  // Lets pending events run; to be called once a coarse step.
+  // Lets pending events run. Call it once in each coarse step.
   virtual void YieldNow() = 0;
 
-  // The same however short a time ago it did: before a step that nothing can run in.
+  // Like YieldNow, without a limit on how often events run. Call it before a step that cannot
+  // yield.
   virtual void YieldAtOnce() { YieldNow(); }
 
-  // The same for the innermost loops: only one call in a few thousand does work.
+  // Like YieldNow, for inner loops: only one call in a few thousand does any work.
   void Yield() {
     if (--callsUntilYield_ == 0) {
       callsUntilYield_ = CALLS_BETWEEN_YIELDS;
@@ -41,7 +42,7 @@ class Progress {
     }
   }
 
-  // Whether the user has asked, and confirmed, that the work should end.
+  // True when the user has requested a stop and confirmed it.
   [[nodiscard]] bool StopRequested() const { return stopRequested_; }
   void RequestStop() { stopRequested_ = true; }
   void ClearStop() { stopRequested_ = false; }
@@ -53,7 +54,7 @@ class Progress {
   bool stopRequested_ = false;
 };
 
-// For work that nobody waits for.
+// Progress for work that nobody waits for.
 class SilentProgress : public Progress {
  public:
   void BeginPhase(std::string_view /*name*/) override {}

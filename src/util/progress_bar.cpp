@@ -18,8 +18,8 @@ ProgressBar::ProgressBar(Progress& progress) : progress_(progress) {
 
 ProgressBar::~ProgressBar() { progress_.ShowBar(""); }
 
-// The position is rounded, halves to even; the bar can change again once half a
-// cell more has been done, and not before.
+// The position is rounded to the nearest cell, halves to even. The bar cannot change again before
+// another half cell is done.
 void ProgressBar::Redraw(std::int64_t current, std::int64_t total, std::int64_t threshold) {
   if (total < threshold || total <= 0) {
     nextChange_ = std::numeric_limits<std::int64_t>::max();

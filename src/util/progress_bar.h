@@ -1,7 +1,7 @@
 // The text progress bar: "[---->     ]".
 //
-// It is updated far more often than it changes, so an update that would draw the
-// same picture again costs one comparison.
+// It is updated far more often than its picture changes, so an update that would draw the same
+// picture costs one comparison.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ namespace quorvel {
 // The bar's width in character cells.
 inline constexpr int PROGRESS_BAR_WIDTH = 40;
 
-// The caption for `position`, a number of cells from 0 on.
+// The caption for a bar whose arrow is at cell `position`, from 0 to PROGRESS_BAR_WIDTH.
 [[nodiscard]] std::string ProgressCaption(int position);
 
 class ProgressBar {
@@ -29,7 +29,7 @@ class ProgressBar {
   ProgressBar(const ProgressBar&) = delete;
   ProgressBar& operator=(const ProgressBar&) = delete;
 
-  // Shows `current` of `total`; does nothing when `total` is below `threshold`.
+  // Shows `current` of `total`. Shows nothing when `total` is below `threshold`.
   void Update(std::int64_t current, std::int64_t total, std::int64_t threshold) {
     if (current >= nextChange_) Redraw(current, total, threshold);
   }

@@ -1,4 +1,4 @@
-// Sorting of many values that lets events run and can be stopped.
+// Sorting in steps, between which events run and a stop is checked.
 #pragma once
 
 #include <algorithm>
@@ -9,11 +9,11 @@
 
 namespace quorvel {
 
-// Sorts the values by a strict order in which no two of them are equal. False after a stop: then
-// they stand in any order.
+// Sorts `values` by the strict order `less`, in which no two values are equal. Returns false after
+// a stop; the order of the values is then unspecified.
 template <typename Value, typename Less>
 [[nodiscard]] bool SortInSteps(std::vector<Value>& values, const Less& less, Progress& progress) {
-  constexpr std::size_t STEP = 16384;  // sorted within some milliseconds
+  constexpr std::size_t STEP = 16384;  // takes a few milliseconds to sort
   const auto goesOn = [&progress] {
     progress.YieldNow();
     return !progress.StopRequested();

@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-// How many bytes at the end of UTF-8 text begin a character that needs more of them.
+// The number of bytes at the end of UTF-8 `text` that begin an incomplete character.
 std::size_t OpenCharacter(std::string_view text) {
   constexpr std::size_t MOST_OPEN = 3;
   for (std::size_t length = 1; length <= std::min(MOST_OPEN, text.size()); ++length) {

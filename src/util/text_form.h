@@ -1,7 +1,7 @@
-// The form in which a text leaves the program: its encoding, and what ends its lines.
+// The output form of a text: its encoding and its line ends.
 //
-// A listing is composed in one form and may be wanted in another, by a terminal, say. It is brought
-// into that while it is written, piece by piece. Nothing here knows what the text is about.
+// A listing is composed in one form and may be needed in another, for example on a terminal. It is
+// converted piece by piece while it is written.
 #pragma once
 
 #include <string>
@@ -13,23 +13,22 @@ enum class Coding { windows1252, utf8 };
 
 struct TextForm {
   Coding coding = Coding::windows1252;
-  bool endsInCrLf = true;  // each line; else in LF
+  bool endsInCrLf = true;  // line ends are CR LF; otherwise LF
 
   bool operator==(const TextForm&) const = default;
 };
 
-// Brings a text, whose lines end in CR LF, into another form. A character that Windows-1252 does
-// not have becomes "?" there, and a byte that is not UTF-8 where it ought to be passes for
-// Windows-1252. A CR that no LF follows stays.
+// Converts a text with CR LF line ends to another form. A character that Windows-1252 lacks becomes
+// "?". A byte that is not valid UTF-8 is taken as Windows-1252. A CR without LF stays.
 class FormChanger {
  public:
   FormChanger(Coding from, const TextForm& to) : from_(from), to_(to) {}
 
-  // The next piece in the new form. What its end leaves open, between CR and LF or within a
-  // character, is kept for the piece after it.
+  // Converts the next piece. An incomplete end (a CR, or part of a character) is kept and converted
+  // with the next piece.
   [[nodiscard]] std::string Next(std::string piece);
 
-  // What was kept, when there is no further piece.
+  // Converts what was kept. Call it after the last piece.
   [[nodiscard]] std::string End();
 
  private:
@@ -41,7 +40,7 @@ class FormChanger {
   std::string kept_;
 };
 
-// A whole text in another form.
+// Converts a whole text.
 [[nodiscard]] std::string InForm(std::string text, Coding from, const TextForm& to);
 
 }  // namespace quorvel

@@ -1,9 +1,8 @@
-// A fast hash of a short text, for tables that live as long as a run. Its values
-// differ from run to run and are never stored.
+// A fast hash of a short text, for hash tables in memory. Its values differ from run to run and are
+// never stored.
 //
-// Texts come from strangers, so no text may be made to collide with others on purpose: secret
-// numbers go into both factors of every multiplication, and both halves of its product are kept.
-// Whoever does not know them cannot tell which texts share a value.
+// Input is untrusted, so an attacker must not be able to construct texts that collide. Secret seeds
+// are mixed into both factors of every multiplication, and both halves of the product are used.
 #pragma once
 
 #include <array>
@@ -28,7 +27,7 @@ constexpr WideProduct Multiply(std::uint64_t a, std::uint64_t b) {
 }
 }  // namespace detail
 
-// Of a text that is held in two numbers.
+// Hashes a text of up to 16 bytes that is held in two numbers.
 [[nodiscard]] constexpr std::uint32_t HashOf(std::uint64_t front, std::uint64_t back,
                                              const HashSeed& seed) {
   const detail::WideProduct first = detail::Multiply(front ^ seed[0], back ^ seed[1]);
@@ -36,8 +35,8 @@ constexpr WideProduct Multiply(std::uint64_t a, std::uint64_t b) {
   return static_cast<std::uint32_t>(last.low ^ last.high);
 }
 
-// Mixes sixteen bytes a step; the last step takes the last sixteen, whether or not they were taken
-// before.
+// Mixes sixteen bytes in each step. The last step takes the last sixteen bytes and may overlap the
+// previous step.
 template <typename Character>
 [[nodiscard]] std::uint32_t HashOf(std::basic_string_view<Character> text, const HashSeed& seed) {
   constexpr std::size_t HALF = sizeof(std::uint64_t) / sizeof(Character);

@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
-// Two oddities are meant, users know the texts by them. Rounding to the minute looks at the whole
-// duration, not at the seconds left over, so 60 seconds become 2 minutes; and it adds nothing from
-// the 59th minute on. The comma that ElapsedText puts in is followed by two blanks, the one that
-// DurationText puts in by one.
+// Compatibility: users know the texts of the labels, so two oddities stay. First, rounding to the
+// minute looks at the whole duration and not at the remaining seconds, so 60 seconds become "2
+// minutes", and from the 59th minute on it adds nothing. Second, ElapsedText puts two blanks after
+// the comma that it inserts, and DurationText puts one.
 
 namespace quorvel {
 namespace {
@@ -17,14 +17,14 @@ constexpr int64_t KILOBYTE = 1024;
 constexpr int64_t MEGABYTE = 1024 * KILOBYTE;
 constexpr std::string_view AND = " and";
 
-// "1 day", "2 days".
+// Returns "1 day", "2 days".
 std::string Counted(int32_t count, std::string_view unit) {
   std::string text = std::to_string(count).append(" ").append(unit);
   if (count != 1) text += 's';
   return text;
 }
 
-// Puts `separator` in the place of every " and" but the last.
+// Replaces every " and" except the last by `separator`.
 std::string KeepLastAnd(std::string text, std::string_view separator) {
   size_t found = text.find(AND);
   while (found != text.rfind(AND)) {
@@ -47,8 +47,8 @@ std::string LongDurationText(int32_t minutes) {
   return text.empty() ? "0 minutes" : KeepLastAnd(text, ",");
 }
 
-// `bytes` (not negative) in units of `unit` bytes, with two decimals. Whole numbers all the way,
-// so that no size is too large to be exact.
+// Formats `bytes` (not negative) in units of `unit` bytes, with two decimals. Integer arithmetic
+// keeps every size exact.
 std::string TwoDecimals(int64_t bytes, int64_t unit) {
   const int64_t rounded = (bytes % unit * 100 + unit / 2) / unit;
   const std::string digits = std::to_string(100 + rounded);

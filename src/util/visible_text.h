@@ -1,8 +1,8 @@
-// Texts made safe to show: a control character in the name of a file would act on a terminal, and a
-// line end in it would look like the beginning of another message.
+// Text made safe to display. A control character in a file name could control a terminal, and a
+// line end in it could look like the start of another message.
 //
-// What is no printable UTF-8 is shown by what C would write for it: "\n", "\r", "\t", else each of
-// its bytes in hexadecimal, "\x1b". All else stays, backslashes too.
+// Everything that is not printable UTF-8 is shown as an escape sequence of C: "\n", "\r", "\t", or
+// each byte in hexadecimal as "\x1b". All other text stays unchanged, including backslashes.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@
 
 namespace quorvel {
 
-// The name of a file, or another text that somebody else has written, for a message.
+// Escapes the name of a file, or another text from outside, for use in a message.
 [[nodiscard]] std::string VisibleName(std::string_view name);
 
-// The same for a whole message: the CR LF between its lines stay.
+// Escapes a whole message. The CR LF line ends between its lines stay.
 [[nodiscard]] std::string VisibleLines(std::string_view text);
 
 }  // namespace quorvel
