@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-// None when `goesOn`, which is asked now and then, says no.
+// Returns nothing when `goesOn`, which is called from time to time, returns false.
 std::string DigestWhile(std::string_view bytes, const std::function<bool()>& goesOn) {
   constexpr std::size_t CHUNK_LENGTH = 16384;
   if (bytes.empty()) return {};

@@ -23,10 +23,10 @@
 #include <utility>
 #endif
 
-// Only root can give a file to another user, or to a group that they are not in. Where the old
-// owner or group is lost so, the mode means other people than it did. Then an access list gives the
-// old ones what they had, by name; where the system has no such lists, the mode is cut down to what
-// all of those had whom it may mean now.
+// Only root can give a file to another user, or to a group that the user is not in. When the old
+// owner or group is lost, the mode applies to other people than before. In that case an access list
+// gives the old owner and group their rights by name. Where the system has no access lists, the
+// mode is reduced to the rights that all people had whom it may apply to now.
 
 namespace quorvel {
 
@@ -37,9 +37,9 @@ void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
 #else
 namespace {
 
-constexpr ::mode_t RIGHTS = 7;  // of one class of users
+constexpr ::mode_t RIGHTS = 7;  // of one class of users: read, write, execute
 
-// What of the old file's the new one has got, and who owns the new one otherwise.
+// Which of the old file's owner and group the new file has, and who owns the new file otherwise.
 struct Taken {
   bool owner = false;
   bool group = false;
@@ -48,7 +48,8 @@ struct Taken {
   [[nodiscard]] bool Both() const { return owner && group; }
 };
 
-// Nothing where the system does not say what it did: some say yes and do nothing.
+// Reads the result back, because some systems report success and change nothing. Returns nothing
+// when it cannot be read.
 std::optional<Taken> TakeOwnerAndGroup(int handle, const struct stat& old) {
   if (::fchown(handle, old.st_uid, old.st_gid) != 0) {
     [[maybe_unused]] const int given = ::fchown(handle, static_cast<::uid_t>(-1), old.st_gid);
@@ -58,7 +59,7 @@ std::optional<Taken> TakeOwnerAndGroup(int handle, const struct stat& old) {
   return Taken{now.st_uid == old.st_uid, now.st_gid == old.st_gid, now.st_uid};
 }
 
-// A right to run the file as its owner or group goes with either of them.
+// The setuid and setgid bits are dropped with a lost owner or group.
 ::mode_t ModeFor(::mode_t old, const Taken& taken) {
   if (taken.Both()) return old & 07777U;
   const ::mode_t owner = (old >> 6U) & RIGHTS;
@@ -74,7 +75,7 @@ std::optional<Taken> TakeOwnerAndGroup(int handle, const struct stat& old) {
 #ifdef __linux__
 constexpr const char* ACCESS_LIST = "system.posix_acl_access";
 
-// An entry's kind and, of a user or a group that it names, the number; with the rights it gives.
+// The kind of an entry with the number of a named user or group, and the rights that it gives.
 using Who = std::pair<unsigned, std::uint32_t>;
 using AccessList = std::map<Who, unsigned>;
 
@@ -84,7 +85,7 @@ constexpr Who GROUP = {ACL_GROUP_OBJ, NOBODY_NAMED};
 constexpr Who MASK = {ACL_MASK, NOBODY_NAMED};
 constexpr Who OTHERS = {ACL_OTHER, NOBODY_NAMED};
 
-// What the mask limits.
+// True for entries that the mask limits.
 bool IsMasked(const Who& who) {
   return who.first == ACL_USER || who.first == ACL_GROUP_OBJ || who.first == ACL_GROUP;
 }
@@ -93,8 +94,8 @@ bool HasNoLists(int errorNumber) {
   return errorNumber == ENODATA || errorNumber == ENOTSUP || errorNumber == ENOSYS;
 }
 
-// The access list of a file as the system hands it out, empty where there is none but the mode;
-// nothing where it will not say.
+// Returns the access list of a file as the system stores it. Empty when the file has only a mode,
+// and nothing when the list cannot be read.
 std::optional<std::string> AccessListOf(const fs::path& path) {
   std::string bytes(XATTR_SIZE_MAX, '\0');
   const ssize_t length = ::lgetxattr(path.c_str(), ACCESS_LIST, bytes.data(), bytes.size());
@@ -103,7 +104,7 @@ std::optional<std::string> AccessListOf(const fs::path& path) {
   return bytes;
 }
 
-// Where the list is empty the file has none afterwards. A new one may have come from its folder.
+// An empty `bytes` removes the list: the new file may have inherited one from its folder.
 bool SetAccessList(int handle, const std::string& bytes) {
   if (!bytes.empty()) return ::fsetxattr(handle, ACCESS_LIST, bytes.data(), bytes.size(), 0) == 0;
   return ::fremovexattr(handle, ACCESS_LIST) == 0 || HasNoLists(errno);
@@ -120,7 +121,7 @@ AccessList ParseList(std::string_view bytes) {
   return list;
 }
 
-// The entries are in the order that the system wants.
+// The map is already in the order that the system requires.
 std::string BytesOf(const AccessList& list) {
   const posix_acl_xattr_header header = {htole32(POSIX_ACL_XATTR_VERSION)};
   std::string bytes(reinterpret_cast<const char*>(&header), sizeof(header));
@@ -137,8 +138,9 @@ AccessList ListOfMode(::mode_t mode) {
   return {{OWNER, (mode >> 6U) & RIGHTS}, {GROUP, (mode >> 3U) & RIGHTS}, {OTHERS, mode & RIGHTS}};
 }
 
-// Names the old group, which the file does not have any more. Those of the new one, who may be in
-// several groups of the list, get by it nothing that the list does not give them anyhow.
+// Adds the old group, which the file no longer has, to the list by name. Members of the new group
+// may also be in several groups of the list, so the new group gets only rights that all of these
+// have.
 void NameGroup(AccessList& list, ::gid_t old) {
   list[{ACL_GROUP, old}] |= list[GROUP];
   unsigned rights = list[OTHERS];
@@ -148,7 +150,8 @@ void NameGroup(AccessList& list, ::gid_t old) {
   list[GROUP] = rights;
 }
 
-// The list by which all have the rights that they had though owner or group are others now.
+// Returns a list that gives everybody the rights that they had, although the owner or group is
+// another one now.
 std::string MovedList(const std::string& bytes, const struct stat& old, const Taken& taken) {
   AccessList list = bytes.empty() ? ListOfMode(old.st_mode) : ParseList(bytes);
   const unsigned oldMask = list.contains(MASK) ? list[MASK] : RIGHTS;
@@ -163,7 +166,7 @@ std::string MovedList(const std::string& bytes, const struct stat& old, const Ta
   if (!taken.group) NameGroup(list, old.st_gid);
   unsigned mask = 0;
   for (const auto& [who, rights] : list) mask |= IsMasked(who) ? rights : 0;
-  // Where the mask has nothing Linux takes the whole list for empty, and those whom it names for
+  // With an empty mask, Linux would treat the whole list as empty, and the people it names as
   // others.
   list[MASK] = mask != 0 ? mask : unsigned{ACL_EXECUTE};
   return BytesOf(list);

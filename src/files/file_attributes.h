@@ -1,15 +1,15 @@
-// What a new file takes over from the one whose place it is to take: who may do what with it. For
-// the other files of this folder alone.
+// Copies the permissions of an existing file to the file that will replace it. For use in this
+// folder only.
 #pragma once
 
 #include <filesystem>
 
 namespace quorvel {
 
-// Gives an open file the owner, the group, the mode and the access list of `target`, as far as the
-// system has such and allows it. The file must be one that its owner alone can use, and it stays
-// one wherever the rights of the others cannot be told or given: nobody but the writer, who becomes
-// the owner where the old one cannot be kept, gets a right that they did not have.
+// Gives an open file the owner, group, mode and access list of `target`, as far as the system
+// supports and permits it. The file must be accessible to its owner alone. Where the rights of
+// others cannot be read or set, it stays so. Only the writer, who becomes the owner when the old
+// one cannot be kept, gains rights.
 void TakeAttributesOf(int handle, const std::filesystem::path& target);
 
 }  // namespace quorvel

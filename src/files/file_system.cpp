@@ -24,7 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 
 #ifdef _WIN32
-// The root of the first fixed drive from "C:" on; empty when there is none.
+// The root of the first fixed drive from "C:" on, or empty when there is none.
 std::string FindFixedDrive() {
   std::wstring root = L"C:\\";
   for (; root[0] <= L'Z'; ++root[0]) {
@@ -57,7 +57,7 @@ fs::path ProgramPath() {
   return fs::read_symlink("/proc/self/exe", error);
 }
 
-// Wants no memory.
+// Allocates no memory.
 bool RemoveAnything(const std::string& path) {
   return std::remove(path.c_str()) == 0 || errno == ENOENT;
 }
@@ -70,7 +70,7 @@ FolderMaking MakeFolderOfOwner(const fs::path& path) {
 
 #endif
 
-// Where a file would be made, without links; empty where the system will not say.
+// The path where a file would be created, with links resolved. Empty when the system cannot tell.
 fs::path PlaceOf(const std::string& path) {
   std::error_code error;
   fs::path place = BehindLinks(ToPath(path), error);
@@ -80,7 +80,7 @@ fs::path PlaceOf(const std::string& path) {
   return error ? fs::path() : place;
 }
 
-// Whether something may be there of which the system will say nothing.
+// True when a file may exist but the system refuses to tell.
 bool IsWithheld(const std::error_code& error) {
   return error == std::errc::permission_denied || error == std::errc::io_error;
 }
@@ -161,7 +161,7 @@ std::string TemporaryBase() {
 }
 
 std::string UserConfigurationFolder() {
-  // Read before any thread is started.
+  // Called before any thread is started.
   const char* configured = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe)
   if (configured != nullptr && *configured == '/') return configured;
   const char* home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)

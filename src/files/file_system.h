@@ -1,8 +1,7 @@
-// The file-system services that the program needs beside reading and writing: what there is, where
-// things are kept, folders.
+// File-system services besides reading and writing: what exists, where things are stored, folders.
 //
-// Every call of the core to the file system stands in this folder. Paths are the file system's own
-// bytes, UTF-8 on Windows. Nothing here throws, but for want of memory.
+// All calls of the core to the file system are in this folder. Paths are the file system's own
+// bytes, UTF-8 on Windows. No function throws, except std::bad_alloc.
 #pragma once
 
 #include <cstdint>
@@ -11,19 +10,19 @@
 
 namespace quorvel {
 
-// True when a file of that name exists, or when the system will not say: what is there is
-// then told by opening it. A folder does not count.
+// True when a file with this name exists, and also when the system refuses to tell; opening the
+// file then shows the reason. Folders do not count.
 [[nodiscard]] bool FileExists(const std::string& path);
 
 [[nodiscard]] bool FolderExists(const std::string& path);
 
-// True for an ordinary file: no device, pipe or socket, reading which may never end.
+// True for an ordinary file. Reading a device, a pipe or a socket may never end.
 [[nodiscard]] bool IsRegularFile(const std::string& path);
 
-// The length in bytes; nothing when the file cannot be looked at.
+// The length in bytes, or nothing when the file cannot be examined.
 [[nodiscard]] std::optional<std::int64_t> FileLength(const std::string& path);
 
-// Tells, without reading it, whether a file has been written since.
+// A stamp shows whether a file has changed, without reading it.
 struct FileStamp {
   std::int64_t length = -1;    // in bytes
   std::int64_t modified = -1;  // in the system's own ticks
@@ -31,47 +30,48 @@ struct FileStamp {
   bool operator==(const FileStamp&) const = default;
 };
 
-// The stamp of a file; the same for all files that cannot be looked at.
+// The stamp of a file. All files that cannot be examined have the same stamp.
 [[nodiscard]] FileStamp StampOf(const std::string& path);
 
-// Whether both paths name one file, be it by another spelling or a link, or would if it were made.
-// True also for two existing files of which the system cannot tell.
+// True when both paths name the same file, by different spellings or links, or would name the same
+// file if it were created. Also true for two existing files that the system cannot compare.
 [[nodiscard]] bool IsSameFile(const std::string& path, const std::string& other);
 
-// The path with its folder spelled as the system spells it: the same for all spellings of a name in
-// a folder, also by links to that folder. Itself where the folder cannot be looked at.
+// Returns `path` with its folder in canonical form, so that all spellings of a file name in one
+// folder compare equal, also through links to the folder. Returns `path` unchanged when the folder
+// cannot be examined.
 [[nodiscard]] std::string OneSpelling(const std::string& path);
 
-// The path of `name`, which may hold folders that end in "/", below `folder`, with
-// the separators that users of the platform know.
+// Joins `folder` and `name` with the separators of the platform. `name` may contain folders that
+// end in "/".
 [[nodiscard]] std::string JoinPath(const std::string& folder, const std::string& name);
 
-// The folder below which temporary folders are made: the system's own for such,
-// on Windows the root of the first fixed drive. Empty when there is none.
+// The folder in which temporary folders are created: the system's temporary folder, or the root of
+// the first fixed drive on Windows. Empty when there is none.
 [[nodiscard]] std::string TemporaryBase();
 
-// The path of a file that comes with the program: beside the program, else in the
-// installed data folder, else in the source tree of a program that was built there.
-// Where it is in none of them, the path that it would have beside the program.
+// The path of a data file of the program. It is looked for beside the program, in the installed
+// data folder, and in the source tree if the program was built there. If it is in none of them, the
+// path beside the program is returned.
 [[nodiscard]] std::string DataFilePath(const std::string& name);
 
-// The folder in which programs keep what this user has set; where the system names
-// none the user's home folder or, failing that too, the program's own.
+// The folder for the user's settings. Falls back to the user's home folder, then to the folder of
+// the program.
 [[nodiscard]] std::string UserConfigurationFolder();
 
-// Makes the folders above `path` that are missing; what fails shows when the file is opened.
+// Creates the missing parent folders of `path`. A failure shows when the file is opened.
 void MakeFoldersFor(const std::string& path);
 
 enum class FolderMaking { made, exists, failed };
 
-// Makes a folder that only its owner can look into. `exists` when a file or folder
-// of that name is there already; the folder above it must exist.
+// Creates a folder that only its owner can access. `exists` means that a file or folder with this
+// name already exists. The parent folder must exist.
 [[nodiscard]] FolderMaking MakeFolder(const std::string& path);
 
-// Removes a file or an empty folder. True also when there is none of that name.
+// Removes a file or an empty folder. Also returns true when neither exists.
 [[nodiscard]] bool RemoveFileOrFolder(const std::string& path);
 
-// The system's description of what failed, by its number.
+// The system's description of an error number.
 [[nodiscard]] std::string SystemMessage(int errorNumber);
 
 }  // namespace quorvel

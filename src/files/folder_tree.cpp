@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Adds what lies in one folder, and notes the folders in it for later.
+// Adds the files of one folder to `tree` and its subfolders to `folders`.
 void ReadFolder(const fs::path& folder, FolderTree& tree, std::vector<fs::path>& folders) {
   std::error_code error;
   fs::directory_iterator entry(folder, error);

@@ -1,4 +1,4 @@
-// The files in a folder and in the folders below it.
+// Finds the files in a folder and its subfolders.
 #pragma once
 
 #include <string>
@@ -9,12 +9,12 @@
 namespace quorvel {
 
 struct FolderTree {
-  std::vector<std::string> files;  // their paths, each beginning with the folder's; in their order
-  std::vector<Fault> faults;       // of folders that could not be read, or not to their end
+  std::vector<std::string> files;  // paths that begin with the folder's path; sorted
+  std::vector<Fault> faults;       // of folders that could not be read completely
 };
 
-// All ordinary files below a folder, those that links name too. A link to a folder is not followed,
-// so that no folder is read twice.
+// Returns all ordinary files below `folder`, including those named by links. Links to folders are
+// not followed, so that no folder is read twice.
 [[nodiscard]] FolderTree FilesBelow(const std::string& folder);
 
 }  // namespace quorvel

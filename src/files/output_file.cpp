@@ -31,7 +31,8 @@ void HoldStandardStreams() {}
 
 void LetOversizedWritesFail() {}
 #else
-// Each is held so that its use fails: what is written must not seem to have arrived.
+// Each missing stream is opened so that using it fails. Output must not seem to succeed when nobody
+// receives it.
 void HoldStandardStreams() {
   for (const int handle : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(handle, F_GETFD) >= 0) continue;  // NOLINT(*-vararg)
@@ -43,8 +44,8 @@ void HoldStandardStreams() {
 void LetOversizedWritesFail() { std::signal(SIGXFSZ, SIG_IGN); }
 #endif
 
-// From the first constructor on there is a destructor: where the memory ends while the file is
-// opened, the new file goes.
+// This delegated constructor completes the object. If memory runs out while the file is being
+// opened, the destructor then removes the new file.
 OutputFile::OutputFile(const std::string& path) : path_(path), target_(ToPath(path)) {}
 
 OutputFile::OutputFile(const std::string& path, const FilesToKeep& kept, Targets targets)
@@ -84,8 +85,8 @@ void OutputFile::Open(Targets targets) {
   OpenBeside();
 }
 
-// The name of the new file is short, so that it fits wherever the target's does. One that is to
-// replace another is for its owner alone until it is whole.
+// The name of the new file is short, so that it is valid wherever the target's name is. A file that
+// will replace another one is accessible only to its owner until it is committed.
 void OutputFile::OpenBeside() {
   constexpr int NAMES_TO_TRY = 1000;
   const std::string stem = ".qvl" + std::to_string(::getpid()) + "-";
@@ -122,7 +123,7 @@ bool OutputFile::Commit() {
   return !fault_;
 }
 
-// A file system that knows no such wait says that the handle is not one for it.
+// EINVAL means that the file system does not support synchronization.
 void OutputFile::Sync() {
   int result = 0;
   do {

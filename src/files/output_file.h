@@ -1,4 +1,5 @@
-// Writing files without ever losing one: the one door through which a result reaches the disk.
+// Safe output files. All results reach the disk through this class, so that a failure never
+// destroys an existing file.
 #pragma once
 
 #include <filesystem>
@@ -11,51 +12,52 @@
 
 namespace quorvel {
 
-// A file that an output must not replace, and what it is: "input file".
+// A file that an output must not replace, and its name for messages: "input file".
 struct KeptFile {
   std::string what;
   std::string path;
 };
 using FilesToKeep = std::vector<KeptFile>;
 
-// The first of the files that an output at `path` would replace, under whatever name (link, hard
-// link, other spelling), as a fault of the kind `wouldReplace`. An empty path is no file.
+// Returns a fault of kind `wouldReplace` for the first file in `kept` that an output at `path`
+// would replace under any name (link, hard link, other spelling). An empty path is not a file.
 [[nodiscard]] std::optional<Fault> WouldReplace(const std::string& path, const FilesToKeep& kept);
 
-// Lets a write beyond the file size that the user may have set fail like one on a full
-// disk; otherwise it ends the program. For the start of a program.
+// Makes a write beyond the user's file size limit fail like a write to a full disk. By default such
+// a write kills the program. Call it at program start.
 void LetOversizedWritesFail();
 
-// Fills the places of standard input, output and error where the program was started without them:
-// a file that is opened later would get such a place, and what is said would be written into it.
-// For the start of a program.
+// Opens standard input, output and error if the program was started without them. Otherwise a file
+// that is opened later would get the number of a standard stream, and messages would be written
+// into it. Call it at program start.
 void HoldStandardStreams();
 
-// What may be written to. A device or pipe has no content to lose, but may keep its writer waiting
-// for ever, and the program reads none of its own files from one.
+// The kinds of files that may be written. A device or a pipe has no content to lose, but it can
+// block its writer forever, and the program's own files are never read from one.
 enum class Targets { ordinaryFiles, all };
 
-// A file being written. The bytes go to a new file in the target's folder, which
-// takes the target's place only in Commit: until then, and after any failure, an
-// existing target is as it was. A link is followed, also to where no file is yet; a device or pipe
-// is written directly, where that is allowed. A target that would replace one of the files
-// to keep is never opened. The new file of an existing target is its writer's alone until Commit
-// gives it the rights of the old one.
+// A file being written.
+//
+// The bytes go to a new file in the folder of the target, which replaces the target only in Commit.
+// Until then, and after any failure, an existing target is unchanged. Links are followed, even to a
+// file that does not exist yet. Devices and pipes are written directly, if `targets` allows them. A
+// target that would replace one of the `kept` files is never opened. The new file of an existing
+// target is accessible only to the writer until Commit gives it the target's permissions.
 class OutputFile {
  public:
   OutputFile(const std::string& path, const FilesToKeep& kept, Targets targets = Targets::all);
 
-  // Removes the new file, unless it was committed.
+  // Removes the new file unless it was committed.
   ~OutputFile();
 
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
-  // Appends bytes. False once anything has failed since the file was opened.
+  // Appends `bytes`. Returns false after any failure since the file was opened.
   bool Write(std::string_view bytes);
 
-  // Puts the written file in the target's place; it is on the disk by then, so that a
-  // power cut leaves the old or the new file. False when anything failed.
+  // Replaces the target by the written file. The bytes are synchronized to the disk first, so that
+  // a power failure leaves either the old or the new file. Returns false after any failure.
   [[nodiscard]] bool Commit();
 
   // The first failure, if any.
@@ -73,7 +75,7 @@ class OutputFile {
   std::string path_;
   std::filesystem::path target_;
   std::filesystem::path temporary_;  // empty when the target is written directly
-  bool replaces_ = false;            // a file that is there already
+  bool replaces_ = false;            // a target that exists already
   std::optional<Fault> fault_;
   int handle_ = -1;
 };

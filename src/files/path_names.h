@@ -1,8 +1,8 @@
-// What the name of a file tells of its kind, and the names of the files that a run
-// writes beside its input.
+// What a file name says about the kind of the file, and the names of the files that a run writes
+// beside its input.
 //
-// Only names are looked at here, never the disk. Both "\" and "/" end a folder
-// name, wherever the program runs.
+// These functions look only at names, never at the disk. Both "\" and "/" end a folder name on
+// every platform.
 #pragma once
 
 #include <string>
@@ -10,30 +10,30 @@
 
 namespace quorvel {
 
-// The extension of `path` as it is written, without its dot: what follows the
-// last "." of the file's own name; empty when that has none.
+// The extension of `path` as written, without the dot: the part after the last "." of the file
+// name. Empty when there is none.
 [[nodiscard]] std::string_view ExtensionOf(std::string_view path);
 
-// The same with A to Z in lower case.
+// The extension with A to Z in lower case.
 [[nodiscard]] std::string LowerExtensionOf(std::string_view path);
 
-// Whether `path` holds "htm" anywhere, in any case: so a web page is told, and so
-// is every file in a folder of such a name.
+// True when `path` contains "htm" anywhere, in any case. Such a file counts as a web page. This
+// includes all files in a folder with such a name.
 [[nodiscard]] bool PathNamesHtml(std::string_view path);
 
-// Whether the extension is one of those of text and mark-up files.
+// True when the extension is that of a text or mark-up file.
 [[nodiscard]] bool HasTextFileExtension(std::string_view path);
 
-// The concordance or index file of an input: its extension replaced by
-// "qvl.conc.txt" or "qvl.ndx", or that appended after a dot where it has none.
+// The default name of the concordance or index file of an input. The extension is replaced by
+// "qvl.conc.txt" or "qvl.ndx"; without an extension, a dot and the new extension are appended.
 [[nodiscard]] std::string DefaultConcordanceFileName(std::string_view inputFile);
 [[nodiscard]] std::string DefaultIndexFileName(std::string_view inputFile);
 
-// The same for the rows behind a concordance: "qvl.conc." and the extension given.
+// The default name of the rows file: the extension is replaced by "qvl.conc." and `extension`.
 [[nodiscard]] std::string DefaultRowsFileName(std::string_view inputFile,
                                               std::string_view extension);
 
-// Whether `path` names a file that the program itself wrote.
+// True when the name is that of a file that the program writes.
 [[nodiscard]] bool IsConcordanceFileName(std::string_view path);
 [[nodiscard]] bool IsIndexFileName(std::string_view path);
 

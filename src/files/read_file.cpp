@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Room for bytes that will all be written before they are read.
+// Allocates uninitialized memory.
 std::shared_ptr<char[]> RoomFor(std::size_t length) {
   std::shared_ptr<char[]> room(new char[length]);  // NOLINT(*-make-shared): that would clear it
   AdviseLargePages(room.get(), length);
@@ -27,8 +27,8 @@ std::shared_ptr<char[]> RoomFor(std::size_t length) {
 
 }  // namespace
 
-// Looked at before it is opened, for to open a pipe or a device may do something to it, and
-// afterwards, for another one may stand there by then.
+// The status is checked before opening, because opening a pipe or a device may have side effects.
+// It is checked again afterwards, because the file may have been replaced meanwhile.
 FileToRead::FileToRead(const std::string& path) : path_(path) {
   const fs::path place = ToPath(path);
   std::error_code error;
@@ -78,8 +78,8 @@ std::string_view FileToRead::Begin(std::size_t length) {
   return begin_;
 }
 
-// A file that grows meanwhile is taken as long as it was at first: what comes after is another
-// version of it, which its stamp will tell.
+// Reads only the length that the file had when it was opened. If the file grows meanwhile, its
+// stamp shows that it has changed.
 Result<InputBytes> FileToRead::ReadAll(const FileStamp& stamp,
                                        const std::function<bool()>& goesOn) {
   constexpr std::size_t STEP = std::size_t{4} << 20U;
@@ -99,8 +99,8 @@ Result<InputBytes> FileToRead::ReadAll(const FileStamp& stamp,
   return InputBytes(path_, stamp, bytes, done);
 }
 
-// One byte more than the file has shows its end without another round; the system's own files may
-// have more than they say.
+// Requests one byte more than the length of the file, which detects the end of the file without
+// another call. Files of the system, such as those in /proc, may be longer than they report.
 Result<std::string> ReadFileBytes(const std::string& path, std::uint64_t limit) {
   constexpr std::uint64_t STEP = 65536;
   FileToRead file(path);

@@ -1,8 +1,8 @@
-// Reading files: each is opened once and read into memory.
+// Reading files: each file is opened once and read into memory.
 //
-// Only ordinary files are read: a device, a pipe or a socket may have no end, or keep its reader
-// waiting, and is not even opened. Paths are the file system's own bytes, UTF-8 on Windows. A
-// failed read is a fault, never an empty text. Nothing here throws, but for want of memory.
+// Only ordinary files are read. A device, a pipe or a socket may never end or may block, so it is
+// not even opened. Paths are the file system's own bytes, UTF-8 on Windows. A failed read is a
+// fault, never an empty text. No function throws, except std::bad_alloc.
 #pragma once
 
 #include <cstddef>
@@ -21,24 +21,24 @@
 
 namespace quorvel {
 
-// Reads the first `limit` bytes of an ordinary file, of one of the system's own too, which has more
-// than it says. `missing` where there is none, `notAFile`, `notOpened`, `notRead`.
+// Reads the first `limit` bytes of an ordinary file, also of a system file that reports a shorter
+// length. Faults: `missing`, `notAFile`, `notOpened`, `notRead`.
 [[nodiscard]] Result<std::string> ReadFileBytes(const std::string& path, std::uint64_t limit);
 
-// The bytes of an input as they were read: text, digest and all else are made of these. Copies
-// share them.
+// The bytes of an input. The text, the digest and everything else are made from them, so they
+// always belong to the same version of the file. Copies share the bytes.
 class InputBytes {
  public:
   InputBytes() = default;
   InputBytes(std::string path, const FileStamp& stamp, std::shared_ptr<const char[]> bytes,
              std::size_t length);
 
-  // Bytes that are in memory already.
+  // Bytes that are already in memory.
   InputBytes(std::string path, std::string_view bytes);
 
   [[nodiscard]] const std::string& Path() const { return path_; }
 
-  // What the file was like just before it was read.
+  // The stamp of the file just before it was read.
   [[nodiscard]] const FileStamp& Stamp() const { return stamp_; }
 
   [[nodiscard]] std::string_view View() const { return {bytes_.get(), length_}; }
@@ -50,7 +50,7 @@ class InputBytes {
   std::size_t length_ = 0;
 };
 
-// An ordinary file, open to be read. After a fault nothing more is.
+// An ordinary file opened for reading. After a fault nothing more is read.
 class FileToRead {
  public:
   explicit FileToRead(const std::string& path);
@@ -58,20 +58,22 @@ class FileToRead {
   FileToRead(const FileToRead&) = delete;
   FileToRead& operator=(const FileToRead&) = delete;
 
-  // `missing` where there is none or a folder, `notAFile`, `notOpened`, `notRead`.
+  // Faults: `missing` (also for a folder), `notAFile`, `notOpened`, `notRead`.
   [[nodiscard]] const std::optional<Fault>& Why() const { return fault_; }
 
-  // In bytes, when it was opened.
+  // The length in bytes when the file was opened.
   [[nodiscard]] std::uint64_t Length() const { return length_; }
 
-  // Reads the next bytes, fewer only at the end of the file or on a fault; gives how many.
+  // Reads up to `length` bytes and returns their number. It is smaller than `length` only at the
+  // end of the file or after a fault.
   [[nodiscard]] std::size_t Read(char* into, std::size_t length);
 
-  // The first bytes, up to so many, before any others are read; they stay until the object goes.
+  // Returns the first `length` bytes, or fewer when the file is shorter. Must be called before
+  // Read. The view is valid until the object is destroyed.
   [[nodiscard]] std::string_view Begin(std::size_t length);
 
-  // Reads the file to its end, once; the bytes of Begin are not read again. `stopped` as soon as
-  // `goesOn`, which is asked now and then, says no.
+  // Reads the file to its end. Bytes returned by Begin are not read again. Returns `stopped` when
+  // `goesOn`, which is called from time to time, returns false.
   [[nodiscard]] Result<InputBytes> ReadAll(const FileStamp& stamp,
                                            const std::function<bool()>& goesOn);
 
@@ -85,11 +87,11 @@ class FileToRead {
   std::string begin_;
 };
 
-// In bytes: each has a place that a 32-bit number can hold.
+// The maximum length of an input in bytes: each position must fit in a 32-bit number.
 inline constexpr std::uint64_t LONGEST_INPUT = std::numeric_limits<std::int32_t>::max() - 1;
 
-// Reads an ordinary file whole and lets events run meanwhile. `missing`, `notAFile`, `tooLong`,
-// `notOpened`, `notRead`, `stopped`.
+// Reads a whole ordinary file and lets events run meanwhile. Faults: `missing`, `notAFile`,
+// `tooLong`, `notOpened`, `notRead`, `stopped`.
 [[nodiscard]] Result<InputBytes> ReadInput(const std::string& path, Progress& progress);
 
 }  // namespace quorvel

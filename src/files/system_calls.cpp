@@ -16,7 +16,7 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-// The headers of Windows want to be included in this order.
+// io.h must be included after windows.h.
 #include <io.h>
 #endif
 
@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// One read or write call moves at most this many bytes: a size every platform takes.
+// The maximum number of bytes for one read or write call; all platforms support it.
 constexpr std::size_t LARGEST_TRANSFER = std::size_t{1} << 30U;
 
 }  // namespace
@@ -70,7 +70,7 @@ Fault NotAFile(FaultKind kind, const std::string& path) {
 }
 
 fs::path BehindLinks(fs::path path, std::error_code& error) {
-  constexpr int MOST_LINKS = 40;  // as many as the systems follow
+  constexpr int MOST_LINKS = 40;  // the limit of the systems themselves
   for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
     if (links == MOST_LINKS) error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
     const fs::path next = error ? fs::path() : fs::read_symlink(path, error);
@@ -84,7 +84,7 @@ fs::path BehindLinks(fs::path path, std::error_code& error) {
 #ifdef _WIN32
 namespace {
 
-// A file that another program keeps to itself is no matter of rights: EBUSY stands for it here.
+// EBUSY reports a file that another program has locked: unlike EACCES, it is not about permissions.
 bool IsSharingFault(unsigned long systemError) {
   return systemError == ERROR_SHARING_VIOLATION || systemError == ERROR_LOCK_VIOLATION;
 }
@@ -100,7 +100,7 @@ std::string FromPath(const fs::path& path) {
   return {text.begin(), text.end()};
 }
 
-// "NUL" and the like are devices in every folder, of which the standard library knows nothing.
+// Names such as "NUL" are devices in every folder, which the standard library does not know.
 fs::file_status StatusOf(const fs::path& path, std::error_code& error) {
   constexpr std::size_t LONGEST_NAME = 32;
   std::wstring device(LONGEST_NAME, L'\0');
@@ -145,8 +145,8 @@ bool IsWritable(const fs::path& path) {
   return true;
 }
 
-// Of a file that is open elsewhere, which may have been opened since, the system only says that it
-// denies it.
+// For a file that is open in another program, Windows reports only that access is denied. Opening
+// the target again gives the real reason.
 int RenamingFault(const std::error_code& error, const fs::path& target) {
   std::error_code ignored;
   return fs::exists(target, ignored) && !IsWritable(target) ? errno : NumberOf(error);
@@ -164,8 +164,8 @@ int OpenFile(const fs::path& path, int flags, bool isPrivate) {
   return ::open(path.c_str(), flags | O_CLOEXEC, isPrivate ? 0600 : 0666);  // NOLINT(*-vararg)
 }
 
-// A file that another program holds a lease on is to be had once that has been asked for it, which
-// a call that does not wait only begins.
+// Another program may hold a lease on the file. A non-blocking open only asks for the lease to be
+// released, so it is repeated.
 int OpenToRead(const fs::path& path) {
   constexpr std::chrono::milliseconds PAUSE(10);
   constexpr int MOST_PAUSES = 500;

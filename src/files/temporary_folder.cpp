@@ -15,8 +15,8 @@
 namespace quorvel {
 namespace {
 
-// Removes the file, and each folder above it up to the one whose path is so long. Wants no memory:
-// a run that has none left must leave nothing behind.
+// Removes the file and its parent folders, up to and including the one whose path has
+// `folderLength` bytes. Allocates no memory, so that a run without memory leaves nothing behind.
 std::optional<Fault> RemoveUpTo(std::string path, std::size_t folderLength) {
   constexpr char SEPARATOR = static_cast<char>(std::filesystem::path::preferred_separator);
   if (!RemoveFileOrFolder(path)) return Fault{FaultKind::fileNotRemoved, path, {}};
@@ -29,8 +29,8 @@ std::optional<Fault> RemoveUpTo(std::string path, std::size_t folderLength) {
 
 }  // namespace
 
-// Whether a name is free is told by making the folder: between a test and the
-// making, another program could take it.
+// Creating the folder is the test whether its name is free. A separate test would leave time for
+// another program to take the name.
 std::string CreateTemporaryFolder(const std::string& base, std::string_view tag) {
   constexpr int LAST_NUMBER = 999;
   constexpr std::size_t DIGITS = 3;
@@ -56,14 +56,15 @@ std::optional<Fault> RemoveTemporaryFolder(const std::string& folder, const std:
   return RemoveUpTo(JoinPath(folder, entry), folder.size());
 }
 
-// Once the folder is made, nothing that fails here leaves it behind.
+// Delegates, so that the destructor removes the folder if anything below throws.
 TemporaryFile::TemporaryFile(std::string_view tag, const std::string& entry)
     : TemporaryFile(CreateTemporaryFolder(TemporaryBase(), tag)) {
   if (!hasFolder_) return;
   path_ = JoinPath(folder_, entry);
   MakeFoldersFor(path_);
   handle_ = OpenFile(ToPath(path_), O_RDWR | O_CREAT | O_EXCL, true);
-  // What stays now may go at the end, and is told then if it does not.
+  // If removal fails now, it is tried again in the destructor or in Remove, which reports the
+  // failure.
   if (!RemoveTemporaryFolder(folder_, entry)) folder_.clear();
 }
 
@@ -72,10 +73,10 @@ TemporaryFile::TemporaryFile(std::string folder)
 
 TemporaryFile::~TemporaryFile() {
   try {
-    // Who wants to know what stayed has called it before.
+    // A caller that needs the fault has called Remove() before.
     [[maybe_unused]] const std::optional<Fault> stayed = Remove();
   } catch (const std::exception&) {
-    // Nothing may leave from here, and there is nobody left to tell.
+    // A destructor must not throw, and nobody is left to receive the error.
     return;
   }
 }

@@ -1,4 +1,4 @@
-// The folder into which the body of a word-processor document is unpacked.
+// Temporary folders, and a temporary file for the unpacked body of a word-processor document.
 #pragma once
 
 #include <cstdint>
@@ -10,48 +10,49 @@
 
 namespace quorvel {
 
-// Makes a new folder below `base`, its name `tag` and the first free number from
-// 001 to 999. Gives its path, or an empty string when none could be made.
+// Creates a new folder in `base`. Its name is `tag` followed by the first free number from 001 to
+// 999. Returns its path, or an empty string on failure.
 [[nodiscard]] std::string CreateTemporaryFolder(const std::string& base, std::string_view tag);
 
-// Deletes the file `entry` below the folder, the folders that lead to it, and the folder itself.
-// What is not there needs no deletion. The first thing that cannot be deleted is the fault,
-// `fileNotRemoved` or `folderNotRemoved`, and the rest stays in place.
+// Deletes the file `entry` in `folder`, the folders between them, and `folder` itself. Missing
+// files and folders are skipped. Stops at the first failure and returns it: `fileNotRemoved` or
+// `folderNotRemoved`.
 [[nodiscard]] std::optional<Fault> RemoveTemporaryFolder(const std::string& folder,
                                                          const std::string& entry);
 
-// A file in a temporary folder of its own, for bytes that are written and then read back. Where the
-// system lets go of the name of an open file, file and folder are gone from there before the first
-// byte is written, so that no end of the program, whatever it is, leaves the bytes behind.
-// Elsewhere both are removed at the end of the scope.
+// A file in its own temporary folder, for bytes that are written and then read back.
+//
+// Where the system can remove the name of an open file, the file and the folder are removed before
+// the first byte is written. Then the bytes never outlive the program, however it ends. On other
+// systems both are removed by the destructor.
 class TemporaryFile {
  public:
-  // Makes the folder in the system's place for such, and in it the file `entry`.
+  // Creates the folder in TemporaryBase(), and the file `entry` in it.
   TemporaryFile(std::string_view tag, const std::string& entry);
 
-  // Removes what Remove has not been called for.
+  // Removes the file and the folder, unless Remove was called.
   ~TemporaryFile();
 
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  // False when no folder could be made.
+  // False when the folder could not be created.
   [[nodiscard]] bool HasFolder() const { return hasFolder_; }
 
-  // Appends bytes. False when that fails, also for a file that could not be made.
+  // Appends bytes. Returns false on failure, also when the file could not be created.
   [[nodiscard]] bool Write(std::string_view bytes) const;
 
-  // The first `limit` bytes of what was written. `notRead`.
+  // Returns the first `limit` written bytes. Fault: `notRead`.
   [[nodiscard]] Result<std::string> ReadBack(std::uint64_t limit) const;
 
-  // Removes now what is left of it, to be told what could not be removed.
+  // Removes the file and the folder now, and returns what could not be removed.
   [[nodiscard]] std::optional<Fault> Remove();
 
  private:
   explicit TemporaryFile(std::string folder);
 
-  std::string folder_;  // empty once there is none
-  std::string path_;    // of the file in it
+  std::string folder_;  // empty when already removed
+  std::string path_;    // of the file
   bool hasFolder_ = false;
   int handle_ = -1;
 };
