@@ -6,21 +6,21 @@
 
 #include "util/bit_map.h"
 
-// Where words end cannot be foretold, so deciding byte by byte is slow. The text is
-// taken in blocks that the compiler handles in a few wide instructions: in most of
-// them no two blanks meet, and such a block only moves.
+// A decision for each byte would be slow, because the ends of words are unpredictable for the
+// processor. The text is processed in blocks that the compiler vectorizes. Most blocks have no two
+// blanks in a row and are only moved.
 
 namespace quorvel {
 namespace {
 
 constexpr std::uint8_t BLANK = ' ';
 
-// Moves bytes to the front of the text, place by place.
+// Moves bytes towards the front of the text and drops surplus blanks.
 class Compactor {
  public:
   explicit Compactor(std::string& text) : text_(text) {}
 
-  // Moves FLAG_COUNT bytes.
+  // Moves a block of FLAG_COUNT bytes.
   void MoveBlock(std::size_t from) {
     std::array<std::uint8_t, FLAG_COUNT> block{};
     Flags flags{};

@@ -1,12 +1,12 @@
-// Blanks and control characters reduced to single blanks.
+// Replaces runs of blanks and control characters by single blanks.
 #pragma once
 
 #include <string>
 
 namespace quorvel {
 
-// Makes one blank of every run of bytes from 0 to 32, a single tab or line feed
-// too. The no-break space is left alone.
+// Replaces every run of bytes from 0 to 32 by one blank, including a single tab or line feed.
+// No-break spaces are unchanged.
 void CompactSpaces(std::string& text);
 
 }  // namespace quorvel

@@ -16,8 +16,8 @@
 namespace quorvel {
 namespace {
 
-// Makes plain text of an input as it was read, with its blanks compacted. False for a web page that
-// has no head.
+// Converts an input as it was read to plain text with compacted blanks. Returns false for a web
+// page without a head.
 bool PrepareText(const std::string& path, const ReadingOptions& options, std::string& text,
                  Progress& progress) {
   HtmlOutcome outcome = HtmlOutcome::notAPage;
@@ -49,8 +49,9 @@ Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8, Progress
     return Fault{FaultKind::textTooLong, input.Path(), {}};
   }
   if (isUtf8 && !isPage) {
-    // Once more over the whole text, which was repaired line by line: what stands
-    // alone in its line can be completed only now, and texts in use rest on it.
+    // The text was repaired line by line and is repaired again as a whole. Compatibility: a
+    // character that is alone on its line can only be completed now, and users' listings and index
+    // files depend on the result.
     progress.BeginPhase("Converting UTF-8");
     RepairUtf8(text);
     PlainPunctuation(text);

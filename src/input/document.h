@@ -1,8 +1,9 @@
-// A document as it is worked on: its text, how that was read, and of which bytes it was made.
+// A document: its text, how it was read, and from which input.
 //
-// Made in two steps, between which nothing but the encoding is for the user to say: the bytes of a
-// text file or web page become one string of bytes (ReadInputFile; docx_text.h for a word-processor
-// document), and that the document (MakeDocument). Nothing is changed afterwards.
+// It is made in two steps. First, the bytes of a text file or web page become one byte string
+// (ReadInputFile; docx_text.h does this for word-processor documents). Then MakeDocument turns it
+// into a document. Between the steps the user may be asked only about the encoding. A document
+// never changes.
 #pragma once
 
 #include <cstdint>
@@ -20,59 +21,60 @@
 
 namespace quorvel {
 
-// What decides which text is made of an input.
+// The options that decide which text is made from an input.
 struct ReadingOptions {
   Reading reading = Reading::windows1252;
   bool isUtf8 = false;
-  bool ignoreLists = false;  // leave out the lists of a web page
-  bool notes = false;        // of a word-processor document that is read as Unicode: its notes too
+  bool ignoreLists = false;  // leave out the lists of web pages
+  bool notes = false;        // include the notes of word-processor documents (Unicode reading only)
 
   bool operator==(const ReadingOptions&) const = default;
 };
 
-// The input that a document was made from.
+// The input of a document.
 struct DocumentSource {
   std::string path;
-  FileStamp stamp;                            // of the file just before it was read
-  std::shared_ptr<const InputDigest> digest;  // of the very bytes; null where nobody wants it
+  FileStamp stamp;                            // the stamp of the file just before it was read
+  std::shared_ptr<const InputDigest> digest;  // of the bytes of the document; null when not wanted
 };
 
 struct Document {
   DocumentSource source;
-  ReadingOptions options;       // how it was read
-  SkipSpans skipSpans;          // of an input of its kind
-  std::u16string documentText;  // in which words are told apart; its double hyphens are blanked
-  // The same in a byte for each character, as a listing quotes it. In Unicode there may be too many
-  // characters for a code page: then there is none, and the text is quoted as it is.
+  ReadingOptions options;       // options that it was read with
+  SkipSpans skipSpans;          // for this kind of input
+  std::u16string documentText;  // words are found in this text; its double hyphens are blanked
+  // The same text with one byte for each character, for quoting in listings. A Unicode text may
+  // have too many different characters for a code page; then `codePage` is null, and listings quote
+  // `documentText`.
   std::shared_ptr<const CodePage> codePage = CodePage::Windows1252();
   std::string narrowText;
-  // How many of the input are not in it; in Unicode, how many U+FFFD stand for bytes that were
-  // none.
+  // The number of characters of the input that are not in the text. In the Unicode reading, the
+  // number of U+FFFD that replace invalid bytes.
   std::int64_t lostCharacters = 0;
 
   [[nodiscard]] const Alphabet& AlphabetOf() const { return Alphabet::Of(options.reading); }
 };
 
-// Whether an input is a word-processor document: named so, and a zip archive by its
-// first bytes. Anything else named "docx" is read like a text file.
+// True when an input is a word-processor document: its extension is "docx" and it begins like a zip
+// archive. Any other file with this extension is read as a text file.
 [[nodiscard]] bool IsWordDocument(const InputBytes& input);
 
-// The text of a text file or web page: its non-empty lines, joined by one blank for a page, by
-// " / " otherwise, with UTF-8 repaired. `textTooLong` where its characters cannot all be counted,
-// `stopped`.
+// Returns the text of a text file or a web page: the non-empty lines, joined by " / ", or by one
+// blank for a web page, with UTF-8 repaired. Faults: `textTooLong` when the text has more
+// characters than a position can hold, `stopped`.
 [[nodiscard]] Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8,
                                                 Progress& progress);
 
-// The document of a text that was read so: a web page without its mark-up, the blanks compacted.
-// `lostCharacters` is for the document, which says it. `noHead` for a page that has none,
-// `stopped`.
+// Makes the document of a text returned by ReadInputFile: removes the mark-up of a web page and
+// compacts blanks. `lostCharacters` is stored in the document. Faults: `noHead` for a web page
+// without a head, `stopped`.
 [[nodiscard]] Result<std::shared_ptr<const Document>> MakeDocument(DocumentSource source,
                                                                    const ReadingOptions& options,
                                                                    std::string text,
                                                                    Progress& progress,
                                                                    std::int64_t lostCharacters);
 
-// The document of a text that was read as Unicode and prepared (unicode/prepared_text.h): UTF-8.
+// Makes the document of a text in UTF-8 that was read as Unicode (see unicode/prepared_text.h).
 [[nodiscard]] std::shared_ptr<const Document> MakeUnicodeDocument(DocumentSource source,
                                                                   const ReadingOptions& options,
                                                                   std::string_view text,

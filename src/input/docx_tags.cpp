@@ -12,12 +12,12 @@ namespace {
 constexpr std::string_view USUAL_PREFIX = "w:";
 constexpr std::string_view BLANKS = " \t\r\n";
 
-// Of both kinds of such documents, the second of which is the stricter one.
+// The namespaces of transitional and of strict documents.
 constexpr std::array<std::string_view, 2> WORD_NAMESPACES = {
     "http://schemas.openxmlformats.org/wordprocessingml/2006/main",
     "http://purl.oclc.org/ooxml/wordprocessingml/main"};
 
-// The first element and what follows it.
+// Returns the XML from its first element on.
 std::string_view FirstElement(std::string_view xml) {
   constexpr std::array<std::pair<std::string_view, std::string_view>, 3> OTHERS = {
       {{"<?", "?>"}, {"<!--", "-->"}, {"<!", ">"}}};
@@ -36,8 +36,8 @@ struct Attribute {
   std::string_view value;
 };
 
-// Takes the next attribute from the front of the rest of a start tag; nothing at its end, and where
-// it is no XML.
+// Removes the next attribute from the front of a start tag and returns it. Returns nothing at the
+// end of the tag or on invalid XML.
 std::optional<Attribute> TakeAttribute(std::string_view& rest) {
   rest.remove_prefix(std::min(rest.find_first_of(" \t\r\n>"), rest.size()));
   rest.remove_prefix(std::min(rest.find_first_not_of(BLANKS), rest.size()));

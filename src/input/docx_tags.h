@@ -1,6 +1,7 @@
-// The tags that the body of a word-processor document is read by.
+// The tags that the body of a word-processor document is searched for.
 //
-// Their names have a prefix that the document chooses in its first element. Nearly all choose "w".
+// Their names have a prefix, which the document declares in its first element. Nearly all documents
+// declare "w".
 #pragma once
 
 #include <cstddef>
@@ -10,25 +11,25 @@
 
 namespace quorvel {
 
-// A piece of mark-up to be looked for.
+// A piece of mark-up to search for.
 class Tag {
  public:
-  // Of at least two characters, the first of them "<".
+  // `text` must have at least two characters and begin with "<".
   explicit Tag(std::string text);
 
-  // Its first 0-based place in the XML from `from` on; npos when there is none.
+  // The 0-based index of the first match at or after `from`, or npos.
   [[nodiscard]] std::size_t FindIn(std::string_view xml, std::size_t from) const;
 
   [[nodiscard]] std::size_t Length() const { return text_.size(); }
 
  private:
   std::string text_;
-  std::uint32_t beginning_ = 0;  // as many of its first characters as a number holds, ...
-  std::uint32_t mask_ = 0;       // ... and which of the number's bits these are
+  std::uint32_t beginning_ = 0;  // the first characters of the text, as many as fit in the number
+  std::uint32_t mask_ = 0;       // the bits of the number that these characters use
 };
 
-// The prefix of the words of a body with its colon, "w:", or nothing where the document needs none.
-// "w:" where it declares none.
+// Returns the prefix of the tags of a body with its colon, such as "w:", or an empty string when
+// the document uses no prefix. Returns "w:" when the document declares no namespace.
 [[nodiscard]] std::string WordPrefixOf(std::string_view xml);
 
 }  // namespace quorvel

@@ -10,23 +10,22 @@
 #include "util/ansi.h"
 #include "util/large_pages.h"
 
-// The walk over the XML knows four strings, of tags with the document's prefix, and no structure.
-// What follows from that is kept, since it decides which words a concordance holds: a run start is
-// told by the character behind it, so an empty run that has attributes
-// ("<w:t x=""/>") takes all up to the next run end for its text; a line break is
-// one in its shortest spelling only, and a tab is nothing; of the entities only
-// the five that XML itself names are decoded.
+// The XML is searched for four strings, the tags with the document's prefix, without parsing its
+// structure. Compatibility: the consequences decide which words a listing has, so they must stay. A
+// run start is recognized by the character after it, so an empty run with attributes ("<w:t
+// x=""/>") takes everything up to the next run end as its text. A line break is recognized only in
+// its shortest spelling, and a tab is ignored. Only the five entities that XML defines are decoded.
 
 namespace quorvel {
 namespace {
 
-// Characters of a body between two looks at the stop request, and up to which no
-// progress bar is drawn.
+// The number of characters between two checks for a stop request, and the maximum length of a body
+// without a progress bar.
 constexpr std::size_t LOOK_INTERVAL = 65536;
 constexpr std::size_t LARGEST_WITHOUT_BAR = 1000000;
 
-// A run grows by a third at most when its punctuation is made plain, so a text
-// never has more characters than a 32-bit position can tell.
+// Plain punctuation makes a run longer by at most a third, so every text has fewer characters than
+// a 32-bit position can hold.
 static_assert(BodyLimits().hard < std::numeric_limits<std::int32_t>::max() / 2);
 
 void DecodeEntity(std::string& text, std::string_view entity, char character) {
@@ -42,8 +41,8 @@ void DecodeEntity(std::string& text, std::string_view entity, char character) {
   text.resize(out);
 }
 
-// Whether the repairs could find anything: every sequence they know begins with a
-// byte from C2 to E2 hex.
+// True when a repair could change the run. All sequences that are repaired begin with a byte from
+// C2 to E2 hex.
 bool NeedsRepair(std::string_view run) {
   constexpr std::uint8_t LOWEST_LEAD = 0xC2;
   return std::any_of(run.begin(), run.end(),
@@ -61,8 +60,8 @@ Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const Tempor
   return UnpackedBody{entry->length, entry->isDamaged};
 }
 
-// Hardly more than half of a body is text, the rest mark-up: with this room the text of a long one
-// is seldom moved as it grows.
+// Rarely more than half of a body is text; the rest is mark-up. With this reservation a long text
+// is seldom moved when it grows.
 DocumentRuns::DocumentRuns(std::string_view xml)
     : xml_(xml),
       prefix_(WordPrefixOf(xml)),
@@ -90,11 +89,11 @@ bool DocumentRuns::Read(Progress& progress) {
   return true;
 }
 
-// Passes what begins at `start_`: a run, or another element whose name begins so.
+// Processes the element at `start_`: a run, or another element whose name begins in the same way.
 void DocumentRuns::ReadFromStart() {
   std::size_t place = start_ + runStart_.Length();
   if (IsRunStart(start_)) {
-    // The first ">" may be that of the run end, where the start has none.
+    // When the start tag has no ">", the first one found may be that of the run end.
     const std::size_t textStart = std::min(xml_.find('>', place) + 1, end_);
     const bool afterBreak =
         previousEnd_ && HoldsBreak(xml_.substr(*previousEnd_, start_ - *previousEnd_));
@@ -124,7 +123,8 @@ void DocumentRuns::AppendRun(std::string_view xml, bool afterBreak) {
     return;
   }
   if (run_.find('&') != std::string::npos) {
-    // In this order, so that an escaped "&lt;" ends as "<" too: so meant.
+    // Compatibility: in this order, an escaped "&amp;lt;" becomes "<" too, and users' listings
+    // depend on it.
     DecodeEntity(run_, "&amp;", '&');
     DecodeEntity(run_, "&lt;", '<');
     DecodeEntity(run_, "&gt;", '>');
@@ -149,7 +149,7 @@ std::string TextOfIntactDocument(const InputBytes& document) {
   if (!body || body->isDamaged) return {};
   SilentProgress nobody;
   DocumentRuns runs(xml);
-  // Nobody can stop it.
+  // SilentProgress is never stopped.
   return runs.Read(nobody) ? std::move(runs.Text()) : std::string();
 }
 

@@ -1,11 +1,10 @@
-// From a word-processor document to its text, as bytes.
+// Converts a word-processor document to text as bytes.
 //
-// Such a document is a zip archive, one entry of which is the body, an XML file.
-// The body is unpacked into a temporary folder, its text runs are read, and the
-// folder is removed again. No XML reader: only run starts and ends, line breaks
-// and ends of paragraphs are looked for, so headers, footnotes and whatever else
-// stands in other entries is left out. Whether a damaged or a large body is to be read is for the
-// caller to ask, between the steps.
+// The document is a zip archive, and one of its entries is the body, an XML file. The body is
+// unpacked into a temporary folder, its text runs are read, and the folder is removed. There is no
+// XML parser: only run starts, run ends, line breaks and ends of paragraphs are searched for.
+// Headers, footnotes and all other entries are left out. Before reading a damaged or a large body,
+// the caller asks the user between the steps.
 #pragma once
 
 #include <cstddef>
@@ -26,40 +25,39 @@ namespace quorvel {
 // The size limits of an unpacked body, in bytes.
 struct BodyLimits {
   std::uint64_t hard = 20971520;
-  std::uint64_t warning = 10485760;  // above it the user is asked
+  std::uint64_t warning = 10485760;  // the user is asked about larger bodies
 };
 
-// The entry of a document that holds its body, and so the place of that in a temporary folder.
+// The entry with the body of a document. It is also the path of the body in the temporary folder.
 inline constexpr const char* BODY_ENTRY = "word/document.xml";
 
 struct UnpackedBody {
   std::uint64_t length = 0;  // in bytes
-  bool isDamaged = false;    // of another checksum, or only a part of it
+  bool isDamaged = false;    // wrong checksum, or truncated
 };
 
-// Unpacks the body of a document into a temporary file that was made for BODY_ENTRY.
-// `noTemporaryFolder`, `temporaryFolderFull`, `bodyTooLarge` (then nothing of it is kept),
-// `notRead`.
+// Unpacks the body of a document into a temporary file that was created for BODY_ENTRY. Faults:
+// `noTemporaryFolder`, `temporaryFolderFull`, `bodyTooLarge` (nothing is kept then), `notRead`.
 [[nodiscard]] Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document,
                                                       const TemporaryFile& file,
                                                       const BodyLimits& limits);
 
-// The text of the runs in the XML of a body, each byte one Windows-1252 character. Runs of one
-// paragraph are joined with nothing between them, so that a word in several runs stays one; a line
-// break or an end of paragraph becomes a blank.
+// Reads the text of the runs in the XML of a body; each byte is one Windows-1252 character. The
+// runs of a paragraph are joined without a separator, because a word may be split into several
+// runs. A line break or an end of paragraph becomes a blank.
 class DocumentRuns {
  public:
-  // The XML must outlive it.
+  // `xml` must outlive the object.
   explicit DocumentRuns(std::string_view xml);
 
-  // Reads on. False when a stop was requested: whoever calls again, with the same `progress`, goes
-  // on where it was. In a long body a progress bar shows how far it has come, until the end.
+  // Reads to the end. Returns false when a stop was requested; the next call, with the same
+  // `progress`, continues at the same place. For a long body a progress bar is shown.
   [[nodiscard]] bool Read(Progress& progress);
 
-  // What has been read so far.
+  // The text read so far.
   [[nodiscard]] std::string& Text() { return text_; }
 
-  // How many characters of the runs are not in it.
+  // The number of characters of the runs that are missing from the text.
   [[nodiscard]] std::int64_t LostCharacters() const { return lostCharacters_; }
 
  private:
@@ -77,16 +75,16 @@ class DocumentRuns {
   Tag paragraphEnd_;
   std::string text_;
   std::int64_t lostCharacters_ = 0;
-  std::string run_;           // room for one run, used again and again
-  std::size_t start_ = 0;     // 0-based place of what may be the start of the next run
+  std::string run_;           // buffer for one run, kept to avoid allocations
+  std::size_t start_ = 0;     // 0-based index of the possible start of the next run
   std::size_t end_ = 0;       // of the end of that run
-  std::size_t nextLook_ = 0;  // from where on the stop request is looked at again
+  std::size_t nextLook_ = 0;  // index of the next check for a stop request
   std::optional<std::size_t> previousEnd_;
   std::optional<ProgressBar> bar_;
 };
 
-// The text of a document's body, unpacked in memory and read in silence: empty where that cannot be
-// done without a question.
+// Returns the text of a document's body, unpacked in memory. Empty when the user would have to be
+// asked about the body, or when it cannot be read.
 [[nodiscard]] std::string TextOfIntactDocument(const InputBytes& document);
 
 }  // namespace quorvel

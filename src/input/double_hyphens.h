@@ -1,4 +1,4 @@
-// Dashes that are typed as two hyphens.
+// Blanks out double hyphens, which are typed for dashes.
 #pragma once
 
 #include <cstddef>
@@ -6,9 +6,9 @@
 
 namespace quorvel {
 
-// Makes blanks of double hyphens in a text, except in its first two characters and in the comment
-// marks "<!--" and "-->". `third` is the 0-based place of the third character in bytes, at least 2.
-// The length stays, so places stay valid.
+// Replaces each double hyphen by two blanks, except in the first two characters of the text and in
+// the comment marks "<!--" and "-->". `third` is the 0-based index of the third character in bytes,
+// at least 2. The length of the text does not change, so positions stay valid.
 void BlankDoubleHyphens(std::string& text, std::size_t third = 2);
 
 }  // namespace quorvel

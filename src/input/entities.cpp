@@ -5,21 +5,21 @@
 #include <optional>
 #include <string_view>
 
-// Candidates never overlap: after an unknown one the search goes on behind its
-// ";", so a plain "&" in running text hides an entity that follows it ("R&D in
-// Orl&eacute;ans" keeps its entity). Known and kept, and the reason why one walk
-// over the text is enough.
+// Compatibility: candidates never overlap. After an unknown entity the search continues behind its
+// ";", so a plain "&" in running text hides an entity that follows it ("R&D in Orl&eacute;ans"
+// keeps its entity). Users' listings and index files depend on it. It also makes one pass over the
+// text sufficient.
 
 namespace quorvel {
 namespace {
 
 struct Entity {
-  std::string_view name;  // without its "&" and ";"
+  std::string_view name;  // without "&" and ";"
   char byte;
 };
 
-// In the order of the names, for the binary search. The no-break space becomes a
-// plain blank, so that it separates words.
+// Sorted by name for the binary search. The no-break space becomes a plain blank, so that it
+// separates words.
 constexpr std::array ENTITIES = {
     Entity{"#160", ' '},      Entity{"#8212", '\x97'},  Entity{"AElig", '\xC6'},
     Entity{"Aacute", '\xC1'}, Entity{"Acirc", '\xC2'},  Entity{"Agrave", '\xC0'},
@@ -57,8 +57,8 @@ std::optional<char> ByteOf(std::string_view name) {
 
 void DecodeEntities(std::string& text) {
   char* const data = text.data();
-  std::size_t out = 0;   // the bytes before it are finished
-  std::size_t done = 0;  // those before it have been looked at
+  std::size_t out = 0;   // end of the finished output
+  std::size_t done = 0;  // end of the processed input
   for (std::size_t start = text.find('&'); start != std::string::npos;
        start = text.find('&', done)) {
     const std::size_t end = text.find(';', start);

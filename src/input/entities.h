@@ -1,15 +1,15 @@
-// Character entities of web pages: the few that a page in a Latin alphabet needs.
+// Decodes the character entities of web pages: the few that pages in a Latin alphabet need.
 //
-// Not a full table: every other entity, named or numeric, stays as it is written.
+// All other entities, named or numeric, stay as they are.
 #pragma once
 
 #include <string>
 
 namespace quorvel {
 
-// Replaces the known entities in `text` by the Windows-1252 bytes that they stand
-// for. What stands between an "&" and the next ";" is the candidate, however far
-// apart they are; a byte put in place of one begins no further candidate.
+// Replaces the known entities in `text` by their Windows-1252 bytes. A candidate is the text
+// between an "&" and the next ";", however long it is. A byte that replaces an entity does not
+// begin another candidate.
 void DecodeEntities(std::string& text);
 
 }  // namespace quorvel

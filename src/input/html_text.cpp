@@ -8,10 +8,10 @@
 #include "input/input_file.h"
 #include "input/utf8_repair.h"
 
-// Names of elements are prefixes here: "<style" also begins "<stylesheet>", "<ul"
-// also "<ulink>". Inside a skipped element only its own closing tag is looked for, so
-// a script may hold any mark-up; inside a list the further ones of its kind are
-// counted, those of the other kind are not. All this is meant.
+// Compatibility: users' listings and index files depend on these rules. Element names match as
+// prefixes: "<style" also matches "<stylesheet>", and "<ul" matches "<ulink>". Inside a skipped
+// element only its own closing tag is searched for, so that a script may contain any mark-up.
+// Inside a list, nested lists of the same kind are counted, and lists of the other kind are not.
 
 namespace quorvel {
 namespace {
@@ -21,7 +21,7 @@ constexpr std::string_view LIST_MARK = " // ";
 
 enum class ListRule { keep, drop, mark };
 
-// An element that is dropped with all that it holds.
+// An element that is dropped with its contents.
 struct SkippedElement {
   std::string_view name;
   bool isList;
@@ -30,18 +30,18 @@ struct SkippedElement {
 constexpr std::array<SkippedElement, 5> SKIPPED_ELEMENTS = {
     {{"script", false}, {"noscript", false}, {"style", false}, {"ul", true}, {"ol", true}}};
 
-// Whether a character is a lower-case one, but for the case of A to Z.
+// True when `ch` equals `lower`, ignoring the case of A to Z.
 bool SameIgnoringCase(char ch, char lower) {
   return ch == lower || (ch >= 'A' && ch <= 'Z' && ch - 'A' + 'a' == lower);
 }
 
-// Whether `lower` stands at the 0-based `place` of the text, in any case.
+// True when `lower` stands at the 0-based index `place` of the text, in any case.
 bool StandsAt(std::string_view text, std::size_t place, std::string_view lower) {
   const std::string_view part = text.substr(std::min(place, text.size()), lower.size());
   return std::equal(part.begin(), part.end(), lower.begin(), lower.end(), SameIgnoringCase);
 }
 
-// The first place of `lower` in the text, in any case.
+// The 0-based index of the first occurrence of `lower` in the text, in any case, or npos.
 std::size_t FindIgnoringCase(std::string_view text, std::string_view lower) {
   const auto* const found =
       std::search(text.begin(), text.end(), lower.begin(), lower.end(), SameIgnoringCase);
@@ -53,7 +53,7 @@ bool Holds(std::string_view text, std::string_view lower) {
   return FindIgnoringCase(text, lower) != std::string_view::npos;
 }
 
-// The skipped element whose name stands at `place`, behind a "<"; null for none.
+// The skipped element whose name stands at `place`, after a "<", or null.
 const SkippedElement* ElementAt(std::string_view text, std::size_t place, ListRule lists) {
   for (const SkippedElement& element : SKIPPED_ELEMENTS) {
     if (element.isList && lists == ListRule::keep) continue;
@@ -62,8 +62,8 @@ const SkippedElement* ElementAt(std::string_view text, std::size_t place, ListRu
   return nullptr;
 }
 
-// The place behind the name in the closing tag of an element whose own name stands
-// before `place`; npos when it is never closed.
+// The index after the name in the closing tag of an element whose own name stands at `place`, or
+// npos when the element is never closed.
 std::size_t EndOfElement(std::string_view text, std::size_t place, const SkippedElement& element) {
   std::size_t depth = 1;
   for (std::size_t mark = text.find('<', place); mark != std::string_view::npos;
@@ -77,8 +77,8 @@ std::size_t EndOfElement(std::string_view text, std::size_t place, const Skipped
   return std::string_view::npos;
 }
 
-// The walk behind both ways to strip a text. What is kept never overtakes what is
-// read, so it is moved up within the text.
+// Removes tags and skipped elements. The output is never longer than the input read so far, so it
+// is written in place.
 void RemoveMarkup(std::string& text, ListRule lists) {
   std::size_t out = 0;
   bool copying = false;
@@ -119,8 +119,8 @@ void StripTagsAndLists(std::string& text, bool markLists) {
 }
 
 HtmlOutcome StripPage(std::string& text, bool isUtf8, bool ignoreLists, Progress& progress) {
-  // A page without a document-type line keeps its mark-up, and the names of its
-  // tags are listed like other words: so meant.
+  // Compatibility: a page without a document-type line keeps its mark-up, and its tag names are
+  // listed like other words. Users' listings depend on it.
   if (!Holds(text, "<!doctype") || !Holds(text, "html")) return HtmlOutcome::notAPage;
   bool pageIsUtf8 = isUtf8;
   const std::optional<std::size_t> body = FindHtmlBody(text, pageIsUtf8);

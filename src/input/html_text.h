@@ -1,9 +1,8 @@
-// From a web page to its text.
+// Extracts the text of a web page.
 //
-// Works on the page as it was read: one string of bytes, its lines joined by
-// blanks. It knows no document structure: it finds the end of the head, drops what
-// stands between "<" and ">" and whatever scripts, style sheets and, if so wished,
-// lists hold. Every text, however broken, gives some result.
+// It works on one string of bytes, the lines of the page joined by blanks, and does not parse the
+// structure of the page. It finds the end of the head, and drops tags, scripts, style sheets and,
+// if requested, lists. Any input, however broken, gives a result.
 #pragma once
 
 #include <optional>
@@ -15,32 +14,31 @@
 namespace quorvel {
 
 enum class HtmlOutcome {
-  notAPage,  // it has no document-type line; the text is as it was and nothing was said
-  prepared,  // it is plain text now, its blanks compacted
-  noHead,    // it cannot be used
+  notAPage,  // no document-type line; the text is unchanged
+  prepared,  // the text is plain now, with compacted blanks
+  noHead,    // the page cannot be used
 };
 
-// Makes plain text of a page: without its head, tags and, with `ignoreLists`, its
-// lists, with blanks compacted and entities decoded. `isUtf8` says whether the text
-// was repaired as UTF-8 when it was read; a page that declares itself UTF-8 and was
-// not is repaired here.
+// Converts a page to plain text: removes its head, its tags and, with `ignoreLists`, its lists,
+// compacts blanks and decodes entities. `isUtf8` says that the text was already repaired as UTF-8
+// when it was read. Otherwise a page that declares UTF-8 is repaired here.
 [[nodiscard]] HtmlOutcome PrepareHtmlText(std::string& text, bool isUtf8, bool ignoreLists,
                                           Progress& progress);
 
-// The same but for the entities, which stay.
+// Like PrepareHtmlText, but without decoding entities.
 [[nodiscard]] HtmlOutcome StripPage(std::string& text, bool isUtf8, bool ignoreLists,
                                     Progress& progress);
 
-// The 0-based index behind the first "</head>", in any case; nothing when there is
-// none. Sets `isUtf8` where the page, anywhere in it, declares the charset UTF-8.
+// Returns the 0-based index after the first "</head>", in any case, or nothing. Sets `isUtf8` when
+// the page declares the charset UTF-8 anywhere.
 [[nodiscard]] std::optional<std::size_t> FindHtmlBody(std::string_view page, bool& isUtf8);
 
-// Puts one blank in place of every tag and drops scripts, style sheets and what
-// stands before the first ">". An unclosed "<" drops the rest of the text.
+// Replaces every tag by one blank, and removes scripts, style sheets and everything before the
+// first ">". An unclosed "<" removes the rest of the text.
 void StripTags(std::string& text);
 
-// The same, and drops bulleted and numbered lists with all that they hold; with
-// `markLists` each leaves " // ".
+// Like StripTags, and also removes bulleted and numbered lists. With `markLists`, " // " stands for
+// each of them.
 void StripTagsAndLists(std::string& text, bool markLists);
 
 }  // namespace quorvel

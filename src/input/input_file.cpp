@@ -8,10 +8,10 @@
 namespace quorvel {
 namespace {
 
-// Files of older office programs begin so, and those of newer ones that are encrypted.
+// The signature of compound files: documents of older office programs, and encrypted newer ones.
 constexpr std::string_view COMPOUND_MARK = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 
-// What the byte-order marks and the RTF signature at the front of a file say.
+// The encoding according to a byte-order mark or an RTF signature.
 TextEncoding EncodingByMark(std::string_view start) {
   using namespace std::string_view_literals;
   if (start == "{\\rtf") return TextEncoding::rtf;
@@ -22,7 +22,7 @@ TextEncoding EncodingByMark(std::string_view start) {
   return TextEncoding::ansi;
 }
 
-// XML without a byte-order mark is UTF-8 unless zero bytes show otherwise.
+// XML without a byte-order mark is UTF-8, unless zero bytes indicate UTF-16.
 TextEncoding EncodingOfXml(std::string_view start) {
   using namespace std::string_view_literals;
   if (start.starts_with("<\0"sv)) return TextEncoding::utf16LittleEndian;

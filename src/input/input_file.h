@@ -1,8 +1,8 @@
-// Whether a file is a text that the program can read.
+// Detects whether a file is a text that the program can read.
 //
-// Two layers: the encoding by the first bytes and a declared charset, and the kind
-// of the file by encoding and line ends. Used for documents and for word lists. What the user is
-// told of them stands in run/input_check.h.
+// First the encoding is detected from the first bytes and a declared charset, then the kind of the
+// file from the encoding and the line ends. Used for documents and for word lists. The messages for
+// the user are in run/input_check.h.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@
 
 namespace quorvel {
 
-// What the first bytes of a file, or its charset declaration, say of it.
+// The encoding of a file, according to its first bytes or its charset declaration.
 enum class TextEncoding {
   noPath,
   empty,
@@ -24,7 +24,7 @@ enum class TextEncoding {
   utf16BigEndian,
   utf32BigEndian,
   utf8,
-  ansi,  // no mark found
+  ansi,  // no mark was found
 };
 
 enum class FileKind {
@@ -33,23 +33,22 @@ enum class FileKind {
   unreadable,
   empty,
   oneToFourBytes,
-  compound,  // of an older word processor, or a DOCX document behind a password
+  compound,  // a document of an older word processor, or an encrypted DOCX document
   rtf,
   utf16,
   otherUnicode,
   notText,
-  windowsText,  // CR LF, or no line end in the examined part, or any UTF-8 file
+  windowsText,  // CR LF, no line end in the examined part, or any UTF-8 file
   unixText,     // LF only
   macText,      // CR only
 };
 
-// Whether mark-up declares the charset UTF-8, with or without quotation marks, in
-// any case of its letters.
+// True when mark-up declares the charset UTF-8, with or without quotation marks, in any case.
 [[nodiscard]] bool DeclaresUtf8(std::string_view bytes);
 
-// The encoding of an input. With `checkMarkupCharset` a text or mark-up file that
-// begins with no mark is searched whole for a UTF-8 charset declaration and for
-// the UTF-8 form of typographic punctuation.
+// Detects the encoding of an input. With `checkMarkupCharset`, a text or mark-up file without a
+// mark is searched as a whole for a UTF-8 charset declaration and for typographic punctuation in
+// UTF-8.
 [[nodiscard]] TextEncoding DetectTextEncoding(const InputBytes& input, bool checkMarkupCharset);
 
 struct FileClass {
@@ -57,8 +56,8 @@ struct FileClass {
   bool isUtf8 = false;
 };
 
-// The kind of an input; the line ends are looked for in its first `examineLimit`
-// bytes, and not at all in a UTF-8 file.
+// Detects the kind of an input. Line ends are searched for in the first `examineLimit` bytes, but
+// not in a UTF-8 file.
 [[nodiscard]] FileClass ClassifyTextFile(const InputBytes& input, std::size_t examineLimit,
                                          bool checkMarkupCharset);
 

@@ -11,8 +11,8 @@
 namespace quorvel {
 namespace {
 
-// Calls `take` with each character of several bytes, and with nothing for a byte that belongs to no
-// character, until it gives false.
+// Calls `take` for each character of several bytes, and with null for each byte that belongs to no
+// character, until it returns false.
 template <typename Take>
 void EachLongCharacter(std::string_view bytes, const Take& take) {
   while (true) {
@@ -25,7 +25,7 @@ void EachLongCharacter(std::string_view bytes, const Take& take) {
   }
 }
 
-// Nothing is lost of what is Windows-1252 indeed.
+// Returns 0 for real Windows-1252, because nothing is lost then.
 std::int64_t CharactersTakenForOthers(std::string_view bytes) {
   std::int64_t count = 0;
   EachLongCharacter(bytes, [&count](const std::uint32_t* codePoint) {
@@ -49,7 +49,7 @@ std::int64_t CharactersNotRepaired(std::string_view bytes) {
 std::int64_t LostCharacters(const InputBytes& input, bool isUtf8) {
   std::string_view bytes = input.View();
   if (bytes.starts_with(BYTE_ORDER_MARK)) bytes.remove_prefix(BYTE_ORDER_MARK.size());
-  // A page that says that it is UTF-8 is read so, whatever it was taken for.
+  // A page that declares UTF-8 is read as UTF-8, whatever encoding was assumed.
   if (PathNamesHtml(input.Path())) {
     bytes.remove_prefix(FindHtmlBody(bytes, isUtf8).value_or(0));
   }

@@ -1,8 +1,8 @@
-// How many characters of an input come as UTF-8 and are not in its text.
+// Counts the characters of an input that are encoded in UTF-8 and missing from its text.
 //
-// Its bytes are looked at once more, beside the reading and without a part in it. What is counted
-// is what a reader of the listing would miss or find as garbage. What the repair makes plain, or
-// drops because it shows nothing, is not lost.
+// The bytes are examined separately from the reading. The count covers what a reader of the listing
+// would miss or see as garbage. Characters that the repair replaces by plain ones, or removes
+// because they are invisible, do not count.
 #pragma once
 
 #include <cstdint>
@@ -12,13 +12,13 @@
 
 namespace quorvel {
 
-// The characters of several bytes that no repair of UTF-8 knows. Bytes that are not UTF-8 are
-// passed.
+// The number of multi-byte characters that no repair of UTF-8 handles. Bytes that are not UTF-8 are
+// skipped.
 [[nodiscard]] std::int64_t CharactersNotRepaired(std::string_view bytes);
 
-// Those that a text file or a web page loses, whose head does not count, where it is read as UTF-8:
-// the same. Where it is read as Windows-1252 although it is UTF-8 from end to end, each of its
-// characters of several bytes. A byte-order mark is none.
+// The number of characters that a text file or a web page loses; the head of a page does not count.
+// A file read as UTF-8 loses what CharactersNotRepaired counts. A file read as Windows-1252 that is
+// entirely valid UTF-8 loses all its multi-byte characters. A byte-order mark does not count.
 [[nodiscard]] std::int64_t LostCharacters(const InputBytes& input, bool isUtf8);
 
 }  // namespace quorvel

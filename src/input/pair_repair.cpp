@@ -6,15 +6,16 @@
 #include <utility>
 #include <vector>
 
-// Lead bytes, and the bytes behind them that may follow one, are a cluster. Only the last lead byte
-// of a cluster makes a pair, with the first byte behind the leads; what becomes of it decides
-// whether there is another one. So a cluster is two numbers, and a replacement changes only the
-// clusters whose pair is of its kind: for each kind there is a list of them. Not even these are
-// touched while equal bytes follow: how often their kind was replaced says how many are gone.
+// A cluster is a run of lead bytes and the continuation bytes after it. Only its last lead byte
+// makes a pair, with the first continuation byte, and the result decides whether another pair
+// follows. So a cluster is described by two numbers, and a replacement affects only the clusters
+// whose pair is of its kind: each kind has a list of them. While equal continuation bytes follow,
+// even these clusters are not touched. The number of times their kind was replaced tells how many
+// bytes are gone.
 //
-// Where a cluster has lead bytes only and the next one follows at once, its lead bytes are that
-// one's. The search stands at a byte, and what is replaced before it moves it on: that many bytes
-// are passed without a look at them.
+// A cluster that has only lead bytes left, directly followed by another cluster, gives its lead
+// bytes to that cluster. The search is at one byte; a replacement before that byte shifts the text,
+// so the search then skips as many bytes as were removed.
 
 namespace quorvel {
 namespace {
@@ -22,37 +23,37 @@ namespace {
 using Place = std::uint32_t;
 
 struct Cluster {
-  Place begin;             // in the text
-  Place leads;             // how many there are
-  Place next;              // the place of what follows them; of a merged one the cluster it went to
-  Place end;               // of the cluster in the text
-  Place since = 0;         // how often its kind had been replaced when this was so
-  std::uint8_t kind = 0;   // of its pair: the byte behind the leads
-  bool isWaiting = false;  // for that to be replaced
+  Place begin;             // 0-based index in the text
+  Place leads;             // the number of lead bytes
+  Place next;              // end of the leads; if merged, the cluster it was merged into
+  Place end;               // end of the cluster in the text
+  Place since = 0;         // the replacement count of its kind that `leads` and `next` reflect
+  std::uint8_t kind = 0;   // of its pair: the first continuation byte
+  bool isWaiting = false;  // its pair waits to be replaced
   bool isMerged = false;
 
   [[nodiscard]] Place Length() const { return isMerged ? 0 : leads + (end - next); }
   [[nodiscard]] bool IsUsedUp() const { return next == end; }
 };
 
-// A cluster in the list of its kind, up to a replacement that leaves it another pair or none.
+// A cluster in the list of its kind, until a replacement leaves it with another pair or none.
 struct Waiting {
   Place cluster;
-  Place until;  // the number of that replacement
+  Place until;  // the replacement count at which this happens
 };
 
 // All pairs of one kind.
 struct Kind {
-  Place replaced = 0;  // how often
+  Place replaced = 0;  // the replacement count
   std::vector<Waiting> waiting;
 };
 
-// What becomes of each pair of a kind.
+// The effect of a replacement on each pair of a kind.
 struct Change {
   Place leadsTaken = 1;
-  Place bytesTaken = 0;  // of those behind the leads
-  char becomes = 0;      // where none of these is taken, the first of them
-  bool canRecur = true;  // the pair formed next can be of the same kind
+  Place bytesTaken = 0;  // continuation bytes
+  char becomes = 0;      // if none is taken, the new first continuation byte
+  bool canRecur = true;  // the next pair can be of the same kind
 };
 
 class PairPass {
@@ -101,7 +102,7 @@ class PairPass {
     if (rule_.Removes(cluster.kind)) {
       change.bytesTaken = 1;
     } else if (change.becomes == rule_.lead) {
-      // A lead byte again, which pairs with what follows.
+      // The result is a lead byte again, which pairs with the next continuation byte.
       change.leadsTaken = 0;
       change.bytesTaken = 1;
     } else {
@@ -110,7 +111,7 @@ class PairPass {
     return change;
   }
 
-  // Puts a cluster that has a pair into the list of its kind.
+  // Adds a cluster that has a pair to the list of its kind.
   void Queue(std::size_t i) {
     Cluster& cluster = clusters_[i];
     if (!HasPair(cluster)) return;
@@ -129,7 +130,7 @@ class PairPass {
     kind.waiting.push_back({static_cast<Place>(i), kind.replaced + static_cast<Place>(times)});
   }
 
-  // The cluster as it is by now.
+  // Returns the cluster after all replacements so far.
   Cluster& Settled(std::size_t i) {
     Cluster& cluster = clusters_[i];
     if (!cluster.isWaiting) return cluster;
@@ -143,7 +144,8 @@ class PairPass {
     return cluster;
   }
 
-  // Moves to the next lead byte. False when it does not begin a pair, or there is none.
+  // Moves to the next lead byte. Returns false when it does not begin a pair, or when there is
+  // none.
   bool FindPair() {
     while (current_ < clusters_.size() &&
            (clusters_[current_].isMerged || offset_ >= Settled(current_).leads)) {
@@ -154,8 +156,8 @@ class PairPass {
            HasPair(clusters_[current_]);
   }
 
-  // Replaces all pairs of the kind that was found. What follows from the replacement of that one is
-  // seen to last: then it is known where its place has moved to.
+  // Replaces all pairs of the kind that was found. The cluster of the search is handled last,
+  // because only then its new place is known.
   void ReplaceItsKind() {
     const Change change = ChangeOf(clusters_[current_]);
     Kind& kind = KindOf(clusters_[current_]);
@@ -171,7 +173,8 @@ class PairPass {
     Pass(1 + before * (change.leadsTaken + change.bytesTaken));
   }
 
-  // Takes those that wait no longer out of `due_`. Gives how many pairs stood before the found one.
+  // Removes the clusters that no longer wait from `due_`. Returns the number of pairs before the
+  // one that was found.
   std::size_t Release(Place replaced) {
     std::size_t before = 0;
     std::size_t kept = 0;
@@ -188,7 +191,7 @@ class PairPass {
     return before;
   }
 
-  // Finds out what a cluster waits for next.
+  // Determines what a cluster waits for next.
   void Requeue(std::size_t i) {
     if (clusters_[i].IsUsedUp() && clusters_[i].leads > 0) {
       Merge(i);
@@ -197,8 +200,8 @@ class PairPass {
     }
   }
 
-  // Gives the lead bytes of a cluster that has nothing else to the one that follows at once, if
-  // there is one, and so on where that has nothing else either.
+  // Gives the lead bytes of a cluster that has nothing else to the cluster directly after it, if
+  // any. Repeats this while the receiving cluster has nothing else either.
   void Merge(std::size_t from) {
     do {
       const std::size_t to = Following(from);
@@ -212,7 +215,8 @@ class PairPass {
     } while (clusters_[from].IsUsedUp() && from != current_);
   }
 
-  // The cluster that follows at once, behind any that are merged; their number when there is none.
+  // The cluster directly after this one, following merged clusters. Returns clusters_.size() when
+  // there is none.
   std::size_t Following(std::size_t i) {
     const std::size_t after = i + 1;
     if (after == clusters_.size() || clusters_[after].begin != clusters_[i].end) {
@@ -226,7 +230,7 @@ class PairPass {
     return last;
   }
 
-  // Moves the search on by `count` bytes of the text as it is by now.
+  // Advances the search by `count` bytes of the current text.
   void Pass(std::size_t count) {
     while (true) {
       const Cluster& cluster = Settled(current_);
@@ -259,7 +263,7 @@ class PairPass {
     text_.resize(Move(in, text_.size(), out));
   }
 
-  // Moves a stretch of the text down to place `to`. Gives the place behind it.
+  // Moves a part of the text down to index `to`. Returns the index after it.
   std::size_t Move(std::size_t begin, std::size_t end, std::size_t to) {
     std::copy_n(text_.data() + begin, end - begin, text_.data() + to);
     return to + (end - begin);
@@ -269,9 +273,9 @@ class PairPass {
   const PairRule& rule_;
   std::vector<Cluster> clusters_;
   std::array<Kind, PairRule::LAST_CONTINUATION - PairRule::FIRST_CONTINUATION + 1> kinds_;
-  std::vector<Waiting> due_;  // those whose pair is being replaced
-  std::size_t current_ = 0;   // the cluster in which the search stands, or before which
-  std::size_t offset_ = 0;    // how many bytes of it the search has passed
+  std::vector<Waiting> due_;  // clusters whose pair is being replaced
+  std::size_t current_ = 0;   // the cluster at or after the search position
+  std::size_t offset_ = 0;    // bytes of that cluster before the search position
 };
 
 }  // namespace

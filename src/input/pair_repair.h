@@ -1,9 +1,9 @@
-// Pairs of bytes replaced one kind after the other, in one walk over the text.
+// Replaces pairs of bytes, one kind after the other, in a single pass over the text.
 //
-// Such a pass is defined by replacements over the whole text: find a lead byte, look at the byte
-// after it, replace every such pair wherever it stands, go on one place further. A text can be made
-// in which each replacement forms pairs for the next, for thousands of times. Here none of them
-// touches more of the text than it changes.
+// The pass is defined by replacements in the whole text: find a lead byte, look at the next byte,
+// replace every such pair in the text, continue at the next byte. A text can be constructed in
+// which each replacement forms thousands of new pairs for the next one. This implementation touches
+// only the bytes that change.
 #pragma once
 
 #include <cstdint>
@@ -16,17 +16,17 @@ namespace quorvel {
   return static_cast<std::uint8_t>(text[place]);
 }
 
-// What one lead byte and a byte after it stand for. Bytes that may follow are those from
-// FIRST_CONTINUATION to LAST_CONTINUATION.
+// A replacement rule for pairs of one lead byte and a continuation byte. Continuation bytes range
+// from FIRST_CONTINUATION to LAST_CONTINUATION.
 struct PairRule {
   static constexpr std::uint8_t FIRST_CONTINUATION = 128;
   static constexpr std::uint8_t LAST_CONTINUATION = 191;
 
   char lead;
-  std::uint8_t firstReplaced;  // below this byte the pair is removed;
-  std::uint8_t shift;          // from it on it becomes this much more than the byte
+  std::uint8_t firstReplaced;  // pairs with smaller continuation bytes are removed
+  std::uint8_t shift;          // all others become the continuation byte plus `shift`
 
-  // Whether `next` behind the lead byte makes a pair.
+  // True when `next` is a continuation byte.
   [[nodiscard]] static bool Covers(std::uint8_t next) {
     return next >= FIRST_CONTINUATION && next <= LAST_CONTINUATION;
   }
@@ -36,7 +36,7 @@ struct PairRule {
   }
 };
 
-// Goes on with a pass at the 0-based place `start`, to its end.
+// Continues a pass at the 0-based index `start`, to the end of the text.
 void FinishPass(std::string& text, const PairRule& rule, std::size_t start);
 
 }  // namespace quorvel

@@ -1,7 +1,7 @@
-// The mark-up spans of the input's kind: what begins and what ends each of them.
+// The mark-up spans of the input's kind: the strings that begin and end each of them.
 //
-// A record of the input only. It is set for every run and decides nothing: mark-up
-// is removed from pages elsewhere, and what remains of it is scanned as text.
+// They are recorded for every run but decide nothing. Mark-up is removed elsewhere, and the
+// remaining text is scanned.
 #pragma once
 
 #include <span>
@@ -15,11 +15,11 @@ struct SkipSpan {
 };
 
 struct SkipSpans {
-  std::span<const SkipSpan> pairs;  // lasts as long as the program; empty for plain text
+  std::span<const SkipSpan> pairs;  // static data; empty for plain text
   bool inputIsHtml = false;
 };
 
-// Sets `spans` for an input with this extension, in lower case and without a dot.
+// Sets `spans` for an input with this extension, which must be in lower case without a dot.
 void SetSkipSpans(std::string_view extension, SkipSpans& spans);
 
 }  // namespace quorvel

@@ -9,7 +9,7 @@
 namespace quorvel {
 namespace {
 
-// Takes the lines of a text off its front.
+// Splits a text into lines.
 class Lines {
  public:
   Lines(std::string_view bytes, bool lineFeedEnds)
@@ -17,7 +17,7 @@ class Lines {
 
   [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
 
-  // The next line without its end.
+  // The next line without its line end.
   std::string_view Next() {
     const std::size_t length = std::min({Find('\r', return_), Find('\n', feed_), rest_.size()});
     const std::string_view line = rest_.substr(0, length);
@@ -29,8 +29,8 @@ class Lines {
   }
 
  private:
-  // The place of `ch` in the rest. `known` is where it was found last, among all bytes, so that
-  // nothing is searched twice.
+  // The index of `ch` in the rest. `known` caches its last index in the whole text, so that nothing
+  // is searched twice.
   std::size_t Find(char ch, std::size_t& known) const {
     if (known < gone_ || known == 0) {
       const std::size_t found = rest_.find(ch);
@@ -40,7 +40,7 @@ class Lines {
   }
 
   std::string_view rest_;
-  std::size_t gone_ = 0;  // bytes in front of the rest
+  std::size_t gone_ = 0;  // bytes before the rest
   std::size_t return_ = 0;
   std::size_t feed_;
 };

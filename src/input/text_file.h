@@ -1,8 +1,8 @@
-// The lines of a text document.
+// Reads the lines of a text document.
 //
-// Cut at their ends and joined again in the way that is asked for, UTF-8 repaired on the way if
-// need be. The result is bytes, each one character of Windows-1252 unless the text was valid UTF-8
-// and is to stay so.
+// The text is split at its line ends and joined again with a separator, and UTF-8 is repaired if
+// requested. Each byte of the result is one Windows-1252 character, unless the text is valid UTF-8
+// that is not converted.
 #pragma once
 
 #include <string>
@@ -13,13 +13,13 @@ namespace quorvel {
 enum class LineJoin { blank, slash };  // " " or " / "
 
 struct ReadOptions {
-  bool convertUtf8 = false;  // and make typographic punctuation plain
+  bool convertUtf8 = false;  // also replaces typographic punctuation by plain characters
   LineJoin join = LineJoin::slash;
-  bool lineFeedEnds = false;  // an LF alone ends a line, too
+  bool lineFeedEnds = false;  // a single LF ends a line too
 };
 
-// Joins the lines of a text that are not empty. A line ends at CR LF or at a CR alone. With
-// convertUtf8 a byte-order mark at the very start is dropped.
+// Joins the non-empty lines of a text. A line ends at CR LF or at a single CR. With `convertUtf8`,
+// a byte-order mark at the start is dropped.
 [[nodiscard]] std::string ReadTextFile(std::string_view bytes, const ReadOptions& options);
 
 }  // namespace quorvel

@@ -1,4 +1,4 @@
-// The beginning of a document's text, to see what it is like before a run.
+// Extracts the beginning of a document's text before a run, for language recognition.
 #pragma once
 
 #include <cstddef>
@@ -8,9 +8,9 @@
 
 namespace quorvel {
 
-// The first `length` bytes of the text of an input, in Windows-1252: of a web page without its head
-// and tags, of a DOCX document from its body. UTF-8 is repaired wherever it looks like it. Empty
-// where there is no text in it.
+// Returns the first `length` bytes of the text of an input in Windows-1252: without head and tags
+// for a web page, from the body for a DOCX document. Everything that looks like UTF-8 is repaired.
+// Empty when the input has no text.
 [[nodiscard]] std::string TextSample(const InputBytes& input, std::size_t length);
 
 }  // namespace quorvel

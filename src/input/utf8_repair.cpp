@@ -7,15 +7,14 @@
 
 #include "input/pair_repair.h"
 
-// RepairUtf8 is defined by replacements over the whole text: find a lead byte,
-// look at the byte after it, replace every such pair wherever it stands, go on
-// one place further. Done so, a text with sixty different letters is walked sixty
-// times. Yet where pairs do not interact, one walk finds the kinds that are replaced
-// and a second one writes the text. They do where a replacement can form new pairs
-// (a lead byte after a lead byte, or a letter that is itself a lead byte) or move a
-// pair to where the search has been. Such texts are rare; for them some replacements
-// are made one after the other, and then, for a text that wants thousands of them, the rest
-// in the way of pair_repair.h.
+// RepairUtf8 is defined by replacements in the whole text: find a lead byte, look at the next byte,
+// replace every such pair in the text, continue at the next byte. Done literally, a text with sixty
+// different letters is walked sixty times. Where pairs do not interact, one walk finds the kinds of
+// pairs to replace and a second one writes the text. Pairs interact when a replacement can form new
+// pairs (two lead bytes in a row, or a letter that is itself a lead byte) or can move a pair to a
+// place that the search has passed. Such texts are rare. In these the first replacements are made
+// one after the other; the remaining ones, which can be thousands in a malicious text, use
+// pair_repair.h.
 
 namespace quorvel {
 namespace {
@@ -47,7 +46,7 @@ void RepairOneByOne(std::string& text, const PairRule& rule) {
     const std::size_t found = text.find(rule.lead, start);
     if (found == std::string::npos || found + 1 == text.size()) return;
     const std::uint8_t next = ByteAt(text, found + 1);
-    // The search never moves past such a pair: it ends the pass.
+    // The search never moves past such a pair, so the pass ends.
     if (!PairRule::Covers(next)) return;
     const std::string pair = text.substr(found, 2);
     const std::string replacement(rule.Removes(next) ? 0 : 1, rule.Replacement(next));
@@ -59,9 +58,9 @@ void RepairOneByOne(std::string& text, const PairRule& rule) {
 
 using PairKinds = std::bitset<256>;
 
-// Whether what becomes of the pair at `place` could change how others are found: by
-// putting a lead byte in front of a byte it forms a new pair with, or by moving the
-// next pair up to a place that the search has passed.
+// True when replacing the pair at index `place` could change how others are found: by putting a
+// lead byte before a continuation byte, or by moving the next pair to a place that the search has
+// passed.
 bool Interacts(std::string_view text, const PairRule& rule, std::size_t place) {
   const std::uint8_t next = ByteAt(text, place + 1);
   if (text[place + 1] == rule.lead) return true;
@@ -70,8 +69,8 @@ bool Interacts(std::string_view text, const PairRule& rule, std::size_t place) {
   return place + 2 < text.size() && text[place + 2] == rule.lead;
 }
 
-// The second bytes of the pairs that are replaced, wherever they stand: the kinds
-// met before the first lead byte that begins no pair. Nothing when pairs interact.
+// The second bytes of all pairs that are replaced: the kinds found before the first lead byte that
+// begins no pair. Returns nothing when pairs interact.
 std::optional<PairKinds> FindKinds(std::string_view text, const PairRule& rule) {
   PairKinds kinds;
   bool searching = true;
@@ -108,8 +107,7 @@ void RepairPairs(std::string& text, const PairRule& rule) {
   }
 }
 
-// The plain form of the punctuation mark with the third byte `x`; no data for a
-// mark that has none.
+// The plain form of the punctuation mark with the third byte `x`, or an empty view.
 std::string_view PlainFormOf(std::uint8_t x) {
   switch (x) {
     case 144:
@@ -124,7 +122,8 @@ std::string_view PlainFormOf(std::uint8_t x) {
     case 150:
       return "|";
     case 151:
-      // The double low line becomes the per-mille sign: so meant.
+      // Compatibility: the double low line becomes the per-mille sign, and users' listings depend
+      // on it.
       return "\x89";
     case 152:
     case 153:
@@ -159,7 +158,7 @@ void RepairUtf8(std::string& text) {
 
 bool IsRepaired(std::uint32_t codePoint) {
   constexpr std::uint32_t SMALL_C_WITH_CARON = 0x10D;
-  constexpr std::uint32_t PUNCTUATION = 0x2000;  // the first of those behind PUNCTUATION_LEAD
+  constexpr std::uint32_t PUNCTUATION = 0x2000;  // the first one with PUNCTUATION_LEAD
   if (codePoint < 0x100 || codePoint == SMALL_C_WITH_CARON) return true;
   if (codePoint < PUNCTUATION || codePoint >= PUNCTUATION + 0x40) return false;
   return !PlainFormOf(static_cast<std::uint8_t>(0x80 + codePoint - PUNCTUATION)).empty();

@@ -1,10 +1,10 @@
-// Repairs of text that was read byte by byte although it is UTF-8.
+// Repairs text that is UTF-8 but was read byte by byte.
 //
-// A file is read as if each byte were one Windows-1252 character. What was UTF-8
-// shows as runs of odd characters, which these functions turn into the letters
-// and the plain punctuation that were meant. They work on bytes, with plain text
-// replacement: no general UTF-8 decoder, and nothing outside their few ranges is
-// touched. Their oddities decide which words a concordance holds and are kept.
+// A file is read as if each byte were one Windows-1252 character. UTF-8 then appears as sequences
+// of wrong characters. These functions replace the sequences by the intended letters and by plain
+// punctuation. They use plain text replacement on bytes, not a general decoder, and change nothing
+// outside their ranges. Compatibility: their oddities decide which words users' listings and index
+// files have, so they must stay.
 #pragma once
 
 #include <cstdint>
@@ -12,18 +12,16 @@
 
 namespace quorvel {
 
-// Replaces the two-byte sequences of the letters and signs from U+00A0 to U+00FF
-// by their single bytes, removes those of the control characters U+0080 to
-// U+009F, and makes a plain "c" of the c with caron.
+// Replaces the two-byte sequences of U+00A0 to U+00FF by single bytes, removes those of the control
+// characters U+0080 to U+009F, and replaces the c with caron by a plain "c".
 void RepairUtf8(std::string& text);
 
-// Replaces the three-byte sequences of dashes, quotation marks, bullet, ellipsis
-// and angle marks by plain characters. When the first sequence of that block in
-// the text is another one (a dagger, say), only that one is removed and the rest
-// of the text stays as it is.
+// Replaces the three-byte sequences of dashes, quotation marks, bullet, ellipsis and angle marks by
+// plain characters. If the first sequence of that block in the text is any other character, such as
+// a dagger, only this sequence is removed and the rest of the text is unchanged.
 void PlainPunctuation(std::string& text);
 
-// Whether these two know the UTF-8 of a character beyond ASCII, so that nothing of it stays.
+// True when the two repairs replace or remove all bytes of this character beyond ASCII.
 [[nodiscard]] bool IsRepaired(std::uint32_t codePoint);
 
 }  // namespace quorvel

@@ -30,12 +30,12 @@ bool IsLackOfMemory(const zip_error_t& error) {
 }
 
 zip_buffer_fragment_t FragmentOf(std::string_view bytes) {
-  // The library only reads them.
+  // The library does not write to the buffer.
   auto* const data = const_cast<char*>(bytes.data());           // NOLINT(*-const-cast)
   return {reinterpret_cast<zip_uint8_t*>(data), bytes.size()};  // NOLINT(*-reinterpret-cast)
 }
 
-// Reads the archive where it lies. Nothing where it is none.
+// Opens an archive in memory. Returns null when it is not a zip archive.
 Archive OpenArchive(const ArchiveParts& parts) {
   zip_error_t error;
   zip_error_init(&error);
@@ -54,8 +54,8 @@ Archive OpenArchive(const ArchiveParts& parts) {
   return archive;
 }
 
-// No entry when it is not there or cannot be opened. The two methods are those
-// that documents use; others the library may know could ask for any amount of memory.
+// Returns null when the entry does not exist or cannot be opened. Only the two compression methods
+// that documents use are accepted; other methods could require any amount of memory.
 Entry OpenEntry(zip_t* archive, const std::string& name, zip_stat_t& status) {
   zip_stat_init(&status);
   if (zip_stat(archive, name.c_str(), 0, &status) != 0) return nullptr;
@@ -63,15 +63,15 @@ Entry OpenEntry(zip_t* archive, const std::string& name, zip_stat_t& status) {
   return Entry(zip_fopen_index(archive, status.index, 0));
 }
 
-// What a failure after `length` bytes comes to: of bytes in memory only the memory can fail, all
-// else is damage.
+// The outcome of a failure after `length` bytes. The archive is in memory, so every failure except
+// lack of memory means that it is damaged.
 UnpackedEntry OutcomeOf(const zip_error_t& error, std::uint64_t length) {
   if (IsLackOfMemory(error)) throw std::bad_alloc();
   return {length, true};
 }
 
-// Whether the record in front of an entry's own bytes, unlike the archive's directory, says that
-// there are some. `name` stands in that record, behind its numbers.
+// True when the local record before the data of an entry, unlike the archive's directory, reports a
+// size that is not zero. In that record the name follows the numbers.
 bool HasBytesByItsRecord(std::string_view archive, const std::string& name) {
   constexpr std::string_view SIGNATURE = "PK\x03\x04";
   constexpr std::size_t LENGTH = 30;
@@ -90,18 +90,18 @@ bool HasBytesByItsRecord(std::string_view archive, const std::string& name) {
   return false;
 }
 
-// Whether the directory says wrongly that an entry holds nothing. The library believes it, and then
-// neither unpacks nor compares anything.
+// True when the directory wrongly reports an empty entry. The library trusts it and would neither
+// unpack the entry nor verify its checksum.
 bool IsEmptyByMistake(const zip_stat_t& status, std::string_view archive, const std::string& name) {
   if (status.comp_size != 0) return false;
   return status.size != 0 || status.crc != 0 || HasBytesByItsRecord(archive, name);
 }
 
-// Hands on all bytes of an open entry. The library reports a wrong checksum or length once they are
-// out.
+// Passes all bytes of an open entry to `write`. The library reports a wrong checksum or length at
+// the end.
 Result<UnpackedEntry> ReadEntry(zip_file_t* entry, const std::string& path, std::uint64_t limit,
                                 const std::function<bool(std::string_view)>& write) {
-  // Not on the stack, which the user may have made small.
+  // On the heap, because the user may have set a small stack.
   const auto block = std::make_unique_for_overwrite<char[]>(BLOCK_LENGTH);
   std::uint64_t length = 0;
   while (true) {
@@ -118,9 +118,10 @@ Result<UnpackedEntry> ReadEntry(zip_file_t* entry, const std::string& path, std:
 
 }  // namespace
 
-// An archive with a short directory is opened once; with a long one its part for each entry is.
+// An archive with a short directory is opened once. With a long directory it is opened again for
+// each entry.
 struct ArchiveReader::Library {
-  ArchiveParts parts;  // which the open archive is a view of
+  ArchiveParts parts;  // the open archive refers to these bytes
   Archive opened;
   bool wasOpenedAgain = false;
 };
@@ -151,8 +152,8 @@ Result<UnpackedEntry> ArchiveReader::TryToUnpack(
   return ReadEntry(entry.get(), archive_.Path(), limit, write);
 }
 
-// Without memory for the names in an archive the library goes on as if there were none: the first
-// entry that is missing is looked for in the archive opened again.
+// Without enough memory for the names in an archive, the library behaves as if there were none. So
+// at the first missing entry the archive is opened again.
 Result<UnpackedEntry> ArchiveReader::Unpack(const std::string& name, std::uint64_t limit,
                                             const std::function<bool(std::string_view)>& write) {
   Result<UnpackedEntry> entry = TryToUnpack(name, limit, write);

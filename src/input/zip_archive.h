@@ -1,7 +1,7 @@
-// Entries out of a zip archive that is in memory.
+// Reads entries of a zip archive in memory.
 //
-// All that the program wants of a zip library stands behind this one class, so that the library can
-// be exchanged. Nothing is ever written to where a name leads.
+// This class hides the zip library, so that it can be replaced. Entry names are only looked up, and
+// nothing is ever written to the path that a name gives.
 #pragma once
 
 #include <cstdint>
@@ -17,11 +17,11 @@
 namespace quorvel {
 
 struct UnpackedEntry {
-  std::uint64_t length = 0;  // of what was unpacked, in bytes
-  bool isDamaged = false;    // no archive, no such entry, encrypted, damaged or of another checksum
+  std::uint64_t length = 0;  // unpacked bytes
+  bool isDamaged = false;    // not an archive, no such entry, encrypted, damaged or wrong checksum
 };
 
-// An archive of which several entries are wanted, one after the other.
+// An archive from which several entries are read.
 class ArchiveReader {
  public:
   explicit ArchiveReader(InputBytes archive);
@@ -29,15 +29,14 @@ class ArchiveReader {
   ArchiveReader(const ArchiveReader&) = delete;
   ArchiveReader& operator=(const ArchiveReader&) = delete;
 
-  // Hands the bytes of the entry `name`, whose folders end in "/", to `write`, front to back, as
-  // long as that gives true. Stops as soon as the entry turns out to be longer than `limit` bytes,
-  // whatever the archive says of its length: `bodyTooLarge`. `temporaryFolderFull` where `write`
-  // gave false.
+  // Unpacks the entry `name`, whose folders end in "/", and passes its bytes in order to `write`
+  // until that returns false. Faults: `bodyTooLarge` as soon as the entry is longer than `limit`
+  // bytes, whatever length the archive reports; `temporaryFolderFull` when `write` returned false.
   [[nodiscard]] Result<UnpackedEntry> Unpack(const std::string& name, std::uint64_t limit,
                                              const std::function<bool(std::string_view)>& write);
 
  private:
-  struct Library;  // what the library holds
+  struct Library;  // the state of the zip library
 
   [[nodiscard]] Result<UnpackedEntry> TryToUnpack(
       const std::string& name, std::uint64_t limit,
@@ -48,7 +47,7 @@ class ArchiveReader {
   std::unique_ptr<Library> library_;
 };
 
-// One entry of an archive by the same rules.
+// Unpacks one entry of an archive, as ArchiveReader::Unpack does.
 [[nodiscard]] Result<UnpackedEntry> UnpackEntry(const InputBytes& archive, const std::string& name,
                                                 std::uint64_t limit,
                                                 const std::function<bool(std::string_view)>& write);

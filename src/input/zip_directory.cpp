@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view DIRECTORY_RECORD = "PK\x01\x02";
 constexpr std::string_view DIRECTORY_END = "PK\x05\x06";
 
-// A number as archives hold it, the lowest byte first.
+// A little-endian number of `width` bytes.
 std::size_t NumberAt(std::string_view archive, std::size_t place, std::size_t width) {
   std::size_t number = 0;
   for (std::size_t i = width; i-- > 0;) {
@@ -32,8 +32,8 @@ std::string DirectoryOfOne(std::string_view record, std::size_t offset) {
   return directory.append(2, '\0');
 }
 
-// Whether an archive has more entries than are given to the library. It keeps all names in a table
-// that can be made slow by names that are made for that.
+// True when an archive has too many entries for the library, which keeps all names in a hash table
+// that malicious names can make slow.
 bool HasManyEntries(std::string_view archive) {
   constexpr int MOST_ENTRIES = 1024;
   int entries = 0;
@@ -54,7 +54,7 @@ ArchiveDirectory::ArchiveDirectory(std::string_view archive)
 void ArchiveDirectory::FindRecords() {
   constexpr std::size_t RECORD_LENGTH = 46;
   constexpr std::size_t END_LENGTH = 22;
-  constexpr std::size_t MOST_RECORDS = 1000000;  // what memory is given for
+  constexpr std::size_t MOST_RECORDS = 1000000;  // limits the memory used
   const std::size_t end = archive_.rfind(DIRECTORY_END);
   if (end == std::string_view::npos || archive_.size() - end < END_LENGTH) return;
   offset_ = NumberAt(archive_, end + 16, 4);

@@ -1,7 +1,8 @@
-// What of a zip archive the zip library is given to read.
+// Selects the part of a zip archive that the zip library reads.
 //
-// The library keeps the names of all entries in a table that names made for it make slow. So of an
-// archive with more entries than documents have it is given a directory of one entry alone.
+// The library keeps the names of all entries in a hash table that malicious names can make slow. So
+// for an archive with more entries than real documents have, the library receives a directory with
+// a single entry.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +13,8 @@
 
 namespace quorvel {
 
-// An archive in two parts, so that another directory can stand behind the entries. The first is a
-// view into the archive; where the second is empty, the first is all of it.
+// An archive in two parts, so that its directory can be replaced. `entries` is a view into the
+// archive. When `directory` is empty, `entries` is the whole archive.
 struct ArchiveParts {
   std::string_view entries;
   std::string directory;
@@ -21,14 +22,14 @@ struct ArchiveParts {
 
 class ArchiveDirectory {
  public:
-  // The archive must outlive it.
+  // `archive` must outlive the object.
   explicit ArchiveDirectory(std::string_view archive);
 
-  // Whether the archive has too many entries for the library.
+  // True when the archive has too many entries for the library.
   [[nodiscard]] bool IsLong() const { return isLong_; }
 
-  // What of the archive's bytes is to be read for the entry `name`. Nothing where it has many
-  // entries and that one is not in the directory, or the directory is damaged.
+  // Returns the parts of the archive to read for the entry `name`. Returns nothing when the archive
+  // has too many entries and either `name` is not among them or the directory is damaged.
   [[nodiscard]] std::optional<ArchiveParts> PartsFor(std::string_view name) const;
 
  private:
@@ -37,7 +38,7 @@ class ArchiveDirectory {
   std::string_view archive_;
   bool isLong_;
   std::size_t offset_ = 0;  // of the directory
-  // The first record of each name in a long directory, as far as that is not damaged.
+  // The first record of each name in a long directory, as far as the directory is valid.
   std::map<std::string_view, std::string_view> records_;
 };
 
