@@ -1,4 +1,4 @@
-// Decides which entries of a finished word table are listed.
+// Decides which entries of a complete word table are listed.
 #pragma once
 
 #include "engine/words.h"
@@ -8,21 +8,21 @@
 
 namespace quorvel {
 
-// What the admission of a word is judged by, besides the settings.
+// The word lists that decide, together with the settings, whether a word is listed.
 struct WordLists {
   StopWordList stopWords;
   SortedWords extraStopWords;  // lower case
   KeywordLists keywords;
 };
 
-// Whether `word` is a stop word. An extra stop word is meant in any case of its
-// letters, a word of the list exactly as it is spelled. Without a stop-words file
-// and without extra stop words there are none, whatever the list still holds.
+// True when `word` is a stop word. An extra stop word matches in any case, a word of the stop-words
+// file only as it is spelled. Without a stop-words file and extra stop words there are no stop
+// words, whatever `lists` still holds from an earlier run.
 [[nodiscard]] bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
                               const WordLists& lists, const Alphabet& alphabet);
 
-// Which entries are listed: in create mode by the settings and the stop words, in search mode by
-// the keywords alone.
+// Returns a flag for each entry: true when it is listed. Create mode uses the settings and the stop
+// words; search mode uses only the keywords.
 [[nodiscard]] IncludeFlags ApplyAdmissionFilters(const WordTable& table,
                                                  const ConcordanceSettings& settings,
                                                  const WordLists& lists, const Alphabet& alphabet);

@@ -20,12 +20,12 @@ constexpr char SEPARATOR = '*';
 constexpr int WIDEST_POSITION = 10;
 constexpr std::int32_t LARGEST_NUMBER = std::numeric_limits<std::int32_t>::max();
 
-// As numbers are written in the head: a blank where a minus sign would stand, and one behind.
+// Compatibility: numbers in the head have a blank on each side. Users' index files are written so.
 std::string HeadLine(std::int32_t number) {
   return " " + std::to_string(number) + " " + std::string(LINE_END);
 }
 
-// Appends the last `width` digits of `position`, with zeros before it.
+// Appends the last `width` digits of `position`, padded with zeros.
 void AppendPosition(std::string& bytes, std::int32_t position, int width) {
   const std::size_t start = bytes.size();
   bytes.resize(start + static_cast<std::size_t>(width));
@@ -35,7 +35,7 @@ void AppendPosition(std::string& bytes, std::int32_t position, int width) {
   }
 }
 
-// A number of digits alone, from 0 to `largest`.
+// Parses a number that consists of digits only, from 0 to `largest`.
 std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t largest) {
   std::int32_t number = 0;
   const char* const end = digits.data() + digits.size();
@@ -45,12 +45,12 @@ std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t large
   return number;
 }
 
-// Takes lines off the front of a file, one after the other.
+// Splits the bytes of a file into lines.
 class LineReader {
  public:
   explicit LineReader(std::string_view bytes) : rest_(bytes) {}
 
-  // The next line without its end; nothing behind the last one.
+  // The next line without its line end, or nothing after the last line.
   std::optional<std::string_view> Next() {
     if (rest_.empty()) return std::nullopt;
     const std::size_t length = std::min(rest_.find(LINE_END), rest_.size());
@@ -59,7 +59,7 @@ class LineReader {
     return line;
   }
 
-  // The number on the next line of the head.
+  // Parses the next line as a number of the head.
   std::optional<std::int32_t> NextNumber(std::int32_t largest) {
     const std::optional<std::string_view> line = Next();
     if (!line) return std::nullopt;
@@ -72,17 +72,17 @@ class LineReader {
 
 constexpr std::int64_t NO_NUMBER = -1;
 
-// The number in the last `width` of the eight characters before `end`, most of them at a time;
-// NO_NUMBER unless these are digits.
+// Parses the last `width` of the eight characters before `end`, several digits at a time. Returns
+// NO_NUMBER unless all of them are digits.
 std::int64_t ShortNumberBefore(const char* end, std::size_t width) {
   constexpr std::uint64_t ZEROS = 0x3030303030303030U;
   constexpr std::uint64_t HIGH_HALVES = 0xF0F0F0F0F0F0F0F0U;
   constexpr std::uint64_t PAIRS = 0x000000FF000000FFU;
-  std::uint64_t digits = 0;  // the first one in the lowest byte
+  std::uint64_t digits = 0;  // the first digit in the lowest byte
   std::memcpy(&digits, end - sizeof(digits), sizeof(digits));
   const std::uint64_t wanted = ~std::uint64_t{0} << (8 * (sizeof(digits) - width));
   digits = (digits & wanted) | (ZEROS & ~wanted);
-  const std::uint64_t upToFifteen = digits + 0x0606060606060606U;  // another high half above "9"
+  const std::uint64_t upToFifteen = digits + 0x0606060606060606U;  // overflows above "9"
   if ((((digits ^ ZEROS) | (upToFifteen ^ ZEROS)) & HIGH_HALVES) != 0) return NO_NUMBER;
   digits -= ZEROS;
   digits = digits * 10 + (digits >> 8U);
@@ -91,8 +91,8 @@ std::int64_t ShortNumberBefore(const char* end, std::size_t width) {
   return static_cast<std::int64_t>((hundreds + ones) >> 32U);
 }
 
-// The number in the `width` characters before `end`, or NO_NUMBER. At least eight characters of
-// the file stand before it.
+// Parses the `width` characters before `end`, or returns NO_NUMBER. At least eight characters of
+// the file must precede `end`.
 std::int64_t NumberBefore(const char* end, std::size_t width) {
   if (std::endian::native == std::endian::little && width <= sizeof(std::uint64_t)) {
     return ShortNumberBefore(end, width);
@@ -105,7 +105,8 @@ std::int64_t NumberBefore(const char* end, std::size_t width) {
   return number;
 }
 
-// The places in fixed-width fields; false unless they are `count` ascending numbers from 1 on.
+// Parses positions in fields of `width` characters. Returns false unless they are `count` numbers
+// in ascending order, from 1 on.
 bool ReadPositions(std::string_view fields, std::int32_t count, int width,
                    std::vector<std::int32_t>& positions) {
   const auto fieldWidth = static_cast<std::size_t>(width);
@@ -124,7 +125,7 @@ bool ReadPositions(std::string_view fields, std::int32_t count, int width,
   return ascend && last <= LARGEST_NUMBER;
 }
 
-// The entry on one line of a table of `wordCount` words.
+// Parses one line of a table of `wordCount` words.
 std::optional<WordEntry> EntryOnLine(std::string_view line, const Alphabet& alphabet,
                                      std::int32_t wordCount, int width) {
   std::array<std::string_view, 5> fields;
@@ -147,7 +148,7 @@ std::optional<WordEntry> EntryOnLine(std::string_view line, const Alphabet& alph
   return entry;
 }
 
-// The 1-based neighbours of an entry in the frequency chain, 0 where there is none.
+// The 1-based neighbours of an entry in the frequency chain, or 0 for none.
 struct Links {
   std::int32_t frequencyPrev = 0;
   std::int32_t frequencyNext = 0;
@@ -191,12 +192,12 @@ std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, s
   return bytes;
 }
 
-// Words take most room in an index where they are short and each stands there once: one of three
-// letters has four separators, three numbers, a place and a line end, and in the text a character
-// behind it.
+// An index is longest, relative to its text, when all words are short and occur once. The line of a
+// word with three letters has the word, four separators, three numbers, one position and a line
+// end; the word takes four characters of the text, because another character must follow it.
 std::uint64_t LongestIndexFile(std::uint64_t textLength) {
   constexpr std::uint64_t LONGEST_HEAD = 128;
-  constexpr std::uint64_t MOST_BYTES = 3;  // that a character of the text takes in it
+  constexpr std::uint64_t MOST_BYTES = 3;  // bytes for one character of the text
   constexpr std::uint64_t LONGEST_LINE =
       MOST_BYTES * MIN_WORD_LENGTH + 4 + std::uint64_t{4} * WIDEST_POSITION + 2;
   constexpr std::uint64_t SHORTEST_WORD = MIN_WORD_LENGTH + 1;
@@ -231,7 +232,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes, const Alphabet
     if (!inOrder || (i % LINES_BETWEEN_QUESTIONS == 0 && !goesOn())) return std::nullopt;
     table.entries.push_back(std::move(*entry));
   }
-  return table;  // what stands behind the last entry that was announced is left alone
+  return table;  // lines after the announced number of entries are ignored
 }
 
 }  // namespace quorvel

@@ -1,9 +1,9 @@
-// The form of the index file: the scanned words of an input, so that a later run on the same,
-// unchanged input need not scan it again.
+// The format of the index file: the words of an input, so that a later run on the same, unchanged
+// input need not scan it again.
 //
-// Lines with CR LF, in Windows-1252 or UTF-8 as the document was read; see docs/index-file.md. It
-// is trusted only as long as the input has the digest that stands in it, and its words the places
-// that they have in the text: whoever lists from it checks that with TableFitsText.
+// The lines end in CR LF, in Windows-1252 or UTF-8 like the document; see docs/index-file.md. An
+// index may be used only if its digest is that of the input and its words are at their positions in
+// the text. The caller checks the positions with TableFitsText.
 #pragma once
 
 #include <cstddef>
@@ -18,28 +18,29 @@
 
 namespace quorvel {
 
-// The bytes of the index of finished words, made at `time` from an input with `digest`.
+// Returns the index file of `listed`, made at `time` from an input with `digest`.
 [[nodiscard]] std::string IndexFileBytes(const ListedWords& listed, std::string_view digest,
                                          std::time_t time);
 
-// No index of a text of so many characters is longer, in bytes.
+// The maximum length in bytes of an index for a text of `textLength` characters.
 [[nodiscard]] std::uint64_t LongestIndexFile(std::uint64_t textLength);
 
-// What an index file says of itself in its first two lines; views into its bytes.
+// The first two lines of an index file, as views into its bytes.
 struct IndexHead {
-  std::string_view digest;  // of the input that it was made from
+  std::string_view digest;  // of the input that the index was made from
   std::string_view date;
 };
 
-// The head needs no more than these first bytes of a file.
+// The number of bytes of a file that always contain the head.
 inline constexpr std::size_t INDEX_HEAD_LENGTH = 4096;
 
 [[nodiscard]] IndexHead HeadOfIndexFile(std::string_view bytes);
 
-// The table in the bytes of an index file of a document with this alphabet, alphabetical: as many
-// entries as it announces. Its frequency links are checked and not kept. Nothing when the file is
-// cut, a number is none or out of its range, a word is longer than any or out of order, or its
-// places do not ascend; nor when `goesOn`, which is asked now and then, says no.
+// Parses an index file of a document with this alphabet. Returns its words in alphabetical order,
+// as many as the file announces. The frequency links are checked and then dropped. Returns nothing
+// when the file is truncated, a number is invalid or out of range, a word is too long or out of
+// order, or positions do not ascend. Also returns nothing when `goesOn`, which is called from time
+// to time, returns false.
 [[nodiscard]] std::optional<WordTable> TableOfIndexFile(
     std::string_view bytes, const Alphabet& alphabet,
     const std::function<bool()>& goesOn = [] { return true; });

@@ -12,7 +12,7 @@ constexpr std::size_t END = sizeof(std::uint64_t) / sizeof(char16_t);
 
 constexpr std::size_t FIRST_SLOTS = 4096;
 
-// Longer tokens are rare, and hardly ever come up again.
+// Longer tokens are rare and hardly ever repeated, so they are not cached.
 constexpr std::size_t LONGEST_KEPT = 64;
 
 std::uint64_t FourAt(const char16_t* place) {
@@ -82,9 +82,10 @@ TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
   return {EntryOf(token, word), static_cast<std::uint8_t>(word.size())};
 }
 
-// The entry of the word that the token, which is not known yet, stands for. A word is known as
-// the token that is spelled like it, so that it need not be looked for anywhere else; unless
-// that token would stand for no word: "1990s" gives "1990", which by itself is a number.
+// Returns the entry of the word of a token that is not in the cache yet. The word is cached as the
+// token with the same spelling, which saves a second look-up table. The exception is a word whose
+// spelling as a token is not a word: "1990s" gives the word "1990", but the token "1990" is a
+// number and no word.
 std::int32_t KnownTokens::EntryOf(std::u16string_view token, std::u16string_view word) {
   if (word.size() == token.size()) return AddEntry(word);
   if (WordOfToken(word, alphabet_) == word) {
@@ -100,7 +101,7 @@ std::int32_t KnownTokens::AddEntry(std::u16string_view word) {
   return table_.WordCount() - 1;
 }
 
-// Puts what is known of one token more into the first free slot that is looked at for it.
+// Stores a token in the first free slot of its probe sequence.
 void KnownTokens::Fill(const Slot& slot) {
   const std::size_t mask = slots_.size() - 1;
   std::size_t place = slot.hash & mask;

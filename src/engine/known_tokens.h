@@ -1,5 +1,5 @@
-// What the tokens of a text stand for, so that each spelling is looked into only once: the
-// spellings of a text are few beside its tokens.
+// A token cache: it maps each token of a text to its word, so that each spelling is analysed only
+// once. A text has far fewer spellings than tokens.
 #pragma once
 
 #include <cstddef>
@@ -15,44 +15,44 @@
 
 namespace quorvel {
 
-// The word that a token stands for.
+// The word of a token.
 struct TokenMeaning {
   static constexpr std::int32_t NO_WORD = -1;
 
-  std::int32_t entry = NO_WORD;  // 0-based in the table
+  std::int32_t entry = NO_WORD;  // 0-based index in the table
   std::uint8_t wordLength = 0;   // in characters
 };
 
-// A token as it is looked up. One of up to eight characters is known by its ends alone, which
-// saves a look at the text.
+// The cache key of a token. A token of up to eight characters is identified by `front` and `back`
+// alone, without reading the text again.
 struct TokenKey {
-  std::uint64_t front = 0;   // its first four characters
-  std::uint64_t back = 0;    // and its last four
-  std::uint32_t begin = 0;   // 0-based in the text
+  std::uint64_t front = 0;   // the first four characters
+  std::uint64_t back = 0;    // the last four characters
+  std::uint32_t begin = 0;   // 0-based index in the text
   std::uint32_t length = 0;  // in characters
   std::uint32_t hash = 0;
 };
 
-// Belongs to one text and to the table that its words go to: all, or those that are `sought` where
-// such are given. These three must outlive it.
+// A cache for one text. Words are added to `table`: all words, or only those in `sought` if it is
+// not null. `text`, `alphabet`, `table` and `sought` must outlive the cache.
 class KnownTokens {
  public:
   KnownTokens(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
               const KeywordLists* sought, const HashSeed& seed);
 
-  // The key of the token at the 0-based `begin`, of `length` characters, at least
-  // MIN_WORD_LENGTH. Has what is known of it fetched from memory: it is there when it is
-  // asked for some tokens later.
+  // Returns the key of the token at the 0-based index `begin`. `length` is in characters, at least
+  // MIN_WORD_LENGTH. Prefetches the cache slot, so that MeaningOf is fast when it is called a few
+  // tokens later.
   [[nodiscard]] TokenKey KeyOf(std::size_t begin, std::size_t length) const;
 
-  // What the token stands for. A word that is new to the table gets an entry.
+  // Returns the word of the token. A new word is added to the table.
   TokenMeaning MeaningOf(const TokenKey& key);
 
  private:
   struct Slot {
     std::uint64_t front = 0;
     std::uint64_t back = 0;
-    std::uint32_t begin = 0;  // where it stands first
+    std::uint32_t begin = 0;  // 0-based index of its first occurrence
     std::uint32_t hash = 0;
     std::int32_t entry = TokenMeaning::NO_WORD;
     std::uint8_t wordLength = 0;
@@ -71,9 +71,9 @@ class KnownTokens {
   WordTable& table_;
   const KeywordLists* sought_;
   HashSeed seed_;
-  std::vector<Slot> slots_;  // a power of two of them, at most half in use
+  std::vector<Slot> slots_;  // size a power of two, at most half in use
   std::size_t used_ = 0;
-  std::map<std::u16string_view, std::int32_t> others_;  // entries of words that are no token's own
+  std::map<std::u16string_view, std::int32_t> others_;  // of words not cached as tokens
 };
 
 }  // namespace quorvel

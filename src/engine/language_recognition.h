@@ -1,4 +1,4 @@
-// Tells the language of a text by the stop words that it holds.
+// Recognizes the language of a text by its stop words.
 #pragma once
 
 #include <array>
@@ -12,19 +12,20 @@
 
 namespace quorvel {
 
-// How much of a text is looked at, in bytes.
+// How much of a text is examined, in bytes.
 inline constexpr std::size_t RECOGNITION_LENGTH = 65536;
 
 using StopWordsByLanguage = std::array<std::vector<std::u16string>, LANGUAGES.size()>;
 
-// Which languages have a word among their stop words, each by its place in LANGUAGES. Made once, it
-// serves for many texts.
+// For each word, the languages that have it as a stop word, as a set of indices into LANGUAGES. It
+// is built once and used for many texts.
 using LanguagesByWord = std::unordered_map<std::u16string, std::bitset<LANGUAGES.size()>>;
 
 [[nodiscard]] LanguagesByWord LanguagesOf(const StopWordsByLanguage& stopWords);
 
-// The 0-based place in LANGUAGES of the language that has most of the words of `bytes`, in
-// Windows-1252, among its stop words; of several the first, and English when there is none.
+// Returns the 0-based index in LANGUAGES of the language whose stop words occur most often in
+// `bytes`, which is Windows-1252. On a tie the first language wins; without any stop word it is
+// English.
 [[nodiscard]] std::size_t RecognizeLanguage(std::string bytes, const LanguagesByWord& languages);
 
 }  // namespace quorvel

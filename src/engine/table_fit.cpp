@@ -8,33 +8,33 @@
 
 #include "engine/tokenizer.h"
 
-// Nearly every place holds the word as it is spelled, between two other characters:
-// that takes one comparison. Where it does not (a plural "s" or a hyphen was dropped,
-// or the text ends there), the word is cut out of the text anew.
+// At nearly every position the word stands as it is spelled, between two non-word characters. That
+// takes one comparison to check. Otherwise (a plural "s" or a hyphen was dropped, or the text ends
+// there) the token is cut out of the text again.
 
 namespace quorvel {
 namespace {
 
-// No token that gives a word is longer: at most 30 characters are kept, and beside them
-// stand a plural "s" and the few hyphens that are not blanked.
+// The maximum length of a token that gives a word. A word has at most 30 characters; the token can
+// also have a plural "s" and a few hyphens, because double hyphens are blanked.
 constexpr std::size_t LONGEST_TOKEN = 64;
 
-// Whether a token that is spelled so gives itself. "1990" and "TV-" are words, but only
+// True when a token with this spelling gives itself as its word. "1990" and "TV-" are words only
 // where a plural "s" was dropped ("1990s", "TV-s").
 bool GivesItself(const std::u16string& word, const Alphabet& alphabet) {
   std::size_t position = 1;
   return GetWord(word + u" ", alphabet, position) == word;
 }
 
-// Where the scan stands after a word that it records at `position`: 1-based, two behind
-// the end of the text for a word that ends there.
+// The 1-based position of the scan after it has recorded a word at `position`. If the word ends the
+// text, this is the length of the text plus 2.
 std::size_t ScanEnd(std::size_t position, std::size_t wordLength) { return position + wordLength; }
 
-// Whether the token before the place of `position` gives the word.
+// True when the token that ends at this occurrence gives the word.
 bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16string_view word,
                     const Alphabet& alphabet) {
   const std::size_t scanEnd = ScanEnd(position, word.size());
-  const std::size_t end = std::min(scanEnd - 1, text.size());  // characters up to the token's last
+  const std::size_t end = std::min(scanEnd - 1, text.size());  // 0-based end of the token
   std::size_t start = end;
   while (start > 0 && end - start <= LONGEST_TOKEN && alphabet.IsWordCharacterAt(text, start - 1)) {
     --start;
@@ -43,7 +43,7 @@ bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16stri
   return start < end && GetWord(text, alphabet, scanPosition) == word && scanPosition == scanEnd;
 }
 
-// Compares a word with what stands at many places.
+// Compares one word with the text at many positions.
 class Spelling {
  public:
   Spelling(std::u16string_view word, const Alphabet& alphabet) : word_(word), alphabet_(alphabet) {
@@ -55,11 +55,11 @@ class Spelling {
     front_ &= mask_;
   }
 
-  // Whether the word stands at the 0-based `start` of `text`, a blank or the like behind it.
+  // True when the word stands at the 0-based index `start` of `text`, between non-word characters.
   [[nodiscard]] bool StandsAt(std::u16string_view text, std::size_t start) const {
     const std::size_t end = start + word_.size();
     if (end >= text.size()) return false;
-    static_assert(UNITS <= MIN_WORD_LENGTH + 1);  // so many stand there
+    static_assert(UNITS <= MIN_WORD_LENGTH + 1);  // so many code units can be read there
     std::uint64_t there = 0;
     std::memcpy(&there, text.data() + start, sizeof(there));
     if ((there & mask_) != front_ || alphabet_.IsWordCharacterAt(text, end)) return false;
@@ -73,12 +73,12 @@ class Spelling {
 
   std::u16string_view word_;
   const Alphabet& alphabet_;
-  std::uint64_t front_ = 0;  // its first code units, so that most places take one comparison
+  std::uint64_t front_ = 0;  // the first code units; one comparison decides most positions
   std::uint64_t mask_ = 0;
 };
 
-// Has the text at a place, which may be behind its end, fetched from memory: words in alphabetical
-// order stand all over it.
+// Prefetches the text at a position, which may be beyond the end. Words in alphabetical order are
+// scattered over the whole text.
 void Prefetch(std::u16string_view text, std::int32_t position) {
   __builtin_prefetch(text.data() + std::min(static_cast<std::size_t>(position), text.size()));
 }
@@ -99,7 +99,7 @@ bool WordFits(const WordEntry& entry, bool included, std::u16string_view text,
   return true;
 }
 
-// Whether the scan would record a word from the 1-based `position` on.
+// True when the scan would record a word at the 1-based `position` or later.
 bool HoldsWord(std::u16string_view text, std::size_t position, const Alphabet& alphabet) {
   while (position < text.size()) {
     if (alphabet.IsWordCharacterAt(text, position - 1)) {

@@ -8,24 +8,24 @@ namespace {
 
 constexpr char16_t ASCII_END = 0x80;
 
-// For ASCII alone, and without a table, so that the compiler asks for many characters at once.
+// ASCII only and without a table, so that the compiler vectorizes the loop that calls it.
 constexpr std::uint8_t AsciiWordCharacter(std::uint8_t ch) {
   const auto letter = static_cast<std::uint8_t>((ch | 0x20U) - 'a');
   const auto digit = static_cast<std::uint8_t>(ch - '0');
   return letter < 26 || digit < 10 || ch == '-' ? 1 : 0;
 }
 
-constexpr bool AsTheTableSays() {
+constexpr bool MatchesCharacterClasses() {
   for (std::uint8_t ch = 0; ch < ASCII_END; ++ch) {
     if ((AsciiWordCharacter(ch) != 0) != IsWordCharacter(ch)) return false;
   }
   return true;
 }
-static_assert(AsTheTableSays());
+static_assert(MatchesCharacterClasses());
 
 }  // namespace
 
-// Of a block of FLAG_COUNT code units, which begins where the last one ends.
+// The flags of a block of FLAG_COUNT code units that begins at `blockEnd_`.
 Flags TokenEdges::WordCharacterFlags(const char16_t* block) const {
   Flags flags{};
   char16_t all = 0;
@@ -44,7 +44,7 @@ Flags TokenEdges::WordCharacterFlags(const char16_t* block) const {
     flags[i] = (bits & WORD_CLASSES) != 0 ? 1 : 0;
   }
   if ((classes & CLASS_SURROGATE) != 0) {
-    // A character may have its other half in the next block.
+    // The other half of a surrogate pair may be in the next block.
     for (std::size_t i = 0; i < FLAG_COUNT && blockEnd_ + i < text_.size(); ++i) {
       flags[i] = alphabet_.IsWordCharacterAt(text_, blockEnd_ + i) ? 1 : 0;
     }

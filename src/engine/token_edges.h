@@ -1,6 +1,6 @@
-// Where the tokens of a text, its runs of letters, digits and hyphens, begin and end.
+// Finds the edges of tokens: the runs of letters, digits and hyphens of a text.
 //
-// Found 64 characters at a time. What word a token stands for is decided elsewhere.
+// It handles 64 characters at a time. Which word a token stands for is decided by the tokenizer.
 #pragma once
 
 #include <bit>
@@ -17,12 +17,13 @@ class TokenEdges {
  public:
   enum class Which { all, beginnings };
 
-  // The text must outlive it.
+  // `text` and `alphabet` must outlive the object.
   TokenEdges(std::u16string_view text, const Alphabet& alphabet, Which which)
       : text_(text), alphabet_(alphabet), which_(which) {}
 
-  // The next 0-based place where a token begins or, of all edges, has ended: these take turns. The
-  // text's length when there is none, also where the last token ends with the text.
+  // Returns the next edge, a 0-based index. With Which::all, the beginning of a token and its end
+  // (exclusive) alternate. Returns the length of the text when no edge is left, and also as the end
+  // of a token at the end of the text.
   std::size_t Next() {
     while (edges_ == 0) {
       if (blockEnd_ >= text_.size()) return text_.size();
@@ -40,9 +41,9 @@ class TokenEdges {
   std::u16string_view text_;
   const Alphabet& alphabet_;
   Which which_;
-  std::size_t blockEnd_ = 0;     // of the block that is being looked at
-  std::uint64_t edges_ = 0;      // those in it that are still to come
-  std::uint64_t isInToken_ = 0;  // 1 where its last character belongs to a token
+  std::size_t blockEnd_ = 0;     // end of the current block
+  std::uint64_t edges_ = 0;      // edges in the block that were not returned yet
+  std::uint64_t isInToken_ = 0;  // 1 when the last character of the block belongs to a token
 };
 
 }  // namespace quorvel

@@ -13,11 +13,11 @@
 #include "util/make_singular.h"
 #include "util/progress_bar.h"
 
-// The place of a word is where the scan stands behind it, less the word's length.
-// So a word that lost its plural "s" or a hyphen is placed that much to the right
-// of its token, and a word at the very end of the text one too far, since a run of
-// letters that meets the end counts one more. Contexts are cut around these
-// places, and index files hold them: they must stay so.
+// Compatibility: the recorded position of a word is the scan position after its token, minus the
+// length of the word. So a word that lost a plural "s" or a hyphen is recorded that many characters
+// to the right of its token. A word at the very end of the text is recorded one character too far
+// to the right, because the scan position then counts one more. Contexts are cut at these positions
+// and users' index files contain them, so they must stay.
 
 namespace quorvel {
 namespace {
@@ -30,9 +30,9 @@ std::u16string_view StripHyphens(std::u16string_view token) {
   return token.substr(first, last - first + 1);
 }
 
-// Tokens are taken some at a time: what is to be looked up for one of them comes from memory
-// while the others are cut, and the place that its word is to be recorded at while the others
-// are looked up. Waiting for each would take as long as all the rest.
+// Tokens are processed in batches, to hide the latency of memory. While a batch is cut, the cache
+// slots of its tokens are prefetched; while its words are looked up, the table entries are
+// prefetched. Waiting for each access would double the time.
 class Scan {
  public:
   Scan(std::u16string_view text, const Alphabet& alphabet, WordTable& table, Progress& progress,
@@ -48,13 +48,13 @@ class Scan {
     if (sought != nullptr) beginnings_.emplace(*sought, alphabet);
   }
 
-  // Cuts the next tokens; false when there is none, or after a stop.
+  // Cuts the next batch of tokens. Returns false at the end of the text or after a stop.
   bool CutTokens() {
     cut_ = 0;
     return beginnings_ ? CutSought() : CutAll();
   }
 
-  // Records the words that they stand for.
+  // Records the words of the batch.
   void RecordWords() {
     std::size_t found = 0;
     progress_.NoteWordsFound(table_.WordCount());
@@ -88,14 +88,14 @@ class Scan {
     return cut_ > 0 && !stopped_;
   }
 
-  // Only those that begin like a word that is sought: of the others not even the end is looked for.
+  // Cuts only tokens that may begin with a sought word. The end of other tokens is not searched.
   bool CutSought() {
     std::size_t begin = 0;
     for (std::size_t i = 0; i < BEGINNINGS_AT_A_TIME && cut_ < keys_.size(); ++i) {
       begin = edges_.Next();
       if (begin + MIN_WORD_LENGTH > text_.size()) break;
       const char16_t* const start = text_.data() + begin;
-      // A hyphen at the front of a token is none of its word's.
+      // A leading hyphen of a token does not belong to its word.
       if (!beginnings_->MayBegin(start) && *start != u'-') continue;
       const std::size_t length = alphabet_.EndOfRun(text_, begin) - begin;
       if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, length);
@@ -104,7 +104,7 @@ class Scan {
     return (cut_ > 0 || begin < text_.size()) && !stopped_;
   }
 
-  // Shows how far the scan has come and lets events run; false after a stop.
+  // Updates the progress bar and lets events run. Returns false after a stop.
   bool GoesOn(std::int64_t position) {
     bar_.Update(position, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
     progress_.Yield();
@@ -123,7 +123,7 @@ class Scan {
   ProgressBar bar_;
   KnownTokens known_;
   TokenEdges edges_;
-  std::optional<KeywordBeginnings> beginnings_;  // of the words that alone are sought
+  std::optional<KeywordBeginnings> beginnings_;  // of the sought words, if only those are wanted
   std::array<TokenKey, AT_A_TIME> keys_{};
   std::size_t cut_ = 0;
   std::array<Occurrence, AT_A_TIME> occurrences_{};
@@ -143,8 +143,8 @@ std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
 std::u16string_view WordOfToken(std::u16string_view token, const Alphabet& alphabet) {
   if (alphabet.ContainsNoLetter(token)) return {};
   const std::u16string_view word = MakeSingular(StripHyphens(token), alphabet);
-  // What stands behind an apostrophe ("John's", "couldn't"), and what stands before
-  // it in a negation, is no word of its own.
+  // The rest after an apostrophe ("John's", "couldn't") is not a word, nor is the part before it in
+  // a negation.
   const bool apostropheRest =
       word.size() == 1 && (ToLowerCase(word.front()) == u's' || ToLowerCase(word.front()) == u't');
   if (apostropheRest || IsContractionStem(word)) return {};
@@ -156,8 +156,8 @@ bool MayEnterTable(std::u16string_view word) {
          !IsOneRepeatedChar(word) && !IsRomanNumeral(word);
 }
 
-// Its token ends as many characters behind the recorded place as the word has, or at the end
-// of the text. A word that ends in "s" has lost none.
+// The token ends `word.size()` characters after the recorded position, or at the end of the text. A
+// word that ends in "s" has not lost a plural "s".
 TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
                           std::int32_t position) {
   std::size_t end = std::min(static_cast<std::size_t>(position) - 1 + word.size(), text.size());

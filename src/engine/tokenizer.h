@@ -1,7 +1,7 @@
 // Cuts a text into words and records each occurrence in the word table.
 //
-// Only what may become a word at all is decided here; which words are listed is
-// decided later, over the finished table.
+// The tokenizer decides only what can be a word. Which words are listed is decided later, on the
+// complete table.
 #pragma once
 
 #include <cstdint>
@@ -14,37 +14,38 @@
 
 namespace quorvel {
 
-// A shorter word is never recorded. In characters.
+// The minimum length of a recorded word, in characters.
 inline constexpr std::size_t MIN_WORD_LENGTH = 3;
 
-// Cuts the token that begins at `scanPosition`, a 1-based position that holds a
-// word character, and moves that behind it (two behind the end of the text for a
-// token that ends there). Gives the word that the token stands for, a view into
-// the text, or an empty view for a token that is none.
+// Cuts the token that begins at `scanPosition`, which is a 1-based position and must hold a word
+// character. Moves `scanPosition` past the character after the token; at the end of the text it
+// becomes the length of the text plus 2. Returns the word of the token as a view into the text, or
+// an empty view when the token is not a word.
 [[nodiscard]] std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
                                           std::size_t& scanPosition);
 
-// The word that a whole token stands for, a view into it; empty when it stands for none.
+// Returns the word of a whole token as a view into it, or an empty view when the token is not a
+// word.
 [[nodiscard]] std::u16string_view WordOfToken(std::u16string_view token, const Alphabet& alphabet);
 
-// Whether a word that GetWord gave is recorded at all: by its length, and because it is
-// neither one repeated letter nor a Roman numeral.
+// True when a word returned by GetWord is recorded: its length is in range, and it is neither one
+// repeated letter nor a Roman numeral.
 [[nodiscard]] bool MayEnterTable(std::u16string_view word);
 
-// A stretch of the text: from place `begin` up to, not including, place `end`, 0-based.
+// A range of the text: 0-based, `end` exclusive.
 struct TextSpan {
   std::size_t begin;
   std::size_t end;
 };
 
-// Where the occurrence of `word` that the scan has recorded at `position` really stands, a
-// plural "s" that was dropped included. The text must be the one that was scanned.
+// Returns where the occurrence of `word` recorded at the 1-based `position` really stands,
+// including a dropped plural "s". `text` must be the text that was scanned.
 [[nodiscard]] TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
                                         std::int32_t position);
 
-// Scans a text whose double hyphens are blanked and adds its words to the table; of these
-// only the `sought` ones, where such are given, which is much faster. Ends early when a stop is
-// requested, after the word at hand.
+// Scans a text, in which double hyphens are already blanked, and adds its words to `table`. If
+// `sought` is not null, only these words are recorded, which is much faster. Ends early after a
+// stop request.
 void GetWords(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
               Progress& progress, const KeywordLists* sought = nullptr);
 

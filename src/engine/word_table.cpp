@@ -7,8 +7,8 @@
 namespace quorvel {
 namespace {
 
-// The first code units of a text as one number, so that most comparisons of a
-// sort need not follow a pointer. Equal numbers decide nothing.
+// The first four code units of a text as one number. It decides most comparisons of a sort without
+// following a pointer; equal numbers decide nothing.
 std::uint64_t LeadingUnits(std::u16string_view text) {
   constexpr std::size_t UNITS = 4;
   std::uint64_t number = 0;
@@ -27,9 +27,10 @@ WordEntry NewWordEntry(std::u16string_view word, const Alphabet& alphabet) {
   return entry;
 }
 
-// By logarithms, not by counting digits: the quotient falls just below some powers
-// of ten (1000 gives 2.9999999999999996, so 3 digits). Every offset is smaller
-// than the length and still fits, and the files in use were written so.
+// Compatibility: computed by logarithms instead of counting digits, because users' index files are
+// written so. For some powers of ten the quotient is slightly too low (1000 gives
+// 2.9999999999999996, so 3 digits). Positions still fit, because the last one that is recorded is
+// smaller than the length.
 int PositionWidth(std::size_t length) {
   if (length == 0) return 1;
   return static_cast<int>(std::log(static_cast<double>(length)) / std::log(10.0)) + 1;

@@ -1,20 +1,21 @@
-// The tests that keep a word out of the table while the text is scanned.
+// Tests that keep tokens out of the word table during the scan.
 #pragma once
 
 #include <string_view>
 
 namespace quorvel {
 
-// True for "aaa" and the like. Case counts: "Aaa" is none.
+// True for "aaa" and the like. Case counts: "Aaa" is not a repeated character.
 [[nodiscard]] bool IsOneRepeatedChar(std::u16string_view word);
 
-// True when every letter is one of I, V, X, L, C, D and M, in any case, and the
-// word is none of the nine exceptions ("dim", "civil" ...). No grammar of numerals
-// is asked for: "did", "mill" and "mix" count, on purpose.
+// True when all letters are I, V, X, L, C, D or M, in any case, and the word is not one of the nine
+// exceptions ("dim", "civil" ...). The order of the letters is not checked. Compatibility: "did",
+// "mill" and "mix" count as numerals, because users' listings and index files depend on it.
 [[nodiscard]] bool IsRomanNumeral(std::u16string_view word);
 
-// True when `word`, in lower case, is one of the stems that a cut contraction
-// leaves ("couldn", "isn") or, on purpose, the tail of one ("ren", "ouldn").
+// True when `word`, in any case, is the part of a contraction before its apostrophe ("couldn",
+// "isn"). Compatibility: an end of such a part counts too ("ren", "ouldn"), because users' listings
+// and index files depend on it.
 [[nodiscard]] bool IsContractionStem(std::u16string_view word);
 
 }  // namespace quorvel

@@ -27,8 +27,8 @@ WordCounts CountIncludedWords(const WordTable& table, const IncludeFlags& includ
   return counts;
 }
 
-// Numbers are sorted, without a look at the entries: what the count lacks of the largest one, and
-// the entry.
+// Sorts plain numbers instead of entries: the high half is the maximum minus the count, the low
+// half is the index of the entry.
 std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table, const IncludeFlags& include) {
   constexpr unsigned HALF = 32;
   constexpr std::uint64_t LOW_HALF = (std::uint64_t{1} << HALF) - 1;

@@ -1,7 +1,7 @@
 // The words of a document, and which of them are listed in which order.
 //
-// Each value is made whole by one function and not changed afterwards; it holds what it was made
-// of, so that nothing can be put together that does not belong together.
+// Each value is built by one function and is constant afterwards. It holds the values that it was
+// made from, so that only values that belong together can be combined.
 #pragma once
 
 #include <cstdint>
@@ -15,18 +15,18 @@
 
 namespace quorvel {
 
-// The words with their places in this document's text, alphabetical.
+// The words of a document with their positions, in alphabetical order.
 struct Words {
   std::shared_ptr<const Document> document;
   std::shared_ptr<const WordTable> table;
 };
 
-// Scans the document: all its words or, where such are given, those alone that are `sought`, which
-// is much faster. After a stop the words that were found until then.
+// Scans the document. If `sought` is not null, only these words are recorded, which is much faster.
+// After a stop the result holds the words found so far.
 [[nodiscard]] Words ScanWords(std::shared_ptr<const Document> document, const KeywordLists* sought,
                               Progress& progress);
 
-// Whether each entry of a table is listed.
+// For each entry of a table: true when it is listed.
 using IncludeFlags = std::vector<bool>;
 
 struct WordCounts {
@@ -36,12 +36,12 @@ struct WordCounts {
 
 [[nodiscard]] WordCounts CountIncludedWords(const WordTable& table, const IncludeFlags& include);
 
-// The included entries, 0-based, in the order of falling count, in table order where
-// counts are equal.
+// Returns the 0-based indices of the included entries in descending order of their counts. Entries
+// with equal counts stay in table order.
 [[nodiscard]] std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table,
                                                             const IncludeFlags& include);
 
-// The words with what decides about their listing.
+// The words with everything that decides how they are listed.
 struct ListedWords {
   Words words;
   IncludeFlags include;
