@@ -1,4 +1,4 @@
-// The look-up in a sorted word list.
+// Look-up in a sorted word list.
 #pragma once
 
 #include <algorithm>
@@ -8,10 +8,10 @@
 
 namespace quorvel {
 
-// Words in ascending order by code unit.
+// Words sorted by code unit.
 using SortedWords = std::vector<std::u16string>;
 
-// Whether `key` stands in `words`, spelled exactly so.
+// True when `words` contains `key` with exactly this spelling.
 [[nodiscard]] inline bool BinarySearch(const SortedWords& words, std::u16string_view key) {
   return std::binary_search(words.begin(), words.end(), key);
 }

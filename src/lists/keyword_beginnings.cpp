@@ -12,8 +12,8 @@ KeywordBeginnings::KeywordBeginnings(const KeywordLists& keywords, const Alphabe
   }
 }
 
-// Adds what begins with the first `length` characters, which are known, and goes on as `pattern`
-// does behind them. From a wildcard on, and behind the pattern's end, anything may follow.
+// Adds all beginnings that start with `beginning`, the hash of `length` characters, and continue
+// with `pattern` after that. A wildcard and everything after the pattern's end match any character.
 void KeywordBeginnings::Add(std::u16string_view pattern, std::size_t beginning,
                             std::size_t length) {
   if (length == LENGTH) {

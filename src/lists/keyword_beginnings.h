@@ -1,7 +1,7 @@
-// How the words that a search looks for begin.
+// A fast test for the words that a search looks for, by their first characters.
 //
-// Three characters tell nearly all words of a text from them, so that a scan for keywords alone
-// need not look any further at most words.
+// Three characters exclude nearly all other words of a text, so a scan for keywords need not look
+// at their remaining characters.
 #pragma once
 
 #include <bitset>
@@ -15,13 +15,13 @@ namespace quorvel {
 
 class KeywordBeginnings {
  public:
-  // Characters of a word that are looked at.
+  // The number of characters that are examined.
   static constexpr std::size_t LENGTH = 3;
 
   KeywordBeginnings(const KeywordLists& keywords, const Alphabet& alphabet);
 
-  // Whether a word that begins with the LENGTH characters at `word` may be a keyword, in whatever
-  // case. False for certain; true also for some words that are none.
+  // True when a word that begins with the LENGTH characters at `word` may be a keyword, in any
+  // case. False is certain; true may be wrong.
   [[nodiscard]] bool MayBegin(const char16_t* word) const {
     std::size_t beginning = 0;
     for (std::size_t i = 0; i < LENGTH; ++i) beginning = Extended(beginning, word[i]);
@@ -29,7 +29,7 @@ class KeywordBeginnings {
   }
 
  private:
-  static constexpr std::size_t BITS = 5;  // enough to tell the letters of English apart
+  static constexpr std::size_t BITS = 5;  // enough to distinguish the letters of English
   static constexpr std::size_t VALUES = std::size_t{1} << BITS;
 
   static std::size_t Extended(std::size_t beginning, std::size_t character) {

@@ -14,8 +14,8 @@
 namespace quorvel {
 namespace {
 
-// Patterns and hyphens are for the extra keywords only, whatever the settings
-// allow: a list of plain words stays one.
+// Patterns and hyphens are allowed only in extra keywords, whatever the settings: a keywords file
+// is a list of plain words.
 bool IsPlainWord(std::u16string_view word, const Alphabet& alphabet) {
   for (std::size_t i = 0; i < word.size(); ++i) {
     if ((alphabet.ClassAt(word, i) & CLASS_LETTER) == 0) return false;
@@ -23,7 +23,7 @@ bool IsPlainWord(std::u16string_view word, const Alphabet& alphabet) {
   return true;
 }
 
-// `text` without any "'s", those included that others leave when they go.
+// Removes every "'s", also one that is created by removing another.
 std::u16string WithoutPossessives(std::u16string_view text) {
   std::u16string result;
   for (const char16_t ch : text) {
@@ -36,7 +36,7 @@ std::u16string WithoutPossessives(std::u16string_view text) {
   return result;
 }
 
-// Of the character that the code unit at `place` belongs to.
+// Examines the character that the code unit at `place` belongs to.
 bool MayStandInKeyword(std::u16string_view text, std::size_t place,
                        const ConcordanceSettings& settings) {
   const std::uint8_t classes = Alphabet::Of(settings.reading).ClassAt(text, place);
@@ -46,7 +46,7 @@ bool MayStandInKeyword(std::u16string_view text, std::size_t place,
          std::u16string_view(u"*?#+ ").find(text[place]) != std::u16string_view::npos;
 }
 
-// The first character of the text that may not stand in a keyword.
+// The first character of the text that is not allowed in a keyword.
 std::optional<Fault> FaultyCharacter(std::u16string_view text,
                                      const ConcordanceSettings& settings) {
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -56,10 +56,10 @@ std::optional<Fault> FaultyCharacter(std::u16string_view text,
   return std::nullopt;
 }
 
-// The keywords without those that only say once more what others say. One that is given again lists
-// its contexts again, as lists in use show; any more of them are dropped, for thousands of equal
-// ones would list everything thousands of times. Those that differ in any character stay, also
-// where they match the same words.
+// Removes surplus copies of keywords. Compatibility: a keyword that is given twice lists its
+// contexts twice, and users' listings show that. Further copies are dropped, because thousands of
+// equal keywords would list everything thousands of times. Keywords that differ in any character
+// stay, even if they match the same words.
 std::vector<ExtraKeyword> WithoutEqualOnes(const std::vector<std::u16string_view>& keywords) {
   constexpr int MOST_EQUAL = 2;
   std::map<std::u16string_view, int> counts;

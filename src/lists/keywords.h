@@ -1,9 +1,8 @@
-// The words that a search looks for: those of a keywords file, and the extra
-// keywords that the user types.
+// The keywords of a search: those of a keywords file, and the extra keywords that the user types.
 //
-// A keywords file holds plain words. An extra keyword is a pattern, also where it
-// has no wildcard, and may name a second pattern behind a "+", which some word of a
-// context must match for that context to be shown.
+// A keywords file has plain words. An extra keyword is a pattern, with or without wildcards. After
+// a "+" it may have a second pattern; then a context is shown only if one of its words matches
+// that.
 #pragma once
 
 #include <cstddef>
@@ -22,18 +21,18 @@ namespace quorvel {
 struct ExtraKeyword {
   std::u16string wildcardPattern;  // for the listed word
   bool hasContextPattern = false;
-  std::u16string contextPattern;  // for a word of the context; may be empty and so match none
+  std::u16string contextPattern;  // for a word of the context; empty matches no word
 };
 
-// Takes one keyword apart at its "+".
+// Splits a keyword at its "+".
 [[nodiscard]] ExtraKeyword ExtraKeywordOf(std::u16string_view keyword);
 
-// Whether one of the words of `context`, with its punctuation, matches the keyword's context
+// True when one of the words of `context`, including its punctuation, matches the keyword's context
 // pattern.
 [[nodiscard]] bool WantsContext(const ExtraKeyword& keyword, std::u16string_view context,
                                 const Alphabet& alphabet);
 
-// The extra keywords of a search, in the order in which their results are listed.
+// The extra keywords of a search, in the order of their results in the listing.
 class ExtraKeywordList {
  public:
   ExtraKeywordList() = default;
@@ -41,8 +40,8 @@ class ExtraKeywordList {
 
   [[nodiscard]] const std::vector<ExtraKeyword>& Keywords() const { return keywords_; }
 
-  // The 0-based places of all keywords whose first pattern matches `lowerWord`, a
-  // word in lower case, ascending.
+  // Returns the 0-based indices, in ascending order, of all keywords whose first pattern matches
+  // `lowerWord`, a word in lower case.
   [[nodiscard]] std::vector<std::size_t> Matches(std::u16string_view lowerWord) const;
 
  private:
@@ -51,9 +50,9 @@ class ExtraKeywordList {
   }
 
   std::vector<ExtraKeyword> keywords_;
-  const Alphabet* alphabet_ = &Alphabet::Windows1252();    // that they were typed for
-  std::vector<std::size_t> plain_;                         // without wildcard, by pattern
-  std::map<char16_t, std::vector<std::size_t>> wildcard_;  // the others, by first character
+  const Alphabet* alphabet_ = &Alphabet::Windows1252();    // that the keywords were typed for
+  std::vector<std::size_t> plain_;                         // indices, sorted by pattern
+  std::map<char16_t, std::vector<std::size_t>> wildcard_;  // with wildcards, by first character
 };
 
 struct KeywordLists {
@@ -61,23 +60,23 @@ struct KeywordLists {
   ExtraKeywordList extraKeywords;
 };
 
-// Whether there is anything to search for.
+// True when there is at least one keyword.
 [[nodiscard]] bool HoldKeywords(const KeywordLists& lists);
 
-// Whether `word` is to be listed in a search.
+// True when a search lists `word`.
 [[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists,
                                 const Alphabet& alphabet);
 
 void EraseSearchWords(KeywordLists& lists);
 
-// The plain words among those of a keywords file, as a search looks for them.
+// Returns the plain words of a keywords file in the form that a search uses.
 [[nodiscard]] SortedWords KeywordsOfFile(const std::vector<std::u16string>& words,
                                          const Alphabet& alphabet);
 
-// Extra keywords as they are kept: lower case, without "'s". UTF-8 both ways.
+// Returns extra keywords in their stored form: lower case, without "'s". UTF-8 in and out.
 [[nodiscard]] std::string TidyExtraKeywords(std::string_view text, const Alphabet& alphabet);
 
-// The keywords in tidied text. `notAllowedInKeyword`, `manyPlusSigns`.
+// Parses tidied extra keywords. Faults: `notAllowedInKeyword`, `manyPlusSigns`.
 [[nodiscard]] Result<ExtraKeywordList> ExtraKeywordsOf(std::string_view tidied,
                                                        const ConcordanceSettings& settings);
 

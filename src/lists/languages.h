@@ -1,4 +1,4 @@
-// The languages that the program has stop words for.
+// The languages with stop words.
 #pragma once
 
 #include <array>
@@ -19,12 +19,12 @@ inline constexpr std::array<Language, 6> LANGUAGES = {{{"en", "English", "stwds_
                                                        {"it", "Italian", "stwds_it.txt"},
                                                        {"fr", "French", "stwds_fr.txt"}}};
 
-// The choice beside them: the stop words of all.
+// The stop words of all languages together.
 inline constexpr Language ALL_LANGUAGES = {"all", "all six languages",
                                            "stwds_en_de_es_pt_it_fr.txt"};
 
-// Stands in settings, where a file of stop words is named, for that of the input's language,
-// whichever it turns out to be. There is no such file: who finds none chooses by the input.
+// In settings, this file name stands for the stop words of the input's language, which is detected
+// in each run. No such file exists.
 inline constexpr std::string_view INPUT_LANGUAGE_FILE = "stwds_auto.txt";
 
 }  // namespace quorvel

@@ -1,5 +1,5 @@
-// The words that a concordance leaves out: those of a stop-word list, the number
-// words hidden beside them, and the extra stop words that the user types.
+// The words that a concordance leaves out: those of a stop-words file, number words, and the extra
+// stop words that the user types.
 #pragma once
 
 #include <optional>
@@ -14,25 +14,26 @@
 namespace quorvel {
 
 struct StopWordList {
-  SortedWords words;        // as the file spells them
-  SortedWords numberWords;  // the English ones while they are concealed, else none
-  bool loaded = false;      // a file has been read whole
+  SortedWords words;        // as spelled in the file
+  SortedWords numberWords;  // English number words while they are concealed, otherwise empty
+  bool loaded = false;      // a file was read completely
 };
 
 void EraseStopWords(StopWordList& list);
 
-// Conceals the number words like stop words, or no longer.
+// Turns the concealing of number words on or off. Concealed number words count as stop words.
 void ConcealNumWords(StopWordList& list, bool conceal);
 
-// The text of the extra stop words as it is kept: lower case, commas taken as
-// blanks, sorted, with single blanks between the words. UTF-8 both ways.
+// Returns extra stop words in their stored form: lower case, sorted, separated by single blanks.
+// Commas count as blanks. UTF-8 in and out.
 [[nodiscard]] std::string TidyExtraStopWords(std::string_view text, const Alphabet& alphabet);
 
-// The words of tidied extra stop words.
+// Splits tidied extra stop words into words.
 [[nodiscard]] SortedWords ExtraStopWordsOf(std::string_view tidied);
 
-// The first character of the extra stop words that may not stand in a word under the settings, as
-// `reason` of a fault: `notAllowedInStopWord`, or `notAllowedForNow` for one that an option allows.
+// Returns a fault for the first character of the extra stop words that the settings do not allow in
+// a word, with the character as its reason: `notAllowedInStopWord`, or `notAllowedForNow` if an
+// option would allow it.
 [[nodiscard]] std::optional<Fault> FaultInExtraStopWords(const ConcordanceSettings& settings);
 
 }  // namespace quorvel

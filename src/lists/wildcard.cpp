@@ -1,14 +1,14 @@
 #include "lists/wildcard.h"
 
-// Goes along word and pattern once. At a character that does not fit it takes up
-// the last "*" again and lets that stand for one character more: the earlier ones
-// need never be tried again, since the last one can stand for whatever they could.
+// The algorithm walks along word and pattern once. On a mismatch it returns to the last "*" and
+// lets it match one more character. Earlier "*" need not be tried again, because the last one can
+// match whatever they could.
 
 namespace quorvel {
 namespace {
 
-// The element of `pattern` at `p`: one character, or a list in brackets. A list can
-// only begin before `lastBracket`, the last "]" of the pattern.
+// The element of `pattern` at index `p`: one character, or a list in brackets. A list can begin
+// only before `lastBracket`, the index of the last "]".
 std::u16string_view ElementAt(std::u16string_view pattern, std::size_t p, std::size_t lastBracket) {
   const bool isList = pattern[p] == u'[' && p < lastBracket;
   return pattern.substr(p, isList ? pattern.find(u']', p) - p + 1 : 1);
@@ -20,7 +20,7 @@ bool ListHolds(std::u16string_view list, char16_t ch) {
   return (list.find(ch) != std::u16string_view::npos) != negated;
 }
 
-// Whether `element`, which is no "*", stands for `ch`.
+// True when `element`, which must not be "*", matches `ch`.
 bool Fits(std::u16string_view element, char16_t ch, const Alphabet& alphabet) {
   if (element.size() > 1) return ListHolds(element.substr(1, element.size() - 2), ch);
   if (element[0] == u'?') return true;
@@ -35,8 +35,8 @@ bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern,
   constexpr std::size_t NONE = std::u16string_view::npos;
   const std::size_t bracket = pattern.rfind(u']');
   const std::size_t lastBracket = bracket == NONE ? 0 : bracket;
-  std::size_t behindStar = NONE;  // place in the pattern behind the last "*"
-  std::size_t starEnd = 0;        // place in the word behind what that "*" stands for
+  std::size_t behindStar = NONE;  // index in the pattern after the last "*"
+  std::size_t starEnd = 0;        // index in the word after the characters that this "*" matches
   std::size_t p = 0;
   std::size_t w = 0;
   while (w < word.size()) {

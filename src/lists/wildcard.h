@@ -1,4 +1,4 @@
-// Whether a word matches a pattern with wildcards.
+// Matching of words against patterns with wildcards.
 #pragma once
 
 #include <string_view>
@@ -7,15 +7,15 @@
 
 namespace quorvel {
 
-// In `pattern` "*" stands for any run of characters, also none, "?" for any one
-// character, "#" for any one digit of the alphabet, "[abc]" for one of the characters in the
-// brackets and "[!abc]" for one that is not; a "[" that is never closed, and every
-// other character, stands for itself. Case matters. Takes no memory, and time in
-// proportion to both lengths multiplied at the worst.
+// True when `word` matches `pattern`. In `pattern`, "*" matches any number of characters, "?" any
+// one character, "#" any one digit of the alphabet, "[abc]" one of the characters in the brackets,
+// and "[!abc]" any character not in them. A "[" that is never closed and every other character
+// match themselves. Case matters. Allocates no memory. The time is at most proportional to the
+// product of both lengths.
 [[nodiscard]] bool MatchesWildcard(std::u16string_view word, std::u16string_view pattern,
                                    const Alphabet& alphabet);
 
-// Whether a pattern may match anything but itself.
+// True when `pattern` contains a wildcard.
 [[nodiscard]] bool HoldsWildcard(std::u16string_view pattern);
 
 }  // namespace quorvel

@@ -18,10 +18,10 @@ std::string_view TrimControlCharacters(std::string_view line) {
   return line;
 }
 
-// Tells comments from lines that hold words.
+// Separates comments from lines with words.
 class CommentFilter {
  public:
-  // Whether a trimmed line, the next one of the file, is part of a comment.
+  // True when a trimmed line, which must be the next one of the file, belongs to a comment.
   bool Takes(std::string_view line) {
     if (line.ends_with("*/")) {
       inBlock_ = false;
@@ -45,8 +45,8 @@ Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
     bytes = unicode;
   }
   if (bytes.starts_with(BYTE_ORDER_MARK)) bytes.remove_prefix(BYTE_ORDER_MARK.size());
-  // Lines end in CR LF; trimming takes care of the LF. A list without any CR was
-  // made where lines end in LF: taken as one line it would hold no word at all.
+  // Lines end in CR LF; trimming removes the LF. A file without any CR has lines that end in LF. As
+  // a single line it would hold no usable word.
   const char lineEnd = bytes.find('\r') == std::string_view::npos ? '\n' : '\r';
   std::vector<std::u16string> words;
   CommentFilter comments;

@@ -1,9 +1,9 @@
-// The reader of word files: the one format of stop-words files and keywords files.
+// Reads word files: the common format of stop-words files and keywords files.
 //
-// Plain text, one word or several, separated by blanks, in a line; lines that begin
-// with "/*" or end with "*/" are comments, and so is all that stands between two
-// such. Windows-1252 and UTF-8 give the same words. What a word may hold, and in
-// which order words are kept, is for the two lists to say.
+// A word file is plain text with one or more words on each line, separated by blanks. Lines that
+// begin with "/*" or end with "*/" are comments, and so are all lines between them. Windows-1252
+// and UTF-8 give the same words. The two lists themselves decide which words are valid and how they
+// are sorted.
 #pragma once
 
 #include <string>
@@ -16,12 +16,12 @@
 
 namespace quorvel {
 
-// The words of a file in the order that they stand in, unchanged. `stopped`.
+// Returns the words of a file, unchanged and in their order. Fault: `stopped`.
 [[nodiscard]] Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
                                                                    const Alphabet& alphabet,
                                                                    Progress& progress);
 
-// The words between the blanks of `text`: views into it.
+// Splits `text` at blanks. Returns views into `text`.
 [[nodiscard]] std::vector<std::u16string_view> SplitAtBlanks(std::u16string_view text);
 
 }  // namespace quorvel

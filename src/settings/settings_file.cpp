@@ -12,14 +12,14 @@
 #include "files/read_file.h"
 #include "util/ansi.h"
 
-// A text stands between double quotes, and nothing in it is escaped: what holds a
-// double quote itself comes back whole all the same, since a text ends with its line.
+// Texts are written between double quotes without escapes. A text with a double quote is still read
+// back correctly, because it ends with its line.
 
 namespace quorvel {
 namespace {
 
-// Words that the user typed are Windows-1252 in the file. Paths are the file system's
-// own bytes, so that each comes back; on Windows these have a Windows-1252 form.
+// Typed words are stored as Windows-1252. Paths are stored as the file system's own bytes, so that
+// each can be read back; on Windows they are converted to Windows-1252.
 std::string AnsiBytes(std::string_view utf8) { return EncodeAnsi(DecodeUtf8(utf8)); }
 
 std::string Utf8OfAnsi(std::string_view bytes) { return EncodeUtf8(DecodeAnsi(bytes)); }
@@ -71,11 +71,11 @@ std::size_t LinesOf(std::string_view bytes) {
   return lines;
 }
 
-// The place in a list that stands for no choice at all.
+// The list index for no selection.
 constexpr int NO_SELECTION = -1;
 
-// Takes one value after the other off the front of a file. After a fault every further
-// one is left as it was.
+// Reads the values of a file in order. After the first fault, all further values are left
+// unchanged.
 class ValueReader {
  public:
   explicit ValueReader(std::string_view bytes) : rest_(bytes) {}
@@ -90,7 +90,7 @@ class ValueReader {
     if (const auto text = NextText()) words = Utf8OfAnsi(*text);
   }
 
-  // A check box: a text, of which the digits at its front count.
+  // Reads a check box: a text whose leading digits are its value.
   void Box(bool& ticked) {
     const auto text = NextText();
     if (!text) return;
@@ -112,7 +112,7 @@ class ValueReader {
     return Fail<int>("line " + std::to_string(lines_) + " is not a number.");
   }
 
-  // A place in a list of `count` choices, or NO_SELECTION.
+  // Reads an index into a list of `count` choices, or NO_SELECTION.
   std::optional<int> Place(int count) {
     const std::optional<int> place = Number();
     if (!place || (*place >= NO_SELECTION && *place < count)) return place;
@@ -174,7 +174,7 @@ void ReadPanelOptions(ValueReader& values, ConcordanceSettings& settings) {
   }
 }
 
-// False where the word order or the context size is no choice at all.
+// Returns false when the word order or the context size has no selection.
 bool ReadListingOptions(ValueReader& values, ConcordanceSettings& settings) {
   values.Box(settings.showFrequencies);
   values.Box(settings.showLineBreaks);
@@ -191,7 +191,7 @@ bool ReadListingOptions(ValueReader& values, ConcordanceSettings& settings) {
   return order != NO_SELECTION && contextSize != NO_SELECTION;
 }
 
-// A file that is gone is no choice any more.
+// Clears a path whose file does not exist any more.
 void KeepExisting(std::string& path) {
   path = TrimBlanks(path);
   if (!FileExists(path)) path.clear();
@@ -245,7 +245,7 @@ RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string
     result.errorText = prefix + values.Wrong();
     return result;
   }
-  // Only now: a place that is missing keeps nothing else from being read.
+  // Reported last, because a missing selection does not stop the other values from being read.
   if (!placesSelected) result.errorText = "Invalid combo box index";
   KeepExisting(settings.inputFile);
   KeepExisting(settings.searchResultsFile);

@@ -1,7 +1,7 @@
-// The settings record in a file: the state file that the window reads when it starts
-// and writes when it ends, and settings files of the user's choosing.
+// Stores the settings in a file: the state file, which the window reads at its start and writes at
+// its end, and settings files that the user chooses.
 //
-// 22 lines, one value a line, see docs/settings-file.md.
+// A file has 22 lines with one value each; see docs/settings-file.md.
 #pragma once
 
 #include <string>
@@ -11,24 +11,24 @@
 
 namespace quorvel {
 
-// The state file of this user.
+// The path of the user's state file.
 [[nodiscard]] std::string StateFilePath();
 
-// Writes the settings to the file at `path`, or to the state file, whose folder is made
-// where it is missing, when `path` is empty; never in the place of one of the files to keep. Gives
-// an empty text, or what went wrong; then an older file is as it was.
+// Writes the settings to the file at `path`, or to the state file when `path` is empty; its folder
+// is created if needed. Never replaces one of the `kept` files. Returns an empty text on success.
+// On failure it returns the error message, and an existing file is unchanged.
 [[nodiscard]] std::string SaveState(const ConcordanceSettings& settings, const std::string& path,
                                     const FilesToKeep& kept);
 
 struct RestoredState {
   std::string errorText;     // empty when all values were read
-  bool modeSelected = true;  // false where the file selects neither mode
+  bool modeSelected = true;  // false when the file selects neither mode
 };
 
-// Reads the settings from the file at `path`, or from the state file when it is empty.
-// While the program is `starting` the mode becomes create, whatever the file says. What
-// was read before a fault stays. An input, search-results or keywords file that does
-// not exist is left out; the mode stays as it is where the file selects neither.
+// Reads the settings from the file at `path`, or from the state file when `path` is empty. With
+// `starting`, at program start, the mode is always create. On failure, the values before the fault
+// are kept. An input, search-results or keywords file that does not exist is dropped. The mode is
+// unchanged when the file selects neither mode.
 [[nodiscard]] RestoredState RestoreSavedState(ConcordanceSettings& settings,
                                               const std::string& path, bool starting);
 
