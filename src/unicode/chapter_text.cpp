@@ -8,15 +8,16 @@
 #include "input/html_text.h"
 #include "util/ansi.h"
 
-// The walk over web pages does the work. Chapters are XML, though, and the work of typesetters: so
-// what that walk does not know is taken out before. Comments hold mark-up; an element that it skips
-// may be closed at once, and would be skipped to the end of the text; and a word may begin with a
-// large letter of its own.
+// The functions for web pages (html_text.h) do most of the work. Chapters are XML made by
+// typesetting programs, so what those functions cannot handle is removed first: comments, which may
+// contain mark-up; empty elements such as "<script/>", which would be skipped to the end of the
+// text; and tags inside words, such as those around a large initial.
 
 namespace quorvel {
 namespace {
 
-// Not "a" and "sup": behind a word they are the number of a note more often than a part of it.
+// "a" and "sup" are missing: after a word they are more often a note number than a part of the
+// word.
 constexpr std::array<std::string_view, 24> INSIDE_WORDS = {
     "abbr", "acronym", "b",     "bdi",  "bdo",    "big", "cite", "code",
     "dfn",  "em",      "font",  "i",    "ins",    "kbd", "mark", "q",
@@ -28,7 +29,8 @@ bool Holds(const auto& names, std::string_view name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// The name in the tag at the 0-based place of its "<", in lower case, with the "/" of an end tag.
+// The name of the tag whose "<" is at the 0-based index `mark`, in lower case; end tags keep their
+// "/".
 std::string TagName(std::string_view markup, std::size_t mark) {
   constexpr std::size_t LONGEST_NAME = 10;
   const std::string tag = LowerAscii(markup.substr(mark + 1, LONGEST_NAME));
@@ -37,7 +39,7 @@ std::string TagName(std::string_view markup, std::size_t mark) {
   return tag.substr(0, length);
 }
 
-// What is to be made of the tag `name`.
+// How a tag is handled.
 enum class TagUse { keep, drop, blank, begin, beginBody };
 
 TagUse UseOf(std::string_view name, bool isEmpty) {
@@ -48,7 +50,7 @@ TagUse UseOf(std::string_view name, bool isEmpty) {
   return isEmpty && Holds(SKIPPED, name) ? TagUse::blank : TagUse::keep;
 }
 
-// Takes the parts that are kept one after the other.
+// Copies the parts of the markup that are kept.
 class Simplifier {
  public:
   explicit Simplifier(std::string_view markup) : markup_(markup) {}
@@ -67,7 +69,7 @@ class Simplifier {
   }
 
  private:
-  // False where no tag ends any more.
+  // Handles the tag at `mark`. Returns false when the markup has no further ">".
   bool Pass(std::size_t mark) {
     if (tagEnd_ <= mark) tagEnd_ = markup_.find('>', mark);
     if (tagEnd_ == std::string_view::npos) return false;
@@ -76,7 +78,7 @@ class Simplifier {
       Drop(mark, tagEnd_, 1, use == TagUse::blank ? " " : "");
     } else if (use == TagUse::begin || (use == TagUse::beginBody && !inBody_)) {
       kept_.clear();
-      done_ = mark;  // the walk takes the tag
+      done_ = mark;  // the tag is left for html_text.h
       inBody_ = use == TagUse::beginBody;
     }
     return true;
@@ -89,15 +91,15 @@ class Simplifier {
 
   std::string_view markup_;
   std::string kept_;
-  std::size_t done_ = 0;    // what stands before it was kept or dropped
-  std::size_t tagEnd_ = 0;  // the first ">" behind some mark, searched once
+  std::size_t done_ = 0;    // end of the handled markup
+  std::size_t tagEnd_ = 0;  // the first ">" after `mark`, cached
   bool inBody_ = false;
 };
 
 }  // namespace
 
 std::string ChapterText(std::string_view markup, bool ignoreLists) {
-  // The walk drops what stands before the first ">".
+  // StripTags removes everything before the first ">".
   std::string text = ">" + Simplifier(markup).Run();
   if (ignoreLists) {
     StripTagsAndLists(text, true);

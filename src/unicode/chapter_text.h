@@ -1,4 +1,4 @@
-// The text of a chapter of a book: a page of which neither document type nor head is demanded.
+// Extracts the text of a book chapter: a page that needs neither a document type nor a head.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace quorvel {
 
-// The text of a chapter's lines, which are joined by blanks, with blanks compacted; its entities
-// stay. Scripts, style sheets and, with `ignoreLists`, lists are left out as those of web pages
-// are. A tag leaves a blank, but for those that stand inside words, like "<b>".
+// Returns the text of a chapter, whose lines must already be joined by blanks. Blanks are
+// compacted, and entities stay. Scripts, style sheets and, with `ignoreLists`, lists are left out
+// as for web pages. Each tag becomes a blank, except tags that occur inside words, such as "<b>".
 [[nodiscard]] std::string ChapterText(std::string_view markup, bool ignoreLists);
 
 }  // namespace quorvel

@@ -16,7 +16,7 @@ struct CharsetAlias {
   Charset charset;
 };
 
-// The names that browsers know, and a few that only people use.
+// The names that browsers accept, and a few other common ones.
 constexpr std::array CHARSET_NAMES = {
     CharsetAlias{"utf-8", Charset::utf8},
     CharsetAlias{"utf8", Charset::utf8},
@@ -54,7 +54,7 @@ constexpr std::array CHARSET_NAMES = {
     CharsetAlias{"csisolatin9", Charset::iso885915},
 };
 
-// The beginning of a text in lower case.
+// The beginning of a text, in lower case.
 std::string LowerStart(std::string_view text, std::size_t length) {
   return LowerAscii(text.substr(0, length));
 }
@@ -65,7 +65,7 @@ bool IsNameCharacter(char ch) {
          OTHERS.find(ch) != std::string_view::npos;
 }
 
-// What follows `key` and "=" in a tag in lower case, without its quotation marks.
+// The value after `key` and "=" in a tag in lower case, without its quotation marks.
 std::string NameBehind(std::string_view tag, std::string_view key) {
   for (std::size_t place = tag.find(key); place != std::string_view::npos;
        place = tag.find(key, place + 1)) {
@@ -79,7 +79,7 @@ std::string NameBehind(std::string_view tag, std::string_view key) {
   return {};
 }
 
-// XML without a mark that is UTF-16 begins so, and so does no other text.
+// Only UTF-16 XML without a byte-order mark begins with these bytes.
 std::optional<Charset> CharsetByZeros(std::string_view bytes) {
   using namespace std::string_view_literals;
   if (bytes.starts_with("<\0"sv)) return Charset::utf16LittleEndian;

@@ -1,4 +1,4 @@
-// The character set that a web page or an XML text declares, and its text read by that.
+// Detects the character set that a web page or an XML text declares, and decodes the text.
 #pragma once
 
 #include <optional>
@@ -9,22 +9,24 @@
 
 namespace quorvel {
 
-// The name of the character set as it stands in the "<?xml" or in a "<meta" of the head, in lower
-// case; empty where none is declared. What stands in comments does not count.
+// Returns the name of the character set in "<?xml" or in a "<meta" of the head, in lower case.
+// Empty when none is declared. Comments are skipped.
 [[nodiscard]] std::string DeclaredCharset(std::string_view markup);
 
-// The character set of a name, which is in lower case; nothing where it cannot be read. A text in
-// ISO-8859-1 is read as Windows-1252, which has all its characters and is what is nearly always
-// meant. UTF-16 by name is UTF-8: with other bytes nobody could have read the name.
+// Returns the character set for a name in lower case, or nothing when it is not supported.
+// ISO-8859-1 is read as Windows-1252, which contains all its printable characters and is nearly
+// always the real encoding. A declaration of UTF-16 means UTF-8, because the name could not be read
+// in real UTF-16.
 [[nodiscard]] std::optional<Charset> CharsetNamed(std::string_view name);
 
-// A text, or the name of the character set that it cannot be read in.
+// The decoded text, or the name of a character set that is not supported.
 struct DecodedMarkup {
   Utf8Text decoded;
-  std::string unknownCharset;  // empty where it was read
+  std::string unknownCharset;  // empty when the text was decoded
 };
 
-// The text of a page or an XML text: by its mark, else by what it declares, else by its bytes.
+// Decodes a page or an XML text: by its byte-order mark, else by its declaration, else as
+// TextOfBytes does.
 [[nodiscard]] DecodedMarkup DecodeMarkup(std::string_view bytes);
 
 }  // namespace quorvel

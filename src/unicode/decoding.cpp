@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view REPLACEMENT = "\xEF\xBF\xBD";
 
-// What the second byte of a UTF-8 sequence may be, and how long it is, by its first byte.
+// The length of a UTF-8 sequence and the range of its second byte, determined by its first byte.
 struct LeadByte {
   std::size_t length;
   std::uint8_t lowest;
@@ -24,7 +24,7 @@ constexpr LeadByte LeadByteOf(std::uint8_t byte) {
   if (byte < 0x80) return {1, 0, 0};
   if (byte < 0xC2 || byte > 0xF4) return {0, 0, 0};
   if (byte < 0xE0) return {2, 0x80, 0xBF};
-  // Neither longer than need be, nor a surrogate, nor above the last character.
+  // These ranges exclude overlong forms, surrogates and code points above 10FFFF hex.
   if (byte == 0xE0) return {3, 0xA0, 0xBF};
   if (byte == 0xED) return {3, 0x80, 0x9F};
   if (byte < 0xF0) return {3, 0x80, 0xBF};
@@ -32,7 +32,7 @@ constexpr LeadByte LeadByteOf(std::uint8_t byte) {
   return {4, 0x80, static_cast<std::uint8_t>(byte == 0xF4 ? 0x8F : 0xBF)};
 }
 
-// The front of some bytes: one character, or what stands there instead of one.
+// The sequence at the front of some bytes: one valid character, or bytes to be replaced.
 struct Sequence {
   std::size_t length;
   bool isValid;
@@ -50,14 +50,14 @@ Sequence SequenceAt(std::string_view bytes) {
   return {end, end == lead.length};
 }
 
-// The first place from `place` on that is no ASCII.
+// The first index from `place` on with a byte that is not ASCII.
 std::size_t SkipAscii(std::string_view bytes, std::size_t place) {
   return place + AsciiLength(bytes.substr(place));
 }
 
-// Goes behind characters of two bytes, those of whole alphabets, and the short stretches of ASCII
-// between them; gives how many they are. Where words end cannot be foretold, so it goes on without
-// a jump at each.
+// Skips characters of two bytes, which whole alphabets consist of, and single ASCII characters
+// between them. Returns the number of two-byte characters. Both cases share one branch: a branch
+// for each length would often be mispredicted.
 std::int64_t SkipPairs(std::string_view bytes, std::size_t& place) {
   constexpr std::size_t STEPS = 32;
   std::int64_t pairs = 0;
@@ -76,9 +76,9 @@ std::int64_t SkipPairs(std::string_view bytes, std::size_t& place) {
 }
 
 struct Utf8Counts {
-  std::int64_t characters = 0;    // of several bytes
-  std::int64_t wrongBytes = 0;    // those that are no UTF-8
-  std::int64_t replacements = 0;  // to be put in their place
+  std::int64_t characters = 0;    // characters of several bytes
+  std::int64_t wrongBytes = 0;    // bytes that are not valid UTF-8
+  std::int64_t replacements = 0;  // U+FFFD needed for them
 };
 
 Utf8Counts CountUtf8(std::string_view bytes) {
@@ -167,7 +167,7 @@ std::optional<CharsetMark> CharsetMarkOf(std::string_view bytes) {
     std::string_view bytes;
     Charset charset;
   };
-  // The longer of those that begin alike comes first.
+  // Of marks with the same beginning, the longer one comes first.
   constexpr std::array MARKS = {
       Mark{"\xFF\xFE\0\0"sv, Charset::utf32}, Mark{"\0\0\xFE\xFF"sv, Charset::utf32},
       Mark{BYTE_ORDER_MARK, Charset::utf8}, Mark{"\xFF\xFE"sv, Charset::utf16LittleEndian},

@@ -18,10 +18,11 @@ namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
 
-// Of the parts that only lead to others: far above what any document has.
+// The size limit for entries that only refer to others, in bytes: far above that of any real
+// document.
 constexpr std::uint64_t LONGEST_DIRECTORY = 4194304;
 
-// The value of the two hexadecimal digits at the front; nothing where none are there.
+// The value of two hexadecimal digits at the front, or nothing.
 std::optional<char> HexByte(std::string_view digits) {
   constexpr std::string_view DIGITS = "0123456789abcdef";
   if (digits.size() < 2) return std::nullopt;
@@ -42,10 +43,10 @@ std::string PercentDecoded(std::string_view reference) {
   return decoded;
 }
 
-// The folder of an entry with its "/"; empty for none.
+// The folder of an entry with its "/", or empty.
 std::string_view FolderOf(std::string_view entry) { return entry.substr(0, entry.rfind('/') + 1); }
 
-// The entry that a reference in another entry leads to.
+// Resolves a reference in an entry of `folder` to the name of an entry.
 std::string EntryOf(std::string_view folder, std::string_view reference) {
   reference = reference.substr(0, reference.find('#'));
   const std::string path =
@@ -63,7 +64,7 @@ std::string EntryOf(std::string_view folder, std::string_view reference) {
   return entry;
 }
 
-// Takes the parts out of one archive.
+// Extracts the parts of one archive.
 class PartTaker {
  public:
   PartTaker(const InputBytes& input, PackedKind kind, const BodyLimits& limits)
@@ -71,7 +72,7 @@ class PartTaker {
     taken_.kind = kind;
   }
 
-  // The bytes of an entry that only leads to others; empty where it is not there or far too long.
+  // The bytes of an entry that only refers to others. Empty when it is missing or too long.
   std::string Directory(const std::string& entry) {
     std::string bytes;
     const Result<UnpackedEntry> unpacked =
@@ -81,7 +82,7 @@ class PartTaker {
     return bytes;
   }
 
-  // Adds an entry to the parts. False where it is too long.
+  // Unpacks an entry and adds it to the parts. Returns false when the parts are too long.
   [[nodiscard]] bool Take(const std::string& entry) {
     std::string bytes;
     const Result<UnpackedEntry> unpacked =
@@ -110,7 +111,7 @@ class PartTaker {
   UnpackedParts taken_;
 };
 
-// The entry that relations lead to by a type whose address ends so; empty for none.
+// The entry of the first internal relationship whose type ends with `type`, or empty.
 std::string RelatedEntry(const Rows& relations, std::string_view type, std::string_view folder) {
   const auto found = std::find_if(relations.begin(), relations.end(), [&](const auto& row) {
     return row[0].ends_with(type) && row[2] != "External";
@@ -138,7 +139,7 @@ std::vector<std::string> WordEntries(bool notes, PartTaker& taker) {
   return entries;
 }
 
-// The entries that a book says are encrypted.
+// The entries that a book declares as encrypted.
 std::set<std::string> EncryptedEntries(PartTaker& taker) {
   std::set<std::string> entries;
   const std::string xml = taker.Directory("META-INF/encryption.xml");
@@ -152,7 +153,8 @@ bool IsChapter(std::string_view mediaType) {
   return mediaType.find("html") != std::string_view::npos || mediaType == "text/x-oeb1-document";
 }
 
-// The entries of a book's chapters, those that are encrypted left out, which is damage.
+// The entries of a book's chapters. Encrypted chapters are left out, and the book counts as
+// damaged.
 std::vector<std::string> BookEntries(PartTaker& taker) {
   const Rows roots =
       AttributesOf(taker.Directory("META-INF/container.xml"), "rootfile", {"full-path"}).rows;

@@ -1,7 +1,7 @@
-// Documents that are zip archives of XML: DOCX, ODT and EPUB, and the parts of them that hold text.
+// Documents that are zip archives of XML (DOCX, ODT and EPUB), and the parts with their text.
 //
-// The parts are unpacked in memory. Which they are the archive itself says; a name in it is only
-// ever looked up in the archive again.
+// The parts are unpacked in memory. The archive itself names the parts, and these names are only
+// looked up in the archive, never on the disk.
 #pragma once
 
 #include <cstdint>
@@ -19,21 +19,21 @@ namespace quorvel {
 
 enum class PackedKind { docx, odt, epub };
 
-// The kind of an input that is named so and is a zip archive by its first bytes. Nothing for all
-// others, which are read like text files.
+// Returns the kind of an input that has the extension and begins like a zip archive. Returns
+// nothing for all other inputs, which are read as text files.
 [[nodiscard]] std::optional<PackedKind> PackedKindOf(const InputBytes& input);
 
 struct UnpackedParts {
   PackedKind kind = PackedKind::docx;
-  std::vector<std::string> parts;  // in the order in which they are read
+  std::vector<std::string> parts;  // in reading order
   std::uint64_t length = 0;        // of all parts, in bytes
-  bool isDamaged = false;          // a part is missing, encrypted, or has another checksum
+  bool isDamaged = false;          // a part is missing, encrypted, or has a wrong checksum
 };
 
-// Unpacks the parts of a document that hold its text: the body, with `notes` also the notes of a
-// DOCX document; the chapters of an EPUB book in its order, each once. `bodyTooLarge` where all
-// parts together have more than `limits.hard` bytes, `stopped`. Whether a large or damaged document
-// is to be read is for the caller to ask; there is nothing to read where its length is 0.
+// Unpacks the parts of a document with its text: the body, and with `notes` also the notes of a
+// DOCX document; for an EPUB book its chapters in order, each once. Faults: `bodyTooLarge` when all
+// parts together are longer than `limits.hard` bytes, `stopped`. The caller asks the user whether
+// to read a large or damaged document. A document of length 0 has nothing to read.
 [[nodiscard]] Result<UnpackedParts> UnpackTextParts(const InputBytes& input, PackedKind kind,
                                                     const UnicodeOptions& options,
                                                     const BodyLimits& limits, Progress& progress);

@@ -13,7 +13,8 @@
 namespace quorvel {
 namespace {
 
-// Bytes of XML between two looks at the stop request, and up to which no progress bar is drawn.
+// The number of bytes of XML between two checks for a stop request, and the maximum length of a
+// document without a progress bar.
 constexpr std::size_t LOOK_INTERVAL = 65536;
 constexpr std::uint64_t LARGEST_WITHOUT_BAR = 1000000;
 
@@ -25,7 +26,7 @@ XmlEvents EventsFor(TextWalker& walker) {
   return events;
 }
 
-// ODT writes soft and no-break hyphens as characters, where DOCX has elements for them.
+// ODT writes soft and no-break hyphens as characters, DOCX as elements.
 void PlainHyphens(std::string& text) {
   constexpr std::string_view SOFT = "\xC2\xAD";
   constexpr std::string_view NO_BREAK = "\xE2\x80\x91";
@@ -78,7 +79,7 @@ bool PackedText::Read(Progress& progress) {
   return true;
 }
 
-// Reads a piece of a part; gives where the next one begins.
+// Reads a piece of a part. Returns the index of the next piece.
 std::size_t PackedText::ReadXml(const std::string& part) {
   if (!xml_) {
     walker_.BeginPart();
@@ -112,7 +113,7 @@ PreparedText PackedText::Take() {
   if (parts_.kind == PackedKind::epub) {
     return {FinishedText(std::move(chapters_.text)), replaced_};
   }
-  // The parser's word that it is valid is not relied upon.
+  // The text is validated again, so that it does not depend on the parser.
   std::string text = Decode(walker_.Taken(), Charset::utf8).text;
   if (parts_.kind == PackedKind::odt) PlainHyphens(text);
   CompactSpaces(text);
@@ -125,7 +126,7 @@ std::string TextOfIntactPacked(const InputBytes& input, PackedKind kind,
   const Result<UnpackedParts> parts = UnpackTextParts(input, kind, options, BodyLimits(), nobody);
   if (!parts || parts->isDamaged) return {};
   PackedText text(*parts, options);
-  // Nobody can stop it.
+  // SilentProgress is never stopped.
   return text.Read(nobody) && !text.IsDamaged() ? text.Take().text : std::string();
 }
 

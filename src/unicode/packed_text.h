@@ -1,4 +1,4 @@
-// The text of a word-processor document or a book, of its unpacked parts.
+// Extracts the text of a word-processor document or a book from its unpacked parts.
 #pragma once
 
 #include <cstddef>
@@ -16,22 +16,22 @@
 
 namespace quorvel {
 
-// Paragraphs and chapters are joined by a blank. Chapters of a book are read as web pages are, each
-// by its own character set; all else by an XML parser.
+// Paragraphs and chapters are joined by blanks. The chapters of a book are read like web pages,
+// each in its own character set; everything else is read by an XML parser.
 class PackedText {
  public:
-  // The parts must outlive it.
+  // `parts` must outlive the object.
   PackedText(const UnpackedParts& parts, const UnicodeOptions& options);
 
-  // Reads on. False when a stop was requested: whoever calls again, with the same `progress`, goes
-  // on where it was. In long parts a progress bar shows how far it has come, until the end.
+  // Reads to the end. Returns false when a stop was requested; the next call, with the same
+  // `progress`, continues at the same place. For long parts a progress bar is shown.
   [[nodiscard]] bool Read(Progress& progress);
 
-  // Whether a part turned out to be no well-formed XML, or a chapter in a character set that cannot
-  // be read: its text is missing from there on.
+  // True when a part was not well-formed XML, or a chapter had an unsupported character set. The
+  // text of that part is missing from there on.
   [[nodiscard]] bool IsDamaged() const { return isDamaged_; }
 
-  // What has been read so far, prepared; to be taken once.
+  // Returns the text read so far, prepared. May be called only once.
   [[nodiscard]] PreparedText Take();
 
  private:
@@ -41,18 +41,18 @@ class PackedText {
   const UnpackedParts& parts_;
   bool ignoreLists_;
   TextWalker walker_;
-  std::optional<XmlReader> xml_;  // of a part that is being read
+  std::optional<XmlReader> xml_;  // parser of the current part
   GrowingText chapters_;
   std::int64_t replaced_ = 0;
   bool isDamaged_ = false;
-  std::size_t part_ = 0;      // the 0-based number of the part that is read next, ...
-  std::size_t place_ = 0;     // ... the 0-based place in it, ...
-  std::uint64_t passed_ = 0;  // ... and the bytes of those before it
+  std::size_t part_ = 0;      // 0-based number of the current part
+  std::size_t place_ = 0;     // 0-based index in the current part
+  std::uint64_t passed_ = 0;  // bytes of the parts before it
   std::optional<ProgressBar> bar_;
 };
 
-// The text of a whole document, unpacked and read in silence: empty where that cannot be done
-// without a question.
+// Returns the text of a whole document, unpacked in memory. Empty when the user would have to be
+// asked about the document, or when it cannot be read.
 [[nodiscard]] std::string TextOfIntactPacked(const InputBytes& input, PackedKind kind,
                                              const UnicodeOptions& options);
 

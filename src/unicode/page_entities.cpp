@@ -10,14 +10,14 @@
 namespace quorvel {
 namespace {
 
-// What a name stands for: one character, or two.
+// A named entity: one or two characters.
 struct NamedEntity {
-  const char* name;  // without its "&" and ";"
+  const char* name;  // without "&" and ";"
   char32_t first;
   char32_t second = 0;
 };
 
-// In the order of the names, for the binary search.
+// Sorted by name for the binary search.
 constexpr NamedEntity NAMED_ENTITIES[] = {
 #include "unicode/named_entities.inc"
 };
@@ -25,7 +25,8 @@ static_assert(std::ranges::is_sorted(NAMED_ENTITIES, {}, [](const NamedEntity& e
   return std::string_view(entity.name);
 }));
 
-// Between "&" and ";": the longest name has 31 characters, and no number needs more.
+// The maximum length between "&" and ";". The longest name has 31 characters, and no number needs
+// more.
 constexpr std::size_t LONGEST_REFERENCE = 32;
 
 std::optional<NamedEntity> EntityNamed(std::string_view name) {
@@ -35,7 +36,7 @@ std::optional<NamedEntity> EntityNamed(std::string_view name) {
   return *found;
 }
 
-// The value of a digit; one that is too high for any base where it is none.
+// The value of a digit, or NO_DIGIT, which is greater than any base.
 std::uint32_t DigitValue(char ch) {
   constexpr std::uint32_t NO_DIGIT = 99;
   if (ch >= '0' && ch <= '9') return static_cast<std::uint32_t>(ch - '0');
@@ -43,7 +44,7 @@ std::uint32_t DigitValue(char ch) {
   return lower >= 'a' && lower <= 'f' ? static_cast<std::uint32_t>(lower - 'a' + 10) : NO_DIGIT;
 }
 
-// The number in "233" or "xE9", at most one above the last character; nothing where it is none.
+// Parses "233" or "xE9". Returns at most BEHIND_LAST, or nothing for anything that is not a number.
 std::optional<char32_t> NumberOf(std::string_view digits) {
   constexpr std::uint32_t BEHIND_LAST = 0x110000;
   const bool isHex = digits.starts_with('x') || digits.starts_with('X');

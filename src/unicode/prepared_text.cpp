@@ -21,7 +21,7 @@ bool IsTooLong(const std::string& text) {
   return text.size() > std::numeric_limits<std::int32_t>::max();
 }
 
-// A mark that tells of UTF-32 tells so in a plain text, too; nothing else is declared there.
+// In plain text only a byte-order mark of UTF-32 must be reported; nothing else is declared there.
 DecodedMarkup DecodeInput(const InputBytes& input) {
   const std::string_view bytes = input.View();
   const std::optional<CharsetMark> mark = CharsetMarkOf(bytes);
@@ -30,7 +30,7 @@ DecodedMarkup DecodeInput(const InputBytes& input) {
   return {TextOfBytes(bytes), {}};
 }
 
-// The lines of an input, joined; `unknownCharset`, `textTooLong`, `stopped`.
+// Returns the joined lines of an input. Faults: `unknownCharset`, `textTooLong`, `stopped`.
 Result<PreparedText> ReadLines(const InputBytes& input, Progress& progress) {
   progress.BeginPhase("Reading file");
   const DecodedMarkup markup = DecodeInput(input);
@@ -46,7 +46,7 @@ Result<PreparedText> ReadLines(const InputBytes& input, Progress& progress) {
   return lines;
 }
 
-// The place of the third character in bytes, or behind the text where it has fewer.
+// The index of the third character in bytes, or the length of a shorter text; at least 2.
 std::size_t ThirdCharacter(std::string_view text) {
   std::size_t place = 0;
   for (int characters = 0; place < text.size(); ++place) {

@@ -1,7 +1,7 @@
-// A text file or web page as Unicode: from its bytes to the text that is searched for words.
+// Reads a text file or a web page as Unicode: from its bytes to the text that is scanned for words.
 //
-// The way is that of the reading in Windows-1252, step for step, but nothing is repaired and no
-// punctuation is made plain: the bytes become valid UTF-8 first, all else follows.
+// The steps are those of the Windows-1252 reading, but nothing is repaired and no punctuation is
+// replaced: the bytes are converted to valid UTF-8 first.
 #pragma once
 
 #include <cstdint>
@@ -13,30 +13,30 @@
 
 namespace quorvel {
 
-// What decides which text is made of an input.
+// The options that decide which text is made from an input.
 struct UnicodeOptions {
-  bool ignoreLists = false;  // leave out the lists of pages
-  bool notes = false;        // add footnotes and endnotes of word-processor documents
+  bool ignoreLists = false;  // leave out the lists of web pages
+  bool notes = false;        // include footnotes and endnotes of word-processor documents
 
   bool operator==(const UnicodeOptions&) const = default;
 };
 
-// Valid UTF-8 in its composed form, its lines joined, without mark-up, its blanks compacted, its
-// double hyphens blanked.
+// Valid UTF-8 in composed form: lines joined, mark-up removed, blanks compacted, double hyphens
+// blanked.
 struct PreparedText {
   std::string text;
-  std::int64_t replaced = 0;  // how many U+FFFD stand for bytes that were no characters
+  std::int64_t replaced = 0;  // number of U+FFFD that replace invalid bytes
 };
 
-// The prepared text of a text file or web page; the name tells one from the other, as everywhere.
-// `unknownCharset` with its name as the reason, `noHead`, `textTooLong` where its bytes cannot all
-// be counted, `stopped`.
+// Prepares a text file or a web page; the file name tells which it is. Faults: `unknownCharset`
+// with its name as the reason, `noHead`, `textTooLong` when the text has more bytes than a position
+// can hold, `stopped`.
 [[nodiscard]] Result<PreparedText> PrepareUnicodeText(const InputBytes& input,
                                                       const UnicodeOptions& options,
                                                       Progress& progress);
 
-// What is done last with every text, whatever document it came from: composes its characters and
-// blanks its double hyphens.
+// The last steps for the text of any document: composes its characters and blanks its double
+// hyphens.
 [[nodiscard]] std::string FinishedText(std::string text);
 
 }  // namespace quorvel

@@ -14,7 +14,7 @@ constexpr std::string_view TEXT = "urn:oasis:names:tc:opendocument:xmlns:text:1.
 constexpr std::string_view DRAWING = "urn:oasis:names:tc:opendocument:xmlns:drawing:1.0";
 constexpr std::string_view SVG = "urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0";
 
-// Tabs stand in the stops of a paragraph, too, where they are no text.
+// "tab" elements also occur inside "tabs", where they define tab stops and are no text.
 constexpr std::array WORD_RULES = {
     TextRule{{WORD, "t"}, TextRole::text},
     TextRule{{WORD, "p"}, TextRole::paragraph},
@@ -32,7 +32,7 @@ constexpr std::array WORD_RULES = {
     TextRule{{COMPATIBILITY, "Fallback"}, TextRole::alternative},
 };
 
-// "text:s" stands for several blanks, which become one later.
+// "text:s" stands for several blanks, which are compacted to one later.
 constexpr std::array OPEN_DOCUMENT_RULES = {
     TextRule{{TEXT, "p"}, TextRole::paragraphText},
     TextRule{{TEXT, "h"}, TextRole::paragraphText},

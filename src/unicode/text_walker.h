@@ -1,8 +1,8 @@
-// The walk over the XML of a word-processor document, of either kind, to its text.
+// Walks over the XML of a word-processor document and collects its text.
 //
-// Which elements mean what stands in one table for each kind; what is in no table is passed, and
-// what it holds counts. Text is what a reader of the document sees: not what was deleted, nor the
-// comments of others, and a text box once.
+// A table for each kind of document says what its elements mean. Elements that are not in the table
+// are transparent: their contents count. The text is what a reader of the document sees, without
+// deleted text and comments, and with each text box once.
 #pragma once
 
 #include <array>
@@ -16,20 +16,20 @@
 
 namespace quorvel {
 
-// What an element means for the text.
+// The meaning of an element for the text.
 enum class TextRole {
-  text,           // what stands in it counts
-  paragraph,      // a blank separates it from others
+  text,           // its text counts
+  paragraph,      // separated from others by a blank
   paragraphText,  // both
-  properties,     // of a paragraph, which is said to go on in the next one by a deletion in them
+  properties,     // of a paragraph; a deletion in them joins the paragraph to the next one
   blank,
   hyphen,
-  leftOut,       // with all that it holds
-  deleted,       // the same; see properties
-  note,          // what stands in it comes behind the text, if it is wanted
-  alternatives,  // one of the following counts, the first
+  leftOut,       // left out with its contents
+  deleted,       // left out too; see properties
+  note,          // its text is added after the body, if notes are included
+  alternatives,  // only the first alternative in it counts
   alternative,
-  passed,  // none of these
+  passed,  // transparent
 };
 
 inline constexpr std::size_t TEXT_ROLES = static_cast<std::size_t>(TextRole::passed) + 1;
@@ -43,7 +43,7 @@ struct TextRule {
 [[nodiscard]] std::span<const TextRule> WordTextRules();
 [[nodiscard]] std::span<const TextRule> OpenDocumentRules();
 
-// A text that grows. A blank is put only between two pieces.
+// A text that grows, with blanks only between two pieces.
 struct GrowingText {
   std::string text;
   bool wantsBlank = false;
@@ -51,8 +51,8 @@ struct GrowingText {
   void Append(std::string_view piece);
 };
 
-// Takes the events of the XML. Pieces of one paragraph are joined with nothing between them, so
-// that a word in several pieces stays one.
+// Receives the events of the XML. The pieces of a paragraph are joined without a separator, because
+// a word may be split into several pieces.
 class TextWalker {
  public:
   TextWalker(std::span<const TextRule> rules, bool withNotes)
@@ -62,10 +62,10 @@ class TextWalker {
   void End();
   void Text(std::string_view text);
 
-  // To be called before each part of a document.
+  // Must be called before each part of a document.
   void BeginPart();
 
-  // The text of all that was walked over, its notes behind it.
+  // Returns the text of all parts, followed by the notes.
   [[nodiscard]] std::string Taken();
 
  private:
@@ -83,11 +83,11 @@ class TextWalker {
   bool withNotes_;
   GrowingText body_;
   GrowingText notes_;
-  std::vector<TextRole> open_;  // the roles of the open elements, ...
+  std::vector<TextRole> open_;  // roles of the open elements, up to the first that is left out
   std::array<int, TEXT_ROLES> openCounts_{};
-  std::size_t leftOut_ = 0;     // ... up to one that is left out, which adds to this
-  std::vector<bool> goesOn_;    // of each open paragraph: whether the next one belongs to it
-  std::vector<bool> isChosen_;  // of each open choice: whether one was taken
+  std::size_t leftOut_ = 0;     // number of open elements from there on
+  std::vector<bool> goesOn_;    // for each open paragraph: the next one belongs to it
+  std::vector<bool> isChosen_;  // for each open choice: an alternative was taken
 };
 
 }  // namespace quorvel

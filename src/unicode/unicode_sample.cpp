@@ -13,7 +13,7 @@
 namespace quorvel {
 namespace {
 
-constexpr std::size_t MOST_BYTES = 3;  // of a code unit, in whatever encoding
+constexpr std::size_t MOST_BYTES = 3;  // per code unit, in any encoding
 
 std::string BeginningOfText(const InputBytes& input, std::size_t length) {
   if (const auto kind = PackedKindOf(input)) return TextOfIntactPacked(input, *kind, {});

@@ -1,4 +1,5 @@
-// The beginning of a document's text, read as Unicode, to see what it is like before a run.
+// Extracts the beginning of a document's text, read as Unicode, before a run, for language
+// recognition.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +9,8 @@
 
 namespace quorvel {
 
-// The first `length` code units of the text of an input, in Windows-1252, "?" for what that does
-// not have. Empty where there is no text in it.
+// Returns the first `length` code units of the text of an input in Windows-1252, with "?" for other
+// characters. Empty when the input has no text.
 [[nodiscard]] std::string UnicodeSample(const InputBytes& input, std::size_t length);
 
 }  // namespace quorvel

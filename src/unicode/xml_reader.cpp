@@ -9,10 +9,10 @@
 namespace quorvel {
 namespace {
 
-// Between the two parts of a name; a namespace's address cannot hold it.
+// Separates the two parts of a name. It cannot occur in a namespace address.
 constexpr char SEPARATOR = '\n';
 
-// How many elements may be open: some ten times what documents have.
+// The maximum nesting depth, about ten times that of real documents.
 constexpr int MOST_OPEN_ELEMENTS = 1000;
 
 XmlName NameOf(std::string_view name) {
@@ -28,7 +28,7 @@ struct XmlReader::Parser {
   XmlEvents events;
   int openElements = 0;
   bool refused = false;
-  std::exception_ptr thrown;  // which must not go through the library
+  std::exception_ptr thrown;  // exceptions must not pass through the library
 
   static Parser& Of(void* data) { return *static_cast<Parser*>(data); }
 

@@ -1,8 +1,8 @@
-// XML as a series of events: elements begin and end, and text stands between them.
+// An XML reader that reports events: elements begin and end, with text between them.
 //
-// Behind it stands an XML library, which knows namespaces and encodings. What documents do not need
-// is not done: nothing is read from elsewhere, no entity may be declared, and elements do not stand
-// in each other without end. So neither memory nor time grows faster than the text.
+// It uses an XML library that handles namespaces and encodings. Features that documents do not need
+// are disabled: external data, entity declarations and unlimited nesting. So memory and time grow
+// no faster than the input.
 #pragma once
 
 #include <functional>
@@ -13,31 +13,30 @@
 
 namespace quorvel {
 
-// The name of an element: the namespace's own address, which prefix a document may choose for it,
-// and the name in that.
+// The name of an element: the address of its namespace, whatever prefix the document uses for it,
+// and the local name.
 struct XmlName {
   std::string_view space;
   std::string_view local;
 };
 
-// The attributes of one start tag, while its event lasts.
+// The attributes of a start tag. Valid only during its event.
 class XmlAttributes {
  public:
   explicit XmlAttributes(const char** pairs) : pairs_(pairs) {}
 
-  // The value of the first one of this name, in whatever namespace; empty where there is none.
+  // The value of the first attribute with this local name in any namespace, or empty.
   [[nodiscard]] std::string_view Value(std::string_view local) const;
 
  private:
   const char** pairs_;
 };
 
-// What is called. Names, attributes and texts last as long as the call.
+// The callbacks. Names, attributes and texts are valid only during the call.
 struct XmlEvents {
   std::function<void(const XmlName&, const XmlAttributes&)> start;
   std::function<void(const XmlName&)> end;
-  std::function<void(std::string_view)>
-      text;  // valid UTF-8; often only a part of what stands there
+  std::function<void(std::string_view)> text;  // valid UTF-8; often only a part of the text
 };
 
 class XmlReader {
@@ -47,8 +46,9 @@ class XmlReader {
   XmlReader(const XmlReader&) = delete;
   XmlReader& operator=(const XmlReader&) = delete;
 
-  // Reads on in a document, `isLast` its end; an event's exception comes out here. False as soon as
-  // it is no well-formed XML, or more than is read: nothing more must be read then.
+  // Reads the next bytes of a document; `isLast` marks its end. Rethrows exceptions of the
+  // callbacks. Returns false when the XML is not well-formed or uses a disabled feature; nothing
+  // more may be read then.
   [[nodiscard]] bool Read(std::string_view bytes, bool isLast);
 
  private:
@@ -56,14 +56,14 @@ class XmlReader {
   std::unique_ptr<Parser> parser_;
 };
 
-// The values of some attributes of each element of one name.
+// The values of some attributes, one row for each element.
 struct AttributeRows {
   std::vector<std::vector<std::string>> rows;
-  bool isDamaged = false;  // they end where the XML is at fault
+  bool isDamaged = false;  // the XML is invalid after the last row
 };
 
-// The values of these attributes, in this order, of each element with the name `local` in a whole
-// document.
+// Returns the values of `attributes`, in this order, for each element with the name `local` in a
+// whole document.
 [[nodiscard]] AttributeRows AttributesOf(std::string_view xml, std::string_view local,
                                          const std::vector<std::string_view>& attributes);
 
