@@ -12,9 +12,10 @@
 
 // The XML is searched for four strings, the tags with the document's prefix, without parsing its
 // structure. Compatibility: the consequences decide which words a listing has, so they must stay. A
-// run start is recognized by the character after it, so an empty run with attributes ("<w:t
-// x=""/>") takes everything up to the next run end as its text. A line break is recognized only in
-// its shortest spelling, and a tab is ignored. Only the five entities that XML defines are decoded.
+// run start is recognized by the character after it. So an empty run with attributes, such as
+// "<w:t x='y'/>", takes everything up to the next run end as its text. A line break is recognized
+// only in its shortest spelling, and a tab is ignored. Only the five entities that XML defines are
+// decoded.
 
 namespace quorvel {
 namespace {

@@ -7,7 +7,7 @@
 namespace quorvel {
 namespace {
 
-// A path as the header shows it: a line end in it would end the line.
+// Replaces control characters in a path, because a line end would split the header line.
 std::string PathOnOneLine(const std::string& path) {
   std::u16string text = DecodeUtf8(path);
   for (char16_t& ch : text) {
@@ -16,7 +16,7 @@ std::string PathOnOneLine(const std::string& path) {
   return EncodeUtf8(text);
 }
 
-// What the file holds, as its header names it.
+// The name of the file's contents in its header.
 std::string KindWord(Mode mode) { return mode == Mode::create ? "Concordance" : "Search results"; }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// The concordance file and the search-results file: a short header that names the
-// input, then the entries, as text with CR LF line ends, in Windows-1252 or UTF-8 as the input was
-// read.
+// The format of the concordance file and the search-results file: a short header that names the
+// input, followed by the entries. The text has CR LF line ends, in Windows-1252 or UTF-8 like the
+// input.
 #pragma once
 
 #include <ctime>
@@ -11,17 +11,17 @@
 
 namespace quorvel {
 
-// What a mode's file is called in messages: "Concordance file" or "Search results file".
+// The name of a mode's file in messages: "Concordance file" or "Search results file".
 [[nodiscard]] std::string OutputName(Mode mode);
 
-// The program's version as headers show it: "21.36".
+// The program's version in headers: "21.36".
 [[nodiscard]] std::string VersionText();
 
-// The name of the file that a run in the settings' mode writes; may be empty.
+// The path of the file that a run in the settings' mode writes. May be empty.
 [[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
 
-// The header of the file that is written at `time`, as UTF-8 with CR LF line ends. `digest` is that
-// of the input file; the header of a search has none.
+// Returns the header of a file written at `time`, in UTF-8 with CR LF line ends. `digest` is the
+// digest of the input; the header of a search does not contain it.
 [[nodiscard]] std::string FileHeader(Mode mode, const std::string& inputFile,
                                      std::string_view digest, std::time_t time);
 

@@ -5,25 +5,23 @@
 
 #include "util/text_hash.h"
 
-// The base text of a stored context, by which a new one is compared, ends before
-// its last " (x". So a text that itself ends in such a marker ("foo (x2)") stands
-// for "foo" until it is marked; from then on its last " (x" is the marker's own
-// and it stands for all of its text. Two stored texts may have the same base, and
-// a new context then counts for both. Known and kept: only the listing's own
-// markers are meant, but they cannot be told from the text's.
+// New contexts are compared to the base text of each stored context, which ends before the last
+// " (x" of the stored text. So a text that itself ends in such a marker ("foo (x2)") stands for
+// "foo" until it is marked. From then on its last " (x" is the marker's own, and it stands for its
+// whole text. Two stored texts may have the same base text, and then a new context counts for both.
+// Compatibility: users' listings depend on this. Markers in the document's text cannot be
+// distinguished from those of the listing.
 //
-// The repeat count was meant to stop at 999, yet the limit is looked up at the
-// place of the current occurrence, where no context is stored so far: it never
-// takes effect, and lists in use show higher counts.
+// Compatibility: the repeat count has no limit, because users' listings show counts above 999.
 
-// While a text stands for less than all of itself it is stored again each time that it occurs. All
-// its copies are marked by the same contexts, so only the first one is counted and the others
-// follow it in the end; and once a text is marked, it has no further copy.
+// While the base text of a context is shorter than the context, the context is stored again each
+// time it occurs. All copies are marked by the same contexts, so only the first copy is counted,
+// and the others take over its count at the end. Once a text is marked, no further copy is made.
 
 namespace quorvel {
 
-// One slot for each occurrence at most, and where base texts can change one more for
-// each base text; half of the slots stay free.
+// At most one slot for each occurrence, and if base texts can change, one more for each base text.
+// Half of the slots stay free.
 template <typename Char>
 void ContextMerger<Char>::Start(std::int32_t occurrences) {
   contexts_.clear();
@@ -52,7 +50,8 @@ auto ContextMerger<Char>::Contexts() -> const std::vector<MergedContext<Char>>& 
   return contexts_;
 }
 
-// The place of the text among `texts`; NONE, to be set, for one that is not there.
+// Returns the index of `text` in `texts`. If it is missing, returns a reference to NONE, which the
+// caller must set.
 template <typename Char>
 template <typename Texts>
 std::int32_t& ContextMerger<Char>::PlaceOf(View text, const Texts& texts) {
@@ -84,7 +83,8 @@ void ContextMerger<Char>::AddByNames(View context) {
   if (!CountByName(name)) Store(context, name);
 }
 
-// Counts one occurrence more for all contexts whose base text this is. False when there is none.
+// Counts one more occurrence for all contexts with this base text. Returns false when there are
+// none.
 template <typename Char>
 bool ContextMerger<Char>::CountByName(std::size_t name) {
   Name& named = names_[name];
@@ -97,7 +97,7 @@ bool ContextMerger<Char>::CountByName(std::size_t name) {
     }
   }
   if (!countRepeats_) return found;
-  // From now on they stand for all of their text.
+  // From now on these contexts stand for their whole text.
   for (std::int32_t cut = std::exchange(named.cut, NONE); cut != NONE;
        cut = cutBefore_[static_cast<std::size_t>(cut)]) {
     contexts_[static_cast<std::size_t>(cut)].repeats = 1;

@@ -1,9 +1,8 @@
-// Gathers the distinct contexts of one word and counts how often each occurs.
+// Collects the distinct contexts of one word and counts how often each occurs.
 //
-// A context that recurs is not stored again: the stored one gets a repeat marker,
-// " (x2)" and so on. Which context equals which is looked up by hashing; the
-// outcome is that of comparing with every stored context in turn, in a fraction of the time
-// whatever the text holds.
+// A context that recurs is not stored again: the stored one gets a repeat marker, such as " (x2)".
+// Equal contexts are found by hashing. The result is that of comparing each context with all stored
+// ones, in a fraction of the time for any text.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +19,8 @@ inline constexpr std::u16string_view REPEAT_MARKER_START = u" (x";
 
 template <typename Char>
 struct MergedContext {
-  std::basic_string_view<Char> text;  // without the marker that stands for `repeats`
-  std::int32_t repeats = 0;           // 0 for a context that occurred once
+  std::basic_string_view<Char> text;  // without its repeat marker
+  std::int32_t repeats = 0;           // number of further occurrences
 };
 
 template <typename Char>
@@ -29,38 +28,38 @@ class ContextMerger {
  public:
   using View = std::basic_string_view<Char>;
 
-  // With `countRepeats` off a recurring context is dropped without a marker.
-  // `markersInText` says whether the document itself may hold REPEAT_MARKER_START;
-  // where it does not, no context can be mistaken for a marked one.
+  // Without `countRepeats`, a recurring context is dropped and gets no marker. `markersInText` must
+  // be true if the document may contain REPEAT_MARKER_START. Otherwise no context can look like a
+  // marked one, and a simpler algorithm is used.
   ContextMerger(bool countRepeats, bool markersInText, const HashSeed& seed)
       : countRepeats_(countRepeats), markersInText_(markersInText), seed_(seed) {}
 
-  // Forgets all contexts, to take up to `occurrences` new ones.
+  // Removes all contexts and prepares for up to `occurrences` new ones.
   void Start(std::int32_t occurrences);
 
-  // Adds the context of one occurrence; the characters must outlive the result.
+  // Adds the context of one occurrence. Its characters must outlive the result.
   void Add(View context);
 
-  // The distinct contexts in the order of their first occurrence.
+  // Returns the distinct contexts in the order of their first occurrence.
   [[nodiscard]] const std::vector<MergedContext<Char>>& Contexts();
 
  private:
   static constexpr std::int32_t NONE = -1;
 
-  // A context, or where base texts can change a name, by the hash of its text.
+  // A hash table slot: the index of a context, or of a name if base texts can change.
   struct Slot {
     std::uint32_t hash = 0;
     std::int32_t place = NONE;
   };
 
-  // A text that stored contexts can be known by.
+  // A text that stored contexts are compared by.
   struct Name {
     View text;
-    std::int32_t whole = NONE;  // the first context that is this text
-    std::int32_t cut = NONE;    // the last one of which this is the base text, but not all
+    std::int32_t whole = NONE;  // the first context with exactly this text
+    std::int32_t cut = NONE;    // the last context with this base text and more text
   };
 
-  // A context that is stored again, because its base text is not all of it.
+  // A context that is stored again because its base text is shorter than the context.
   struct Copy {
     std::int32_t place;
     std::int32_t original;
@@ -79,13 +78,13 @@ class ContextMerger {
   std::basic_string<Char> markerStart_ = MarkInText<Char>(REPEAT_MARKER_START);
   HashSeed seed_;
   std::vector<MergedContext<Char>> contexts_;
-  std::vector<Slot> slots_;  // a power of two of them
+  std::vector<Slot> slots_;  // the number of slots is a power of two
   std::vector<Name> names_;
-  std::vector<std::int32_t> cutBefore_;  // for each context the one before it in a name's `cut`
+  std::vector<std::int32_t> cutBefore_;  // for each context the previous one in `cut`
   std::vector<Copy> copies_;
 };
 
-// The text of a context with its marker, if it has one: "… (x3)".
+// The text of a context with its repeat marker, if any: "… (x3)".
 template <typename Char>
 [[nodiscard]] std::basic_string<Char> TextWithMarker(const MergedContext<Char>& context);
 

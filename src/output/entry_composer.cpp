@@ -9,14 +9,14 @@ namespace {
 
 constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
 
-// Whether the text holds the first two characters of a mark.
+// True when the text contains the first two characters of `mark`.
 template <typename Char>
 bool Holds(std::basic_string_view<Char> text, std::u16string_view mark) {
   const std::basic_string<Char> quoted = MarkInText<Char>(mark);
   return FindPair(text, 0, quoted[0], quoted[1]) < text.size();
 }
 
-// ASCII has the same numbers in every text.
+// ASCII characters have the same numbers in every quotation.
 template <typename Char>
 std::basic_string<Char>& Append(std::basic_string<Char>& to, std::string_view ascii) {
   return to.append(ascii.begin(), ascii.end());
@@ -56,7 +56,8 @@ void EntryComposer<Char>::DisplayNextWord(const WordEntry& entry, String& output
   if (lists == nullptr || BinarySearch(lists->fileKeywords, lower)) {
     EmitContexts(marker, nullptr, outputText);
   } else {
-    // A word that several patterns match has its contexts listed for each: so meant.
+    // Compatibility: a word that matches several patterns has its contexts listed for each of them,
+    // and users' listings depend on it.
     for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
       EmitContexts(marker, &lists->extraKeywords.Keywords()[i], outputText);
     }
@@ -64,7 +65,8 @@ void EntryComposer<Char>::DisplayNextWord(const WordEntry& entry, String& output
   Append(outputText, LINE_END);
 }
 
-// With a keyword only the contexts that it asks for. The repeat marker is a word like any other.
+// If the keyword has a context pattern, only the contexts that match it are listed. The repeat
+// marker counts as a word of the context.
 template <typename Char>
 void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
                                        const ExtraKeyword* keyword, String& outputText) {

@@ -1,8 +1,8 @@
-// Composes the entries of a listing: a header for each word, and its contexts, in the characters of
-// the text that is quoted.
+// Composes the entries of a listing, in the characters of the quoted text: a header for each word,
+// followed by its contexts.
 //
-// With a context size of 0 an entry is the bare word, so that the same machinery
-// makes a plain word list. In a search the keywords decide which contexts are shown.
+// With a context size of 0 an entry is only the word, which makes a plain word list. In a search
+// the keywords decide which contexts are shown.
 #pragma once
 
 #include <cstdint>
@@ -17,21 +17,21 @@
 
 namespace quorvel {
 
-// A word that occurs more often cannot be listed.
+// The maximum number of occurrences of a word that can be listed.
 inline constexpr std::int32_t MOST_OCCURRENCES = 32767;
 
 struct EntryOptions {
   ContextOptions context;
   bool showFrequencies = true;
-  const KeywordLists* keywords = nullptr;  // of a search; without them every context is shown
+  const KeywordLists* keywords = nullptr;  // of a search; without keywords every context is shown
 };
 
-// What all entries of a listing have in common: the text and the options.
-// Any number of composers may use it at once.
+// The common data of all entries of a listing: the text and the options. Several composers may use
+// it in parallel.
 template <typename Char>
 class EntrySource {
  public:
-  // The document and the keywords must outlive the source.
+  // The document and the keywords must outlive the object.
   EntrySource(const Quotation<Char>& quotation, const Alphabet& alphabet,
               const EntryOptions& options);
 
@@ -53,14 +53,14 @@ class EntryComposer {
  public:
   using String = std::basic_string<Char>;
 
-  // The source must outlive the composer.
+  // `source` must outlive the object.
   explicit EntryComposer(const EntrySource<Char>& source);
 
-  // Appends the entry of one word to `outputText`. The word must not occur more
-  // often than MOST_OCCURRENCES.
+  // Appends the entry of one word to `outputText`. The word must not occur more than
+  // MOST_OCCURRENCES times.
   void DisplayNextWord(const WordEntry& entry, String& outputText);
 
-  // The line of a bare word: the word and, if frequencies are shown, its count.
+  // The line of a word without contexts: the word and, if frequencies are shown, its count.
   [[nodiscard]] String WordLine(const WordEntry& entry) const;
 
  private:
@@ -70,7 +70,7 @@ class EntryComposer {
 
   const EntrySource<Char>& source_;
   ContextMerger<Char> merger_;
-  String copies_;  // contexts that had to be copied, for the word at hand
+  String copies_;  // contexts of the current word that had to be copied
 };
 
 extern template class EntrySource<char>;

@@ -4,18 +4,17 @@
 
 #include "util/find_pair.h"
 
-// Three replacements one after the other give the result: the word as spelled, the
-// word with a first capital, then "»s" by "s»". The second finds only what the
-// first left unmarked, and a "»" that was put in is followed by an "s" only where
-// the context goes on with one behind the word. So one walk does it all, looking
-// for either form; a capitalized one that overlaps a place of the word as spelled
-// yields to that. Only a document that holds "»s" needs the third replacement as
-// such.
+// The result is defined by three replacements in sequence: mark the word as spelled, mark the word
+// with a first capital, then replace "»s" by "s»". The second one finds only what the first one
+// left unmarked, and an inserted "»" is followed by an "s" only where the word is followed by one.
+// So a single walk can search for both forms. Where a capitalized form overlaps an occurrence of
+// the word as spelled, the latter is marked. Only a document that contains "»s" needs the third
+// replacement.
 
 namespace quorvel {
 namespace {
 
-// The same numbers in all texts.
+// These characters have the same numbers in every quotation.
 template <typename Char>
 constexpr Char OPENING_MARK = static_cast<Char>(u'«');
 template <typename Char>
@@ -31,7 +30,7 @@ void SwapPluralMarks(std::basic_string<Char>& text, std::size_t start) {
 
 }  // namespace
 
-// A capital that the text does not hold cannot begin the word in it.
+// If the text does not contain the capital, only the word as spelled can occur.
 template <typename Char>
 KeywordMarker<Char>::KeywordMarker(std::u16string_view word, const Quotation<Char>& quotation,
                                    const Alphabet& alphabet, bool pluralMarksInText)
@@ -59,9 +58,8 @@ void KeywordMarker<Char>::MarkKeywordInContext(String& to, View context) const {
   if (pluralMarksInText_) SwapPluralMarks(to, before);
 }
 
-// The place of the next form to mark, from place `i` on; the context's length when
-// there is none. The second and third characters are looked for: they are the same
-// in both forms.
+// The index of the next form to mark, from index `i` on, or the length of the context. The search
+// is for the second and third characters, because they are the same in both forms.
 template <typename Char>
 std::size_t KeywordMarker<Char>::FindEitherForm(View context, std::size_t i) const {
   const View rest = View(word_).substr(1);
@@ -78,8 +76,8 @@ std::size_t KeywordMarker<Char>::FindEitherForm(View context, std::size_t i) con
   return overlapping == View::npos ? i : overlapping;
 }
 
-// Whether an "s" stands at `i` that belongs to the word before it: one that begins
-// the word again is marked with that.
+// True when an "s" at index `i` belongs to the word before it. An "s" with which the word begins
+// again is marked with that occurrence.
 template <typename Char>
 bool KeywordMarker<Char>::TakesPlural(View context, std::size_t i) const {
   return i < context.size() && context[i] == 's' && context.compare(i, word_.size(), word_) != 0;

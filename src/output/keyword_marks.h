@@ -1,4 +1,4 @@
-// Marks a word wherever it stands in its contexts: «word».
+// Marks each occurrence of a word in its contexts: «word».
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-// What must not stand in a marked context: the "s" belongs inside the marks.
+// This does not occur in marked contexts, because the "s" belongs inside the marks.
 inline constexpr std::u16string_view PLURAL_MARK = u"»s";
 
 template <typename Char>
@@ -18,14 +18,13 @@ class KeywordMarker {
   using View = std::basic_string_view<Char>;
   using String = std::basic_string<Char>;
 
-  // `word` has at least three characters. `pluralMarksInText` says whether the document itself
-  // holds "»s" anywhere.
+  // `word` must have at least three characters. `pluralMarksInText` must be true if the document
+  // contains "»s".
   KeywordMarker(std::u16string_view word, const Quotation<Char>& quotation,
                 const Alphabet& alphabet, bool pluralMarksInText);
 
-  // Appends `context` with every occurrence of the word marked, as it is spelled
-  // and with a first capital, as part of longer words too. A marked stem takes the
-  // "s" behind it inside the marks.
+  // Appends `context` to `to` with every occurrence of the word marked, as spelled and with a first
+  // capital, also inside longer words. An "s" after the word is put inside the marks.
   void MarkKeywordInContext(String& to, View context) const;
 
  private:

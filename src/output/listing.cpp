@@ -30,7 +30,7 @@ using ListedSpan = std::span<const ListedWord>;
 
 bool CanBeListed(const ListedWord& word) { return word.entry->Count() <= MOST_OCCURRENCES; }
 
-// Cuts the words into pieces that take some tenths of a millisecond each to compose.
+// Divides the words into pieces that each take some tenths of a millisecond to compose.
 std::vector<ListedSpan> PiecesOf(ListedSpan words) {
   constexpr std::int32_t OCCURRENCES = 2048;
   std::vector<ListedSpan> pieces;
@@ -45,12 +45,12 @@ std::vector<ListedSpan> PiecesOf(ListedSpan words) {
   return pieces;
 }
 
-// The line end that opens the first entry is no part of the listing.
+// The line end before the first entry is not part of the listing.
 std::string_view WithoutLineEnd(std::string_view text) {
   return text.starts_with(LINE_END) ? text.substr(LINE_END.size()) : text;
 }
 
-// Composes the entries of words one after the other, as the bytes of the listing.
+// Composes the entries of several words as the bytes of the listing.
 template <typename Char>
 class BytesOfEntries {
  public:
@@ -74,10 +74,10 @@ class BytesOfEntries {
   EntryComposer<Char> composer_;
   Quotation<Char> quotation_;
   Reading reading_;
-  std::basic_string<Char> text_;  // room that is used again
+  std::basic_string<Char> text_;  // buffer, kept to avoid allocations
 };
 
-// The composing of a listing, which a stop ends early.
+// Composes a listing. A stop request ends it early.
 template <typename Char>
 class ListingPass {
  public:
@@ -91,7 +91,7 @@ class ListingPass {
         source_(quotation, listing.Source().AlphabetOf(), EntryOptionsOf(listing)) {}
 
   void List(ListedSpan words) {
-    constexpr std::size_t FEWEST_PIECES = 4;  // that are worth a thread
+    constexpr std::size_t FEWEST_PIECES = 4;  // minimum for which threads are worthwhile
     const std::vector<ListedSpan> pieces = PiecesOf(words);
     if (isWordList_ || pieces.size() < FEWEST_PIECES) return ListHere(words);
     ListByThreads(pieces);

@@ -1,7 +1,7 @@
 // A listing: the words of a document in some order, each with its contexts.
 //
-// A value that holds no text: the words that it lists and the options that it was asked for with.
-// Its bytes are composed when they are wanted, piece by piece, and nowhere held whole.
+// The value contains no text, only the words and the options. Its bytes are composed piece by piece
+// when they are needed, and never stored as a whole.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@
 
 namespace quorvel {
 
-// What only the listing depends on.
+// The options that affect only the listing.
 struct ListingOptions {
   WordOrder wordOrder = WordOrder::alphabetical;
   int contextSize = 5;  // words on each side; 0 for a bare word list
@@ -28,23 +28,23 @@ struct ListingOptions {
 
 struct Listing {
   std::shared_ptr<const ListedWords> words;
-  std::shared_ptr<const KeywordLists> keywords;  // of a search; null in a concordance
+  std::shared_ptr<const KeywordLists> keywords;  // of a search; null for a concordance
   ListingOptions options;
 
   [[nodiscard]] const Document& Source() const { return *words->words.document; }
   [[nodiscard]] Mode ModeOf() const { return keywords == nullptr ? Mode::create : Mode::search; }
 };
 
-// What the lines behind a listing are read from.
+// The source of the lines behind a listing.
 [[nodiscard]] LineSource LinesOfListing(const Listing& listing);
 
-// The entries that are listed, 0-based in the word table, in the order of the listing.
+// The listed entries, as 0-based indices in the word table, in the order of the listing.
 [[nodiscard]] std::vector<std::int32_t> EntriesInOrder(const Listing& listing);
 
-// Composes the listing and hands it on, front to back, in the bytes of its document's alphabet; of
-// a bare word list each piece is a line. Ends before the first word that cannot be listed, or after
-// a stop request with the piece at hand. Several threads compose where it is long; `take` is called
-// on this one.
+// Composes the listing and passes it to `take` in order, encoded as the document's alphabet
+// defines. For a bare word list each piece is one line. Ends before the first word that cannot be
+// listed, and after the current piece on a stop request. A long listing is composed by several
+// threads; `take` is always called on the calling thread.
 void Compose(const Listing& listing, const PieceSink& take, Progress& progress);
 
 // The words that occur too often to be listed, in the order of the listing.

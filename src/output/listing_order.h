@@ -1,4 +1,4 @@
-// The words that are listed, in the order of the listing.
+// The listed words in the order of the listing.
 #pragma once
 
 #include <cstdint>
@@ -14,22 +14,22 @@ namespace quorvel {
 
 struct ListedWord {
   const WordEntry* entry = nullptr;
-  // Where the progress bar stands with it, of as many as the table has words.
+  // The progress bar's position for this word; the maximum is the number of words in the table.
   std::int32_t step = 0;
 };
 
-// The included words in the order asked for: views into the words.
+// Returns the included words in the given order, as pointers into `words`.
 [[nodiscard]] std::vector<ListedWord> WordsInOrder(const ListedWords& words, WordOrder order);
 
-// Shows how far a listing is.
+// Shows the progress of a listing.
 class ListingProgress {
  public:
   ListingProgress(const ListedWords& words, Progress& progress);
 
-  // Shows that a word is listed.
+  // Shows that `word` has been listed.
   void Show(const ListedWord& word);
 
-  // Lets events run; false when the user wants the listing to end.
+  // Lets events run. Returns false when the user has stopped the listing.
   [[nodiscard]] bool MayGoOn();
 
  private:

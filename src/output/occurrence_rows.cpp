@@ -9,23 +9,23 @@
 #include "util/ansi.h"
 #include "util/visible_text.h"
 
-// A field of the tab-separated table needs no quotes: every tab and line end of a document
-// has become a blank when its text was prepared, and the other controls are no separators to
-// any reader of lines. JSON has its own escapes.
+// Fields of tab-separated values need no quotes: tabs and line ends of the document became blanks
+// when its text was prepared, and other control characters do not separate fields or lines. JSON
+// has its own escapes.
 
 namespace quorvel {
 namespace {
 
 constexpr std::size_t PIECE = std::size_t{1} << 18U;  // bytes
 
-// What stands before each field of a row, and around the rows.
+// The texts before each field of a row, and around the rows.
 struct Layout {
   std::string_view begin;
   std::string_view beginOfWordList;
   std::string_view beginWithTimes;
   std::string_view firstRow;
   std::string_view nextRow;
-  std::string_view file;  // of a table of several documents
+  std::string_view file;  // only in a table of several documents
   std::string_view fileEnd;
   std::string_view word;
   std::string_view key;
@@ -134,7 +134,7 @@ class RowComposer {
     return static_cast<std::int32_t>(&entry - source_.words.table->entries.data());
   }
 
-  // Rows word by word, as they are in the listing. False when no more is wanted.
+  // Adds the rows word by word, in the order of the listing. Returns false when no more are wanted.
   bool AddWords(Progress& progress) {
     ListingProgress shown(*listing_.words, progress);
     for (const ListedWord& word : WordsInOrder(*listing_.words, listing_.options.wordOrder)) {
@@ -152,7 +152,7 @@ class RowComposer {
                       [this](const Line& line) { return AddRow([&] { AppendOccurrence(line); }); });
   }
 
-  // The rows of all words in one order.
+  // Adds the rows of all words in one order.
   bool AddLines(Progress& progress) {
     progress.BeginPhase("Ordering lines");
     std::optional<Lines> lines = LinesOf(source_, EntriesInOrder(listing_), progress);
@@ -174,7 +174,7 @@ class RowComposer {
     });
   }
 
-  // The fields that all rows of a word begin with.
+  // Composes the fields that all rows of a word begin with.
   void TakeWord(const WordEntry& entry) {
     wordFields_.assign(fileField_).append(layout_.word);
     AppendField(wordFields_, std::u16string_view(entry.word));
@@ -206,7 +206,7 @@ class RowComposer {
     bytes_.append(layout_.position).append(std::to_string(text.place.begin + 1));
   }
 
-  // Of text in the characters of the quotation, or of words in code units.
+  // Appends text in the characters of the quotation, or words in code units.
   template <typename One>
   void AppendField(std::string& to, std::basic_string_view<One> text) const {
     std::size_t length = 1;
@@ -247,7 +247,7 @@ class RowComposer {
   bool isFirst_ = !isPart_;
   std::string fileField_;
   std::string wordFields_;
-  std::string bytes_;  // not handed on yet
+  std::string bytes_;  // not yet passed to `take_`
 };
 
 }  // namespace

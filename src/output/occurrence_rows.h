@@ -1,11 +1,10 @@
-// The occurrences behind a listing as a table that other programs read, one row each:
+// The occurrences behind a listing as a table for other programs, one row for each occurrence:
 // tab-separated values or a JSON array, in UTF-8.
 //
-// The rows stand in the order of the listing or, all words together, in one of lines, with contexts
-// cut as in the listing; nothing is merged or marked, and in a search an occurrence that several
-// keywords find is one row. With a context size of 0, where the listing is a bare word list, each
-// row is a word. They are written as they are made: never is more than a piece of the table in
-// memory.
+// The rows are in the order of the listing, or all words together in an order of lines. Contexts
+// are cut as in the listing, but not merged or marked. In a search, an occurrence that matches
+// several keywords is one row. With a context size of 0, each row is a word. The rows are written
+// as they are composed; only one piece of the table is in memory at a time.
 #pragma once
 
 #include <optional>
@@ -24,24 +23,24 @@ enum class RowFormat { tsv, json };
 
 struct RowOptions {
   RowFormat format = RowFormat::tsv;
-  // Where set, the rows are a part of a table of several documents: this name of theirs, in UTF-8,
-  // is the first field of each row, and what stands around the rows of a table is left out. In JSON
-  // each row has a comma before it.
+  // If set, the rows are part of a table of several documents. This name of the document, in UTF-8,
+  // is the first field of each row, and the beginning and end of the table are left out. In JSON
+  // each row begins with a comma.
   std::optional<std::string> file = {};
-  LineOrder order = {};  // by place: as in the listing
+  LineOrder order = {};  // by place: the order of the listing
 };
 
-// What stands before the first and behind the last row of a table of several documents.
+// The texts before the first and after the last row of a table of several documents.
 [[nodiscard]] std::string TableBegin(RowFormat format, int contextSize);
 [[nodiscard]] std::string_view TableEnd(RowFormat format);
 
-// Composes the table of a listing's occurrences and hands it on, front to back. After a stop
-// request it ends with the word that was under way, and as a table that is whole.
+// Composes the table of a listing's occurrences and passes it to `take` in order. After a stop
+// request the table ends with the current word, and is complete and valid.
 void ComposeRows(const Listing& listing, const RowOptions& options, const PieceSink& take,
                  Progress& progress);
 
-// The same of some lines of a listing in the order given; `withTimes` adds for how many equal ones
-// each stands.
+// Like ComposeRows, for some lines of a listing in the given order. With `withTimes`, each row also
+// has the number of equal lines that it stands for.
 void ComposeLines(const Listing& listing, std::span<const LineGroup> lines, bool withTimes,
                   RowFormat format, const PieceSink& take, Progress& progress);
 

@@ -4,8 +4,8 @@
 #include <string_view>
 
 // Compatibility: users know the texts of the labels, so two oddities stay. First, rounding to the
-// minute looks at the whole duration and not at the remaining seconds, so 60 seconds become "2
-// minutes", and from the 59th minute on it adds nothing. Second, ElapsedText puts two blanks after
+// minute looks at the whole duration and not at the remaining seconds, so 60 seconds become two
+// minutes, and from the 59th minute on it adds nothing. Second, ElapsedText puts two blanks after
 // the comma that it inserts, and DurationText puts one.
 
 namespace quorvel {
