@@ -31,8 +31,8 @@ void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& 
          " could not be recognized; the stop words are the English ones.");
 }
 
-// Of the input's language the choice is kept and not the list that it comes to: the settings are
-// for other inputs too.
+// For the language "auto" the choice itself is saved, not the stop-words file of this input,
+// because the settings will be used for other inputs.
 int SaveSettings(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
   const std::string& path = commandLine.settingsFileToSave;
   std::string& stopWordsFile = session.Settings().stopWordsFile;
@@ -52,8 +52,8 @@ int SayUnread(const Fault& fault, TerminalInterface& ui) {
   return exit_status::FAILED;
 }
 
-// What a script or its user wants to know of a run's files, beyond what the core says of them.
-// False when a file that was asked for is not there.
+// Reports on the files of a run what the core does not report. Returns false when a requested file
+// was not written.
 bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool languageKnown,
                  TerminalInterface& ui) {
   const ListingReport& report = session.Report();
@@ -64,7 +64,7 @@ bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool
   if (report.wordsTooFrequent && settings.mode == Mode::search) {
     ui.Say("The rows of --format tsv have no such limit.");
   }
-  // A search is silent about a file that it cannot write.
+  // The core does not report a search file that it cannot write.
   const bool isSilent = settings.mode == Mode::search && format == OutputFormat::text;
   const bool listingFailed = outcome == RunOutcome::failed && report.fileFault;
   if (listingFailed && isSilent) ui.Say(WritingFailed(settings.mode));
@@ -73,8 +73,8 @@ bool ReportFiles(Session& session, RunOutcome outcome, OutputFormat format, bool
   return !report.fileFault;
 }
 
-// Standard output is for terminals and for other programs, which know UTF-8 and lines that end in
-// LF alone. A file is as it is composed, unless another encoding is asked for.
+// Standard output is read by terminals and other programs, which expect UTF-8 with LF line ends. A
+// file keeps the form in which it is composed, unless another encoding is requested.
 std::optional<TextForm> FormOf(const CommandLine& commandLine) {
   const bool isShown = commandLine.toStandardOutput;
   if (!isShown && !commandLine.outputCoding) return std::nullopt;
@@ -90,7 +90,7 @@ SessionOptions OptionsOf(const CommandLine& commandLine, const ByteSink& result,
   options.pictureFile = commandLine.pictureFile;
   options.encodingChoice = commandLine.encodingChoice;
   options.listsOnce = true;
-  // Whoever starts it from a shell can end it where nobody reads what it writes.
+  // Devices are allowed: a user in a shell can interrupt a write that nobody reads.
   options.targets = Targets::all;
   if (commandLine.toStandardOutput) {
     options.outputSink = result;
@@ -105,9 +105,10 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
   if (!commandLine.settingsFileToSave.empty()) return SaveSettings(commandLine, session, ui);
   const bool languageKnown =
       session.Settings().mode != Mode::create || SettleStopWordsFile(commandLine.language, session);
-  // Before a list is read, which may be what standard output has just emptied.
+  // Checked before a word list is read: if standard output is redirected to that list, the shell
+  // has already emptied it.
   if (!session.CheckOutputs()) return ExitStatusOf(RunOutcome::refused);
-  // The list of the input's own language is no news.
+  // For the default "auto" the loaded list is not worth a message.
   if (!LoadWordLists(session, commandLine.language != "auto", ui)) {
     return ExitStatusOf(ui.StopRequested() ? RunOutcome::stopped : RunOutcome::refused);
   }
@@ -121,7 +122,7 @@ int RunOnce(const CommandLine& commandLine, Session& session, TerminalInterface&
 }  // namespace
 
 const std::string& FileOf(const CommandLine& commandLine) {
-  static const std::string standardInput = STANDARD_INPUT;  // made where there is memory
+  static const std::string standardInput = STANDARD_INPUT;  // made while there is memory
   if (commandLine.readsStandardInput) return standardInput;
   const bool saves = !commandLine.settingsFileToSave.empty();
   return saves ? commandLine.settingsFileToSave : commandLine.settings.inputFile;

@@ -1,4 +1,4 @@
-// One run of the command line: the document of its settings, listed to where they say.
+// Runs the command line for a single document.
 #pragma once
 
 #include <memory>
@@ -10,11 +10,12 @@
 
 namespace quorvel {
 
-// The file that a lack of memory is told of.
+// The file to name in a message about lack of memory.
 [[nodiscard]] const std::string& FileOf(const CommandLine& commandLine);
 
-// Runs it and gives its exit status. What is for standard output goes to `result`; the file behind
-// that, if any, is `resultPath`. `languages` tell the input's, where they have been read already.
+// Runs a command line and returns its exit status. Output for standard output goes to `result`;
+// `resultPath` is the file behind it, if any. `languages` is used to recognize the input's
+// language, if it is already loaded.
 [[nodiscard]] int RunDocument(const CommandLine& commandLine, const ByteSink& result,
                               const std::string& resultPath, TerminalInterface& ui,
                               std::shared_ptr<const LanguagesByWord> languages = nullptr);

@@ -38,7 +38,7 @@ int Worse(int status, int other) {
   return 0;
 }
 
-// In a folder only a name of its own makes a file a web page, not that of the folder.
+// In a folder, only the file's own name decides whether it is a web page, not the folder's name.
 bool IsDocument(const std::string& path, Reading reading) {
   const std::string extension = LowerExtensionOf(path);
   const bool isKnown = extension == "txt" || extension == "docx" || PathNamesHtml(extension);
@@ -46,7 +46,8 @@ bool IsDocument(const std::string& path, Reading reading) {
   return (isKnown || (isForUnicode && reading == Reading::unicode)) && !IsConcordanceFileName(path);
 }
 
-// The documents of all inputs, none twice. What is wrong with a folder is told, and fails.
+// Collects the documents of all inputs without duplicates. Problems with a folder are reported and
+// make the exit status FAILED.
 class Documents {
  public:
   Documents(const std::vector<std::string>& inputs, Reading reading, TerminalInterface& ui)
@@ -95,7 +96,7 @@ class Documents {
   int status_ = 0;
 };
 
-// Where the listings or rows of all documents go, one after the other.
+// Receives the listings or rows of all documents in order.
 class CommonResult {
  public:
   CommonResult(const CommandLine& commandLine, const std::vector<std::string>& documents,
@@ -114,13 +115,13 @@ class CommonResult {
     for (const std::string& path : documents) target_.kept.push_back({"input file", path});
   }
 
-  // Whether it may be written. The user has been told why not.
+  // True when the result may be written. Otherwise the user has been told.
   [[nodiscard]] bool MayBegin(Conversation& ui) const {
     return CheckOutputs({output_}, target_.kept, ui) &&
            (target_.sink || MayReplace(commandLine_.settings.mode, target_, ui));
   }
 
-  // Adds what comes of a document.
+  // Adds the result of one document.
   bool Add(std::string_view piece) {
     if (piece.empty()) return true;
     if (!writer_) {
@@ -134,7 +135,7 @@ class CommonResult {
     return writer_->Add(piece);
   }
 
-  // False when anything has failed; the user has been told, but of standard output.
+  // Returns false after any failure. The user has been told, except for standard output.
   bool Commit(TerminalInterface& ui) {
     if (!writer_ || writer_->Commit(ui)) return true;
     if (!target_.sink) ui.Say(WritingFailed(commandLine_.settings.mode));
@@ -149,8 +150,9 @@ class CommonResult {
   std::optional<ResultWriter> writer_;
 };
 
-// To read them for each document would take as long as to list a small one. Null where they are not
-// needed, or cannot be read, which each document then tells.
+// Loads the languages once for all documents, because loading them takes as long as listing a small
+// document. Returns null when they are not needed or cannot be read; in the latter case each
+// document reports it.
 std::shared_ptr<const LanguagesByWord> LanguagesFor(const CommandLine& commandLine) {
   const ConcordanceSettings& settings = commandLine.settings;
   const bool areNeeded =
@@ -158,7 +160,7 @@ std::shared_ptr<const LanguagesByWord> LanguagesFor(const CommandLine& commandLi
   return areNeeded ? ReadLanguages() : nullptr;
 }
 
-// Lists one document; what does not go into a file beside it is appended to `result`.
+// Lists one document. Output that does not go to a file beside it is appended to `result`.
 int ListDocument(const CommandLine& commandLine, const std::string& path,
                  const std::shared_ptr<const LanguagesByWord>& languages,
                  const std::atomic<bool>& stopped, std::string& result) {
@@ -170,8 +172,8 @@ int ListDocument(const CommandLine& commandLine, const std::string& path,
   return RunDocument(ForDocument(commandLine, path), append, "", ui, languages);
 }
 
-// Two inputs that differ in their extension alone have one name for what is listed of them: the
-// second of them fails, and is told.
+// Inputs that differ only in their extensions have the same output file. Removes all but the first
+// of them and reports the others.
 int FailLikeNames(const CommandLine& commandLine, std::vector<std::string>& documents,
                   TerminalInterface& ui) {
   int status = 0;
@@ -188,7 +190,7 @@ int FailLikeNames(const CommandLine& commandLine, std::vector<std::string>& docu
   return status;
 }
 
-// The documents under way end soon, also when a signal ends all.
+// Stops the documents in progress, also when an exception leaves the scope.
 struct StopAtEnd {
   std::atomic<bool>& stopped;
 

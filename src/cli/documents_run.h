@@ -1,4 +1,5 @@
-// Runs of the command line over several documents: each as if it were alone, some at once.
+// Runs the command line for several documents, some of them in parallel. Each document has the same
+// result as in a run of its own.
 #pragma once
 
 #include <string>
@@ -9,10 +10,10 @@
 
 namespace quorvel {
 
-// Lists each of the inputs, and of a folder all documents in it and below, in the order of their
-// paths. Where they are not listed beside themselves, what comes of them goes one way in that
-// order: the rows as one table. Gives the worst exit status; each fault has been told. `result` and
-// `resultPath` are standard output, as for one document.
+// Lists each of the inputs; for a folder, all documents in it and its subfolders in the order of
+// their paths. If they are not listed beside the inputs, their results are joined in this order,
+// rows as one table. Returns the worst exit status; all faults have been reported. `result` and
+// `resultPath` are standard output, as in RunDocument.
 [[nodiscard]] int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
                                const std::string& resultPath, TerminalInterface& ui);
 

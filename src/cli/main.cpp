@@ -1,4 +1,4 @@
-// quorvel-cli: the concordance of one document or of several, for scripts and batches.
+// quorvel-cli: makes concordances of one or several documents, for scripts and batch jobs.
 
 #include <algorithm>
 #include <cstdio>
@@ -17,7 +17,7 @@
 namespace quorvel {
 namespace {
 
-// False, with the user told, where what was printed has not all arrived.
+// Returns false, and tells the user, when not all output could be written.
 bool FlushStandardOutput() {
   if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return true;
   std::fputs("quorvel-cli: An error occurred when writing to standard output.\n", stderr);
@@ -42,7 +42,7 @@ int Run(const CommandLine& commandLine) try {
   }
   return status;
 } catch (const std::bad_alloc&) {
-  // There was none for the session's own message either.
+  // There is not even memory for the session's own message.
   const char* const file = FileOf(commandLine).c_str();
   SayNoMemory(&file, *file == '\0' ? 0 : 1);
   return 1;
@@ -63,7 +63,7 @@ int main(int argumentCount, char** arguments) try {
 } catch (const quorvel::EndRequested& request) {
   quorvel::EndBySignal(request.signal);
 } catch (const std::bad_alloc&) {
-  // Which of the arguments is the file is not known yet.
+  // The arguments are not parsed yet, so all of them are shown.
   quorvel::SayNoMemory(arguments + 1, static_cast<std::size_t>(std::max(argumentCount, 1) - 1));
   return 1;
 } catch (const std::exception& error) {

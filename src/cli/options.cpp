@@ -34,7 +34,7 @@ constexpr int MOST_JOBS = 64;
 
 enum class Encoding { detected, utf8, ansi, unicode };
 
-// Adds an option that takes one of a few words, each of which stands for a value.
+// Adds an option whose argument is one of a few words, each with a value.
 template <typename Value>
 void AddChoice(CLI::App& app, const std::string& name, const std::map<std::string, Value>& choices,
                Value& target, const std::string& description) {
@@ -48,9 +48,9 @@ void AddChoice(CLI::App& app, const std::string& name, const std::map<std::strin
       ->check(CLI::IsMember(words));
 }
 
-constexpr std::size_t DESCRIPTIONS = 29;  // where in a line of the help they begin
+constexpr std::size_t DESCRIPTIONS = 29;  // the column at which descriptions begin
 
-// A line of the help in lines that a terminal holds, broken at blanks.
+// Breaks a long line of the help at blanks, to the width of a terminal.
 std::string BrokenLine(std::string line) {
   constexpr std::size_t WIDTH = 79;
   std::string result;
@@ -73,7 +73,7 @@ void JoinFlags(std::string& line) {
   line.replace(end, line.find_first_not_of(' ', end) - end, DESCRIPTIONS - end, ' ');
 }
 
-// The help of the library, with each pair of flags in one and no line that a terminal would break.
+// The help text of the library, with each pair of flags on one line, and long lines broken.
 std::string HelpText(const CLI::App& app) {
   app.get_formatter()->column_width(DESCRIPTIONS);
   std::istringstream lines(app.help());
@@ -81,7 +81,7 @@ std::string HelpText(const CLI::App& app) {
   for (std::string line; std::getline(lines, line);) {
     if (line.empty() && help.ends_with("\n\n")) continue;
     JoinFlags(line);
-    // The library begins a new line behind a long name.
+    // The library puts the description of a long option name on the next line.
     std::string description;
     if (line.starts_with("  -") && line.find("  ", 2) == std::string::npos) {
       std::getline(lines, description);
@@ -92,7 +92,7 @@ std::string HelpText(const CLI::App& app) {
   return help;
 }
 
-// Options that stand for more than one field.
+// Options that do not correspond to a single field.
 struct RawOptions {
   std::vector<std::string> inputs;
   std::string inputType = "txt";
@@ -106,7 +106,7 @@ struct RawOptions {
   AnswerPolicy answer = AnswerPolicy::preset;
 };
 
-// A name of blanks alone is none where blanks around names are dropped.
+// Adds an option for file names. A name must not be blank, because blanks around names are dropped.
 template <typename Names>
 CLI::Option& AddFileNames(CLI::App& app, const std::string& name, Names& names,
                           const std::string& description) {
@@ -121,7 +121,7 @@ CLI::Option& AddFile(CLI::App& app, const std::string& name, std::string& path,
   return AddFileNames(app, name, path, description);
 }
 
-// One that is read.
+// Adds an option for a file that is read.
 CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path,
                        const std::string& description) {
   return *AddFile(app, name, path, description).check([](const std::string& given) {
@@ -231,7 +231,7 @@ void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
                "show the line breaks of a text file as \" / \". Default: no");
 }
 
-// What --language takes.
+// The values of --language.
 std::vector<std::string> LanguageWords() {
   std::vector<std::string> words = {"auto", "none", std::string(ALL_LANGUAGES.code)};
   for (const Language& language : LANGUAGES) words.emplace_back(language.code);
@@ -275,14 +275,14 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
   app.set_help_flag("-h,--help", "show this help");
 }
 
-// The file beside the input that a concordance or its rows are written to.
+// The default output file: the file beside the input for its concordance or rows.
 std::string NameBesideInput(const CommandLine& commandLine) {
   const std::string& input = commandLine.settings.inputFile;
   if (commandLine.format == OutputFormat::text) return DefaultConcordanceFileName(input);
   return DefaultRowsFileName(input, commandLine.format == OutputFormat::json ? "json" : "tsv");
 }
 
-// The rows have no part in what a settings file says of the listing's file.
+// The listing's file in a settings file does not apply to rows.
 void ApplyRowsOutput(const std::string& outputFile, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
   const bool search = settings.mode == Mode::search;
@@ -292,7 +292,7 @@ void ApplyRowsOutput(const std::string& outputFile, CommandLine& commandLine) {
   (search ? settings.searchResultsFile : settings.outputFile) = target;
 }
 
-// How often an option was given. The library's own look-up ends the program for want of memory.
+// How often an option was given. The library's own look-up ends the program when memory runs out.
 std::size_t CountOf(const CLI::App& app, const std::string& name) {
   for (const CLI::Option* option : app.get_options()) {
     if (option->check_name(name)) return option->count();
@@ -300,7 +300,7 @@ std::size_t CountOf(const CLI::App& app, const std::string& name) {
   return 0;
 }
 
-// Puts the output where the mode has it.
+// Stores the output option in the field for the mode.
 void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
                        CommandLine& commandLine) {
   if (commandLine.format != OutputFormat::text) return ApplyRowsOutput(outputFile, commandLine);
@@ -312,7 +312,7 @@ void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
     target = outputFile == "-" ? "" : outputFile;
   } else if (!search && !settings.inputFile.empty() &&
              (target.empty() || CountOf(app, "INPUT") > 0)) {
-    // A concordance named in a settings file is that of the input named there.
+    // A concordance file in a settings file belongs to the input in that file.
     target = NameBesideInput(commandLine);
   }
   commandLine.toStandardOutput = outputFile == "-" || (search && target.empty());
@@ -322,8 +322,8 @@ bool NamesInputLanguage(const ConcordanceSettings& settings) {
   return settings.stopWordsFile == INPUT_LANGUAGE_FILE && !FileExists(settings.stopWordsFile);
 }
 
-// Without a word about stop words those of the input's language count, unless a settings file has
-// had its say, which may be the same.
+// Without options for stop words, the language of the input is used, unless a settings file says
+// otherwise. The settings file may also name the language of the input.
 void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   if (CountOf(app, "--stop-words") > 0) {
     commandLine.language.clear();
@@ -339,7 +339,7 @@ bool HoldStandardInput(const std::vector<std::string>& inputs) {
   return std::ranges::find(inputs, "-") != inputs.end();
 }
 
-// Standard input is no file: nothing stands beside it, and it cannot be named.
+// Standard input is not a file: it has no index file beside it, and settings cannot name it.
 void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
   if (!HoldStandardInput(raw.inputs)) {
     if (CountOf(app, "--input-type") == 0) return;
@@ -378,7 +378,7 @@ void CheckOrderOfRows(const CommandLine& commandLine) {
   }
 }
 
-// Refuses what makes no sense together.
+// Refuses combinations of options that make no sense.
 void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
   CheckInputs(app, raw, commandLine);
   CheckPicture(app, commandLine);
@@ -395,7 +395,8 @@ void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine&
   }
 }
 
-// Standard input has nobody left to answer questions, and no place beside it for what comes of it.
+// With standard input as the document, nobody can answer questions, and there is no default output
+// file.
 void ApplyStandardInput(RawOptions& raw, CommandLine& commandLine) {
   commandLine.readsStandardInput = true;
   commandLine.settings.inputFile = std::string(STANDARD_INPUT) + "." + raw.inputType;
@@ -404,7 +405,7 @@ void ApplyStandardInput(RawOptions& raw, CommandLine& commandLine) {
   if (raw.outputFile.empty()) raw.outputFile = "-";
 }
 
-// One document goes into the settings, which may name one already.
+// Stores a single document in the settings.
 void ApplyInputs(RawOptions& raw, CommandLine& commandLine) {
   const std::vector<std::string>& inputs = raw.inputs;
   if (HoldStandardInput(inputs)) {
@@ -416,7 +417,7 @@ void ApplyInputs(RawOptions& raw, CommandLine& commandLine) {
   }
 }
 
-// Of several documents the texts cannot go into one file, and the rows can.
+// The texts of several documents cannot be written to one file, but rows can.
 void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
   const bool search = commandLine.settings.mode == Mode::search;
   commandLine.listsBesideInputs = outputFile.empty() && !search;
@@ -454,8 +455,8 @@ void ApplyRawOptions(const CLI::App& app, RawOptions& raw, CommandLine& commandL
   if (CountOf(app, "--answer") > 0) commandLine.answerPolicy = raw.answer;
 }
 
-// The arguments as the library takes them, the last one first. It takes what stands behind
-// "--name=" for the value, but where nothing stands there the next argument.
+// The arguments in the form that the library expects, in reverse order. For "--name=" without a
+// value the library would take the next argument as the value, so an empty value is added.
 std::vector<std::string> ForLibrary(const std::vector<std::string>& arguments) {
   std::vector<std::string> result;
   bool areOptions = true;
@@ -469,13 +470,13 @@ std::vector<std::string> ForLibrary(const std::vector<std::string>& arguments) {
   return result;
 }
 
-// Parses the arguments into `commandLine`, over what it holds already.
+// Parses the arguments into `commandLine`, which may already contain settings.
 void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, RawOptions& raw) {
   CLI::App app(DESCRIPTION, "quorvel-cli");
-  // A path may begin with "/" on Windows too.
+  // On Windows, "/" also begins paths.
   app.allow_windows_style_options(false);
   app.footer(EXIT_STATUS);
-  // So an alias of the user's own can be overridden.
+  // Options from a user's alias can be overridden.
   app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
   const auto inGroup = [&app](const char* group) { app.option_defaults()->group(group); };
   inGroup("Files");

@@ -1,4 +1,4 @@
-// What the command line asks for.
+// Parses the command line.
 #pragma once
 
 #include <optional>
@@ -17,35 +17,35 @@ namespace quorvel {
 
 struct CommandLine {
   ConcordanceSettings settings;
-  // The documents and folders, where they are not one document alone: that stands in the settings.
+  // Several documents or folders. A single document is in `settings` instead.
   std::vector<std::string> inputs;
-  // The document comes by standard input; its path in the settings tells its kind alone.
+  // The document is read from standard input. Its path in `settings` says only which kind it is.
   bool readsStandardInput = false;
-  bool listsBesideInputs = false;  // each of them; else what is listed of all goes one way
-  unsigned jobs = Processors();    // how many of them are worked on at once
+  bool listsBesideInputs = false;  // otherwise the results of all documents are joined
+  unsigned jobs = Processors();    // the number of documents that are processed in parallel
   EncodingChoice encodingChoice = EncodingChoice::adoptDetected;
-  std::string language;  // whose stop words; empty: of the file that the settings name
+  std::string language;  // of the stop words; empty to use the file in the settings
   bool useIndex = false;
   std::string settingsFile;        // that the settings come from, if any
-  std::string settingsFileToSave;  // where set, the settings are saved and nothing is run
+  std::string settingsFileToSave;  // if set, the settings are saved and nothing is run
   OutputFormat format = OutputFormat::text;
-  LineKey rowOrder = LineKey::place;  // of the rows of a format that is not text
-  std::string pictureFile;            // where set, the words found are drawn, each with its places
+  LineKey rowOrder = LineKey::place;  // used for rows
+  std::string pictureFile;            // if set, a picture of the listed words is written to it
   bool toStandardOutput = false;
-  std::optional<Coding> outputCoding;  // of the text that is written; empty: as is usual there
+  std::optional<Coding> outputCoding;  // of the written text; empty for the default
   std::optional<AnswerPolicy> answerPolicy;
   bool quiet = false;
 
-  // Set when nothing is to be run: the help was shown (0), the settings file could not be
-  // used (1) or the usage is wrong (2).
+  // Set when nothing is to be run: 0 after the help was shown, 1 when the settings file could not
+  // be used, 2 for wrong usage.
   std::optional<int> exitStatus;
 };
 
-// What is asked for one document of several. Where these are not listed beside themselves, it is as
-// if each were listed to standard output.
+// Returns the command line for one of several documents. If documents are not listed beside the
+// inputs, its output is standard output.
 [[nodiscard]] CommandLine ForDocument(const CommandLine& commandLine, const std::string& path);
 
-// Reads the arguments of the program, without its name; prints the help or what is wrong with them.
+// Parses the arguments of the program, without its name. Prints the help or error messages.
 [[nodiscard]] CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace quorvel

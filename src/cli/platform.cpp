@@ -16,7 +16,7 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-// The headers of Windows want to be included in this order.
+// The order of these headers matters on Windows.
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
@@ -40,7 +40,7 @@ namespace {
 
 constexpr int STEP = 16 << 20;
 
-// Whether the user has set a limit to the addresses.
+// True when the user has limited the address space.
 bool AreLimited() {
   for (const auto resource : {RLIMIT_AS, RLIMIT_DATA}) {
     rlimit limit = {};
@@ -49,11 +49,11 @@ bool AreLimited() {
   return false;
 }
 
-// All that most runs need, in large pages from end to end: texts that lie there side by side have
-// no seams of small ones. It takes no memory until that is written to.
+// Reserves the memory that most runs need as one block of large pages, so that large texts have no
+// small pages at their borders. Reserved memory is not used until it is written to.
 void TakeFirstStep() {
   constexpr int FIRST_STEP = 256 << 20;
-  // A piece that is larger than what is there takes the first step behind itself.
+  // A request larger than the free memory extends the heap by FIRST_STEP beyond the request.
   ::mallopt(M_TOP_PAD, FIRST_STEP);
   const std::unique_ptr<char[]> piece(new (std::nothrow) char[STEP]);
   const auto* const end = static_cast<const char*>(::sbrk(0));
@@ -64,10 +64,10 @@ void TakeFirstStep() {
 
 }  // namespace
 
-// What the words of a text need comes in small pieces, for which the library by itself asks for
-// 128 KB more each time; a table that grows it asks for anew, and gives back, and asks for again.
-// A large step takes addresses that nothing may need yet: where these are limited, a run that could
-// do with them would fail.
+// The words of a text need many small allocations, for which the C library would extend the heap by
+// 128 KB each time. It would also return the memory of growing tables to the system and request it
+// again. Large steps use address space that may never be needed, so they are not taken where that
+// is limited: a run that fits into the limit could fail.
 void TakeMemoryInLargeSteps() {
   if (AreLimited()) return;
   constexpr int LARGEST_KEPT = 32 << 20;
@@ -82,10 +82,10 @@ void TakeMemoryInLargeSteps() {}
 #endif
 
 #ifdef _WIN32
-// Larger ones the system may refuse.
+// Windows may refuse larger writes to a console.
 constexpr std::size_t LARGEST_PIECE = std::size_t{1} << 15U;
 
-// What main() is given has lost all characters beyond the code page of the system.
+// The arguments of main() have lost all characters outside the system's code page.
 std::vector<std::string> ProgramArguments(int /*argumentCount*/, char** /*arguments*/) {
   int count = 0;
   wchar_t** const wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
@@ -98,7 +98,7 @@ std::vector<std::string> ProgramArguments(int /*argumentCount*/, char** /*argume
   return result;
 }
 
-// The console outlives the program and belongs to the programs that come after it too.
+// The code page is restored, because the console is also used by later programs.
 void PrepareTerminal() {
   static const unsigned codePage = ::GetConsoleOutputCP();
   if (codePage == 0 || !::SetConsoleOutputCP(CP_UTF8)) return;
@@ -131,7 +131,7 @@ std::ptrdiff_t ReadSome(char* into, std::size_t length) {
   return ::_read(static_cast<int>(Stream::input), into, part);
 }
 
-// There is no asking whether a stream takes bytes.
+// Windows cannot tell whether a stream accepts bytes.
 std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
   const auto part = static_cast<unsigned>(std::min(bytes.size(), LARGEST_PIECE));
   return ::_write(static_cast<int>(stream), bytes.data(), part);
@@ -169,8 +169,8 @@ std::ptrdiff_t ReadSome(char* into, std::size_t length) {
   return ::read(STDIN_FILENO, into, length);
 }
 
-// A pipe that is ready takes PIPE_BUF bytes and does not wait; of more it may wait for the rest,
-// and a signal that came just before that would be heard when the reader has gone on.
+// A pipe that is ready accepts PIPE_BUF bytes without blocking. With more bytes the call may block,
+// and a signal that arrived just before it would be handled only after the reader continues.
 std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes) {
   const int handle = static_cast<int>(stream);
   struct stat status = {};

@@ -1,7 +1,6 @@
-// What the command line needs of the system it runs on, beyond files: arguments, standard streams
-// and signals.
+// Platform services of the command line besides files: arguments, standard streams and signals.
 //
-// Every platform call of the command line stands behind this header.
+// All platform calls of the command line are behind this header.
 #pragma once
 
 #include <cstddef>
@@ -13,39 +12,39 @@ namespace quorvel {
 
 enum class Stream { input = 0, output = 1, error = 2 };
 
-// The arguments of the program without its name: the bytes that the system gave, UTF-8 on Windows.
+// The arguments of the program without its name, as the system's bytes, or UTF-8 on Windows.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int argumentCount, char** arguments);
 
-// Lets UTF-8 be shown as what it is, to the end of the program. For the start of one.
+// Sets the terminal to UTF-8 until the program ends. Call it at program start.
 void PrepareTerminal();
 
-// From now on bytes go through standard input or output as they are, line ends too.
+// Switches standard input or output to binary mode, in which line ends are not converted.
 void LetBeBytes(Stream stream);
 
-// Takes memory from the system in large steps and keeps it, for a program that soon ends.
+// Makes the allocator take memory in large steps and keep it, for a program that ends soon.
 void TakeMemoryInLargeSteps();
 
-// A path of the ordinary file that the stream comes from or goes to; empty where it is none.
+// A path of the ordinary file behind the stream, or empty when it is not a file.
 [[nodiscard]] std::string FilePathOf(Stream stream);
 
-// Whether somebody sits at the other end of the stream.
+// True when the stream is a terminal.
 [[nodiscard]] bool IsTerminal(Stream stream);
 
-// Whether standard input has something to read, or has ended. Waits for that a moment, so that its
-// caller hears a signal; where the system cannot wait so, it says that there is something.
+// True when standard input has data or has ended. Waits for a short time, so that the caller can
+// handle signals. Where the system cannot wait with a timeout, returns true.
 [[nodiscard]] bool HasInput();
 
-// Reads what standard input has, up to `length` bytes; waits where that is nothing yet. Gives how
-// many it took, 0 at the end, and -1 on failure, with errno set.
+// Reads up to `length` bytes from standard input, and waits if there are none yet. Returns their
+// number, 0 at the end, or -1 on failure with errno set.
 [[nodiscard]] std::ptrdiff_t ReadSome(char* into, std::size_t length);
 
-// Writes as many of the bytes as the stream takes at once; where it takes none yet, waits for it a
-// moment. Gives how many it took, 0 when that was none, and -1 on failure. Never waits for longer
-// than a tenth of a second, so that its caller hears a signal.
+// Writes as many bytes as the stream accepts, and waits a short time if it accepts none. Returns
+// their number, which may be 0, or -1 on failure. Waits at most a tenth of a second, so that the
+// caller can handle signals.
 [[nodiscard]] std::ptrdiff_t WriteSome(Stream stream, std::string_view bytes);
 
-// Calls `handle` for each signal that asks the program to stop or to end. A question that
-// waits for an answer is broken off, and what the caller has set to be ignored (nohup) stays so.
+// Calls `handle` for each signal that asks the program to stop or to end. A question that waits for
+// an answer is interrupted. Signals that the parent process ignores (nohup) stay ignored.
 void CatchSignals(void (*handle)(int));
 
 }  // namespace quorvel

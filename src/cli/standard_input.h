@@ -1,4 +1,4 @@
-// A document that comes by standard input, from a pipe or from somebody who types it.
+// Reads a document from standard input: a pipe, a file or a terminal.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@
 
 namespace quorvel {
 
-// What users know it by.
+// The name of standard input in messages.
 inline constexpr const char* STANDARD_INPUT = "standard input";
 
-// Reads standard input to its end, in the name of `path`, and lets events run meanwhile. `tooLong`,
-// `notRead`, `stopped`.
+// Reads standard input to its end and lets events run meanwhile. `path` is the path of the result.
+// Faults: `tooLong`, `notRead`, `stopped`.
 [[nodiscard]] Result<InputBytes> ReadStandardInput(const std::string& path, Progress& progress);
 
 }  // namespace quorvel

@@ -16,9 +16,9 @@
 namespace quorvel {
 namespace {
 
-// A signal handler can reach nothing but a global.
+// A signal handler can access only globals.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
-std::atomic<int> interrupted = 0;  // the signal, or 0
+std::atomic<int> interrupted = 0;  // the signal that arrived, or 0
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void NoteSignal(int signal) {
@@ -26,14 +26,14 @@ void NoteSignal(int signal) {
   std::signal(signal, SIG_DFL);
 }
 
-// The text with the line ends that a terminal wants.
+// The text with the line ends of a terminal.
 std::string TerminalText(std::string_view text) {
   std::string result = VisibleLines(text);
   std::erase(result, '\r');
   return result;
 }
 
-// The lines of a message as one, a blank between them.
+// Joins the lines of a message with blanks.
 std::string OneLine(std::string_view text) {
   std::string line;
   bool atLineStart = false;
@@ -73,7 +73,7 @@ Answer AskAtTerminal(const Message& message) {
     if (line[0] == 'n' || line[0] == 'N') return Answer::no;
     if (mayCancel && (line[0] == 'c' || line[0] == 'C')) return Answer::cancel;
   }
-  // The run stops where it next looks; until then nothing is to be replaced.
+  // The run stops at its next check for a stop; until then nothing may be replaced.
   return mayCancel ? message.preset : Answer::no;
 }
 
@@ -98,7 +98,7 @@ void TerminalInterface::AppendOutput(std::string_view text) {
   if (showsProgress_) std::cerr << TerminalText(text);
 }
 
-// The listing goes to its file; the output box of a window has no place here.
+// The command line has no output box; the listing goes to its file.
 void TerminalInterface::SetOutput(std::string_view /*text*/) {}
 
 void TerminalInterface::ShowBar(std::string_view caption) {
@@ -148,7 +148,7 @@ void TerminalInterface::SayOf(std::string_view path, std::string_view reason) {
   Say(VisibleName(path).append(": ").append(reason));
 }
 
-// In one go, so that the lines of several runs do not mix.
+// Writes the line with a single call, so that lines of parallel runs are not mixed.
 void TerminalInterface::WriteLine(std::string_view text) {
   ClearBar();
   std::string line = "quorvel-cli: " + OneLine(text) + '\n';
@@ -163,9 +163,9 @@ bool TerminalInterface::WriteResult(std::string_view bytes) {
   return written;
 }
 
-// A reader may wait for as long as it likes, and the user must be heard meanwhile.
+// A reader may block for any time, and signals must still be handled.
 bool TerminalInterface::Write(Stream stream, std::string_view bytes) {
-  constexpr int MOST_REFUSALS = 5;  // in a row, once a stop is wanted
+  constexpr int MOST_REFUSALS = 5;  // in a row, after a stop request
   int refusals = 0;
   while (!bytes.empty() && refusals < MOST_REFUSALS) {
     const std::ptrdiff_t taken = WriteSome(stream, bytes);
@@ -184,7 +184,7 @@ void TerminalInterface::ClearBar() {
   barShown_ = false;
 }
 
-// What no line can hold is cut off. A character that a terminal would act on shows as "?".
+// Text that does not fit in the line is cut off. Control characters are replaced by "?".
 void SayNoMemory(const char* const* words, std::size_t count) {
   constexpr std::size_t ROOM = 4096;
   std::array<char, ROOM> line;

@@ -1,5 +1,5 @@
-// The command line's half of the conversation: messages go to standard error,
-// questions are answered by option, at the terminal, or with their default button.
+// The command line's implementation of the conversation: messages go to standard error, and
+// questions are answered by an option, at the terminal, or with their default button.
 #pragma once
 
 #include <atomic>
@@ -19,13 +19,13 @@ enum class AnswerPolicy { yes, no, preset };
 
 class TerminalInterface : public Conversation {
  public:
-  // Without a policy, questions are asked where a terminal shows and answers them, and
-  // take their default button elsewhere. Progress is shown only on a terminal; with
-  // `quiet` neither progress nor a message that all went well. `inputFile` may be empty.
+  // Without a policy, questions are asked if standard input and error are terminals, and otherwise
+  // answered with their default. Progress is shown only on a terminal. With `quiet`, progress and
+  // success messages are not shown. `inputFile` may be empty.
   TerminalInterface(std::optional<AnswerPolicy> policy, bool quiet, std::string_view inputFile);
 
-  // For one of several documents that are worked on at once: quiet, it asks nothing, and instead of
-  // signals it looks at `stopped`, which must outlive it.
+  // For one of several documents that are processed in parallel: quiet and without questions. It
+  // checks `stopped`, which must outlive it, instead of signals.
   TerminalInterface(std::optional<AnswerPolicy> policy, std::string_view inputFile,
                     const std::atomic<bool>& stopped);
 
@@ -34,29 +34,29 @@ class TerminalInterface : public Conversation {
   void ShowBar(std::string_view caption) override;
   Answer Ask(const Message& message) override;
   void TellOfLostCharacters(std::int64_t count, Reading reading) override;
-  // What only a window has.
+  // Used only by windows:
   void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
   void SayWhatIsShown(const ListingShown& /*listing*/) override {}
   void CountSeconds(bool /*counting*/) override {}
   void PopUp(std::string_view /*text*/) override {}
-  void OfferStop(bool /*offered*/) override {}  // Ctrl-C is always there
+  void OfferStop(bool /*offered*/) override {}  // Ctrl-C is always available
   void YieldNow() override;
 
-  // Calls the input so wherever messages would have its path.
+  // Sets the name that replaces the input's path in messages.
   void CallInput(std::string name) { inputName_ = std::move(name); }
 
-  // Writes the text to standard error, as one line that names the program and the input
-  // file: several runs may share one log.
+  // Writes the text to standard error as one line with the name of the program and the input file,
+  // because several runs may share a log.
   void Say(std::string_view text);
 
-  // The same of what is wrong with a file.
+  // Like Say, for a message about a file.
   void SayOf(std::string_view path, std::string_view reason);
 
-  // Writes bytes of a result to standard output. False when that fails, now or before; also when a
-  // stop is wanted and the reader at the other end takes nothing.
+  // Writes a part of the result to standard output. Returns false after any failure, and also when
+  // a stop was requested and the reader accepts no more bytes.
   bool WriteResult(std::string_view bytes);
 
-  // Whether a result could not be written, but for a stop.
+  // True when a result could not be written, except because of a stop.
   [[nodiscard]] bool ResultFailed() const { return resultFailed_; }
 
  private:
@@ -66,29 +66,29 @@ class TerminalInterface : public Conversation {
 
   std::optional<AnswerPolicy> policy_;
   bool quiet_;
-  std::string inputFile_;  // as messages show it
-  std::string inputName_;  // in its place, if not empty
+  std::string inputFile_;  // as shown in messages
+  std::string inputName_;  // shown instead, if not empty
   bool showsProgress_;
   bool barShown_ = false;
   bool resultFailed_ = false;
   const std::atomic<bool>* stopped_ = nullptr;
 };
 
-// Says on standard error that there is not enough memory for what these words name, a file or the
-// arguments of a program. Asks for no memory.
+// Reports on standard error that memory ran out for `words`: a file, or the arguments of the
+// program. Allocates no memory.
 void SayNoMemory(const char* const* words, std::size_t count);
 
-// Leaves YieldNow when the system wants the program to end: on the way out all that is
-// temporary is removed.
+// Thrown by YieldNow when the system asks the program to end. Unwinding the stack removes all
+// temporary files.
 struct EndRequested {
   int signal = 0;
 };
 
-// From now on an interrupt (Ctrl-C) asks the run to stop, and the next one ends the program.
-// A request to end, or the loss of the terminal, makes YieldNow throw EndRequested.
+// After this call an interrupt (Ctrl-C) stops the run, and a second one ends the program. A
+// termination request, or the loss of the terminal, makes YieldNow throw EndRequested.
 void StopOnSignals();
 
-// Ends the program as `signal` does by itself.
+// Ends the program with the default action of `signal`.
 [[noreturn]] void EndBySignal(int signal);
 
 }  // namespace quorvel
