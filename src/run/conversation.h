@@ -1,8 +1,8 @@
 // The conversation of a run with its user: questions, messages, labels and the output box.
 //
-// The window, the command line and the tests each hold their half of it. Only the code in run/ and
-// above speaks; what does the work below sees no more of it than Progress. Every text is UTF-8;
-// lines inside one are separated by CR LF.
+// The window, the command line and the tests each implement this interface. Only code in run/ and
+// above uses it; the layers below see only Progress. All texts are UTF-8, with CR LF between their
+// lines.
 #pragma once
 
 #include <cstddef>
@@ -20,10 +20,10 @@ enum class Icon { none, information, exclamation };
 enum class Buttons { ok, yesNo, yesNoCancel };
 enum class Answer { ok, yes, no, cancel };
 
-// The title of a message box that has no title of its own.
+// The title of message boxes without a title of their own.
 inline constexpr const char* STANDARD_TITLE = "Quorvel";
 
-// A message box: `preset` is the button that Enter presses.
+// A message box. `preset` is the button that Enter presses.
 struct Message {
   std::string text;
   std::string title = STANDARD_TITLE;
@@ -32,7 +32,7 @@ struct Message {
   Answer preset = Answer::ok;
 };
 
-// The captions that are kept current beside the output.
+// The labels beside the output box.
 enum class Label { numberOfWords, numberOfOccurrences, keywordsFound };
 inline constexpr std::size_t LABELS = 3;
 
@@ -45,44 +45,44 @@ struct ListingShown {
 
 class Conversation : public Progress {
  public:
-  // Shows "Sorting ..." in the output box, as a line of its own.
+  // Appends a line such as "Sorting ..." to the output box.
   void BeginPhase(std::string_view name) override {
     AppendOutput(std::string(name).append(" ...\r\n"));
   }
 
-  // Adds to the end of the output box.
+  // Appends to the output box.
   virtual void AppendOutput(std::string_view text) = 0;
 
-  // Replaces the content of the output box and shows its beginning.
+  // Replaces the contents of the output box and scrolls to its beginning.
   virtual void SetOutput(std::string_view text) = 0;
 
   virtual void SetLabel(Label label, std::string_view text) = 0;
 
-  // Says how much of the listing in the output box is shown there; of one that is shown whole
-  // nothing is said. The next text of the box takes it back.
+  // Reports that the output box shows only a part of the listing. Called only if it does. The next
+  // text in the box removes the note.
   virtual void SayWhatIsShown(const ListingShown& listing) = 0;
 
-  // Counts the seconds of a run, and shows the words found so far, from here until it ends. While
-  // a message waits for the user nothing is counted.
+  // Starts or stops counting the seconds of a run and showing the words found so far. The count
+  // pauses while a message box is open.
   virtual void CountSeconds(bool counting) = 0;
 
-  // Shows a message box and waits; gives the button that was pressed.
+  // Shows a message box, waits, and returns the button that was pressed.
   virtual Answer Ask(const Message& message) = 0;
 
-  // Shows a message box that has nothing to answer, and waits until it is closed.
+  // Shows a message box with only an OK button, and waits until it is closed.
   void Tell(std::string text, std::string title, Icon icon = Icon::exclamation) {
     Ask({std::move(text), std::move(title), icon, Buttons::ok, Answer::ok});
   }
 
-  // Tells that the text which is about to be listed lacks so many characters of the input, at least
-  // one: those that Windows-1252 does not have or, in Unicode, bytes that were no characters.
-  // Nothing waits for the user.
+  // Reports, before a text is listed, that `count` characters of the input (at least one) are
+  // missing from it: characters that Windows-1252 lacks or, in the Unicode reading, invalid bytes.
+  // Does not wait for the user.
   virtual void TellOfLostCharacters(std::int64_t /*count*/, Reading /*reading*/) {}
 
-  // Shows a short text that goes away by itself.
+  // Shows a short text that disappears by itself.
   virtual void PopUp(std::string_view text) = 0;
 
-  // Shows the button by which the user can stop what is under way, or hides it.
+  // Shows or hides the button that stops the work.
   virtual void OfferStop(bool offered) = 0;
 };
 

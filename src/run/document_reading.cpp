@@ -15,7 +15,7 @@
 namespace quorvel {
 namespace {
 
-// What is read of an input before it is prepared.
+// The text of an input before it is prepared.
 struct InputText {
   std::string text;
   std::int64_t lostCharacters = 0;
@@ -42,7 +42,7 @@ bool WishesToScanBigFile(const std::string& path, Conversation& ui) {
   return false;
 }
 
-// A user who does not want to go on has stopped.
+// A user who does not want to continue counts as a stop.
 std::optional<Fault> SettleBody(const UnpackedBody& body, const std::string& path,
                                 const BodyLimits& limits, Conversation& ui) {
   if (body.isDamaged) {
@@ -64,8 +64,8 @@ bool ReallyWishesToStop(Conversation& ui) {
   return false;
 }
 
-// The text of a document whose body goes through this file. Lets go of its bytes once that is
-// unpacked.
+// Returns the text of a document, with its body unpacked through `file`. Releases the document's
+// bytes after unpacking.
 Result<InputText> TextThroughFile(InputBytes document, const TemporaryFile& file,
                                   const BodyLimits& limits, Conversation& ui) {
   const std::string path = document.Path();
@@ -96,7 +96,7 @@ std::optional<InputText> ReadWordDocument(InputBytes document, const BodyLimits&
   return *std::move(text);
 }
 
-// Tells why a text or page could not be read.
+// Reports why a text file or a web page could not be read.
 void TellUnread(const Fault& fault, Conversation& ui) {
   if (fault.kind == FaultKind::stopped) {
     ui.AppendOutput("Stopped when reading file.\r\n");
@@ -118,7 +118,7 @@ std::optional<InputText> ReadTextOrPage(const InputBytes& input, EncodingChoice 
   return std::nullopt;
 }
 
-// The text of an input that is read as Unicode.
+// Returns the text of a text file or web page that is read as Unicode.
 std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOptions& options,
                                         bool& macNoticeShown, Conversation& ui) {
   const CheckOptions checks = {.reading = options.reading};
@@ -132,7 +132,8 @@ std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOp
   return std::nullopt;
 }
 
-// The text of a word-processor document or book. Lets go of its bytes once they are unpacked.
+// Returns the text of a word-processor document or a book. Releases the document's bytes after
+// unpacking.
 Result<PreparedText> ReadPacked(InputBytes document, PackedKind kind, const ReadingRequest& request,
                                 Conversation& ui) {
   const std::string path = document.Path();

@@ -1,4 +1,4 @@
-// From the bytes of an input to its document, with the questions that come up on the way.
+// Makes a document from the bytes of an input, and asks the user the questions that arise.
 #pragma once
 
 #include <memory>
@@ -13,14 +13,14 @@ namespace quorvel {
 
 struct ReadingRequest {
   EncodingChoice encodingChoice = EncodingChoice::confirm;
-  ReadingOptions options = {};                     // of which the encoding may be settled otherwise
-  std::shared_ptr<const InputDigest> digest = {};  // of the input; null where nobody wants it
+  ReadingOptions options = {};                     // the encoding may be decided differently
+  std::shared_ptr<const InputDigest> digest = {};  // of the input; null when not wanted
   BodyLimits limits;
 };
 
-// The document of an input, of either kind. `inputIsUtf8` takes the encoding that it was settled to
-// be. Null when the run cannot go on: the user was told, or has declined, or the stop request
-// stands. Takes the bytes, so that they can go as soon as they are done with.
+// Makes the document of an input of any kind. Sets `inputIsUtf8` to the encoding that was used.
+// Returns null when the run cannot continue: the user has been told, has declined, or has requested
+// a stop. Takes the bytes by value, so that they are released as early as possible.
 [[nodiscard]] std::shared_ptr<const Document> ObtainDocument(InputBytes input,
                                                              const ReadingRequest& request,
                                                              bool& inputIsUtf8,

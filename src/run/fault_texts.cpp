@@ -11,8 +11,8 @@
 namespace quorvel {
 namespace {
 
-// What is said of one kind of fault; "@" stands for the file or the character that it is about, "#"
-// for the reason beside a file.
+// The message for one kind of fault. "@" stands for the file or character concerned, "#" for the
+// reason if there is also a file.
 struct FaultText {
   FaultKind kind;
   const char* text;
@@ -24,7 +24,8 @@ constexpr const char* FATAL = "Fatal error";
 constexpr const char* READ_ERROR = "Read error";
 constexpr const char* BAD_STOP_WORD = "Character not allowed";
 
-// The titles of the last two have another case than each other: users know them so.
+// Compatibility: the titles of the last two faults differ in case ("Invalid input", "Invalid
+// Input"). Users and scripts that automate the window know them.
 constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     {FaultKind::missing, "File @ not found.", FATAL, Icon::information},
     {FaultKind::notAFile, "File @\r\nis a device or a pipe, not a file.", FATAL, Icon::information},
@@ -44,7 +45,7 @@ constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     {FaultKind::temporaryFolderFull, "Unable to write to temporary folder.", STANDARD_TITLE,
      Icon::exclamation},
     {FaultKind::fileNotRemoved, "Error when attempting to delete @", "Error", Icon::exclamation},
-    // Here the path comes first, and a blank ends the text.
+    // Compatibility: in this message the path comes first, and the text ends with a blank.
     {FaultKind::folderNotRemoved, "@ when attempting to delete folder ", "Error",
      Icon::exclamation},
     {FaultKind::noBody, "File @\r\nholds no document text.", "Error", Icon::exclamation},
@@ -75,7 +76,7 @@ std::string Filled(std::string text, char mark, const std::string& subject) {
 }  // namespace
 
 Message MessageOf(const Fault& fault) {
-  // Of a text the system's reason is told; a document is read by others, which give none.
+  // For a text file the message gives the system's reason. For a document there is no such reason.
   if (fault.kind == FaultKind::notRead && LowerExtensionOf(fault.file) != "docx") {
     return {fault.reason + "\r\nwhen reading input file.", READ_ERROR};
   }

@@ -1,4 +1,4 @@
-// What the user reads of a fault.
+// The messages for faults.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +10,16 @@
 
 namespace quorvel {
 
-// What is said where the memory does not suffice; " for", the file, and "." follow.
+// The message for lack of memory, without its end: " for", the file, and ".".
 inline constexpr const char* NOT_ENOUGH_MEMORY = "There is not enough memory";
 
-// The message box about a fault of an input, a document, a temporary folder or of words that were
-// typed. Not for `stopped`, of which the user knows, nor for `wouldReplace` and `notWritten`, of
-// which whoever wanted the file says in which one: of these it holds the bare reason.
+// Returns the message box for a fault of an input, a document, a temporary folder or typed words.
+// It has no text for `stopped`, because the user knows about it. For `wouldReplace` and
+// `notWritten` it has only the reason; the caller knows which file was to be written.
 [[nodiscard]] Message MessageOf(const Fault& fault);
 
-// What is said of characters of an input that its text lacks, at least one.
+// Returns the note about characters of an input that are missing from its text. `count` is at least
+// 1.
 [[nodiscard]] std::string LostCharactersText(std::int64_t count, Reading reading);
 
 }  // namespace quorvel

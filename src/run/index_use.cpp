@@ -27,23 +27,23 @@ bool WantsIndex(std::string_view date, Conversation& ui) {
   return ui.Ask({text, "Index file found", Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
 }
 
-// An index file: what it says of itself, and the rest only when that may belong to the input.
+// Reads an index file: its head first, and the rest only if it may belong to the input.
 class IndexReading {
  public:
   IndexReading(const std::string& path, const Alphabet& alphabet)
       : alphabet_(alphabet), file_(path), head_(HeadOfIndexFile(file_.Begin(INDEX_HEAD_LENGTH))) {}
 
-  // Does not wait for a table that nobody wants any more.
+  // Cancels a read that is still running, so that the destructor need not wait for its end.
   ~IndexReading() { wanted_ = false; }
 
   IndexReading(const IndexReading&) = delete;
   IndexReading& operator=(const IndexReading&) = delete;
 
-  // A device or a pipe is none.
+  // False also for a device or a pipe.
   [[nodiscard]] bool IsThere() const { return !file_.Why(); }
 
-  // Whether all that is known before the rest is read speaks for an index of this input. What is
-  // too long for one would cost time and memory in vain.
+  // True when the head and the length are possible for an index of this input. Reading a longer
+  // file would waste time and memory.
   [[nodiscard]] bool MayBeOf(const InputBytes& input) const {
     const std::uint64_t textLength =
         PackedKindOf(input) ? BodyLimits{}.hard : std::uint64_t{input.View().size()};
@@ -53,12 +53,12 @@ class IndexReading {
 
   [[nodiscard]] const IndexHead& Head() const { return head_; }
 
-  // Begins to read the rest and to take it apart, where the system has a thread for that.
+  // Starts to read and parse the rest, on a thread of its own where the system provides one.
   void BeginRest() {
     if (!table_.valid()) table_ = DoBeside([this] { return ReadTable(); });
   }
 
-  // The table in it; nothing when it cannot be used or a stop was requested.
+  // Returns the table, or nothing when it cannot be used or a stop was requested.
   [[nodiscard]] std::optional<WordTable> Table(Progress& progress) {
     BeginRest();
     const auto isThere = [this](std::chrono::milliseconds patience) {
@@ -78,13 +78,13 @@ class IndexReading {
   FileToRead file_;
   IndexHead head_;
   std::atomic<bool> wanted_ = true;
-  std::future<std::optional<WordTable>> table_;  // its end waits for the thread, so it goes first
+  std::future<std::optional<WordTable>> table_;  // destroyed first: waits for the thread
 };
 
 }  // namespace
 
-// What an index holds is taken apart beside the digest, if that is not there yet; looked at only
-// when it fits.
+// If the digest of the input is not ready, the index is parsed while the digest is computed. Its
+// table is used only if the digests match.
 std::optional<WordsAtHand> ReadIndexFile(const InputBytes& input, const InputDigest& digest,
                                          Reading reading, bool ask, Conversation& ui) {
   IndexReading index(DefaultIndexFileName(input.Path()), Alphabet::Of(reading));

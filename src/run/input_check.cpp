@@ -23,7 +23,7 @@ void Inform(Conversation& ui, const std::string& text, const std::string& title)
   ui.Tell(text, title, Icon::information);
 }
 
-// The message about a file that was read but is no text; empty when it is one.
+// The message about a file that is not a text, or an empty text.
 std::string FatalMessage(FileKind kind, Reading reading, const std::string& path) {
   const std::string file = "File " + VisibleName(path);
   switch (kind) {
@@ -47,8 +47,8 @@ std::string FatalMessage(FileKind kind, Reading reading, const std::string& path
   }
 }
 
-// Tells why an input could not be read. Whatever is there and cannot be opened, a device too, is
-// told alike.
+// Reports why an input could not be read. All files that exist and cannot be opened, including
+// devices, get the same message.
 void TellUnread(const Fault& fault, bool quiet, Conversation& ui) {
   if (fault.kind == FaultKind::stopped || fault.file.empty()) return;
   const bool isTold =
@@ -64,8 +64,8 @@ void ShowMacNotice(const std::string& path, Conversation& ui) {
          "This is a Mac-style text file");
 }
 
-// A lone LF ends no line, so such a file arrives as one long line: small ones
-// pass, larger ones are worth a warning, the largest are refused.
+// A single LF does not end a line, so the file is one long line. Small files are accepted, larger
+// ones with a warning, and the largest are refused.
 bool AcceptUnixFile(const InputBytes& input, bool askToContinue, Conversation& ui) {
   const std::int64_t size = std::ssize(input.View());
   if (size <= UNIX_WARNED_ABOVE) return true;
@@ -82,7 +82,8 @@ bool AcceptUnixFile(const InputBytes& input, bool askToContinue, Conversation& u
   const std::string warning = head + "so processing of this file might be rather slow.\r\n\r\n" +
                               "It is advisable to use" + ADVICE_HEAD + ADVICE_END;
   if (!askToContinue) {
-    // The title of the form that does not ask is the shorter one: users know both.
+    // Compatibility: the title of the form that does not ask is shorter. Scripts that automate the
+    // window know both titles.
     Inform(ui, warning, "This is a Unix-style file");
     return true;
   }
@@ -93,8 +94,8 @@ bool AcceptUnixFile(const InputBytes& input, bool askToContinue, Conversation& u
   return false;
 }
 
-// The box about a file that looks different from the setting. Enter keeps what
-// the user has set: they have been at the check box after the file was looked at.
+// The question about a file whose encoding seems to differ from the setting. Its default keeps the
+// setting, because the user may have changed the check box after the file was examined.
 Message EncodingQuestion(bool inputIsUtf8) {
   Message question;
   question.text = inputIsUtf8

@@ -1,4 +1,4 @@
-// Whether an input can be worked on, and what the user is told and asked about that.
+// Checks whether an input can be used, with the messages and questions for the user.
 #pragma once
 
 #include <optional>
@@ -13,9 +13,9 @@
 namespace quorvel {
 
 struct CheckOptions {
-  Reading reading = Reading::windows1252;  // in Unicode any line ends and UTF-16 will do
-  bool quiet = false;                      // only the fatal messages may appear
-  bool askToContinue = false;  // ask, not only warn, about a large file with Unix line ends
+  Reading reading = Reading::windows1252;  // Unicode accepts any line ends and UTF-16
+  bool quiet = false;                      // show only fatal messages
+  bool askToContinue = false;              // instead of only warning about a large Unix file
 };
 
 struct InputCheck {
@@ -24,32 +24,33 @@ struct InputCheck {
   bool isUtf8 = false;
 };
 
-// Classifies an input, or why it could not be read, and tells the user whatever stands in the way.
-// The notice on Macintosh line ends is given once in the life of `macNoticeShown`.
+// Classifies an input, or the fault of reading it, and tells the user about any problem. The notice
+// about Macintosh line ends is shown only if `macNoticeShown` is false, which then becomes true.
 [[nodiscard]] InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& input,
                                         const CheckOptions& options, bool& macNoticeShown,
                                         Conversation& ui);
 
-// Whether `path` names no file that the program itself writes; else the user is told.
+// True when `path` does not name a file that the program itself writes. Otherwise tells the user.
 [[nodiscard]] bool PassesOwnFilesGate(const std::string& path, Conversation& ui);
 
-// The gate at the start of a run: only text files, DOCX files and web pages pass, in Unicode ODT
-// and EPUB files too, told by name alone. `title` is that of the message for all others.
+// Checks the file name at the start of a run: only text files, DOCX files and web pages are
+// accepted, in the Unicode reading also ODT and EPUB files. The message for other files has the
+// title `title`.
 [[nodiscard]] bool PassesExtensionGate(const std::string& path, Reading reading,
                                        const std::string& title, Conversation& ui);
 
-// Whether the input exists and is an ordinary file whose every character has a place that a 32-bit
-// number can hold. Tells the user if not. Does not open it.
+// True when the input exists and is an ordinary file whose positions fit in 32-bit numbers.
+// Otherwise tells the user. Does not open the file.
 [[nodiscard]] bool CheckInputReadable(const std::string& path, Conversation& ui);
 
-// How the encoding of a text file is settled before it is read.
+// How the encoding of a text file is decided before it is read.
 enum class EncodingChoice {
-  confirm,       // the user is asked when the file looks different from the setting
-  adoptDetected  // what was detected becomes the setting, without a question
+  confirm,       // ask the user when the file looks different from the setting
+  adoptDetected  // the detected encoding becomes the setting, without a question
 };
 
-// Checks the input and, where it looks different from the setting `inputIsUtf8`, settles that as
-// `choice` says. False when the input was refused or the user cancelled.
+// Checks the input. If its encoding seems to differ from the setting `inputIsUtf8`, updates that as
+// `choice` says. Returns false when the input was refused or the user cancelled.
 [[nodiscard]] bool SettleInputEncoding(const InputBytes& input, EncodingChoice choice,
                                        bool& inputIsUtf8, bool& macNoticeShown, Conversation& ui);
 

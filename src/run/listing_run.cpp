@@ -35,7 +35,7 @@ std::string TooFrequentText(const std::vector<const WordEntry*>& words, Mode mod
     }
     text += " occur more than " + most + " times and cannot be listed.";
   }
-  if (mode == Mode::search) return text;  // there stop words play no part
+  if (mode == Mode::search) return text;  // stop words are not used in a search
   return text + "\r\nAdd " + (words.size() == 1 ? "it" : "them") + " to the stop words.";
 }
 
@@ -54,7 +54,7 @@ class ListingRun {
     OpenFile();
     Compose(
         listing_, [this](std::string_view piece) { return Take(piece); }, ui_);
-    // A stop from here on comes too late: the listing is whole, and written whole.
+    // A later stop has no effect: the listing is complete and is written completely.
     const bool stopped = ui_.StopRequested();
     report_.wordsTooFrequent = !stopped && !tooFrequent_.empty();
     if (report_.wordsTooFrequent) ui_.Tell(TooFrequentText(tooFrequent_, mode_), "Error");
@@ -81,8 +81,8 @@ class ListingRun {
   }
 
  private:
-  // What cannot be taken back, a device or a sink, is asked for first, and takes nothing of a
-  // listing that will not be whole.
+  // Output to a device or a sink cannot be undone. So the user is asked about a device first, and
+  // nothing is written if the listing will be incomplete.
   void OpenFile() {
     const bool isFile = !target_.sink && !target_.path.empty() && !target_.isDisabled;
     if (!isFile && !target_.sink) return;
@@ -104,7 +104,7 @@ class ListingRun {
     }
     length_ += static_cast<std::int64_t>(alphabet_.CodeUnitsIn(piece));
     if (writer_) (void)writer_->Add(piece);
-    // A word list shows the word at hand.
+    // A word list shows the current word.
     if (listing_.options.contextSize == 0) ui_.SetOutput(EncodeUtf8(alphabet_.Decode(piece)));
     return true;
   }
@@ -152,7 +152,7 @@ class ListingRun {
     report_.written = writer_->Commit(ui_);
     report_.fileFault = writer_->Why();
     if (!report_.written) {
-      // A reader that does not take the rest of a stopped listing is none of its failures.
+      // After a stop, a reader that closes the stream early is not an error.
       const bool isStop = target_.sink && ui_.StopRequested();
       report_.outcome = isStop ? ListingOutcome::stopped : ListingOutcome::failed;
     }
@@ -169,7 +169,7 @@ class ListingRun {
   std::vector<const WordEntry*> tooFrequent_;
   std::optional<ResultWriter> writer_;
   bool mayReplace_ = false;  // the user has been asked already
-  std::u16string box_;       // as much of the listing as the box may show
+  std::u16string box_;       // the beginning of the listing, as much as the box may show
   std::int64_t length_ = 0;  // of the listing so far, in characters
   ListingReport report_;
 };

@@ -1,4 +1,4 @@
-// The files that a run writes, and the one place that says which of them must not be written.
+// The files that a run writes, and the check that they do not replace other files.
 #pragma once
 
 #include <string>
@@ -11,21 +11,21 @@
 namespace quorvel {
 
 struct Output {
-  std::string name;  // as messages have it: "concordance file"
-  std::string path;  // empty where no file is written
+  std::string name;  // in messages: "concordance file"
+  std::string path;  // empty when no file is written
 };
 
-// The listing's file in the settings' mode; one that is disabled has no path.
+// The listing's file in the settings' mode. Its path is empty when output to file is disabled.
 [[nodiscard]] Output ListingOutputOf(const ConcordanceSettings& settings);
 
-// The index file beside the input.
+// The index file of the input.
 [[nodiscard]] Output IndexOutputOf(const ConcordanceSettings& settings);
 
 // The file of a picture.
 [[nodiscard]] Output PictureOutputOf(const std::string& path);
 
-// Whether none of the outputs would replace a file to keep or an output before it; else the user is
-// told, and nothing is to be written.
+// True when no output would replace a file in `kept` or an earlier output. Otherwise the user is
+// told, and nothing may be written.
 [[nodiscard]] bool CheckOutputs(const std::vector<Output>& outputs, FilesToKeep kept,
                                 Conversation& ui);
 

@@ -20,7 +20,7 @@ bool ResultWriter::Commit(Conversation& ui) {
   bytes_ += end_;
   if (!HandOn(true)) return false;
   if (!file_) return true;
-  // To replace a large file the system takes its time, and more so on a disk that is busy.
+  // Replacing a large file can take long, especially on a busy disk.
   ui.YieldAtOnce();
   return file_->Commit();
 }

@@ -1,4 +1,4 @@
-// The way of a result to its file or sink, piece by piece.
+// Writes a result to its file or sink, piece by piece.
 #pragma once
 
 #include <optional>
@@ -13,23 +13,23 @@
 
 namespace quorvel {
 
-// Nothing is handed on before there is something to hand on, so that an empty result leaves no
-// trace where nothing can be taken back.
+// Writes nothing before there is something to write, so that an empty result leaves no trace in a
+// sink or a device.
 class ResultWriter {
  public:
-  // To the target's sink or, where it has none, its file; of the target these, the files to keep
-  // and what may be written to count. `begin` stands before the first piece; behind `end`, a last
-  // one, nothing follows. `form` changes the pieces, but not the beginning.
+  // Writes to the target's sink or, without a sink, to its file. Of `target` only these, `kept` and
+  // `targets` are used. `begin` is written before the first piece, `end` after the last one. `form`
+  // converts the pieces and `end`, but not `begin`.
   ResultWriter(const ListingTarget& target, std::string begin, std::string_view end,
                std::optional<FormChanger> form = std::nullopt);
 
-  // False once anything has failed.
+  // Returns false after any failure.
   bool Add(std::string_view piece);
 
-  // Writes what is left and puts the file in its place. False when anything failed.
+  // Writes the rest and commits the file. Returns false after any failure.
   bool Commit(Conversation& ui);
 
-  // Why the file has failed, if it has.
+  // The fault of the file, if any.
   [[nodiscard]] std::optional<Fault> Why() const;
 
  private:
@@ -37,8 +37,8 @@ class ResultWriter {
 
   ByteSink sink_;
   std::optional<OutputFile> file_;
-  std::string begin_;  // not handed on yet
-  std::string bytes_;  // behind it
+  std::string begin_;  // not yet written
+  std::string bytes_;  // not yet written, after `begin_`
   std::string_view end_;
   std::optional<FormChanger> form_;
   bool taken_ = true;

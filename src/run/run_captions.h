@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-// The caption with these settings; messages about a run that cannot start bear it as their title.
+// The caption for these settings. It is also the title of messages about a run that cannot start.
 [[nodiscard]] inline std::string ListButtonCaption(const ConcordanceSettings& settings) {
   if (settings.mode == Mode::search) return "Search";
   return settings.outputToFileDisabled ? "List words (no file)" : "List words";

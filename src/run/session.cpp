@@ -10,17 +10,17 @@
 #include "run/word_lists.h"
 #include "util/visible_text.h"
 
-// The settings, the input and the word lists of a session. Its runs stand in session_run.cpp.
+// The settings, the input and the word lists of a session. session_run.cpp has its runs.
 
 namespace quorvel {
 
 Session::Session(Conversation& ui, SessionOptions options) : ui_(ui), options_(std::move(options)) {
-  constexpr std::size_t ROOM = 4200;  // for the longest path, and the text around it
+  constexpr std::size_t ROOM = 4200;  // for the longest path and the text around it
   memoryMessage_.text.reserve(ROOM);
   if (options_.input) input_ = std::exchange(options_.input->bytes, {});
 }
 
-// Asks for no memory itself, as long as the path has its room.
+// Allocates no memory, unless the path is longer than the reserved room.
 void Session::EndWithoutMemory(const std::string& file) {
   DropValues();
   ui_.CountSeconds(false);
@@ -91,7 +91,8 @@ void Session::SetInput(InputOrigin origin) {
   });
 }
 
-// Tells the user what stands in the way of the input; then it leaves the settings.
+// Checks the input in the settings. If it cannot be used, tells the user why and removes it from
+// the settings.
 bool Session::CheckChosenInput() {
   const std::string path = settings_.inputFile;
   if (!PassesOwnFilesGate(path, ui_)) {
@@ -123,7 +124,7 @@ bool Session::CheckChosenInput() {
   return true;
 }
 
-// Looks at what an input brings that can be used.
+// Sets the default output, the stop words and the index words for a new input.
 void Session::FollowInput(InputOrigin origin) {
   const bool chosen = origin == InputOrigin::chosen;
   if (chosen || settings_.outputFile.empty()) {
@@ -147,7 +148,7 @@ void Session::LoadWordsAtHand(bool ask) {
   });
 }
 
-// Of what is no file or not there nothing speaks against English.
+// If the input does not exist or is not a file, the language is English.
 std::optional<Language> Session::RecognizeLanguage() {
   const Result<InputBytes> input = InputNow();
   if (input) {
@@ -160,7 +161,7 @@ std::optional<Language> Session::RecognizeLanguage() {
   return LANGUAGES.front();
 }
 
-// Read once for all that looks at it until the run has made its document of it.
+// The input is read once and shared by all checks, until the run has made its document.
 Result<InputBytes> Session::InputNow() {
   const std::string& path = settings_.inputFile;
   const bool isThere = input_ && *input_ && (*input_)->Path() == path &&
@@ -172,7 +173,7 @@ Result<InputBytes> Session::InputNow() {
   return *input_;
 }
 
-// Of the input that was read last.
+// `input` must be the input that was read last.
 std::shared_ptr<const InputDigest> Session::DigestOf(const InputBytes& input) {
   if (digest_ == nullptr) digest_ = std::make_shared<const InputDigest>(input);
   return digest_;

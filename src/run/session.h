@@ -1,9 +1,10 @@
-// What the window or the command line works with: the settings, the word lists, and the values that
-// the last run has made.
+// A session of the window or the command line: the settings, the word lists, and the values of the
+// last run.
 //
-// A run and a listing again are two ways into it, through the same checks. It alone knows which of
-// the values still holds for the settings of now, and drops the rest. What a run does and says is
-// decided here and below; the front end fills the settings and shows what comes of it.
+// A run and a repeated listing are two ways to use it, with the same checks. Only the session knows
+// which values are still valid for the current settings, and drops the others. All decisions and
+// messages of a run are made here and in the layers below. The front end fills the settings and
+// shows the results.
 #pragma once
 
 #include <functional>
@@ -31,52 +32,52 @@ namespace quorvel {
 
 enum class RunOutcome {
   done,
-  refused,        // a check failed or the user declined; they have been told
+  refused,        // a check failed or the user declined; the user has been told
   nothingFound,   // no word satisfies the conditions
   nothingToList,  // there is no listing that could be made again
   stopped,        // by the user
   failed,         // what was composed could not all be listed or written
 };
 
-// An input that is no file.
+// An input that is not a file.
 struct GivenInput {
-  InputBytes bytes;  // their path tells their kind alone
-  std::string name;  // what the header calls it
-  std::string path;  // of the file behind it, if any: no output may replace that
+  InputBytes bytes;  // the path says only which kind of input it is
+  std::string name;  // in the header
+  std::string path;  // of the file behind it, if any; outputs must not replace it
 };
 
-// How the words and the listing of a session are wanted; the same for all its runs.
+// Options that are the same for all runs of a session.
 struct SessionOptions {
   OutputFormat outputFormat = OutputFormat::text;
-  LineOrder rowOrder = {};       // of the rows, where that is the format
-  std::string pictureFile = {};  // where set, the words listed are drawn into it
+  LineOrder rowOrder = {};       // used for rows
+  std::string pictureFile = {};  // if set, a picture of the listed words is written to it
   EncodingChoice encodingChoice = EncodingChoice::confirm;
-  Targets targets = Targets::ordinaryFiles;  // which the listing may be written to
-  bool listsOnce = false;      // the words of a run are listed at its end and then not again
-  ByteSink outputSink = {};    // where set, the bytes of the listing go here and to no named file
-  std::string sinkPath = {};   // of the file behind the sink, if any: it is an output like others
-  bool rowsNameInput = false;  // they go into a table of several documents
-  // What tells the languages of inputs; null: the session reads that itself.
+  Targets targets = Targets::ordinaryFiles;  // files that the listing may be written to
+  bool listsOnce = false;                    // the listing will not be repeated
+  ByteSink outputSink = {};    // if set, receives the bytes of the listing; no file is written
+  std::string sinkPath = {};   // of the file behind the sink, if any; checked like others
+  bool rowsNameInput = false;  // the rows are part of a table of several documents
+  // For recognizing the language of inputs. If null, the session loads it itself.
   std::shared_ptr<const LanguagesByWord> languages = {};
-  std::optional<GivenInput> input = {};  // of the only run, in the place of a file
-  std::optional<TextForm> form = {};     // of the text that is written, where not as it is composed
+  std::optional<GivenInput> input = {};  // the input of the only run, instead of a file
+  std::optional<TextForm> form = {};     // of the written text, if not the default form
 };
 
 class Session {
  public:
   explicit Session(Conversation& ui, SessionOptions options = {});
 
-  // The settings and word lists of now, which the front end fills. A listing keeps those that it
-  // was made with.
+  // The current settings and word lists, which the front end fills. A listing keeps the ones that
+  // it was made with.
   [[nodiscard]] ConcordanceSettings& Settings() { return settings_; }
   [[nodiscard]] WordLists& Lists() { return lists_; }
 
-  // That of the reading which is set now.
+  // The alphabet of the current reading.
   [[nodiscard]] const Alphabet& AlphabetNow() const { return Alphabet::Of(settings_.reading); }
 
-  // Does some work for the user, on `file`. Where the memory does not suffice for it, they are told
-  // so with the name of the file, what the runs have made is dropped, and it gives false; the
-  // session goes on. Every entry of a front end comes through here.
+  // Calls `work`, which handles `file`. If memory runs out, tells the user with the name of the
+  // file, drops the values of the runs, and returns false; the session stays usable. Every call
+  // from a front end goes through this function.
   template <typename Work>
   bool Enter(const std::string& file, const Work& work) {
     try {
@@ -88,65 +89,63 @@ class Session {
     }
   }
 
-  // Names the settings file that the session starts from: no output may replace it.
+  // Sets the settings file that the session started from. Outputs must not replace it.
   void KeepSettingsFile(const std::string& path) { settingsFile_ = path; }
 
-  // Reads settings from a file as RestoreSavedState does, and starts from them. Nothing, and the
-  // settings are as they were, where the memory did not suffice; the user has been told.
+  // Reads settings as RestoreSavedState does, and uses them. If memory runs out, tells the user,
+  // leaves the settings unchanged and returns nothing.
   [[nodiscard]] std::optional<RestoredState> LoadSettings(const std::string& path, bool starting);
 
-  // The settings are others as a whole: no word list that was read before is theirs. Stop words go
-  // with the input that is yet to be set, but those of all six languages stay in use.
+  // Call it after all settings were replaced: drops word lists of the previous settings. Stop words
+  // are reset when the input is set, but those of all six languages stay in use.
   void TakeLoadedSettings();
 
-  // Writes the settings as SaveState does, and gives what that gives; but over none of the files
-  // that they name, and not without memory: nothing then, and the user has been told.
+  // Writes the settings and returns the result as SaveState does, but never replaces a file that
+  // the settings name. In that case, or if memory runs out, tells the user and returns nothing.
   [[nodiscard]] std::optional<std::string> SaveSettings(const std::string& path);
 
   enum class InputOrigin { chosen, restored };
 
-  // Sees to all that follows a new input, which stands in the settings: what is known of the last
-  // one goes, and what this one brings is looked at. A restored input keeps the names that were
-  // restored with it. One that cannot be used leaves the settings; the user has been told.
+  // Handles a new input, which must already be in the settings: drops everything about the previous
+  // input and examines the new one. With `restored`, file names in the settings are kept. If the
+  // input cannot be used, tells the user and removes it from the settings.
   void SetInput(InputOrigin origin);
 
-  // The language of the input, English for want of any sign; nothing when that cannot be told.
+  // Returns the language of the input, English without any evidence, or nothing on failure.
   [[nodiscard]] std::optional<Language> RecognizeLanguage();
 
-  // Takes the words of the next run from the input's index file, if there is one that fits.
+  // The next run uses the words of the input's index file, if there is a valid one.
   void UseIndexFile() { LoadWordsAtHand(false); }
 
-  // The next run reads and scans its input, whatever is at hand.
+  // The next run reads and scans its input again.
   void DropWordsAtHand();
 
-  // Texts are read so from now on, and so are the word lists that are in use.
+  // Changes how texts are read, and reads the current word lists again.
   void ChangeReading(Reading reading);
 
-  // Reads the stop words that the settings name and that have not been read. False when that could
-  // not be done; the user has been told.
+  // Reads the stop words that the settings name, unless they are loaded. On failure tells the user
+  // and returns false.
   [[nodiscard]] bool ReadNamedStopWords();
 
-  // Whether the outputs of a run would replace nothing that must stay; else the user has been told.
-  // The run asks that itself; this is for who reads other files before it.
+  // True when no output of a run would replace a file that must stay. Otherwise tells the user. A
+  // run makes this check itself; call it before reading other files.
   [[nodiscard]] bool CheckOutputs() { return CheckOutputsOfRun(WantsIndex()); }
 
-  // Checks the settings, reads and scans the input, lists its words and writes the output file.
+  // Checks the settings, reads and scans the input, lists its words, and writes the output file.
   RunOutcome RunConcordance();
 
-  // Lists the words of the listing on the screen again, in the order and with the contexts that
-  // the settings ask for now.
+  // Repeats the current listing with the order and the contexts of the current settings.
   RunOutcome ListAgain();
 
-  // What the last run or listing again has written.
+  // The report of the last listing.
   [[nodiscard]] const ListingReport& Report() const { return report_; }
 
-  // Writes what `compose` hands on into a file of the user's choice, which replaces none of those
-  // that the settings name and, where it `asks`, no other one that the user wants to stay. Why that
-  // could not be done, if it could not.
+  // Writes the output of `compose` to a file that the user chose. Never replaces a file that the
+  // settings name. With `asks`, asks before replacing any other file. Returns the fault, if any.
   [[nodiscard]] std::optional<Fault> Save(const std::string& path, bool asks,
                                           const std::function<void(const PieceSink&)>& compose);
 
-  // The listing on the screen; null when there is none.
+  // The current listing, or null.
   [[nodiscard]] const std::shared_ptr<const Listing>& CurrentListing() const { return listing_; }
 
  private:
@@ -187,16 +186,16 @@ class Session {
   void EndWithoutMemory(const std::string& file);
 
   Conversation& ui_;
-  Message memoryMessage_;  // with room for a path
+  Message memoryMessage_;  // with room reserved for a path
   SessionOptions options_;
   ConcordanceSettings settings_;
   WordLists lists_;
   std::string settingsFile_;                   // that the settings come from, if any
-  bool macNoticeShown_ = false;                // once in the life of the program is enough
-  std::optional<Result<InputBytes>> input_;    // as it was read for the work at hand
-  std::shared_ptr<const InputDigest> digest_;  // of that input, where it was wanted
+  bool macNoticeShown_ = false;                // shown only once
+  std::optional<Result<InputBytes>> input_;    // read for the current work
+  std::shared_ptr<const InputDigest> digest_;  // of that input, if needed
   std::optional<WordsAtHand> atHand_;
-  std::shared_ptr<const Document> document_;  // of the words at hand, or of the run under way
+  std::shared_ptr<const Document> document_;  // of the words at hand, or of the current run
   std::shared_ptr<const Listing> listing_;
   ListingReport report_;
 };

@@ -1,4 +1,4 @@
-// The runs of a session: from its settings to the written file.
+// The runs of a session, from its settings to the written file.
 
 #include <string>
 #include <utility>
@@ -52,12 +52,12 @@ RunOutcome Session::RunConcordance() {
     }
     ui_.CountSeconds(false);
     DropInput();
-    if (!atHand_) document_.reset();  // but a listing keeps its own
+    if (!atHand_) document_.reset();  // a listing keeps its own pointer
   });
   return done ? outcome : RunOutcome::failed;
 }
 
-// The options that only a listing depends on are those of now, all else is the listing's own.
+// Uses the current listing options; everything else comes from the previous listing.
 RunOutcome Session::ListAgain() {
   RunOutcome outcome = RunOutcome::nothingToList;
   const bool done = Enter(settings_.inputFile, [this, &outcome] {
@@ -77,7 +77,7 @@ RunOutcome Session::ListAgain() {
   return done ? outcome : RunOutcome::failed;
 }
 
-// Both kinds of extra words are checked in either mode.
+// Both kinds of extra words are checked in both modes.
 bool Session::CheckExtraWords() {
   settings_.extraStopWords = TidyExtraStopWords(settings_.extraStopWords, AlphabetNow());
   return CheckAllowedExtraChars(settings_, ui_) &&
@@ -100,7 +100,7 @@ Output Session::ListingOutput() const {
   return output;
 }
 
-// An index is written only beside a listing.
+// An index is written only together with a listing.
 bool Session::CheckOutputsOfRun(bool withIndex) {
   std::vector<Output> outputs = {ListingOutput()};
   const bool lists = options_.outputSink || !outputs.front().path.empty();
@@ -130,7 +130,7 @@ RunOutcome Session::RunChecked() {
   const bool atHand = AreWordsAtHand();
   if (ui_.StopRequested()) return EndUnread();
   if (!atHand) {
-    // They would only take up memory beside those that are to come.
+    // The old values are dropped first, to save memory.
     atHand_.reset();
     document_.reset();
     listing_.reset();
@@ -139,8 +139,8 @@ RunOutcome Session::RunChecked() {
   return ScanAndList();
 }
 
-// Whether there are words of the input as it is now that need not be scanned. Where they come from
-// an index file and the input has changed since, the user is told.
+// True when there are words of the current input that need no scan. If they come from an index file
+// and the input has changed since, the user is told.
 bool Session::AreWordsAtHand() {
   if (!atHand_ || atHand_->inputFile != settings_.inputFile) return false;
   if (atHand_->reading != settings_.reading) return false;
@@ -150,7 +150,7 @@ bool Session::AreWordsAtHand() {
   return false;
 }
 
-// Whether the input holds the bytes that the words at hand belong to.
+// True when the input still has the bytes that the words at hand belong to.
 bool Session::IsInputAsItWas() {
   if (StampOf(settings_.inputFile) == atHand_->stamp) return true;
   const Result<InputBytes> input = InputNow();
@@ -161,7 +161,7 @@ bool Session::IsInputAsItWas() {
   return true;
 }
 
-// Makes the document of the input. False when reading failed or was stopped.
+// Makes the document of the input. Returns false when reading failed or was stopped.
 bool Session::ReadDocument() {
   Result<InputBytes> input = InputNow();
   if (!input) {
@@ -210,8 +210,8 @@ RunOutcome Session::StopAfterScan(const Words& words) {
   return RunOutcome::stopped;
 }
 
-// Orders the words at hand, if there are any, for the listing. Those of an index file are compared
-// with the text first: where they do not belong to it the user is told, and the input is scanned.
+// Uses the words at hand, if any, for the listing. Words from an index file are compared with the
+// text first. If they do not fit, the user is told, and the input is scanned.
 bool Session::TakeWordsAtHand() {
   if (!atHand_) return false;
   if (atHand_->fromIndexFile) (void)WaitFor(*document_->source.digest, ui_);
@@ -235,7 +235,7 @@ IncludeFlags Session::Admit(const WordTable& table) {
   return ApplyAdmissionFilters(table, settings_, lists_, AlphabetNow());
 }
 
-// Makes the listing of words, of which it may be known already which are included.
+// Makes the listing. `include` may be null if the included words are not known yet.
 void Session::OrderWords(const Words& words, const IncludeFlags* include) {
   ListedWords listed = {words, {}, {}, {}};
   ui_.BeginPhase("Applying filters");

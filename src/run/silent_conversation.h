@@ -1,5 +1,5 @@
-// A conversation for work that the user need not hear of: nobody listens, every question gets its
-// preset answer, and no button is pressed.
+// A conversation for background work: it shows nothing, answers every question with its default,
+// and is never stopped.
 #pragma once
 
 #include "run/conversation.h"

@@ -11,7 +11,8 @@
 namespace quorvel {
 namespace {
 
-// A language without its file has no stop words; nothing when one cannot be read.
+// A language without a stop-words file has no stop words. Returns nothing when a file cannot be
+// read.
 std::optional<StopWordsByLanguage> StopWordsOfAllLanguages() {
   StopWordsByLanguage stopWords;
   SilentProgress nobody;

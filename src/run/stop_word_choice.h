@@ -1,4 +1,4 @@
-// Which stop-words file goes with an input: that of its language.
+// Chooses the stop-words file for the language of an input.
 #pragma once
 
 #include <memory>
@@ -17,17 +17,17 @@ namespace quorvel {
 // The path of the stop words of a language.
 [[nodiscard]] std::string StopWordsPath(const Language& language);
 
-// What tells the languages of inputs, by all supplied lists of stop words. Null when one is there
+// Loads the stop words of all languages for language recognition. Returns null when a file exists
 // but cannot be read.
 [[nodiscard]] std::shared_ptr<const LanguagesByWord> ReadLanguages();
 
-// The language of an input, English for want of any sign.
+// Returns the language of an input, or English without any evidence.
 [[nodiscard]] Language RecognizeInputLanguage(const InputBytes& input, Reading reading,
                                               const LanguagesByWord& languages);
 
-// To be called whenever the input is set: reads the stop words of its language,
-// unless they, or those of all languages, are in use already. Where the language is not known, or
-// its file is missing, the user is asked whether to take the English one.
+// Reads the stop words for the language of a new input, unless these, or those of all languages,
+// are in use. If the language is unknown or its file is missing, asks the user whether to use the
+// English stop words. Call it whenever the input is set.
 void ChooseStopWords(const std::optional<Language>& language, ConcordanceSettings& settings,
                      StopWordList& list, Conversation& ui);
 

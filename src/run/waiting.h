@@ -1,4 +1,4 @@
-// Waiting for what another thread makes, while events run.
+// Waits for the result of another thread while events run.
 #pragma once
 
 #include <chrono>
@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-// Asks `isThere`, which waits up to the time that it is given, until it says yes. False when a stop
-// was requested before.
+// Calls `isThere`, which waits up to the given time, until it returns true. Returns false when a
+// stop is requested first.
 template <typename IsThere>
 [[nodiscard]] bool WaitUntil(const IsThere& isThere, Progress& progress) {
   constexpr std::chrono::milliseconds PATIENCE(5);
@@ -20,7 +20,7 @@ template <typename IsThere>
   return false;
 }
 
-// Waits until the digest is there. False when a stop was requested before.
+// Waits for the digest. Returns false when a stop is requested first.
 [[nodiscard]] inline bool WaitFor(const InputDigest& digest, Progress& progress) {
   return WaitUntil([&digest](auto patience) { return digest.IsThere(patience); }, progress);
 }

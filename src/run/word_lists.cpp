@@ -17,13 +17,13 @@
 namespace quorvel {
 namespace {
 
-// What the user is told while a kind of list is read.
+// The texts for reading one kind of list.
 struct WordFileTexts {
-  const char* title;     // of its message boxes
-  const char* missing;   // before the path of a file that is not there
+  const char* title;     // of message boxes
+  const char* missing;   // before the path of a missing file
   const char* progress;  // while the file is read
-  const char* stopped;   // after the user has stopped it
-  const char* failed;    // between the number of an error and the path
+  const char* stopped;   // after a stop
+  const char* failed;    // between the error number and the path
 };
 
 constexpr WordFileTexts STOP_WORD_TEXTS = {
@@ -31,7 +31,8 @@ constexpr WordFileTexts STOP_WORD_TEXTS = {
     .missing = "Stop words file not found:",
     .progress = "Reading stop words",
     .stopped = "Reading stop words was stopped.",
-    // "tile" stands so, here and for keywords.
+    // Compatibility: "tile" (for "file") stays, here and for keywords. Scripts that automate the
+    // window look for these messages.
     .failed = "when reading stop words from tile ",
 };
 
@@ -45,8 +46,8 @@ constexpr WordFileTexts KEYWORD_TEXTS = {
 
 using WordsOfFile = std::vector<std::u16string>;
 
-// Whether the file may be taken for a list, as far as that is known before its words are read; the
-// user is told if not.
+// True when the file may be a list, as far as that is known before its words are read. Otherwise
+// tells the user.
 bool IsListFile(const std::string& path, const Result<InputBytes>& file, const Alphabet& alphabet,
                 const WordFileTexts& texts, Conversation& ui) {
   if (!file && file.Why().kind == FaultKind::missing) {
@@ -59,7 +60,7 @@ bool IsListFile(const std::string& path, const Result<InputBytes>& file, const A
   return CheckInputFile(path, file, options, macNoticeShown, ui).accepted;
 }
 
-// Reads the words of a file; the user may stop that where it is long.
+// Reads the words of a file. For a long file, the user can stop it.
 Result<WordsOfFile> StoppableWords(std::string_view bytes, const Alphabet& alphabet,
                                    Conversation& ui) {
   constexpr std::size_t STOPPABLE_ABOVE = 20480;  // bytes
@@ -70,8 +71,8 @@ Result<WordsOfFile> StoppableWords(std::string_view bytes, const Alphabet& alpha
   return words;
 }
 
-// The words of a file. Nothing when there is no path, the file is missing, is no text or cannot be
-// read (the user has been told), or reading was stopped.
+// Reads the words of a file. Returns nothing for an empty path, or when the file is missing, is not
+// a text, or cannot be read (the user has been told), or when reading was stopped.
 std::optional<WordsOfFile> ReadWordFile(const std::string& path, const Alphabet& alphabet,
                                         const WordFileTexts& texts, Conversation& ui) {
   ui.ClearStop();
@@ -97,7 +98,7 @@ std::string CountText(const StopWordList& list) {
 }
 
 std::string CountText(const KeywordLists& lists) {
-  // "keyword word" is as it has always been said.
+  // Compatibility: "keyword word" is the text that users and scripts know.
   return CountInWords(lists.fileKeywords.size(), "One keyword word", " keywords");
 }
 
