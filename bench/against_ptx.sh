@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
-# Measures whole runs of quorvel-cli, beside GNU ptx and grep on the same English text and on
-# generated texts that grow, and renews the measured parts of docs/performance.md.
+# Measures whole runs of quorvel-cli beside GNU ptx and grep, on an English text and on generated
+# texts of growing size, and updates the measured parts of docs/performance.md.
 #
-# Exit status 1 when a target is missed, 2 when the machine was too busy to tell. Never part of
-# the tests: what it finds depends on the machine and on what else runs there.
+# The exit status is 1 when a target is missed and 2 when the machine was too busy to measure. This
+# is not part of the tests, because the results depend on the machine and its load.
 set -euo pipefail
 export LC_ALL=C
 
-RUNS=${RUNS:-11}    # of each command, taken in turns, after one that does not count
-ATTEMPTS=3          # at a comparison that comes out differently by medians and by minima
-MOST_DIFFERENCE=1.2 # between the two
+RUNS=${RUNS:-11}    # of each command, alternating; one more run before them does not count
+ATTEMPTS=3          # at a comparison whose median and minimum differ too much
+MOST_DIFFERENCE=1.2 # between the ratios of medians and of minima
 
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 CLI=$ROOT/build/release/quorvel-cli
@@ -26,7 +26,7 @@ die() {
 for tool in "$CLI" "$BENCH" /usr/bin/time ptx bible valgrind; do
   command -v "$tool" >/dev/null || die "$tool is missing; ./dev bench builds and installs it"
 done
-# In memory where there is room, for a disk is as fast as it pleases.
+# In memory if there is room, because the speed of a disk varies.
 place=/dev/shm
 room=$(df --output=avail -k "$place" 2>/dev/null | tail -n 1) || room=0
 ((room >= ROOM)) || place=$ROOT/build
@@ -40,9 +40,9 @@ rounded() { awk "BEGIN { printf \"%.${2:-1}f\", $1 }"; }
 
 bytes() { stat -c %s "$@" | awk '{ sum += $1 } END { print sum }'; }
 
-# Runs a command; what it writes begins with `name`. Appends "MICROSECONDS KILOBYTES BYTES" to
-# runs.name: its time, its peak memory and the length of its output. The output is removed
-# before the next command, so that none pays for another one's.
+# Runs a command whose output files begin with `name`. Appends "MICROSECONDS KILOBYTES BYTES" to
+# runs.name: its time, its peak memory and the length of its output. The output is removed before
+# the next command, so that each starts under the same conditions.
 measure() { # name, command...
   local name=$1 start end
   shift
@@ -61,7 +61,7 @@ search() { # name, text, options
   measure "$1" "$CLI" "$2" -q -o "$1.txt" "${@:3}"
 }
 
-# Over the runs of a measurement; column 1 is the time, 2 the memory, 3 the output.
+# Statistics of a measurement. Column 1 is the time, 2 the memory, 3 the output.
 least() { sort -n -k "$2,$2" "runs.$1" | awk -v column="$2" 'NR == 1 { print $column }'; }
 median() {
   sort -n -k "$2,$2" "runs.$1" |
@@ -72,14 +72,14 @@ take() { # name
   case $1 in
     ptx_bible) measure ptx_bible ptx -A -w 100 bible.txt ;;
     floor) measure floor "$BENCH" floor bible.txt floor.txt ;;
-    # As most systems are set up: with a locale of one byte a character it is faster.
+    # With the usual kind of locale; with a single-byte locale grep is faster.
     grep) LC_ALL=C.UTF-8 measure grep grep -c -w harvest bible.txt ;;
     our_bible) list our_bible bible.txt "$bibleStopWords" ;;
     unicode_bible) list unicode_bible bible.txt "$bibleStopWords" --encoding unicode ;;
     unicode_cyrillic) list unicode_cyrillic cyrillic.txt "$(in_cyrillic <<<"$bibleStopWords")" --encoding unicode ;;
     unicode_keyword) search unicode_keyword bible.txt -k one.txt --encoding unicode ;;
     cyrillic_keyword) search cyrillic_keyword cyrillic.txt -e харвест --encoding unicode ;;
-    # A word that the letters become in Windows-1252.
+    # A word that the Cyrillic letters become when they are read as Windows-1252.
     cyrillic_first) search cyrillic_first cyrillic.txt -e 'ÐŸÑ' --encoding utf-8 ;;
     one_keyword) search one_keyword bible.txt -k one.txt ;;
     many_keywords) search many_keywords bible.txt -k many.txt ;;
@@ -89,21 +89,21 @@ take() { # name
     our_long) list our_long long.txt "$longStopWords" ;;
     together) measure together "$CLI" -q desk ;;
     one_by_one)
-      # shellcheck disable=SC2016 # it is that shell which knows them
+      # shellcheck disable=SC2016 # the inner shell expands them
       measure one_by_one bash -c 'for text in desk/???.txt; do "$0" -q "$text"; done' "$CLI"
       ;;
     our_*) list "$1" "${1#our_}.txt" '' ;;
   esac
 }
 
-# Each letter as one of two bytes.
+# Replaces each letter by a Cyrillic one, which takes two bytes.
 in_cyrillic() {
   LC_ALL=C.UTF-8 sed 'y/abcdefghijklmnopqrstuvwxyz/абцдефгхийклмнопярстувшьыз/
     y/ABCDEFGHIJKLMNOPQRSTUVWXYZ/АБЦДЕФГХИЙКЛМНОПЯРСТУВШЬЫЗ/'
 }
 
-# Takes two measurements in turns; sets byMedian and byMinimum to the time of the first in
-# multiples of the second.
+# Runs two measurements alternately. Sets byMedian and byMinimum to the time of the first divided by
+# the time of the second.
 compare() { # first, second
   local attempt i difference
   for ((attempt = 1; attempt <= ATTEMPTS; attempt++)); do
@@ -122,7 +122,7 @@ compare() { # first, second
     echo "These differ too much: the machine is busy (load $(cut -d ' ' -f 1 /proc/loadavg))"
     sleep 10
   done
-  die "nothing can be told from this; try again when the machine is quiet"
+  die "the measurements vary too much; try again when the machine is idle"
 }
 
 rows=''
@@ -133,7 +133,7 @@ row() { # caption, by medians, by minima, "at least" or "at most", target
   local relation='<='
   [[ $4 == 'at most' ]] || relation='>='
   holds "$2 $relation $5" && return
-  echo "Missed: $1 is $(rounded "$2" 2), $4 $5 is wanted" >&2
+  echo "Missed: $1 is $(rounded "$2" 2), the target is $4 $5" >&2
   missed=1
 }
 
@@ -142,7 +142,7 @@ compared_row() { # caption, first, second, "at least" or "at most", target
   row "$1" "$byMedian" "$byMinimum" "$4" "$5"
 }
 
-# The same for two benchmarks of the program itself, which takes them in turns.
+# Like compared_row, for two benchmarks of quorvel_bench, which runs them alternately.
 benchmarks_row() { # caption, first, second, "at least" or "at most", target
   QUORVEL_BENCH_TEXT=bible.txt "$BENCH" --benchmark_filter="^($2|$3)\$" --benchmark_repetitions=5 \
     --benchmark_enable_random_interleaving=true >benchmarks 2>/dev/null
@@ -150,7 +150,7 @@ benchmarks_row() { # caption, first, second, "at least" or "at most", target
   row "$1" "$(calculate "$(time_of "$2") / $(time_of "$3")")" '' "$4" "$5"
 }
 
-# Peak memory in multiples of the bytes that went in and came out.
+# Peak memory divided by the bytes of input and output.
 memory_of() { # name, text
   calculate "$(median "$1" 2) * 1024 / ($(bytes "$2") + $(median "$1" 3))"
 }
@@ -159,7 +159,7 @@ peak_megabytes() { # least or median, name
   calculate "$("$1" "$2" 2) * 1024 / 1e6"
 }
 
-# The words of a text that occur too often to be listed: the program names ten at a time.
+# The words of a text that are too frequent to be listed. The program reports ten at a time.
 too_frequent_words() { # text
   local words='' message named
   until message=$("$CLI" "$1" -c 0 --language none --extra-stop-words "$words" -q -o - 2>&1 >/dev/null); do
@@ -173,7 +173,7 @@ words_listed() { # text, extra stop words
   "$CLI" "$1" -c 0 --language none --extra-stop-words "$2" -q -o - | grep -c '^[^ ]* [0-9]*$'
 }
 
-# Puts standard input between the markers of a part of the page.
+# Replaces the text between the markers of a part of the page by standard input.
 renew_part() { # name
   cat >part
   awk -v begin="<!-- $1: begin -->" -v end="<!-- $1: end -->" '
@@ -187,7 +187,7 @@ renew_part() { # name
   cp page "$PAGE"
 }
 
-# A row for each phase of a run on the English text.
+# A table row for each phase of a run on the English text.
 phase_shares() {
   QUORVEL_BENCH_TEXT=bible.txt TMPDIR=$work "$BENCH" --benchmark_filter='^Run/text$' --benchmark_min_time=2 \
     --benchmark_format=csv 2>/dev/null | tr -d '"' | awk -F , '
@@ -205,8 +205,9 @@ phase_shares() {
     }'
 }
 
-# A row for each phase of the same run by the instructions it takes for a byte of input, which
-# repeat exactly: what the functions take together with all that they call, some less others.
+# A table row for each phase of the same run, with its instructions per byte of input. These counts
+# are reproducible. They include all called functions; some rows subtract functions that have their
+# own row.
 instruction_rows() {
   valgrind --tool=callgrind --callgrind-out-file=callgrind.out "$CLI" bible.txt --language none \
     --extra-stop-words "$bibleStopWords" -q -o counted.txt 2>/dev/null
@@ -253,7 +254,7 @@ instruction_rows() {
     }'
 }
 
-echo "Making the texts"
+echo "Generating the texts"
 bible -f 'gen1:1-rev22:21' | sed 's/$/\r/' >bible.txt
 "$BENCH" text $TEXT_LENGTH 5000 1 >narrow.txt
 "$BENCH" text $TEXT_LENGTH 200000 1 >wide.txt
@@ -264,7 +265,8 @@ truncate -s "$(bytes bible.txt)" cyrillic.txt
 longStopWords=$(too_frequent_words long.txt)
 seq 100000 149999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread.txt
 seq 100000 599999 | tr 0-9 k-t | paste -d ' ' - - - - - | sed 's/$/\r/' >spread10.txt
-# Each word as often as any other, in no order; each line of `often` has the same one in it, too.
+# Uniformly distributed words in random order. Each line of `often` also has the same additional
+# word.
 awk 'BEGIN { for (srand(1); n < 5000000; n++) print 100000 + int(50000 * rand()) }' |
   tr 0-9 k-t | paste -d ' ' - - - - - - - - - - | sed 's/$/\r/' >flat10.txt
 head -n 50000 flat10.txt >flat.txt
@@ -302,7 +304,7 @@ compared_row '500,000 different words, once each : 50,000' our_spread10 our_spre
 compared_row '40 MB of equally frequent words : 4 MB' our_flat10 our_flat 'at most' 11
 compared_row 'One word in each of 32,767 lines : of 3,277' our_often10 our_often 'at most' 11
 compared_row 'Search in a page with 1,700,000 tags : with 170,000' search_tags10 search_tags 'at most' 11
-# Runs of a twentieth of a second differ more; the target is far.
+# Runs of a twentieth of a second vary more, and the targets are far from the measured values.
 MOST_DIFFERENCE=1.5 compared_row '80,000 words that share a slot where a table has no secret : others' our_tokens our_tokens_benign 'at most' 2
 MOST_DIFFERENCE=1.5 compared_row '32,000 lines with what looks like a repeat marker : with other signs' our_markers our_markers_benign 'at most' 2
 MOST_DIFFERENCE=1.5 compared_row '20 MB in which repairs of UTF-8 lead to others : in which they do not' our_repairs our_repairs_benign 'at most' 2
@@ -348,7 +350,7 @@ END
   echo '| Phase | Instructions for each byte of input | Share, % |'
   echo '|---|---|---|'
   instruction_rows
-} >phase_rows # so that a row that is missing ends it
+} >phase_rows # in a file first, so that a missing row ends the script
 renew_part phases <phase_rows
 echo "Wrote docs/performance.md"
 exit "$missed"

@@ -1,5 +1,5 @@
-// Documents that are not plain text: 2 and 20 MB of a body's XML and of a web page, the body
-// beside a plain copy of the same bytes.
+// Benchmarks of documents other than plain text: the XML of a document body and web pages of 2 and
+// 20 MB. Reading a body is compared with a plain copy of the same bytes.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -12,8 +12,7 @@
 namespace quorvel {
 namespace {
 
-// The part again and again behind the beginning, up to as many bytes as the benchmark's argument
-// says.
+// Appends `part` until the text has as many bytes as the argument of the benchmark.
 std::string Filled(const benchmark::State& state, std::string text, std::string_view part) {
   while (std::ssize(text) < state.range(0)) text += part;
   return text;
@@ -51,7 +50,7 @@ void ReadBody(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * std::ssize(body));
 }
 
-// The copy that each round begins with is counted too.
+// The time includes the copy at the beginning of each iteration.
 void PreparePage(benchmark::State& state, std::string_view part) {
   const std::string page = Page(state, part);
   SilentProgress nobody;
@@ -69,7 +68,7 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 
 BENCHMARK(CopyBody)->Apply(Sizes);
 BENCHMARK(ReadBody)->Apply(Sizes);
-// Four tags in 47 bytes, so that there are 1,700,000 of them in 20 MB.
+// Four tags in 47 bytes, which are 1,700,000 tags in 20 MB.
 BENCHMARK_CAPTURE(PreparePage, prose, "<p>the lamp is <b>lit</b> and <i>whoever</i></p>")
     ->Apply(Sizes);
 BENCHMARK_CAPTURE(PreparePage, entities, "<p>&eacute;t&eacute; &nope; &amp; </p>")->Apply(Sizes);

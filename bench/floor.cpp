@@ -29,7 +29,7 @@ bool IsLetter(char ch) { return LETTERS[static_cast<std::uint8_t>(ch)]; }
 bool WriteFloor(const std::string& input, const std::string& output) {
   constexpr std::size_t SHORTEST_WORD = 3;
   constexpr std::size_t SLICE = 60;
-  constexpr std::size_t MOST_PER_BYTE = 12;  // in words of five letters and a blank, ten
+  constexpr std::size_t MOST_PER_BYTE = 12;  // ten for words of five letters
   constexpr std::size_t COUNTERS = 65536;
   SilentProgress nobody;
   const HashSeed seed = RandomHashSeed();

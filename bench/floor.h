@@ -1,13 +1,13 @@
-// The least that a concordance can cost: what no program that lists each word in its
-// surroundings can do without.
+// A lower bound for the cost of a concordance: work that every program must do that lists each word
+// with its context.
 #pragma once
 
 #include <string>
 
 namespace quorvel {
 
-// Hashes each run of three or more ASCII letters of a file, and writes the 60 bytes from its
-// beginning on to another one. False when a file cannot be read or written.
+// Hashes each run of three or more ASCII letters of `input`, and writes the 60 bytes from its
+// beginning on to `output`. Returns false when a file cannot be read or written.
 [[nodiscard]] bool WriteFloor(const std::string& input, const std::string& output);
 
 }  // namespace quorvel

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-// A word of rank r is drawn with a weight of 1 / (r + 2.7), ranks counted from 1, which is
-// close to what is counted in English. The plain generator's numbers are used as they come,
-// because the library's distributions differ from one compiler to the next.
+// A word of rank r, counted from 1, is drawn with a weight of 1 / (r + 2.7), which is close to the
+// frequencies of English. The generator's numbers are used directly, because the distributions of
+// the library differ between compilers.
 
 namespace quorvel {
 namespace {
@@ -43,7 +43,7 @@ std::size_t SyllablesAtRank(std::size_t rank, Random& random) {
   return (rank <= LAST_MIDDLING ? 1 : 2) + random() % 2;
 }
 
-// The words of the language, the most frequent one first.
+// The words of the language in descending order of frequency.
 std::vector<std::string> Vocabulary(std::size_t size) {
   Random random(1);
   std::vector<std::string> words;
@@ -58,7 +58,7 @@ std::vector<std::string> Vocabulary(std::size_t size) {
   return words;
 }
 
-// The sums of the weights up to each word.
+// The cumulative sums of the weights.
 std::vector<double> WeightSums(std::size_t size) {
   constexpr double FLATTENING = 2.7;
   std::vector<double> sums;
@@ -95,7 +95,7 @@ std::string Sentence(const std::vector<std::string>& words, const std::vector<do
   return sentence;
 }
 
-// Makes CR LF of the first blank behind each stretch of some seventy characters.
+// Replaces the first blank after every seventy characters by CR LF.
 std::string InLines(std::string_view paragraph) {
   constexpr std::size_t SHORTEST_LINE = 70;
   std::string lines;

@@ -1,8 +1,8 @@
-// English-like texts of any length, made from numbers.
+// English-like texts of any length from a random generator.
 //
-// For measuring, so that nothing need be at hand: word frequencies fall as they do in a
-// language, and the same arguments give the same text everywhere. Not for tests of
-// correctness: neither accents nor odd bytes come up.
+// They are for benchmarks without external data: word frequencies are those of a real language, and
+// the same arguments give the same text on every machine. They are not for tests of correctness,
+// because they have no accents and no unusual bytes.
 #pragma once
 
 #include <cstdint>
@@ -12,14 +12,14 @@ namespace quorvel {
 
 struct TextShape {
   std::size_t length = 0;      // in bytes; the text ends with the sentence that reaches it
-  std::size_t vocabulary = 0;  // different words to draw from, the plurals not counted
-  std::uint32_t seed = 0;      // texts that differ in this alone are in one language
+  std::size_t vocabulary = 0;  // number of different words, without their plurals
+  std::uint32_t seed = 0;      // texts that differ only in their seeds use the same language
 };
 
-// Sentences with punctuation, in lines that end in CR LF, now and then an empty one.
+// Sentences with punctuation, in lines that end in CR LF, with some empty lines.
 [[nodiscard]] std::string GeneratedText(const TextShape& shape);
 
-// One sentence to a line, again and again, in at least `length` bytes.
+// At least `length` bytes of the same sentence, one on each line.
 [[nodiscard]] std::string RepeatedSentence(std::size_t length);
 
 }  // namespace quorvel

@@ -38,8 +38,8 @@ std::uint64_t HalfOf(const Word& word, std::size_t from) {
   return half;
 }
 
-// Where a table of 2^18 slots looks first for a word, by two rounds of multiplying and turning: a
-// good hash, were it not known to everybody.
+// The slot of a word in a table of 2^18 slots, by two rounds of multiplication and rotation. It is
+// a good hash function, but without a secret anyone can construct collisions.
 std::uint32_t SlotWithoutSecret(std::uint64_t turnedFront, const Word& word) {
   constexpr unsigned UNUSED_BITS = 16;
   constexpr std::uint32_t SLOTS = 1U << 18U;
@@ -47,15 +47,15 @@ std::uint32_t SlotWithoutSecret(std::uint64_t turnedFront, const Word& word) {
   return static_cast<std::uint32_t>(std::rotl(mixed, 29) >> UNUSED_BITS) % SLOTS;
 }
 
-// Adds the words with this beginning whose slot is 0. The last bits of a slot depend on one letter
-// alone, so that few words need be tried.
+// Adds the words with this beginning whose slot is 0. The low bits of the slot depend on a single
+// letter, so few words have to be tried.
 void AddColliding(Word word, WordLines& lines) {
   constexpr char16_t LOW_BITS = 31;
   const std::uint64_t turned = std::rotl(HalfOf(word, 0) * MULTIPLIER, 29);
   const auto letter = static_cast<char16_t>((turned & LOW_BITS) + u'a' - 1);
   if (letter < u'a' || letter > u'z') return;
   word[4] = letter;
-  // Not with an "s" at the end, which would be dropped.
+  // A final "s" is skipped, because the plural rule would remove it.
   for (word[7] = u'a'; word[7] <= u'r'; ++word[7]) {
     for (word[6] = u'a'; word[6] <= u'z'; ++word[6]) {
       for (word[5] = u'a'; word[5] <= u'z'; ++word[5]) {
@@ -98,8 +98,8 @@ std::string Markers(bool hostile) {
   return text;
 }
 
-// Runs as long as there are runs: each of them is met when it has become shorter by as many bytes
-// as there are runs before it. The dash shows that the text is in UTF-8.
+// There are as many runs of bytes as each run is long. When the repair reaches a run, it has lost
+// as many bytes as there are runs before it. The dash makes the program detect UTF-8.
 std::string Repairs(bool hostile) {
   constexpr std::size_t RUNS = 4472;
   std::string text = "harvest ";

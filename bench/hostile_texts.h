@@ -1,5 +1,5 @@
-// Texts that are made to cost more than their length, each with an ordinary one beside it: of the
-// same size and with a listing of about the same size.
+// Malicious texts that try to cost more time than their length justifies. For each there is a
+// benign text with the same size and a listing of about the same size.
 #pragma once
 
 #include <string>
@@ -7,11 +7,10 @@
 
 namespace quorvel {
 
-// A text by its name; without characters for an unknown one.
-//   tokens, tokens_benign    80,000 words, which all share a slot where a table has no secret
-//   markers, markers_benign  32,000 lines, in which something like a repeat marker keeps equal
-//                            contexts apart
-//   repairs, repairs_benign  20 MB in which each repair of UTF-8 makes work for a further one
+// Returns the text with this name, or an empty string for an unknown name.
+//   tokens, tokens_benign    80,000 words, all in the same slot of a table without a secret
+//   markers, markers_benign  32,000 lines; a fake repeat marker in each makes equal contexts differ
+//   repairs, repairs_benign  20 MB in which each repair of UTF-8 causes another one
 [[nodiscard]] std::string HostileText(std::string_view name);
 
 }  // namespace quorvel

@@ -1,8 +1,8 @@
-// quorvel_bench: the benchmarks, a generated text, or the least that a concordance can cost.
+// quorvel_bench: benchmarks, generated texts, and the lower bound for a concordance.
 //
-//   quorvel_bench [OPTION...]                   as Google Benchmark has it
-//   quorvel_bench text LENGTH VOCABULARY SEED   writes a text to standard output
-//   quorvel_bench hostile NAME                  writes one of hostile_texts.h
+//   quorvel_bench [OPTION...]                   options of Google Benchmark
+//   quorvel_bench text LENGTH VOCABULARY SEED   writes a generated text to standard output
+//   quorvel_bench hostile NAME                  writes a text of hostile_texts.h
 //   quorvel_bench floor INPUT OUTPUT            see floor.h
 
 #include <benchmark/benchmark.h>

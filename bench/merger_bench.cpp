@@ -1,4 +1,4 @@
-// Merging, where the contexts of one word say the same again and again.
+// Merging of contexts that repeat.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t CONTEXT_LENGTH = 80;
 
-// `count` stretches of text that differ from each other.
+// Returns `count` different contexts.
 std::vector<std::string> Contexts(std::size_t count) {
   const std::string text = GeneratedText({count * CONTEXT_LENGTH, 5000, 1});
   std::vector<std::string> contexts;
@@ -23,8 +23,9 @@ std::vector<std::string> Contexts(std::size_t count) {
   return contexts;
 }
 
-// As many occurrences as a listed word may have, of only `state.range(0)` different contexts.
-// `markersInText` is the slower way, for a document that itself holds what looks like a marker.
+// Merges the maximum number of occurrences, with only `state.range(0)` different contexts.
+// `markersInText` selects the slower algorithm, for documents that contain texts like repeat
+// markers.
 void Merge(benchmark::State& state, bool markersInText) {
   const std::vector<std::string> contexts = Contexts(static_cast<std::size_t>(state.range(0)));
   ContextMerger<char> merger(true, markersInText, RandomHashSeed());

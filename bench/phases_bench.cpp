@@ -1,5 +1,5 @@
-// Each phase of a run by itself. Bytes per second are always bytes of the input file, so that
-// phases can be compared.
+// Benchmarks of the single phases of a run. Bytes per second always refer to the input file, so
+// that phases can be compared.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -76,7 +76,7 @@ void ComposeListing(benchmark::State& state, Source source, int contextSize, boo
   CountBytes(state, sample);
 }
 
-// Composed, shown and written, as when the user has changed an option.
+// Composes, shows and writes the listing, as after a change of options.
 void ListAgain(benchmark::State& state, Source source) {
   const Sample& sample = SampleOf(source);
   SilentConversation ui;

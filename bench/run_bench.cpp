@@ -1,7 +1,7 @@
-// A whole run, from the settings to the written file, and the share of each phase in it.
+// Benchmarks of a whole run, from the settings to the written file, with the share of each phase.
 //
-// The driver tells its user what it is about to do; listening to that with a clock in hand
-// gives the shares of a real run, at no cost to it.
+// The session announces its phases to the conversation. Measuring the time between them gives the
+// shares of a real run without slowing it down.
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -28,7 +28,7 @@ class PhaseClock : public SilentConversation {
   using Clock = std::chrono::steady_clock;
 
   void Start() { since_ = Clock::now(); }
-  void Stop() { Enter(READ); }  // which the next run begins with
+  void Stop() { Enter(READ); }  // the first phase of the next run
 
   void BeginPhase(std::string_view name) override {
     if (name == "Compacting spaces") Enter(DECODE);
@@ -37,12 +37,12 @@ class PhaseClock : public SilentConversation {
     if (name == "Creating concordance") Enter(COMPOSE);
   }
 
-  // The scan begins with an empty bar.
+  // The scan begins by showing an empty progress bar.
   void ShowBar(std::string_view /*caption*/) override {
     if (phase_ == DECODE) Enter(SCAN);
   }
 
-  // With the composed listing the caption is renewed.
+  // This label is set when the listing is composed.
   void SetLabel(Label label, std::string_view /*text*/) override {
     if (label == Label::keywordsFound && phase_ == COMPOSE) Enter(WRITE);
   }
@@ -71,7 +71,7 @@ void Run(benchmark::State& state, Source source) {
   PhaseClock ui;
   for (auto _ : state) {
     state.PauseTiming();
-    std::filesystem::remove(sample.concordancePath);  // what it takes to drop one is not at issue
+    std::filesystem::remove(sample.concordancePath);  // not measured
     state.ResumeTiming();
     Session session(ui, DETECTED);
     session.Settings() = sample.settings;
@@ -87,8 +87,7 @@ void Run(benchmark::State& state, Source source) {
   }
 }
 
-// A search for a rare word as the window makes it, where all words are recorded for what may be
-// asked for next.
+// A search for a rare word as in the window, which records all words for later searches.
 void Search(benchmark::State& state, Source source, bool fromIndex) {
   const Sample& sample = SampleOf(source);
   SilentConversation ui;

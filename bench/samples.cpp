@@ -21,9 +21,9 @@ namespace {
 constexpr std::size_t TEXT_LENGTH = 4'000'000;
 constexpr std::size_t SENTENCES_LENGTH = 1'000'000;
 constexpr std::size_t VOCABULARY = 5000;
-constexpr std::size_t WIDE_VOCABULARY = 200'000;  // ten times as many of them come up
+constexpr std::size_t WIDE_VOCABULARY = 200'000;  // ten times as many different words occur
 
-// A folder for the files of this run.
+// A temporary folder for the files of this run.
 class ScratchFolder {
  public:
   ScratchFolder() {

@@ -1,4 +1,4 @@
-// The texts that the benchmarks run on, and each of them as it stands before a phase.
+// The texts of the benchmarks, and the values that each phase needs as its input.
 #pragma once
 
 #include <cstdint>
@@ -13,26 +13,26 @@
 namespace quorvel {
 
 enum class Source {
-  text,              // the file that QUORVEL_BENCH_TEXT names, else 4 MB of generated text
+  text,              // the file in QUORVEL_BENCH_TEXT, or 4 MB of generated text
   wideVocabulary,    // 4 MB of generated text with ten times as many words
   repeatedSentence,  // 1 MB
 };
 
 struct Sample {
-  std::string path;             // of a file that is there as long as the program runs
+  std::string path;             // of a file that exists until the program ends
   std::int64_t fileLength = 0;  // in bytes
   std::shared_ptr<const Document> document;
   WordTable scannedTable;        // in the order of first occurrence
-  ConcordanceSettings settings;  // the default ones, for the file
+  ConcordanceSettings settings;  // the defaults, for this file
   Listing listing;               // ready to be composed
-  std::string concordancePath;   // where a concordance of it may be written
+  std::string concordancePath;   // where its concordance may be written
 };
 
-// The document at a path, read as a run reads it.
+// Reads the document at `path` as a run does.
 [[nodiscard]] std::shared_ptr<const Document> DocumentAt(const std::string& path);
 
-// Made when it is first asked for. Words that occur too often to be listed stand in
-// the settings as extra stop words.
+// Returns a sample, which is made on first use. Words that are too frequent to be listed are extra
+// stop words in its settings.
 [[nodiscard]] const Sample& SampleOf(Source source);
 
 }  // namespace quorvel

@@ -1,11 +1,11 @@
-// How soon the tab "Words and lines" shows what it is asked for, and what it takes of memory.
+// Measures how fast the tab "Words and lines" responds and how much memory it takes.
 #pragma once
 
 #include "ui/main_window.h"
 
 namespace quorvel {
 
-// Of a window that has listed a document; prints a table.
+// `window` must have listed a document. Prints a table.
 void MeasureWordsAndLines(MainWindow& window);
 
 }  // namespace quorvel

@@ -1,4 +1,4 @@
-// What the measurements of the window share: times in milliseconds, and rows of a table.
+// Common parts of the window's measurements: times in milliseconds and table rows.
 #pragma once
 
 #include <QElapsedTimer>
@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-// By the clock.
+// The elapsed time of `clock`.
 inline double Since(const QElapsedTimer& clock) {
   constexpr double NS_PER_MS = 1e6;
   return static_cast<double>(clock.nsecsElapsed()) / NS_PER_MS;

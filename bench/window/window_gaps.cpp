@@ -1,6 +1,6 @@
-// quorvel_window_gaps: for how long the window hears nothing in a run, phase by phase, how soon a
-// run ends once its stop is confirmed, what it costs that the window is heard at all, and how soon
-// the lines of words are there.
+// quorvel_window_gaps: measures how long the window does not handle events in each phase of a run,
+// how soon a run ends after a confirmed stop, what handling events costs, and how fast the lines of
+// words are shown.
 //
 //   tools/with_x_server.sh build/release/quorvel_window_gaps TEXT
 
@@ -41,8 +41,8 @@ namespace {
 
 constexpr int ROUNDS = 11;
 constexpr const char* LAST_PHASE = "Writing and showing";
-// Of the processors, so that what else runs on the machine does not count: what all threads have
-// taken, or the calling one alone.
+// Processor time of all threads or of the calling thread, depending on `clock`. Other processes do
+// not affect it.
 double ProcessorTime(clockid_t clock) {
   constexpr double MS_PER_SECOND = 1000;
   timespec time = {};
@@ -50,7 +50,8 @@ double ProcessorTime(clockid_t clock) {
   return MS_PER_SECOND * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
-// Sits in the events of a window and sees how long they do not come. Confirms each box at once.
+// Runs on a timer of the window and measures the gaps between events. Confirms each message box at
+// once.
 class Watch {
  public:
   explicit Watch(MainWindow& window)
@@ -61,7 +62,7 @@ class Watch {
     timer_.start(1);
   }
 
-  // Lists the words once. Gives the longest time without an event in each phase.
+  // Lists the words once. Returns the longest gap in each phase.
   std::map<std::string, double> List() {
     gaps_.clear();
     crossed_.clear();
@@ -70,7 +71,7 @@ class Watch {
     return gaps_;
   }
 
-  // The same, but stopped in `phase`. Gives the time from the confirmation to the end.
+  // Like List, but stops in `phase`. Returns the time from the confirmation to the end.
   double Stop(const std::string& phase) {
     stopIn_ = phase;
     ended_ = -1;
@@ -84,7 +85,7 @@ class Watch {
   void NotePhase() {
     QTextBlock line = output_.document()->lastBlock();
     if (line.text().isEmpty()) line = line.previous();
-    if (!line.isValid()) return;  // emptied for a run
+    if (!line.isValid()) return;  // cleared for a run
     const QString text = line.text();
     phase_ = text.endsWith(" ...") ? text.chopped(4).toStdString() : LAST_PHASE;
     crossed_.push_back(phase_);
@@ -92,7 +93,7 @@ class Watch {
     if (isNew) phases_.push_back(phase_);
   }
 
-  // A time over several phases counts for each of them.
+  // A gap over several phases counts for each of them.
   void Tick() {
     const double gap = Since(sinceTick_);
     for (const std::string& phase : crossed_) gaps_[phase] = std::max(gaps_[phase], gap);
@@ -103,7 +104,7 @@ class Watch {
       QAbstractButton* const yes = question->button(QMessageBox::Yes);
       sinceConfirmed_.start();
       (yes != nullptr ? yes : question->defaultButton())->click();
-    } else if (QWidget* const popUp = ShownPopUp()) {  // says that the file is written
+    } else if (QWidget* const popUp = ShownPopUp()) {  // reports the written file
       ended_ = Since(sinceConfirmed_);
       popUp->hide();
     } else if (!stopIn_.empty() && phase_ == stopIn_) {
@@ -118,20 +119,20 @@ class Watch {
   QElapsedTimer sinceTick_;
   QElapsedTimer sinceConfirmed_;
   std::map<std::string, double> gaps_;
-  std::vector<std::string> phases_;   // in their order
+  std::vector<std::string> phases_;   // in order
   std::vector<std::string> crossed_;  // since the last tick
-  std::string phase_;                 // now
+  std::string phase_;                 // the current phase
   std::string stopIn_;
   double ended_ = -1;
 };
 
-// The conversation of the window, with the time that it takes for events.
+// The window's conversation, which also measures the time for events.
 class TimedInterface : public WindowInterface {
  public:
   using WindowInterface::WindowInterface;
 
   void YieldAtOnce() override {
-    // The other threads go on with their work meanwhile.
+    // Only this thread is measured, because the others continue their work.
     const double start = ProcessorTime(CLOCK_THREAD_CPUTIME_ID);
     WindowInterface::YieldAtOnce();
     yielded += ProcessorTime(CLOCK_THREAD_CPUTIME_ID) - start;
@@ -158,7 +159,7 @@ ConversationControls ControlsOf(MainWindow& window) {
       .findBar = window.findChild<FindBar*>()};
 }
 
-// A session that lists the input as the window does.
+// Returns a session that lists the input as the window does.
 std::unique_ptr<Session> SessionOn(const std::string& input, Conversation& ui) {
   auto session = std::make_unique<Session>(ui);
   SilentConversation nobody;
