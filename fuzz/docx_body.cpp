@@ -1,4 +1,4 @@
-// The walk over the XML of a document's body, by whatever prefix the document declares.
+// Reads the XML of a document's body with the prefix that the document declares.
 
 #include "fuzz_input.h"
 #include "input/docx_text.h"
@@ -8,13 +8,13 @@
 namespace quorvel::fuzz {
 namespace {
 
-// The 0-based place of the first start of a run, which a blank or ">" follows; npos for none.
+// The 0-based index of the first run start, which is followed by a blank or ">", or npos.
 std::size_t RunStart(const std::string& xml, const std::string& prefix) {
   const std::string start = "<" + prefix + "t";
   return std::min(xml.find(start + " "), xml.find(start + ">"));
 }
 
-// The text of one run as it is shown.
+// The text of one run in the result.
 std::string RunText(std::string run) {
   if (run.find_first_not_of(' ') == std::string::npos) return " ";
   const std::pair<const char*, const char*> entities[] = {
@@ -23,7 +23,7 @@ std::string RunText(std::string run) {
   return naive::PlainPunctuation(naive::RepairUtf8(run));
 }
 
-// The body cut at its run ends; each piece gives the run that ends it.
+// The naive form: cuts the body at its run ends, and each piece contains the run that ends it.
 std::string ReadNaively(const std::string& xml, const std::string& prefix) {
   const std::string runEnd = "</" + prefix + "t>";
   std::string text;
@@ -47,8 +47,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string xml = FuzzInput(data, size).Rest();
   SilentProgress nobody;
   DocumentRuns runs(xml);
-  Require(runs.Read(nobody), "nobody stops it");
-  RequireSame(runs.Text(), ReadNaively(xml, WordPrefixOf(xml)), "DocumentRuns is its naive form");
+  Require(runs.Read(nobody), "it is not stopped");
+  RequireSame(runs.Text(), ReadNaively(xml, WordPrefixOf(xml)),
+              "DocumentRuns equals its naive form");
   return 0;
 }
 

@@ -1,10 +1,10 @@
-// What the fuzz targets share: options off the front of an input, a folder for files, and the
-// check that ends the program where two ways of doing the same differ.
+// Shared parts of the fuzz targets: parsing of options at the front of an input, a folder for
+// files, and checks that end the program when two implementations differ.
 //
-// A target is one file with the function LLVMFuzzerTestOneInput, which takes any bytes and comes
-// back. `./dev fuzz` feeds it with inputs made from fuzz/seeds/ and the dictionary beside it; the
-// tests feed it with what fuzz/seeds/ and fuzz/corpus/ hold. An input that once failed is kept in
-// fuzz/corpus/, under a name that says what was wrong.
+// A target is one file with the function LLVMFuzzerTestOneInput, which must accept any bytes.
+// `./dev fuzz` runs it on inputs made from fuzz/seeds/ and the dictionary of the target; the tests
+// run it on the inputs in fuzz/seeds/ and fuzz/corpus/. Inputs that once failed are kept in
+// fuzz/corpus/.
 #pragma once
 
 #include <unistd.h>
@@ -25,14 +25,14 @@ namespace quorvel::fuzz {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-// Takes an input apart, front to back.
+// Splits an input from its front.
 class FuzzInput {
  public:
   FuzzInput(const std::uint8_t* data, std::size_t size)
       : rest_(reinterpret_cast<const char*>(data), size) {}  // NOLINT(*-reinterpret-cast)
 
-  // A number from 0 to `count` - 1 by the next byte, 0 where there is none. "0" to "9" stand for
-  // themselves, so that seeds can be typed.
+  // A number from 0 to `count` - 1, taken from the next byte, or 0 at the end. "0" to "9" give
+  // their own values, so that seeds can be typed.
   int Number(int count) {
     if (rest_.empty()) return 0;
     const auto byte = static_cast<std::uint8_t>(rest_.front() - '0');
@@ -42,7 +42,7 @@ class FuzzInput {
 
   bool Flag() { return Number(2) == 1; }
 
-  // What stands before the next line feed, which is dropped.
+  // The text up to the next line feed, which is skipped.
   std::string Line() {
     const std::string_view line = rest_.substr(0, rest_.find('\n'));
     rest_.remove_prefix(std::min(line.size() + 1, rest_.size()));
@@ -55,7 +55,7 @@ class FuzzInput {
   std::string_view rest_;
 };
 
-// Ends the program with what was broken.
+// Ends the program with a message if `holds` is false.
 inline void Require(bool holds, std::string_view rule) {
   if (holds) return;
   std::cerr << "Broken: " << rule << '\n';
@@ -67,8 +67,8 @@ inline void RequireSame(std::string_view got, std::string_view expected, std::st
   Require(got == expected, rule);
 }
 
-// A folder for the files of a target, and for the temporary folders of the core, while the program
-// runs.
+// A folder for the files of a target and the temporary folders of the core. It exists until the
+// program ends.
 class FuzzFolder {
  public:
   FuzzFolder() {
@@ -79,13 +79,13 @@ class FuzzFolder {
   FuzzFolder(const FuzzFolder&) = delete;
   FuzzFolder& operator=(const FuzzFolder&) = delete;
 
-  // Writes a file and gives its path.
+  // Writes a file and returns its path.
   [[nodiscard]] std::string Write(std::string_view name, std::string_view bytes) const {
     std::ofstream(path_ / name, std::ios::binary).write(bytes.data(), std::ssize(bytes));
     return (path_ / name).string();
   }
 
-  // How many files and folders it holds.
+  // The number of files and folders in it.
   [[nodiscard]] std::ptrdiff_t Count() const {
     return std::distance(std::filesystem::directory_iterator(path_), {});
   }

@@ -1,4 +1,4 @@
-// Web pages to their text, with and without their lists.
+// Prepares web pages, with and without their lists.
 
 #include "fuzz_input.h"
 #include "input/compact_spaces.h"
@@ -11,7 +11,7 @@
 namespace quorvel::fuzz {
 namespace {
 
-// What comes of a page that has a document type and a head, by the naive forms of the steps.
+// The result for a page with a document type and a head, by the naive forms of the steps.
 std::string PreparedNaively(std::string page, bool isUtf8, bool ignoreLists) {
   const bool needsRepair = !isUtf8 && DeclaresUtf8(page);
   page.erase(0, LowerAscii(page).find("</head>") + 7);
@@ -30,11 +30,10 @@ void CheckPreparation(const std::string& page, bool isUtf8, bool ignoreLists) {
   }
   SilentProgress nobody;
   std::string text = page;
-  Require(PrepareHtmlText(text, isUtf8, ignoreLists, nobody) == expected,
-          "a page is told from others");
+  Require(PrepareHtmlText(text, isUtf8, ignoreLists, nobody) == expected, "a page is recognized");
   const bool prepared = expected == HtmlOutcome::prepared;
   RequireSame(text, prepared ? PreparedNaively(page, isUtf8, ignoreLists) : page,
-              "PrepareHtmlText is its naive form");
+              "PrepareHtmlText equals its naive form");
 }
 
 }  // namespace
@@ -46,13 +45,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const bool ignoreLists : {false, true}) CheckPreparation(page, isUtf8, ignoreLists);
   std::string text = page;
   StripTags(text);
-  RequireSame(text, naive::StripTags(page), "StripTags is its naive form");
+  RequireSame(text, naive::StripTags(page), "StripTags equals its naive form");
   text = page;
   StripTagsAndLists(text, false);
-  RequireSame(text, naive::StripTagsAndLists(page, false), "so is StripTagsAndLists");
+  RequireSame(text, naive::StripTagsAndLists(page, false),
+              "StripTagsAndLists equals its naive form");
   text = page;
   DecodeEntities(text);
-  RequireSame(text, naive::DecodeEntities(page), "DecodeEntities is its naive form");
+  RequireSame(text, naive::DecodeEntities(page), "DecodeEntities equals its naive form");
   return 0;
 }
 

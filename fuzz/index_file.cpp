@@ -1,7 +1,8 @@
-// Index files against a text: what is accepted for a text must be what its scan gives.
+// Checks index files against a text: if an index is accepted for a text, it must be what a scan
+// gives.
 //
-// The first line of an input is the text. Behind it stands an index, or, by the option, changes
-// to the true index of that text.
+// The first line of an input is the text. The rest is an index or, depending on an option, changes
+// to the correct index of that text.
 
 #include "engine/index_file.h"
 
@@ -12,7 +13,8 @@
 namespace quorvel::fuzz {
 namespace {
 
-// Makes changes of four bytes and some: where (two bytes), how many bytes go, how many come.
+// Applies changes. Each has an index (two bytes), the number of bytes to remove, the number of
+// bytes to insert, and these bytes.
 std::string Changed(std::string bytes, FuzzInput& input) {
   while (!input.Rest().empty()) {
     const int place = input.Number(256) * 256 + input.Number(256);
@@ -24,7 +26,7 @@ std::string Changed(std::string bytes, FuzzInput& input) {
   return bytes;
 }
 
-// Whether each entry is one of the scan's and has no place that this has not.
+// True when each entry is also in the scanned table, with at least the same positions.
 bool IsPartOf(const WordTable& table, const WordTable& scanned) {
   return std::ranges::all_of(table.entries, [&scanned](const WordEntry& entry) {
     const auto found = std::ranges::find(scanned.entries, entry.word, &WordEntry::word);
@@ -33,7 +35,7 @@ bool IsPartOf(const WordTable& table, const WordTable& scanned) {
   });
 }
 
-// The words of an index that is accepted for the document, else no table.
+// The words of an index that is accepted for the document. Otherwise the table is null.
 Words WordsFor(const std::shared_ptr<const Document>& document, const std::string& bytes) {
   std::optional<WordTable> table = TableOfIndexFile(bytes, Alphabet::Windows1252());
   if (!table) return {};
@@ -56,11 +58,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Words words = WordsFor(document, ownIndex);
   Require(words.table != nullptr, "the index of a text fits it");
   const Listing again = ListingOf(words, settings);
-  RequireSame(IndexFileBytes(*again.words, "digest", 0), ownIndex, "and comes back");
+  RequireSame(IndexFileBytes(*again.words, "digest", 0), ownIndex,
+              "the index of a text is restored unchanged");
   words =
       WordsFor(document, changesTrueIndex ? Changed(ownIndex, input) : std::string(input.Rest()));
   if (words.table == nullptr) return 0;
-  Require(IsPartOf(*words.table, TableOf(scanned)), "what fits is what a scan gives");
+  Require(IsPartOf(*words.table, TableOf(scanned)), "an accepted index is part of the scan");
   (void)Composed(ListingOf(words, settings), nobody);
   return 0;
 }

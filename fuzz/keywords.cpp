@@ -1,6 +1,6 @@
-// Extra keywords as they are typed, and a word against a wildcard pattern.
+// Parses extra keywords, and matches a word against a wildcard pattern.
 //
-// The first line of an input is the keywords and the pattern, the second one the word.
+// The first line of an input is both the keywords and the pattern, the second line is the word.
 
 #include "lists/keywords.h"
 
@@ -21,7 +21,7 @@ bool Fits(View element, char16_t ch) {
   return (list.find(ch, negated ? 1 : 0) != View::npos) != negated;
 }
 
-// By the set of all places in the word that the pattern so far can have led to.
+// The naive form: keeps the set of all indices in the word that the pattern so far can reach.
 bool MatchesBySets(View word, View pattern) {
   std::vector<char> reached(word.size() + 1);
   reached[0] = 1;
@@ -41,7 +41,7 @@ bool MatchesBySets(View word, View pattern) {
   return reached.back() != 0;
 }
 
-// Each keyword in a line of its own.
+// Returns the keywords with one on each line.
 std::string Joined(const ExtraKeywordList& list) {
   std::u16string text;
   for (const ExtraKeyword& keyword : list.Keywords()) {
@@ -51,7 +51,7 @@ std::string Joined(const ExtraKeywordList& list) {
   return EncodeUtf8(text);
 }
 
-// The keywords that are taken under the settings, or nothing where they are refused.
+// Returns the keywords that the settings allow, or nothing when they are refused.
 std::string CheckKeywords(const ConcordanceSettings& settings) {
   const std::string tidied = TidyExtraKeywords(settings.extraKeywords, Alphabet::Windows1252());
   RequireSame(TidyExtraKeywords(tidied, Alphabet::Windows1252()), tidied,
@@ -60,7 +60,8 @@ std::string CheckKeywords(const ConcordanceSettings& settings) {
   if (keywords) return Joined(*keywords);
   const bool isCharacter = keywords.Why().kind == FaultKind::notAllowedInKeyword;
   Require(isCharacter != keywords.Why().reason.empty(), "a bad character is named");
-  Require(tidied.find(keywords.Why().reason) != std::string::npos, "and is one of them");
+  Require(tidied.find(keywords.Why().reason) != std::string::npos,
+          "the named character is one of the keywords' characters");
   return {};
 }
 
@@ -73,14 +74,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::u16string pattern = DecodeUtf8(settings.extraKeywords);
   const std::u16string word = DecodeUtf8(input.Line());
   Require(MatchesWildcard(word, pattern, Alphabet::Windows1252()) == MatchesBySets(word, pattern),
-          "MatchesWildcard is its naive form");
+          "MatchesWildcard equals its naive form");
   settings.allowWordsWithNumerals = true;
   const std::string most = CheckKeywords(settings);
   for (int choice = 0; choice < 3; ++choice) {
     settings.allowWordsWithHyphens = choice == 1;
     settings.allowWordsWithNumerals = choice == 2;
     const std::string keywords = CheckKeywords(settings);
-    Require(keywords.empty() || keywords == most, "what fewer characters allow, more do");
+    Require(keywords.empty() || keywords == most,
+            "accepted keywords do not depend on the settings");
   }
   return 0;
 }

@@ -1,5 +1,4 @@
-// Any file in the place of a DOCX, ODT or EPUB document that is read as Unicode, and any parts of
-// one.
+// Reads any bytes as a DOCX, ODT or EPUB document in Unicode, and any bytes as the parts of one.
 
 #include "fuzz_input.h"
 #include "unicode/packed_text.h"
@@ -9,7 +8,7 @@ namespace {
 
 constexpr std::uint64_t LIMIT = 65536;
 
-// Asks for a stop at every chance.
+// Requests a stop at every opportunity.
 struct StoppingProgress : SilentProgress {
   void YieldNow() override { RequestStop(); }
 };
@@ -17,17 +16,17 @@ struct StoppingProgress : SilentProgress {
 void CheckText(const UnpackedParts& parts, const UnicodeOptions& options) {
   SilentProgress nobody;
   PackedText text(parts, options);
-  Require(text.Read(nobody), "nobody stops it");
+  Require(text.Read(nobody), "it is not stopped");
   const std::string whole = text.Take().text;
   RequireSame(EncodeUtf8(DecodeUtf8(whole)), whole, "the text is UTF-8");
-  Require(whole.size() <= 9 * parts.length + 9, "it is no longer than its characters");
+  Require(whole.size() <= 9 * parts.length + 9, "the text is not longer than its parts allow");
   StoppingProgress stopping;
   PackedText again(parts, options);
   while (!again.Read(stopping)) stopping.ClearStop();
-  RequireSame(again.Take().text, whole, "a stop changes nothing");
+  RequireSame(again.Take().text, whole, "a stop does not change the text");
 }
 
-// Parts end at a form feed.
+// Splits the bytes into parts at form feeds.
 UnpackedParts PartsOf(PackedKind kind, const std::string& bytes) {
   UnpackedParts parts{.kind = kind, .parts = {}};
   for (std::size_t begin = 0; begin < bytes.size();) {
@@ -53,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   SilentProgress nobody;
   const InputBytes document("a.docx", bytes);
   const auto parts = UnpackTextParts(document, kind, options, {.hard = LIMIT}, nobody);
-  Require(parts || parts.Why().kind == FaultKind::bodyTooLarge, "only the limit is a fault");
+  Require(parts || parts.Why().kind == FaultKind::bodyTooLarge, "only the limit causes a fault");
   if (!parts) return 0;
   Require(parts->length <= LIMIT, "the limit holds");
   CheckText(*parts, options);

@@ -1,4 +1,4 @@
-// Settings files: whatever is accepted is a record that can be kept.
+// Reads settings files: accepted settings must be valid and can be saved and restored.
 
 #include "settings/settings_file.h"
 
@@ -29,13 +29,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(settings.contextSize >= 0 && settings.contextSize <= LARGEST_CONTEXT_SIZE &&
               settings.thresholdFrequency >= SMALLEST_THRESHOLD &&
               settings.thresholdFrequency <= LARGEST_THRESHOLD,
-          "the record holds allowed values");
+          "the settings are valid");
   Require(!starting || settings.mode == Mode::create, "the program starts in create mode");
   if (!state.errorText.empty()) return 0;
-  RequireSame(SaveState(settings, path, {}), "", "a record can be saved");
+  RequireSame(SaveState(settings, path, {}), "", "the settings can be saved");
   ConcordanceSettings restored;
-  RequireSame(RestoreSavedState(restored, path, false).errorText, "", "and restored");
-  Require(ValuesOf(restored) == ValuesOf(settings), "as it was");
+  RequireSame(RestoreSavedState(restored, path, false).errorText, "",
+              "the settings can be restored");
+  Require(ValuesOf(restored) == ValuesOf(settings), "the settings are restored unchanged");
   Require(folder.Count() == 1, "nothing is left behind");
   return 0;
 }

@@ -1,4 +1,4 @@
-// From the bytes of a text file to its characters, with and without the repair of UTF-8.
+// Decodes the bytes of a text file, with and without the repair of UTF-8.
 
 #include <algorithm>
 #include <cstring>
@@ -13,7 +13,7 @@
 namespace quorvel::fuzz {
 namespace {
 
-// The lines of a file, taken off one by one and each repaired for itself.
+// The naive form: splits the lines of a file one by one and repairs each.
 std::string JoinedNaively(std::string bytes, const ReadOptions& options) {
   if (options.convertUtf8 && bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
   bytes = naive::Replace(bytes, "\r\n", "\r");
@@ -32,10 +32,10 @@ std::string JoinedNaively(std::string bytes, const ReadOptions& options) {
 void CheckRepairs(const std::string& bytes) {
   std::string text = bytes;
   RepairUtf8(text);
-  RequireSame(text, naive::RepairUtf8(bytes), "RepairUtf8 is its naive form");
+  RequireSame(text, naive::RepairUtf8(bytes), "RepairUtf8 equals its naive form");
   text = bytes;
   PlainPunctuation(text);
-  RequireSame(text, naive::PlainPunctuation(bytes), "PlainPunctuation is its naive form");
+  RequireSame(text, naive::PlainPunctuation(bytes), "PlainPunctuation equals its naive form");
   text = bytes;
   CompactSpaces(text);
   std::string expected;
@@ -49,13 +49,13 @@ void CheckRepairs(const std::string& bytes) {
 void CheckCodecs(const std::string& bytes) {
   std::string ansi;
   AppendAnsi(ansi, DecodeAnsi(bytes));
-  RequireSame(ansi, bytes, "Windows-1252 comes back");
+  RequireSame(ansi, bytes, "Windows-1252 is decoded and encoded unchanged");
   const std::u16string text = DecodeUtf8(bytes);
-  Require(DecodeUtf8(EncodeUtf8(text)) == text, "UTF-8 comes back");
+  Require(DecodeUtf8(EncodeUtf8(text)) == text, "UTF-8 is encoded and decoded unchanged");
   std::u16string units(bytes.size() / sizeof(char16_t), u'\0');
   std::memcpy(units.data(), bytes.data(), units.size() * sizeof(char16_t));
   const std::string utf8 = EncodeUtf8(units);
-  RequireSame(EncodeUtf8(DecodeUtf8(utf8)), utf8, "any code units become UTF-8");
+  RequireSame(EncodeUtf8(DecodeUtf8(utf8)), utf8, "any code units are encoded as UTF-8");
   AppendAnsi(ansi, units);
   Require(ansi.size() <= bytes.size() + units.size(), "a character becomes one byte");
 }
@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const bool convertUtf8 : {false, true}) {
     const ReadOptions options = {convertUtf8, join};
     RequireSame(ReadTextFile(bytes, options), JoinedNaively(bytes, options),
-                "ReadTextFile is its naive form");
+                "ReadTextFile equals its naive form");
   }
   CheckRepairs(bytes);
   CheckCodecs(bytes);

@@ -1,4 +1,5 @@
-// Any bytes as a text, a page or an XML text that is read as Unicode, and in every character set.
+// Reads any bytes as a text, a page or an XML text in Unicode, and decodes them in every character
+// set.
 
 #include "fuzz_input.h"
 #include "unicode/chapter_text.h"
@@ -19,7 +20,7 @@ void RequireUtf8(std::string_view text, std::string_view what) {
   }
 }
 
-// The U+FFFD of a text.
+// The number of U+FFFD in a text.
 std::int64_t Replacements(std::string_view text) {
   std::int64_t count = 0;
   for (std::size_t i = text.find("\xEF\xBF\xBD"); i != std::string_view::npos;
@@ -34,10 +35,10 @@ void CheckDecoding(const std::string& bytes) {
                                 Charset::windows1252, Charset::iso885915}) {
     const Utf8Text utf8 = Decode(bytes, charset);
     RequireUtf8(utf8.text, "every character set becomes UTF-8");
-    Require(Replacements(utf8.text) >= utf8.replaced, "what was replaced stands in the text");
+    Require(Replacements(utf8.text) >= utf8.replaced, "the text contains all replacements");
     const std::string normalized = Normalized(utf8.text);
-    RequireUtf8(normalized, "what is composed stays UTF-8");
-    RequireSame(Normalized(normalized), normalized, "and stays as it is");
+    RequireUtf8(normalized, "a composed text is UTF-8");
+    RequireSame(Normalized(normalized), normalized, "a composed text is unchanged by composing");
   }
   const Utf8Text utf8 = TextOfBytes(bytes);
   Require(utf8.replaced > 0 || CharsetMarkOf(bytes) || utf8.text.size() >= bytes.size(),
@@ -59,10 +60,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     RequireUtf8(prepared->text, "a prepared text is UTF-8");
     Require(std::all_of(prepared->text.begin(), prepared->text.end(),
                         [](char ch) { return static_cast<std::uint8_t>(ch) >= ' '; }),
-            "it holds no control characters of ASCII");
+            "a prepared text has no ASCII control characters");
   }
   const std::string text = Decode(bytes, Charset::utf8).text;
-  RequireUtf8(DecodeReferences(ChapterText(text, ignoreLists)), "so is a chapter");
+  RequireUtf8(DecodeReferences(ChapterText(text, ignoreLists)), "the text of a chapter is UTF-8");
   return 0;
 }
 

@@ -1,7 +1,7 @@
-// A small run on a file, all of it: its table and its listing are those of the naive forms. A
-// search lists the part of that which its keywords name.
+// Runs a session on a small file: its table and its listing must equal those of the naive forms. A
+// search must list the part of the listing that its keywords select.
 //
-// The options come first, then a line of extra keywords, a line of file keywords, and the input.
+// An input has the options, a line of extra keywords, a line of file keywords, and the document.
 
 #include "engine/index_file.h"
 #include "fuzz_input.h"
@@ -18,13 +18,13 @@ namespace {
 
 using Text = std::u16string;
 
-// All that a table holds, in words.
+// The contents of a table as text.
 std::string Describe(const ListedWords& words) {
   return std::to_string(words.counts.includedCount) + " words, " +
          std::to_string(words.counts.totalOccurrences) + " places" + IndexFileBytes(words, "", 0);
 }
 
-// Whether a line of a listing, "... " and a context with its marks, holds a word that matches.
+// True when a line of a listing ("... " and a marked context) contains a matching word.
 bool HoldsMatch(Text line, const Text& pattern) {
   std::erase_if(line, [](char16_t ch) { return ch == u'«' || ch == u'»'; });
   line = ToLowerCase(line.substr(4));
@@ -33,7 +33,7 @@ bool HoldsMatch(Text line, const Text& pattern) {
   });
 }
 
-// What a search leaves of an entry, the first line of which names the word.
+// The part of an entry that a search lists. The first line of the entry has the word.
 Text Searched(const std::vector<Text>& entry, const KeywordLists& lists) {
   const std::size_t begin = entry[0][0] == u'[' ? 1 : 0;
   const Text word =
@@ -53,7 +53,7 @@ Text Searched(const std::vector<Text>& entry, const KeywordLists& lists) {
   return kept;
 }
 
-// The part of a listing of all words that a search gives, without empty lines.
+// The part of a complete listing that a search lists, without empty lines.
 Text SearchedPart(Text listing, const KeywordLists& lists) {
   std::vector<std::vector<Text>> entries;
   for (; !listing.empty(); listing.erase(0, listing.find(u"\r\n") + 2)) {
@@ -67,7 +67,7 @@ Text SearchedPart(Text listing, const KeywordLists& lists) {
   return part;
 }
 
-// What a run has left: the words and what was written of them behind the header.
+// The result of a run: the words, and the written text without its header.
 struct Made {
   RunOutcome outcome;
   Listing listing;
@@ -98,16 +98,16 @@ Made Run(const ConcordanceSettings& settings, const SortedWords& fileKeywords, b
 void CheckCreated(const Made& made) {
   const Text& text = made.listing.Source().documentText;
   RequireSame(Describe(*made.listing.words), Describe(naive::MakeWordTable(text, made.settings)),
-              "the table is that of the naive form");
+              "the table equals its naive form");
   if (made.text.empty()) return;
   RequireSame(EncodeUtf8(DecodeAnsi(made.text)),
               EncodeUtf8(naive::ListWords(text, made.settings)) + "\r\n",
-              "the listing is that of the naive form");
+              "the listing equals its naive form");
 }
 
 void CheckSearched(const Made& made) {
   const Text& text = made.listing.Source().documentText;
-  // The marks of a listing cannot be told from those of the text.
+  // Marks of the listing cannot be distinguished from the same characters in the text.
   if (text.find_first_of(u"«»") != Text::npos) return;
   ConcordanceSettings all = made.settings;
   all.allowWordsWithHyphens = all.allowWordsWithNumerals = true;
@@ -147,15 +147,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Made made = Run(settings, fileKeywords, false);
   if (made.outcome == RunOutcome::refused) return 0;
   const bool found = made.listing.words->counts.includedCount > 0;
-  Require(made.outcome == (found ? RunOutcome::done : RunOutcome::nothingFound), "a run ends");
+  Require(made.outcome == (found ? RunOutcome::done : RunOutcome::nothingFound),
+          "the outcome of the run is correct");
   Require(found == !made.text.empty(), "the listing is written");
   if (settings.mode == Mode::create) {
     CheckCreated(made);
   } else {
     CheckSearched(made);
-    // Whether the words that are not looked for are recorded makes no difference to a search.
+    // A search gives the same listing whether or not the other words are recorded.
     RequireSame(Run(settings, fileKeywords, true).text, made.text,
-                "a search for its words alone lists the same");
+                "a search that records only its words lists the same");
   }
   return 0;
 }

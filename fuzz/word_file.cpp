@@ -1,4 +1,4 @@
-// Word files, as stop words and as keywords.
+// Reads word files as stop words and as keywords.
 
 #include "lists/word_file.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 const Alphabet& latin = Alphabet::Windows1252();
 
-// Neither part of a comment mark nor of what is trimmed or repaired.
+// True for characters that are not part of comment marks and are neither trimmed nor repaired.
 bool IsPlain(char16_t ch) { return ch > u' ' && ch < 128 && ch != u'*'; }
 
 }  // namespace
@@ -29,7 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     lines += EncodeUtf8(word) + "\r\n";
     plain = plain && std::ranges::all_of(word, IsPlain);
   }
-  Require(!plain || *WordsOfFileBytes(lines, latin, ui) == words, "plain words come back");
+  Require(!plain || *WordsOfFileBytes(lines, latin, ui) == words,
+          "plain words are restored unchanged");
   const std::string path = folder.Write("words.txt", bytes);
   StopWordList stopWords;
   KeywordLists keywords;
@@ -37,11 +38,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(ReadKeywordsFile(path, latin, keywords, ui) == readable,
           "both lists read the same files");
   if (!readable) return 0;
-  Require(keywords.fileKeywords == KeywordsOfFile(words, latin), "keywords are those of the words");
+  Require(keywords.fileKeywords == KeywordsOfFile(words, latin),
+          "the keywords are made from the words");
   std::sort(words.begin(), words.end());
-  Require(stopWords.words == words, "stop words are all words");
+  Require(stopWords.words == words, "all words are stop words");
   std::erase_if(words, [](const auto& word) { return !std::ranges::all_of(word, IsLetter); });
-  Require(keywords.fileKeywords.size() == words.size(), "keywords are the plain words");
+  Require(keywords.fileKeywords.size() == words.size(), "the keywords are the plain words");
   for (const std::u16string& word : words) {
     Require(IsSearchWord(MakeSingular(ToLowerCase(word), latin), keywords, latin),
             "a keyword is found");
