@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Checks that a file below src/ includes only headers of its own folder and of the folders below it,
-# and that the core stays free of any window or command-line library.
-# Prints each offence as file:line: reason; exit status 1 when there is one.
+# Checks that each file below src/ includes only headers of its own folder and of lower folders, and
+# that the core does not use window or command-line libraries. Prints each violation as file:line:
+# reason. The exit status is 1 when there is one.
 set -euo pipefail
 
-# The core, from the bottom up.
+# The folders of the core, from the lowest to the highest.
 LAYERS="util files input unicode settings lists engine lines output run"
-# What stands on top of it, side by side: each may include the core, none of them another.
+# The front ends. Each may include the core, but not another front end.
 FRONT_ENDS="cli ui"
 
 cd "$(dirname "$0")/../src"
@@ -25,7 +25,7 @@ offences=$(awk -v layers="$LAYERS" -v fronts="$FRONT_ENDS" '
 
   FNR == 1 {
     if (split(FILENAME, part, "/") != 2 || !(part[1] in rank)) {
-      complain(1, "stands in none of the folders " layers " " fronts ", so nothing builds it")
+      complain(1, "is in none of the folders " layers " " fronts ", so it is not built")
       nextfile
     }
     own = part[1]
@@ -37,15 +37,15 @@ offences=$(awk -v layers="$LAYERS" -v fronts="$FRONT_ENDS" '
     if (split(target, part, "/") != 2 || !(part[1] in rank))
       complain(FNR, "\"" target "\" is not written from src/ as folder/file.h")
     else if (rank[part[1]] > rank[own])
-      complain(FNR, own " stands below " part[1] " and must not include \"" target "\"")
+      complain(FNR, own " is below " part[1] " and must not include \"" target "\"")
     else if (rank[part[1]] == top && part[1] != own)
-      complain(FNR, own " stands beside " part[1] " and must not include \"" target "\"")
+      complain(FNR, own " and " part[1] " are both front ends: it must not include \"" target "\"")
   }
   /^[ \t]*#[ \t]*include[ \t]*<CLI\// && own != "cli" {
-    complain(FNR, "only cli knows the command-line library")
+    complain(FNR, "only cli may use the command-line library")
   }
   /^[ \t]*#[ \t]*include[ \t]*<(Q[A-Z]|Qt)/ && own != "ui" {
-    complain(FNR, "only ui knows the window library")
+    complain(FNR, "only ui may use the window library")
   }' "${files[@]}" </dev/null)
 
 if [[ -n $offences ]]; then

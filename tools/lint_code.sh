@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Checks all code with clang-tidy: tools/lint_code.sh BUILD_FOLDER JOBS. The build folder has been
-# configured, and the headers of its forms are made.
+# Checks all code with clang-tidy: tools/lint_code.sh BUILD_FOLDER JOBS. The build folder must be
+# configured, and the headers of its forms must be made.
 #
-# Most of the time goes into the headers of the system, so the sources of a folder are checked
-# together, as one unit, in which their local names must differ. Where each source is a program of
-# its own it is checked alone.
+# Most of the time is spent on system headers. So the sources of a folder are checked together as
+# one unit, and their local names must differ. Sources that are programs of their own are checked
+# separately.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
@@ -13,8 +13,8 @@ units=$build/lint
 rm -rf "$units"
 mkdir -p "$units"
 
-# How one file is compiled, for another that takes its place. The tests of a folder are compiled
-# together, too.
+# Returns the compile command of one file, applied to another file. The tests of a folder are also
+# compiled as one unit.
 compile_command() { # file, other
   local file=$1 commands=$build/compile_commands.json
   if ! grep -q -F "\"file\": \"$file\"" "$commands"; then
@@ -24,7 +24,7 @@ compile_command() { # file, other
   echo "},"
 }
 
-# A unit lies in a folder of the same name, where clang-tidy finds the same exceptions.
+# Each unit is in a folder with the same name, where clang-tidy finds the same .clang-tidy files.
 for folder in $(find src tests bench -name '*.cpp' -printf '%h\n' | sort -u); do
   sources=("$root/$folder"/*.cpp)
   mkdir -p "$units/$folder"
@@ -41,7 +41,7 @@ find src tests bench -name .clang-tidy -exec cp --parents {} "$units" \;
   echo "]"
 } >"$units/compile_commands.json"
 
-# The counts of warnings in foreign headers say nothing.
+# Counts of warnings in system headers are dropped.
 find "$units" "$root/fuzz" "$root/tools" -name '*.cpp' -print0 |
   xargs -0 -n 1 -P "$2" clang-tidy -p "$units" --quiet --checks=-bugprone-suspicious-include \
     2> >(grep -v 'warnings\? generated' >&2)

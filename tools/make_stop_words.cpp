@@ -1,13 +1,11 @@
-// Makes the stop-words files that the program reads from one plain list for each
-// language:
+// Makes the stop-words files of the program from a plain list for each language:
 //
 //     make_stop_words LISTS-FOLDER TARGET-FOLDER
 //
-// The program drops a word that its list spells exactly so, and it sees words after
-// the plural rule. So a file holds each word of its list in lower case and with a
-// first capital, and both of them once more without their plural "s" where the rule
-// takes it. In a plain list lines that begin with "#" are notes; blanks and line
-// ends separate words.
+// The program leaves out a word if its stop-words file has it with exactly the same spelling, after
+// the plural rule. So a file has each word of its list in lower case and with a capital, and both
+// forms also without their plural "s" where the rule removes it. In a list, lines that begin with
+// "#" are comments; blanks and line ends separate words.
 
 #include <algorithm>
 #include <cstdio>
@@ -37,7 +35,7 @@ void AddForms(std::u16string word, WordSet& forms) {
   }
 }
 
-// The words of a plain list with their derived forms; none where it cannot be read.
+// The words of a plain list with all their forms. Empty when the list cannot be read.
 WordSet FormsOfList(const std::string& path) {
   SilentProgress nobody;
   const Result<InputBytes> list = ReadInput(path, nobody);

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
-"""Puts small random faults into the code, one at a time, and tells which the tests do not notice.
+"""Puts small random faults into the code, one at a time, and reports those that no test detects.
 
     tools/mutants.py [--window] [--in FOLDER] [COUNT [SEED]]
 
 A fault is one of: a comparison turned, a condition dropped, a constant one off, a call removed. Each
-goes into a copy of the tree below build/, which is built and tested there. One that does not compile
-is replaced by another. What survives is printed, then the share that was noticed by folder of src/.
-Survivors that were looked at and change nothing that anyone could see stand in EQUALS with the reason;
-they are counted apart.
+fault is put into a copy of the tree below build/, which is built and tested there. A fault that does
+not compile is replaced by another one. The script prints the faults that survive, and then the share
+that was detected for each folder of src/. EQUALS lists survivors that were examined and have no
+visible effect, with the reason; they are counted separately.
 """
 
 import argparse
@@ -27,7 +27,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 EQUALS = ROOT / "tools/mutants_equal.txt"
-QUICK = 0.05  # seconds: what takes longer is tried last
+QUICK = 0.05  # seconds; slower tests run last
 MOST_MEMORY = 8 << 30
 
 Fault = collections.namedtuple("Fault", "file line kind start end text before after")
@@ -43,7 +43,7 @@ COMPARISON = re.compile(r"(?<= )(<|<=|>|>=|==|!=)(?=\s)")
 CONDITION = re.compile(r"\b(?:if|while) (\()|(?<=[ \n])(&&|\|\|)(?=\s)|(?<=[ (])(!)(?=[\w(:])")
 CONSTANT = re.compile(r"(?<![\w.'])(0x[0-9a-fA-F']+|\d[\d']*)([uUlL]*)(?![\w.'])")
 CALL = re.compile(r"^[ \t]*(?!return\b|delete\b)\*?(?:::)?\w+(?:(?:\.|->|::)\w+)*(\()", re.MULTILINE)
-HERE = {"__SSE2__", "__linux__", "__GLIBC__", "QUORVEL_SOURCE_DATA"}  # what the copies are built with
+HERE = {"__SSE2__", "__linux__", "__GLIBC__", "QUORVEL_SOURCE_DATA"}  # the macros that the copies are built with
 BRACKETS = {"(": ")", "[": "]", "{": "}"}
 
 
@@ -52,7 +52,7 @@ def without(text):
 
 
 def without_foreign(source):
-    """The source with blanks for the lines that are for another system."""
+    """The source with blanks instead of lines for other systems."""
     lines = []
     shown = [True]
     for line in source.splitlines(keepends=True):
@@ -68,13 +68,13 @@ def without_foreign(source):
 
 
 def blanked(source):
-    """The source with blanks for its comments, texts, directives and what is for another system, each
-    place kept."""
+    """The source with blanks instead of comments, strings, directives and lines for other systems.
+    All positions stay the same."""
     return NO_CODE.sub(lambda match: without(match.group()), without_foreign(source))
 
 
 def end_of(code, start, stops):
-    """Where what begins at `start` ends: at one of `stops` or at a bracket that closes no other."""
+    """The end of the code that begins at `start`: one of `stops`, or an unmatched closing bracket."""
     depth = 0
     for place in range(start, len(code)):
         if code[place] in BRACKETS:
@@ -125,7 +125,7 @@ def constants_one_off(code):
 
 
 def sites(code):
-    """All faults of a blanked source: by kind the (start, end, text) of each."""
+    """All faults of a blanked source: a list of (start, end, text) for each kind."""
     return {
         "comparison turned": [(m.start(), m.end(), TURNED[m.group()])
                               for m in COMPARISON.finditer(code)],
@@ -136,14 +136,14 @@ def sites(code):
 
 
 def lines_around(source, start, end):
-    """The whole lines that hold a part of the source, in one line."""
+    """The complete lines that contain a part of the source, joined to one line."""
     first = source.rfind("\n", 0, start) + 1
     last = source.find("\n", end)
     return " ".join(source[first:last].split())
 
 
 def all_faults(files):
-    """By kind, and in it by line: what is drawn is a line, so that no table counts for more."""
+    """All faults by kind and line. Lines are drawn, so that long tables do not get more faults."""
     faults = collections.defaultdict(lambda: collections.defaultdict(list))
     for file in files:
         source = (ROOT / file).read_text()
@@ -158,7 +158,7 @@ def all_faults(files):
 
 
 def drawn(faults, draw):
-    """Faults in a random order, each kind as often as the others, none twice."""
+    """The faults in random order without repetition, all kinds equally often."""
     orders = []
     for kind in sorted(faults):
         lines = [draw.choice(faults[kind][line]) for line in sorted(faults[kind])]
@@ -174,17 +174,17 @@ def drawn(faults, draw):
 
 
 class Copy:
-    """A copy of the tree in a folder of its own, with what is built of it."""
+    """A copy of the tree in its own folder, with its build."""
 
     def __init__(self, folder, window):
         self.tree = folder / "tree"
         self.window = window
         self.build = self.tree / "build/mutants"
         self.program = self.build / ("quorvel_window_tests" if window else "quorvel_tests")
-        self.tests = []  # of each its name, its file and its seconds
+        self.tests = []  # of type Test
 
     def run(self, command, timeout=None):
-        """The output of a command that ends well, None of another."""
+        """Whether a command succeeds within the timeout. Its output goes to the log."""
         with open(self.tree.parent / "log", "wb") as log:
             process = subprocess.Popen(
                 command, cwd=self.tree, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
@@ -202,7 +202,7 @@ class Copy:
                 process.wait()
 
     def update(self):
-        """Makes the copy equal to the tree; files that are equal keep their time."""
+        """Updates the copy from the tree. Unchanged files keep their time."""
         listed = subprocess.run(["git", "ls-files", "-z", "-co", "--exclude-standard"], cwd=ROOT,
                                 check=True, capture_output=True).stdout.decode().split("\0")
         wanted = {name for name in listed if name and (ROOT / name).is_file()}
@@ -222,13 +222,13 @@ class Copy:
                          self.program.name])
 
     def prepare(self):
-        """Builds the copy without a fault and measures its tests, which must pass."""
+        """Builds the copy without faults and measures its tests, all of which must pass."""
         self.update()
         configure = ["cmake", "--preset", "mutants", f"-DQUORVEL_WINDOW={'ON' if self.window else 'OFF'}"]
         results = self.build / "results.json"
         if not (self.run(configure) and self.make() and
                 self.test("-Faults.*", None, f"--gtest_output=json:{results}")):
-            sys.exit((self.tree.parent / "log").read_text() + "\nThe code without a fault fails.")
+            sys.exit((self.tree.parent / "log").read_text() + "\nThe tests fail without any fault.")
         for suite in json.loads(results.read_text())["testsuites"]:
             for test in suite["testsuite"]:
                 self.tests.append(Test(f"{suite['name']}.{test['name']}", test["file"],
@@ -240,7 +240,8 @@ class Copy:
                          "--gtest_brief=1", *options], timeout)
 
     def passes(self, file):
-        """Whether all tests pass: first those of the file, then of its folder, then the quick ones."""
+        """Whether all tests pass. The order is: tests of the file, fast tests of its folder, other fast
+        tests, slow tests."""
         own = file.replace("src/", "tests/").rsplit(".")[0] + "_test.cpp"
 
         def order(test):
@@ -253,7 +254,7 @@ class Copy:
                              10 + 5 * sum(test.seconds for test in group)) for group in groups)
 
     def survives(self, fault):
-        """Whether no test sees the fault; None if it does not compile."""
+        """Whether no test detects the fault, or None if it does not compile."""
         file = self.tree / fault.file
         source = file.read_text()
         file.write_text(source[:fault.start] + fault.text + source[fault.end:])
@@ -263,11 +264,11 @@ class Copy:
             file.write_text(source)
 
 
-# ---- What is told ------------------------------------------------------------------------------
+# ---- Reports -----------------------------------------------------------------------------------
 
 
 def known_equals():
-    """The faults that change nothing: (file, before, after) of each block of the list."""
+    """The faults without visible effect: (file, before, after) of each block of EQUALS."""
     equals = set()
     for block in EQUALS.read_text().split("\n\n"):
         lines = [line for line in block.splitlines() if line and not line.startswith("#")]
@@ -280,7 +281,7 @@ def known_equals():
 
 
 def gone(equals):
-    """Those of the list whose line stands no longer in the file."""
+    """The entries whose line is no longer in its file."""
     def stands(file, before):
         return (ROOT / file).is_file() and before in " ".join((ROOT / file).read_text().split())
     return [equal for equal in sorted(equals) if not stands(equal[0], equal[1])]
@@ -309,7 +310,7 @@ def print_shares(results):
 
 
 def try_faults(copies, faults, count, equals):
-    """The results of the first `count` faults that compile, in the order of their ends."""
+    """The results of the first `count` faults that compile, in the order of completion."""
     free = queue.Queue()
     for copy in copies:
         free.put(copy)
@@ -344,10 +345,10 @@ def try_faults(copies, faults, count, equals):
 def main():
     options = argparse.ArgumentParser(prog="./dev mutants", description=__doc__,
                                       formatter_class=argparse.RawDescriptionHelpFormatter)
-    options.add_argument("--window", action="store_true", help="faults in src/ui, by the window's tests")
+    options.add_argument("--window", action="store_true", help="faults in src/ui, tested by the window's tests")
     options.add_argument("--in", dest="folder", default="", metavar="FOLDER", help="only in this folder")
     options.add_argument("count", nargs="?", type=int, default=60, help="how many faults (60)")
-    options.add_argument("seed", nargs="?", type=int, help="draws the same faults again")
+    options.add_argument("seed", nargs="?", type=int, help="repeats the faults of an earlier run")
     chosen = options.parse_args()
     seed = chosen.seed if chosen.seed is not None else random.SystemRandom().randrange(1_000_000)
 

@@ -1,6 +1,6 @@
-# What the trials of the window share. Whoever sources it has a function `fail`.
+# Shared functions of the scripts that drive the window. The sourcing script must define `fail`.
 
-# A message that closes by itself takes the keys for a while.
+# A message that closes by itself may receive keys for a while, so the key is repeated.
 press_until() { # key, command that succeeds when it has worked
   local tries
   for ((tries = 0; tries < 40; ++tries)); do

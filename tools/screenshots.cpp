@@ -1,10 +1,10 @@
-// Writes pictures of the windows of quorvel:
+// Takes screenshots of the windows of quorvel:
 //
 //     quorvel_screenshots DOCUMENT FOLDER SUFFIX
 //
-// Plays a short session with the document in the real main window, and keeps a picture of
-// each window that comes as FOLDER/window-SUFFIX.png. The session is a list of steps, taken
-// by a timer: most of the windows wait, in a loop of their own, for what the next step does.
+// Runs a short session with the document in the real main window, and saves a screenshot of each
+// window as FOLDER/window-SUFFIX.png. The session is a list of steps that a timer executes, because
+// most windows run a modal event loop until the next step.
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -26,16 +26,16 @@ namespace {
 
 constexpr QSize MAIN_WINDOW_SIZE(1100, 760);
 constexpr QPoint MAIN_WINDOW_PLACE(40, 30);
-constexpr int SETTLING_MS = 300;  // until a new window has taken its shape
+constexpr int SETTLING_MS = 300;  // until a new window has its final layout
 constexpr int PATIENCE_MS = 20000;
 
 struct Step {
-  const char* window;   // the title of the active window
-  const char* picture;  // of that window; none where this is empty
+  const char* window;   // title of the active window
+  const char* picture;  // name of its screenshot; empty for none
   std::function<void(QWidget& window)> act;
 };
 
-// Acts on a control of the active window.
+// Calls `act` with a control of the active window.
 template <class Control>
 std::function<void(QWidget&)> On(const char* name, std::function<void(Control&)> act) {
   return [name, act = std::move(act)](QWidget& window) {
@@ -56,7 +56,7 @@ std::function<void(QWidget&)> GoToTab(int tab) {
   return On<QTabWidget>("tabResults", [tab](QTabWidget& tabs) { tabs.setCurrentIndex(tab); });
 }
 
-// Answers a message box, which has one button.
+// Closes a message box with one button.
 void Confirm(QWidget& box) { box.findChild<QAbstractButton*>()->click(); }
 
 void Close(QWidget& window) { window.close(); }
@@ -106,7 +106,7 @@ class Photographer : public QObject {
   }
 
  private:
-  // Takes the next step if its window has been active since the last look.
+  // Executes the next step if its window has been active since the previous call.
   void Look() {
     const Step& step = steps_.at(next_);
     QWidget* window = WindowTitled(step.window);
@@ -145,10 +145,10 @@ class Photographer : public QObject {
   std::size_t next_ = 0;
   int looks_ = 0;
   QTimer looking_;
-  // The window that an action opens may keep it from ending; a timer that waits for that
-  // does not look any more.
+  // A step may open a modal window and return only after that is closed. So the step runs on its
+  // own timer, because a timer does not fire again before its handler returns.
   QTimer acting_;
-  const QWidget* seen_ = nullptr;  // the active window at the last look
+  const QWidget* seen_ = nullptr;  // the active window at the previous call
 };
 
 }  // namespace
@@ -156,7 +156,7 @@ class Photographer : public QObject {
 
 int main(int argumentCount, char** arguments) {
   const QApplication application(argumentCount, arguments);
-  QApplication::setCursorFlashTime(0);  // in no picture by chance
+  QApplication::setCursorFlashTime(0);  // so that the cursor never shows
   const QStringList words = QApplication::arguments();
   if (words.size() != 4) {
     std::fputs("Usage: quorvel_screenshots DOCUMENT FOLDER SUFFIX\n", stderr);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Writes pictures of all windows, light and dark, for the pages:
+# Takes screenshots of all windows, light and dark, for the documentation:
 #
 #   screenshots.sh BUILD-FOLDER TARGET-FOLDER
 set -euo pipefail
@@ -8,7 +8,7 @@ build=$(realpath "$1")
 mkdir -p "$2"
 target=$(realpath "$2")
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-# The pictures show paths in it, which should be the same wherever they are made.
+# The screenshots show paths in this folder, which must be the same on every machine.
 stage=/tmp/quorvel
 
 mkdir "$stage"
@@ -16,7 +16,7 @@ trap 'rm -rf "$stage"' EXIT
 cp "$build/quorvel_screenshots" "$root"/data/*.txt "$stage"
 cd "$stage"
 
-# The colours of a dark desktop.
+# The colours of a dark desktop theme.
 dark_colors() {
   cat <<'END'
 [KDE]
@@ -43,14 +43,14 @@ END
 }
 
 for theme in light dark; do
-  # Each starts from the document alone.
+  # Each theme starts with only the document.
   rm -rf config ./*.qvl.* lights.txt
   mkdir -m 700 config
   cp "$root/data/sample/the-lamp-at-harbour-end.txt" .
   desktop=()
   if [[ $theme == dark ]]; then
     dark_colors >config/kdeglobals
-    # Its changes would be told on a session bus, which none needs here.
+    # Theme changes would be announced on a session bus, which does not exist here.
     desktop=(XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5 QT_LOGGING_RULES=qt.qpa.theme.dbus=false)
   fi
   env -u XDG_CURRENT_DESKTOP XDG_CONFIG_HOME="$stage/config" XDG_RUNTIME_DIR="$stage/config" \

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Runs a command on an X server and a window manager of its own, and ends with its status.
+# Runs a command with its own X server and window manager. The exit status is that of the command.
 #
 #   with_x_server.sh COMMAND [ARGUMENT...]
 #
-# Without a window manager no window ever becomes active, and keys reach none.
+# The window manager is needed because without one no window becomes active or receives keys.
 set -euo pipefail
 
 manager=
@@ -11,7 +11,7 @@ server=
 # shellcheck disable=SC2086
 trap 'kill $manager $server 2>/dev/null || true; wait' EXIT
 
-# The server picks a free display, and says which once it takes connections.
+# The server picks a free display and reports it when it accepts connections.
 exec {answer}< <(exec Xvfb -displayfd 1 -screen 0 1280x900x24 -nolisten tcp 2>/dev/null)
 server=$!
 read -r display <&"$answer" || {
@@ -31,7 +31,7 @@ for ((i = 0; ; ++i)); do
   sleep 0.05
 done
 
-# What the user has set for other programs is left outside.
+# The user's settings for other programs must not affect the command.
 unset QT_QPA_PLATFORM QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE QT_SCALE_FACTOR XMODIFIERS
 export LC_ALL=C.UTF-8 QT_IM_MODULE=none
 "$@"

@@ -3,8 +3,8 @@
 #
 #   libraries.sh FOLDER JOBS [window]
 #
-# They are installed in FOLDER, with sources and objects in FOLDER/work. What is there is kept. Those of
-# the window, which take half an hour, are built when they are asked for.
+# They are installed in FOLDER, with sources and objects in FOLDER/work. Existing libraries are
+# kept. The libraries of the window take half an hour and are built only on request.
 set -euo pipefail
 
 folder=$1
@@ -13,8 +13,8 @@ work=$folder/work
 toolchain=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/mingw.cmake
 mkdir -p "$work"
 
-# Fetches the newest source of a Debian package that is to be had and unpacks it in this folder. A mirror
-# may list a version that it does not hold yet, or no more: then it is the one before.
+# Downloads the newest available source of a Debian package and unpacks it in the current folder. A
+# mirror may list a version that it does not have; then an older version is used.
 fetch_source() { # name, apt option...
   local name=$1 version
   shift
@@ -24,12 +24,12 @@ fetch_source() { # name, apt option...
       return
     fi
   done
-  echo "No source of $name is to be had" >&2
+  echo "No source of $name is available" >&2
   return 1
 }
 
-# Unpacks the source of a Debian package into $work/NAME. The system's own list of sources may have
-# packages only, and is left as it is.
+# Unpacks the source of a Debian package into $work/NAME. It uses its own list of sources, because
+# the system's list may lack source packages and must not be changed.
 unpack_source() { # name
   local apt=$work/apt
   mkdir -p "$apt/lists/partial"
@@ -66,7 +66,7 @@ fi
 if [[ ! -f $folder/lib/libexpat.a ]]; then
   echo "Building expat"
   [[ -d $work/expat ]] || unpack_source expat
-  # Debian's patches ask for the value of what CMake only defines.
+  # Debian's patches use the value of a macro that CMake only defines.
   sed -i 's/^#cmakedefine XML_DTD$/& 1/' "$work/expat/expat/expat_config.h.cmake"
   install_library expat "$work/expat/expat" -DEXPAT_SHARED_LIBS=OFF -DEXPAT_BUILD_DOCS=OFF \
     -DEXPAT_BUILD_EXAMPLES=OFF -DEXPAT_BUILD_TESTS=OFF -DEXPAT_BUILD_TOOLS=OFF
@@ -78,15 +78,16 @@ if [[ ! -f $folder/lib/libgtest.a ]]; then
 fi
 
 if [[ ! -d $folder/include/CLI ]]; then
-  # Headers alone, but among those of the machine's own system.
+  # The headers are copied, because their folder also has the headers of this system.
   cp -r /usr/include/CLI "$folder/include"
   mkdir -p "$folder/share/cmake"
   cp -r /usr/share/cmake/CLI11 "$folder/share/cmake"
 fi
 
-# Static and bare: the program is one file then, and needs no more than the basic modules, the platform's
-# plug-in and its style. moc, uic and rcc are those of this system, whose version is the same. Not every
-# choice fits every other: without Direct2D there can be no DirectWrite, and OpenGL goes as a whole.
+# Qt is built statically and with few features: the program is then a single file and needs only the
+# basic modules, the platform plug-in and the style. moc, uic and rcc of this system are used; they
+# have the same version. Some features depend on others: DirectWrite needs Direct2D, and OpenGL can
+# only be left out as a whole.
 if [[ ${3:-} == window && ! -f $folder/lib/cmake/Qt6Widgets/Qt6WidgetsConfig.cmake ]]; then
   echo "Building Qt, which takes a while"
   [[ -d $work/qt6-base ]] || unpack_source qt6-base

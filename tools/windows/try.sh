@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Tries what was built for Windows, under Wine:
+# Tests the Windows programs under Wine:
 #
 #   try.sh WINDOWS-BUILD-FOLDER LINUX-BUILD-FOLDER
 #
-# The tests of the core and of the command line; then whole runs in both readings, on documents of all
-# kinds, which must list what the program of this system lists, byte for byte, but for the lines that name
-# file and time.
-# Wine keeps its drive in the Windows build folder and touches nothing else.
+# First it runs the tests of the core and of the command line. Then it runs the program on documents
+# of all kinds, in both readings. The listings must equal those of the Linux program byte for byte,
+# except for the lines with the file and the time. Wine keeps its drive in the Windows build folder
+# and changes nothing else.
 set -euo pipefail
 
 windows=$(realpath "$1")
@@ -18,14 +18,14 @@ unset DISPLAY WAYLAND_DISPLAY
 start_wine "$windows/wine"
 
 echo "Tests of the core and of the command line"
-# Those that need what Windows does not have are told as skipped, each with its reason.
+# Tests that need features missing in Windows are reported as skipped, with the reason.
 (cd "$windows" && wine ./quorvel_tests.exe --gtest_brief=1 </dev/null) >"$desk/tests" 2>&1 ||
   failed=1
 tr -d '\r' <"$desk/tests"
 [[ -z ${failed:-} ]] || exit 1
 
 echo "Whole runs"
-# As a user has it: program and data in a folder of their own.
+# As installed by a user: the program and its data in one folder.
 cmake --install "$windows" --prefix "$desk/quorvel" >/dev/null
 cd "$desk"
 quorvel() {
@@ -70,7 +70,7 @@ cat >"$lighthouse" <<'END'
 видели его издалека. «Море не спит», — говорил он, — «и маяк не спит».
 Ёлка у маяка росла одна; ей, верно, было холодно.
 END
-printf '\xd0\xb9\xd0\xb8 \xd0\xb8\xcc\x86\xd0\xb8\n' >>"$lighthouse" # one word, its letters typed in two ways
+printf '\xd0\xb9\xd0\xb8 \xd0\xb8\xcc\x86\xd0\xb8\n' >>"$lighthouse" # the same word, with its letters encoded in two ways
 compare "concordance of a Cyrillic text" "${unicode[@]}" "$lighthouse"
 compare "search for a word in it" "${unicode[@]}" -e $'\u043c\u043e\u0440*' "$lighthouse"
 compare "rows of it" "${unicode[@]}" --format tsv "$lighthouse"
@@ -79,7 +79,7 @@ compare_streams "the same by standard input" "$lighthouse" "${unicode[@]}"
 quorvel -q "${unicode[@]}" "$lighthouse"
 same "concordance beside it" here.txt "${lighthouse%.txt}.qvl.conc.txt"
 for document in "$root"/tests/data/{docx,packed}/*.{docx,odt,epub}; do
-  [[ -f $document ]] || continue # of no such kind there
+  [[ -f $document ]] || continue # there is no document of this kind
   kind=${document##*.}
   compare "concordance of $(basename "$document")" "${unicode[@]}" --notes "$document"
   compare_streams "the same by standard input" "$document" "${unicode[@]}" --input-type "$kind"
@@ -88,7 +88,7 @@ mkdir folder
 cp "$lighthouse" "$sample" "$root"/tests/data/packed/*.{docx,odt,epub} folder
 "$linux/quorvel-cli" -q "${unicode[@]}" --format tsv -o here.txt folder
 quorvel -q "${unicode[@]}" --format tsv -o there.txt --jobs 2 folder
-sed -i 's,\\,/,' there.txt # between folder and file
+sed -i 's,\\,/,' there.txt # the separator between folder and file
 same "rows of a folder" here.txt there.txt
 [[ -z $(find "$WINEPREFIX/drive_c" -maxdepth 1 -name 'QVL*') ]] || {
   echo "A temporary folder was left" >&2

@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Tries the window for Windows as its users get it, under Wine:
+# Tests the Windows version of the window, as users get it, under Wine:
 #
 #   with_x_server.sh try_window.sh ZIP LINUX-BUILD-FOLDER PICTURE
 #
-# The zip is unpacked in a fresh folder, and the words of the sample are listed by keys. The concordance must
-# be that of the program of this system, byte for byte, but for the lines that name file and time; the
-# settings must come back in a second session. The picture shows the window with the listing.
+# The zip is unpacked in a new folder, and the words of the sample are listed with the keyboard. The
+# concordance must equal that of the Linux program byte for byte, except for the lines with the file
+# and the time. The settings must be restored in a second session. The picture shows the window with
+# the listing.
 set -euo pipefail
 
 zip=$(realpath "$1")
@@ -71,7 +72,7 @@ cp "$sample" "$home/$name.txt"
 concordance=$home/$name.qvl.conc.txt
 state=$home/AppData/Roaming/Quorvel/qvl.usr
 
-start_window "C:/users/$user/$name.txt" # as the dialog that asks for a file names it
+start_window "C:/users/$user/$name.txt" # in the form that the file dialog returns
 list_words
 "$linux/quorvel-cli" -q -o here.txt "$sample"
 same "concordance that F5 wrote in the window" here.txt "$concordance"
@@ -85,7 +86,7 @@ echo "Its picture: $picture"
 press_until alt+v test -s "$state"
 quit_window
 rm "$concordance"
-start_window # the input is that of the settings
+start_window # the input comes from the settings
 list_words
 same "concordance of a second session, with the settings kept in AppData" here.txt "$concordance"
 quit_window

@@ -1,14 +1,15 @@
-# Shared by the scripts that try programs for Windows: starts Wine, and compares what is written there
-# with what is written here. To be sourced.
+# Shared by the scripts that test Windows programs: starts Wine, and compares the output of Windows
+# and Linux programs. It is sourced, not executed.
 
-desk=$(mktemp -d) # goes with the script
+desk=$(mktemp -d) # removed at the end of the script
 
 end_wine() {
   wineserver -k || true
   rm -rf "$desk"
 }
 
-# Left alone, the server of Wine ends some seconds after each program, and holds our output till then.
+# A Wine server that a program starts itself keeps our output open for a few seconds after the
+# program ends. So one is started here that stays until the end.
 start_wine() { # folder for its drive; it touches nothing else
   export WINEPREFIX=$1 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
   trap end_wine EXIT
@@ -17,7 +18,7 @@ start_wine() { # folder for its drive; it touches nothing else
   wine wineboot --init >/dev/null 2>&1 </dev/null
 }
 
-# What must be the same: all but the lines that name the file and the time.
+# The part of a file that must be the same: all lines except those with the file and the time.
 body() { # file
   grep -av -e '^Input file: ' -e '^Concordance file created ' "$1"
 }
