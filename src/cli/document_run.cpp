@@ -28,7 +28,7 @@ int ExitStatusOf(RunOutcome outcome) {
 
 void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& ui) {
   ui.Say("The language of " + VisibleName(settings.inputFile) +
-         " could not be recognized; the stop words are the English ones.");
+         " could not be recognized; English stop words are used.");
 }
 
 // For the language "auto" the choice itself is saved, not the stop-words file of this input,

@@ -183,7 +183,8 @@ int FailLikeNames(const CommandLine& commandLine, std::vector<std::string>& docu
     const std::string output = OutputFileOf(ForDocument(commandLine, path).settings);
     const auto [input, isNew] = inputs.try_emplace(OneSpelling(output), path);
     if (isNew) return false;
-    ui.SayOf(path, VisibleName(output) + " is written for " + VisibleName(input->second) + ".");
+    ui.SayOf(path, VisibleName(output) + " is already the output for " +
+                       VisibleName(input->second) + ".");
     status = FAILED;
     return true;
   });

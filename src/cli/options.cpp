@@ -346,7 +346,7 @@ void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& 
     throw CLI::ValidationError("--input-type", "only for standard input, the document \"-\"");
   }
   if (raw.inputs.size() > 1) {
-    throw CLI::ValidationError("INPUT", "standard input is read alone, beside no other document");
+    throw CLI::ValidationError("INPUT", "standard input cannot be combined with other documents");
   }
   if (commandLine.useIndex ||
       (CountOf(app, "--index") > 0 && commandLine.settings.createIndexFile)) {
@@ -354,17 +354,17 @@ void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& 
                                "standard input has no index file");
   }
   if (CountOf(app, "--save-settings") > 0) {
-    throw CLI::ValidationError("--save-settings", "no settings file can name standard input");
+    throw CLI::ValidationError("--save-settings", "a settings file cannot name standard input");
   }
 }
 
 void CheckPicture(const CLI::App& app, const CommandLine& commandLine) {
   if (commandLine.pictureFile.empty()) return;
   if (commandLine.pictureFile == "-") {
-    throw CLI::ValidationError("--picture", "standard output is for the listing");
+    throw CLI::ValidationError("--picture", "standard output is used for the listing");
   }
   if (CountOf(app, "--save-settings") > 0) {
-    throw CLI::ValidationError("--save-settings", "no settings file keeps a --picture");
+    throw CLI::ValidationError("--save-settings", "a settings file does not store --picture");
   }
 }
 
@@ -374,7 +374,7 @@ void CheckOrderOfRows(const CommandLine& commandLine) {
     throw CLI::ValidationError("--sort", "only with --format tsv or json");
   }
   if (commandLine.settings.contextSize == 0) {
-    throw CLI::ValidationError("--sort", "with --context 0 each row is a word, and has no place");
+    throw CLI::ValidationError("--sort", "with --context 0 each row is a word without a position");
   }
 }
 
@@ -391,7 +391,7 @@ void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine&
     throw CLI::ValidationError("--output-encoding", "the rows of --format are UTF-8");
   }
   if (CountOf(app, "--save-settings") > 0) {
-    throw CLI::ValidationError("--save-settings", "no settings file keeps a --format");
+    throw CLI::ValidationError("--save-settings", "a settings file does not store --format");
   }
 }
 
@@ -424,14 +424,14 @@ void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
   const bool oneWay = commandLine.listsBesideInputs || commandLine.toStandardOutput;
   if (commandLine.format == OutputFormat::text && !oneWay) {
     throw CLI::ValidationError(outputFile.empty() ? "--settings" : "--output",
-                               "the listings of several documents do not go into one file; "
-                               "the rows of --format tsv do");
+                               "the listings of several documents cannot be written to one file; "
+                               "use --format tsv");
   }
   if (!commandLine.settingsFileToSave.empty()) {
-    throw CLI::ValidationError("--save-settings", "settings are those of one document");
+    throw CLI::ValidationError("--save-settings", "only with a single document");
   }
   if (!commandLine.pictureFile.empty()) {
-    throw CLI::ValidationError("--picture", "a picture is of one document");
+    throw CLI::ValidationError("--picture", "only with a single document");
   }
 }
 
@@ -501,7 +501,7 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
     commandLine.exitStatus = 0;
   } catch (const CLI::ParseError& error) {
     std::cerr << "quorvel-cli: " << VisibleName(error.what())
-              << "\nquorvel-cli --help tells the options.\n";
+              << "\nSee quorvel-cli --help for the options.\n";
     commandLine.exitStatus = exit_status::WRONG_USAGE;
   }
 }
@@ -519,7 +519,7 @@ CommandLine ForDocument(const CommandLine& commandLine, const std::string& path)
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   CommandLine commandLine;
   if (arguments.empty()) {
-    std::cerr << "Usage: quorvel-cli [OPTIONS] INPUT\nquorvel-cli --help tells the options.\n";
+    std::cerr << "Usage: quorvel-cli [OPTIONS] INPUT\nSee quorvel-cli --help for the options.\n";
     commandLine.exitStatus = exit_status::WRONG_USAGE;
     return commandLine;
   }

@@ -48,7 +48,7 @@ constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     // Compatibility: in this message the path comes first, and the text ends with a blank.
     {FaultKind::folderNotRemoved, "@ when attempting to delete folder ", "Error",
      Icon::exclamation},
-    {FaultKind::noBody, "File @\r\nholds no document text.", "Error", Icon::exclamation},
+    {FaultKind::noBody, "File @\r\ncontains no document text.", "Error", Icon::exclamation},
     {FaultKind::bodyTooLarge,
      "@\r\nis too large to be scanned directly.\r\n\r\n"
      "Recommend saving it as a text file and\r\n"
@@ -96,8 +96,8 @@ Message MessageOf(const Fault& fault) {
 std::string LostCharactersText(std::int64_t count, Reading reading) {
   const std::string number = GroupedNumber(count);
   if (reading == Reading::unicode) {
-    return number + (count == 1 ? " place holds" : " places hold") +
-           " bytes that are no character; U+FFFD stands there";
+    return number + " invalid byte sequence" + (count == 1 ? " was" : "s were") +
+           " replaced by U+FFFD";
   }
   return number + (count == 1 ? " character is" : " characters are") + " not in Windows-1252";
 }

@@ -116,7 +116,7 @@ class ValueReader {
   std::optional<int> Place(int count) {
     const std::optional<int> place = Number();
     if (!place || (*place >= NO_SELECTION && *place < count)) return place;
-    return Fail<int>("line " + std::to_string(lines_) + " is not a place in its list.");
+    return Fail<int>("line " + std::to_string(lines_) + " is out of range.");
   }
 
  private:
@@ -209,7 +209,7 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
   if (path.empty()) MakeFoldersFor(target);
   const std::string prefix = "Error when attempting to save settings: ";
   const std::string bytes = FileBytes(settings);
-  if (LinesOf(bytes) != VALUES) return prefix + "A name or a text holds a line end";
+  if (LinesOf(bytes) != VALUES) return prefix + "A file name or a text contains a line break";
   if (settings.reading == Reading::unicode) {
     for (const std::string& words : {settings.extraKeywords, settings.extraStopWords}) {
       if (Utf8OfAnsi(AnsiBytes(words)) == words) continue;

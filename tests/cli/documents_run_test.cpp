@@ -29,23 +29,22 @@ void FillDesk(const TestFolder& desk) {
 }
 
 TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
-  const std::string usage = "\nquorvel-cli --help tells the options.\n";
+  const std::string usage = "\nSee quorvel-cli --help for the options.\n";
   const std::string oneFile =
-      ": the listings of several documents do not go into one file; the rows of --format tsv do" +
-      usage;
+      ": the listings of several documents cannot be written to one file; use --format tsv" + usage;
   // The arguments, the status, what is said behind the program's name, the files that are new.
   const std::tuple<std::string, int, std::string, std::string> rows[] = {
       {"a.txt b.txt ./a.txt sub/../b.txt", 0, "", "a.qvl.conc.txt b.qvl.conc.txt "},
       {"sub/a.txt none.txt b.txt --language none", 1, "File none.txt not found.\n",
        "b.qvl.conc.txt sub/a.qvl.conc.txt "},
       {"sub -q", 1,
-       "sub/a.txt: sub/a.qvl.conc.txt is written for sub/a.docx.\nquorvel-cli: "
+       "sub/a.txt: sub/a.qvl.conc.txt is already the output for sub/a.docx.\nquorvel-cli: "
        "File sub/a.docx contains only from 1 to 4 bytes.\n",
        "sub/html/c.qvl.conc.txt "},
       {"a.txt b.txt -e ship", 3, "b.txt: No words satisfying the conditions were found.\n", ""},
       {"a.txt b.txt -o x.txt", 2, "--output" + oneFile, ""},
       {"a.txt b.txt --save-settings x.lvz", 2,
-       "--save-settings: settings are those of one document" + usage, ""},
+       "--save-settings: only with a single document" + usage, ""},
       {"a.txt b.txt --format tsv -o b.txt", 1,
        "The concordance file cannot be the same as the input file.\n", ""},
       {"a.txt b.txt --format tsv -o none/x.tsv", 1,

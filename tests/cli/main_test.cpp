@@ -121,6 +121,8 @@ TEST(CommandLine, TellsOfCharactersThatItLoses) {
   const std::tuple<std::string, const char*, std::string> rows[] = {
       {"\u2014 c\u0153ur coeur", "", one},
       {Repeated("\u0416\u0436\u2014 word ", 600), " -q", many},
+      {"\u00e9 caf\u00e9 \xFF", " --encoding unicode",
+       "1 invalid byte sequence was replaced by U+FFFD\n"},
       {"caf\u00e9 \u2014", "", ""}};
   for (const auto& [text, options, said] : rows) {
     const TestFolder folder;

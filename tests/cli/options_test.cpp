@@ -98,19 +98,19 @@ TEST(Options, RefuseWrongUsage) {
       {"a.txt --format tsv --no-frequencies", "--no-frequencies: only with --format text"},
       {"a.txt --sort right", "--sort: only with --format tsv or json"},
       {"a.txt --sort left --format tsv -c 0",
-       "--sort: with --context 0 each row is a word, and has no place"},
-      {"a.txt --picture -", "--picture: standard output is for the listing"},
-      {"a.txt a.txt --picture p", "--picture: a picture is of one document"},
+       "--sort: with --context 0 each row is a word without a position"},
+      {"a.txt --picture -", "--picture: standard output is used for the listing"},
+      {"a.txt a.txt --picture p", "--picture: only with a single document"},
       {"a.txt --picture p --save-settings s",
-       "--save-settings: no settings file keeps a --picture"},
+       "--save-settings: a settings file does not store --picture"},
       {"a.txt --format tsv --save-settings s",
-       "--save-settings: no settings file keeps a --format"},
+       "--save-settings: a settings file does not store --format"},
       {"a.txt --format json --output-encoding windows-1252",
        "--output-encoding: the rows of --format are UTF-8"},
-      {"a.txt -", "INPUT: standard input is read alone, beside no other document"},
+      {"a.txt -", "INPUT: standard input cannot be combined with other documents"},
       {"- --index", "--index: standard input has no index file"},
       {"- --use-index", "--use-index: standard input has no index file"},
-      {"- --save-settings s", "--save-settings: no settings file can name standard input"},
+      {"- --save-settings s", "--save-settings: a settings file cannot name standard input"},
       {"a.txt --input-type html", "--input-type: only for standard input, the document \"-\""},
       {"a.txt --order 1", "--order: 1 not in {alphabetical,frequency}"},
       {"a.txt --language x", "--language: x not in {auto,none,all,en,de,es,pt,it,fr}"},
@@ -128,7 +128,7 @@ TEST(Options, RefuseWrongUsage) {
   for (const auto& [arguments, reason] : rows) {
     EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, arguments), 2) << arguments;
     EXPECT_EQ(naive::Replace(folder.Read("err"), "\r\n", "\n"),
-              "quorvel-cli: " + reason + "\nquorvel-cli --help tells the options.\n");
+              "quorvel-cli: " + reason + "\nSee quorvel-cli --help for the options.\n");
     EXPECT_EQ(folder.Files().size(), 1U);
   }
 }

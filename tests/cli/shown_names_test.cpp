@@ -21,7 +21,7 @@ TEST(ShownNames, HoldNoControlCharacter) {
       {"a.txt -k '@'", 1, "a.txt: Keywords file not found: @\n"},
       {"-s '@'", 1, "@: Error when attempting to restore settings: No such file or directory\n"},
       {"a.txt --order '@'", 2,
-       "--order: @ not in {alphabetical,frequency}\nquorvel-cli --help tells the options.\n"},
+       "--order: @ not in {alphabetical,frequency}\nSee quorvel-cli --help for the options.\n"},
       {"a.txt --extra-stop-words '\x1b'", 1,
        "a.txt: The character \\x1b occurs in some stop word but is not a character allowed in a "
        "word.\n"}};

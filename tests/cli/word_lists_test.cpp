@@ -57,8 +57,8 @@ TEST(CommandLineWordLists, AreEnglishWhereTheLanguageIsUnknown) {
   (void)folder.Write("a.txt", "the cat and the dog\r\n");
   EXPECT_EQ(RunProgram(folder, program, "a.txt -c 0 -o -"), 0);
   EXPECT_EQ(folder.Read("err"),
-            "quorvel-cli: The language of a.txt could not be recognized; the stop words are the "
-            "English ones.\n");
+            "quorvel-cli: The language of a.txt could not be recognized; English stop words are "
+            "used.\n");
 }
 
 }  // namespace quorvel

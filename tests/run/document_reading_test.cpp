@@ -27,7 +27,7 @@ std::shared_ptr<const Document> Obtained(const InputBytes& input, const ReadingR
 const std::string ANYWAY =
     "Error: Invalid checksum found when processing\r\n@\r\n"
     "Do you wish to scan this file anyway?\n";
-const std::string NO_BODY = "Error: File @\r\nholds no document text.\n";
+const std::string NO_BODY = "Error: File @\r\ncontains no document text.\n";
 const std::string STOP =
     "Stop: Many different words have been found.\r\nDo you really wish to stop?\n";
 

@@ -75,7 +75,7 @@ std::size_t StartOf(int line, const std::string& bytes) {
 // One line of a file of unusual settings is another, and what is then saved for it.
 TEST(SettingsFile, JudgesEachLine) {
   const std::string noNumber = "is not a number.";
-  const std::string noPlace = "is not a place in its list.";
+  const std::string outOfRange = "is out of range.";
   const std::string noChoice = "Invalid combo box index";
   const std::tuple<int, std::string, std::string, std::string> rows[] = {
       {1, "\"/no/such/file\"", "\"\"", ""},
@@ -84,15 +84,15 @@ TEST(SettingsFile, JudgesEachLine) {
       {4, "\"", "\"\"", ""},
       {6, "2", "0", ""},
       {6, "x", "0", noNumber},
-      {8, "19", "0", noPlace},
+      {8, "19", "0", outOfRange},
       {8, "-1", "0", ""},
-      {8, "-2", "0", noPlace},
+      {8, "-2", "0", outOfRange},
       {9, "  01x", "1", ""},
       {9, "x1", "0", ""},
-      {17, "2", "0", noPlace},
+      {17, "2", "0", outOfRange},
       {17, "-1", "0", noChoice},
       {18, "-1", "5", noChoice},
-      {18, "10", "5", noPlace}};
+      {18, "10", "5", outOfRange}};
   const TestFolder folder;
   const std::string unusual = BytesOf(Unusual(folder), folder);
   for (const auto& [line, value, saved, error] : rows) {
@@ -147,7 +147,7 @@ TEST(SettingsFile, IsWrittenWholeAndInThePlaceOfNoOther) {
   ConcordanceSettings settings;
   settings.extraKeywords = "a\r\nb";
   EXPECT_EQ(SaveState(settings, folder.Path("s.lvz"), {}),
-            "Error when attempting to save settings: A name or a text holds a line end");
+            "Error when attempting to save settings: A file name or a text contains a line break");
   EXPECT_EQ(folder.Count(), 2);
 }
 
