@@ -21,8 +21,8 @@
 #include "run/outputs.h"
 #include "run/result_writer.h"
 #include "run/stop_word_choice.h"
-#include "util/piece_makers.h"
 #include "util/visible_text.h"
+#include "util/worker_pool.h"
 
 namespace quorvel {
 namespace {
@@ -222,11 +222,11 @@ int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
     return !ui.StopRequested();
   };
   {
-    PieceMakers makers(documents.size(), commandLine.jobs, newMaker);
+    WorkerPool pool(documents.size(), commandLine.jobs, newMaker);
     const StopAtEnd stopAtEnd = {stopped};
     for (std::size_t i = 0; i < documents.size() && goesOn(); ++i) {
       std::optional<std::string_view> piece;
-      while (!piece && goesOn()) piece = makers.Next(PATIENCE);
+      while (!piece && goesOn()) piece = pool.Next(PATIENCE);
       if (!piece) break;
       status = Worse(status, statuses[i]);
       if (!common.Add(*piece)) break;

@@ -28,9 +28,9 @@ int Run(const CommandLine& commandLine) try {
   TerminalInterface ui(commandLine.answerPolicy, commandLine.quiet, commandLine.settings.inputFile);
   StopOnSignals();
   const ByteSink result = [&ui](std::string_view bytes) { return ui.WriteResult(bytes); };
-  if (commandLine.toStandardOutput) LetBeBytes(Stream::output);
+  if (commandLine.toStandardOutput) SetBinaryMode(Stream::output);
   if (commandLine.readsStandardInput) {
-    LetBeBytes(Stream::input);
+    SetBinaryMode(Stream::input);
     ui.CallInput(STANDARD_INPUT);
   }
   const std::string path = FilePathOf(Stream::output);

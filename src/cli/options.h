@@ -10,8 +10,8 @@
 #include "run/input_check.h"
 #include "run/listing_run.h"
 #include "settings/settings.h"
-#include "util/piece_makers.h"
 #include "util/text_form.h"
+#include "util/worker_pool.h"
 
 namespace quorvel {
 

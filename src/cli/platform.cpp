@@ -105,7 +105,7 @@ void PrepareTerminal() {
   std::atexit([] { ::SetConsoleOutputCP(codePage); });
 }
 
-void LetBeBytes(Stream stream) { ::_setmode(static_cast<int>(stream), _O_BINARY); }
+void SetBinaryMode(Stream stream) { ::_setmode(static_cast<int>(stream), _O_BINARY); }
 
 std::string FilePathOf(Stream stream) {
   constexpr std::size_t LONGEST_PATH = 32768;
@@ -147,7 +147,7 @@ std::vector<std::string> ProgramArguments(int argumentCount, char** arguments) {
 
 void PrepareTerminal() {}
 
-void LetBeBytes(Stream /*stream*/) {}
+void SetBinaryMode(Stream /*stream*/) {}
 
 std::string FilePathOf(Stream stream) {
   const int handle = static_cast<int>(stream);

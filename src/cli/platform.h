@@ -19,7 +19,7 @@ enum class Stream { input = 0, output = 1, error = 2 };
 void PrepareTerminal();
 
 // Switches standard input or output to binary mode, in which line ends are not converted.
-void LetBeBytes(Stream stream);
+void SetBinaryMode(Stream stream);
 
 // Makes the allocator take memory in large steps and keep it, for a program that ends soon.
 void TakeMemoryInLargeSteps();

@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "engine/known_tokens.h"
+#include "engine/token_cache.h"
 #include "engine/token_edges.h"
 #include "engine/word_tests.h"
 #include "lists/keyword_beginnings.h"
@@ -42,7 +42,7 @@ class Scan {
         table_(table),
         progress_(progress),
         bar_(progress),
-        known_(text, alphabet, table, sought, RandomHashSeed()),
+        cache_(text, alphabet, table, sought, RandomHashSeed()),
         edges_(text, alphabet,
                sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
     if (sought != nullptr) beginnings_.emplace(*sought, alphabet);
@@ -59,7 +59,7 @@ class Scan {
     std::size_t found = 0;
     progress_.NoteWordsFound(table_.WordCount());
     for (std::size_t i = 0; i < cut_ && !stopped_; ++i) {
-      const TokenMeaning meaning = known_.MeaningOf(keys_[i]);
+      const TokenMeaning meaning = cache_.MeaningOf(keys_[i]);
       if (meaning.entry == TokenMeaning::NO_WORD) continue;
       const std::size_t end = keys_[i].begin + keys_[i].length;
       const auto scanPosition = static_cast<std::int32_t>(end + (end < text_.size() ? 1 : 2));
@@ -83,7 +83,7 @@ class Scan {
       const std::size_t end = edges_.Next();
       if (begin == text_.size()) break;
       progress_.Yield();
-      if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, end - begin);
+      if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = cache_.KeyOf(begin, end - begin);
     }
     return cut_ > 0 && !stopped_;
   }
@@ -98,7 +98,7 @@ class Scan {
       // A leading hyphen of a token does not belong to its word.
       if (!beginnings_->MayBegin(start) && *start != u'-') continue;
       const std::size_t length = alphabet_.EndOfRun(text_, begin) - begin;
-      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = known_.KeyOf(begin, length);
+      if (length >= MIN_WORD_LENGTH) keys_[cut_++] = cache_.KeyOf(begin, length);
     }
     stopped_ = !GoesOn(static_cast<std::int64_t>(begin));
     return (cut_ > 0 || begin < text_.size()) && !stopped_;
@@ -121,7 +121,7 @@ class Scan {
   WordTable& table_;
   Progress& progress_;
   ProgressBar bar_;
-  KnownTokens known_;
+  TokenCache cache_;
   TokenEdges edges_;
   std::optional<KeywordBeginnings> beginnings_;  // of the sought words, if only those are wanted
   std::array<TokenKey, AT_A_TIME> keys_{};

@@ -4,7 +4,7 @@
 #include <functional>
 #include <utility>
 
-#include "util/beside.h"
+#include "util/background.h"
 #include "util/md5.h"
 
 namespace quorvel {
@@ -46,12 +46,12 @@ FileDigest ComputeFileDigest(const std::string& path) {
 }
 
 InputDigest::InputDigest(InputBytes input)
-    : digest_(DoBeside([this, input = std::move(input)]() mutable {
+    : digest_(RunInBackground([this, input = std::move(input)]() mutable {
         const InputBytes bytes = std::exchange(input, {});
         return DigestWhile(bytes.View(), [this] { return wanted_.load(); });
       })) {}
 
-bool InputDigest::IsThere(std::chrono::milliseconds patience) const {
+bool InputDigest::IsReady(std::chrono::milliseconds patience) const {
   return digest_.wait_for(patience) != std::future_status::timeout;
 }
 

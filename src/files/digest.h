@@ -42,7 +42,7 @@ class InputDigest {
   InputDigest& operator=(const InputDigest&) = delete;
 
   // Waits up to `patience`. Returns true when Text() will return without waiting.
-  [[nodiscard]] bool IsThere(std::chrono::milliseconds patience) const;
+  [[nodiscard]] bool IsReady(std::chrono::milliseconds patience) const;
 
   // Waits for the digest and returns it.
   [[nodiscard]] const std::string& Text() const { return digest_.get(); }

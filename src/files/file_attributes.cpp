@@ -33,7 +33,7 @@ namespace quorvel {
 namespace fs = std::filesystem;
 
 #ifdef _WIN32
-void TakeAttributesOf(int /*handle*/, const fs::path& /*target*/) {}
+void CopyAttributesFrom(int /*handle*/, const fs::path& /*target*/) {}
 #else
 namespace {
 
@@ -184,7 +184,7 @@ std::string MovedList(const std::string& /*bytes*/, const struct stat& /*old*/,
 
 }  // namespace
 
-void TakeAttributesOf(int handle, const fs::path& target) {
+void CopyAttributesFrom(int handle, const fs::path& target) {
   struct stat old = {};
   if (::lstat(target.c_str(), &old) != 0 || !S_ISREG(old.st_mode)) return;
   const std::optional<std::string> list = AccessListOf(target);

@@ -10,6 +10,6 @@ namespace quorvel {
 // supports and permits it. The file must be accessible to its owner alone. Where the rights of
 // others cannot be read or set, it stays so. Only the writer, who becomes the owner when the old
 // one cannot be kept, gains rights.
-void TakeAttributesOf(int handle, const std::filesystem::path& target);
+void CopyAttributesFrom(int handle, const std::filesystem::path& target);
 
 }  // namespace quorvel

@@ -73,7 +73,7 @@ FolderMaking MakeFolderOfOwner(const fs::path& path) {
 // The path where a file would be created, with links resolved. Empty when the system cannot tell.
 fs::path PlaceOf(const std::string& path) {
   std::error_code error;
-  fs::path place = BehindLinks(ToPath(path), error);
+  fs::path place = ResolveLinks(ToPath(path), error);
   if (!error) place = fs::absolute(place, error);
   if (!error) place = fs::weakly_canonical(place, error);
   if (error == std::errc::not_enough_memory) throw std::bad_alloc();

@@ -64,7 +64,7 @@ void OutputFile::Open(Targets targets) {
   std::error_code error;
   const fs::file_status status = StatusOf(target_, error);
   if (status.type() == fs::file_type::not_found) {
-    target_ = BehindLinks(target_, error);
+    target_ = ResolveLinks(target_, error);
     return error ? Fail(NumberOf(error)) : OpenBeside();
   }
   if (error) return Fail(NumberOf(error));
@@ -109,7 +109,7 @@ bool OutputFile::Write(std::string_view bytes) {
 
 bool OutputFile::Commit() {
   if (!fault_ && !temporary_.empty()) Sync();
-  if (!fault_ && replaces_) TakeAttributesOf(handle_, target_);
+  if (!fault_ && replaces_) CopyAttributesFrom(handle_, target_);
   CloseHandle();
   if (!fault_ && !temporary_.empty()) {
     std::error_code error;

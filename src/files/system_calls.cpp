@@ -69,7 +69,7 @@ Fault NotAFile(FaultKind kind, const std::string& path) {
   return {kind, path, "Is a device or a pipe, not a file"};
 }
 
-fs::path BehindLinks(fs::path path, std::error_code& error) {
+fs::path ResolveLinks(fs::path path, std::error_code& error) {
   constexpr int MOST_LINKS = 40;  // the limit of the systems themselves
   for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
     if (links == MOST_LINKS) error = std::make_error_code(std::errc::too_many_symbolic_link_levels);

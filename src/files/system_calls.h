@@ -33,7 +33,8 @@ namespace quorvel {
 
 // Resolves links: returns the target of the last link of a chain, whether or not it exists, or
 // `path` itself when it is not a link.
-[[nodiscard]] std::filesystem::path BehindLinks(std::filesystem::path path, std::error_code& error);
+[[nodiscard]] std::filesystem::path ResolveLinks(std::filesystem::path path,
+                                                 std::error_code& error);
 
 // Opens a file in binary mode. Returns -1 on failure. A new file with `isPrivate` is readable only
 // by its owner.

@@ -12,7 +12,7 @@
 #include "output/entry_composer.h"
 #include "output/listing_order.h"
 #include "util/ansi.h"
-#include "util/piece_makers.h"
+#include "util/worker_pool.h"
 
 namespace quorvel {
 namespace {
@@ -112,14 +112,14 @@ class ListingPass {
 
   void ListByThreads(const std::vector<ListedSpan>& pieces) {
     constexpr std::chrono::milliseconds PATIENCE(5);
-    PieceMakers makers(pieces.size(), Processors(), [this, &pieces] {
+    WorkerPool pool(pieces.size(), Processors(), [this, &pieces] {
       const auto entries = std::make_shared<BytesOfEntries<Char>>(source_, quotation_, reading_);
       return [entries, &pieces](std::size_t piece, std::string& to) {
         entries->Append(pieces[piece], to);
       };
     });
     for (std::size_t done = 0; done < pieces.size();) {
-      if (const std::optional<std::string_view> text = makers.Next(PATIENCE)) {
+      if (const std::optional<std::string_view> text = pool.Next(PATIENCE)) {
         if (!HandOn(*text)) return;
         progress_.Show(pieces[done++].back());
       }

@@ -16,7 +16,7 @@
 #include "run/waiting.h"
 #include "unicode/packed_documents.h"
 #include "util/ansi.h"
-#include "util/beside.h"
+#include "util/background.h"
 
 namespace quorvel {
 namespace {
@@ -40,7 +40,7 @@ class IndexReading {
   IndexReading& operator=(const IndexReading&) = delete;
 
   // False also for a device or a pipe.
-  [[nodiscard]] bool IsThere() const { return !file_.Why(); }
+  [[nodiscard]] bool Exists() const { return !file_.Why(); }
 
   // True when the head and the length are possible for an index of this input. Reading a longer
   // file would waste time and memory.
@@ -55,16 +55,16 @@ class IndexReading {
 
   // Starts to read and parse the rest, on a thread of its own where the system provides one.
   void BeginRest() {
-    if (!table_.valid()) table_ = DoBeside([this] { return ReadTable(); });
+    if (!table_.valid()) table_ = RunInBackground([this] { return ReadTable(); });
   }
 
   // Returns the table, or nothing when it cannot be used or a stop was requested.
   [[nodiscard]] std::optional<WordTable> Table(Progress& progress) {
     BeginRest();
-    const auto isThere = [this](std::chrono::milliseconds patience) {
+    const auto isReady = [this](std::chrono::milliseconds patience) {
       return table_.wait_for(patience) != std::future_status::timeout;
     };
-    return WaitUntil(isThere, progress) ? table_.get() : std::nullopt;
+    return WaitUntil(isReady, progress) ? table_.get() : std::nullopt;
   }
 
  private:
@@ -88,10 +88,10 @@ class IndexReading {
 std::optional<WordsAtHand> ReadIndexFile(const InputBytes& input, const InputDigest& digest,
                                          Reading reading, bool ask, Conversation& ui) {
   IndexReading index(DefaultIndexFileName(input.Path()), Alphabet::Of(reading));
-  if (!index.IsThere()) return std::nullopt;
+  if (!index.Exists()) return std::nullopt;
   bool fits = index.MayBeOf(input);
   if (fits) {
-    if (!digest.IsThere(std::chrono::milliseconds(0))) index.BeginRest();
+    if (!digest.IsReady(std::chrono::milliseconds(0))) index.BeginRest();
     if (!WaitFor(digest, ui)) return std::nullopt;
     fits = index.Head().digest == digest.Text();
   }

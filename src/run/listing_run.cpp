@@ -95,7 +95,7 @@ class ListingRun {
     const std::string& input = target_.inputName ? *target_.inputName : source.path;
     std::string header = FileHeader(mode_, input, digest, std::time(nullptr));
     writer_.emplace(target_, InForm(std::move(header), Coding::utf8, target_.form), LINE_END,
-                    FormChanger(target_.coding, target_.form));
+                    FormConverter(target_.coding, target_.form));
   }
 
   bool Take(std::string_view piece) {

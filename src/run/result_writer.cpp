@@ -5,7 +5,7 @@
 namespace quorvel {
 
 ResultWriter::ResultWriter(const ListingTarget& target, std::string begin, std::string_view end,
-                           std::optional<FormChanger> form)
+                           std::optional<FormConverter> form)
     : sink_(target.sink), begin_(std::move(begin)), end_(end), form_(std::move(form)) {
   if (!sink_) file_.emplace(target.path, target.kept, target.targets);
 }

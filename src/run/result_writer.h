@@ -21,7 +21,7 @@ class ResultWriter {
   // `targets` are used. `begin` is written before the first piece, `end` after the last one. `form`
   // converts the pieces and `end`, but not `begin`.
   ResultWriter(const ListingTarget& target, std::string begin, std::string_view end,
-               std::optional<FormChanger> form = std::nullopt);
+               std::optional<FormConverter> form = std::nullopt);
 
   // Returns false after any failure.
   bool Add(std::string_view piece);
@@ -40,7 +40,7 @@ class ResultWriter {
   std::string begin_;  // not yet written
   std::string bytes_;  // not yet written, after `begin_`
   std::string_view end_;
-  std::optional<FormChanger> form_;
+  std::optional<FormConverter> form_;
   bool taken_ = true;
 };
 

@@ -164,9 +164,9 @@ std::optional<Language> Session::RecognizeLanguage() {
 // The input is read once and shared by all checks, until the run has made its document.
 Result<InputBytes> Session::InputNow() {
   const std::string& path = settings_.inputFile;
-  const bool isThere = input_ && *input_ && (*input_)->Path() == path &&
-                       (options_.input || (*input_)->Stamp() == StampOf(path));
-  if (!isThere) {
+  const bool isCurrent = input_ && *input_ && (*input_)->Path() == path &&
+                         (options_.input || (*input_)->Stamp() == StampOf(path));
+  if (!isCurrent) {
     DropInput();
     input_ = ReadInput(path, ui_);
   }

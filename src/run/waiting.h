@@ -8,13 +8,13 @@
 
 namespace quorvel {
 
-// Calls `isThere`, which waits up to the given time, until it returns true. Returns false when a
+// Calls `isReady`, which waits up to the given time, until it returns true. Returns false when a
 // stop is requested first.
-template <typename IsThere>
-[[nodiscard]] bool WaitUntil(const IsThere& isThere, Progress& progress) {
+template <typename IsReady>
+[[nodiscard]] bool WaitUntil(const IsReady& isReady, Progress& progress) {
   constexpr std::chrono::milliseconds PATIENCE(5);
   while (!progress.StopRequested()) {
-    if (isThere(PATIENCE)) return true;
+    if (isReady(PATIENCE)) return true;
     progress.YieldNow();
   }
   return false;
@@ -22,7 +22,7 @@ template <typename IsThere>
 
 // Waits for the digest. Returns false when a stop is requested first.
 [[nodiscard]] inline bool WaitFor(const InputDigest& digest, Progress& progress) {
-  return WaitUntil([&digest](auto patience) { return digest.IsThere(patience); }, progress);
+  return WaitUntil([&digest](auto patience) { return digest.IsReady(patience); }, progress);
 }
 
 }  // namespace quorvel

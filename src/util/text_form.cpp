@@ -40,7 +40,7 @@ void EndLinesInLf(std::string& text) {
 
 }  // namespace
 
-std::string FormChanger::Next(std::string piece) {
+std::string FormConverter::Next(std::string piece) {
   if (!kept_.empty()) piece.insert(0, std::exchange(kept_, {}));
   const std::size_t closed = piece.size() - OpenEnd(piece);
   kept_ = piece.substr(closed);
@@ -48,21 +48,21 @@ std::string FormChanger::Next(std::string piece) {
   return Changed(std::move(piece));
 }
 
-std::string FormChanger::End() { return Changed(std::exchange(kept_, {})); }
+std::string FormConverter::End() { return Changed(std::exchange(kept_, {})); }
 
-std::string FormChanger::Changed(std::string text) const {
+std::string FormConverter::Changed(std::string text) const {
   if (!to_.endsInCrLf) EndLinesInLf(text);
   if (from_ == to_.coding) return text;
   return from_ == Coding::utf8 ? EncodeAnsi(DecodeUtf8(text)) : EncodeUtf8(DecodeAnsi(text));
 }
 
-std::size_t FormChanger::OpenEnd(std::string_view text) const {
+std::size_t FormConverter::OpenEnd(std::string_view text) const {
   if (!to_.endsInCrLf && text.ends_with('\r')) return 1;
   return from_ == Coding::utf8 && to_.coding != from_ ? OpenCharacter(text) : 0;
 }
 
 std::string InForm(std::string text, Coding from, const TextForm& to) {
-  FormChanger changer(from, to);
+  FormConverter changer(from, to);
   std::string result = changer.Next(std::move(text));
   return result.append(changer.End());
 }

@@ -20,9 +20,9 @@ struct TextForm {
 
 // Converts a text with CR LF line ends to another form. A character that Windows-1252 lacks becomes
 // "?". A byte that is not valid UTF-8 is taken as Windows-1252. A CR without LF stays.
-class FormChanger {
+class FormConverter {
  public:
-  FormChanger(Coding from, const TextForm& to) : from_(from), to_(to) {}
+  FormConverter(Coding from, const TextForm& to) : from_(from), to_(to) {}
 
   // Converts the next piece. An incomplete end (a CR, or part of a character) is kept and converted
   // with the next piece.

@@ -34,7 +34,7 @@ TEST(TextForm, ChangesATextInPieces) {
     EXPECT_EQ(InForm(text, from, to), changed) << name;
     for (std::size_t first = 0; first <= text.size(); ++first) {
       for (std::size_t second = 0; second <= text.size() - first; ++second) {
-        FormChanger changer(from, to);
+        FormConverter changer(from, to);
         std::string found = changer.Next(text.substr(0, first));
         found += changer.Next(text.substr(first, second));
         found += changer.Next(text.substr(first + second));

@@ -35,10 +35,10 @@ struct TokenKey {
 
 // A cache for one text. Words are added to `table`: all words, or only those in `sought` if it is
 // not null. `text`, `alphabet`, `table` and `sought` must outlive the cache.
-class KnownTokens {
+class TokenCache {
  public:
-  KnownTokens(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
-              const KeywordLists* sought, const HashSeed& seed);
+  TokenCache(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+             const KeywordLists* sought, const HashSeed& seed);
 
   // Returns the key of the token at the 0-based index `begin`. `length` is in characters, at least
   // MIN_WORD_LENGTH. Prefetches the cache slot, so that MeaningOf is fast when it is called a few
@@ -60,7 +60,7 @@ class KnownTokens {
   };
 
   [[nodiscard]] bool Holds(const Slot& slot, const TokenKey& key) const;
-  [[nodiscard]] TokenMeaning LookInto(std::u16string_view token);
+  [[nodiscard]] TokenMeaning Analyze(std::u16string_view token);
   [[nodiscard]] std::int32_t EntryOf(std::u16string_view token, std::u16string_view word);
   std::int32_t AddEntry(std::u16string_view word);
   void Fill(const Slot& slot);

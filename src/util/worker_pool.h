@@ -21,7 +21,7 @@ namespace quorvel {
 // The number of processors, at least 1.
 [[nodiscard]] unsigned Processors();
 
-class PieceMakers {
+class WorkerPool {
  public:
   // Appends the piece with the given 0-based number to `to`, which is empty.
   using Maker = std::function<void(std::size_t piece, std::string& to)>;
@@ -29,13 +29,13 @@ class PieceMakers {
   // Starts making `count` pieces on `threads` threads, at most a few pieces ahead of the last piece
   // taken. Each thread has its own maker; `newMaker` is called in the constructor. With no threads,
   // or when the system cannot start any, Next() makes the pieces.
-  PieceMakers(std::size_t count, unsigned threads, const std::function<Maker()>& newMaker);
+  WorkerPool(std::size_t count, unsigned threads, const std::function<Maker()>& newMaker);
 
   // Waits for the pieces that are in progress. The remaining pieces are not made.
-  ~PieceMakers();
+  ~WorkerPool();
 
-  PieceMakers(const PieceMakers&) = delete;
-  PieceMakers& operator=(const PieceMakers&) = delete;
+  WorkerPool(const WorkerPool&) = delete;
+  WorkerPool& operator=(const WorkerPool&) = delete;
 
   // Returns the next piece, valid until the next call, or nothing when it is not ready after
   // `patience`. Must not be called after the last piece was taken. Rethrows what a maker threw.

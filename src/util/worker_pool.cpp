@@ -1,4 +1,4 @@
-#include "util/piece_makers.h"
+#include "util/worker_pool.h"
 
 #include <algorithm>
 
@@ -20,8 +20,7 @@ void Empty(std::string& text) {
 
 unsigned Processors() { return std::max(std::thread::hardware_concurrency(), 1U); }
 
-PieceMakers::PieceMakers(std::size_t count, unsigned threads,
-                         const std::function<Maker()>& newMaker)
+WorkerPool::WorkerPool(std::size_t count, unsigned threads, const std::function<Maker()>& newMaker)
     : count_(count) {
   constexpr std::size_t SLOTS_PER_MAKER = 3;
   makers_.resize(std::max(threads, 1U));
@@ -36,7 +35,7 @@ PieceMakers::PieceMakers(std::size_t count, unsigned threads,
   }
 }
 
-PieceMakers::~PieceMakers() {
+WorkerPool::~WorkerPool() {
   {
     const std::scoped_lock lock(mutex_);
     ends_ = true;
@@ -44,7 +43,7 @@ PieceMakers::~PieceMakers() {
   taken_.notify_all();
 }
 
-std::optional<std::string_view> PieceMakers::Next(std::chrono::milliseconds patience) {
+std::optional<std::string_view> WorkerPool::Next(std::chrono::milliseconds patience) {
   std::unique_lock lock(mutex_);
   if (handedOver_) {
     SlotOf(nextToTake_++).made = false;
@@ -65,7 +64,7 @@ std::optional<std::string_view> PieceMakers::Next(std::chrono::milliseconds pati
 }
 
 // Waits for a free slot and returns the next piece to make. Returns nothing when no piece is left.
-std::optional<std::size_t> PieceMakers::PieceToMake() {
+std::optional<std::size_t> WorkerPool::PieceToMake() {
   std::unique_lock lock(mutex_);
   taken_.wait(lock, [this] {
     return ends_ || nextToMake_ == count_ || nextToMake_ < nextToTake_ + slots_.size();
@@ -74,7 +73,7 @@ std::optional<std::size_t> PieceMakers::PieceToMake() {
   return nextToMake_++;
 }
 
-void PieceMakers::MakePieces(const Maker& make) {
+void WorkerPool::MakePieces(const Maker& make) {
   std::exception_ptr fault;
   while (const std::optional<std::size_t> piece = PieceToMake()) {
     Slot& slot = SlotOf(*piece);

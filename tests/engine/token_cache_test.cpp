@@ -1,4 +1,4 @@
-#include "engine/known_tokens.h"
+#include "engine/token_cache.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ std::u16string WordsWith(std::u16string_view beginning, std::u16string_view end)
 }
 
 // A token is looked up by its length and both its ends, a long one by what is between them, too.
-TEST(KnownTokens, TellTokensApartByAllTheirCharacters) {
+TEST(TokenCache, TellsTokensApartByAllTheirCharacters) {
   const std::tuple<const char*, std::u16string, std::size_t> rows[] = {
       {"long ones with equal ends", WordsWith(u"abcd", u"wxyz"), 10000},
       {"of eight characters", WordsWith(u"ab", u"yz"), 10000},
@@ -30,11 +30,11 @@ TEST(KnownTokens, TellTokensApartByAllTheirCharacters) {
       {"of one letter each", u"aaaab aaaaab aaaaaab aaaaaaab aaaaaaaab aaaaaaaaab", 6}};
   for (const auto& [name, text, different] : rows) {
     WordTable table;
-    KnownTokens known(text, latin, table, nullptr, SEED);
+    TokenCache cache(text, latin, table, nullptr, SEED);
     for (std::size_t begin = 0; begin < text.size();) {
       const std::size_t length = std::min(text.find(u' ', begin), text.size()) - begin;
       const auto entry =
-          static_cast<std::size_t>(known.MeaningOf(known.KeyOf(begin, length)).entry);
+          static_cast<std::size_t>(cache.MeaningOf(cache.KeyOf(begin, length)).entry);
       EXPECT_EQ(table.entries.at(entry).word, text.substr(begin, length));
       begin += length + 1;
     }

@@ -1,4 +1,4 @@
-#include "engine/known_tokens.h"
+#include "engine/token_cache.h"
 
 #include <cstring>
 
@@ -27,8 +27,8 @@ std::uint64_t ThreeAt(const char16_t* place) {
 
 }  // namespace
 
-KnownTokens::KnownTokens(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
-                         const KeywordLists* sought, const HashSeed& seed)
+TokenCache::TokenCache(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+                       const KeywordLists* sought, const HashSeed& seed)
     : text_(text),
       alphabet_(alphabet),
       table_(table),
@@ -36,7 +36,7 @@ KnownTokens::KnownTokens(std::u16string_view text, const Alphabet& alphabet, Wor
       seed_(seed),
       slots_(FIRST_SLOTS) {}
 
-TokenKey KnownTokens::KeyOf(std::size_t begin, std::size_t length) const {
+TokenKey TokenCache::KeyOf(std::size_t begin, std::size_t length) const {
   static_assert(MIN_WORD_LENGTH == END - 1);
   const char16_t* const token = text_.data() + begin;
   TokenKey key;
@@ -53,29 +53,29 @@ TokenKey KnownTokens::KeyOf(std::size_t begin, std::size_t length) const {
   return key;
 }
 
-bool KnownTokens::Holds(const Slot& slot, const TokenKey& key) const {
+bool TokenCache::Holds(const Slot& slot, const TokenKey& key) const {
   if (slot.front != key.front || slot.back != key.back || slot.length != key.length) return false;
   return key.length <= 2 * END ||
          text_.substr(slot.begin, key.length) == text_.substr(key.begin, key.length);
 }
 
-TokenMeaning KnownTokens::MeaningOf(const TokenKey& key) {
+TokenMeaning TokenCache::MeaningOf(const TokenKey& key) {
   const std::u16string_view token = text_.substr(key.begin, key.length);
-  if (key.length > LONGEST_KEPT) return LookInto(token);
+  if (key.length > LONGEST_KEPT) return Analyze(token);
   const std::size_t mask = slots_.size() - 1;
   std::size_t place = key.hash & mask;
   for (; slots_[place].length != 0; place = (place + 1) & mask) {
     const Slot& slot = slots_[place];
     if (Holds(slot, key)) return {slot.entry, slot.wordLength};
   }
-  const TokenMeaning meaning = LookInto(token);
+  const TokenMeaning meaning = Analyze(token);
   if (2 * ++used_ > slots_.size()) Grow();
   Fill({key.front, key.back, key.begin, key.hash, meaning.entry, meaning.wordLength,
         static_cast<std::uint8_t>(key.length)});
   return meaning;
 }
 
-TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
+TokenMeaning TokenCache::Analyze(std::u16string_view token) {
   const std::u16string_view word = WordOfToken(token, alphabet_);
   if (!MayEnterTable(word) || (sought_ != nullptr && !IsSearchWord(word, *sought_, alphabet_)))
     return {};
@@ -86,7 +86,7 @@ TokenMeaning KnownTokens::LookInto(std::u16string_view token) {
 // token with the same spelling, which saves a second look-up table. The exception is a word whose
 // spelling as a token is not a word: "1990s" gives the word "1990", but the token "1990" is a
 // number and no word.
-std::int32_t KnownTokens::EntryOf(std::u16string_view token, std::u16string_view word) {
+std::int32_t TokenCache::EntryOf(std::u16string_view token, std::u16string_view word) {
   if (word.size() == token.size()) return AddEntry(word);
   if (WordOfToken(word, alphabet_) == word) {
     return MeaningOf(KeyOf(static_cast<std::size_t>(word.data() - text_.data()), word.size()))
@@ -96,20 +96,20 @@ std::int32_t KnownTokens::EntryOf(std::u16string_view token, std::u16string_view
   return known != others_.end() ? known->second : others_[word] = AddEntry(word);
 }
 
-std::int32_t KnownTokens::AddEntry(std::u16string_view word) {
+std::int32_t TokenCache::AddEntry(std::u16string_view word) {
   table_.entries.push_back(NewWordEntry(word, alphabet_));
   return table_.WordCount() - 1;
 }
 
 // Stores a token in the first free slot of its probe sequence.
-void KnownTokens::Fill(const Slot& slot) {
+void TokenCache::Fill(const Slot& slot) {
   const std::size_t mask = slots_.size() - 1;
   std::size_t place = slot.hash & mask;
   while (slots_[place].length != 0) place = (place + 1) & mask;
   slots_[place] = slot;
 }
 
-void KnownTokens::Grow() {
+void TokenCache::Grow() {
   std::vector<Slot> old(2 * slots_.size());
   old.swap(slots_);
   for (const Slot& slot : old) {
