@@ -34,6 +34,7 @@ struct IndexHead {
 // The number of bytes of a file that always contain the head.
 inline constexpr std::size_t INDEX_HEAD_LENGTH = 4096;
 
+// Returns the head of an index file. A line that is missing is empty.
 [[nodiscard]] IndexHead HeadOfIndexFile(std::string_view bytes);
 
 // Parses an index file of a document with this alphabet. Returns its words in alphabetical order,

@@ -21,6 +21,7 @@ using StopWordsByLanguage = std::array<std::vector<std::u16string>, LANGUAGES.si
 // is built once and used for many texts.
 using LanguagesByWord = std::unordered_map<std::u16string, std::bitset<LANGUAGES.size()>>;
 
+// Builds this table from the stop words of each language, in the order of LANGUAGES.
 [[nodiscard]] LanguagesByWord LanguagesOf(const StopWordsByLanguage& stopWords);
 
 // Returns the 0-based index in LANGUAGES of the language whose stop words occur most often in

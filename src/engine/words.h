@@ -34,6 +34,7 @@ struct WordCounts {
   std::int64_t totalOccurrences = 0;  // of the included entries
 };
 
+// Counts the included entries and their occurrences.
 [[nodiscard]] WordCounts CountIncludedWords(const WordTable& table, const IncludeFlags& include);
 
 // Returns the 0-based indices of the included entries in descending order of their counts. Entries

@@ -14,6 +14,7 @@ namespace quorvel {
 // file then shows the reason. Folders do not count.
 [[nodiscard]] bool FileExists(const std::string& path);
 
+// True when a folder with this name exists. False also when the system refuses to tell.
 [[nodiscard]] bool FolderExists(const std::string& path);
 
 // True for an ordinary file. Reading a device, a pipe or a socket may never end.

@@ -15,6 +15,7 @@
 
 namespace quorvel {
 
+// Convert between a path's bytes and the path type of the standard library.
 [[nodiscard]] std::filesystem::path ToPath(const std::string& path);
 [[nodiscard]] std::string FromPath(const std::filesystem::path& path);
 

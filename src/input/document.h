@@ -52,6 +52,7 @@ struct Document {
   // number of U+FFFD that replace invalid bytes.
   std::int64_t lostCharacters = 0;
 
+  // The alphabet that the text was read with.
   [[nodiscard]] const Alphabet& AlphabetOf() const { return Alphabet::Of(options.reading); }
 };
 

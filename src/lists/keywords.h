@@ -67,6 +67,7 @@ struct KeywordLists {
 [[nodiscard]] bool IsSearchWord(std::u16string_view word, const KeywordLists& lists,
                                 const Alphabet& alphabet);
 
+// Removes the file keywords. The extra keywords stay.
 void EraseSearchWords(KeywordLists& lists);
 
 // Returns the plain words of a keywords file in the form that a search uses.

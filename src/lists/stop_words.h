@@ -19,6 +19,7 @@ struct StopWordList {
   bool loaded = false;      // a file was read completely
 };
 
+// Removes the words of the file. Concealed number words stay.
 void EraseStopWords(StopWordList& list);
 
 // Turns the concealing of number words on or off. Concealed number words count as stop words.

@@ -24,6 +24,7 @@ struct ListingOptions {
   bool showLineBreaks = false;
 };
 
+// The options of a listing according to the settings.
 [[nodiscard]] ListingOptions ListingOptionsOf(const ConcordanceSettings& settings);
 
 struct Listing {

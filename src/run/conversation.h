@@ -56,6 +56,7 @@ class Conversation : public Progress {
   // Replaces the contents of the output box and scrolls to its beginning.
   virtual void SetOutput(std::string_view text) = 0;
 
+  // Sets the text of a label. An empty text clears it.
   virtual void SetLabel(Label label, std::string_view text) = 0;
 
   // Reports that the output box shows only a part of the listing. Called only if it does. The next

@@ -24,8 +24,8 @@ constexpr const char* FATAL = "Fatal error";
 constexpr const char* READ_ERROR = "Read error";
 constexpr const char* BAD_STOP_WORD = "Character not allowed";
 
-// Compatibility: the titles of the last two faults differ in case ("Invalid input", "Invalid
-// Input"). Users and scripts that automate the window know them.
+// Compatibility: the titles of the last two faults differ in case. Users and scripts that automate
+// the window know them.
 constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     {FaultKind::missing, "File @ not found.", FATAL, Icon::information},
     {FaultKind::notAFile, "File @\r\nis a device or a pipe, not a file.", FATAL, Icon::information},
@@ -45,7 +45,8 @@ constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
     {FaultKind::temporaryFolderFull, "Unable to write to temporary folder.", STANDARD_TITLE,
      Icon::exclamation},
     {FaultKind::fileNotRemoved, "Error when attempting to delete @", "Error", Icon::exclamation},
-    // Compatibility: in this message the path comes first, and the text ends with a blank.
+    // Compatibility: the path comes first and the text ends with a blank. Scripts that automate the
+    // window know this message.
     {FaultKind::folderNotRemoved, "@ when attempting to delete folder ", "Error",
      Icon::exclamation},
     {FaultKind::noBody, "File @\r\ncontains no document text.", "Error", Icon::exclamation},

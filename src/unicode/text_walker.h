@@ -48,6 +48,7 @@ struct GrowingText {
   std::string text;
   bool wantsBlank = false;
 
+  // Appends a piece, after a blank if `wantsBlank` is set. An empty piece changes nothing.
   void Append(std::string_view piece);
 };
 
@@ -58,6 +59,7 @@ class TextWalker {
   TextWalker(std::span<const TextRule> rules, bool withNotes)
       : rules_(rules), withNotes_(withNotes) {}
 
+  // The events of the XML parser, in the order of the document.
   void Start(const XmlName& name);
   void End();
   void Text(std::string_view text);

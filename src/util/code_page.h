@@ -31,6 +31,7 @@ class CodePage {
   // Encodes characters, all of which must be in the page.
   [[nodiscard]] std::string Encode(std::u16string_view text) const;
 
+  // Decodes bytes of this page, one character for each.
   [[nodiscard]] std::u16string Decode(std::string_view bytes) const;
 
   // Appends the decoded `bytes` as UTF-8.
