@@ -21,7 +21,7 @@ namespace {
 constexpr int CHANGES = 22;
 constexpr qint64 MOST_LINES = 32000;
 
-// All that is shown has been painted when it ends.
+// Processes events until all changes have been painted.
 void Settle() {
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
 }
@@ -140,7 +140,7 @@ class LinesTimes {
     return held;
   }
 
-  // As many as have MOST_LINES lines together.
+  // Selects the most frequent words, up to MOST_LINES lines in total.
   void ChooseFrequentWords() {
     QItemSelection rows;
     qint64 lines = 0;
@@ -151,7 +151,7 @@ class LinesTimes {
     words_.selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
   }
 
-  // That the program holds.
+  // The resident memory of the program.
   static double Megabytes() {
     std::ifstream status("/proc/self/statm");
     double pages = 0;
