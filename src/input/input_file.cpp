@@ -98,9 +98,4 @@ FileClass ClassifyTextFile(const InputBytes& input, std::size_t examineLimit,
   return {KindByLineEnds(input.View().substr(0, examineLimit))};
 }
 
-FileKind KindOfUnread(const Fault& fault) {
-  if (fault.file.empty()) return FileKind::noPath;
-  return fault.kind == FaultKind::missing ? FileKind::missing : FileKind::unreadable;
-}
-
 }  // namespace quorvel

@@ -29,8 +29,6 @@ enum class TextEncoding {
 
 enum class FileKind {
   noPath,
-  missing,
-  unreadable,
   empty,
   oneToFourBytes,
   compound,  // a document of an older word processor, or an encrypted DOCX document
@@ -60,8 +58,5 @@ struct FileClass {
 // not in a UTF-8 file.
 [[nodiscard]] FileClass ClassifyTextFile(const InputBytes& input, std::size_t examineLimit,
                                          bool checkMarkupCharset);
-
-// The kind of an input that could not be read.
-[[nodiscard]] FileKind KindOfUnread(const Fault& fault);
 
 }  // namespace quorvel

@@ -117,25 +117,24 @@ InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& inp
                           const CheckOptions& options, bool& macNoticeShown, Conversation& ui) {
   if (!input) {
     TellUnread(input.Why(), options.quiet, ui);
-    return {false, KindOfUnread(input.Why()), false};
+    return {};
   }
   const FileClass found = ClassifyTextFile(*input, EXAMINED_BYTES, true);
-  InputCheck check = {false, found.kind, found.isUtf8};
-  if (check.kind == FileKind::noPath) return check;
-  if (const std::string message = FatalMessage(check.kind, options.reading, path);
+  InputCheck check = {false, found.isUtf8};
+  if (found.kind == FileKind::noPath) return check;
+  if (const std::string message = FatalMessage(found.kind, options.reading, path);
       !message.empty()) {
     Inform(ui, message, "Fatal error");
     return check;
   }
   check.accepted = true;
   if (options.quiet || options.reading == Reading::unicode) return check;
-  if (check.kind == FileKind::macText && !macNoticeShown) {
+  if (found.kind == FileKind::macText && !macNoticeShown) {
     macNoticeShown = true;
     ShowMacNotice(path, ui);
   }
-  if (check.kind == FileKind::unixText && !AcceptUnixFile(*input, options.askToContinue, ui)) {
-    check.accepted = false;
-    check.kind = FileKind::notText;
+  if (found.kind == FileKind::unixText) {
+    check.accepted = AcceptUnixFile(*input, options.askToContinue, ui);
   }
   return check;
 }

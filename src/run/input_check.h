@@ -20,7 +20,6 @@ struct CheckOptions {
 
 struct InputCheck {
   bool accepted = false;
-  FileKind kind = FileKind::noPath;
   bool isUtf8 = false;
 };
 

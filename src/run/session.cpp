@@ -189,7 +189,6 @@ void Session::DropWordsAtHand() { atHand_.reset(); }
 void Session::ChangeReading(Reading reading) {
   Enter(settings_.keywordsFile, [this, reading] {
     settings_.reading = reading;
-    DropWordsAtHand();
     lists_.stopWords.loaded = false;
     SilentConversation nobody;
     KeywordLists& keywords = lists_.keywords;

@@ -23,7 +23,7 @@ void FillDesk(const TestFolder& desk) {
   (void)desk.Write("sub/a.txt", "The old house.\r\n");
   (void)desk.Write("sub/a.docx", "bad");
   (void)desk.Write("sub/html/c.html", "The old ship of the house.\r\n");
-  for (const char* other : {"logo.png", "x.odt"}) {
+  for (const char* other : {"logo.png", "x.odt", "old.qvl.conc.txt"}) {
     (void)desk.Write(std::string("sub/html/") + other, "The old ship.\r\n");
   }
 }

@@ -37,9 +37,13 @@ bool CatchesInterrupts(pid_t process) {
 // Sends these to a run that has filled the pipe behind its standard output and waits for its
 // reader. Gives its exit status, or minus the signal that ended it; what it writes is read when it
 // goes on.
-int EndBy(const std::vector<int>& signals, bool ignoresHangUp = false) {
+int EndBy(const std::vector<int>& signals, bool ignoresHangUp = false,
+          const std::string& arguments = "a.txt") {
   const TestFolder folder;
-  const std::string input = folder.Write("a.txt", LongText(1).substr(0, 300000));
+  const std::string text = LongText(1).substr(0, 300000);
+  for (const char* name : {"a.txt", "b.txt"}) (void)folder.Write(name, text);
+  const std::string line =
+      "cd '" + folder.Path("") + "'; exec " QUORVEL_CLI " -q --language none -o - " + arguments;
   int ends[2] = {};
   EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   const pid_t child = ::fork();
@@ -48,8 +52,7 @@ int EndBy(const std::vector<int>& signals, bool ignoresHangUp = false) {
     std::signal(SIGINT, SIG_DFL);
     ::alarm(60);  // seconds, after which it hangs
     ::dup2(ends[1], STDOUT_FILENO);
-    ::execl(QUORVEL_CLI, "quorvel-cli", "-q", "--language", "none", "-o", "-", input.c_str(),
-            nullptr);
+    ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
     ::_exit(127);
   }
   ::close(ends[1]);
@@ -87,6 +90,27 @@ TEST(Platform, SignalsEndARunWhoseReaderWaitsUnlessTheCallerIgnoresThem) {
   EXPECT_EQ(EndBy({SIGINT}), 130);
   EXPECT_EQ(EndBy({SIGINT, SIGINT}), -SIGINT);
   EXPECT_EQ(EndBy({SIGHUP}, true), GOES_ON);
+  EXPECT_EQ(EndBy({SIGINT}, false, "a.txt b.txt --format tsv -j 1"), 130);
+}
+
+TEST(Platform, AnInterruptEndsARunThatWaitsForItsInput) {
+  int ends[2] = {};
+  EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    std::signal(SIGINT, SIG_DFL);
+    ::alarm(60);  // seconds, after which it hangs
+    ::dup2(ends[0], STDIN_FILENO);
+    ::execl(QUORVEL_CLI, "quorvel-cli", "-q", "-", nullptr);
+    ::_exit(127);
+  }
+  EXPECT_TRUE(Within(30000, [&] { return CatchesInterrupts(child); }));
+  ::kill(child, SIGINT);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(status, W_EXITCODE(130, 0));
+  ::close(ends[0]);
+  ::close(ends[1]);
 }
 
 }  // namespace

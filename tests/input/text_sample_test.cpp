@@ -13,6 +13,7 @@ TEST(TextSample, IsTheBeginningOfTheText) {
       "<!doctype html><title>Lost</title></head>>caf&eacute; \xC3\xA9t\xC3\xA9";
   const std::tuple<const char*, const char*, std::string, std::string> rows[] = {
       {"a long one, cut before it is repaired", "a.txt", "123456789\xC3\xA9", "123456789\xC3"},
+      {"typographic punctuation", "a.txt", "be\u2014not", "be -- not"},
       {"a page", "a.html", page, " caf\xE9 \xE9t\xC3"},
       {"a document", "a.docx", archive, "to be or n"},
       {"a damaged one", "a.docx", WithField(archive, CENTRAL_RECORD, 16, 1, 4), ""},

@@ -49,6 +49,33 @@ TEST(OccurrenceRows, StandWhereTheirWordsStand) {
   }
 }
 
+TEST(OccurrenceRows, AreOfTheLinesThatAreGivenInTheirOrder) {
+  SilentProgress nobody;
+  ConcordanceSettings settings;
+  settings.contextSize = 1;
+  const Listing listing = ScanText(u"to us a dog is it so is dog to be", settings, nobody);
+  const LineGroup lines[] = {{{0, 25}, 12}, {{0, 9}, 1}};
+  const std::string head = "word\tkey\tcount\tleft\tmatch\tright\tposition";
+  for (const bool withTimes : {false, true}) {
+    std::string rows;
+    ComposeLines(
+        listing, lines, withTimes, RowFormat::tsv,
+        [&rows](std::string_view piece) {
+          rows += piece;
+          return true;
+        },
+        nobody);
+    EXPECT_EQ(rows, head + (withTimes ? "\ttimes" : "") + "\ndog\tdog\t2\tis \tdog\t to\t25" +
+                        (withTimes ? "\t12" : "") + "\ndog\tdog\t2\ta \tdog\t is\t9" +
+                        (withTimes ? "\t1\n" : "\n"));
+  }
+  int pieces = 0;
+  const auto takeOne = [&pieces](std::string_view /*piece*/) { return ++pieces > 1; };
+  ComposeLines(listing, std::vector<LineGroup>(20000, lines[0]), false, RowFormat::json, takeOne,
+               nobody);
+  EXPECT_EQ(pieces, 1);
+}
+
 // Each occurrence once, however many keywords find it.
 TEST(OccurrenceRows, AreThoseThatAnyKeywordFinds) {
   SilentProgress nobody;

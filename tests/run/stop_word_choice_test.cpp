@@ -30,6 +30,9 @@ TEST(StopWordChoice, RecognizesTheLanguageByTheBeginning) {
       EXPECT_EQ(RecognizeInputLanguage({"a.txt", text}, reading, *languages).code,
                 behind == 65536 ? "de" : "en");
     }
+    const std::string utf16("\xFF\xFEw\0i\0r\0", 8);
+    EXPECT_EQ(RecognizeInputLanguage({"a.txt", utf16}, reading, *languages).code,
+              reading == Reading::unicode ? "de" : "en");
   }
 }
 

@@ -26,8 +26,8 @@ TEST(TextForm, ChangesATextInPieces) {
       {"line ends alone", "\u00e9\r\n\u20ac\r\n", Coding::utf8, UTF8_LINES, "\u00e9\n\u20ac\n"},
       {"lone CR and LF", "\ra\r\r\n\nb\r", Coding::windows1252, UTF8_LINES, "\ra\r\n\nb\r"},
       {"as it is", "\xE9\xC3\r\n", Coding::windows1252, ANSI_FILE, "\xE9\xC3\r\n"},
-      {"two, three and four bytes", "\u00e9\u20ac\U0001F600\u0416.", Coding::utf8, ANSI_FILE,
-       "\xE9\x80??."},
+      {"two, three and four bytes", "\u00e9\u2013\u20ac\U0001F600\u0416.", Coding::utf8, ANSI_FILE,
+       "\xE9\x96\x80??."},
       {"no UTF-8", "\xC3(\xE2\x82\xF0\xFF\xE2\x82", Coding::utf8, ANSI_FILE,
        "\xC3(\xE2\x82\xF0\xFF\xE2\x82"}};
   for (const auto& [name, text, from, to, changed] : rows) {
