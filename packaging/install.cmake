@@ -94,15 +94,14 @@ endif()
 set(CPACK_PACKAGE_CONTACT "Quorvel maintainers <maintainers@quorvel.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "key-word-in-context concordances of a document")
 set(CPACK_PACKAGE_DESCRIPTION
-"Quorvel lists every word of a text file, a web page or a DOCX document, as
-Unicode of an ODT or EPUB document too, with each of its occurrences shown
-between the words around it, or searches the document for chosen words and
-patterns. Stop words are left out in six languages; that of the document is
-recognised.
+"Quorvel lists every word of a document and shows each occurrence between the
+words around it. It can also search for words and patterns. It reads text
+files, web pages and DOCX documents and, as Unicode, ODT and EPUB documents.
+It recognises the language of a document and leaves out its stop words, in
+six languages.
 .
-This package holds the program with a window, quorvel, and the command line
-for scripts, quorvel-cli.")
-set(CPACK_PACKAGE_HOMEPAGE_URL "https://quorvel.example/")
+This package contains the program with a window, quorvel, and the command
+line, quorvel-cli.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
