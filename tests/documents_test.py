@@ -1,13 +1,18 @@
 #!/usr/bin/env python3
-"""Checks that the documents point only to files and headings that exist.
+"""Checks that the first steps in README work, and that documents point only to what exists.
 
-A link leads to a file, or to a heading in it. A path in backquotes, such as `run/session` or
-`tools/mutants.py`, is a file or folder of the source tree, below src/ or at the top.
+    documents_test.py QUORVEL_CLI
+
+The commands of the first steps run on the sample text and must print the entry that README shows. A
+link must lead to a file or to a heading in it. A path in backquotes, such as `run/session` or
+`tools/mutants.py`, must be a file or folder of the source tree, below src/ or at the top.
 """
 
 import pathlib
 import re
+import subprocess
 import sys
+import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 TOPS = "bench data docs fuzz packaging src tests tools".split()
@@ -36,8 +41,22 @@ def faults_of(page):
             yield f"no such file: {path}"
 
 
+def faults_of_first_steps(cli):
+    section = (ROOT / "README.md").read_text(encoding="utf-8").split("## First steps")[1]
+    copy, *commands = re.findall("^    (cp .*|release/.*)", section, re.MULTILINE)
+    entry = re.search(r"^    \[.*\n(    \.\.\. .*\n)+", section, re.MULTILINE)[0].replace("    ", "")
+    with tempfile.TemporaryDirectory() as folder:
+        script = "\n".join([copy.replace("cp ", f"cp {ROOT}/").replace("build/", ""), *commands])
+        run = subprocess.run(["sh", "-e"], input=script.replace("release/quorvel-cli", cli), cwd=folder,
+                             encoding="utf-8", capture_output=True, check=False)
+        listed = pathlib.Path(folder, "lamp.qvl.conc.txt").read_text(encoding="cp1252")
+    if run.returncode != 0 or run.stderr or entry not in run.stdout or entry not in listed:
+        yield f"first steps: {run.stderr}{run.stdout}"
+
+
 PAGES = [ROOT / name for name in ("README.md", "CONTRIBUTING.md", *map(str, ROOT.glob("docs/*.md")),
                                   "tests/data/runs/README.md")]
 assert len(PAGES) > 8, PAGES
 FAULTS = [f"{page.relative_to(ROOT)}: {fault}" for page in PAGES for fault in faults_of(page)]
+FAULTS += faults_of_first_steps(str(pathlib.Path(sys.argv[1]).resolve()))
 sys.exit("\n".join(FAULTS) or 0)
