@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Writes the releases of a CHANGELOG.md in the form of a Debian changelog:
+# Converts CHANGELOG.md to the format of a Debian changelog:
 #
 #   debian_changelog.sh CHANGELOG.md
 set -euo pipefail

@@ -1,15 +1,14 @@
-# What is installed, where, and the packages of it: the one for Debian, which ./dev package makes, and the
-# zip of ./dev windows --window.
+# Installation and packages: the Debian package of ./dev package and the zip of ./dev windows --window.
 
 include(GNUInstallDirs)
 set(DATA_FOLDER ${CMAKE_INSTALL_DATADIR}/quorvel)
 if(WIN32)
-  # As it is usual there, all that belongs to a program stands in one folder.
+  # On Windows a program and its data are usually in one folder.
   set(CMAKE_INSTALL_BINDIR .)
   set(DATA_FOLDER .)
 endif()
 
-# The releases are told in one place. Their list fills the software centre's page.
+# CHANGELOG.md is the only list of releases. The software centre shows them.
 file(STRINGS CHANGELOG.md headings REGEX "^## ")
 foreach(heading IN LISTS headings)
   if(NOT heading MATCHES "^## ([0-9.]+) - ([0-9]+-[0-9]+-[0-9]+)$")
@@ -23,7 +22,7 @@ foreach(heading IN LISTS headings)
 endforeach()
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
 
-# The program looks for its data in its own folder and in ../share/quorvel, seen from there.
+# The program looks for its data in its own folder and in ../share/quorvel relative to it.
 install(TARGETS quorvel-cli)
 file(GLOB DATA_FILES CONFIGURE_DEPENDS data/stwds_*.txt)
 install(FILES ${DATA_FILES} data/qvl_help.txt DESTINATION ${DATA_FOLDER})
@@ -32,7 +31,7 @@ if(QUORVEL_WINDOW)
 endif()
 
 if(WIN32)
-  # The licences of all that is linked in, each as Debian's package of it tells them.
+  # The licences of everything that is linked in, from the Debian packages.
   install(FILES packaging/copyright DESTINATION licenses RENAME quorvel.txt)
   foreach(package IN ITEMS qt6-base-dev libzip-dev libutf8proc-dev libexpat1-dev libz-mingw-w64-dev
       mingw-w64-x86-64-dev g++-mingw-w64-x86-64-posix)
@@ -58,7 +57,7 @@ if(UNIX)
     endforeach()
   endif()
 
-  # Pages and changelogs are compressed, without the time, so that a package can be made again.
+  # Manual pages and changelogs are compressed without a timestamp, so that builds are reproducible.
   foreach(page IN LISTS pages)
     add_custom_command(OUTPUT packaging/${page}.gz
       COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/man/${page} > packaging/${page}.gz
@@ -94,21 +93,20 @@ endif()
 set(CPACK_PACKAGE_CONTACT "Quorvel maintainers <maintainers@quorvel.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "key-word-in-context concordances of a document")
 set(CPACK_PACKAGE_DESCRIPTION
-"Quorvel lists every word of a text file, a web page or a DOCX document, as
-Unicode of an ODT or EPUB document too, with each of its occurrences shown
-between the words around it, or searches the document for chosen words and
-patterns. Stop words are left out in six languages; that of the document is
-recognised.
+"Quorvel lists every word of a document and shows each occurrence between the
+words around it. It can also search for words and patterns. It reads text
+files, web pages and DOCX documents and, as Unicode, ODT and EPUB documents.
+It recognises the language of a document and leaves out its stop words, in
+six languages.
 .
-This package holds the program with a window, quorvel, and the command line
-for scripts, quorvel-cli.")
-set(CPACK_PACKAGE_HOMEPAGE_URL "https://quorvel.example/")
+This package contains the program with a window, quorvel, and the command
+line, quorvel-cli.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# A desktop that speaks nothing but Wayland needs Qt's plug-in for it.
+# A desktop with Wayland only needs Qt's plug-in for it.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 include(CPack)

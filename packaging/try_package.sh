@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Installs a package of Quorvel in a clean Debian 12, and uses it there as an ordinary user does:
+# Installs a package of Quorvel in a fresh Debian 12 and uses it there as an ordinary user:
 #
 #   try_package.sh PACKAGE [SYSTEM]
 #
-# The system is made by debootstrap, from the mirror in DEBIAN_MIRROR where that is set, or
-# copied from the folder SYSTEM. Nothing but the package and what it depends on is installed in
-# it; the X server and what presses the keys run outside. Fails when the programs do not do
-# there what they should, or write where they should not. Needs root.
+# The system is made by debootstrap, from the mirror in DEBIAN_MIRROR if that is set, or copied
+# from the folder SYSTEM. Only the package and its dependencies are installed in it. The X server
+# and xdotool run outside. Fails if the programs do not work there or write outside the user's
+# folders. Needs root.
 set -euo pipefail
 
 package=$(realpath "$1")
@@ -45,13 +45,13 @@ install_package() {
   in_system apt-get update -q >"$system.log"
   in_system env DEBIAN_FRONTEND=noninteractive \
     apt-get install -q -y --no-install-recommends /quorvel.deb >>"$system.log" 2>&1 ||
-    fail "not to be installed: $(grep -v '^$' "$system.log" | tail -n 5)"
+    fail "cannot be installed: $(grep -v '^$' "$system.log" | tail -n 5)"
   rm "$system/quorvel.deb"
   echo "Installed: $(in_system dpkg-query -W quorvel | tr '\t' ' ')," \
     "with $(($(in_system dpkg-query -W | wc -l) - before - 1)) packages that it needs"
 }
 
-# All that the reader has, as after a log-in; the time from which on what is written shows.
+# Sets up a user with a session, and a time stamp: files changed later were written by the programs.
 set_stage() {
   in_system useradd -m reader
   in_system install -d -m 700 -o reader -g reader /run/user/reader /srv/lists
@@ -78,7 +78,7 @@ try_command_line() {
   [[ $list == *маяк:2* ]] || fail "a Cyrillic word is not listed as it should be"
 }
 
-# Waits for a window, gives it the keys and says which it is.
+# Waits for a window, gives it the keyboard focus and prints its id.
 find_window() { # title
   local tries found
   for ((tries = 0; tries < 100; ++tries)); do
@@ -89,7 +89,7 @@ find_window() { # title
     fi
     sleep 0.1
   done
-  fail "no window '$1' came"
+  fail "no window '$1' appeared"
 }
 
 await_file() {
@@ -98,7 +98,7 @@ await_file() {
     [[ ! -s $1 ]] || return 0
     sleep 0.1
   done
-  fail "the window never wrote $1"
+  fail "the window did not write $1"
 }
 
 try_window() {
@@ -114,7 +114,7 @@ try_window() {
   [[ -n $icons ]] || fail "the window has no icon"
   xdotool key F5
   await_file "$concordance"
-  # Both say when and with what path in the first lines.
+  # The first lines contain the path and the time.
   diff <(sed '1,3 d' "$concordance") <(sed '1,3 d' "$system/srv/lists/hafen.txt") ||
     fail "window and command line differ"
   echo "F5 wrote the concordance of $(wc -c <"$concordance") bytes that quorvel-cli writes too"
@@ -122,7 +122,7 @@ try_window() {
   press_until ctrl+q has_ended "$program"
   wait "$program" || status=$?
   echo "Ctrl+Q: status $status"
-  ((status == 0)) || fail "the window ended badly"
+  ((status == 0)) || fail "the window ended with status $status"
 }
 
 check_files() {
@@ -147,8 +147,8 @@ check_removal() {
   echo "Purged: of its $(wc -l <<<"$files") files and folders no file is left"
 }
 
-# Mounts of its own, which go with it: /proc, from which a program learns its folder, and the
-# socket of the X server.
+# Runs in its own mount namespace. The programs need /proc to find their folder, and the socket of
+# the X server.
 inside() {
   mount -t proc proc "$system/proc"
   mkdir -p "$system/tmp/.X11-unix"

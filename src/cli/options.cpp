@@ -22,9 +22,9 @@ namespace quorvel {
 namespace {
 
 constexpr const char* DESCRIPTION =
-    "Makes a key-word-in-context concordance of a document: every word, with each\n"
-    "of its occurrences between the words around it. In a search: only the words\n"
-    "asked for.\n";
+    "Makes a key-word-in-context concordance of a document: lists every word and\n"
+    "shows each occurrence between the words around it. A search lists only the\n"
+    "words that you name.\n";
 
 constexpr const char* EXIT_STATUS =
     "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found,\n"
@@ -132,23 +132,23 @@ CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path
 void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   AddFileNames(app, "INPUT", raw.inputs,
                "the document: a text file, a web page or a DOCX document; \"-\" for standard "
-               "input, which is listed to standard output. Several, and all in a folder, are each "
-               "listed beside themselves")
+               "input, which is listed to standard output. Several documents or a folder: each "
+               "listing is written beside its document")
       .option_text(" ")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   AddChoice<std::string>(
       app, "--input-type",
       {{"txt", "txt"}, {"html", "html"}, {"docx", "docx"}, {"odt", "odt"}, {"epub", "epub"}},
-      raw.inputType, "what standard input is: txt, html, docx, odt or epub. Default: txt");
+      raw.inputType, "the type of standard input: txt, html, docx, odt or epub. Default: txt");
   AddFile(app, "-o,--output", raw.outputFile,
           "the concordance or search-results file; \"-\" for standard output. Default: for a "
-          "concordance beside the input, its extension replaced by qvl.conc.txt (or .tsv, "
-          ".json: see --format); for a search standard output");
+          "concordance the input with the extension qvl.conc.txt (with --format qvl.conc.tsv or "
+          "qvl.conc.json); for a search standard output");
   AddChoice<OutputFormat>(
       app, "--format",
       {{"text", OutputFormat::text}, {"tsv", OutputFormat::tsv}, {"json", OutputFormat::json}},
       commandLine.format,
-      "text: the concordance; tsv or json: its occurrences for other programs, one row each with "
+      "text: the concordance; tsv or json: one row for each occurrence, for other programs, with "
       "word, folded key, count, left context, match, right context and position, in UTF-8. "
       "Default: text");
   AddChoice<LineKey>(app, "--sort",
@@ -157,24 +157,23 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
                       {"left", LineKey::left},
                       {"match", LineKey::match}},
                      commandLine.rowOrder,
-                     "order the rows of --format by what stands right of the word, left of it, or "
-                     "by the match, whatever word they are of. Default: place, word by word in the "
-                     "order of the text");
+                     "order all rows of --format by the right context, the left context or the "
+                     "match. Default: place, the order of the listing, each word in the order of "
+                     "the text");
   AddFile(app, "--picture", commandLine.pictureFile,
-          "write a picture of where in the document each word occurs, as SVG");
+          "write an SVG picture of where in the document each word occurs");
   AddFile(app, "-s,--settings", raw.settingsFile,
-          "start from a settings file, such as the window saves; every other option "
-          "overrides what it says");
+          "start from a settings file, such as one that the window saved; all other options "
+          "override it");
   AddFile(app, "--save-settings", commandLine.settingsFileToSave,
-          "save the settings, options included, as a settings file, and run nothing");
+          "save the settings and other options in a settings file, and exit");
   app.add_flag("--index,!--no-index", commandLine.settings.createIndexFile,
-               "write the words of the input beside it, as an index file. Default: no");
+               "write the words of the input to an index file beside it. Default: no");
   app.add_flag("--use-index", commandLine.useIndex,
-               "take the words from that file where it fits, and scan nothing. Default: no")
+               "read the words from the index file if it matches the input. Default: no")
       ->option_text(" ");
   app.add_option("-j,--jobs", commandLine.jobs,
-                 "work on so many of several documents at once, 1 to 64. Default: the number of "
-                 "processors")
+                 "process this many documents at once, 1 to 64. Default: the number of processors")
       ->option_text("COUNT")
       ->check(CLI::Range(1, MOST_JOBS));
   AddChoice<Encoding>(
@@ -184,17 +183,18 @@ void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
        {"ansi", Encoding::ansi},
        {"unicode", Encoding::unicode}},
       raw.encoding,
-      "auto, utf-8 or ansi, which keep the characters of Windows-1252, or unicode, which keeps all "
-      "and writes UTF-8. Default: auto, which adopts what is detected");
+      "auto, utf-8 or ansi keep the characters of Windows-1252; unicode keeps all characters and "
+      "writes UTF-8. Default: auto, which uses what is detected");
   app.add_flag("--notes", commandLine.settings.notes,
                "with --encoding unicode list the notes of a word-processor document too")
       ->option_text(" ");
   AddChoice<std::optional<Coding>>(
       app, "--output-encoding", {{"windows-1252", Coding::windows1252}, {"utf-8", Coding::utf8}},
       commandLine.outputCoding,
-      "windows-1252 or utf-8, for the concordance and the search results. Default: in a file the "
-      "first, with --encoding unicode the second; on standard output utf-8, where lines then end "
-      "in LF. The rows are always UTF-8");
+      "windows-1252 or utf-8, for the concordance and the search results. Default: windows-1252 "
+      "for "
+      "a file, but utf-8 with --encoding unicode; for standard output utf-8 with LF line ends. The "
+      "rows of --format are always UTF-8");
 }
 
 void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
@@ -206,13 +206,13 @@ void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& 
   auto& file =
       AddSource(app, "-k,--keywords-file", settings.keywordsFile, "a file of words to search for");
   app.add_flag("--no-keywords-file", raw.noKeywordsFile,
-               "search for none of a file, whatever the settings file says")
+               "ignore the keywords file that the settings file names")
       ->option_text(" ")
       ->excludes(&file);
   app.add_option(
          "-e,--keywords", settings.extraKeywords,
          "words to search for, separated by blanks: * stands for any characters, ? for one, "
-         "# for a digit; WORD+OTHER wants OTHER in the context of WORD")
+         "# for a digit; WORD+OTHER finds WORD with OTHER in its context")
       ->option_text("TEXT");
 }
 
@@ -253,8 +253,8 @@ void AddWordOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
   AddSource(app, "--stop-words", settings.stopWordsFile, "a file of words not to list");
   app.add_option(
          "--language", commandLine.language,
-         "whose stop words not to list, where --stop-words names no file: en, de, es, pt, it, "
-         "fr, all, none, or auto for the language of the input. Default: auto")
+         "the language of the stop words not to list: en, de, es, pt, it, fr, all, none, or auto "
+         "for the language of the input. --stop-words replaces it. Default: auto")
       ->option_text("WORD")
       ->check(CLI::IsMember(LanguageWords()));
   app.add_option("--extra-stop-words", settings.extraStopWords,
@@ -267,10 +267,9 @@ void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) 
       app, "--answer",
       {{"yes", AnswerPolicy::yes}, {"no", AnswerPolicy::no}, {"default", AnswerPolicy::preset}},
       raw.answer,
-      "how questions are answered: yes, no or default. Without it they are asked on a terminal, "
-      "and take their default elsewhere");
-  app.add_flag("-q,--quiet", commandLine.quiet,
-               "show no progress, and no message that all went well");
+      "how questions are answered: yes, no or default. Without it, questions are asked on a "
+      "terminal; otherwise the default answer is taken");
+  app.add_flag("-q,--quiet", commandLine.quiet, "show no progress and no message on success");
   app.set_version_flag("-V,--version", "quorvel-cli " + VersionText(), "show the version");
   app.set_help_flag("-h,--help", "show this help");
 }

@@ -1,11 +1,10 @@
 #!/usr/bin/env python3
-"""Runs quorvel-cli as those do who go on with its rows.
+"""Runs the examples of a document, as a user does who processes the rows of quorvel-cli.
 
     data_formats_test.py QUORVEL_CLI DOCUMENTATION SAMPLE
 
-Each example of the page, a fenced block of shell or Python, is run where the ones before it
-left their files, and must print what the block of text behind it says. Besides, a reader that
-goes away ends the program.
+An example is a fenced block of shell or Python. It runs in the folder of the examples before it and
+must print the block of text after it. Another check: the program ends if nobody reads its output.
 """
 
 import os

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Checks that what tells the options of quorvel-cli tells all of them, and nothing else.
+"""Checks that every list of the options of quorvel-cli has all of them and no others.
 
     documented_options_test.py QUORVEL_CLI
 
-The truth comes from the program itself: the options from its help, the words and numbers that an
-option takes from the message that refuses another. Each place is brought into the same lines,
-"--order" and "--order frequency", and compared.
+The reference is the program: its help has the options, and the message for a wrong value has the
+words and numbers that an option accepts. Each list is converted to the same lines, "--order" and
+"--order frequency", and compared with it.
 """
 
 import pathlib
@@ -37,7 +37,7 @@ def values_of(option):
 
 
 def lines(items):
-    """Those of pairs: options as "-c,--context" or "--[no-]hyphens", and what these take."""
+    """Converts pairs of options, such as "-c,--context" or "--[no-]hyphens", and their values."""
     told = set()
     for names, values in items:
         for name in re.sub(r"--\[no-\](.*)", r"--\1,--no-\1", names).split(","):
@@ -73,5 +73,5 @@ for sign in (), ("=",):
         (name, in_bash(name, *sign, "")) for name in {line.split()[0] for line in WORDS | NUMBERS}
     ]), ALL
 assert len(OPTIONS) > 20 and len(WORDS) > 10 and len(NUMBERS) > 20, ALL
-sys.exit("".join(f"{place}: missing or none: {line}\n" for place, (told, wanted) in PLACES.items()
+sys.exit("".join(f"{place}: missing or unknown: {line}\n" for place, (told, wanted) in PLACES.items()
                  for line in sorted(told ^ wanted)) or 0)
