@@ -135,10 +135,12 @@ class CommonResult {
     return writer_->Add(piece);
   }
 
-  // Returns false after any failure. The user has been told, except for standard output.
+  // Returns false after any failure. The user has been told, except for standard output, whose
+  // reader may also block until the user stops the run, which is no failure.
   bool Commit(TerminalInterface& ui) {
     if (!writer_ || writer_->Commit(ui)) return true;
-    if (!target_.sink) ui.Say(WritingFailed(commandLine_.settings.mode));
+    if (target_.sink) return ui.StopRequested();
+    ui.Say(WritingFailed(commandLine_.settings.mode));
     if (const std::optional<Fault> fault = writer_->Why()) ui.SayOf(fault->file, fault->reason);
     return false;
   }

@@ -123,7 +123,9 @@ TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
     EXPECT_EQ(
         ui.Said(row.file) + (document != nullptr ? "= " + EncodeUtf8(document->documentText) : ""),
         row.expected);
-    if (row.expected.starts_with("Fatal")) EXPECT_EQ(ui.output, "");
+    if (row.expected.starts_with("Fatal")) {
+      EXPECT_EQ(ui.output, "");
+    }
     if (document == nullptr) continue;
     EXPECT_EQ(document->lostCharacters, row.lost);
     EXPECT_EQ(document->source.path, row.file);
