@@ -5,8 +5,12 @@
 namespace quorvel {
 
 TEST(LanguageRecognition, GoesByTheWordsThatAreStopWords) {
-  const StopWordsByLanguage stopWords = {
-      {{u"the", u"all", u"be"}, {u"der", u"die", u"all"}, {u"être"}, {}, {u"y"}, {u"être", u"les"}}};
+  const StopWordsByLanguage stopWords = {{{u"the", u"all", u"be"},
+                                          {u"der", u"die", u"all"},
+                                          {u"être"},
+                                          {},
+                                          {u"y"},
+                                          {u"être", u"les"}}};
   const std::tuple<const char*, const char*, std::size_t> rows[] = {
       {"the first of equals", "all", 0},
       {"more than the first", "\xEAtre les", 5},

@@ -46,6 +46,12 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     WordTable stopped;
     GetWords(text, latin, stopped, progress, sought);
     EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
+    ScriptedConversation user;
+    user.stopAtYield = 1;
+    WordTable cut;
+    GetWords(text, latin, cut, user, sought);
+    EXPECT_EQ(user.StopRequested(), sought != nullptr) << name;
+    EXPECT_EQ(cut.entries.empty(), user.StopRequested()) << name;
   }
 }
 

@@ -127,6 +127,8 @@ TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
       EXPECT_EQ(ui.output, "");
     }
     if (document == nullptr) continue;
+    const bool isText = std::string_view(row.file) == "a.txt";
+    EXPECT_EQ(ui.output.ends_with("Processing file ...\r\n"), isText);
     EXPECT_EQ(document->lostCharacters, row.lost);
     EXPECT_EQ(document->source.path, row.file);
   }
