@@ -77,6 +77,13 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
     const bool isListing = ui_->tabResults->currentWidget() != wordLines_;
     findBar_->SetTarget(isListing ? FindTarget{} : wordLines_->Document().Finding());
   });
+  // Whoever clicks on the tab can type a word at once. Keys leave the focus on the tab.
+  connect(
+      ui_->tabResults, &QTabWidget::tabBarClicked, this,
+      [this] {
+        if (wordLines_->isVisible()) wordLines_->setFocus();
+      },
+      Qt::QueuedConnection);
   run_ = std::make_unique<RunControl>(*ui_, *session_, *interface_, *files_, *panel_, *wordLines_);
   Initialization();
   ConnectButtons();

@@ -85,6 +85,7 @@ WordLines::WordLines(Session& session, Conversation& ui, QWidget* parent)
   ui_->splitRight->setStretchFactor(0, 3);
   ui_->splitRight->setStretchFactor(1, 2);
   ui_->splitWords->setSizes({260, 740});
+  setFocusProxy(ui_->txbFindWord);
   ConnectWords();
   ConnectLines();
   AddKeys();
