@@ -65,6 +65,13 @@ TEST(OutputFile, TellsWhatTheSystemRefuses) {
               (std::map<std::string, std::string>{{"a", goesWell ? "new" : "old"}}));
   }
 }
+TEST(OutputFile, TellsWhyADeviceCannotBeOpened) {
+  InChild([] {
+    RefuseCall(SYS_openat, ENODEV);
+    const OutputFile file("/dev/null", {});
+    EXPECT_EQ(file.Why()->reason, "No such device");
+  });
+}
 #endif
 
 TEST(OutputFile, FollowsLinks) {

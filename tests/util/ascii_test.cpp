@@ -1,0 +1,20 @@
+#include "util/ascii.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvel {
+
+TEST(Ascii, EndsBefore128) {
+  for (const char last : {'\x00', '\x7F', '\x80', '\xFF'}) {
+    const std::string text = std::string(7, 'a') + last;
+    const bool isAscii = last >= 0;
+    EXPECT_EQ(AreEightAscii(text.data()), isAscii) << int{last};
+    EXPECT_EQ(IsAscii(std::string_view(text)), isAscii) << int{last};
+    EXPECT_EQ(IsAscii(std::string_view(&last, 1)), isAscii) << int{last};
+  }
+  EXPECT_TRUE(IsAscii(std::u16string_view()));
+  EXPECT_FALSE(IsAscii(std::u16string_view(u"\u0080")));
+  EXPECT_FALSE(IsAscii(std::u16string_view(u"a\u0100")));
+}
+
+}  // namespace quorvel
