@@ -13,9 +13,9 @@
 namespace quorvel {
 namespace {
 
-constexpr int MOST_ROWS = 4;        // in view at once
-constexpr int GAP = 6;              // pixels
-constexpr int MOST_MEASURED = 200;  // words that the labels are to have room for
+constexpr int MOST_ROWS = 4;  // in view at once
+constexpr int GAP = 6;        // pixels
+constexpr int MOST_MEASURED_LABELS = 200;
 
 }  // namespace
 
@@ -44,7 +44,7 @@ void StripsView::Show(StripWords words) {
   shown_ = std::move(words);
   places_.clear();
   widest_ = 0;
-  const int measured = std::min(RowCount(), MOST_MEASURED);
+  const int measured = std::min(RowCount(), MOST_MEASURED_LABELS);
   for (int row = 0; row < measured; ++row) {
     const QString& word = shown_.words[static_cast<std::size_t>(row)];
     widest_ = std::max(widest_, fontMetrics().horizontalAdvance(word));
