@@ -5,6 +5,7 @@
 #include "naive/naive_forms.h"
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
+#include "support/scripted_conversation.h"
 #include "util/ansi.h"
 
 namespace quorvel {
@@ -98,6 +99,18 @@ TEST(Listing, EndsBeforeAWordThatIsTooFrequent) {
   ASSERT_EQ(TooFrequentWords(tooMany).size(), 1U);
   EXPECT_EQ(TooFrequentWords(tooMany)[0]->word, u"Zebu");
   EXPECT_EQ(Composed(tooMany, nobody), listed.substr(0, listed.find("\r\n[Zebu")));
+}
+
+TEST(Listing, ShowsHowFarItIs) {
+  SilentProgress nobody;
+  ConcordanceSettings settings;
+  for (const int contextSize : {0, 5}) {
+    settings.contextSize = contextSize;
+    const Listing listing = ScanText(TextOfManyPieces(), settings, nobody);
+    ScriptedConversation ui;
+    (void)Composed(listing, ui);
+    EXPECT_GT(ui.bars.size(), 3U) << contextSize;
+  }
 }
 
 }  // namespace

@@ -135,5 +135,30 @@ TEST(OccurrenceRows, EndWhereTheUserWants) {
   }
 }
 
+// A table that is cut short is still one that other programs can read.
+TEST(OccurrenceRows, InAnOrderEndAtAStop) {
+  SilentProgress nobody;
+  const Listing listing = ScanText(DecodeAnsi(Repeated("the sea ", 9000)), {}, nobody);
+  const auto rows = [&listing](ScriptedConversation& ui) {
+    std::string bytes;
+    ComposeRows(
+        listing, {.format = RowFormat::json, .order = {.key = LineKey::right}},
+        [&bytes](std::string_view piece) {
+          bytes += piece;
+          return true;
+        },
+        ui);
+    return bytes;
+  };
+  ScriptedConversation patient;
+  const std::string all = rows(patient);
+  ScriptedConversation user;
+  user.stopAtYield = patient.yields;
+  const std::string some = rows(user);
+  EXPECT_GT(some.size(), all.size() / 4);
+  EXPECT_LT(some.size(), all.size());
+  EXPECT_TRUE(some.ends_with("}\n]\n"));
+}
+
 }  // namespace
 }  // namespace quorvel
