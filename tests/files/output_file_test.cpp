@@ -65,6 +65,24 @@ TEST(OutputFile, TellsWhatTheSystemRefuses) {
               (std::map<std::string, std::string>{{"a", goesWell ? "new" : "old"}}));
   }
 }
+TEST(OutputFile, LeavesNoHandleBehind) {
+  const auto lowestFree = [] {
+    const int handle = ::dup(STDOUT_FILENO);
+    ::close(handle);
+    return handle;
+  };
+  const TestFolder folder;
+  for (const bool commits : {false, true}) {
+    const int before = lowestFree();
+    {
+      OutputFile file(folder.Path("a"), {});
+      EXPECT_EQ(file.Write("new") && commits && file.Commit(), commits);
+      EXPECT_EQ(lowestFree() == before, commits);
+    }
+    EXPECT_EQ(lowestFree(), before);
+  }
+}
+
 TEST(OutputFile, TellsWhyADeviceCannotBeOpened) {
   InChild([] {
     RefuseCall(SYS_openat, ENODEV);
