@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "naive/places.h"
 #include "support/made_texts.h"
 #include "util/ansi.h"
 
@@ -77,13 +78,21 @@ TEST(Decoding, ReplacesEachBrokenSequenceOnce) {
 // Wherever it stands among characters of two bytes, which are passed many at a time.
 TEST(Decoding, FindsABrokenSequenceAmongPairs) {
   const std::string letter = "\xD0\xB4";
-  for (const std::string broken : {"\xD0", "\xD0\xD0", "\x80", "\xC1", "\xE2\x80"}) {
-    const int replaced = broken == "\xD0\xD0" ? 2 : 1;
+  const std::pair<std::string, std::string> rows[] = {{"\xD0", "?"},
+                                                      {"\xD0\xD0", "??"},
+                                                      {"\x80", "?"},
+                                                      {"\xC1", "?"},
+                                                      {"\xE2\x80", "?"},
+                                                      {"\xD0"
+                                                       "A\x80",
+                                                       "?A?"}};
+  for (const auto& [broken, shown] : rows) {
+    const auto replaced = std::count(shown.begin(), shown.end(), '?');
     for (int before = 0; before < 80; ++before) {
       const std::string front = Repeated(letter, before);
       const std::string rest = Repeated(letter, 80) + ".";
       const Utf8Text utf8 = TextOfBytes(front + broken + rest);
-      EXPECT_EQ(utf8.text, front + Repeated("\xEF\xBF\xBD", replaced) + rest) << before;
+      EXPECT_EQ(utf8.text, front + naive::Replace(shown, "?", "\xEF\xBF\xBD") + rest) << before;
       EXPECT_EQ(utf8.replaced, replaced) << before;
     }
   }
