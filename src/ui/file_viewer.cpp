@@ -56,10 +56,10 @@ void FitToPage(QWidget& viewer, const QFont& font) {
 // Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
 std::string ReadStart(const std::string& path, std::string& bytes) {
   Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
-  if (!start && start.Why().kind == FaultKind::notAFile) {
+  if (!start && start.Error().kind == FaultKind::notAFile) {
     return "is a device or a pipe, not a file.";
   }
-  if (!start) return "cannot be read: " + start.Why().reason;
+  if (!start) return "cannot be read: " + start.Error().reason;
   bytes = *std::move(start);
   return {};
 }

@@ -9,7 +9,7 @@
 #include "ui/text.h"
 
 int main(int argumentCount, char** arguments) {
-  quorvel::HoldStandardStreams();
+  quorvel::OpenMissingStandardStreams();
   quorvel::LetOversizedWritesFail();
   const QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("quorvel");

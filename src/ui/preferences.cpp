@@ -69,7 +69,7 @@ std::vector<std::string> KeptInputs() {
 }
 
 void KeepInput(const std::string& path) {
-  const std::string newest = OneSpelling(path);
+  const std::string newest = CanonicalPath(path);
   std::vector<std::string> paths = KeptInputs();
   std::erase(paths, newest);
   paths.insert(paths.begin(), newest);

@@ -149,7 +149,7 @@ inline void ReplaceAs(const Person& writer, const std::string& path,
   EXPECT_TRUE(file.Write("new"));
   meanwhile();
   Become(writer);
-  EXPECT_TRUE(file.Commit()) << file.Why()->reason;
+  EXPECT_TRUE(file.Commit()) << file.Error()->reason;
   Become(ROOT);
 }
 

@@ -21,7 +21,7 @@ TEST(ReadFile, GivesTheFirstBytes) {
 
 void ExpectFault(const std::string& path, FaultKind kind, const char* reason) {
   SilentProgress nobody;
-  for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
+  for (const Fault& fault : {ReadFileBytes(path, 5).Error(), ReadInput(path, nobody).Error()}) {
     EXPECT_EQ(std::tie(fault.kind, fault.file), std::tie(kind, path));
     EXPECT_EQ(fault.reason, reason);
   }
@@ -60,7 +60,7 @@ TEST(ReadInput, TakesFilesWhosePlacesFit) {
     fs::resize_file(PathOfBytes(path), length);
     ScriptedConversation ui;
     ui.stopAtYield = 1;
-    EXPECT_EQ(ReadInput(path, ui).Why().kind, kind) << length;
+    EXPECT_EQ(ReadInput(path, ui).Error().kind, kind) << length;
     EXPECT_EQ(FileToRead(path).Length(), length);
     EXPECT_EQ(StampOf(path).length, length);
   }

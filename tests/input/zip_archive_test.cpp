@@ -21,7 +21,7 @@ std::string Unpacked(const std::string& archive, std::size_t room = 2 * LIMIT) {
     return bytes.size() <= room;
   };
   const auto entry = UnpackEntry(InputBytes("a.docx", archive), NAME, LIMIT, write);
-  if (!entry) return entry.Why().kind == FaultKind::bodyTooLarge ? "too large" : "no room";
+  if (!entry) return entry.Error().kind == FaultKind::bodyTooLarge ? "too large" : "no room";
   EXPECT_EQ(entry->length, bytes.size());
   return entry->isDamaged ? "damaged " + bytes : bytes;
 }

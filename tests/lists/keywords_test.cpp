@@ -56,10 +56,10 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
     if (keywords) {
       EXPECT_EQ(Joined(*keywords), kept);
     } else if (fault == "+") {
-      EXPECT_EQ(keywords.Why().kind, FaultKind::manyPlusSigns);
+      EXPECT_EQ(keywords.Error().kind, FaultKind::manyPlusSigns);
     } else {
-      EXPECT_EQ(keywords.Why().kind, FaultKind::notAllowedInKeyword);
-      EXPECT_EQ(keywords.Why().reason, fault);
+      EXPECT_EQ(keywords.Error().kind, FaultKind::notAllowedInKeyword);
+      EXPECT_EQ(keywords.Error().reason, fault);
     }
   }
 }

@@ -132,8 +132,8 @@ TEST(InputCheck, LetsThroughWhatItsReadingKnows) {
   };
   for (const auto& [path, passes, passesInUnicode] : rows) {
     ScriptedConversation ui;
-    EXPECT_EQ(PassesExtensionGate(path, Reading::windows1252, "List", ui), passes) << path;
-    EXPECT_EQ(PassesExtensionGate(path, Reading::unicode, "List", ui), passesInUnicode) << path;
+    EXPECT_EQ(CheckExtension(path, Reading::windows1252, "List", ui), passes) << path;
+    EXPECT_EQ(CheckExtension(path, Reading::unicode, "List", ui), passesInUnicode) << path;
     const int refusals = (passes ? 0 : 1) + (passesInUnicode ? 0 : 1);
     EXPECT_EQ(std::ssize(ui.questions), refusals) << path;
   }

@@ -14,7 +14,7 @@ std::string UnpackedOrFault(const std::string& archive, PackedKind kind, bool no
   SilentProgress nobody;
   const BodyLimits limits = {.hard = limit};
   const auto unpacked = UnpackTextParts({"a", archive}, kind, {.notes = notes}, limits, nobody);
-  if (!unpacked) return unpacked.Why().kind == FaultKind::bodyTooLarge ? "too large" : "stopped";
+  if (!unpacked) return unpacked.Error().kind == FaultKind::bodyTooLarge ? "too large" : "stopped";
   EXPECT_EQ(unpacked->kind, kind);
   std::uint64_t length = 0;
   std::string shown = unpacked->isDamaged ? "damaged " : "";
@@ -69,7 +69,7 @@ TEST(PackedDocuments, AreLimitedInAllTheirPartsAndCanBeStopped) {
   ScriptedConversation ui;
   ui.stopAtYield = 1;
   const auto unpacked = UnpackTextParts({"a.docx", archive}, PackedKind::docx, {}, {}, ui);
-  EXPECT_EQ(unpacked.Why().kind, FaultKind::stopped);
+  EXPECT_EQ(unpacked.Error().kind, FaultKind::stopped);
 }
 
 // A book with these chapters in its manifest and the spine.

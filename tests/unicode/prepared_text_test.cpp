@@ -17,15 +17,15 @@ using namespace std::string_literals;
 std::string PreparedOrFault(const InputBytes& input, const UnicodeOptions& options, Progress& ui) {
   const Result<PreparedText> prepared = PrepareUnicodeText(input, options, ui);
   if (prepared) return prepared->text;
-  EXPECT_EQ(prepared.Why().file, input.Path());
-  switch (prepared.Why().kind) {
+  EXPECT_EQ(prepared.Error().file, input.Path());
+  switch (prepared.Error().kind) {
     case FaultKind::noHead:
       return "no head";
     case FaultKind::stopped:
       return "stopped";
     default:
-      EXPECT_EQ(prepared.Why().kind, FaultKind::unknownCharset);
-      return "cannot read " + prepared.Why().reason;
+      EXPECT_EQ(prepared.Error().kind, FaultKind::unknownCharset);
+      return "cannot read " + prepared.Error().reason;
   }
 }
 
