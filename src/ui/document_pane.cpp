@@ -199,7 +199,7 @@ void DocumentPane::Select(const TextSpan& place) {
 }
 
 FindTarget DocumentPane::Finding() {
-  return {this, "the document",
+  return {this, tr("Find in the document"),
           [this](const QString& text, Progress& progress) { return Find(text, progress); },
           [this](bool backward) { GoOnFinding(backward); }, [this] { return CountFound(); }};
 }

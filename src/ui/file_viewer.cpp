@@ -1,5 +1,6 @@
 #include "ui/file_viewer.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -11,6 +12,7 @@
 
 #include "files/read_file.h"
 #include "ui/find_bar.h"
+#include "ui/text.h"
 #include "ui_file_viewer.h"
 #include "util/ansi.h"
 #include "util/visible_text.h"
@@ -53,31 +55,23 @@ void FitToPage(QWidget& viewer, const QFont& font) {
   viewer.resize(page.boundedTo({screen.width() * 9 / 10, screen.height() * 3 / 4}));
 }
 
-// Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
-std::string ReadStart(const std::string& path, std::string& bytes) {
-  Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
-  if (!start && start.Error().kind == FaultKind::notAFile) {
-    return "is a device or a pipe, not a file.";
-  }
-  if (!start) return "cannot be read: " + start.Error().reason;
-  bytes = *std::move(start);
-  return {};
-}
-
 class FileViewer : public QDialog {
+  Q_DECLARE_TR_FUNCTIONS(FileViewer)
+
  public:
   explicit FileViewer(QWidget* parent) : QDialog(parent, Qt::Window) {
     form_.setupUi(this);
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     form_.txbText1->setFont(font);
     FitToPage(*this, font);
-    findBar_ = AddFindBar(*form_.findBar, *form_.txbText1, "the text", *this);
+    findBar_ = AddFindBar(*form_.findBar, *form_.txbText1,
+                          {tr("Find in the text"), tr("Find in what is shown of the text")}, *this);
     connect(form_.cmdClose, &QPushButton::clicked, this, &QDialog::close);
   }
 
-  // Gives an empty text, or what is wrong with the file.
-  std::string Show(const std::string& path, const QString& caption) {
-    if (std::string fault = Read(path); !fault.empty()) return fault;
+  // Returns a message about the file if it cannot be read, otherwise an empty text.
+  QString Show(const std::string& path, const QString& caption) {
+    if (QString fault = Read(path); !fault.isEmpty()) return fault;
     setWindowTitle(caption);
     form_.txbText1->setFocus();
     show();
@@ -105,16 +99,23 @@ class FileViewer : public QDialog {
   }
 
  private:
-  std::string Read(const std::string& path) {
+  QString Read(const std::string& path) {
     const FileStamp stamp = StampOf(path);
-    std::string bytes;
-    if (std::string fault = ReadStart(path, bytes); !fault.empty()) return fault;
+    const Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
+    if (!start) return MessageOf(path, start.Error());
     path_ = path;
     stamp_ = stamp;
-    const std::u16string text = ViewerText(bytes);
+    const std::u16string text = ViewerText(*start);
     form_.txbText1->setPlainText(QString::fromStdU16String(text));
     findBar_->ShowSearchesPart(text.size() >= VIEWER_LIMIT);
     return {};
+  }
+
+  static QString MessageOf(const std::string& path, const Fault& fault) {
+    const QString name = ShownText(VisibleName(path));
+    return fault.kind == FaultKind::notAFile
+               ? tr("File %1\nis a device or a pipe, not a file.").arg(name)
+               : tr("File %1\ncannot be read: %2").arg(name, ShownText(fault.reason));
   }
 
   Ui::FileViewer form_;
@@ -142,8 +143,8 @@ std::u16string ViewerText(std::string_view bytes) {
 }
 
 void ViewFile(QWidget& window, const std::string& path, const QString& caption, Conversation& ui) {
-  const std::string fault = ViewerOf(window).Show(path, caption);
-  if (!fault.empty()) ui.Tell("File " + VisibleName(path) + "\r\n" + fault, STANDARD_TITLE);
+  const QString fault = ViewerOf(window).Show(path, caption);
+  if (!fault.isEmpty()) ui.Tell(fault.toStdString(), STANDARD_TITLE);
 }
 
 void ViewHelp(QWidget& window, Conversation& ui) {

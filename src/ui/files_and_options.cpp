@@ -96,14 +96,15 @@ void FilesAndOptions::ConnectOptions() {
   }
 }
 
+QString FilesAndOptions::InputFilter(bool isUnicode) {
+  if (!isUnicode) return "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml)";
+  return tr("A text file or a document (%1)").arg("*.txt *.docx *.odt *.epub *.htm *.html *.xhtml");
+}
+
 void FilesAndOptions::cmdFile_Click(int index) {
   if (index == INPUT_BOX) {
     ChooseFile(INPUT_BOX, "Specify input file",
-               ui_.chkUnicode->isChecked()
-                   ? "A text file or a document (*.txt *.docx *.odt *.epub *.htm *.html *.xhtml)"
-                     ";;All files (*)"
-                   : "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml)"
-                     ";;All files (*)");
+               InputFilter(ui_.chkUnicode->isChecked()) + ";;" + tr("All files (*)"));
   } else if (index == KEYWORDS_BOX) {
     ChooseFile(KEYWORDS_BOX, "Specify keywords file", {});
   } else if (index == RESULTS_BOX) {

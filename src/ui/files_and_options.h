@@ -84,6 +84,7 @@ class FilesAndOptions : public QObject {
   void chkUnicode_Click();
   void cmdFold_Click();
 
+  [[nodiscard]] static QString InputFilter(bool isUnicode);
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);
   void PathChosen(int index);

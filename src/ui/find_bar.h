@@ -16,12 +16,18 @@ class QWidget;
 
 namespace quorvel {
 
+// The placeholders of the find bar's box, such as "Find in the listing".
+struct FindHints {
+  QString all;
+  QString part;  // while the box `output` shows only a part of the text
+};
+
 struct FindControls {
   QWidget* bar;
   QLineEdit* text;
   QLabel* count;
   QPlainTextEdit* output;
-  QString searched = "the listing";  // what the user calls that text
+  FindHints hints = {};
 };
 
 // How many places there are of what is sought, and the 1-based number of the one that is selected,
@@ -34,7 +40,7 @@ struct FindCount {
 // Another text than that of the box `output`, of which a box shows a part.
 struct FindTarget {
   QPlainTextEdit* box = nullptr;  // whose selection goes from place to place
-  QString searched;               // what the user calls that text
+  QString hint;                   // the placeholder of the find bar's box
   // Finds all places of a text, in which events run; false when it was stopped.
   std::function<bool(const QString&, Progress&)> find;
   // Of the places found, selects the next one, or the one before, and says how many there are.
@@ -86,7 +92,7 @@ class FindBar : public QObject {
 
 // Fills an empty `bar`, hidden at first, with the controls to search `output`, gives `window` the
 // keys for that, and returns what they act on, which the bar deletes.
-[[nodiscard]] FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
+[[nodiscard]] FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const FindHints& hints,
                                   QWidget& window);
 
 }  // namespace quorvel

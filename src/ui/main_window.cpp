@@ -45,7 +45,9 @@ QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidg
 
 MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   ui_->setupUi(this);
-  findBar_ = AddFindBar(*ui_->findBar, *ui_->txbOutput, "the listing", *this);
+  findBar_ =
+      AddFindBar(*ui_->findBar, *ui_->txbOutput,
+                 {tr("Find in the listing"), tr("Find in what is shown of the listing")}, *this);
   interface_ = std::make_unique<WindowInterface>(ConversationControls{
       .window = this,
       .output = ui_->txbOutput,

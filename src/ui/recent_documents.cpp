@@ -1,5 +1,6 @@
 #include "ui/recent_documents.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QMenu>
 #include <QToolButton>
@@ -35,7 +36,8 @@ void Fill(QMenu& menu, const std::function<void(const std::string&)>& choose) {
         entry, &QAction::triggered, &menu, [choose, path] { choose(path); }, Qt::QueuedConnection);
   }
   menu.addSeparator();
-  QAction* clear = menu.addAction("&Clear this list", [] { ForgetInputs(); });
+  const QString caption = QCoreApplication::translate("RecentDocuments", "&Clear this list");
+  QAction* clear = menu.addAction(caption, [] { ForgetInputs(); });
   clear->setEnabled(!paths.empty());
 }
 

@@ -139,14 +139,16 @@ void StripsView::ShowScrollBar() {
   verticalScrollBar()->setSingleStep(RowHeight());
 }
 
+// The number passed to tr() chooses the plural form in a translation.
+QString StripsView::SpokenRow() {
+  const auto count = static_cast<int>(PlacesOf(row_).size());
+  const QString text = count == 1 ? tr("%1: 1 place") : tr("%1: %n places", nullptr, count);
+  return text.arg(shown_.words[static_cast<std::size_t>(row_)]);
+}
+
 void StripsView::ChooseRow(int row) {
   row_ = std::clamp(row, 0, std::max(0, RowCount() - 1));
-  QString spoken;
-  if (RowCount() > 0) {
-    spoken = tr("%1: %n place(s)", nullptr, static_cast<int>(PlacesOf(row_).size()))
-                 .arg(shown_.words[static_cast<std::size_t>(row_)]);
-  }
-  setAccessibleDescription(spoken);
+  setAccessibleDescription(RowCount() > 0 ? SpokenRow() : QString());
   QScrollBar& bar = *verticalScrollBar();
   const int top = row_ * RowHeight();
   bar.setValue(

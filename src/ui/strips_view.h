@@ -62,6 +62,7 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] int RowCount() const { return static_cast<int>(shown_.words.size()); }
   [[nodiscard]] const std::vector<std::int32_t>& PlacesOf(int row);
   void ShowScrollBar();
+  [[nodiscard]] QString SpokenRow();
   void ChooseRow(int row);
   void GoBeside(bool forward);
 

@@ -102,10 +102,12 @@ void WindowInterface::ShowBar(std::string_view caption) {
 
 void WindowInterface::SayWhatIsShown(const ListingShown& listing) {
   ShowPendingOutput();
-  const std::string text = "The first " + GroupedNumber(listing.shown) + " of " +
-                           GroupedNumber(listing.all) + " characters" +
-                           (listing.fileHoldsAll ? "; the file holds all of it." : ".");
-  controls_.listingShown->setText(ShownText(text));
+  const QString text =
+      listing.fileHoldsAll
+          ? tr("The first %1 of %2 characters; the file contains the whole listing.")
+          : tr("The first %1 of %2 characters.");
+  controls_.listingShown->setText(
+      text.arg(ShownText(GroupedNumber(listing.shown)), ShownText(GroupedNumber(listing.all))));
   controls_.listingShown->show();
   controls_.findBar->ShowSearchesPart(true);
 }

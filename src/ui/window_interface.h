@@ -2,6 +2,7 @@
 // counts on labels, message boxes, and the events of the window while a run goes on.
 #pragma once
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QString>
 #include <QTimer>
@@ -38,6 +39,8 @@ struct ConversationControls {
 };
 
 class WindowInterface : public Conversation {
+  Q_DECLARE_TR_FUNCTIONS(WindowInterface)
+
  public:
   explicit WindowInterface(const ConversationControls& controls);
 

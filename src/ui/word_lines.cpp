@@ -286,10 +286,11 @@ void WordLines::PutLines(std::vector<LineGroup> groups) {
 }
 
 void WordLines::ShowCount() {
-  const auto count = static_cast<std::int64_t>(lines_->rowCount());
-  const QString lines =
-      count == 1 ? tr("1 line") : tr("%1 lines").arg(ShownText(GroupedNumber(count)).trimmed());
-  ui_->lblLineCount->setText(lines);
+  const int count = lines_->rowCount();
+  const QString number = ShownText(GroupedNumber(count)).trimmed();
+  // The number passed to tr() chooses the plural form in a translation.
+  ui_->lblLineCount->setText(count == 1 ? tr("1 line")
+                                        : tr("%1 lines", nullptr, count).arg(number));
   ui_->cmdSaveLines->setEnabled(count > 0);
 }
 
@@ -479,9 +480,10 @@ void WordLines::CopyLines() {
 
 void WordLines::SayNotSaved(const Fault& fault, const std::string& path) {
   const bool replaces = fault.kind == FaultKind::wouldReplace;
-  conversation_.Tell(replaces ? "This file cannot be the same as the " + fault.reason + "."
-                              : VisibleName(path) + "\r\n" + fault.reason,
-                     STANDARD_TITLE);
+  const QString reason = ShownText(fault.reason);
+  const QString text = replaces ? tr("This file cannot be the same as the %1.").arg(reason)
+                                : ShownText(VisibleName(path)) + '\n' + reason;
+  conversation_.Tell(text.toStdString(), STANDARD_TITLE);
 }
 
 // The kind of file goes by its name.
@@ -521,7 +523,8 @@ void WordLines::SavePicture() {
     QBuffer buffer(&image);
     if (!ui_->stripsView->Picture(ShownText(title)).save(&buffer, "PNG")) {
       return conversation_.Tell(
-          "There are too many words for a PNG picture. Choose fewer words, or save it as SVG.",
+          tr("There are too many words for a PNG picture. Choose fewer words, or save it as SVG.")
+              .toStdString(),
           STANDARD_TITLE);
     }
   }

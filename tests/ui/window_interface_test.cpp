@@ -71,7 +71,7 @@ TEST_F(WindowInterfaces, ShowTheLatestTextInStepsThatTheEyeFollows) {
   interface_.YieldAtOnce();
   EXPECT_EQ(Output(), "^four");
   interface_.SayWhatIsShown({5, 6, true});
-  EXPECT_EQ(Output(), "^four | The first 5 of 6 characters; the file holds all of it.");
+  EXPECT_EQ(Output(), "^four | The first 5 of 6 characters; the file contains the whole listing.");
   interface_.SetOutput("six");
   boxes_.During({Tells("Title", "text")}, "message", [this] { interface_.Tell("text", "Title"); });
   EXPECT_EQ(Output(), "^six");
