@@ -27,7 +27,7 @@ constexpr std::u16string_view NOTE_BEFORE =
 constexpr std::u16string_view NOTE_BEHIND =
     u"NOTE: Entire contents of file have not been displayed.\r\n";
 
-// The characters of `bytes`; nothing unless all of them are UTF-8.
+// The characters of `bytes`, or nothing if they are not valid UTF-8.
 std::optional<std::u16string> StrictUtf8(std::string_view bytes) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
@@ -35,7 +35,7 @@ std::optional<std::u16string> StrictUtf8(std::string_view bytes) {
   return text.toStdU16String();
 }
 
-// What was read only in part may end inside a character, which has up to four bytes.
+// If only the start of the file was read, it may end inside a character of up to four bytes.
 std::u16string DecodeStart(std::string_view bytes) {
   constexpr std::size_t MOST_CUT_OFF = 3;
   const std::size_t mostCutOff = bytes.size() < VIEWER_BYTES ? 0 : MOST_CUT_OFF;
@@ -45,9 +45,9 @@ std::u16string DecodeStart(std::string_view bytes) {
   return DecodeAnsi(bytes);
 }
 
-// Makes the viewer as large as a page of text, as far as the screen has room for it.
+// Makes the viewer as large as a page of text, or smaller if the screen is small.
 void FitToPage(QWidget& viewer, const QFont& font) {
-  constexpr int COLUMNS = 92;  // 80 for the text, the rest for what surrounds it
+  constexpr int COLUMNS = 92;  // 80 for the text, the rest for margins and the scroll bar
   constexpr int LINES = 36;
   const QFontMetrics metrics(font);
   const QSize page(metrics.horizontalAdvance('0') * COLUMNS, metrics.lineSpacing() * LINES);
@@ -81,15 +81,15 @@ class FileViewer : public QDialog {
   }
 
  protected:
-  // Whoever comes back to the viewer finds the file as it is now.
+  // Reads the file again when the user returns to the viewer and the file has changed.
   void changeEvent(QEvent* event) override {
     QDialog::changeEvent(event);
     const bool comesBack = event->type() == QEvent::ActivationChange && isActiveWindow();
     if (comesBack && StampOf(path_) != stamp_) (void)Read(path_);
   }
 
-  // What the dialog would take for itself, and close: of the find bar Esc closes that alone, and
-  // Enter has found the next place already.
+  // By default both keys close the dialog. In the find bar, Esc closes only the bar, and Enter has
+  // already found the next place.
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Escape && findBar_->IsOpen()) return findBar_->Close();
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

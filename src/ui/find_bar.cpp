@@ -36,7 +36,7 @@ void AddKeys(FindBar& find, QWidget& window) {
   onKey(Qt::SHIFT | Qt::Key_F3, [&find] { find.FindAgain(true); });
 }
 
-// The keys go from the text through its bar.
+// Tab goes from the text to the controls of its find bar.
 void SetTabOrder(QWidget& text, const Ui::FindBar& form) {
   QWidget* last = &text;
   for (QWidget* next : std::initializer_list<QWidget*>{form.txbFind, form.cmdFindNext,
@@ -125,10 +125,10 @@ void FindBar::ShowCount() {
   SayFound(CountInBox(*controls_.output, text), searchesPart_);
 }
 
-// The text may be long.
+// Events run during the search, because the text may be long.
 void FindBar::FindInTarget(Progress& progress) {
   const QString text = controls_.text->text();
-  const FindTarget target = target_;  // which the events may change
+  const FindTarget target = target_;  // copied, because events may change it
   if (target.box == nullptr) return;
   controls_.count->setText(tr("..."));
   if (!target.find(text, progress) || progress.StopRequested()) return;
@@ -136,7 +136,7 @@ void FindBar::FindInTarget(Progress& progress) {
   SayFound(target.count(), false);
 }
 
-// "3 of 12" while one of the places is selected, else how many there are.
+// "3 of 12" if one of the places is selected, otherwise "12 found".
 void FindBar::SayFound(const FindCount& count, bool isPart) const {
   const QString place = isPart ? tr("%1 of %2 in what is shown") : tr("%1 of %2");
   const QString all = isPart ? tr("%1 found in what is shown") : tr("%1 found");

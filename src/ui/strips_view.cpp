@@ -13,15 +13,15 @@
 namespace quorvel {
 namespace {
 
-constexpr int MOST_ROWS = 4;  // in view at once
-constexpr int GAP = 6;        // pixels
-constexpr int MOST_MEASURED_LABELS = 200;
+constexpr int MOST_ROWS = 4;               // in view at once
+constexpr int GAP = 6;                     // pixels
+constexpr int MOST_MEASURED_LABELS = 200;  // only these words determine the width of the labels
 
 }  // namespace
 
 void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
                 const QColor& colour) {
-  constexpr double LEAST = 0.45;  // so that a single one is seen
+  constexpr double LEAST = 0.45;  // so that a single occurrence is visible
   QColor ground = colour;
   ground.setAlphaF(0.08F);
   painter.fillRect(place, ground);
@@ -112,7 +112,7 @@ void StripsView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QImage StripsView::Picture(const QString& title) {
-  constexpr int MOST_PIXELS = 32767;  // that a painter reaches
+  constexpr int MOST_PIXELS = 32767;  // the limit of the painter's coordinates
   const int width = viewport()->width();
   const int top = RowHeight() + GAP;
   if (RowCount() > (MOST_PIXELS - top - GAP) / RowHeight()) return {};
