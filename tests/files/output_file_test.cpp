@@ -12,7 +12,7 @@ std::string Temporary(int number) {
   return ".qvl" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
 }
 
-// Until then the old file is as it was, and the new one its writer's alone.
+// Until the commit the old file is unchanged, and only the writer can access the new one.
 TEST(OutputFile, ReplacesAFileWhenTheNewOneIsWhole) {
   const TestFolder folder;
   for (const bool commits : {false, true}) {
@@ -97,7 +97,7 @@ TEST(OutputFile, FollowsLinks) {
   const std::tuple<const char*, std::string, std::string, const char*> rows[] = {
       {"here", "old", "old", ""},
       {"sub/back", "../sub/../new", "new", ""},
-      {"folder/out", "../other/new", "other/new", ""},  // from where the folder is
+      {"folder/out", "../other/new", "other/new", ""},  // relative to the folder of the link
       {"loop", "loop", "", "Too many levels of symbolic links"},
       {"folder-to-be", "gone/", "", "No such file or directory"}};
   for (const auto& [link, target, place, reason] : rows) {

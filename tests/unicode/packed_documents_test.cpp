@@ -8,7 +8,7 @@
 namespace quorvel {
 namespace {
 
-// The parts with "|" behind each, "damaged " in front, or the kind of fault.
+// The parts, each followed by "|", after "damaged " if they are; or the kind of fault.
 std::string UnpackedOrFault(const std::string& archive, PackedKind kind, bool notes = false,
                             std::uint64_t limit = 1000) {
   SilentProgress nobody;

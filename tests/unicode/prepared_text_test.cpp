@@ -64,8 +64,8 @@ TEST(PreparedText, IsMade) {
   EXPECT_EQ(PrepareUnicodeText({"a.txt", "\xEF\xBB\xBF\xE9\xE9"}, {}, nobody)->replaced, 2);
 }
 
-// What has only characters of Windows-1252 and ends its lines as that system does is the same text
-// in both readings.
+// A file with only characters of Windows-1252 and with CR LF line ends has the same text in both
+// readings.
 TEST(PreparedText, IsThatOfWindows1252) {
   const std::vector<std::string> parts = {
       "harbour",  "caf\xE9", "\xA0",     "\x93o\x94", "\x85",   "\x8A\x9E",
