@@ -53,7 +53,7 @@ std::string TextOf(Source source) {
   if (path == nullptr) return GeneratedText({TEXT_LENGTH, VOCABULARY, 1});
   constexpr std::uint64_t LONGEST = std::uint64_t{1} << 31U;
   Result<std::string> bytes = ReadFileBytes(path, LONGEST);
-  if (!bytes) throw std::runtime_error(std::string(path) + ": " + bytes.Why().reason);
+  if (!bytes) throw std::runtime_error(std::string(path) + ": " + bytes.Error().reason);
   return *std::move(bytes);
 }
 
@@ -113,7 +113,7 @@ const Sample& OnlySample() {
 std::shared_ptr<const Document> DocumentAt(const std::string& path) {
   SilentConversation ui;
   Result<InputBytes> input = ReadInput(path, ui);
-  if (!input) throw std::runtime_error(path + ": " + input.Why().reason);
+  if (!input) throw std::runtime_error(path + ": " + input.Error().reason);
   ReadingRequest request;
   request.encodingChoice = EncodingChoice::adoptDetected;
   request.digest = std::make_shared<const InputDigest>(*input);

@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TemporaryFile temporary("QVL", BODY_ENTRY);
   const Result<UnpackedBody> body = UnpackDocumentBody(bytes, temporary, limits);
   Require(!temporary.Remove() && folder.Count() == 0, "the temporary folder is gone");
-  Require(body || body.Why().kind == FaultKind::bodyTooLarge,
+  Require(body || body.Error().kind == FaultKind::bodyTooLarge,
           "a document causes no fault of the system");
   Require(!body || body->length <= limits.hard, "the limit holds");
   if (!IsWordDocument(bytes)) return 0;

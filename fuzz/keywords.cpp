@@ -58,9 +58,9 @@ std::string CheckKeywords(const ConcordanceSettings& settings) {
               "tidied keywords stay as they are");
   const Result<ExtraKeywordList> keywords = ExtraKeywordsOf(tidied, settings);
   if (keywords) return Joined(*keywords);
-  const bool isCharacter = keywords.Why().kind == FaultKind::notAllowedInKeyword;
-  Require(isCharacter != keywords.Why().reason.empty(), "a bad character is named");
-  Require(tidied.find(keywords.Why().reason) != std::string::npos,
+  const bool isCharacter = keywords.Error().kind == FaultKind::notAllowedInKeyword;
+  Require(isCharacter != keywords.Error().reason.empty(), "a bad character is named");
+  Require(tidied.find(keywords.Error().reason) != std::string::npos,
           "the named character is one of the keywords' characters");
   return {};
 }

@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   SilentProgress nobody;
   const InputBytes document("a.docx", bytes);
   const auto parts = UnpackTextParts(document, kind, options, {.hard = LIMIT}, nobody);
-  Require(parts || parts.Why().kind == FaultKind::bodyTooLarge, "only the limit causes a fault");
+  Require(parts || parts.Error().kind == FaultKind::bodyTooLarge, "only the limit causes a fault");
   if (!parts) return 0;
   Require(parts->length <= LIMIT, "the limit holds");
   CheckText(*parts, options);

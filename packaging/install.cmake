@@ -28,6 +28,7 @@ file(GLOB DATA_FILES CONFIGURE_DEPENDS data/stwds_*.txt)
 install(FILES ${DATA_FILES} data/qvl_help.txt DESTINATION ${DATA_FOLDER})
 if(QUORVEL_WINDOW)
   install(TARGETS quorvel)
+  install(FILES ${TRANSLATION_FILES} DESTINATION ${DATA_FOLDER})
 endif()
 
 if(WIN32)

@@ -135,7 +135,7 @@ int RunDocument(const CommandLine& commandLine, const ByteSink& result,
   options.languages = std::move(languages);
   if (commandLine.readsStandardInput) {
     Result<InputBytes> input = ReadStandardInput(commandLine.settings.inputFile, ui);
-    if (!input) return SayUnread(input.Why(), ui);
+    if (!input) return SayUnread(input.Error(), ui);
     options.input = GivenInput{*std::move(input), STANDARD_INPUT, FilePathOf(Stream::input)};
   }
   Session session(ui, std::move(options));

@@ -81,7 +81,7 @@ class Documents {
   }
 
   void Add(const std::string& path) {
-    if (known_.insert(OneSpelling(path)).second) paths_.push_back(path);
+    if (known_.insert(CanonicalPath(path)).second) paths_.push_back(path);
   }
 
   void Fail(const std::string& path, const std::string& reason) {
@@ -141,7 +141,7 @@ class CommonResult {
     if (!writer_ || writer_->Commit(ui)) return true;
     if (target_.sink) return ui.StopRequested();
     ui.Say(WritingFailed(commandLine_.settings.mode));
-    if (const std::optional<Fault> fault = writer_->Why()) ui.SayOf(fault->file, fault->reason);
+    if (const std::optional<Fault> fault = writer_->Error()) ui.SayOf(fault->file, fault->reason);
     return false;
   }
 
@@ -183,7 +183,7 @@ int FailLikeNames(const CommandLine& commandLine, std::vector<std::string>& docu
   if (!commandLine.listsBesideInputs) return status;
   std::erase_if(documents, [&](const std::string& path) {
     const std::string output = OutputFileOf(ForDocument(commandLine, path).settings);
-    const auto [input, isNew] = inputs.try_emplace(OneSpelling(output), path);
+    const auto [input, isNew] = inputs.try_emplace(CanonicalPath(output), path);
     if (isNew) return false;
     ui.SayOf(path, VisibleName(output) + " is already the output for " +
                        VisibleName(input->second) + ".");

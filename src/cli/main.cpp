@@ -52,7 +52,7 @@ int Run(const CommandLine& commandLine) try {
 }  // namespace quorvel
 
 int main(int argumentCount, char** arguments) try {
-  quorvel::HoldStandardStreams();
+  quorvel::OpenMissingStandardStreams();
   quorvel::LetOversizedWritesFail();
   quorvel::PrepareTerminal();
   quorvel::TakeMemoryInLargeSteps();

@@ -128,7 +128,7 @@ bool IsSameFile(const std::string& path, const std::string& other) {
   return !place.empty() && place == PlaceOf(other);
 }
 
-std::string OneSpelling(const std::string& path) {
+std::string CanonicalPath(const std::string& path) {
   const fs::path asGiven = ToPath(path);
   const fs::path folder = asGiven.parent_path();
   std::error_code error;

@@ -41,7 +41,7 @@ struct FileStamp {
 // Returns `path` with its folder in canonical form, so that all spellings of a file name in one
 // folder compare equal, also through links to the folder. Returns `path` unchanged when the folder
 // cannot be examined.
-[[nodiscard]] std::string OneSpelling(const std::string& path);
+[[nodiscard]] std::string CanonicalPath(const std::string& path);
 
 // Joins `folder` and `name` with the separators of the platform. `name` may contain folders that
 // end in "/".

@@ -27,13 +27,13 @@ std::optional<Fault> WouldReplace(const std::string& path, const FilesToKeep& ke
 }
 
 #ifdef _WIN32
-void HoldStandardStreams() {}
+void OpenMissingStandardStreams() {}
 
 void LetOversizedWritesFail() {}
 #else
 // Each missing stream is opened so that using it fails. Output must not seem to succeed when nobody
 // receives it.
-void HoldStandardStreams() {
+void OpenMissingStandardStreams() {
   for (const int handle : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(handle, F_GETFD) >= 0) continue;  // NOLINT(*-vararg)
     const int flags = handle == STDIN_FILENO ? O_WRONLY : O_RDONLY;

@@ -30,7 +30,7 @@ void LetOversizedWritesFail();
 // Opens standard input, output and error if the program was started without them. Otherwise a file
 // that is opened later would get the number of a standard stream, and messages would be written
 // into it. Call it at program start.
-void HoldStandardStreams();
+void OpenMissingStandardStreams();
 
 // The kinds of files that may be written. A device or a pipe has no content to lose, but it can
 // block its writer forever, and the program's own files are never read from one.
@@ -61,7 +61,7 @@ class OutputFile {
   [[nodiscard]] bool Commit();
 
   // The first failure, if any.
-  [[nodiscard]] const std::optional<Fault>& Why() const { return fault_; }
+  [[nodiscard]] const std::optional<Fault>& Error() const { return fault_; }
 
  private:
   explicit OutputFile(const std::string& path);

@@ -106,17 +106,17 @@ Result<std::string> ReadFileBytes(const std::string& path, std::uint64_t limit) 
   FileToRead file(path);
   std::string bytes;
   std::uint64_t wanted = file.Length() + 1;
-  for (std::size_t done = 0; !file.Why(); wanted = std::max(2 * wanted, STEP)) {
+  for (std::size_t done = 0; !file.Error(); wanted = std::max(2 * wanted, STEP)) {
     const auto length = static_cast<std::size_t>(std::min(wanted, limit));
     bytes.resize(length);
     done += file.Read(bytes.data() + done, length - done);
-    if (file.Why()) break;
+    if (file.Error()) break;
     if (done < length || length == limit) {
       bytes.resize(done);
       return bytes;
     }
   }
-  return *file.Why();
+  return *file.Error();
 }
 
 InputBytes::InputBytes(std::string path, const FileStamp& stamp,
@@ -133,7 +133,7 @@ InputBytes::InputBytes(std::string path, std::string_view bytes)
 Result<InputBytes> ReadInput(const std::string& path, Progress& progress) {
   const FileStamp stamp = StampOf(path);
   FileToRead file(path);
-  if (!file.Why() && file.Length() > LONGEST_INPUT) return Fault{FaultKind::tooLong, path, {}};
+  if (!file.Error() && file.Length() > LONGEST_INPUT) return Fault{FaultKind::tooLong, path, {}};
   return file.ReadAll(stamp, [&progress] {
     progress.YieldNow();
     return !progress.StopRequested();

@@ -59,7 +59,7 @@ class FileToRead {
   FileToRead& operator=(const FileToRead&) = delete;
 
   // Faults: `missing` (also for a folder), `notAFile`, `notOpened`, `notRead`.
-  [[nodiscard]] const std::optional<Fault>& Why() const { return fault_; }
+  [[nodiscard]] const std::optional<Fault>& Error() const { return fault_; }
 
   // The length in bytes when the file was opened.
   [[nodiscard]] std::uint64_t Length() const { return length_; }

@@ -57,7 +57,7 @@ Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const Tempor
   if (!file.HasFolder()) return Fault{FaultKind::noTemporaryFolder, document.Path(), {}};
   const auto write = [&file](std::string_view block) { return file.Write(block); };
   const Result<UnpackedEntry> entry = UnpackEntry(document, BODY_ENTRY, limits.hard, write);
-  if (!entry) return entry.Why();
+  if (!entry) return entry.Error();
   return UnpackedBody{entry->length, entry->isDamaged};
 }
 

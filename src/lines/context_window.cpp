@@ -5,24 +5,23 @@
 #include "util/ansi.h"
 #include "util/find_pair.h"
 
-// The idea: fetch a window of raw characters around the keyword, walk left over as
-// many blanks as words are wanted, then walk right over those blanks, the keyword
-// and as many words again. Line breaks that are not shown are no characters of the
-// window: instead of copying the window without them, the walks step over their
-// first two characters, and only a context that holds one is copied.
+// The idea: take a window of characters around the keyword. Walk left over as many blanks as the
+// context has words. Then walk right over these words, the keyword and as many words again. Line
+// breaks that are not shown do not belong to the window. The window is not copied without them. The
+// walks skip their first two characters, and only a context that contains a line break is copied.
 //
-// Kept on purpose, for contexts in use were cut so: a window that begins with the
-// text is cut at the keyword's own place, any other one just before it; a walk
-// left looks for a blank two characters further on only, so an empty word between
-// two blanks may be passed over; a walk right that fails starts over from the
-// window's beginning, counting the failure as a blank.
+// Compatibility: users' listings depend on these rules. A window that begins at the beginning of
+// the text is cut at the keyword, any other window just before it. The walk left searches for the
+// next blank from two characters further on, so it may skip an empty word between two blanks. If
+// the walk right finds no blank, it counts this as a blank and starts again at the beginning of the
+// window.
 
 namespace quorvel {
 namespace {
 
 constexpr std::size_t NONE = BitMap::NONE;
 
-// The place, or the one before it where that is in the middle of a character.
+// Returns `place`, or the place before it if `place` is in the middle of a character.
 std::size_t CharacterEdge(std::u16string_view text, std::size_t place) {
   return place < text.size() && IsLowSurrogate(text[place]) && place > 0 ? place - 1 : place;
 }
@@ -30,8 +29,8 @@ std::size_t CharacterEdge(std::string_view, std::size_t place) { return place; }
 
 }  // namespace
 
-// The characters from place `begin` up to, not including, place `end`, 0-based in
-// the text, cut at place `cut`. All places are places in the text.
+// The characters from `begin` up to but not including `end`, cut at `cut`. All are 0-based
+// positions in the text.
 template <typename Char>
 class ContextCutter<Char>::Window {
  public:
@@ -45,7 +44,7 @@ class ContextCutter<Char>::Window {
         wordsWanted_(cutter.options_.contextSize),
         showLineBreaks_(cutter.options_.showLineBreaks) {}
 
-  // Where the context begins.
+  // The position at which the context begins.
   [[nodiscard]] std::size_t LeftEdge() const {
     int counted = 0;
     std::size_t cut = cut_;
@@ -58,10 +57,10 @@ class ContextCutter<Char>::Window {
     }
   }
 
-  // Where the context that begins at `start` ends.
+  // The position at which the context that begins at `start` ends.
   [[nodiscard]] std::size_t RightEdge(std::size_t start) const {
     if (!showLineBreaks_) {
-      // All blanks count and there are enough of them: the common case.
+      // The common case: all blanks count, and there are enough of them.
       const std::size_t last = blanks_.NthFrom(start, 2 * wordsWanted_ + 1, end_);
       if (last != NONE) return last;
     }
@@ -80,8 +79,8 @@ class ContextCutter<Char>::Window {
     }
   }
 
-  // The characters from `start` to `end` that are not removed: a view into the text where
-  // all of them stay, else into `copies`, to which they are appended.
+  // The characters from `start` to `end` that are not removed. A view of the text if none are
+  // removed, otherwise they are appended to `copies`, and the view is of `copies`.
   [[nodiscard]] View Part(std::size_t start, std::size_t end, String& copies) const {
     if (removed_.NthFrom(start, 1, end) == NONE) return text_.substr(start, end - start);
     const std::size_t before = copies.size();
@@ -95,20 +94,19 @@ class ContextCutter<Char>::Window {
       const std::size_t removed = std::min(removed_.NthFrom(start, 1, end), end);
       to += text_.substr(start, removed - start);
       start = FirstCharacterFrom(removed);
-      // What the window's own ends cut off a line break stays.
+      // The part of a line break that the end of the window leaves is not removed.
       if (start == removed && removed < end) to += text_[start++];
     }
   }
 
-  // A line break that the window cuts in two is none.
+  // A line break that the window divides does not count as one.
   [[nodiscard]] bool IsRemoved(std::size_t i) const {
     if (!removed_.IsSet(i)) return false;
     const bool isSlash = text_[i] == '/';
     return isSlash ? i > begin_ && i + 1 < end_ : i + 2 < end_;
   }
 
-  // Whether the slash of a line break that is shown stands at `i`: the blank beside
-  // it divides no words.
+  // True if the slash of a shown line break is at `i`. The blank beside it does not separate words.
   [[nodiscard]] bool IsShownBreakAt(std::size_t i) const {
     return showLineBreaks_ && i < end_ && text_[i] == '/';
   }
@@ -129,7 +127,7 @@ class ContextCutter<Char>::Window {
   [[nodiscard]] std::size_t NextBlank(std::size_t i) const {
     const std::size_t blank = blanks_.NthFrom(i, 1, end_);
     if (blank != NONE) return blank;
-    // The first blank of a line break that the window's end cuts in two stays one.
+    // The first blank of a line break that the end of the window divides remains a blank.
     for (std::size_t last = std::max(i, end_ - 2); last < end_; ++last) {
       if (text_[last] == ' ') return last;
     }

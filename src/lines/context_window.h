@@ -1,8 +1,7 @@
 // Cuts the context of one occurrence out of the document text.
 //
-// A context is a number of words on each side of the keyword, at word boundaries.
-// Line breaks stand in the text as " / "; they are taken out, each leaving one
-// blank, unless they are to be shown.
+// A context has a number of words on each side of the keyword. A line break is " / " in the text.
+// Unless line breaks are shown, each of them becomes one blank.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +14,8 @@
 
 namespace quorvel {
 
-// The characters fetched for each word of context on each side. Words that are
-// longer on average make a context shorter.
+// How many characters of the text are used for each word of context on each side. If the words are
+// longer on average, the context has fewer words.
 inline constexpr std::int64_t CHARS_PER_CONTEXT_WORD = 20;
 
 struct ContextOptions {
@@ -24,14 +23,14 @@ struct ContextOptions {
   bool showLineBreaks = false;
 };
 
-// What a context has before a word and behind it.
+// The parts of a context before and after its word.
 template <typename Char>
 struct ContextParts {
   std::basic_string_view<Char> left;
   std::basic_string_view<Char> right;
 };
 
-// Cuts contexts out of one text, of bytes or of code units, which must outlive it.
+// Cuts contexts out of one text of bytes or code units. The text must outlive it.
 template <typename Char>
 class ContextCutter {
  public:
@@ -40,35 +39,33 @@ class ContextCutter {
 
   ContextCutter(View text, const ContextOptions& options);
 
-  // The longest context that Cut may give for a word of `wordLength`, in characters.
+  // The length of the longest context that Cut can return for a word of `wordLength` characters.
   [[nodiscard]] std::size_t LongestContext(std::size_t wordLength) const;
 
-  // Has the characters around a position fetched from memory. The occurrences of a
-  // word lie all over the text: asked for some occurrences ahead, they are there
-  // when their contexts are cut.
+  // Prefetches the characters around a position. The occurrences of a word are far apart in the
+  // text, so call this a few occurrences ahead.
   void Prefetch(std::int64_t position) const;
 
-  // The context of the occurrence recorded at `position`, 1-based, of a word of
-  // `wordLength` characters; empty for a position outside the text. The result views
-  // the text, or `copies` where a line break had to be taken out: it is appended
-  // there, and the view stays valid only as long as `copies` is not moved (reserve
-  // LongestContext for each call).
+  // The context of a word of `wordLength` characters that is recorded at `position`, 1-based. Empty
+  // for a position outside the text. The result is a view of the text. If a line break must be
+  // removed, the context is appended to `copies` instead, and the result is a view of `copies`. It
+  // is valid until `copies` reallocates, so reserve LongestContext for each call.
   [[nodiscard]] View Cut(std::int64_t position, std::size_t wordLength, String& copies) const;
 
-  // The same context, taken apart at the place of its word. A context that ends before the
-  // word, as some do near the end of the text, has nothing behind it.
+  // The same context, divided at its word. Near the end of the text some contexts end before the
+  // word. They have no right part.
   [[nodiscard]] ContextParts<Char> CutApart(std::int64_t position, std::size_t wordLength,
                                             const TextSpan& word, String& copies) const;
 
  private:
   class Window;
 
-  // The characters around a position; nothing for one outside the text.
+  // The characters around a position, or nothing if it is outside the text.
   [[nodiscard]] std::optional<Window> WindowAt(std::int64_t position, std::size_t wordLength) const;
 
   View text_;
   ContextOptions options_;
-  BitMap blanks_;   // all that stay blanks
+  BitMap blanks_;   // all blanks of the result
   BitMap removed_;  // the first blank and the slash of each line break that is not shown
 };
 

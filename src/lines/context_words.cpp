@@ -9,7 +9,7 @@
 namespace quorvel {
 namespace {
 
-// Takes the word at the front of a context off; it is empty when there is no more.
+// Removes the first word of a context and returns it. Returns an empty word at the end.
 template <typename View>
 View TakeFirstWord(View& context) {
   context.remove_prefix(std::min(context.find_first_not_of(' '), context.size()));

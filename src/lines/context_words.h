@@ -1,8 +1,8 @@
-// The words of a context, folded as words are for sorting: what lines are ordered and filtered by.
+// The words of a context, folded for sorting. Lines are ordered and filtered by them.
 //
-// Words are divided by blanks. Of each its letters, digits and hyphens count, so that "which," is
-// "which" and "don't" is "dont"; what has no letter and no digit is no word. What an apostrophe
-// joins to the match, as in "lamp's" or "l'eau", belongs to that.
+// Words are separated by blanks. Only letters, digits and hyphens count, so "which," is "which" and
+// "don't" is "dont". Without a letter or digit it is not a word. A part that an apostrophe joins to
+// the match, as in "lamp's" or "l'eau", belongs to the match.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@
 
 namespace quorvel {
 
-// For texts in the characters of one quotation.
+// Works on texts in the characters of one quotation.
 template <typename Char>
 class ContextWords {
  public:
@@ -23,18 +23,18 @@ class ContextWords {
 
   ContextWords(const Quotation<Char>& quotation, const Alphabet& alphabet);
 
-  // Append the words of what stands right or left of a match, from that outwards and from the
-  // 1-based `fromWord` on, each with a blank behind it.
+  // Append the words on one side of a match, each followed by a blank. The first word is the one
+  // with the 1-based number `fromWord`, counted from the match.
   void AppendRight(std::u16string& to, View right, int fromWord);
   void AppendLeft(std::u16string& to, View left, int fromWord);
 
-  // Appends one word; false, and nothing is appended, where it is none.
+  // Appends one word. Returns false and appends nothing if it is not a word.
   bool AppendWord(std::u16string& to, View word);
 
  private:
-  // What is made of a character, and asked of it.
+  // How a character is folded, and its properties.
   struct Character {
-    std::u16string folded;  // empty where it does not count
+    std::u16string folded;  // empty if it does not count
     bool makesWord = false;
     bool isApostrophe = false;
   };
@@ -46,7 +46,7 @@ class ContextWords {
 
   Quotation<Char> quotation_;
   const Alphabet& alphabet_;
-  std::vector<std::unique_ptr<const Character>> characters_;  // those that were met, by number
+  std::vector<std::unique_ptr<const Character>> characters_;  // those that occurred, by number
 };
 
 extern template class ContextWords<char>;

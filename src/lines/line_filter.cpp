@@ -11,7 +11,7 @@
 namespace quorvel {
 namespace {
 
-// The words of a text in which each has a blank behind it.
+// The words of a text in which each word is followed by a blank.
 template <typename Take>
 bool AnyWord(std::u16string_view words, const Take& take) {
   for (std::size_t begin = 0; begin < words.size();) {
@@ -64,7 +64,8 @@ class LineGroups {
   LineReader<Char> reader_;
   LineReader<Char> other_;
   HashSeed seed_ = RandomHashSeed();
-  std::unordered_multimap<std::uint64_t, std::size_t> places_;  // of the groups, by their hash
+  // The indices of the groups, by hash.
+  std::unordered_multimap<std::uint64_t, std::size_t> places_;
   std::vector<LineGroup> groups_;
 };
 

@@ -1,4 +1,4 @@
-// Fewer lines: those with some words in their context, or equal ones once.
+// Reduces lines: keeps those with certain words in their context, or keeps equal lines once.
 #pragma once
 
 #include <string_view>
@@ -7,20 +7,20 @@
 
 namespace quorvel {
 
-// The lines whose context, the match included, has a word for each word of `wanted`, in their
-// order. These are divided by blanks, may be patterns (lists/wildcard.h), and are folded as for
-// sorting, as the context is (context_words.h). Nothing after a stop.
+// The lines whose context, including the match, has all words of `wanted`. Their order does not
+// change. The words are separated by blanks and may be patterns (lists/wildcard.h). They and the
+// context are folded for sorting (context_words.h). Returns nothing after a stop.
 [[nodiscard]] std::optional<Lines> LinesWith(std::u16string_view wanted, const Lines& lines,
                                              const LineSource& source, Progress& progress);
 
-// Some lines with equal contexts.
+// Lines with equal contexts.
 struct LineGroup {
   Line first;
   std::int32_t count = 1;
 };
 
-// Equal lines, to the character and with an equal match, as one: each where its first stands.
-// Nothing after a stop.
+// Groups lines whose contexts and matches are equal to the character. Each group is at the place of
+// its first line. Returns nothing after a stop.
 [[nodiscard]] std::optional<std::vector<LineGroup>> EqualLinesOnce(const Lines& lines,
                                                                    const LineSource& source,
                                                                    Progress& progress);

@@ -6,8 +6,8 @@
 #include "lines/context_words.h"
 #include "util/sort_in_steps.h"
 
-// The keys of all lines stand one behind the other in one text. Most lines differ in the first
-// characters of theirs already, which are compared as one number.
+// The keys of all lines are stored one after the other in one text. Most keys differ in their first
+// characters, which are compared as one number.
 
 namespace quorvel {
 namespace {
@@ -55,7 +55,7 @@ class KeyMaker {
   LineOrder order_;
 };
 
-// The keys, and the lines with the places of theirs; false after a stop.
+// Makes the keys, and records where the key of each line is. Returns false after a stop.
 template <typename Char>
 bool MakeKeys(KeyMaker<Char> maker, const Lines& lines, std::u16string& keys,
               std::vector<KeyedLine>& keyed, Progress& progress) {

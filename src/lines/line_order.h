@@ -1,7 +1,7 @@
-// In which order lines stand: by their places, or by what stands right or left of the word.
+// Orders lines by place, by match, or by the words to the right or left of the match.
 //
-// Left and right order go word by word from the match outwards, each word folded as for sorting
-// (context_words.h); lines that are equal so far stand in the order of their places.
+// The right and left orders compare word by word, starting at the match. Words are folded for
+// sorting (context_words.h). Equal lines are ordered by place.
 #pragma once
 
 #include "lines/lines.h"
@@ -12,11 +12,12 @@ enum class LineKey { place, right, left, match };
 
 struct LineOrder {
   LineKey key = LineKey::place;
-  int fromWord = 1;           // of a context: the word, counted from the match, to begin with
-  bool isDescending = false;  // the place, where it decides among equals, is ascending even then
+  // For right and left: the first word that is compared, counted from the match.
+  int fromWord = 1;
+  bool isDescending = false;  // equal lines stay in ascending order of place
 };
 
-// Puts lines of the source into an order. False after a stop: then they stand in any order.
+// Sorts lines of the source. Returns false after a stop; the lines are then in any order.
 [[nodiscard]] bool OrderLines(Lines& lines, const LineSource& source, const LineOrder& order,
                               Progress& progress);
 

@@ -7,8 +7,8 @@
 namespace quorvel {
 namespace {
 
-// As wide as a terminal shows it, with one column for each character; marks that stand on another
-// one are rare enough.
+// The width in a terminal with one column for each character. Combining marks are rare, so they are
+// counted too.
 template <typename Char>
 std::size_t WidthOf(std::basic_string_view<Char> text) {
   return static_cast<std::size_t>(
@@ -24,7 +24,7 @@ std::size_t WidestLeft(std::span<const LineGroup> lines, LineReader<Char>& reade
   return widest;
 }
 
-// Appends the line to UTF-8 bytes; one that is aligned has room for the `widest` left context.
+// Appends the line to UTF-8 bytes. In an aligned line the left context is as wide as `widest`.
 template <typename Char>
 void AppendLine(std::string& bytes, const LineText<Char>& text, const Quotation<Char>& quotation,
                 LineForm form, std::size_t widest) {

@@ -1,5 +1,5 @@
-// Lines as plain text: to be read, with their matches in one column, or to be pasted, with a tab
-// between left context, match and right context.
+// Lines as plain text: aligned, with the matches in one column, or tabbed, with tabs between left
+// context, match and right context.
 #pragma once
 
 #include <span>
@@ -13,8 +13,8 @@ namespace quorvel {
 
 enum class LineForm { aligned, tabbed };
 
-// Hands the lines on in their order, in UTF-8, each with LF behind it; `withTimes` adds for how
-// many equal ones each stands. After a stop request it ends with the line at hand.
+// Passes the lines to `take` in their order, as UTF-8, each followed by LF. `withTimes` adds the
+// number of equal lines. After a stop request it ends with the current line.
 void ComposeLineText(std::span<const LineGroup> lines, const LineSource& source, LineForm form,
                      bool withTimes, const PieceSink& take, Progress& progress);
 

@@ -66,7 +66,7 @@ std::optional<Lines> LinesOf(const LineSource& source, std::span<const std::int3
     return !progress.StopRequested();
   };
   if (source.keywords == nullptr) {
-    // All lines are wanted: no context need be read.
+    // All lines are listed, so no context need be read.
     for (const std::int32_t entry : entries) {
       const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
       for (const std::int32_t position : word.positions) {

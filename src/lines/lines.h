@@ -1,7 +1,7 @@
-// The lines of some words: the places where they occur, each to be read with what stands around it.
+// The lines of some words: the places where they occur, and their text.
 //
-// A line is a place and nothing more; its text is a view of the document. What orders or filters
-// lines takes such a list and gives another.
+// A line is only a place. Its text is a view of the document. Functions that order or filter lines
+// take such a list and return another.
 #pragma once
 
 #include <cstdint>
@@ -21,31 +21,31 @@
 namespace quorvel {
 
 struct Line {
-  std::int32_t entry = 0;     // of the word table, 0-based
-  std::int32_t position = 0;  // of the occurrence as the table has it, 1-based
+  std::int32_t entry = 0;     // in the word table, 0-based
+  std::int32_t position = 0;  // of the occurrence as recorded in the table, 1-based
 
   bool operator==(const Line&) const = default;
 };
 
 using Lines = std::vector<Line>;
 
-// What lines are read from.
+// The values that lines are read from.
 struct LineSource {
   Words words;
-  std::shared_ptr<const KeywordLists> keywords;  // of a search; null otherwise
+  std::shared_ptr<const KeywordLists> keywords;  // of a search, otherwise null
   ContextOptions context;
 };
 
-// The lines of the words of these entries, all different, in the order of their places; in a search
-// those alone that a keyword wants. Nothing after a stop.
+// The lines of these entries, which are all different, in the order of their places. In a search
+// only the lines that match a keyword. Returns nothing after a stop.
 [[nodiscard]] std::optional<Lines> LinesOf(const LineSource& source,
                                            std::span<const std::int32_t> entries,
                                            Progress& progress);
 
-// What a line shows, in the characters of a quotation.
+// The text of a line, in the characters of a quotation.
 template <typename Char>
 struct LineText {
-  TextSpan place;  // of the match in the document
+  TextSpan place;  // of the match in the document, 0-based
   std::basic_string_view<Char> left;
   std::basic_string_view<Char> match;
   std::basic_string_view<Char> right;
@@ -57,13 +57,13 @@ class LineReader {
  public:
   LineReader(LineSource source, const Quotation<Char>& quotation);
 
-  // Valid until the next line is read.
+  // The text of a line. It is valid until the next line is read.
   [[nodiscard]] LineText<Char> Read(const Line& line);
 
-  // The whole context, as a listing cuts it; valid until the next line is read.
+  // The whole context, as in a listing. It is valid until the next line is read.
   [[nodiscard]] std::basic_string_view<Char> Context(const Line& line);
 
-  // Has a line that will be read soon fetched from memory.
+  // Prefetches the text of a line that will be read soon.
   void Prefetch(const Line& line) const { cutter_.Prefetch(line.position); }
 
  private:
@@ -72,31 +72,32 @@ class LineReader {
   LineSource source_;
   std::basic_string_view<Char> text_;
   ContextCutter<Char> cutter_;
-  std::basic_string<Char> copies_;  // of what the views of a line could not view
+  std::basic_string<Char> copies_;  // contexts from which line breaks were removed
 };
 
 extern template class LineReader<char>;
 extern template class LineReader<char16_t>;
 
-// Which lines of one word a search wants: all in a concordance.
+// Decides which lines of one word are listed: all in a concordance, in a search those that match a
+// keyword.
 class WantedLines {
  public:
-  // The lists, those of a search or null, must outlive it.
+  // `lists` are the keywords of a search, or null. They must outlive it.
   WantedLines(std::u16string_view word, const KeywordLists* lists, const Alphabet& alphabet);
 
-  // Whether no context need be looked at.
+  // True if all lines are listed, so that no context need be read.
   [[nodiscard]] bool All() const { return keywords_.empty(); }
 
-  // Whether a line with this context is wanted.
+  // True if a line with this context is listed.
   [[nodiscard]] bool Take(std::u16string_view context) const;
 
  private:
   const Alphabet& alphabet_;
-  std::vector<const ExtraKeyword*> keywords_;  // one of which must want the context
+  std::vector<const ExtraKeyword*> keywords_;  // at least one of them must match the context
 };
 
-// Calls `take` with each wanted line of a word, in the order of their places, while that gives
-// true; false when it gave false.
+// Calls `take` with each listed line of a word, in the order of their places, until it returns
+// false. Returns false if it did.
 template <typename Char, typename Take>
 bool EachLineOf(std::int32_t entry, const LineSource& source, const Quotation<Char>& quotation,
                 LineReader<Char>& reader, const Take& take) {

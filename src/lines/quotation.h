@@ -1,8 +1,8 @@
-// The text that a listing quotes: in the bytes of its code page or, where it has too many different
-// characters for one, in code units.
+// The text that a listing quotes: as bytes of a code page or, if the text has too many different
+// characters for a code page, as code units.
 //
-// What composes a listing is a template over the two, so that the common case pays with neither
-// time nor memory for the other.
+// The code that composes a listing is a template over both forms, so the common case needs no extra
+// time or memory for the other.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@
 
 namespace quorvel {
 
-// A document as a listing quotes it; the document must outlive it.
+// A document as a listing quotes it. The document must outlive it.
 template <typename Char>
 class Quotation;
 
@@ -26,17 +26,17 @@ class Quotation<char> {
 
   [[nodiscard]] std::string_view Text() const { return text_; }
 
-  // A word of the text.
+  // Converts a word of the text.
   [[nodiscard]] std::string Of(std::u16string_view word) const { return page_.Encode(word); }
 
-  // Whether a text in these characters may hold this one.
+  // Whether a text in these characters can contain `ch`.
   [[nodiscard]] bool MayHold(char16_t ch) const { return page_.ByteOf(ch).has_value(); }
 
   [[nodiscard]] std::u16string InCodeUnits(std::string_view part) const {
     return page_.Decode(part);
   }
 
-  // Appends what is composed of it to the bytes of a listing.
+  // Appends a part of the text to the UTF-8 bytes of a listing.
   void AppendUtf8(std::string& bytes, std::string_view part) const {
     page_.AppendUtf8(bytes, part);
   }
@@ -63,7 +63,7 @@ class Quotation<char16_t> {
   std::u16string_view text_;
 };
 
-// The program's own marks: characters that are alike in all texts.
+// Converts marks that the program adds. Their characters are the same in all code pages.
 template <typename Char>
 [[nodiscard]] std::basic_string<Char> MarkInText(std::u16string_view mark) {
   return {mark.begin(), mark.end()};

@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-// Of a picture, in pixels. A row is as high as a line of its text.
+// The sizes in a picture, in pixels. A row is as high as a line of text.
 constexpr int WORD_WIDTH = 230;
 constexpr int COUNT_WIDTH = 70;
 constexpr int STRIP_WIDTH = 880;
@@ -19,7 +19,7 @@ constexpr int STRIP_LEFT = MARGIN + WORD_WIDTH + COUNT_WIDTH + MARGIN;
 constexpr int WIDTH = STRIP_LEFT + STRIP_WIDTH + MARGIN;
 constexpr int TITLE_HEIGHT = 32;
 constexpr int ROW_HEIGHT = 18;
-constexpr int BASE_LINE = 13;  // of a row
+constexpr int BASE_LINE = 13;  // from the top of a row
 constexpr int MARK_TOP = 3;
 constexpr int MARK_HEIGHT = 12;
 
@@ -39,7 +39,7 @@ std::string Escaped(std::string_view text) {
 
 std::string Number(int number) { return std::to_string(number); }
 
-// A text with the values in the place of its "@".
+// Replaces each "@" of a text by the next value.
 std::string Filled(std::string_view form, std::initializer_list<std::string> values) {
   std::string filled;
   const auto* value = values.begin();
@@ -53,7 +53,7 @@ std::string Filled(std::string_view form, std::initializer_list<std::string> val
   return filled;
 }
 
-// What stands before the rows. Its colours follow a viewer that is light or dark.
+// The part before the rows. Its colours follow the light or dark theme of the viewer.
 constexpr std::string_view PICTURE_BEGIN =
     R"(<svg xmlns="http://www.w3.org/2000/svg" width="@" height="@" viewBox="0 0 @ @">
 <title>@</title>
@@ -73,7 +73,7 @@ svg { background: #1e1e1e; color: #ddd }
 <text x="@" y="20" class="t">@</text>
 )";
 
-// The word, its number, the strip and the marks.
+// A row: the word, its number of lines, the strip and the marks.
 constexpr std::string_view PICTURE_ROW =
     R"(<text x="@" y="@">@</text><text class="n" x="@" y="@">@</text>)"
     R"(<path class="s" d="M@ @h@v@h-@z"/><path class="m" d="@"/>)"
@@ -88,7 +88,7 @@ std::string PictureBegin(std::string_view title, std::size_t rows) {
                 {width, height, width, height, name, "@media", Number(MARGIN), name});
 }
 
-// One upright stroke for each column that has an occurrence.
+// One vertical stroke for each column with an occurrence.
 std::string Marks(const std::vector<std::int32_t>& strip, int top) {
   std::string marks;
   for (std::size_t i = 0; i < strip.size(); ++i) {

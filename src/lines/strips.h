@@ -1,5 +1,5 @@
-// Where in a document a word stands: the strip of the document, cut into columns, with how often it
-// occurs in each; and a picture of such strips.
+// Where in a document a word occurs: a strip has one column for each part of the document, with the
+// number of occurrences in it. Also draws a picture of strips.
 #pragma once
 
 #include <cstdint>
@@ -12,17 +12,17 @@
 
 namespace quorvel {
 
-// How many of the 1-based `positions` lie in each of `columns`, at least one, equal parts of a text
-// of `length` code units.
+// How many of the 1-based `positions` are in each of `columns` equal parts of a text of `length`
+// code units. `columns` is at least 1.
 [[nodiscard]] std::vector<std::int32_t> StripOf(std::span<const std::int32_t> positions,
                                                 std::size_t length, int columns);
 
-// The column of a position, 0-based.
+// The 0-based column of a 1-based position.
 [[nodiscard]] int ColumnOf(std::int32_t position, std::size_t length, int columns);
 
-// Draws one strip for each of these entries, with the word and its number of lines, under a title
-// in UTF-8: an SVG picture, handed on front to back. After a stop request it ends as a picture that
-// is whole.
+// Draws an SVG picture with one strip for each of these entries, with the word and its number of
+// lines, under a title in UTF-8. The bytes are passed to `take` in order. After a stop request the
+// picture ends early but is still valid.
 void DrawStrips(std::string_view title, const LineSource& source,
                 std::span<const std::int32_t> entries, const PieceSink& take, Progress& progress);
 

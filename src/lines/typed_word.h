@@ -1,6 +1,6 @@
-// Words that a user looks for by typing them: from their beginning, or by a pattern.
+// Finds words of the table that a user types: by their beginning, or by a pattern.
 //
-// Case and accents do not matter: "uber" and "ueber" both find "über".
+// Case and accents are ignored: "uber" and "ueber" both find "über".
 #pragma once
 
 #include <string>
@@ -18,10 +18,10 @@ class TypedWord {
 
   TypedWord(std::u16string_view typed, const Alphabet& alphabet);
 
-  // Whether it is a pattern (lists/wildcard.h), which fits whole words.
+  // Whether it is a pattern (lists/wildcard.h). A pattern matches whole words.
   [[nodiscard]] bool IsPattern() const { return isPattern_; }
 
-  // How an entry fits: as it is sorted, or with its accents dropped.
+  // How an entry matches, in its form for sorting or in its form without accents.
   [[nodiscard]] Fit FitOf(const WordEntry& entry) const;
 
  private:
@@ -33,8 +33,8 @@ class TypedWord {
   std::u16string plain_;
 };
 
-// Of `entries`, 0-based numbers in the table, those that are the typed word in whatever spelling
-// or, if none is, the first one that begins so.
+// Of `entries`, which are 0-based numbers in the table, those whose word equals the typed word in
+// any spelling. If there are none, the first entry that begins with it.
 [[nodiscard]] std::vector<std::int32_t> FindTyped(const TypedWord& typed, const WordTable& table,
                                                   const std::vector<std::int32_t>& entries);
 

@@ -71,10 +71,10 @@ Result<InputText> TextThroughFile(InputBytes document, const TemporaryFile& file
   const std::string path = document.Path();
   const Result<UnpackedBody> body = UnpackDocumentBody(document, file, limits);
   document = {};
-  if (!body) return body.Why();
+  if (!body) return body.Error();
   if (std::optional<Fault> fault = SettleBody(*body, path, limits, ui)) return *std::move(fault);
   const Result<std::string> xml = file.ReadBack(limits.hard);
-  if (!xml) return Fault{FaultKind::notRead, path, xml.Why().reason};
+  if (!xml) return Fault{FaultKind::notRead, path, xml.Error().reason};
   DocumentRuns runs(*xml);
   while (!runs.Read(ui)) {
     if (ReallyWishesToStop(ui)) return Fault{FaultKind::stopped, path, {}};
@@ -89,7 +89,7 @@ std::optional<InputText> ReadWordDocument(InputBytes document, const BodyLimits&
   Result<InputText> text = TextThroughFile(std::move(document), file, limits, ui);
   if (const std::optional<Fault> stayed = file.Remove()) ui.Ask(MessageOf(*stayed));
   if (!text) {
-    if (text.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(text.Why()));
+    if (text.Error().kind != FaultKind::stopped) ui.Ask(MessageOf(text.Error()));
     return std::nullopt;
   }
   inputIsUtf8 = true;
@@ -114,7 +114,7 @@ std::optional<InputText> ReadTextOrPage(const InputBytes& input, EncodingChoice 
   }
   Result<std::string> text = ReadInputFile(input, inputIsUtf8, ui);
   if (text) return InputText{*std::move(text), LostCharacters(input, inputIsUtf8)};
-  TellUnread(text.Why(), ui);
+  TellUnread(text.Error(), ui);
   return std::nullopt;
 }
 
@@ -128,7 +128,7 @@ std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOp
   }
   Result<PreparedText> text = PrepareUnicodeText(input, {options.ignoreLists, options.notes}, ui);
   if (text) return *std::move(text);
-  TellUnread(text.Why(), ui);
+  TellUnread(text.Error(), ui);
   return std::nullopt;
 }
 
@@ -141,7 +141,7 @@ Result<PreparedText> ReadPacked(InputBytes document, PackedKind kind, const Read
   ui.BeginPhase("Extracting text");
   const Result<UnpackedParts> parts = UnpackTextParts(document, kind, options, request.limits, ui);
   document = {};
-  if (!parts) return parts.Why();
+  if (!parts) return parts.Error();
   const UnpackedBody body = {parts->length, parts->isDamaged};
   if (std::optional<Fault> fault = SettleBody(body, path, request.limits, ui)) {
     return *std::move(fault);
@@ -168,8 +168,8 @@ std::shared_ptr<const Document> ObtainUnicodeDocument(InputBytes input,
     Result<PreparedText> packed = ReadPacked(std::exchange(input, {}), *kind, request, ui);
     if (packed) {
       text = *std::move(packed);
-    } else if (packed.Why().kind != FaultKind::stopped) {
-      ui.Ask(MessageOf(packed.Why()));
+    } else if (packed.Error().kind != FaultKind::stopped) {
+      ui.Ask(MessageOf(packed.Error()));
     }
   } else {
     text = ReadUnicode(input, request.options, macNoticeShown, ui);
@@ -201,7 +201,7 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
   Result<std::shared_ptr<const Document>> document =
       MakeDocument(std::move(source), options, std::move(text->text), ui, text->lostCharacters);
   if (document) return *std::move(document);
-  if (document.Why().kind != FaultKind::stopped) ui.Ask(MessageOf(document.Why()));
+  if (document.Error().kind != FaultKind::stopped) ui.Ask(MessageOf(document.Error()));
   return nullptr;
 }
 

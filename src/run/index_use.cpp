@@ -40,7 +40,7 @@ class IndexReading {
   IndexReading& operator=(const IndexReading&) = delete;
 
   // False also for a device or a pipe.
-  [[nodiscard]] bool Exists() const { return !file_.Why(); }
+  [[nodiscard]] bool Exists() const { return !file_.Error(); }
 
   // True when the head and the length are possible for an index of this input. Reading a longer
   // file would waste time and memory.
@@ -115,7 +115,7 @@ std::optional<Fault> CreateIndexFile(const ListedWords& words, const FilesToKeep
   file.Write(IndexFileBytes(words, source.digest->Text(), std::time(nullptr)));
   ui.YieldAtOnce();
   if (file.Commit()) return std::nullopt;
-  return file.Why();
+  return file.Error();
 }
 
 void ShowBadIndexFile(Conversation& ui) {

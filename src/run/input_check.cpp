@@ -116,7 +116,7 @@ Message EncodingQuestion(bool inputIsUtf8) {
 InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& input,
                           const CheckOptions& options, bool& macNoticeShown, Conversation& ui) {
   if (!input) {
-    TellUnread(input.Why(), options.quiet, ui);
+    TellUnread(input.Error(), options.quiet, ui);
     return {};
   }
   const FileClass found = ClassifyTextFile(*input, EXAMINED_BYTES, true);
@@ -139,15 +139,15 @@ InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& inp
   return check;
 }
 
-bool PassesOwnFilesGate(const std::string& path, Conversation& ui) {
+bool CheckNotOwnOutput(const std::string& path, Conversation& ui) {
   const char* const title = "Invalid input";
   if (IsConcordanceFileName(path)) ui.Tell("This is an QVL concordance file.", title);
   if (IsIndexFileName(path)) ui.Tell("This is an QVL index file.", title);
   return !IsConcordanceFileName(path) && !IsIndexFileName(path);
 }
 
-bool PassesExtensionGate(const std::string& path, Reading reading, const std::string& title,
-                         Conversation& ui) {
+bool CheckExtension(const std::string& path, Reading reading, const std::string& title,
+                    Conversation& ui) {
   const std::string extension = LowerExtensionOf(path);
   if (reading == Reading::unicode && (extension == "odt" || extension == "epub")) return true;
   if (extension == "docx" || extension == "txt" || PathNamesHtml(path)) return true;

@@ -30,13 +30,13 @@ struct InputCheck {
                                         Conversation& ui);
 
 // True when `path` does not name a file that the program itself writes. Otherwise tells the user.
-[[nodiscard]] bool PassesOwnFilesGate(const std::string& path, Conversation& ui);
+[[nodiscard]] bool CheckNotOwnOutput(const std::string& path, Conversation& ui);
 
 // Checks the file name at the start of a run: only text files, DOCX files and web pages are
 // accepted, in the Unicode reading also ODT and EPUB files. The message for other files has the
 // title `title`.
-[[nodiscard]] bool PassesExtensionGate(const std::string& path, Reading reading,
-                                       const std::string& title, Conversation& ui);
+[[nodiscard]] bool CheckExtension(const std::string& path, Reading reading,
+                                  const std::string& title, Conversation& ui);
 
 // True when the input exists and is an ordinary file whose positions fit in 32-bit numbers.
 // Otherwise tells the user. Does not open the file.

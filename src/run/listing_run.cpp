@@ -150,7 +150,7 @@ class ListingRun {
 
   bool Commit() {
     report_.written = writer_->Commit(ui_);
-    report_.fileFault = writer_->Why();
+    report_.fileFault = writer_->Error();
     if (!report_.written) {
       // After a stop, a reader that closes the stream early is not an error.
       const bool isStop = target_.sink && ui_.StopRequested();

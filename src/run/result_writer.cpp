@@ -25,7 +25,7 @@ bool ResultWriter::Commit(Conversation& ui) {
   return file_->Commit();
 }
 
-std::optional<Fault> ResultWriter::Why() const { return file_ ? file_->Why() : std::nullopt; }
+std::optional<Fault> ResultWriter::Error() const { return file_ ? file_->Error() : std::nullopt; }
 
 bool ResultWriter::HandOn(bool isLast) {
   if (form_) bytes_ = form_->Next(std::move(bytes_));

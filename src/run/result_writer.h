@@ -30,7 +30,7 @@ class ResultWriter {
   bool Commit(Conversation& ui);
 
   // The fault of the file, if any.
-  [[nodiscard]] std::optional<Fault> Why() const;
+  [[nodiscard]] std::optional<Fault> Error() const;
 
  private:
   bool HandOn(bool isLast);

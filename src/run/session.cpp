@@ -95,7 +95,7 @@ void Session::SetInput(InputOrigin origin) {
 // the settings.
 bool Session::CheckChosenInput() {
   const std::string path = settings_.inputFile;
-  if (!PassesOwnFilesGate(path, ui_)) {
+  if (!CheckNotOwnOutput(path, ui_)) {
     settings_.inputFile.clear();
     return false;
   }
@@ -156,7 +156,7 @@ std::optional<Language> Session::RecognizeLanguage() {
     if (languages == nullptr) return std::nullopt;
     return RecognizeInputLanguage(*input, settings_.reading, *languages);
   }
-  const FaultKind kind = input.Why().kind;
+  const FaultKind kind = input.Error().kind;
   if (kind == FaultKind::notOpened || kind == FaultKind::notRead) return std::nullopt;
   return LANGUAGES.front();
 }

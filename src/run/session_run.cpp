@@ -88,9 +88,9 @@ bool Session::CheckInput() {
   settings_.inputFile = TrimBlanks(settings_.inputFile);
   settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
   if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
-  return PassesOwnFilesGate(settings_.inputFile, ui_) &&
-         PassesExtensionGate(settings_.inputFile, settings_.reading, ListButtonCaption(settings_),
-                             ui_) &&
+  return CheckNotOwnOutput(settings_.inputFile, ui_) &&
+         CheckExtension(settings_.inputFile, settings_.reading, ListButtonCaption(settings_),
+                        ui_) &&
          (options_.input || CheckInputReadable(settings_.inputFile, ui_));
 }
 
@@ -165,7 +165,7 @@ bool Session::IsInputAsItWas() {
 bool Session::ReadDocument() {
   Result<InputBytes> input = InputNow();
   if (!input) {
-    if (input.Why().kind != FaultKind::stopped) ui_.Ask(MessageOf(input.Why()));
+    if (input.Error().kind != FaultKind::stopped) ui_.Ask(MessageOf(input.Error()));
     return false;
   }
   ReadingRequest request;
@@ -313,12 +313,12 @@ std::optional<Fault> Session::Save(const std::string& path, bool asks,
     kept.push_back({output.name, output.path});
   }
   OutputFile file(path, kept, options_.targets);
-  if (file.Why()) return file.Why();
+  if (file.Error()) return file.Error();
   if (asks && !MayReplace("file", path, ui_)) return std::nullopt;
   compose([&file](std::string_view piece) { return file.Write(piece); });
   ui_.YieldAtOnce();
   if (file.Commit()) return std::nullopt;
-  return file.Why();
+  return file.Error();
 }
 
 void Session::ShowWordCounts() {

@@ -18,7 +18,7 @@ std::optional<StopWordsByLanguage> StopWordsOfAllLanguages() {
   SilentProgress nobody;
   for (std::size_t i = 0; i < LANGUAGES.size(); ++i) {
     const Result<InputBytes> file = ReadInput(StopWordsPath(LANGUAGES.at(i)), nobody);
-    if (!file && file.Why().kind == FaultKind::missing) continue;
+    if (!file && file.Error().kind == FaultKind::missing) continue;
     if (!file) return std::nullopt;
     stopWords.at(i) = *WordsOfFileBytes(file->View(), Alphabet::Windows1252(), nobody);
   }

@@ -50,11 +50,11 @@ using WordsOfFile = std::vector<std::u16string>;
 // tells the user.
 bool IsListFile(const std::string& path, const Result<InputBytes>& file, const Alphabet& alphabet,
                 const WordFileTexts& texts, Conversation& ui) {
-  if (!file && file.Why().kind == FaultKind::missing) {
+  if (!file && file.Error().kind == FaultKind::missing) {
     ui.Tell(std::string(texts.missing) + "\r\n" + VisibleName(path), texts.title);
     return false;
   }
-  if (!file && file.Why().kind == FaultKind::notRead) return true;
+  if (!file && file.Error().kind == FaultKind::notRead) return true;
   bool macNoticeShown = true;
   const CheckOptions options = {.reading = alphabet.ReadingOf(), .quiet = true};
   return CheckInputFile(path, file, options, macNoticeShown, ui).accepted;
@@ -82,9 +82,9 @@ std::optional<WordsOfFile> ReadWordFile(const std::string& path, const Alphabet&
   if (!IsListFile(path, file, alphabet, texts, ui)) return std::nullopt;
   ui.SetOutput(std::string(texts.progress) + " ...");
   if (!file) {
-    ui.Tell(
-        "Error #" + std::to_string(file.Why().errorNumber) + " " + texts.failed + VisibleName(path),
-        texts.title);
+    ui.Tell("Error #" + std::to_string(file.Error().errorNumber) + " " + texts.failed +
+                VisibleName(path),
+            texts.title);
     return std::nullopt;
   }
   Result<WordsOfFile> words = StoppableWords(file->View(), alphabet, ui);
@@ -178,7 +178,7 @@ bool GetExtraKeywords(ConcordanceSettings& settings, KeywordLists& lists, Conver
       TidyExtraKeywords(settings.extraKeywords, Alphabet::Of(settings.reading));
   Result<ExtraKeywordList> keywords = ExtraKeywordsOf(settings.extraKeywords, settings);
   if (!keywords) {
-    ui.Ask(MessageOf(keywords.Why()));
+    ui.Ask(MessageOf(keywords.Error()));
     return false;
   }
   lists.extraKeywords = *std::move(keywords);

@@ -219,10 +219,10 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
   OutputFile file(target, kept, Targets::ordinaryFiles);
   file.Write(bytes);
   if (file.Commit()) return {};
-  if (file.Why()->kind == FaultKind::wouldReplace) {
-    return "The settings file cannot be the same as the " + file.Why()->reason + ".";
+  if (file.Error()->kind == FaultKind::wouldReplace) {
+    return "The settings file cannot be the same as the " + file.Error()->reason + ".";
   }
-  return prefix + file.Why()->reason;
+  return prefix + file.Error()->reason;
 }
 
 RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string& path,
@@ -231,7 +231,7 @@ RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string
   constexpr std::uint64_t LONGEST_FILE = 1U << 20U;  // bytes
   const Result<std::string> bytes =
       ReadFileBytes(path.empty() ? StateFilePath() : path, LONGEST_FILE);
-  if (!bytes) return {prefix + bytes.Why().reason};
+  if (!bytes) return {prefix + bytes.Error().reason};
   RestoredState result;
   ValueReader values(*bytes);
   for (std::string* name : {&settings.inputFile, &settings.searchResultsFile,

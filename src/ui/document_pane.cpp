@@ -8,8 +8,8 @@
 #include <optional>
 #include <utility>
 
-// The lines of a text file stand in the document as " / ". In the box they are lines: a place there
-// lies two characters further in front for each line before it.
+// In the document, line breaks of a text file are the three characters " / ". In the box each of
+// them is one line end, so a position in the box is smaller by two for every line before it.
 
 namespace quorvel {
 namespace {
@@ -32,8 +32,8 @@ struct PartEdges {
   std::size_t end;
 };
 
-// Where a part may begin, and where one may end, near a place: at the last line break before it or,
-// where lines are long, at a blank or, where words are, anywhere.
+// Where a part may begin and end near a place: at the last line break before it. If the line is too
+// long, at a blank. If the word is too long, at any character.
 PartEdges EdgesBefore(std::u16string_view text, std::size_t place) {
   if (place == 0 || place >= text.size()) return {place, place};
   const std::size_t least = place - std::min(place, BEFORE / 2);
@@ -52,10 +52,10 @@ QString ShownPart(std::u16string_view text) {
   return shown.replace(" / ", "\n");
 }
 
-// Whatever their case. Nothing when it was stopped.
+// Ignores case. Returns nothing if the search was stopped.
 std::optional<std::vector<std::int32_t>> PlacesOf(const QString& text, std::u16string_view all,
                                                   Progress& progress) {
-  constexpr qsizetype STEP = qsizetype{1} << 19U;  // code units between two looks at events
+  constexpr qsizetype STEP = qsizetype{1} << 19U;  // code units between two yields
   const auto whole = QStringView(all.data(), static_cast<qsizetype>(all.size()));
   const QStringMatcher matcher(text, Qt::CaseInsensitive);
   std::vector<std::int32_t> places;
@@ -140,7 +140,8 @@ void DocumentPane::Mark(const TextSpan& place) {
   centerCursor();
 }
 
-// A place that stands in the box comes to its top.
+// Scrolls so that the line of `place` is the first line of the box. `place` must be in the shown
+// part.
 void DocumentPane::ShowAtTop(std::size_t place) {
   QTextCursor cursor(QPlainTextEdit::document());
   cursor.setPosition(PositionOf(std::clamp(place, begin_, end_)));
@@ -151,7 +152,7 @@ void DocumentPane::ShowAtTop(std::size_t place) {
                                     std::max(1, fontMetrics().lineSpacing()));
 }
 
-// Takes the next part where the box stands at an end of this one.
+// Shows the next part of the document if the box is scrolled to an end of this one.
 void DocumentPane::GoOn() {
   const QScrollBar& bar = *verticalScrollBar();
   const bool isAtEnd = bar.value() >= bar.maximum() && end_ < Text().size();
@@ -199,14 +200,14 @@ void DocumentPane::Select(const TextSpan& place) {
 }
 
 FindTarget DocumentPane::Finding() {
-  return {this, "the document",
+  return {this, tr("Find in the document"),
           [this](const QString& text, Progress& progress) { return Find(text, progress); },
           [this](bool backward) { GoOnFinding(backward); }, [this] { return CountFound(); }};
 }
 
 bool DocumentPane::Find(const QString& text, Progress& progress) {
   if (text == sought_) return true;
-  const std::shared_ptr<const Document> document = document_;  // which a run may take away
+  const std::shared_ptr<const Document> document = document_;  // kept, because a run may release it
   std::optional<std::vector<std::int32_t>> found = PlacesOf(text, Text(), progress);
   if (!found || document != document_) return false;
   sought_ = text;
@@ -214,14 +215,14 @@ bool DocumentPane::Find(const QString& text, Progress& progress) {
   return true;
 }
 
-// The begin of the selection.
+// The first character of the selection, 0-based.
 std::size_t DocumentPane::SelectedPlace() const {
   QTextCursor cursor = textCursor();
   cursor.setPosition(cursor.selectionStart());
   return PlaceOf(cursor);
 }
 
-// From the selection on; behind the last place it goes on at the first.
+// Starts at the selection. After the last place the search continues at the first.
 void DocumentPane::GoOnFinding(bool backward) {
   if (found_.empty()) return;
   const auto from = static_cast<std::int32_t>(SelectedPlace());

@@ -1,7 +1,7 @@
-// The document itself, with a place in it marked.
+// Shows the document with one place marked.
 //
-// It may have hundreds of megabytes, so the box holds the part around the place that is shown, and
-// takes the next one where it is scrolled to an end of that.
+// A document may have hundreds of megabytes, so the box contains only the part around the place
+// that is shown. When the user scrolls to an end of this part, the next part is shown.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -20,17 +20,17 @@ class DocumentPane : public QPlainTextEdit {
  public:
   explicit DocumentPane(QWidget* parent = nullptr);
 
-  // Shows a document from its beginning; nothing for null.
+  // Shows the beginning of a document. Null shows nothing.
   void Show(std::shared_ptr<const Document> document);
 
-  // Marks a place in it, 0-based, and shows it.
+  // Marks a place of the document, 0-based, and scrolls to it.
   void Mark(const TextSpan& place);
 
-  // Finding in all of it.
+  // Lets a find bar search the whole document, not only the shown part.
   [[nodiscard]] FindTarget Finding();
 
  signals:
-  // The user wants the word at a place, 0-based.
+  // The user chose the word at a place of the document, 0-based.
   void WordChosen(std::size_t place);
 
  protected:
@@ -52,11 +52,11 @@ class DocumentPane : public QPlainTextEdit {
   [[nodiscard]] std::u16string_view Text() const;
 
   std::shared_ptr<const Document> document_;
-  std::size_t begin_ = 0;  // of the part that is in the box
+  std::size_t begin_ = 0;  // of the part in the box, 0-based in the document
   std::size_t end_ = 0;
   TextSpan marked_{0, 0};
   QString sought_;
-  std::vector<std::int32_t> found_;  // the places of `sought_`, 0-based, none within another
+  std::vector<std::int32_t> found_;  // where `sought_` occurs, 0-based, without overlaps
 };
 
 }  // namespace quorvel

@@ -1,5 +1,6 @@
 #include "ui/file_viewer.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -11,6 +12,7 @@
 
 #include "files/read_file.h"
 #include "ui/find_bar.h"
+#include "ui/text.h"
 #include "ui_file_viewer.h"
 #include "util/ansi.h"
 #include "util/visible_text.h"
@@ -25,7 +27,7 @@ constexpr std::u16string_view NOTE_BEFORE =
 constexpr std::u16string_view NOTE_BEHIND =
     u"NOTE: Entire contents of file have not been displayed.\r\n";
 
-// The characters of `bytes`; nothing unless all of them are UTF-8.
+// The characters of `bytes`, or nothing if they are not valid UTF-8.
 std::optional<std::u16string> StrictUtf8(std::string_view bytes) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
@@ -33,7 +35,7 @@ std::optional<std::u16string> StrictUtf8(std::string_view bytes) {
   return text.toStdU16String();
 }
 
-// What was read only in part may end inside a character, which has up to four bytes.
+// If only the start of the file was read, it may end inside a character of up to four bytes.
 std::u16string DecodeStart(std::string_view bytes) {
   constexpr std::size_t MOST_CUT_OFF = 3;
   const std::size_t mostCutOff = bytes.size() < VIEWER_BYTES ? 0 : MOST_CUT_OFF;
@@ -43,9 +45,9 @@ std::u16string DecodeStart(std::string_view bytes) {
   return DecodeAnsi(bytes);
 }
 
-// Makes the viewer as large as a page of text, as far as the screen has room for it.
+// Makes the viewer as large as a page of text, or smaller if the screen is small.
 void FitToPage(QWidget& viewer, const QFont& font) {
-  constexpr int COLUMNS = 92;  // 80 for the text, the rest for what surrounds it
+  constexpr int COLUMNS = 92;  // 80 for the text, the rest for margins and the scroll bar
   constexpr int LINES = 36;
   const QFontMetrics metrics(font);
   const QSize page(metrics.horizontalAdvance('0') * COLUMNS, metrics.lineSpacing() * LINES);
@@ -53,31 +55,23 @@ void FitToPage(QWidget& viewer, const QFont& font) {
   viewer.resize(page.boundedTo({screen.width() * 9 / 10, screen.height() * 3 / 4}));
 }
 
-// Reads what decides what is shown. Gives an empty text, or what is wrong with the file.
-std::string ReadStart(const std::string& path, std::string& bytes) {
-  Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
-  if (!start && start.Why().kind == FaultKind::notAFile) {
-    return "is a device or a pipe, not a file.";
-  }
-  if (!start) return "cannot be read: " + start.Why().reason;
-  bytes = *std::move(start);
-  return {};
-}
-
 class FileViewer : public QDialog {
+  Q_DECLARE_TR_FUNCTIONS(FileViewer)
+
  public:
   explicit FileViewer(QWidget* parent) : QDialog(parent, Qt::Window) {
     form_.setupUi(this);
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     form_.txbText1->setFont(font);
     FitToPage(*this, font);
-    findBar_ = AddFindBar(*form_.findBar, *form_.txbText1, "the text", *this);
+    findBar_ = AddFindBar(*form_.findBar, *form_.txbText1,
+                          {tr("Find in the text"), tr("Find in what is shown of the text")}, *this);
     connect(form_.cmdClose, &QPushButton::clicked, this, &QDialog::close);
   }
 
-  // Gives an empty text, or what is wrong with the file.
-  std::string Show(const std::string& path, const QString& caption) {
-    if (std::string fault = Read(path); !fault.empty()) return fault;
+  // Returns a message about the file if it cannot be read, otherwise an empty text.
+  QString Show(const std::string& path, const QString& caption) {
+    if (QString fault = Read(path); !fault.isEmpty()) return fault;
     setWindowTitle(caption);
     form_.txbText1->setFocus();
     show();
@@ -87,15 +81,15 @@ class FileViewer : public QDialog {
   }
 
  protected:
-  // Whoever comes back to the viewer finds the file as it is now.
+  // Reads the file again when the user returns to the viewer and the file has changed.
   void changeEvent(QEvent* event) override {
     QDialog::changeEvent(event);
     const bool comesBack = event->type() == QEvent::ActivationChange && isActiveWindow();
     if (comesBack && StampOf(path_) != stamp_) (void)Read(path_);
   }
 
-  // What the dialog would take for itself, and close: of the find bar Esc closes that alone, and
-  // Enter has found the next place already.
+  // By default both keys close the dialog. In the find bar, Esc closes only the bar, and Enter has
+  // already found the next place.
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Escape && findBar_->IsOpen()) return findBar_->Close();
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -105,16 +99,23 @@ class FileViewer : public QDialog {
   }
 
  private:
-  std::string Read(const std::string& path) {
+  QString Read(const std::string& path) {
     const FileStamp stamp = StampOf(path);
-    std::string bytes;
-    if (std::string fault = ReadStart(path, bytes); !fault.empty()) return fault;
+    const Result<std::string> start = ReadFileBytes(path, VIEWER_BYTES);
+    if (!start) return MessageOf(path, start.Error());
     path_ = path;
     stamp_ = stamp;
-    const std::u16string text = ViewerText(bytes);
+    const std::u16string text = ViewerText(*start);
     form_.txbText1->setPlainText(QString::fromStdU16String(text));
     findBar_->ShowSearchesPart(text.size() >= VIEWER_LIMIT);
     return {};
+  }
+
+  static QString MessageOf(const std::string& path, const Fault& fault) {
+    const QString name = ShownText(VisibleName(path));
+    return fault.kind == FaultKind::notAFile
+               ? tr("File %1\nis a device or a pipe, not a file.").arg(name)
+               : tr("File %1\ncannot be read: %2").arg(name, ShownText(fault.reason));
   }
 
   Ui::FileViewer form_;
@@ -142,8 +143,8 @@ std::u16string ViewerText(std::string_view bytes) {
 }
 
 void ViewFile(QWidget& window, const std::string& path, const QString& caption, Conversation& ui) {
-  const std::string fault = ViewerOf(window).Show(path, caption);
-  if (!fault.empty()) ui.Tell("File " + VisibleName(path) + "\r\n" + fault, STANDARD_TITLE);
+  const QString fault = ViewerOf(window).Show(path, caption);
+  if (!fault.isEmpty()) ui.Tell(fault.toStdString(), STANDARD_TITLE);
 }
 
 void ViewHelp(QWidget& window, Conversation& ui) {

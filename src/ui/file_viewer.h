@@ -1,8 +1,8 @@
-// The window in which a file, or the help text, can be read beside the main window.
+// A window that shows a file or the help text beside the main window.
 //
-// It shows the beginning of a large file only: whoever wants all of it has editors for
-// that. One such window serves a main window: the next text takes the place of the last. It is read
-// anew when the user comes back to a file that has changed.
+// It shows only the beginning of a large file. A main window has one viewer, and the next file
+// replaces the current one. A file that has changed is read again when the user returns to the
+// viewer.
 #pragma once
 
 #include <QString>
@@ -16,23 +16,23 @@ class QWidget;
 
 namespace quorvel {
 
-// A text of so many characters (code units) or more is cut.
+// A text with this many code units or more is cut.
 inline constexpr std::size_t VIEWER_LIMIT = 65530;
 
-// How many bytes from the start of a file decide what is shown: a character has three
-// bytes at most, or four where it counts as two; a byte-order mark comes before.
+// How many bytes of a file are read, at most. A code unit takes at most three bytes in UTF-8, and a
+// byte-order mark takes three more.
 inline constexpr std::size_t VIEWER_BYTES = 3 * (VIEWER_LIMIT + 1);
 
-// The characters to show for a file of which `bytes` is the start, VIEWER_BYTES of it or
-// the whole: the text itself or, where that is too long, its beginning between two notes.
-// UTF-8 is taken as such, without its byte-order mark; all else as Windows-1252.
+// Returns the text to show for a file that starts with `bytes`, which are its first VIEWER_BYTES
+// bytes or the whole file. If the text is too long, its beginning is returned between two notes.
+// Bytes that are not valid UTF-8 are read as Windows-1252. A byte-order mark is removed.
 [[nodiscard]] std::u16string ViewerText(std::string_view bytes);
 
-// Shows the file at `path` in the viewer of `window`, captioned `caption`, and returns at
-// once. Where it cannot be read the user is told.
+// Shows the file at `path` in the viewer of `window`, with `caption` as its title, and returns at
+// once. Tells the user if the file cannot be read.
 void ViewFile(QWidget& window, const std::string& path, const QString& caption, Conversation& ui);
 
-// The same for the help text.
+// Shows the help text in the same way.
 void ViewHelp(QWidget& window, Conversation& ui);
 
 }  // namespace quorvel

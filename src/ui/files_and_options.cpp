@@ -13,7 +13,7 @@
 #include "ui/text_box.h"
 #include "ui_main_window.h"
 
-// What the controls do. What they show stands in files_and_options_shown.cpp.
+// What the controls do. What they show is in files_and_options_shown.cpp.
 
 namespace quorvel {
 namespace {
@@ -96,14 +96,15 @@ void FilesAndOptions::ConnectOptions() {
   }
 }
 
+QString FilesAndOptions::InputFilter(bool isUnicode) {
+  if (!isUnicode) return "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml)";
+  return tr("A text file or a document (%1)").arg("*.txt *.docx *.odt *.epub *.htm *.html *.xhtml");
+}
+
 void FilesAndOptions::cmdFile_Click(int index) {
   if (index == INPUT_BOX) {
     ChooseFile(INPUT_BOX, "Specify input file",
-               ui_.chkUnicode->isChecked()
-                   ? "A text file or a document (*.txt *.docx *.odt *.epub *.htm *.html *.xhtml)"
-                     ";;All files (*)"
-                   : "A text file or a docx file (*.txt *.docx *.htm *.html *.xhtml)"
-                     ";;All files (*)");
+               InputFilter(ui_.chkUnicode->isChecked()) + ";;" + tr("All files (*)"));
   } else if (index == KEYWORDS_BOX) {
     ChooseFile(KEYWORDS_BOX, "Specify keywords file", {});
   } else if (index == RESULTS_BOX) {
@@ -126,8 +127,8 @@ void FilesAndOptions::ChooseFile(FileBox box, const QString& title, const QStrin
   PathChosen(box);
 }
 
-// Whether an existing file may be replaced is asked, where the user wants it, when it is
-// to be written.
+// The dialog does not ask before an existing file is replaced. The run asks when it writes the
+// file, if the user wants that.
 void FilesAndOptions::ChooseOutputFile(FileBox box, const QString& title, const QString& proposal) {
   const QString chosen = QFileDialog::getSaveFileName(window_, title, proposal, {}, nullptr,
                                                       QFileDialog::DontConfirmOverwrite);
@@ -137,7 +138,7 @@ void FilesAndOptions::ChooseOutputFile(FileBox box, const QString& title, const 
 }
 
 void FilesAndOptions::ChooseInput(const std::string& path) {
-  PathSetting(INPUT_BOX) = path;  // which the box may not be able to show
+  PathSetting(INPUT_BOX) = path;  // the box may not be able to show this path
   ReplaceText(*txbFile_[INPUT_BOX], ShownPath(path));
   PathChosen(INPUT_BOX);
 }
@@ -155,8 +156,8 @@ void FilesAndOptions::PathChosen(int index) {
   SetTheFocus();
 }
 
-// Where a button is being pressed the edit is finished when it is let go: a box that
-// came up meanwhile would keep the button from hearing of that.
+// While a mouse button is down, the edit is finished when it is released. A message box that
+// appeared before that would receive the release instead of the clicked button.
 void FilesAndOptions::txbFile_LostFocus(int index) {
   QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
   if (showing_ || !box->isModified() || IsMouseDown()) return;
@@ -202,7 +203,7 @@ void FilesAndOptions::ReadKeywords() {
     KeywordLists& keywords = session_.Lists().keywords;
     if (AttemptToReadSearchWords(path, session_.AlphabetNow(), keywords, interface_)) return;
     EraseSearchWords(keywords);
-    if (!interface_.StopRequested()) path.clear();  // another one is to be chosen
+    if (!interface_.StopRequested()) path.clear();  // the user must choose another file
   });
   ShowPath(KEYWORDS_BOX);
 }
@@ -211,9 +212,9 @@ bool FilesAndOptions::txbExtraKeywords_LostFocus() {
   return showing_ || !ui_.txbExtraKeywords->isModified() || IsMouseDown() || TakeExtraKeywords();
 }
 
-// False, with the user told, where they have a fault.
+// Returns false, after telling the user, if the keywords have a fault.
 bool FilesAndOptions::TakeExtraKeywords() {
-  ui_.txbExtraKeywords->setModified(false);  // a message that comes now ends the editing, too
+  ui_.txbExtraKeywords->setModified(false);  // because a message box also ends the editing
   TakeControls();
   ConcordanceSettings& settings = session_.Settings();
   const bool taken = GetExtraKeywords(settings, session_.Lists().keywords, interface_);
@@ -245,7 +246,7 @@ void FilesAndOptions::optSearch_Click() {
   }
 }
 
-// Takes effect with the next run: what is listed was read as it was.
+// Takes effect with the next run. The current listing keeps the reading that it was made with.
 void FilesAndOptions::chkUnicode_Click() {
   TakeControls();
   const Reading reading = ui_.chkUnicode->isChecked() ? Reading::unicode : Reading::windows1252;

@@ -1,7 +1,7 @@
-// The files and options of the main window: the controls that show the settings and from which they
-// are taken, and what each of them does when it is used.
+// The files and options of the main window: the controls that show and change the settings, and
+// what each of them does when it is used.
 //
-// A handler is named for its control and the event.
+// A handler is named after its control and the event.
 #pragma once
 
 #include <QObject>
@@ -24,12 +24,12 @@ namespace quorvel {
 // The file boxes, in the order of their control arrays.
 enum FileBox { INPUT_BOX, RESULTS_BOX, KEYWORDS_BOX, CONCORDANCE_BOX, FILE_BOXES };
 
-// What they want of the window around them.
+// What the files and options need from the main window.
 struct FilesHost {
-  // Do what may take long, on a file.
+  // Does work on a file that may take long.
   std::function<void(const std::string&, const std::function<void()>&)> work;
   std::function<void()> listAgain;
-  std::function<void()> showPanel;  // put the settings into the settings panel, too
+  std::function<void()> showPanel;  // show the settings in the settings panel too
 };
 
 class FilesAndOptions : public QObject {
@@ -39,31 +39,32 @@ class FilesAndOptions : public QObject {
   FilesAndOptions(Ui::MainWindow& form, Session& session, WindowInterface& interface,
                   FilesHost host, QWidget* window);
 
-  // Puts the controls into the settings, and the settings into the controls.
+  // Copies the controls to the settings, and the settings to the controls.
   void TakeControls();
   void ShowSettings();
 
-  // Takes up what was typed and not yet looked at. False where the user was told of a fault in the
-  // extra keywords.
+  // Handles text that was typed into a box and not handled yet. Returns false, after telling the
+  // user, if the extra keywords have a fault.
   bool FinishEditing();
 
-  // Makes a file the input, as if it had been chosen in the dialog.
+  // Makes a file the input, as if it were chosen in the dialog.
   void ChooseInput(const std::string& path);
 
-  // Takes up settings that are others as a whole; a settings file may select no mode.
+  // Shows settings that were loaded or reset. `modeSelected` is false if a settings file selects no
+  // mode.
   void TakeLoadedSettings(bool modeSelected);
 
-  // Looks at the input in the settings, and shows what came of that.
+  // Checks the input file of the settings and shows the result.
   void SetInput(Session::InputOrigin origin);
 
-  // Enables what the mode, the input and the options allow.
+  // Enables the controls that the mode, the input and the options allow.
   void ShowWhatIsPossible();
   void ShowFileSizes();
 
-  // Shows the whole path of each file as its box's tool tip.
+  // Shows the full path of each file as the tool tip of its box.
   void ShowToolTips();
 
-  // The path of the file that a run in the mode of now writes.
+  // The path of the file that a run in the current mode writes.
   [[nodiscard]] const std::string& OutputPath();
 
   void SetTheFocus();
@@ -84,6 +85,7 @@ class FilesAndOptions : public QObject {
   void chkUnicode_Click();
   void cmdFold_Click();
 
+  [[nodiscard]] static QString InputFilter(bool isUnicode);
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);
   void PathChosen(int index);
@@ -102,7 +104,7 @@ class FilesAndOptions : public QObject {
   std::array<QLineEdit*, FILE_BOXES> txbFile_{};
   std::array<QPushButton*, FILE_BOXES> cmdFile_{};
   std::array<QPushButton*, FILE_BOXES> cmdClearFile_{};
-  bool modeSelected_ = true;  // a settings file may select neither
+  bool modeSelected_ = true;  // a settings file may select no mode
   bool showing_ = false;      // the controls are being set, not used
 };
 

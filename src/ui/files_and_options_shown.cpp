@@ -1,5 +1,4 @@
-// Between the controls of the main window and the settings: which control shows which field, and
-// when it can be used.
+// Copies the settings to the controls of the main window and back, and enables the controls.
 
 #include <QFileInfo>
 
@@ -15,7 +14,7 @@
 namespace quorvel {
 namespace {
 
-// The property of a file box that keeps its tool tip for as long as the box holds no path.
+// The property of a file box that stores its tool tip for an empty box.
 constexpr const char* PLAIN_TIP = "plainTip";
 
 QString SizeLabel(const char* caption, const std::string& path) {
@@ -23,7 +22,7 @@ QString SizeLabel(const char* caption, const std::string& path) {
   return length ? caption + ShownText(SizeText(*length)) : QString();
 }
 
-// A caption of the List button; all that it bears have an "s".
+// Every caption of the List button has an "s", which becomes its mnemonic.
 QString WithMnemonic(QString caption) {
   return caption.insert(caption.indexOf('s', 0, Qt::CaseInsensitive), '&');
 }
@@ -35,7 +34,7 @@ void FilesAndOptions::FillLists() {
   for (int size = 0; size <= LARGEST_CONTEXT_SIZE; ++size) {
     ui_.cboContextSize->addItem(QString(" %1").arg(size));
   }
-  // A file dropped on a box is meant for the window.
+  // The main window handles a file that is dropped on a box.
   for (QLineEdit* box : txbFile_) box->setAcceptDrops(false);
   for (QLineEdit* box : txbFile_) box->setProperty(PLAIN_TIP, box->toolTip());
 }
@@ -93,7 +92,7 @@ void FilesAndOptions::ShowPath(int index) {
   if (index == INPUT_BOX) ShowFoldedInput();
 }
 
-// When the boxes are folded away, nothing else says which document it is.
+// While the files and options are hidden, their button shows which document is open.
 void FilesAndOptions::ShowFoldedInput() {
   constexpr int MOST_SHOWN = 40;  // characters
   QString name = QFileInfo(txbFile_[INPUT_BOX]->text()).fileName();

@@ -36,7 +36,7 @@ void AddKeys(FindBar& find, QWidget& window) {
   onKey(Qt::SHIFT | Qt::Key_F3, [&find] { find.FindAgain(true); });
 }
 
-// The keys go from the text through its bar.
+// Tab goes from the text to the controls of its find bar.
 void SetTabOrder(QWidget& text, const Ui::FindBar& form) {
   QWidget* last = &text;
   for (QWidget* next : std::initializer_list<QWidget*>{form.txbFind, form.cmdFindNext,
@@ -91,10 +91,10 @@ void FindBar::ShowSearchesPart(bool part) {
 }
 
 void FindBar::ShowWhere() {
-  const bool isPart = searchesPart_ && target_.box == nullptr;
-  controls_.text->setPlaceholderText(
-      (isPart ? "Find in what is shown of " : "Find in ") +
-      (target_.box != nullptr ? target_.searched : controls_.searched));
+  const FindHints& hints = controls_.hints;
+  controls_.text->setPlaceholderText(target_.box != nullptr ? target_.hint
+                                     : searchesPart_        ? hints.part
+                                                            : hints.all);
   ShowCount();
 }
 
@@ -125,10 +125,10 @@ void FindBar::ShowCount() {
   SayFound(CountInBox(*controls_.output, text), searchesPart_);
 }
 
-// The text may be long.
+// Events run during the search, because the text may be long.
 void FindBar::FindInTarget(Progress& progress) {
   const QString text = controls_.text->text();
-  const FindTarget target = target_;  // which the events may change
+  const FindTarget target = target_;  // copied, because events may change it
   if (target.box == nullptr) return;
   controls_.count->setText(tr("..."));
   if (!target.find(text, progress) || progress.StopRequested()) return;
@@ -136,21 +136,21 @@ void FindBar::FindInTarget(Progress& progress) {
   SayFound(target.count(), false);
 }
 
-// "3 of 12" while one of the places is selected, else how many there are.
+// "3 of 12" if one of the places is selected, otherwise "12 found".
 void FindBar::SayFound(const FindCount& count, bool isPart) const {
-  const QString found = count.selected > 0 ? tr("%1 of %2").arg(count.selected).arg(count.all)
-                                           : tr("%1 found").arg(count.all);
-  controls_.count->setText(isPart ? tr("%1 in what is shown").arg(found) : found);
+  const QString place = isPart ? tr("%1 of %2 in what is shown") : tr("%1 of %2");
+  const QString all = isPart ? tr("%1 found in what is shown") : tr("%1 found");
+  controls_.count->setText(count.selected > 0 ? place.arg(count.selected).arg(count.all)
+                                              : all.arg(count.all));
 }
 
-FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
-                    QWidget& window) {
+FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const FindHints& hints, QWidget& window) {
   Ui::FindBar form;
   form.setupUi(&bar);
   bar.hide();
-  form.txbFind->setAccessibleName("Find in " + searched);
+  form.txbFind->setAccessibleName(hints.all);
   SetTabOrder(output, form);
-  auto* find = new FindBar({&bar, form.txbFind, form.lblFindCount, &output, searched}, &bar);
+  auto* find = new FindBar({&bar, form.txbFind, form.lblFindCount, &output, hints}, &bar);
   QObject::connect(form.cmdFindNext, &QPushButton::clicked, find, &FindBar::FindNext);
   QObject::connect(form.cmdFindPrevious, &QPushButton::clicked, find, &FindBar::FindPrevious);
   QObject::connect(form.cmdFindClose, &QToolButton::clicked, find, &FindBar::Close);

@@ -1,5 +1,5 @@
-// The bar below a text that finds places in it: below the listing, and in the viewer below the
-// file.
+// The bar that finds text. It is below the listing in the main window, and below the file in the
+// viewer.
 #pragma once
 
 #include <QObject>
@@ -16,57 +16,62 @@ class QWidget;
 
 namespace quorvel {
 
+// The placeholders of the find bar's box, such as "Find in the listing".
+struct FindHints {
+  QString all;
+  QString part;  // while the box `output` shows only a part of the text
+};
+
 struct FindControls {
   QWidget* bar;
   QLineEdit* text;
   QLabel* count;
   QPlainTextEdit* output;
-  QString searched = "the listing";  // what the user calls that text
+  FindHints hints = {};
 };
 
-// How many places there are of what is sought, and the 1-based number of the one that is selected,
-// 0 for none.
+// How many places were found, and the 1-based number of the selected one, or 0 for none.
 struct FindCount {
   int selected = 0;
   int all = 0;
 };
 
-// Another text than that of the box `output`, of which a box shows a part.
+// A text other than that of the box `output`. Its box shows only a part of it.
 struct FindTarget {
-  QPlainTextEdit* box = nullptr;  // whose selection goes from place to place
-  QString searched;               // what the user calls that text
-  // Finds all places of a text, in which events run; false when it was stopped.
+  QPlainTextEdit* box = nullptr;  // in which the found place is selected
+  QString hint;                   // the placeholder of the find bar's box
+  // Finds all places of a text. Events run meanwhile. Returns false if it was stopped.
   std::function<bool(const QString&, Progress&)> find;
-  // Of the places found, selects the next one, or the one before, and says how many there are.
+  // Selects the next or the previous place that was found.
   std::function<void(bool backward)> goOn;
   std::function<FindCount()> count;
 };
 
-// Case does not matter; behind the last place the search goes on at the first.
+// Ignores case. After the last place the search continues at the first.
 class FindBar : public QObject {
   Q_OBJECT
 
  public:
   FindBar(FindControls controls, QObject* parent);
 
-  // Shows the bar, with what is selected in the text, if anything.
+  // Shows the bar. If text is selected in the box, the bar searches for it.
   void Open();
 
-  // Hides it; the text has the keys then.
+  // Hides the bar and gives the focus to the text.
   void Close() const;
   [[nodiscard]] bool IsOpen() const;
 
   void FindNext() { Find(false); }
   void FindPrevious() { Find(true); }
 
-  // Finds what was sought last, which needs no bar; opens that where there is nothing to find.
+  // Finds the last search text again, also while the bar is hidden. Opens the bar if there is no
+  // search text.
   void FindAgain(bool backward);
 
-  // Finds in that text from now on, or again in that of `output` where none is given.
+  // Searches another text from now on, or the box `output` again if `target` has no box.
   void SetTarget(const FindTarget& target);
 
-  // Says, where this is so, that only a part of the text is there to be searched. To be called
-  // whenever it is another one.
+  // Shows whether the box `output` contains only a part of the text. Call it when the text changes.
   void ShowSearchesPart(bool part);
 
  private:
@@ -79,14 +84,14 @@ class FindBar : public QObject {
 
   FindControls controls_;
   FindTarget target_;
-  LatestWork work_;                   // in the target
-  std::optional<bool> goesBackward_;  // once the places are found
+  LatestWork work_;                   // the search in the target
+  std::optional<bool> goesBackward_;  // when the places are found
   bool searchesPart_ = false;
 };
 
-// Fills an empty `bar`, hidden at first, with the controls to search `output`, gives `window` the
-// keys for that, and returns what they act on, which the bar deletes.
-[[nodiscard]] FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const QString& searched,
+// Fills an empty `bar` with the controls that search `output`, hides it, and adds the keys to
+// `window`. Returns the find bar, which belongs to `bar`.
+[[nodiscard]] FindBar* AddFindBar(QWidget& bar, QPlainTextEdit& output, const FindHints& hints,
                                   QWidget& window);
 
 }  // namespace quorvel

@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-constexpr std::size_t UNITS_SHOWN = 300;  // on each side, more than a wide screen has room for
+constexpr std::size_t UNITS_SHOWN = 300;  // on each side; more than fits on a wide screen
 constexpr std::size_t UNITS_SPOKEN = 60;
 
 std::size_t WholeCharacters(std::u16string_view text, std::size_t place) {

@@ -1,5 +1,5 @@
-// The lines of the chosen words as a table: left context, match, right context and, where equal
-// ones are shown once, their number. The contexts are as much of the document as has room.
+// The model of the table of lines: left context, match, right context and, if equal lines are shown
+// once, their number. The contexts are long enough to fill the column.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -20,15 +20,15 @@ class LinesModel : public QAbstractTableModel {
 
   using QAbstractTableModel::QAbstractTableModel;
 
-  // Shows these lines of a listing, or nothing of none.
+  // Shows these lines of a listing. `listing` may be null if there are no lines.
   void Show(std::shared_ptr<const Listing> listing, std::vector<LineGroup> groups);
 
   [[nodiscard]] const std::vector<LineGroup>& Groups() const { return groups_; }
 
-  // Where the match of a row stands in the document.
+  // The match of a row, as 0-based positions in the document.
   [[nodiscard]] TextSpan PlaceOf(int row) const;
 
-  // The row of the line that is recorded at this position; -1 for none.
+  // The row of the line with this 1-based position, or -1 if there is none.
   [[nodiscard]] int RowOf(std::int32_t position) const;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -45,7 +45,7 @@ class LinesModel : public QAbstractTableModel {
   std::vector<LineGroup> groups_;
 };
 
-// Lets what stands left of the match end at it, whatever has no room.
+// Shows the end of a left context that does not fit in its column.
 class LineDelegate : public QStyledItemDelegate {
   Q_OBJECT
 

@@ -1,4 +1,4 @@
-// quorvel: the concordance of one document, in a window.
+// quorvel: the program with a window, which shows the concordance of one document.
 
 #include <QApplication>
 #include <QTimer>
@@ -7,19 +7,21 @@
 #include "ui/main_window.h"
 #include "ui/product_information.h"
 #include "ui/text.h"
+#include "ui/translation.h"
 
 int main(int argumentCount, char** arguments) {
-  quorvel::HoldStandardStreams();
+  quorvel::OpenMissingStandardStreams();
   quorvel::LetOversizedWritesFail();
   const QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("quorvel");
   QApplication::setDesktopFileName("quorvel");
   QApplication::setWindowIcon(quorvel::ProgramIcon());
+  quorvel::LoadTranslation();
   const QStringList words = QApplication::arguments();
   const std::string input = words.size() > 1 ? quorvel::PathOf(words.at(1)) : std::string();
   quorvel::MainWindow window;
   window.show();
-  // By then it has its place on the screen, and a message box can stand over it.
+  // After this time the window is in its place, so that a message box is centred over it.
   constexpr int PLACED_AFTER_MS = 100;
   QTimer::singleShot(PLACED_AFTER_MS, &window, [&window, &input] { window.Start(input); });
   return QApplication::exec();

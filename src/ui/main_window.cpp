@@ -27,25 +27,27 @@
 namespace quorvel {
 namespace {
 
-constexpr QSize FIRST_SIZE(1000, 720);  // in logical pixels, where the screen has room for it
+constexpr QSize FIRST_SIZE(1000, 720);  // in logical pixels, if the screen is large enough
 constexpr int KEEPING_CURRENT_MS = 500;
 
-// As large as `widest` takes: a label that may grow would have the whole window laid out anew
-// with each text of a run.
+// Makes the label just large enough for `widest`. If its size could change, every text of a run
+// would cause a new layout of the whole window.
 void FixSize(QLabel& label, const QFont& font, const QString& widest) {
   const QFontMetrics metrics(font);
   label.setFont(font);
   label.setFixedSize(metrics.horizontalAdvance(widest), metrics.height());
 }
 
-// The line that is being typed in, if any.
+// The text box that has the focus, or null.
 QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
 
 }  // namespace
 
 MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
   ui_->setupUi(this);
-  findBar_ = AddFindBar(*ui_->findBar, *ui_->txbOutput, "the listing", *this);
+  findBar_ =
+      AddFindBar(*ui_->findBar, *ui_->txbOutput,
+                 {tr("Find in the listing"), tr("Find in what is shown of the listing")}, *this);
   interface_ = std::make_unique<WindowInterface>(ConversationControls{
       .window = this,
       .output = ui_->txbOutput,
@@ -77,7 +79,8 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
     const bool isListing = ui_->tabResults->currentWidget() != wordLines_;
     findBar_->SetTarget(isListing ? FindTarget{} : wordLines_->Document().Finding());
   });
-  // Whoever clicks on the tab can type a word at once. Keys leave the focus on the tab.
+  // After a click on the tab the user can type a word at once. After a key the focus stays on the
+  // tab.
   connect(
       ui_->tabResults, &QTabWidget::tabBarClicked, this,
       [this] {
@@ -119,7 +122,7 @@ void MainWindow::Initialization() {
   files_->ShowSettings();
 }
 
-// They join the extra stop words, and the listing follows.
+// Adds the words to the extra stop words and lists again.
 void MainWindow::LeaveOut(const QStringList& words) {
   files_->TakeControls();
   std::string& extra = session_->Settings().extraStopWords;
@@ -150,7 +153,7 @@ void MainWindow::ConnectButtons() {
     });
   };
   connect(ui_->cmdListWords, &QAbstractButton::clicked, this, [this] {
-    // Else the run would tell of the same fault.
+    // Otherwise the run would report the same fault again.
     if (files_->FinishEditing()) run_->cmdListWords_Click();
   });
   onClick(ui_->cmdReadUnicode, [this] {
@@ -166,8 +169,7 @@ void MainWindow::ConnectButtons() {
   connect(&timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
 }
 
-// A press of a key does what a press of its button does, and so nothing while that is
-// not to be pressed.
+// A key clicks its button, and so does nothing while the button is disabled.
 void MainWindow::AddShortcuts() {
   const auto press = [this](QAbstractButton* button, const std::vector<QKeySequence>& keys) {
     for (const QKeySequence& key : keys) {
@@ -223,7 +225,7 @@ void MainWindow::cmdSaveState_Click() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (interface_->IsWorking()) {
     event->ignore();
-    // While a question of the run waits, none is put before it.
+    // Do not ask while a question of the run is open.
     const bool isAsking = QApplication::activeModalWidget() != nullptr;
     if (!isAsking && run_->ConfirmStop()) run_->CloseAfterWork();
     return;
@@ -244,14 +246,15 @@ void MainWindow::dropEvent(QDropEvent* event) {
   if (urls.isEmpty() || !urls.constFirst().isLocalFile() || interface_->IsWorking()) return;
   event->acceptProposedAction();
   const std::string path = PathOf(urls.constFirst().toLocalFile());
-  // Whoever dragged the file waits for the drop to end, so what it brings is asked later.
+  // The program that the file comes from waits until the drop ends, so questions about the file
+  // must come later.
   QTimer::singleShot(0, this, [this, path] { files_->ChooseInput(path); });
 }
 
 void MainWindow::Timer1_Timer() {
   if (interface_->IsWorking()) return;
   files_->ShowToolTips();
-  // What was left behind while a button was pressed that then did nothing.
+  // Finish an edit that was not finished because a mouse button was down.
   const bool isBusy = QApplication::activeModalWidget() != nullptr || ShownPopUp() != nullptr;
   if (!isBusy && FocusedEdit() == nullptr) files_->FinishEditing();
   files_->ShowWhatIsPossible();

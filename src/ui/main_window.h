@@ -1,9 +1,8 @@
-// The main window, which puts its parts together: the session that it owns, the files and options
+// The main window. It owns the session and connects its parts: the files and options
 // (files_and_options.h), the run and its listing (run_control.h), the conversation
-// (window_interface.h), and the way to the other windows.
+// (window_interface.h) and the other windows.
 //
-// What a run does and says is decided in the core. A handler is named for its control and the
-// event.
+// The core decides what a run does and says. A handler is named after its control and the event.
 #pragma once
 
 #include <QMainWindow>
@@ -33,8 +32,8 @@ class MainWindow : public QMainWindow {
   MainWindow();
   ~MainWindow() override;
 
-  // Takes up the settings of the last session, and then, where `path` is not empty, that
-  // file as the input. To be called once the window is shown, since it may ask something.
+  // Loads the settings of the last session. Then, if `path` is not empty, makes that file the
+  // input. Call it when the window is shown, because it may ask questions.
   void Start(const std::string& path);
 
  protected:
@@ -62,7 +61,7 @@ class MainWindow : public QMainWindow {
   SettingsPanel* panel_ = nullptr;
   WordLines* wordLines_ = nullptr;
   std::unique_ptr<RunControl> run_;
-  QTimer timer1_;  // keeps the controls current
+  QTimer timer1_;  // updates the controls
 };
 
 }  // namespace quorvel

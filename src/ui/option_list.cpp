@@ -13,7 +13,7 @@ OptionList::OptionList(QWidget* parent) : QComboBox(parent) {
 
 void OptionList::showPopup() {
   QComboBox::showPopup();
-  view()->installEventFilter(this);  // the keys are the opened list's from now on
+  view()->installEventFilter(this);  // the open list receives the keys
 }
 
 void OptionList::wheelEvent(QWheelEvent* event) { event->ignore(); }
@@ -34,8 +34,7 @@ bool OptionList::eventFilter(QObject* watched, QEvent* event) {
   return QComboBox::eventFilter(watched, event);
 }
 
-// In the closed list nothing is chosen while another digit may follow, since what follows a choice
-// takes the focus.
+// A closed list waits while another digit may follow, because a choice moves the focus elsewhere.
 bool OptionList::TakeDigit(const QString& typed) {
   if (typed.size() != 1 || !typed.front().isDigit()) return false;
   digits_ += typed;
@@ -54,7 +53,8 @@ bool OptionList::TakeDigit(const QString& typed) {
   return true;
 }
 
-// The places of the numbers that begin with the digits, the shortest one first.
+// The 0-based indices of the numbers that begin with the typed digits. The shortest number is
+// first.
 std::vector<int> OptionList::Meant() const {
   std::vector<int> places;
   for (int place = 0; place < count(); ++place) {

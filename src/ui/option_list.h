@@ -1,8 +1,8 @@
-// A drop-down list that changes only when it is meant.
+// A drop-down list that does not change by accident.
 //
-// While it is closed the wheel of the mouse passes over it, to what can be scrolled. Digits
-// choose the number that they make, in the closed list and in the open one; the numbers in such a
-// list ascend, and each has a blank in front, which nobody types.
+// The mouse wheel does not change a closed list. It scrolls the window instead. Typed digits choose
+// a number, in the closed and in the open list. The numbers in the list are ascending, and each
+// begins with a blank, which the user does not type.
 #pragma once
 
 #include <QComboBox>
@@ -33,7 +33,7 @@ class OptionList : public QComboBox {
   [[nodiscard]] std::vector<int> Meant() const;
   void ChooseMeant();
 
-  QString digits_;  // typed without a pause between them
+  QString digits_;  // typed since the last pause
   QTimer pause_;
 };
 

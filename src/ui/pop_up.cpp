@@ -15,8 +15,8 @@
 namespace quorvel {
 namespace {
 
-// No modal window: Qt keeps a click beside that from the program altogether, and a click
-// anywhere is to close this one.
+// Not a modal window: Qt discards clicks outside a modal window, and a click anywhere must close
+// this one.
 class PopUpWindow : public QDialog {
  public:
   explicit PopUpWindow(QWidget* window)
@@ -31,20 +31,20 @@ class PopUpWindow : public QDialog {
     connect(&timer_, &QTimer::timeout, this, &QDialog::hide);
   }
 
-  // To be called before the place is set, for the place may depend on the size.
+  // Must be called before ShowAt, because the place may depend on the size.
   void SetMessage(const PopUpMessage& message) {
-    setWindowTitle(message.text);  // what a screen reader says
+    setWindowTitle(message.text);  // for screen readers
     message_.setText(message.text);
     setFixedSize(message.size.expandedTo(message_.sizeHint()));
     message_.resize(size());
     timer_.setInterval(message.intervalMs);
   }
 
-  // Hiding the window, by whatever way, ends the wait.
+  // Returns when the window is hidden for any reason.
   void ShowAt(QPoint place) {
     move(place);
     timer_.start();
-    if (isVisible()) return;  // it is there already, with its older message
+    if (isVisible()) return;  // already shown, with an earlier message
     QEventLoop wait;
     wait_ = &wait;
     isPressed_ = false;
@@ -54,14 +54,14 @@ class PopUpWindow : public QDialog {
   }
 
  protected:
-  // Keeps from the whole program what the user does meanwhile.
+  // Keeps keys and clicks from all windows of the program while the pop-up is shown.
   bool eventFilter(QObject* receiver, QEvent* event) override {
     switch (event->type()) {
-      case QEvent::ShortcutOverride:  // the key comes as a press then, and presses no button
+      case QEvent::ShortcutOverride:  // the key then arrives as a KeyPress and triggers no shortcut
         event->accept();
         return true;
       case QEvent::KeyPress:
-        // A key held down since before is no press.
+        // A key that was already down before does not count.
         if (!dynamic_cast<QKeyEvent&>(*event).isAutoRepeat()) hide();
         return true;
       case QEvent::MouseButtonPress:
@@ -69,7 +69,7 @@ class PopUpWindow : public QDialog {
         isPressed_ = true;
         return true;
       case QEvent::MouseButtonRelease:
-        if (!isPressed_) return false;  // of a button pressed before
+        if (!isPressed_) return false;  // the button was pressed before the pop-up appeared
         hide();
         return true;
       default:
@@ -105,7 +105,7 @@ class PopUpWindow : public QDialog {
   QLabel message_;
   QTimer timer_;
   QPointer<QEventLoop> wait_;
-  bool isPressed_ = false;  // a mouse button, since the window came
+  bool isPressed_ = false;  // a mouse button, since the pop-up appeared
 };
 
 PopUpWindow& PopUpOf(QWidget& owner) {
@@ -121,7 +121,7 @@ QPoint CenteredIn(const QRect& screen, QSize size) {
          QPoint((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2);
 }
 
-// The place nearest to `place` where all of the window is on the screen.
+// The position nearest to `place` at which the whole window is on the screen.
 QPoint KeptOn(const QRect& screen, QPoint place, QSize size) {
   return {std::max(screen.left(), std::min(place.x(), screen.right() + 1 - size.width())),
           std::max(screen.top(), std::min(place.y(), screen.bottom() + 1 - size.height()))};

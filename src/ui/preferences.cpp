@@ -18,13 +18,13 @@ constexpr const char* FOLDED = "window/folded";
 constexpr const char* INPUTS = "inputs";
 constexpr std::size_t MOST_INPUTS = 8;
 
-// Beside the settings file.
+// The file is beside the settings file.
 QSettings Preferences() {
   const QString folder = QFileInfo(ShownPath(StateFilePath())).path();
   return {folder + "/window.ini", QSettings::IniFormat};
 }
 
-// A path as text and back: the bytes of a name need be no UTF-8.
+// Converts a path to text and back. The bytes of a file name need not be UTF-8.
 QString EncodedPath(const std::string& path) {
   return QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding("/\\: "));
 }
@@ -69,7 +69,7 @@ std::vector<std::string> KeptInputs() {
 }
 
 void KeepInput(const std::string& path) {
-  const std::string newest = OneSpelling(path);
+  const std::string newest = CanonicalPath(path);
   std::vector<std::string> paths = KeptInputs();
   std::erase(paths, newest);
   paths.insert(paths.begin(), newest);

@@ -1,6 +1,6 @@
-// What the window keeps for its user from one start to the next, beside the settings of the runs: a
-// file of its own in the user's configuration folder, in INI form. What is not in it, or is wrong
-// there, is as at a first start.
+// What the window remembers between sessions in addition to the settings of a run. It is kept in an
+// INI file in the user's configuration folder. A missing or invalid entry has the value of a first
+// start.
 #pragma once
 
 #include <QByteArray>
@@ -11,22 +11,22 @@
 
 namespace quorvel {
 
-// How texts are read.
+// How documents are read: as Windows-1252 or as Unicode.
 [[nodiscard]] Reading KeptReading();
 void KeepReading(Reading reading);
 
-// Whether the files and options are folded away.
+// Whether the files and options are hidden.
 [[nodiscard]] bool KeptFolding();
 void KeepFolding(bool folded);
 
-// The documents that were inputs, newest first: at most eight, none twice, each from the root of
-// the file system. Keeping one puts it first; forgetting leaves none.
+// The recent documents, newest first: at most eight absolute paths, all different. KeepInput puts a
+// path first. ForgetInputs clears the list.
 [[nodiscard]] std::vector<std::string> KeptInputs();
 void KeepInput(const std::string& path);
 void ForgetInputs();
 
-// What the widgets give as bytes to be kept, under a name of its own; empty where nothing is kept.
-// Whoever takes it up checks it.
+// The state of widgets, as bytes under a name. Empty if nothing was saved. The caller must check
+// the bytes.
 inline constexpr const char* WINDOW_PLACE = "window/place";
 inline constexpr const char* WINDOW_SCREEN = "window/screen";
 inline constexpr const char* RESULT_TAB = "results/tab";

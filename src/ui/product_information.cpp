@@ -1,5 +1,6 @@
 #include "ui/product_information.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 
 #include "output/concordance_file.h"
@@ -18,7 +19,8 @@ void ShowProductInformation(QWidget* parent) {
   Ui::ProductInformation form;
   form.setupUi(&dialog);
   form.lblIcon->setPixmap(ProgramIcon().pixmap(ICON_SIZE, dialog.devicePixelRatio()));
-  form.lblVersion->setText("Version " + QString::fromStdString(VersionText()));
+  form.lblVersion->setText(QCoreApplication::translate("ProductInformation", "Version %1")
+                               .arg(QString::fromStdString(VersionText())));
   QObject::connect(form.cmdClose, &QPushButton::clicked, &dialog, &QDialog::accept);
   dialog.exec();
 }

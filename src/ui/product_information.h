@@ -1,5 +1,4 @@
-// The window that says what Quorvel is, its version, and what it stands on; and the
-// program's icon.
+// The window "About Quorvel" with the version and the libraries in use; and the program's icon.
 #pragma once
 
 #include <QIcon>
@@ -8,11 +7,10 @@ class QWidget;
 
 namespace quorvel {
 
-// Shows it, modal, and waits until it is closed. `parent` may be null.
+// Shows the window and waits until it is closed. The window is modal. `parent` may be null.
 void ShowProductInformation(QWidget* parent);
 
-// The desktop's own icon for the program, where its theme has one; else the one that
-// is built in.
+// The icon of the desktop theme for the program, or the built-in icon if the theme has none.
 [[nodiscard]] QIcon ProgramIcon();
 
 }  // namespace quorvel

@@ -1,5 +1,6 @@
 #include "ui/recent_documents.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QMenu>
 #include <QToolButton>
@@ -13,7 +14,7 @@
 namespace quorvel {
 namespace {
 
-// The path as far as a menu has room for it, with a digit that chooses it.
+// The path, shortened to fit in a menu, after a digit that chooses it.
 QString Entry(const QMenu& menu, std::size_t number, const std::string& path) {
   constexpr int LONGEST = 70;  // average characters
   const QFontMetrics metrics = menu.fontMetrics();
@@ -30,12 +31,13 @@ void Fill(QMenu& menu, const std::function<void(const std::string&)>& choose) {
     QAction* entry = menu.addAction(Entry(menu, i + 1, path));
     entry->setToolTip(ShownText(VisibleName(path)));
     entry->setEnabled(FileExists(path));
-    // A document may bring questions, which the menu is not to stay under.
+    // Queued, so that the menu is closed before a question about the document appears.
     QObject::connect(
         entry, &QAction::triggered, &menu, [choose, path] { choose(path); }, Qt::QueuedConnection);
   }
   menu.addSeparator();
-  QAction* clear = menu.addAction("&Clear this list", [] { ForgetInputs(); });
+  const QString caption = QCoreApplication::translate("RecentDocuments", "&Clear this list");
+  QAction* clear = menu.addAction(caption, [] { ForgetInputs(); });
   clear->setEnabled(!paths.empty());
 }
 
@@ -45,7 +47,8 @@ void OfferRecentDocuments(QToolButton& button, std::function<void(const std::str
   auto* menu = new QMenu(&button);
   menu->setObjectName("mnuRecent");
   menu->setToolTipsVisible(true);
-  menu->setAttribute(Qt::WA_NoMouseReplay);  // a click on the button only closes it
+  // A click on the button closes the menu and does not open it again.
+  menu->setAttribute(Qt::WA_NoMouseReplay);
   QObject::connect(&button, &QToolButton::clicked, menu,
                    [&button, menu, choose = std::move(choose)] {
                      Fill(*menu, choose);

@@ -1,4 +1,4 @@
-// The menu of the documents that were inputs lately, beside the button that chooses one.
+// The menu of recent documents, beside the button that chooses a document.
 #pragma once
 
 #include <functional>
@@ -8,8 +8,9 @@ class QToolButton;
 
 namespace quorvel {
 
-// Gives the button that menu, newest document first. Those that are not there any more are greyed.
-// What the user chooses goes to `choose`, once the menu has gone. The last entry clears the list.
+// Adds the menu to the button. The newest document is first. Documents that no longer exist are
+// grey. `choose` is called with the chosen document after the menu has closed. The last entry
+// clears the list.
 void OfferRecentDocuments(QToolButton& button, std::function<void(const std::string&)> choose);
 
 }  // namespace quorvel

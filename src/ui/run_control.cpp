@@ -16,7 +16,7 @@ void RunControl::cmdListWords_Click() {
   files_.TakeControls();
   ui_.lblSearchResultsFileSize->clear();
   interface_.HideLostCharacters();
-  // What the run says is said there; what is shown beside it would only take memory from it.
+  // The run writes its progress into this tab. The other tab releases its memory during the run.
   const int tab = ui_.tabResults->currentIndex();
   ui_.tabResults->setCurrentWidget(ui_.tabListing);
   wordLines_.Release();

@@ -1,6 +1,7 @@
-// The run and its listing in the main window: the List button, what is under way, and its end.
+// Runs in the main window: the List button starts and stops them.
 //
-// While the core works events run at its yields, and every control but the Stop button is disabled.
+// While the core works, events run when it yields, and every control except the Stop button is
+// disabled.
 #pragma once
 
 #include <functional>
@@ -33,16 +34,18 @@ class RunControl {
   // The List button: starts a run or, during one, asks whether to stop it.
   void cmdListWords_Click();
 
-  // Lists the words of the listing on the screen as the options are now.
+  // Lists the same words again with the current options.
   void ListAgain();
 
-  // Does what may take long: only the Stop button is live meanwhile, where it is offered.
+  // Does work on a file that may take long. Only the Stop button is enabled meanwhile, if the work
+  // can be stopped.
   void Work(const std::string& file, const std::function<void()>& work);
 
-  // Asks whether to stop what is under way, and does.
+  // Asks whether to stop the work, and requests the stop if the user agrees. Returns whether it
+  // did.
   bool ConfirmStop();
 
-  // Closes the window when what is under way has ended.
+  // Closes the window when the work has ended.
   void CloseAfterWork() { closesAfterWork_ = true; }
 
  private:
@@ -52,7 +55,7 @@ class RunControl {
   Session& session_;
   WindowInterface& interface_;
   FilesAndOptions& files_;
-  QWidget& panel_;  // beside the main window
+  QWidget& panel_;  // the settings panel
   WordLines& wordLines_;
   bool closesAfterWork_ = false;
 };

@@ -19,8 +19,8 @@ namespace {
 
 constexpr const char* SETTINGS_FILTER = "Settings files (*.lvz)";
 
-// The place of the language that the stop words at `path` are of, in the chooser of languages; that
-// of English where they are of none.
+// The index in the language chooser of the language whose stop words are at `path`, or the index of
+// English for any other file.
 int LanguageInUse(const std::string& path) {
   if (path.ends_with(ALL_LANGUAGES.stopWordsFile)) return static_cast<int>(LANGUAGES.size());
   for (std::size_t i = 0; i < LANGUAGES.size(); ++i) {
@@ -45,7 +45,7 @@ SettingsPanel::SettingsPanel(Session& session, Conversation& ui, PanelHost host,
 
 SettingsPanel::~SettingsPanel() = default;
 
-// In a text box Enter ends the editing and not the panel: what was typed may have a fault.
+// In a text box Enter does not close the panel, because the text may have a fault.
 void SettingsPanel::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!isEnter || qobject_cast<QLineEdit*>(focusWidget()) == nullptr) {
@@ -110,7 +110,7 @@ void SettingsPanel::ConnectButtons() {
   onClick(ui_->cmdClosePanel, [this] { close(); });
 }
 
-// Lists are left out while the page is read, so the words have to be gathered anew.
+// Lists are skipped when the page is read, so the document must be read again.
 void SettingsPanel::chkIgnoreLists_Click(bool ticked) {
   if (showing_) return;
   session_.Settings().ignoreLists = ticked;
@@ -144,18 +144,19 @@ void SettingsPanel::cmdSelectStopWordsFile_Click(int index) {
 }
 
 void SettingsPanel::cmdListStopWords_Click() {
-  txbStopWordsFile_LostFocus();  // a key may have pressed the button from inside the box
+  txbStopWordsFile_LostFocus();  // Alt+L presses the button while the box has the focus
   if (HasStopWords()) ListStopWords(session_.Lists().stopWords, conversation_);
   StayAt(*ui_->cmdListStopWords);
 }
 
-// Has them read, where they are those of a path that was typed, so that they can be shown.
+// Reads the stop words if their path was typed and they have not been read yet. Returns false if
+// they cannot be read.
 bool SettingsPanel::HasStopWords() {
   if (session_.Lists().stopWords.loaded || session_.Settings().stopWordsFile.empty()) return true;
   bool read = false;
   host_.work(session_.Settings().stopWordsFile, [this, &read] {
     read = session_.ReadNamedStopWords();
-    if (read) conversation_.SetOutput("");  // not "Reading ..." any more
+    if (read) conversation_.SetOutput("");  // removes "Reading ..."
   });
   return read;
 }
@@ -235,7 +236,7 @@ void SettingsPanel::txbExtraStopWords_LostFocus() {
 
 void SettingsPanel::FocusCloseButton() { StayAt(*ui_->cmdClosePanel); }
 
-// What the main window did meanwhile may have taken the keys to it.
+// The main window may have taken the focus meanwhile.
 void SettingsPanel::StayAt(QWidget& control) {
   activateWindow();
   control.setFocus();

@@ -1,6 +1,6 @@
 // The settings panel: stop words, what counts as a word, and settings files.
 //
-// Each control keeps one field of the settings, which the next run reads.
+// Each control changes one field of the settings, which the next run uses.
 #pragma once
 
 #include <QDialog>
@@ -16,10 +16,10 @@ class SettingsPanel;
 
 namespace quorvel {
 
-// What the panel wants of the main window.
+// What the panel needs from the main window.
 struct PanelHost {
-  std::function<void()> takeControls;  // put its own controls into the settings
-  // Do what may take long, on a file.
+  std::function<void()> takeControls;  // copy its own controls to the settings
+  // Does work on a file that may take long.
   std::function<void(const std::string&, const std::function<void()>&)> work;
   std::function<void(bool modeSelected)> settingsReplaced;
   std::function<void()> clearStopWordsOutput;
@@ -33,7 +33,7 @@ class SettingsPanel : public QDialog {
   SettingsPanel(Session& session, Conversation& ui, PanelHost host, QWidget* parent);
   ~SettingsPanel() override;
 
-  // Puts the settings into the panel's controls.
+  // Shows the settings in the panel's controls.
   void ShowSettings();
 
  protected:

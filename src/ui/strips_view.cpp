@@ -13,15 +13,15 @@
 namespace quorvel {
 namespace {
 
-constexpr int MOST_ROWS = 4;  // in view at once
-constexpr int GAP = 6;        // pixels
-constexpr int MOST_MEASURED_LABELS = 200;
+constexpr int MOST_ROWS = 4;               // in view at once
+constexpr int GAP = 6;                     // pixels
+constexpr int MOST_MEASURED_LABELS = 200;  // only these words determine the width of the labels
 
 }  // namespace
 
 void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
                 const QColor& colour) {
-  constexpr double LEAST = 0.45;  // so that a single one is seen
+  constexpr double LEAST = 0.45;  // so that a single occurrence is visible
   QColor ground = colour;
   ground.setAlphaF(0.08F);
   painter.fillRect(place, ground);
@@ -112,7 +112,7 @@ void StripsView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QImage StripsView::Picture(const QString& title) {
-  constexpr int MOST_PIXELS = 32767;  // that a painter reaches
+  constexpr int MOST_PIXELS = 32767;  // the limit of the painter's coordinates
   const int width = viewport()->width();
   const int top = RowHeight() + GAP;
   if (RowCount() > (MOST_PIXELS - top - GAP) / RowHeight()) return {};
@@ -139,14 +139,16 @@ void StripsView::ShowScrollBar() {
   verticalScrollBar()->setSingleStep(RowHeight());
 }
 
+// The number passed to tr() chooses the plural form in a translation.
+QString StripsView::SpokenRow() {
+  const auto count = static_cast<int>(PlacesOf(row_).size());
+  const QString text = count == 1 ? tr("%1: 1 place") : tr("%1: %n places", nullptr, count);
+  return text.arg(shown_.words[static_cast<std::size_t>(row_)]);
+}
+
 void StripsView::ChooseRow(int row) {
   row_ = std::clamp(row, 0, std::max(0, RowCount() - 1));
-  QString spoken;
-  if (RowCount() > 0) {
-    spoken = tr("%1: %n place(s)", nullptr, static_cast<int>(PlacesOf(row_).size()))
-                 .arg(shown_.words[static_cast<std::size_t>(row_)]);
-  }
-  setAccessibleDescription(spoken);
+  setAccessibleDescription(RowCount() > 0 ? SpokenRow() : QString());
   QScrollBar& bar = *verticalScrollBar();
   const int top = row_ * RowHeight();
   bar.setValue(

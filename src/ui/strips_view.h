@@ -1,7 +1,7 @@
-// Where in the document the chosen words stand: a strip for each, with a mark for each line.
+// Shows where in the document the chosen words occur: one strip for each word.
 //
-// A click goes to the nearest place, as the left and the right key go to the one before and behind;
-// up and down choose the strip.
+// A click goes to the nearest place. The left and right keys go to the previous and the next place.
+// The up and down keys choose a strip.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -13,13 +13,14 @@
 
 namespace quorvel {
 
-// Draws a strip: a stroke for each of its columns that has an occurrence, the darker the more it
-// has.
+// Draws a strip: one stroke for each column with occurrences. Columns with more occurrences are
+// darker.
 void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
                 const QColor& colour);
 
-// The words that have a strip each, in a document of `length` code units. The places of a word's
-// lines, 1-based and ascending, are asked for when they are wanted: there may be very many words.
+// The words with a strip, in a document of `length` code units. `placesOf` returns the places of a
+// word's lines, 1-based and ascending. It is called only for strips that are needed, because there
+// may be very many words.
 struct StripWords {
   std::vector<QString> words;
   std::function<std::vector<std::int32_t>(std::size_t)> placesOf;
@@ -34,18 +35,17 @@ class StripsView : public QAbstractScrollArea {
 
   void Show(StripWords words);
 
-  // Marks a place in all strips; 0 for none.
+  // Marks a 1-based position in all strips. 0 marks nothing.
   void MarkPlace(std::int32_t position);
 
-  // The strips as a picture, all of them, under a title; null when there are more than a picture
-  // has room for.
+  // A picture of all strips under a title. Null if there are too many strips for a picture.
   [[nodiscard]] QImage Picture(const QString& title);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  signals:
-  // The user wants to go to a place of a word.
+  // The user chose a place of a word, 1-based.
   void PlaceChosen(std::int32_t position);
 
  protected:
@@ -62,12 +62,13 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] int RowCount() const { return static_cast<int>(shown_.words.size()); }
   [[nodiscard]] const std::vector<std::int32_t>& PlacesOf(int row);
   void ShowScrollBar();
+  [[nodiscard]] QString SpokenRow();
   void ChooseRow(int row);
   void GoBeside(bool forward);
 
   StripWords shown_;
-  std::map<int, std::vector<std::int32_t>> places_;  // that were asked for, by row
-  int widest_ = 0;                                   // of the words, in pixels
+  std::map<int, std::vector<std::int32_t>> places_;  // by row, of the strips that were needed
+  int widest_ = 0;                                   // the width of the widest word, in pixels
   std::int32_t marked_ = 0;
   int row_ = 0;
 };

@@ -1,4 +1,5 @@
-// Work on many lines in the window: events run meanwhile, and it ends when it is no longer wanted.
+// Work on many lines in the window. Events run meanwhile, and work that is no longer needed is
+// stopped.
 #pragma once
 
 #include <QCoreApplication>
@@ -27,11 +28,11 @@ class TableWork : public Progress {
   QElapsedTimer sinceEvents_;
 };
 
-// Work of which only the latest is wanted: a request that comes up in the events that run meanwhile
-// ends what is under way, which is then done again.
+// Work of which only the latest request matters. A request that arrives while the work is running
+// stops it, and the work is then done again.
 class LatestWork {
  public:
-  // `work` looks up for itself what is wanted by now.
+  // `work` must look up what is needed at that time.
   void Do(const std::function<void(Progress&)>& work) {
     isWanted_ = true;
     if (current_ != nullptr) return current_->RequestStop();
@@ -43,7 +44,7 @@ class LatestWork {
     }
   }
 
-  // Ends what is under way, if anything.
+  // Stops the work, if any.
   void Stop() {
     isWanted_ = false;
     if (current_ != nullptr) current_->RequestStop();

@@ -1,8 +1,7 @@
-// Between the core's texts and those of the window.
+// Converts texts and paths between the core and the window.
 //
-// The core's texts are UTF-8 with CR LF between lines, and its paths the file system's
-// own bytes; a widget wants UTF-16 with LF. What the widgets say of files has "/" between
-// folders on every system.
+// The core's texts are UTF-8 with CR LF line ends, and its paths are the file system's own bytes.
+// Widgets use UTF-16 with LF. Their paths have "/" between folders on every system.
 #pragma once
 
 #include <QDir>
@@ -13,12 +12,12 @@
 
 namespace quorvel {
 
-// A text of the core, as a widget shows it.
+// Converts a text of the core for a widget.
 [[nodiscard]] inline QString ShownText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).remove('\r');
 }
 
-// A path, as a widget shows it; not every name of a file can be shown as it is.
+// Converts a path for a widget. Some file names cannot be shown exactly.
 [[nodiscard]] inline QString ShownPath(const std::string& path) {
 #ifdef _WIN32
   return QString::fromStdString(path);
@@ -27,7 +26,7 @@ namespace quorvel {
 #endif
 }
 
-// The path that is shown so.
+// Converts a path that a widget shows.
 [[nodiscard]] inline std::string PathOf(const QString& shown) {
 #ifdef _WIN32
   return QDir::toNativeSeparators(shown).toStdString();
@@ -36,7 +35,7 @@ namespace quorvel {
 #endif
 }
 
-// Takes over what a box shows, unless that is `path` already, which then keeps its own bytes.
+// Sets `path` to the path in a box. If `path` is already shown so, it keeps its own bytes.
 inline void TakePath(const QString& shown, std::string& path) {
   if (shown != ShownPath(path)) path = PathOf(shown);
 }

@@ -1,4 +1,4 @@
-// The program's own changes of a box that the user types in.
+// Changes a text box that the user also types in.
 #pragma once
 
 class QLineEdit;
@@ -6,8 +6,8 @@ class QString;
 
 namespace quorvel {
 
-// Puts a text in the place of what the box shows. It does not count as typed, but Ctrl+Z in the
-// box brings back what was there, and that does.
+// Replaces the text of the box. The new text does not count as typed by the user. Ctrl+Z in the box
+// restores the old text, which then counts as typed.
 void ReplaceText(QLineEdit& box, const QString& text);
 
 }  // namespace quorvel

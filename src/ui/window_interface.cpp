@@ -17,7 +17,8 @@
 namespace quorvel {
 namespace {
 
-// Often enough for a window to feel alive, seldom enough to cost little: it paints each time.
+// Short enough for a responsive window, long enough to cost little: the window is painted each
+// time.
 constexpr qint64 BETWEEN_EVENTS_MS = 25;
 
 QMessageBox::Icon IconOf(Icon icon) {
@@ -102,10 +103,12 @@ void WindowInterface::ShowBar(std::string_view caption) {
 
 void WindowInterface::SayWhatIsShown(const ListingShown& listing) {
   ShowPendingOutput();
-  const std::string text = "The first " + GroupedNumber(listing.shown) + " of " +
-                           GroupedNumber(listing.all) + " characters" +
-                           (listing.fileHoldsAll ? "; the file holds all of it." : ".");
-  controls_.listingShown->setText(ShownText(text));
+  const QString text =
+      listing.fileHoldsAll
+          ? tr("The first %1 of %2 characters; the file contains the whole listing.")
+          : tr("The first %1 of %2 characters.");
+  controls_.listingShown->setText(
+      text.arg(ShownText(GroupedNumber(listing.shown)), ShownText(GroupedNumber(listing.all))));
   controls_.listingShown->show();
   controls_.findBar->ShowSearchesPart(true);
 }
@@ -131,7 +134,7 @@ void WindowInterface::Timer2_Timer() {
 
 Answer WindowInterface::Ask(const Message& message) {
   ShowPendingOutput();
-  // Over the window that the user is at: the settings panel may be the one.
+  // Show the question over the active window, which may be the settings panel.
   QWidget* const active = QApplication::activeWindow();
   QMessageBox box(IconOf(message.icon), ShownText(message.title), ShownText(message.text),
                   ButtonsOf(message.buttons), active != nullptr ? active : controls_.window);

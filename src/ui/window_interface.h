@@ -1,7 +1,8 @@
-// The main window's half of the conversation with the core: progress in the output box,
-// counts on labels, message boxes, and the events of the window while a run goes on.
+// The conversation with the core in the main window: progress in the output box, counts in labels,
+// message boxes, and the events of the window during a run.
 #pragma once
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QString>
 #include <QTimer>
@@ -20,24 +21,26 @@ namespace quorvel {
 
 class FindBar;
 
-// The controls that the conversation takes place in.
+// The controls that the conversation uses.
 struct ConversationControls {
   QWidget* window;
   QPlainTextEdit* output;
   QPushButton* stopButton;
-  QWidget* outputFileBox;              // below which it says that the file is written
+  QWidget* outputFileBox;              // the pop-up about the written file is shown below it
   std::array<QLabel*, LABELS> labels;  // in the order of Label
   QLabel* progressBar;
   QLabel* busyIndicator;
   QLabel* timeElapsed;
-  QLabel* listingShown;  // how much of it, where that is not all
-  QWidget* lossBar;      // above the listing: what the text lacks
+  QLabel* listingShown;  // says how much is shown if that is not all
+  QWidget* lossBar;      // above the listing: the count of lost characters
   QLabel* lostCharacters;
   QPushButton* readUnicode;
   FindBar* findBar;
 };
 
 class WindowInterface : public Conversation {
+  Q_DECLARE_TR_FUNCTIONS(WindowInterface)
+
  public:
   explicit WindowInterface(const ConversationControls& controls);
 
@@ -54,16 +57,16 @@ class WindowInterface : public Conversation {
   void YieldNow() override;
   void YieldAtOnce() override;
 
-  // From now on, until EndWork, the output box follows in steps that the eye can, and
-  // events run at each yield.
+  // Until EndWork, the output box is updated only a few times a second, and events run when the
+  // core yields.
   void BeginWork();
   void EndWork();
   [[nodiscard]] bool IsWorking() const { return working_; }
 
-  // Takes away what was told of lost characters, which are those of another text now.
+  // Hides the message about lost characters, which was about another text.
   void HideLostCharacters() const;
 
-  // Shows the message that popped up during the work; it would only have held that up.
+  // Shows the last pop-up message of the work. During the work it would have delayed it.
   void ShowPendingPopUp();
 
  private:
@@ -73,7 +76,7 @@ class WindowInterface : public Conversation {
 
   ConversationControls controls_;
   bool working_ = false;
-  std::optional<QString> pendingOutput_;  // what the output box is to show next
+  std::optional<QString> pendingOutput_;  // the next text of the output box
   std::optional<QString> pendingPopUp_;
   QElapsedTimer sinceEvents_;
   QTimer timer2_;  // counts the seconds of a run

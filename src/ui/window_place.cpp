@@ -10,8 +10,8 @@
 namespace quorvel {
 namespace {
 
-// Another text for each place, size and scale of a screen: in logical pixels, a window that was
-// large on one may not be seen on the other.
+// Identifies a screen with its position, size and scale. Positions are in logical pixels, so one
+// that was saved for another screen or scale may be outside this one.
 QByteArray Description(const QScreen& screen) {
   const QRect area = screen.geometry();
   return QString("%1 %2x%3+%4+%5 @%6")

@@ -1,5 +1,5 @@
-// Where the main window stands on the screen, and how large: kept when it is closed, and taken up
-// when the program starts again.
+// The place and size of the main window. They are saved when it is closed and restored at the next
+// start.
 #pragma once
 
 #include <QSize>
@@ -8,10 +8,9 @@ class QWidget;
 
 namespace quorvel {
 
-// Gives a window that is not shown yet the place and size, or the whole of the screen, that it was
-// kept with. Where nothing is kept, or that screen is gone or is another now, it becomes as large
-// as `firstSize`, in logical pixels, or as the screen has room for, and the desktop finds it a
-// place.
+// Restores the saved place and size of a window that is not shown yet. If nothing was saved, or the
+// screen has changed, the window gets `firstSize`, in logical pixels, or less on a small screen,
+// and the desktop chooses its place.
 void RestorePlace(QWidget& window, QSize firstSize);
 
 void KeepPlace(const QWidget& window);

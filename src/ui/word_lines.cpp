@@ -27,16 +27,17 @@ namespace quorvel {
 namespace {
 
 constexpr int LARGEST_MATCH = 30;         // characters that the column of the matches has room for
-constexpr qsizetype MOST_MEASURED = 200;  // of the words that this column has room for
+constexpr qsizetype MOST_MEASURED = 200;  // only these words determine the width of that column
 
-// Whatever keys are held, which would choose it beside others.
+// Selects only this row, even if a key is held that would add it to the selection.
 void ChooseRow(QTableView& table, int row) {
   table.selectionModel()->setCurrentIndex(
       table.model()->index(row, 0),
       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
-// Rows in ascending order: a few ranges, where each row by itself would be slow.
+// `rows` are ascending. Consecutive rows are selected as one range, because selecting each row
+// alone is slow.
 QItemSelection Selection(const QAbstractItemModel& model, const std::vector<int>& rows) {
   QItemSelection selection;
   for (std::size_t begin = 0, end = 0; begin < rows.size(); begin = end) {
@@ -48,7 +49,7 @@ QItemSelection Selection(const QAbstractItemModel& model, const std::vector<int>
   return selection;
 }
 
-// Whether an existing one may be replaced is asked when it is to be written.
+// The dialog does not ask before an existing file is replaced; Session::Save does.
 QString AskForFile(QWidget& window, const QString& title, const QString& filter) {
   return QFileDialog::getSaveFileName(&window, title, {}, filter, nullptr,
                                       QFileDialog::DontConfirmOverwrite);
@@ -104,7 +105,7 @@ void WordLines::ConnectWords() {
   connect(ui_->tblWords->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &WordLines::ShowLines);
   connect(ui_->tblWords, &QWidget::customContextMenuRequested, this, &WordLines::tblWords_Menu);
-  // A model that is sorted anew forgets what was chosen.
+  // A reset of the model clears the selection, so it is saved and restored.
   auto chosen = std::make_shared<std::vector<std::int32_t>>();
   connect(words_, &QAbstractItemModel::modelAboutToBeReset, this,
           [this, chosen] { *chosen = ChosenEntries(); });
@@ -156,7 +157,7 @@ void WordLines::Release() {
           listing_->words->words.table->entries[static_cast<std::size_t>(entry)].word));
     }
   }
-  isStale_ = true;  // so that nothing is made of what goes
+  isStale_ = true;  // so that no lines are made of the old listing
   listing_.reset();
   all_.clear();
   words_->Show(nullptr);
@@ -209,12 +210,13 @@ std::vector<std::int32_t> WordLines::ChosenEntries() const {
 
 LineSource WordLines::Source() const {
   LineSource source = LinesOfListing(*listing_);
-  // A bare word list has no contexts, but its words have.
+  // With context size 0 the listing has no contexts, but here lines are shown with the default
+  // size.
   if (source.context.contextSize == 0) source.context.contextSize = ContextOptions().contextSize;
   return source;
 }
 
-// The orders, for as many words as a context has.
+// Fills the list of orders, with one order for each context word on each side.
 void WordLines::ShowOrders() {
   const int size = listing_ == nullptr ? 1 : Source().context.contextSize;
   if (ui_->cboLineOrder->count() == 2 * size + 2) return;
@@ -249,10 +251,11 @@ void WordLines::ShowLines() {
   });
 }
 
-// Shows nothing new when it is stopped: other lines are wanted then, or none.
+// When stopped, it leaves the table as it is: other lines are wanted then, or none.
 void WordLines::MakeLines(Progress& progress) {
   ui_->lblLineCount->setText(tr("..."));
-  const std::shared_ptr<const Listing> listing = listing_;  // which a run may take away meanwhile
+  // Kept, because a run may release it meanwhile.
+  const std::shared_ptr<const Listing> listing = listing_;
   const LineSource source = Source();
   std::optional<Lines> all = LinesOf(source, ChosenEntries(), progress);
   if (!all) return;
@@ -271,7 +274,7 @@ void WordLines::MakeLines(Progress& progress) {
   PutLines(*std::move(groups));
 }
 
-// Into the table, where the line that is chosen stays so.
+// Shows the lines in the table. The current line stays current if it is still there.
 void WordLines::PutLines(std::vector<LineGroup> groups) {
   const QModelIndex current = ui_->tblLines->currentIndex();
   const std::int32_t before =
@@ -286,10 +289,11 @@ void WordLines::PutLines(std::vector<LineGroup> groups) {
 }
 
 void WordLines::ShowCount() {
-  const auto count = static_cast<std::int64_t>(lines_->rowCount());
-  const QString lines =
-      count == 1 ? tr("1 line") : tr("%1 lines").arg(ShownText(GroupedNumber(count)).trimmed());
-  ui_->lblLineCount->setText(lines);
+  const int count = lines_->rowCount();
+  const QString number = ShownText(GroupedNumber(count)).trimmed();
+  // The number passed to tr() chooses the plural form in a translation.
+  ui_->lblLineCount->setText(count == 1 ? tr("1 line")
+                                        : tr("%1 lines", nullptr, count).arg(number));
   ui_->cmdSaveLines->setEnabled(count > 0);
 }
 
@@ -318,7 +322,7 @@ void WordLines::ShowLine() {
   MarkPlace(lines_->Groups()[static_cast<std::size_t>(current.row())].first.position);
 }
 
-// The matches have a column of their own width in the middle, the contexts what is left.
+// The column of the matches is as wide as the words; the contexts share the rest equally.
 void WordLines::FitColumns() {
   QTableView& lines = *ui_->tblLines;
   const bool once = ui_->chkEqualOnce->isChecked();
@@ -360,7 +364,7 @@ void WordLines::txbFindWord_Change() {
 
 void WordLines::GoTo(std::int32_t position) {
   int row = lines_->RowOf(position);
-  // Equal lines shown once stand for places that have no row.
+  // If equal lines are shown once, most of their places have no row.
   if (row >= 0) {
     ChooseRow(*ui_->tblLines, row);
     return;
@@ -393,7 +397,7 @@ void WordLines::txbDocument_WordChosen(std::size_t place) {
   for (int row = 0; row < words_->rowCount(); ++row) {
     const std::int32_t entry = words_->EntryAt(row);
     const WordEntry& word = words[static_cast<std::size_t>(entry)];
-    // The last place that is recorded at or just behind this one.
+    // The last recorded position at or just after this place.
     const auto behind =
         std::ranges::upper_bound(word.positions, static_cast<std::int32_t>(place) + 2);
     if (behind == word.positions.begin()) continue;
@@ -479,12 +483,13 @@ void WordLines::CopyLines() {
 
 void WordLines::SayNotSaved(const Fault& fault, const std::string& path) {
   const bool replaces = fault.kind == FaultKind::wouldReplace;
-  conversation_.Tell(replaces ? "This file cannot be the same as the " + fault.reason + "."
-                              : VisibleName(path) + "\r\n" + fault.reason,
-                     STANDARD_TITLE);
+  const QString reason = ShownText(fault.reason);
+  const QString text = replaces ? tr("This file cannot be the same as the %1.").arg(reason)
+                                : ShownText(VisibleName(path)) + '\n' + reason;
+  conversation_.Tell(text.toStdString(), STANDARD_TITLE);
 }
 
-// The kind of file goes by its name.
+// The extension of the file chooses the format.
 void WordLines::cmdSaveLines_Click() {
   if (listing_ == nullptr) return;
   const QString chosen = AskForFile(
@@ -521,7 +526,8 @@ void WordLines::SavePicture() {
     QBuffer buffer(&image);
     if (!ui_->stripsView->Picture(ShownText(title)).save(&buffer, "PNG")) {
       return conversation_.Tell(
-          "There are too many words for a PNG picture. Choose fewer words, or save it as SVG.",
+          tr("There are too many words for a PNG picture. Choose fewer words, or save it as SVG.")
+              .toStdString(),
           STANDARD_TITLE);
     }
   }

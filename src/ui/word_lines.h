@@ -1,8 +1,8 @@
-// The tab "Words and lines": all words of the listing, the lines of those that are chosen, where in
-// the document they stand, and the document there.
+// The tab "Words and lines": all words of the listing, the lines of the chosen words, where they
+// occur in the document, and the document at the chosen line.
 //
-// It works on the values of the listing, which it shares. Which lines there are, their order and
-// what is saved of them is decided in the core.
+// The tab shares the listing with the session. The core decides which lines there are, how they are
+// ordered and how they are saved.
 #pragma once
 
 #include <QWidget>
@@ -27,9 +27,9 @@ namespace quorvel {
 
 class DocumentPane;
 
-// What it wants of the window around it.
+// What the tab needs from the main window.
 struct WordLinesHost {
-  // Whether words may be left out of the listing, and does it.
+  // Whether words can be left out of the listing, and the function that leaves them out.
   std::function<bool()> mayLeaveOut;
   std::function<void(const QStringList&)> leaveOut;
 };
@@ -43,11 +43,11 @@ class WordLines : public QWidget {
 
   void SetHost(WordLinesHost host) { host_ = std::move(host); }
 
-  // Shows the words of a listing, of which none may be there. The words that were chosen stay so,
-  // as far as they are in it.
+  // Shows the words of a listing, or nothing for null. Chosen words stay chosen if the listing has
+  // them.
   void Show(std::shared_ptr<const Listing> listing);
 
-  // Lets go of the listing, so that a run has its memory.
+  // Releases the listing, so that a run can use its memory.
   void Release();
 
   [[nodiscard]] DocumentPane& Document() const;
@@ -55,7 +55,7 @@ class WordLines : public QWidget {
   // Goes to the next or previous place of the chosen words in the document.
   void GoToPlace(bool forward);
 
-  // The widths of its parts, and back.
+  // Saves and restores the widths of its parts.
   [[nodiscard]] QByteArray State() const;
   void Restore(const QByteArray& state);
 
@@ -102,11 +102,11 @@ class WordLines : public QWidget {
   WordsModel* words_ = nullptr;
   LinesModel* lines_ = nullptr;
   std::shared_ptr<const Listing> listing_;
-  std::set<QString> wanted_;  // the words that were chosen in the last listing
-  bool isStale_ = false;      // the listing is not shown yet
-  Lines all_;                 // of the chosen words, in the order of their places
-  std::int32_t shown_ = 0;    // the place that is marked, as the table of words has it
-  LatestWork work_;           // that makes the lines
+  std::set<QString> wanted_;  // the chosen words of the last listing
+  bool isStale_ = false;      // the table of words does not show the listing yet
+  Lines all_;                 // lines of the chosen words, in the order of their places
+  std::int32_t shown_ = 0;    // the marked position, 1-based
+  LatestWork work_;           // makes the lines
 };
 
 }  // namespace quorvel

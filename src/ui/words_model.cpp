@@ -44,7 +44,7 @@ void WordsModel::Arrange() {
     });
   }
   if (sortedBy_ < 0) return;
-  // The table is alphabetical, and what is equal stands so.
+  // Entry numbers are in alphabetical order, and equal counts keep this order.
   std::ranges::sort(entries_);
   const bool isAscending = sortOrder_ == Qt::AscendingOrder;
   if (sortedBy_ == WORD) {
@@ -94,7 +94,7 @@ int WordsModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : COLUMNS;
 }
 
-// What the strip shows, for a screen reader.
+// Describes the strip for screen readers.
 QString WordsModel::SpokenPlaces(const WordEntry& word) const {
   const std::size_t length = listing_->Source().documentText.size();
   constexpr int PERCENT = 100;

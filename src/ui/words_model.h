@@ -1,4 +1,4 @@
-// The words of a listing as a table: the word, how often it occurs, and where in the document.
+// The model of the table of words: the word, how often it occurs, and where in the document.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -19,17 +19,18 @@ class WordsModel : public QAbstractTableModel {
 
   using QAbstractTableModel::QAbstractTableModel;
 
-  // Shows the words of a listing, of which none may be there, in the order of the listing.
+  // Shows the words of a listing in its order, or nothing for null.
   void Show(std::shared_ptr<const Listing> listing);
 
-  // Shows those alone that fit a pattern; all for an empty text or one that is no pattern.
+  // Shows only the words that match a pattern. Shows all words if `typed` has no wildcard.
   void Narrow(const QString& typed);
 
-  // The numbers of the words that are what is typed, or of the first that begins so.
+  // The entries whose word equals the typed text, or else the first entry that begins with it. Case
+  // and accents are ignored.
   [[nodiscard]] std::vector<std::int32_t> Find(const QString& typed) const;
 
-  // The number of a row's word in the table of words, and the rows, in ascending order, that show
-  // some numbers.
+  // EntryAt returns the 0-based number, in the word table, of the word in a row. RowsOf returns the
+  // rows of such entries, ascending.
   [[nodiscard]] std::int32_t EntryAt(int row) const {
     return entries_[static_cast<std::size_t>(row)];
   }
@@ -37,7 +38,7 @@ class WordsModel : public QAbstractTableModel {
 
   [[nodiscard]] const WordEntry& WordAt(int row) const;
 
-  // How many places the word has in each of so many parts of the document.
+  // How often the word occurs in each of `columns` equal parts of the document.
   [[nodiscard]] std::vector<std::int32_t> StripAt(int row, int columns) const;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -54,12 +55,12 @@ class WordsModel : public QAbstractTableModel {
 
   std::shared_ptr<const Listing> listing_;
   QString pattern_;
-  int sortedBy_ = -1;  // a column; else the order of the listing
+  int sortedBy_ = -1;  // a column, or -1 for the order of the listing
   Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
   std::vector<std::int32_t> entries_;
 };
 
-// Draws the strip of a word into its cell.
+// Draws the strip of a word in its cell.
 class StripDelegate : public QStyledItemDelegate {
   Q_OBJECT
 

@@ -64,7 +64,7 @@ class [[nodiscard]] Result {
   [[nodiscard]] const Value* operator->() const { return std::get_if<Value>(&held_); }
 
   // The fault. Must not be called on a value.
-  [[nodiscard]] const Fault& Why() const { return *std::get_if<Fault>(&held_); }
+  [[nodiscard]] const Fault& Error() const { return *std::get_if<Fault>(&held_); }
 
  private:
   std::variant<Value, Fault> held_;

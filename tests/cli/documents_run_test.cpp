@@ -10,12 +10,12 @@
 namespace quorvel {
 namespace {
 
-// A text with the paths and line ends of this system, as it is elsewhere.
+// Replaces the separators and line ends of this system by "/" and LF.
 std::string AsElsewhere(const std::string& text) {
   return ON_WINDOWS ? naive::Replace(naive::Replace(text, "\\", "/"), "\r", "") : text;
 }
 
-// A desk with documents in folders, one of them too short to be read.
+// A folder with documents in subfolders. One of them is too short to be read.
 void FillDesk(const TestFolder& desk) {
   std::filesystem::create_directories(desk.Path("sub/html/empty"));
   (void)desk.Write("a.txt", "The old ship.\r\n");
@@ -32,7 +32,7 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
   const std::string usage = "\nSee quorvel-cli --help for the options.\n";
   const std::string oneFile =
       ": the listings of several documents cannot be written to one file; use --format tsv" + usage;
-  // The arguments, the status, what is said behind the program's name, the files that are new.
+  // The arguments, the exit status, the messages without the program's name, the new files.
   const std::tuple<std::string, int, std::string, std::string> rows[] = {
       {"a.txt b.txt ./a.txt sub/../b.txt", 0, "", "a.qvl.conc.txt b.qvl.conc.txt "},
       {"sub/a.txt none.txt b.txt --language none", 1, "File none.txt not found.\n",
@@ -67,7 +67,7 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
   }
 }
 
-// However many are worked on at once, and though the first takes longest.
+// For any number of documents at a time, and although the first takes longest.
 TEST(DocumentsRun, GivesAllInTheirOrder) {
   const TestFolder desk;
   std::string table = "file\tword\tkey\tcount\n";
@@ -100,7 +100,8 @@ TEST(DocumentsRun, MakesOneTable) {
   FillDesk(desk);
   (void)desk.Write("x \"y\".txt", "The sea.\r\n");
   for (const auto& [arguments, table] : rows) {
-    if (ON_WINDOWS && arguments.find('"') != std::string::npos) continue;  // no name holds it there
+    // No file name contains it there.
+    if (ON_WINDOWS && arguments.find('"') != std::string::npos) continue;
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -o -"), 0);
     EXPECT_EQ(AsElsewhere(desk.Read("out")), table);
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -o all.rows"), 0);

@@ -1,5 +1,5 @@
-// A run replaces no file that it reads and no other file that it writes, whatever name is given for
-// an output and whatever stands there: each way to write one.
+// A run never replaces a file that it reads or another file that it writes, whatever name an output
+// has and whatever exists there. Tests each way to write an output.
 
 #include <gtest/gtest.h>
 
@@ -10,12 +10,12 @@
 
 namespace quorvel {
 namespace {
-// A way to write an output, "@" in the arguments of the program.
+// A way to write an output. "@" in the arguments stands for its name.
 struct Way {
   std::string arguments;
   std::string output;
   std::string beside = {};  // another output of the run
-  std::string name = {};    // of the output, where no other can be given
+  std::string name = {};    // of the output, if the user cannot choose it
 };
 
 const Way WAYS[] = {{"-s s.lvz -o @", "concordance"},
@@ -34,7 +34,7 @@ std::string CannotBe(const std::string& output, const std::string& replaced) {
          " file.\n";
 }
 
-// A document with its word files and settings that name all that can be named.
+// A document with its word files, and settings with all files that they can name.
 struct Desktop {
   Desktop() {
     (void)folder.Write("a.txt", "the cat and the dog\r\n");
@@ -48,7 +48,7 @@ struct Desktop {
     return RunProgram(folder, QUORVEL_CLI, "-q --answer yes " + arguments, "timeout 60");
   }
 
-  // The output must be refused under this name, which then goes, and all be left as it is.
+  // The output must be refused under this name, and no file may change. Then removes the name.
   void ExpectRefused(const Way& way, const std::string& name, const std::string& message) const {
     SCOPED_TRACE(way.arguments + " " + name);
     const auto before = folder.Files();
@@ -78,7 +78,7 @@ TEST(KeptFiles, AreReplacedByNoOutputUnderAnyName) {
       at.ExpectRefused(way, name, CannotBe(way.output, what));
       if (way.name.empty()) at.ExpectRefused(way, file, CannotBe(way.output, what));
     }
-    // Where neither is there yet, the system cannot tell that they are one.
+    // If neither exists yet, the system cannot tell that they are the same file.
     if (way.beside.empty()) continue;
     fs::create_symlink(way.beside, at.folder.Path(name));
     at.ExpectRefused(way, name, CannotBe("index", "concordance"));

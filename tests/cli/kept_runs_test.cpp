@@ -1,4 +1,4 @@
-// The runs that tests/data/runs/ keeps leave behind what is kept with them, byte for byte.
+// The runs in tests/data/runs/ write exactly the bytes that are kept beside them.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 const std::filesystem::path RUNS = QUORVEL_TEST_DATA "/runs";
 
-// A file that a run writes, its name among what is kept, and what stands there before the date.
+// A file that a run writes, its name among the kept files, and the text before the date in it.
 struct WrittenFile {
   std::string name;
   const char* kept;
@@ -37,7 +37,7 @@ std::string BytesOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// The bytes with "<date>" for the date behind the first `mark`.
+// Replaces the date after the first `mark` by "<date>".
 std::string WithoutDate(std::string bytes, std::string_view mark) {
   const std::regex date(R"(\d{4}-\d\d-\d\d \d\d:\d\d)");
   const std::size_t marked = bytes.find(mark);
@@ -72,13 +72,13 @@ TEST_P(KeptRun, LeavesWhatIsKeptWithIt) {
   for (const auto& file : found) ADD_FAILURE() << file.first << " should not be there";
 }
 
-// Whether Unicode has no other letters than Windows-1252 in these bytes.
+// True if these bytes have the same letters in Unicode as in Windows-1252.
 bool HasLettersOfBoth(std::string_view bytes) {
   return bytes.find_first_of("\x83\x8E\x9E\xAA\xB5\xBA") == std::string_view::npos;
 }
 
-// Whether a text or page says the same as Windows-1252 and, transcoded, as Unicode: there more
-// entities are known, and an LF ends a line.
+// True if a document has the same text as Windows-1252 and, converted to UTF-8, as Unicode. The
+// Unicode reading knows more entities, and LF ends a line there.
 bool ReadsAlike(const std::filesystem::path& path) {
   const std::string bytes = BytesOf(path);
   if (bytes.starts_with("PK")) return false;
@@ -88,8 +88,8 @@ bool ReadsAlike(const std::filesystem::path& path) {
          naive::Replace(bytes, "\r\n", "").find('\n') == std::string::npos;
 }
 
-// What a run leaves whose input comes as UTF-8 and is read as Unicode; nothing where that says
-// something else.
+// The files of a run whose input is converted to UTF-8 and read as Unicode. Nothing if the text
+// would differ.
 void ExpectSameInUnicode(const std::filesystem::path& kept, int& compared) {
   const TestFolder folder;
   std::filesystem::copy(kept, folder.Path("."));
@@ -103,7 +103,7 @@ void ExpectSameInUnicode(const std::filesystem::path& kept, int& compared) {
       RunProgram(folder, QUORVEL_CLI, "--settings case.lvz --encoding unicode --answer yes");
   EXPECT_EQ(std::to_string(status) + "\n", BytesOf(kept / "expected/status")) << folder.Read("err");
   if (!exists(kept / "expected/output")) return;
-  // The digest before the date is another one.
+  // The digest before the date differs.
   const auto listing = [](const std::string& bytes) {
     return bytes.substr(std::min(bytes.find("<date>"), bytes.size()));
   };

@@ -1,6 +1,6 @@
-// What the user, or the system, has left the program little of: room for temporary files, a stack,
-// descriptors, threads, addresses. The built program does what it was asked for or says what
-// stands in its way. Not for Windows, where a shell sets no limits.
+// Runs the built program with limits on temporary files, stack, descriptors, threads or address
+// space. It must complete the run or say why it cannot. Not for Windows, where a shell cannot set
+// limits.
 
 #include "faults/desk.h"
 #include "support/platform.h"
@@ -11,8 +11,8 @@ namespace {
 
 constexpr int KINDS = std::size(SCENARIOS);
 
-// Runs each scenario behind each of what is to stand before the program. Each must end well, or
-// with a message and with all files as they were. Gives how many ended well.
+// Runs each scenario after each of the given shell commands. Each run must succeed, or print a
+// message and leave all files unchanged. Returns how many succeeded.
 int RunAll(const std::vector<std::string>& befores) {
   Desk desk("");
   int ended = 0;
@@ -55,7 +55,7 @@ TEST(Limits, OfTheFolderForTemporaryFilesAreTold) {
 
 TEST(Limits, OfDescriptorsAreTold) {
   if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer wants descriptors of its own";
-  // What the tests were started with may have left some open.
+  // The parent process may have left some descriptors open.
   const std::string alone = "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; exec prlimit --nofile=";
   EXPECT_GE(RunAll({alone + "4", alone + "5", alone + "8"}), 2 * KINDS);
 }
@@ -68,13 +68,13 @@ TEST(Limits, OfAddressesAreTold) {
   for (int kilobytes = 8000; kilobytes < 40000; kilobytes += 4000) {
     const std::string before = "ulimit -v " + std::to_string(kilobytes) + "; exec";
     const int status = desk.Run("", before).status;
-    // Below, the libraries have no room, and main is never called.
+    // With less, the libraries cannot be loaded, and main is never called.
     if (status == 0 || status == 1) befores.push_back(before);
   }
   EXPECT_GT(RunAll(befores), KINDS);
 }
 
-// Root may start as many threads as it likes, so it becomes another user.
+// The limit of threads does not apply to root, so root becomes another user.
 TEST(Limits, OfThreadsAreNoMatter) {
   if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer starts processes of its own";
   const bool isRoot = ::geteuid() == 0;
@@ -87,11 +87,11 @@ TEST(Limits, OfThreadsAreNoMatter) {
   EXPECT_EQ(RunAll({"chmod a+rwx . tmp *; " + limited}), KINDS);
 }
 
-// Under a limit of memory that no such file fits into.
+// With less memory than such a file needs.
 TEST(Limits, OfMemoryAreNoMatterToAnIndexThatIsNone) {
   if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
   const std::pair<std::uintmax_t, const char*> rows[] = {
-      {10U << 30U, ""},  // longer than any file that is read
+      {10U << 30U, ""},  // longer than the largest input
       {1900U << 20U, ""},
       {1900U << 20U, "BD98C7E98FF936A8D5A9616930B0FAD0\r\n2026-11-22 10:00\r\n"},
       {100, ""}};

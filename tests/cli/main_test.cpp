@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-// What it said on standard error, with the line ends of a text in memory.
+// The text on standard error, with LF line ends.
 std::string Said(const TestFolder& folder) { return naive::Replace(folder.Read("err"), "\r", ""); }
 
 TEST(CommandLine, AnswersWithItsStatusAndMessages) {
@@ -102,7 +102,7 @@ TEST(CommandLine, ListsWhatIsAskedFor) {
       {"-o o", "\r\n\r\ncaf\xE9 2\r\n\r\n"},
       {"-o o --output-encoding utf-8", "\r\n\r\ncaf\u00e9 2\r\n\r\n"}};
   const TestFolder folder;
-  // "café" with an accent in UTF-8, and a dash that shows it.
+  // "café" with an accent in UTF-8, and a dash that shows that it is UTF-8.
   const std::string name = "u \u00e9.txt";
   (void)folder.Write(name, "caf\u00e9 \u2014 caf\u00e9\r\n");
   for (const auto& [arguments, words] : rows) {

@@ -1,4 +1,4 @@
-// What each option does to the settings, as --save-settings writes them; and wrong usage.
+// How each option changes the settings, which --save-settings writes; and wrong usage.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 namespace quorvel {
 namespace {
 
-// The numbered lines of a settings file that are not those of `base`.
+// The numbered lines of a settings file that differ from `base`.
 std::string Changes(const std::string& settings, const std::string& base) {
   std::istringstream lines(naive::Replace(settings, "\r", ""));
   std::istringstream baseLines(naive::Replace(base, "\r", ""));
@@ -36,7 +36,7 @@ constexpr const char* DEFAULTS =
     "\"a.txt\"\r\n\"\"\r\n\"\"\r\n\"a.qvl.conc.txt\"\r\n1\r\n0\r\n\"\"\r\n0\r\n0\r\n0\r\n1\r\n0\r\n"
     "0\r\n0\r\n1\r\n0\r\n0\r\n5\r\n\"\"\r\n\"\"\r\n0\r\n0\r\n";
 
-// Each as it stands alone, and what takes it back.
+// Each option alone, and the option that reverses it.
 TEST(Options, ChangeTheSettings) {
   const TestFolder folder;
   for (const char* name : {"a.txt", "k", "w", "r"}) (void)folder.Write(name, "the cat\r\n");

@@ -1,4 +1,4 @@
-// What a signal does to the built program whose standard output nobody reads.
+// Signals to the built program while nobody reads its standard output.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ bool Within(int milliseconds, const std::function<bool()>& holds) {
   return milliseconds > 0;
 }
 
-// Whether the process would still handle an interrupt of its own.
+// True if the process handles an interrupt itself.
 bool CatchesInterrupts(pid_t process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/status");
   std::string word;
@@ -34,9 +34,8 @@ bool CatchesInterrupts(pid_t process) {
   return (caught >> (SIGINT - 1) & 1U) != 0;
 }
 
-// Sends these to a run that has filled the pipe behind its standard output and waits for its
-// reader. Gives its exit status, or minus the signal that ended it; what it writes is read when it
-// goes on.
+// Sends signals to a run that waits because the pipe of its standard output is full. Returns its
+// exit status, or minus the signal that ended it. If the run continues, its output is read.
 int EndBy(const std::vector<int>& signals, bool ignoresHangUp = false,
           const std::string& arguments = "a.txt") {
   const TestFolder folder;
@@ -50,7 +49,7 @@ int EndBy(const std::vector<int>& signals, bool ignoresHangUp = false,
   if (child == 0) {
     std::signal(SIGHUP, ignoresHangUp ? SIG_IGN : SIG_DFL);
     std::signal(SIGINT, SIG_DFL);
-    ::alarm(60);  // seconds, after which it hangs
+    ::alarm(60);  // seconds; a longer run hangs
     ::dup2(ends[1], STDOUT_FILENO);
     ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
     ::_exit(127);
@@ -63,12 +62,12 @@ int EndBy(const std::vector<int>& signals, bool ignoresHangUp = false,
   }));
   for (const int signal : signals) {
     ::kill(child, signal);
-    // The next one would not be heard before this one was.
+    // Wait until this signal is handled before sending the next.
     if (signals.size() > 1) (void)Within(10000, [&] { return !CatchesInterrupts(child); });
   }
   int status = 0;
   const auto ended = [&] { return ::waitpid(child, &status, WNOHANG) == child; };
-  // It would end within a second; the time is for a machine with much to do.
+  // It usually ends within a second; the limit is for a busy machine.
   if (Within(ignoresHangUp ? 300 : 10000, ended)) {
     ::close(ends[0]);
     return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);

@@ -1,5 +1,4 @@
-// What each of the two readings makes of texts that Windows-1252 does not hold, or not as they
-// come.
+// Both readings of texts with characters outside Windows-1252, or in other encodings.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +17,7 @@ std::string DocxOf(const std::string& body) {
                           body + "</w:p></w:body></w:document>"}});
 }
 
-// The words of an input, each with a blank behind it; what was said where there are none.
+// The words of an input, each followed by a blank, or the message if there are none.
 std::string WordsOf(const TestFolder& folder, const std::string& input,
                     const std::string& encoding) {
   const int status =

@@ -1,4 +1,4 @@
-// Names of files that would act on a terminal: the built program shows them, and never as they are.
+// File names that contain control characters of a terminal. The built program must escape them.
 
 #include <gtest/gtest.h>
 
@@ -8,14 +8,14 @@
 
 namespace quorvel {
 
-// A line feed, a control sequence, one by a control of Latin 1, a byte that is no UTF-8; and a
-// character that is to stay.
+// A line feed, a control sequence, a control character of Latin 1, a byte that is not UTF-8, and a
+// character that must be shown unchanged.
 constexpr const char* NAME = "e\nv\x1b[31m\xc2\x9b\xff\x7f\xc3\xa9.txt";
 constexpr const char* SHOWN = "e\\nv\\x1b[31m\\xc2\\x9b\\xff\\x7f\xc3\xa9.txt";
 
 TEST(ShownNames, HoldNoControlCharacter) {
   SKIP_ON_WINDOWS("no name holds such characters");
-  // The arguments, with "@" for the name; the status; what is said.
+  // The arguments, with "@" for the name; the exit status; the message.
   const std::tuple<std::string, int, const char*> rows[] = {
       {"'@'", 1, "File @ not found.\n"},
       {"a.txt -k '@'", 1, "a.txt: Keywords file not found: @\n"},

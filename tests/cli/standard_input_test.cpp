@@ -1,4 +1,4 @@
-// A document that comes by standard input, to the built program.
+// The built program reads a document from standard input.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,8 @@
 namespace quorvel {
 namespace {
 
-// What the program says and then what it lists of standard input, which a shell gives it.
+// The messages of the program and then its listing of standard input, which a shell command
+// provides.
 std::string ListedOf(const TestFolder& desk, const std::string& arguments, int status) {
   const std::string line = "timeout 60 '" QUORVEL_CLI "' -c 0 --format " + arguments;
   EXPECT_EQ(RunProgram(desk, "sh", "-c \"" + line + "\""), status) << arguments;
@@ -25,7 +26,7 @@ TEST(StandardInput, IsListedToStandardOutput) {
   const std::tuple<std::string, int, std::string> rows[] = {
       {"text - < a.txt | head -n 1", 0, "Input file: standard input\n"},
       {"tsv - < a.txt", 0, table + "dog\tdog\t1\n"},
-      // It may come in pieces, and slowly.
+      // The input may arrive in pieces, and slowly.
       {"tsv - -e '?a?' < pipe & (cat a.txt; sleep 0.3; echo day) > pipe; wait", 0,
        table + "day\tday\t1\n"},
       {"tsv -s s.lvz - < a.txt", 0, table + "dog\tdog\t1\n"},
@@ -50,12 +51,12 @@ TEST(StandardInput, IsListedToStandardOutput) {
   }
 }
 
-// Each question has its default answer, at a terminal too, where Ctrl-D ends the document.
+// Every question gets its default answer, also at a terminal, where Ctrl-D ends the document.
 TEST(StandardInput, IsNoPlaceForAnswers) {
   const TestFolder desk;
   (void)desk.Write("u", "caf\u00e9 \u2014 caf\u00e9\r\nyes\r\n");
   EXPECT_TRUE(ListedOf(desk, "tsv - --encoding ansi < u", 0).ends_with("caf\u00c3\tcafa\t2\n"));
-  // A signal is heard while nothing comes.
+  // A signal ends the program while it waits for input.
   const std::string ended =
       "sleep 3 | '" QUORVEL_CLI "' - & run=\\$!; sleep 0.3; kill -TERM \\$run; wait \\$run";
   EXPECT_EQ(RunProgram(desk, "sh", "-c \"" + ended + "\""), 128 + SIGTERM);

@@ -15,15 +15,15 @@
 namespace quorvel {
 namespace {
 
-// What the terminal shows in a run, without carriage returns at line ends; each time that it asks,
-// the next of `keys` are typed. Behind it stands the exit status.
+// The output of a run at a terminal, without carriage returns at line ends, followed by the exit
+// status. At each question the next of `keys` are typed.
 std::string Transcript(const TestFolder& folder, const std::string& arguments,
                        std::vector<std::string> keys = {}) {
   int terminal = -1;
   const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
   if (child == 0) {
     std::signal(SIGINT, SIG_DFL);
-    ::alarm(60);  // seconds, after which it hangs
+    ::alarm(60);  // seconds; a longer run hangs
     const std::string line =
         "cd '" + folder.Path("") + "'; exec " QUORVEL_CLI " --language none " + arguments;
     ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
@@ -63,7 +63,7 @@ TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
       "quorvel-cli: u.txt: 3 characters are not in Windows-1252; --encoding unicode keeps them\n";
   const char* const listing = "a.qvl.conc.txt";
   const std::string ansi = "u.txt -c 0 --encoding ansi -q -o ";
-  // What is typed, what is shown; a file that is written, and how it ends.
+  // The typed keys, the output, the written file, and the end of that file.
   const std::tuple<std::string, std::vector<std::string>, std::string, const char*, const char*>
       rows[] = {
           {ansi + "1", {"\n"}, encoding + "\n" + lost + "0", "1", "caf\xC3 2\r\n\r\n"},
@@ -102,7 +102,7 @@ TEST(TerminalInterface, ShowsProgressUnlessItIsToBeQuiet) {
   EXPECT_EQ(Transcript(folder, "a.txt 2>err") + folder.Read("err"), "0");
 }
 
-// The whole line stands in a place of its own: there is no memory for another.
+// The message is composed in a static buffer, because there is no memory for another.
 TEST(TerminalInterface, SaysThatThereIsNoMemory) {
   if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "a sanitizer gives memory of its own";
   const TestFolder folder;

@@ -10,7 +10,7 @@ namespace quorvel {
 TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
   const std::string german = "der Hund und die Katze sind nicht hier the\r\n";
   const std::string unknown = "zz yy the xqwv\r\n";
-  // The options, the text, the words listed; what is said in the end.
+  // The options, the text, the listed words, and the last message.
   const std::tuple<std::string, std::string, std::string, std::string> rows[] = {
       {"", german, "Hund 1\nKatze 1\nthe 1\n", ""},
       {"--language de", german, "Hund 1\nKatze 1\nthe 1\n", "stwds_de.txt\n"},
@@ -33,7 +33,8 @@ TEST(CommandLineWordLists, AreThoseOfTheLanguageOrTheFile) {
   }
 }
 
-// Whichever the input is that the settings come to, but for a file of their name.
+// Saved settings choose the list by the language of the input, unless a file with the name in the
+// settings exists.
 TEST(CommandLineWordLists, AreThoseOfTheInputsLanguageInSavedSettings) {
   const TestFolder folder;
   (void)folder.Write("en.txt", "the cat and the dog\r\n");
@@ -47,7 +48,7 @@ TEST(CommandLineWordLists, AreThoseOfTheInputsLanguageInSavedSettings) {
   EXPECT_TRUE(folder.Read("out").ends_with("\n\nder 1\ndie 1\nKatze 1\nund 1\n\n"));
 }
 
-// One of the lists that tell the languages cannot be read.
+// One of the lists for recognising languages cannot be read.
 TEST(CommandLineWordLists, AreEnglishWhereTheLanguageIsUnknown) {
   SKIP_ON_WINDOWS("links are for administrators");
   const TestFolder folder;

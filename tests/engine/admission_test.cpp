@@ -13,7 +13,7 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
   ConcordanceSettings settings;
   WordLists lists;
   lists.keywords = {{u"4th", u"the"}, ExtraKeywordList({ExtraKeywordOf(u"c*")}, latin)};
-  // Each change comes on top of those before it.
+  // Each change is made in addition to those before it.
   const std::pair<std::function<void()>, const char*> rows[] = {
       {[&] { settings.allowWordsWithNumerals = true; }, "4th co-op The the two "},
       {[&] { settings.ignoreInfrequentWords = true; }, "The the "},
@@ -22,7 +22,7 @@ TEST(Admission, ListsWhatSettingsAndListsAllow) {
       {[&] {
          lists.stopWords.words.assign({u"4th", u"the"});
        },
-       "4th The the two "},  // of no file
+       "4th The the two "},  // which are in no file
       {[&] { settings.stopWordsFile = "a file"; }, "The two "},
       {[&] { ConcealNumWords(lists.stopWords, true); }, "The "},
       {[&] { lists.extraStopWords = {u"the"}; }, ""},  // in any case

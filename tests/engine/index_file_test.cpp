@@ -43,7 +43,7 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
   EXPECT_EQ(HeadOfIndexFile("digest\r\ndate\r\n 2").date, "date");
 }
 
-// A "|" stands for a line end. What stands behind the entries that are announced is left alone.
+// "|" stands for a line end. Anything after the announced entries is ignored.
 TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
   const std::string word30(30, 'w');
   const std::pair<int, std::vector<std::string>> rows[] = {
@@ -56,18 +56,18 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
       {-1,
        {"2|2|2|the*0*1*0*07|the*0*1*0*08", "2|2|2|the*0*1*0*07|The*0*1*0*08",
         "2|2|2|zoo*0*1*0*07|the*0*1*0*08", "2|2|2|the*0*1*0*07"}},
-      // The numbers of the head.
+      // Numbers in the head.
       {-1,
        {"1000000|2|1|the*0*1*0*07", "2147483647|2|1|the*0*1*0*07", "99999999999|2|1|the*0*1*0*07",
         "-1|2|0|the*0*1*0*07", "|2|1|the*0*1*0*07", "1x|2|1|the*0*1*0*07", "1|0|1|the*0*1*0*",
         "1|-2|1|the*0*1*0*07", "1|11|1|the*0*1*0*00000000007", "1|2|-1|the*0*1*0*07",
         "1|2|2|the*0*1*0*07"}},
-      // Those of an entry.
+      // Numbers in an entry.
       {-1,
        {"1|2|1|the*2*1*0*07", "1|2|1|the*0*1*2*07", "1|2|1|the*-1*1*0*07", "1|2|1|the*0*1*-1*07",
         "1|2|1|the**1*0*07", "1|2|1|the*0*1*07", "1|2|1|the*0*0*0*", "1|2|1|the*0*1*0*070",
         "1|2|1|the*0*2*0*07", "1|2|1|the*0*1*0*0708"}},
-      // Its places and its word.
+      // The places and the word of an entry.
       {-1,
        {"1|2|1|the*0*3*0*043232", "1|2|1|the*0*3*0*325932", "1|2|1|the*0*3*0*003259",
         "1|10|1|the*0*1*0*2147483648", "1|2|1|*0*1*0*07", "1|2|1|w" + word30 + "*0*1*0*07"}}};

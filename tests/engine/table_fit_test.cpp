@@ -12,7 +12,7 @@ namespace quorvel {
 
 using Text = std::u16string;
 
-// One place of one word is changed, or the word: that fits only where a scan finds it so.
+// Changes one place of one word, or the word. The table must fit only if a scan finds the same.
 TEST(TableFit, IsWhatAScanWouldGive) {
   const std::vector<std::vector<Text>> alphabets = {
       {u"cats ", u"dog-", u"-", u"'s ", u"bed", u". ", u"été ", u"9"},
@@ -47,7 +47,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
   }
 }
 
-// Of a word that is not listed only the first and the last place are looked at.
+// For a word that is not listed, only the first and the last place are checked.
 TEST(TableFit, LooksForWhatAScanNeverGives) {
   const struct {
     const char* name;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr HashSeed SEED = {0x2545F4914F6CDD1D, 0xD6E8FEB86659FD93, 0xA0761D6478BD642F, 99};
 
-// Words with this beginning and end, told apart by four letters between them.
+// Words with this beginning and end, which differ in four letters between them.
 std::u16string WordsWith(std::u16string_view beginning, std::u16string_view end) {
   std::u16string text;
   for (int number = 0; number < 10000; ++number) {
@@ -21,7 +21,7 @@ std::u16string WordsWith(std::u16string_view beginning, std::u16string_view end)
   return text;
 }
 
-// A token is looked up by its length and both its ends, a long one by what is between them, too.
+// A token is looked up by its length, beginning and end, and a long one also by its middle.
 TEST(TokenCache, TellsTokensApartByAllTheirCharacters) {
   const std::tuple<const char*, std::u16string, std::size_t> rows[] = {
       {"long ones with equal ends", WordsWith(u"abcd", u"wxyz"), 10000},

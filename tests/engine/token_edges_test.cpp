@@ -17,7 +17,7 @@ TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
   for (int round = 0; round < 3000; ++round) {
     const Alphabet& alphabet = round % 2 == 0 ? latin : Alphabet::Unicode();
     const std::u16string whole = RandomText(characters[random() % 4], 150, random) + u"abc";
-    // The letters that follow in memory are none of the text.
+    // The letters after the text in memory do not belong to it.
     const auto text = std::u16string_view(whole).substr(0, whole.size() - 3);
     TokenEdges all(text, alphabet, TokenEdges::Which::all);
     TokenEdges beginnings(text, alphabet, TokenEdges::Which::beginnings);

@@ -14,7 +14,7 @@ namespace {
 
 using Text = std::u16string;
 
-// All that a table holds.
+// The whole contents of a table.
 std::string Describe(const ListedWords& words) {
   return std::to_string(words.counts.includedCount) + " words, " +
          std::to_string(words.counts.totalOccurrences) + " places" + IndexFileBytes(words, "", 0);
@@ -55,7 +55,7 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
   }
 }
 
-// Only what begins like a keyword is looked into: that must not change what is found.
+// A search examines only tokens that begin like a keyword. This must not change the result.
 TEST(Tokenizer, FindsForASearchWhatAScanOfAllFinds) {
   const std::vector<Text> parts = {u"-",    u" ",      u"cat",   u"Cats", u"KNOWN", u"unknown ",
                                    u"1990", u"s",      u"TV-s ", u"tvs",  u"É",     u"té ",

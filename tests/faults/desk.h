@@ -1,4 +1,4 @@
-// Runs of the built program in which something fails, and what is to be looked after then.
+// Runs of the built program in which something fails, and the checks afterwards.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,12 +13,12 @@
 #include "support/zip_builder.h"
 
 namespace quorvel {
-// A run of each kind.
+// One run of each kind.
 struct Scenario {
   const char* name;
   std::string arguments;                           // with "@" for the folder
   std::vector<std::string> written = {"out.txt"};  // the files that the run writes
-  bool oldExist = true;                            // such files are there already
+  bool oldExist = true;                            // these files already exist
 };
 
 inline const Scenario SCENARIOS[] = {
@@ -45,15 +45,15 @@ inline std::ostream& operator<<(std::ostream& out, const Ending& ending) {
   return out << "signal " << ending.signal << ", status " << ending.status << "\n" << ending.errors;
 }
 
-// The program, its data and its inputs in a folder that is watched.
+// The program, its data and its inputs in a watched folder.
 struct Desk {
   static constexpr const char* OLD = "old\r\n";
 
-  // Each run has the library, if any, loaded before the C library.
+  // The library, if any, is loaded before the C library in each run.
   explicit Desk(const char* library) : library_(library) {
     for (const char* name : {"bin", "tmp"}) fs::create_directory(folder.Path(name));
     fs::copy_file(QUORVEL_CLI, folder.Path("bin/quorvel-cli"));
-    // A run on all of the stop words takes its time and shows no more.
+    // A run with all stop words takes longer and tests nothing more.
     for (const auto& file : fs::directory_iterator(QUORVEL_DATA)) {
       if (file.path().extension() != ".txt") continue;
       std::string beginning(600, ' ');
@@ -80,13 +80,12 @@ struct Desk {
   }
 
   const TestFolder folder;
-  // What the library has noted of a run in which nothing fails, how that ended, and the files that
-  // it wrote.
+  // The operations of a run without faults, its exit status, and the files that it wrote.
   std::string log;
   Ending clean;
   std::map<std::string, std::string> whole;
 
-  // From now on it is about this one, which is run once with no fault.
+  // Selects a scenario, and runs it once without faults.
   void Begin(const Scenario& scenario) {
     RemoveWritten();
     scenario_ = scenario;
@@ -98,19 +97,20 @@ struct Desk {
     PutBack();
   }
 
-  // What the scenario's first argument names.
+  // The path of the scenario's first argument.
   [[nodiscard]] std::string Input() const {
     return scenario_.arguments.substr(2, scenario_.arguments.find(' ') - 2);
   }
 
-  // The bytes of the files that it writes, as they are now; none of one that is not there.
+  // The current bytes of the files that it writes. A missing file has none.
   [[nodiscard]] std::map<std::string, std::string> Written() const {
     std::map<std::string, std::string> files;
     for (const std::string& name : scenario_.written) files[name] = folder.Read(name);
     return files;
   }
 
-  // Runs the scenario; `fault` as for the library, `before` as a shell wants it before a program.
+  // Runs the scenario with `fault` for the library. `before` is put before the program in a shell
+  // command.
   [[nodiscard]] Ending Run(const std::string& fault, const std::string& before = "exec") const {
     return EndOf(Start(fault, before));
   }
@@ -126,8 +126,8 @@ struct Desk {
             beside_.Read("errors")};
   }
 
-  // What is wrong with the written files; empty when each is wholly old or new. `mustBeNew`
-  // when the run has said that all went well.
+  // Returns what is wrong with the written files, or an empty text if each is completely old or
+  // new. `mustBeNew` if the run reported success.
   [[nodiscard]] std::string FilesComplaint(bool mustBeNew) const {
     for (const auto& [name, bytes] : whole) {
       const bool exists = fs::exists(folder.Path(name));
@@ -146,14 +146,14 @@ struct Desk {
     return {};
   }
 
-  // The files that are too many, but for those that only a kill may leave.
+  // The files that should not exist. Some files may be left only after a kill.
   [[nodiscard]] std::string Litter(bool killed) const {
     std::string litter;
     for (const auto& file : fs::recursive_directory_iterator(folder.Path(""))) {
       const std::string path = file.path().string();
       const std::string name = path.substr(folder.Path("").size());
       if (before_.contains(path) || whole.contains(name)) continue;
-      // Of the text of a document nothing stays, whatever ends the program.
+      // The text of a document must never be left, however the program ends.
       const bool isEmpty = fs::is_directory(file) || fs::file_size(file) == 0;
       const bool ofAKill = (name.starts_with("tmp/QVL") && isEmpty) ||
                            (name.starts_with(".qvl") && name.ends_with(".tmp"));
@@ -162,7 +162,7 @@ struct Desk {
     return litter;
   }
 
-  // Makes all as it was before the run.
+  // Restores the folder as it was before the run.
   void PutBack() const {
     for (const auto& file : fs::directory_iterator(folder.Path("tmp"))) fs::remove_all(file);
     for (const auto& file : fs::directory_iterator(folder.Path(""))) {
@@ -191,7 +191,7 @@ struct Desk {
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child != 0) return child;
-    // The tests may run with these ignored, in the background or under nohup.
+    // These signals may be ignored if the tests run in the background or under nohup.
     for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
     ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
     ::setenv("QUORVEL_FAULT_BELOW", path.c_str(), 1);
@@ -201,7 +201,7 @@ struct Desk {
     (void)std::freopen("/dev/null", "r", stdin);
     (void)std::freopen("/dev/null", "w", stdout);
     (void)std::freopen(beside_.Path("errors").c_str(), "w", stderr);
-    ::alarm(60);  // seconds, after which it hangs
+    ::alarm(60);  // seconds; a longer run hangs
     ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
     ::_exit(127);
   }

@@ -1,5 +1,5 @@
-// A library that is loaded before the C library (LD_PRELOAD) and lets one file operation of the
-// program fail. It sees the operations on paths below one folder, and numbers them from 1 on.
+// A library that is loaded before the C library (LD_PRELOAD) and makes one file operation of the
+// program fail. It numbers the operations on paths below one folder, starting at 1.
 //
 // QUORVEL_FAULT_BELOW  the folder
 // QUORVEL_FAULT_LOG    a file that gets a line for each operation: its name, a blank, the path
@@ -27,7 +27,7 @@
 
 namespace {
 
-// The C library's own function of that name.
+// The function of the C library with this name.
 template <typename Function>
 Function* Real(const char* name) {
   return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
@@ -39,12 +39,12 @@ struct Watch {
   long at = 0;
   char kind = ' ';
   int error = 0;
-  std::string renewed;  // the file that is written anew
+  std::string renewed;  // the file that is written at that moment
   bool stays = false;
   bool onlyRoom = false;
   bool onlyRemovals = false;
   long count = 0;
-  std::map<int, std::string> names;  // of the files that are open
+  std::map<int, std::string> names;  // of the open files
 
   Watch() {
     const char* fault = std::getenv("QUORVEL_FAULT");
@@ -66,14 +66,14 @@ struct Watch {
   }
 };
 
-// It is there until the last file is closed.
+// It exists until the last file is closed.
 Watch& TheWatch() {
   // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   static auto* watch = new Watch;
   return *watch;
 }
 
-// As an editor does that saves into the file that is there.
+// Like an editor that overwrites the existing file.
 void WriteAnew(const std::string& path) {
   std::string bytes(1 << 20, '\0');
   auto* const open = Real<decltype(::open)>("open");
@@ -86,7 +86,7 @@ void WriteAnew(const std::string& path) {
 
 enum class Effect { none, fails, isShort };
 
-// Counts an operation on a path, if it is one that is watched, and tells what becomes of it.
+// Counts an operation on a watched path, and returns what happens to it.
 Effect EffectOn(const char* operation, const char* path, bool takesRoom = false) {
   Watch& watch = TheWatch();
   if (watch.below == nullptr || path == nullptr) return Effect::none;
@@ -113,7 +113,7 @@ const char* NameOf(int handle) { return TheWatch().names[handle].c_str(); }
 
 }  // namespace
 
-// Named as the C library has them.
+// These have the names of the C library.
 // NOLINTBEGIN(readability-identifier-naming)
 extern "C" {
 
@@ -147,7 +147,7 @@ int fsync(int handle) {
   return Fails("fsync", NameOf(handle), true) ? -1 : Real<decltype(::fsync)>("fsync")(handle);
 }
 
-// Whatever a close reports, the handle is gone.
+// The handle is closed even if close reports an error.
 int close(int handle) {
   const bool fails = Fails("close", NameOf(handle), true);
   const int error = errno;
@@ -222,7 +222,7 @@ size_t fread(void* into, size_t size, size_t count, FILE* file) {
   if (!Fails("fread", NameOf(::fileno(file)))) {
     return Real<decltype(::fread)>("fread")(into, size, count, file);
   }
-  file->_flags |= 0x20;  // the stream is to know of it
+  file->_flags |= 0x20;  // set the error flag of the stream
   return 0;
 }
 

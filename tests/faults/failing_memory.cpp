@@ -1,6 +1,6 @@
 // A library that is loaded before the C library (LD_PRELOAD) and lets the program run out of
-// memory. It numbers the requests for memory from the start of main on, those of the program, of
-// its libraries and of all threads, from 1 on.
+// memory. It numbers the requests for memory of the program, its libraries and all threads,
+// starting at 1 when main starts.
 //
 // QUORVEL_FAULT        the number of the request that fails; with "+" behind it, every later one
 //                      fails too
@@ -16,7 +16,7 @@
 #include <cstdlib>
 #include <cstring>
 
-// What gives memory in fact.
+// The functions that really allocate memory.
 // NOLINTBEGIN(readability-identifier-naming,bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t length);

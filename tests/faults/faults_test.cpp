@@ -1,7 +1,7 @@
-// No fault of the system loses a file: the built program runs with one file operation after the
-// other failing, by the library of failing_files.cpp, and is killed at each of them and between.
+// No fault of the system loses a file. The library of failing_files.cpp makes each file operation
+// of the built program fail in turn. The program is also killed at each of them and in between.
 //
-// With QUORVEL_ALL_FAULTS set each operation fails in every way that is listed; without, in one.
+// With QUORVEL_ALL_FAULTS set, each operation fails in every listed way, otherwise in one.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// In which ways an operation may fail; what has a "+" lasts.
+// How an operation can fail. With "+", later operations fail too.
 const std::map<std::string, std::vector<std::string>> FAULTS = {
     {"open", {"E13", "E5", "E24"}},
     {"create", {"E28", "E13", "E2"}},
@@ -37,10 +37,10 @@ const std::vector<std::string> LASTING = {"E5+", "E28+w", "K"};
 struct Operation {
   std::string name;
   std::string path;
-  std::string lastWrite;  // what was done last for the bytes of a file before it
+  std::string lastWrite;  // the last operation on the bytes of a file before it
 };
 
-// The operations of the scenario on its files.
+// The file operations of the scenario.
 std::vector<Operation> OperationsOf(const Desk& desk) {
   const std::set<std::string> others = {"close", "stat", "change"};  // the rights of an old file
   std::vector<Operation> operations;
@@ -53,17 +53,17 @@ std::vector<Operation> OperationsOf(const Desk& desk) {
   return operations;
 }
 
-// The ways in which the operation is to fail, the n-th of its run.
+// The ways in which the n-th operation of the run must fail.
 std::vector<std::string> KindsOf(const Operation& operation, std::size_t n) {
   std::vector<std::string> kinds = FAULTS.at(operation.name);
   kinds.insert(kinds.end(), LASTING.begin(), LASTING.end());
   if (AllFaults()) return kinds;
-  // There are many stop words beside the program, all read in the same way.
+  // All stop-words files are read in the same way, so one operation in four is enough.
   if (operation.path.find("/bin/") != std::string::npos && n % 4 != 0) return {};
   return {kinds[n % kinds.size()]};
 }
 
-// What is wrong after a run with such a fault in the operation.
+// Returns what is wrong after a run with this fault.
 std::string FaultComplaint(const Desk& desk, const Operation& operation, const std::string& kind,
                            const Ending& ending) {
   const bool killed = kind == "K";
@@ -80,7 +80,7 @@ std::string FaultComplaint(const Desk& desk, const Operation& operation, const s
   if (stuck && ending.errors.find("when attempting to delete ") == std::string::npos)
     complaint += "does not say what stays; ";
   complaint += desk.FilesComplaint(!killed && !failed && silent);
-  // What cannot be removed stays; the user is told.
+  // A file that cannot be removed stays, and the user is told.
   const bool stays = kind == "E5+" || (operation.name == "remove" && !silent);
   return complaint + (stays ? "" : desk.Litter(killed));
 }
@@ -107,7 +107,7 @@ TEST(Faults, LoseNothing) {
   std::cout << faults << " faults\n";
 }
 
-// What someone may make of an input while it is read: cut, emptied, of the same length, longer.
+// How an input may change while it is read: cut, emptied, same length, longer.
 std::vector<std::string> OtherVersions(const std::string& name, const std::string& bytes) {
   const std::string text = Repeated("The boat lay in the harbour, and a lamp was lit.\r\n", 30);
   std::string other = naive::Replace(bytes, "ship", "boat");
@@ -117,8 +117,8 @@ std::vector<std::string> OtherVersions(const std::string& name, const std::strin
   return {bytes.substr(0, bytes.size() / 2), "", other, bytes + bytes};
 }
 
-// The digests in a header and in an index file say which bytes the words are from: there must be
-// what a run writes that finds the one version or the other and is left alone, or the old.
+// The digests in a header and in an index file say which bytes the words are from. The outputs must
+// be those of an undisturbed run on either version of the input, or the old outputs.
 TEST(Faults, AnInputThatIsWrittenAnewWhileItIsReadIsListedUnderItsOwnDigestOrRefused) {
   Desk desk(QUORVEL_FAILING_FILES);
   for (const std::size_t place : {0, 1, 2, 3, 4}) {
@@ -150,8 +150,8 @@ TEST(Faults, AnInputThatIsWrittenAnewWhileItIsReadIsListedUnderItsOwnDigestOrRef
   }
 }
 
-// What a run takes at least, in microseconds. Of several, as one may have to wait for the disk,
-// and then most moments within its time would be too late for the others.
+// The shortest time of several runs, in microseconds. One run may wait for the disk, and most
+// moments within its time would be too late for the others.
 unsigned QuickestTime(const Desk& desk) {
   auto quickest = std::chrono::microseconds(std::chrono::minutes(1));
   for (int i = 0; i < 3; ++i) {
@@ -164,8 +164,8 @@ unsigned QuickestTime(const Desk& desk) {
   return static_cast<unsigned>(quickest.count());
 }
 
-// A kill leaves no time to clear away; a request to end does. What Ctrl-C stops in the listing is
-// written as far as it came.
+// A killed program cannot clean up; a program that is asked to end can. If Ctrl-C stops a listing,
+// the part that is complete is written.
 TEST(Faults, AnEndAtAnyMomentLeavesTheOldOrTheNewFile) {
   const int ends = AllFaults() ? 100 : 10;
   std::mt19937 random(20261121);
@@ -189,7 +189,7 @@ TEST(Faults, AnEndAtAnyMomentLeavesTheOldOrTheNewFile) {
       }
       EXPECT_TRUE(ended > 0 || signal == SIGINT) << signal;
     }
-    // What the killed ones left is in nobody's way.
+    // The files that killed runs left must not disturb a later run.
     EXPECT_EQ(desk.Run("").status, 0);
     EXPECT_EQ(desk.FilesComplaint(true), "");
   }

@@ -1,8 +1,8 @@
-// No lack of memory loses a file or ends the program without a word: the built program runs with
-// one request for memory after the other failing, by the library of failing_memory.cpp; and so do
-// the steps of a session that a window keeps.
+// No lack of memory loses a file or ends the program without a message. The library of
+// failing_memory.cpp makes each request for memory of the built program fail in turn. The steps of
+// a session of the window are tested in the same way.
 //
-// With QUORVEL_ALL_FAULTS set every request fails; without, some of them.
+// With QUORVEL_ALL_FAULTS set, every request fails, otherwise some of them.
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@
 namespace quorvel {
 namespace {
 
-// Of the requests by "new", of all threads, as long as they are counted, that of one number fails,
-// or with `lasting` every one from there on. Number 0 is none.
+// While requests by "new" are counted, for all threads, the request with this number fails, and
+// with `lasting` every later one too. 0 means none.
 struct Requests {
   std::atomic<bool> counts = false;
   std::atomic<long> count = 0;
@@ -25,7 +25,7 @@ struct Requests {
   std::atomic<bool> lasting = false;
 };
 
-// "new" can reach nothing but a global.
+// A global, because "new" can access nothing else.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 constinit Requests requests;
 
@@ -36,7 +36,8 @@ constinit Requests requests;
   return failing != 0 && (number == failing || (requests.lasting && number > failing));
 }
 
-// Which requests fail, the reading of the options, which is the same in all runs, now and then.
+// Which requests fail. Those of reading the options are the same in all runs, so few of them are
+// tried.
 std::vector<long> RequestsToFail(long count, bool first) {
   constexpr long OF_OPTIONS = 1000;
   const long sampled = first ? 1 : std::min(count, OF_OPTIONS);
@@ -49,7 +50,8 @@ std::vector<long> RequestsToFail(long count, bool first) {
   return failing;
 }
 
-// What is wrong after a run in which memory was lacking. One that could do without has done all.
+// Returns what is wrong after a run that lacked memory. A run that reports success must have
+// written everything.
 std::string MemoryComplaint(const Desk& desk, const Ending& ending) {
   std::string complaint = ending.signal == 0 ? "" : "signal; ";
   const std::size_t last = ending.errors.rfind("quorvel-cli: ");
@@ -83,7 +85,7 @@ TEST(Faults, OfMemoryLoseNothing) {
   std::cout << faults << " requests for memory failed\n";
 }
 
-// A user whose own half, a window and its boxes, has memory; of it only the messages are kept.
+// A conversation that has memory itself, and keeps only the messages.
 class Window : public ScriptedConversation {
  public:
   void AppendOutput(std::string_view /*text*/) override {}
@@ -101,12 +103,12 @@ class Window : public ScriptedConversation {
   }
 };
 
-// A session with a document that has an index, as a window keeps it.
+// A session of the window, with a document that has an index.
 struct Sitting {
   Sitting() {
     const std::string text = Repeated("The ship lay in the harbour, and a lamp was lit.\r\n", 9);
     for (const char* name : {"a.txt", "b.txt"}) (void)folder.Write(name, text);
-    // An archive holds the time when it was made.
+    // An archive contains the time at which it was made.
     static const std::string document =
         ZipArchive({{"word/document.xml", "<w:p><w:t>" + text + "</w:t></w:p>"}});
     (void)folder.Write("d.docx", document);
@@ -125,7 +127,7 @@ struct Sitting {
     ui.questions.clear();
   }
 
-  // What is told of a file of the folder for want of memory.
+  // The messages about a file of the folder for lack of memory.
   [[nodiscard]] bool IsTold() const {
     return std::ranges::any_of(ui.questions, [this](const Message& message) {
       return message.text.starts_with("There is not enough memory for\r\n" + folder.Path(""));
@@ -138,12 +140,12 @@ struct Sitting {
   Session session{ui};
 };
 
-// The files of a sitting without what differs from one to the next: the time and the folder.
+// The files of a session without the time and the folder, which differ each time.
 std::map<std::string, std::string> Comparable(const Sitting& at) {
   std::map<std::string, std::string> files = at.folder.Files();
   for (auto& [name, bytes] : files) {
     bytes = naive::Replace(bytes, at.folder.Path(""), "@/");
-    // Behind the version in a listing; the second line of an index.
+    // In a listing the time follows the version; in an index it is the second line.
     const std::size_t time = bytes.find(name.ends_with(".ndx") ? "\r" : "): ") + 1;
     if (time > 0) bytes.erase(time, bytes.find('\r', time) - time);
   }
@@ -152,8 +154,8 @@ std::map<std::string, std::string> Comparable(const Sitting& at) {
 
 struct Step {
   const char* name;
-  const char* input;     // which the front end has put into the settings
-  bool (*go)(Sitting&);  // false where it was not done
+  const char* input;     // that the front end has set in the settings
+  bool (*go)(Sitting&);  // returns false if it was not done
 };
 
 const Step STEPS[] = {
@@ -183,8 +185,8 @@ struct StepEnd {
   std::map<std::string, std::string> files;
 };
 
-// What becomes of a step in which that request fails, of number 0 none. Where it is done all the
-// same, its files must be those of `whole`.
+// Runs a step in which the request with this number fails; 0 means none. If the step succeeds, its
+// files must be those of `whole`.
 StepEnd EndOf(const Step& step, long request, bool lasting, const StepEnd& whole) {
   Sitting at;
   at.session.Settings().inputFile = at.folder.Path(step.input);

@@ -1,12 +1,12 @@
-// Whoever writes a file anew, nobody gets a right to it that they did not have: files of several
-// owners, groups, modes and access lists, replaced by several users, with a system that refuses
-// this or that. With QUORVEL_ALL_FAULTS set one mode in five is tried; without, one in sixty.
+// Replacing a file gives nobody a right that they did not have. Files with several owners, groups,
+// modes and access lists are replaced by several users, while the system refuses some calls. With
+// QUORVEL_ALL_FAULTS set, one mode in five is tried, otherwise one in sixty.
 
 #include "faults/people.h"
 
 namespace quorvel {
 namespace {
-// Those who may have rights beside owners and writers; the second in the groups of all.
+// Users who may have rights beside owners and writers. The second is in all groups.
 const std::vector<Person> PEOPLE = {
     FIRST,
     LONER,
@@ -21,7 +21,7 @@ const std::vector<Person> PEOPLE = {
 
 using Rights = std::map<std::string, int>;
 
-// What the system allows each of the people with a file: reading is 4, writing 2, running it 1.
+// The rights of each user to a file: read 4, write 2, execute 1.
 Rights RightsTo(const std::string& path) {
   Rights rights;
   for (const Person& person : PEOPLE) {
@@ -41,23 +41,23 @@ struct Rewriting {
   std::string attributes;
 };
 
-// Nobody has got a right, and nobody has lost one unless the system has refused something.
+// Nobody gained a right, and nobody lost one unless the system refused a call.
 void CompareRights(const Rewriting& rewriting, const Rights& before, const std::string& path,
                    bool refused) {
   const bool isStillOwner = AttributesOf(path).starts_with(std::to_string(rewriting.owner.user));
   for (const auto& [name, rights] : RightsTo(path)) {
     if (name == rewriting.writer.name) continue;
     int had = before.at(name);
-    // Those in the writer's own group may lose what everybody has.
+    // Members of the writer's own group may lose the rights of everybody.
     const bool mayLose = refused || std::string(name) == "stranger's fellow";
     const int lost = mayLose ? 0 : had & ~before.at("nobody's") & ~rights;
-    // An owner can give himself what he likes.
+    // An owner can give himself any right.
     if (isStillOwner && name == rewriting.owner.name) had |= R_OK | W_OK;
     EXPECT_EQ((rights & ~had) | lost, 0) << name << " had " << had << ", has " << rights;
   }
 }
 
-// Writes a file anew, if the writer may, and gives whether it was.
+// Replaces a file if the writer is allowed to. Returns whether it was replaced.
 bool TryRewriting(const TestFolder& folder, const Rewriting& rewriting, bool refused) {
   const std::string path = folder.Write("a", "old");
   Give(path, rewriting.attributes);
@@ -84,8 +84,8 @@ bool TryRewriting(const TestFolder& folder, const Rewriting& rewriting, bool ref
   return may;
 }
 
-// Every owner, writer and list, with as many modes as are to be tried, until something is wrong.
-// Gives how many files were written anew.
+// Tries every owner, writer and list with some of the modes, until something is wrong. Returns how
+// many files were replaced.
 int TryRewritings(const TestFolder& folder, const Refusal& refusal) {
   const std::string lists[] = {
       "", "u::6 u:64004:6 u:64009:4 g::6 m::6 o::0",
@@ -93,7 +93,8 @@ int TryRewritings(const TestFolder& folder, const Refusal& refusal) {
   const int step = std::getenv("QUORVEL_ALL_FAULTS") != nullptr ? 5 : 61;
   int turn = 0;
   int files = 0;
-  // Thousands of files need not be on the disk: a system may know no such wait.
+  // Let fsync fail as on a system without it: thousands of files need not be synchronized to the
+  // disk.
   RefuseCall(SYS_fsync, EINVAL);
   if (refusal.call >= 0) RefuseCall(refusal.call, refusal.error);
   for (const std::string& list : lists) {

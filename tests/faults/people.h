@@ -1,7 +1,7 @@
-// Users and groups with rights to files, which need no names: only root can take their part.
+// Users and groups with rights to files. They need no names. Only root can act as them.
 //
 // The attributes of a file are written "64001:64101 660 u::6 u:64009:4 g::4 m::6 o::0": owner and
-// group, mode, and the entries of the access list, each whose, which and the rights.
+// group, mode, and the entries of the access list with kind, id and rights.
 #pragma once
 
 #include <fcntl.h>
@@ -27,7 +27,7 @@ struct Person {
   const char* name;
   uid_t user;
   gid_t group;
-  std::vector<gid_t> groups = {};  // and these
+  std::vector<gid_t> groups = {};  // the other groups
 };
 
 inline const Person ROOT = {"root", 0, 0};
@@ -36,7 +36,7 @@ inline const Person LONER = {"loner", 64002, 64002};
 inline const Person MEMBER = {"member", 64003, 64003, {STAFF}};
 inline const Person STRANGER = {"stranger", 64004, STRANGERS};
 
-// Takes a person's part; root's can be taken again.
+// Acts as a user. The process can become root again.
 inline void Become(const Person& person) {
   if (::setresuid(static_cast<uid_t>(-1), 0, 0) != 0 ||
       ::setgroups(person.groups.size(), person.groups.data()) != 0 ||
@@ -51,7 +51,7 @@ inline constexpr std::uint32_t NO_ID = 0xFFFFFFFF;
 inline const std::map<std::string, std::uint16_t> LIST_KINDS = {
     {"u::", 1}, {"u:", 2}, {"g::", 4}, {"g:", 8}, {"m::", 16}, {"o::", 32}};
 
-// A list in the bytes of the system.
+// An access list as the bytes of the system.
 inline std::string ListBytes(std::istream& words) {
   std::string bytes;
   for (std::string word; words >> word;) {
@@ -86,7 +86,7 @@ inline std::string AttributesOf(const std::string& path) {
   return text.str();
 }
 
-// With a list the group's bits of the mode are its mask.
+// If there is an access list, the group bits of the mode are its mask.
 inline void Give(const std::string& path, const std::string& attributes) {
   std::istringstream text(attributes);
   uid_t owner = 0;
@@ -102,7 +102,7 @@ inline void Give(const std::string& path, const std::string& attributes) {
   EXPECT_EQ(::chmod(path.c_str(), mode), 0);
 }
 
-// A folder into which everybody may write. With `handsDown` a file made in it gets a list.
+// A folder in which everybody may write. With `handsDown`, new files in it inherit an access list.
 class OpenFolder {
  public:
   explicit OpenFolder(bool handsDown) {
@@ -116,7 +116,7 @@ class OpenFolder {
 
   [[nodiscard]] const TestFolder& operator*() const { return folder_; }
 
-  // Why nothing can be tried in it; empty when all can.
+  // Why the tests cannot run in it, or empty if they can.
   [[nodiscard]] std::string Hindrance() const {
     if (::geteuid() != 0) return "only root can take the part of other users";
     if (!listsWork_) return "the folder for temporary files has no access lists";
@@ -141,7 +141,8 @@ struct Refusal {
   int error = 0;
 };
 
-// Replaces the file as the writer does; what is to be done before it takes the old one's place.
+// Replaces the file as the writer does. `meanwhile` is called just before the new file takes the
+// place of the old one.
 inline void ReplaceAs(const Person& writer, const std::string& path,
                       const std::function<void()>& meanwhile) {
   Become(writer);
@@ -149,7 +150,7 @@ inline void ReplaceAs(const Person& writer, const std::string& path,
   EXPECT_TRUE(file.Write("new"));
   meanwhile();
   Become(writer);
-  EXPECT_TRUE(file.Commit()) << file.Why()->reason;
+  EXPECT_TRUE(file.Commit()) << file.Error()->reason;
   Become(ROOT);
 }
 

@@ -13,7 +13,7 @@ struct Row {
   const char* old;
   Person writer;
   const char* expected;
-  long refused = -1;  // the call that the system refuses
+  long refused = -1;  // the number of the system call that is refused, or -1
   int error = ENOTSUP;
 };
 

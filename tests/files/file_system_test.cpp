@@ -9,7 +9,7 @@
 namespace quorvel {
 TEST(FileSystem, TellsWhatThereIs) {
   const TestFolder folder;
-  // Is it a file, an ordinary one, a folder? Its length, -1 for none.
+  // Whether it is a file, an ordinary file, a folder. Its length, or -1.
   const std::tuple<std::string, bool, bool, bool, std::int64_t> rows[] = {
       {folder.Write("a", "abc"), true, true, false, 3},
       {folder.Path(""), false, false, true, -1},
@@ -66,7 +66,7 @@ TEST(FileSystem, KnowsAFileByItsOtherNames) {
 }
 
 #ifdef __linux__
-// What is there is then told by opening it; two files of which nothing is known may be one.
+// Opening the file then shows what exists. Two files that cannot be examined may be the same.
 TEST(FileSystem, TakesAFileForThereWhereTheSystemWillNotSay) {
   const TestFolder folder;
   const std::string path = folder.Write("a", "");

@@ -12,7 +12,7 @@ std::string Temporary(int number) {
   return ".qvl" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
 }
 
-// Until then the old file is as it was, and the new one its writer's alone.
+// Until the commit the old file is unchanged, and only the writer can access the new one.
 TEST(OutputFile, ReplacesAFileWhenTheNewOneIsWhole) {
   const TestFolder folder;
   for (const bool commits : {false, true}) {
@@ -35,7 +35,7 @@ TEST(OutputFile, TriesOtherNamesUntilOneIsFree) {
   const TestFolder folder;
   for (int n = 0; n < 3; ++n) (void)folder.Write(Temporary(n), "another's");
   OutputFile file(folder.Path("a"), {});
-  EXPECT_TRUE(file.Write("new") && file.Commit()) << file.Why()->reason;
+  EXPECT_TRUE(file.Write("new") && file.Commit()) << file.Error()->reason;
   EXPECT_EQ(folder.Count(), 4);
   EXPECT_EQ(folder.Read(Temporary(2)), "another's");
   EXPECT_EQ(fs::status(folder.Path("a")).permissions(),
@@ -58,8 +58,8 @@ TEST(OutputFile, TellsWhatTheSystemRefuses) {
       RefuseCall(call, error);
       OutputFile file(path, {});
       EXPECT_EQ(file.Write("new") && file.Commit(), goesWell);
-      EXPECT_EQ(file.Why() ? file.Why()->reason : "", reason);
-      EXPECT_TRUE(!file.Why() || file.Why()->file == path);
+      EXPECT_EQ(file.Error() ? file.Error()->reason : "", reason);
+      EXPECT_TRUE(!file.Error() || file.Error()->file == path);
     });
     EXPECT_EQ(folder.Files(),
               (std::map<std::string, std::string>{{"a", goesWell ? "new" : "old"}}));
@@ -87,7 +87,7 @@ TEST(OutputFile, TellsWhyADeviceCannotBeOpened) {
   InChild([] {
     RefuseCall(SYS_openat, ENODEV);
     const OutputFile file("/dev/null", {});
-    EXPECT_EQ(file.Why()->reason, "No such device");
+    EXPECT_EQ(file.Error()->reason, "No such device");
   });
 }
 #endif
@@ -97,7 +97,7 @@ TEST(OutputFile, FollowsLinks) {
   const std::tuple<const char*, std::string, std::string, const char*> rows[] = {
       {"here", "old", "old", ""},
       {"sub/back", "../sub/../new", "new", ""},
-      {"folder/out", "../other/new", "other/new", ""},  // from where the folder is
+      {"folder/out", "../other/new", "other/new", ""},  // relative to the folder of the link
       {"loop", "loop", "", "Too many levels of symbolic links"},
       {"folder-to-be", "gone/", "", "No such file or directory"}};
   for (const auto& [link, target, place, reason] : rows) {
@@ -111,18 +111,18 @@ TEST(OutputFile, FollowsLinks) {
     if (!place.empty()) expected[place] = "new";
     OutputFile file(folder.Path(link), {});
     EXPECT_EQ(file.Write("new") && file.Commit(), !place.empty());
-    EXPECT_EQ(file.Why() ? file.Why()->reason : "", reason);
+    EXPECT_EQ(file.Error() ? file.Error()->reason : "", reason);
     EXPECT_EQ(folder.Files(), expected);
   }
 }
 
 TEST(OutputFile, WritesToNoFileOnlyWhereItMay) {
   OutputFile device(NULL_DEVICE, {});
-  EXPECT_TRUE(device.Write("x") && device.Commit()) << device.Why()->reason;
-  EXPECT_EQ(OutputFile(NULL_DEVICE, {}, Targets::ordinaryFiles).Why()->reason,
+  EXPECT_TRUE(device.Write("x") && device.Commit()) << device.Error()->reason;
+  EXPECT_EQ(OutputFile(NULL_DEVICE, {}, Targets::ordinaryFiles).Error()->reason,
             "Is a device or a pipe, not a file");
   const TestFolder folder;
-  EXPECT_EQ(OutputFile(folder.Path(""), {}).Why()->reason, "Is a directory");
+  EXPECT_EQ(OutputFile(folder.Path(""), {}).Error()->reason, "Is a directory");
 }
 
 TEST(OutputFile, NeverReplacesAFileToKeep) {
@@ -136,7 +136,7 @@ TEST(OutputFile, NeverReplacesAFileToKeep) {
   for (const auto& [name, what] : rows) {
     OutputFile file(folder.Path(name), kept);
     EXPECT_EQ(file.Write("new") && file.Commit(), *what == '\0') << name;
-    EXPECT_EQ(file.Why() ? file.Why()->reason : "", what) << name;
+    EXPECT_EQ(file.Error() ? file.Error()->reason : "", what) << name;
     EXPECT_EQ(folder.Read("a"), "old") << name;
   }
   EXPECT_FALSE(WouldReplace("", kept).has_value());

@@ -5,7 +5,7 @@
 namespace quorvel {
 
 TEST(PathNames, TellTheKindOfAFileAndThoseBesideIt) {
-  // The path, its extension, the stem of the files beside it; is it a page, a text?
+  // The path, its extension, the stem for the files beside it; whether it is a web page or a text.
   const std::tuple<const char*, const char*, std::string, bool, bool> rows[] = {
       {"", "", ".", false, false},
       {"a.TXT", "TXT", "a.", false, true},

@@ -21,7 +21,7 @@ TEST(ReadFile, GivesTheFirstBytes) {
 
 void ExpectFault(const std::string& path, FaultKind kind, const char* reason) {
   SilentProgress nobody;
-  for (const Fault& fault : {ReadFileBytes(path, 5).Why(), ReadInput(path, nobody).Why()}) {
+  for (const Fault& fault : {ReadFileBytes(path, 5).Error(), ReadInput(path, nobody).Error()}) {
     EXPECT_EQ(std::tie(fault.kind, fault.file), std::tie(kind, path));
     EXPECT_EQ(fault.reason, reason);
   }
@@ -49,7 +49,8 @@ TEST(ReadFile, SaysWhyItReadsNothing) {
 #endif
 }
 
-// Of more than 4 GB too the length is told. The longest that may be read is begun, and stopped.
+// The length is correct above 4 GB too. Reading the longest allowed file begins and is then
+// stopped.
 TEST(ReadInput, TakesFilesWhosePlacesFit) {
   const std::pair<std::uintmax_t, FaultKind> rows[] = {{2147483646, FaultKind::stopped},
                                                        {2147483647, FaultKind::tooLong},
@@ -60,7 +61,7 @@ TEST(ReadInput, TakesFilesWhosePlacesFit) {
     fs::resize_file(PathOfBytes(path), length);
     ScriptedConversation ui;
     ui.stopAtYield = 1;
-    EXPECT_EQ(ReadInput(path, ui).Why().kind, kind) << length;
+    EXPECT_EQ(ReadInput(path, ui).Error().kind, kind) << length;
     EXPECT_EQ(FileToRead(path).Length(), length);
     EXPECT_EQ(StampOf(path).length, length);
   }
@@ -83,10 +84,12 @@ TEST(FileToRead, ReadsNothingOfWhatIsNoFile) {
   EXPECT_EQ(FileToRead(folder.Path("")).Begin(5), "");
 }
 
-// It is as long as it was when it was opened, or what there is of it.
+// As many bytes are read as the file had when it was opened, or as were read at first. If it has
+// become shorter, the remaining bytes are read.
 TEST(FileToRead, ReadsAFileThatGrowsOrIsCut) {
   const std::string old = Repeated("0123456789", 500000);
-  // How much is begun with, the length of the file after it was opened, how much is read.
+  // How many bytes are read at first, the length of the file after it was opened, and how many
+  // bytes are read in all.
   const std::tuple<const char*, std::size_t, std::size_t, std::size_t> rows[] = {
       {"left alone", 10, 5000000, 5000000},
       {"grown", 0, 6000000, 5000000},

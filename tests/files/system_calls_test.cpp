@@ -13,7 +13,7 @@
 #include "support/test_folder.h"
 
 namespace quorvel {
-// A pipe takes and gives some of it at a time.
+// A pipe transfers a part at a time.
 TEST(SystemCalls, GoOnUntilAllIsReadOrWritten) {
   const std::string bytes = Repeated("0123456789", 50000);
   int ends[2] = {};
@@ -33,11 +33,11 @@ TEST(SystemCalls, GoOnUntilAllIsReadOrWritten) {
   EXPECT_FALSE(StatusOf(ends[0]).has_value());
 }
 
-// A pipe may have taken the place of a file since that was looked at.
+// A pipe may have replaced a file after it was examined.
 TEST(SystemCalls, WaitForNoPipe) {
   const TestFolder folder;
   ASSERT_EQ(::mkfifo(folder.Path("a").c_str(), 0600), 0);
-  ::alarm(20);  // ends the test that waits
+  ::alarm(20);  // seconds; ends a test that hangs
   const int pipe = OpenToRead(folder.Path("a"));
   ::alarm(0);
   const std::optional<OpenStatus> status = StatusOf(pipe);

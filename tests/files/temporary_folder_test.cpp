@@ -23,7 +23,7 @@ TEST(TemporaryFolder, TakesTheFirstFreeNumber) {
 }
 
 TEST(TemporaryFolder, TellsWhatCannotBeRemoved) {
-  // The file in the way, what stays below the folder.
+  // The file that is in the way, and what stays in the folder.
   const std::tuple<std::string, std::string, FaultKind> rows[] = {
       {"word/document.xml/x", "word/document.xml", FaultKind::fileNotRemoved},
       {"word/x", "word", FaultKind::folderNotRemoved},

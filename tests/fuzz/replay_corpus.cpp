@@ -1,5 +1,5 @@
-// Feeds a fuzz target with every file of the folders that are named: what once failed must not
-// fail again. The last name on the error output is that of the input at fault.
+// Runs a fuzz target on every file in the given folders, so that no old fault returns. The last
+// name on standard error is that of the failing input.
 
 #include "files/read_file.h"
 #include "fuzz_input.h"
@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
       quorvel::SilentProgress nobody;
       const auto input = quorvel::ReadInput(file.path().string(), nobody);
       quorvel::fuzz::Require(bool(input), "an input can be read");
-      // Bytes of their own, so that nothing before or behind them may be looked at.
+      // A separate copy, so that a sanitizer notices access before or after the bytes.
       const std::vector<std::uint8_t> bytes(input->View().begin(), input->View().end());
       quorvel::fuzz::LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
       ++inputs;

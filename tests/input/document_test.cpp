@@ -42,15 +42,15 @@ TEST(Document, IsReadAndMade) {
     ui.stopAtYield = row.stopAtYield;
     const ReadingOptions options = {Reading::windows1252, row.isUtf8, row.ignoreLists};
     const auto text = ReadInputFile(InputBytes(row.file, row.bytes), row.isUtf8, ui);
-    const auto document =
-        text ? MakeDocument({row.file, {}, {}}, options, *text, ui, 0) : DocumentResult(text.Why());
+    const auto document = text ? MakeDocument({row.file, {}, {}}, options, *text, ui, 0)
+                               : DocumentResult(text.Error());
     EXPECT_EQ(ui.output, row.phases);
     EXPECT_EQ(bool(document), !row.text.empty());
     if (document) {
       EXPECT_EQ((*document)->narrowText, row.text);
       EXPECT_EQ((*document)->options, options);
     } else {
-      EXPECT_EQ(document.Why().kind, row.fault);
+      EXPECT_EQ(document.Error().kind, row.fault);
     }
   }
 }

@@ -9,7 +9,7 @@
 namespace quorvel {
 
 TEST(DocxText, ReadsRuns) {
-  // With "[" for the start of a run and "]" for its end.
+  // "[" stands for the start of a run and "]" for its end.
   const char* rows[][3] = {
       {"a word in two runs", "<w:p>[Hel]</w:r><w:r>[lo]</w:p>", "Hello"},
       {"end of paragraph", "<w:p>[Hel]</w:p><w:p>[lo]</w:p>", "Hel lo"},
@@ -67,7 +67,7 @@ TEST(DocxText, GoesOnAfterAStopAndShowsHowFarItIs) {
   }
 }
 
-// As two programs wrote them, from the source that stands beside each.
+// Documents written by two programs, from the source beside each.
 TEST(DocxText, OfOtherProgramsIsRead) {
   for (const char* name : {"harbour_log", "market_day"}) {
     const std::string path = QUORVEL_TEST_DATA "/docx/" + std::string(name);

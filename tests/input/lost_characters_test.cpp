@@ -31,8 +31,8 @@ TEST(LostCharacters, AreThoseThatNoReadingKeeps) {
   }
 }
 
-// Each character for itself: what is not repaired is still UTF-8 behind the repair, or has left no
-// trace.
+// Each character alone. One that is not repaired is still UTF-8 after the repair, or has
+// disappeared.
 TEST(LostCharacters, AreThoseThatTheRepairLeaves) {
   for (std::uint32_t codePoint = 0x80; codePoint < 0x3000; ++codePoint) {
     const std::string original = EncodeUtf8(std::u16string(1, static_cast<char16_t>(codePoint)));

@@ -1,4 +1,4 @@
-// Reached by the repair of texts whose pairs of bytes form others when they are replaced.
+// Tests the repair with texts in which a replaced pair of bytes forms a new pair.
 
 #include "input/pair_repair.h"
 
@@ -11,21 +11,21 @@
 namespace quorvel {
 namespace {
 
-// Longer and longer runs, each of which is met when it has become a pair.
+// Longer and longer runs. Each is reached when it has become a pair.
 std::string Stairs(std::string_view lead, std::string_view next, int steps) {
   std::string text;
   for (int step = 1; step <= steps; ++step) text += Repeated(lead, step) + Repeated(next, step);
   return text;
 }
 
-// Of few different bytes, so that replacements form pairs again and again, and with some that are
-// met first again and again, so that the search goes on for long.
+// Texts of few different bytes, so that replacements form new pairs many times. Some pairs must be
+// searched for many times, so that the search is long.
 TEST(PairRepair, IsItsNaiveForm) {
   const std::vector<std::string> leads = {"\xC2", "\xC3", "\xC2\xC2", "\xC3\x83"};
   const std::vector<std::string> others = {"\xC2", "\xC2\xC2", "\xC3",     "\x80",
                                            "\x85", "\x83",     "\xA9",     "\x83\x83",
                                            "\xA3", "\xC2\x80", "\x80\x80", "x"};
-  // Pairs that the first walks replace, which are enough for most texts.
+  // Pairs that the first passes replace. These passes are enough for most texts.
   const std::string USUAL = "\xC2\xA1\xC2\xA2\xC2\xA3\xC3\x80\xC3\x81\xC3\x82";
   std::mt19937 random(1);
   std::vector<std::string> texts;

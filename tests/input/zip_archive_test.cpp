@@ -13,7 +13,7 @@ constexpr const char* NAME = "word/document.xml";
 constexpr const char* LOCAL_RECORD = "PK\x03\x04";
 constexpr std::size_t LIMIT = 1000;
 
-// The bytes of the entry, or what is wrong with it. Room for `room` bytes is where it goes.
+// Returns the bytes of the entry, which is unpacked into `room` bytes, or its fault.
 std::string Unpacked(const std::string& archive, std::size_t room = 2 * LIMIT) {
   std::string bytes;
   const auto write = [&](std::string_view block) {
@@ -21,13 +21,13 @@ std::string Unpacked(const std::string& archive, std::size_t room = 2 * LIMIT) {
     return bytes.size() <= room;
   };
   const auto entry = UnpackEntry(InputBytes("a.docx", archive), NAME, LIMIT, write);
-  if (!entry) return entry.Why().kind == FaultKind::bodyTooLarge ? "too large" : "no room";
+  if (!entry) return entry.Error().kind == FaultKind::bodyTooLarge ? "too large" : "no room";
   EXPECT_EQ(entry->length, bytes.size());
   return entry->isDamaged ? "damaged " + bytes : bytes;
 }
 
-// An archive whose directory says that its only or last entry holds nothing, and of whose own
-// record the checksum and the two lengths are these.
+// An archive whose directory says that its only or last entry is empty. The entry's own record has
+// this checksum and these two lengths.
 std::string EmptyByDirectory(std::string archive, std::uint64_t checksum, std::uint64_t packed,
                              std::uint64_t length) {
   archive = WithField(WithField(archive, CENTRAL_RECORD, 16, 0, 8), CENTRAL_RECORD, 24, 0, 4);
@@ -39,11 +39,11 @@ std::string EmptyByDirectory(std::string archive, std::uint64_t checksum, std::u
 TEST(ZipArchive, GivesOneEntryOrSaysThatItIsDamaged) {
   const std::string stored = ZipArchive({{NAME, "ships", ZIP_CM_STORE}});
   const std::string central = CENTRAL_RECORD;
-  // What looks like the entry's own record, but for its signature.
+  // Looks like the entry's own record except for the signature.
   const std::string mock = std::string(26, '\0') + '\x11' + std::string(3, '\0') + NAME;
   const std::string behindOthers = ZipArchive(
       {{"a", mock, ZIP_CM_STORE}, {NAME + std::string("2"), ""}, {NAME, "ships", ZIP_CM_STORE}});
-  // With the name in front of the archive, where no record can stand before it.
+  // The name is at the start of the archive, so there is no space for a record before it.
   std::string shifted = NAME + EmptyByDirectory(stored, 0, 5, 5);
   const auto shift = static_cast<std::uint64_t>(std::string(NAME).size());
   shifted = WithField(shifted, central, 42, shift, 4);

@@ -21,7 +21,7 @@ std::string End(std::size_t entries, std::size_t length, std::size_t offset) {
 }
 
 constexpr std::string_view ENTRIES = "what is packed";
-const std::string MANY = Repeated(Record("filler"), 1024);  // not yet too many
+const std::string MANY = Repeated(Record("filler"), 1024);  // the largest allowed number
 
 std::string Archive(const std::string& directory) {
   return std::string(ENTRIES) + directory + End(0, directory.size(), ENTRIES.size());
@@ -34,7 +34,7 @@ TEST(ZipDirectory, OfManyEntriesIsGivenWithOneAlone) {
   const struct {
     const char* name;
     std::string directory;
-    std::string record;  // the one that is given; empty for none
+    std::string record;  // the record that is returned, or empty for none
     const char* wanted = "wanted";
   } rows[] = {
       {"the first", wanted + MANY, wanted},

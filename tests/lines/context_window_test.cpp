@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-// A word that ends with the text may be recorded one place behind it, and none further.
+// A word at the end of the text may be recorded one place after it, but not further.
 TEST(ContextWindow, IsEmptyOutsideTheText) {
   std::string text;
   for (int i = 0; i < 20; ++i) text += "it is so ";

@@ -34,7 +34,7 @@ TEST(LineFilter, KeepsLinesWithAllWordsWanted) {
       {u"s*", {0, 1, 2}}, {u"s??", {0, 1, 2}}, {u"[!s]??? #*", {0}}, {u"which", {1}},
       {u"whic", {}},      {u"all", {0}}};
   for (const bool isWide : {false, true}) {
-    // Behind enough of a beginning, which has contexts of its own.
+    // After a beginning that is long enough, because contexts at the beginning are cut differently.
     const Seas seas(
         u"it is as it is and it is as it is and it is / to 20th sea this, all all of "
         u"über sea: (which) it all so to sea us of",

@@ -15,7 +15,7 @@ namespace {
 
 using Text = std::u16string;
 
-// A document as Unicode whose characters stand for themselves or, if it is wide, for code units.
+// A document in the Unicode reading: with a code page or, if `isWide`, without one.
 std::shared_ptr<const Document> UnicodeDocument(const Text& text, bool isWide) {
   const auto document = MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(text), 0);
   Document changed = *document;
@@ -57,7 +57,7 @@ TEST(ContextWords, AreFoldedFromTheMatchOutwards) {
   }
 }
 
-// The places of all lines of a text in an order.
+// The places of all lines of a text, in an order.
 std::string PlacesInOrder(const LineSource& source, const LineOrder& order) {
   SilentProgress nobody;
   std::vector<std::int32_t> entries(static_cast<std::size_t>(source.words.table->WordCount()));
@@ -94,7 +94,7 @@ TEST(LineOrder, GoesByPlaceMatchOrOneSide) {
   }
 }
 
-// The words of one side, as the slow way finds them.
+// The words of one side, found in a slow, obvious way.
 std::vector<Text> NaiveWords(const Text& side, bool isLeft) {
   std::vector<Text> words;
   Text word;
@@ -115,7 +115,7 @@ std::vector<Text> NaiveWords(const Text& side, bool isLeft) {
   return words;
 }
 
-// Long enough for a sort in steps, with many equal sides.
+// A text long enough for a sort in steps, with many equal contexts.
 TEST(LineOrder, IsThatOfTheSlowWay) {
   std::mt19937 random(19);
   SilentProgress nobody;

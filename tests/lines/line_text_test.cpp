@@ -9,7 +9,7 @@
 namespace quorvel {
 
 TEST(LineText, IsAlignedOrHasTabs) {
-  // The second text has a character of two code units.
+  // The second text contains a character of two code units.
   for (const std::u16string other : {u"x", u"\U0001F6A2"}) {
     const std::u16string text = u"it is as it is and it is as it is and it is, it is / all off " +
                                 other + u" sea: it is / Ö sea, it is / so";

@@ -15,7 +15,7 @@ TEST(Strips, CountInEqualColumns) {
       {{1}, 0, 2, {1, 0}},
       {{1, 5, 6, 10}, 10, 2, {2, 2}},
       {{1, 2, 3}, 3, 5, {1, 1, 0, 1, 0}},
-      // Recorded behind the end, as some words at the end are.
+      // Recorded after the end, like some words at the end of a text.
       {{11, 12}, 10, 3, {0, 0, 2}},
       {{1, 2000000000, 2147483647}, 2147483647, 3, {1, 0, 2}}};
   for (const auto& [positions, length, columns, counts] : rows) {
@@ -53,7 +53,7 @@ TEST(Strips, AreDrawn) {
       "<path class=\"s\" d=\"M320 53h880v12h-880z\"/><path class=\"m\" d=\"M320.5 53v12\"/>\n"
       "</svg>\n"))
       << picture;
-  // Of a search the wanted lines; after a stop it ends with the row at hand.
+  // In a search only the listed lines count. After a stop the picture ends with the current row.
   KeywordLists keywords;
   keywords.extraKeywords =
       ExtraKeywordList({ExtraKeywordOf(u"sea+it"), ExtraKeywordOf(u"été")}, latin);

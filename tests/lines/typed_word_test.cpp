@@ -16,7 +16,7 @@ TEST(TypedWord, FindsWholeWordsThenBeginnings) {
                                      {u"ubermensch", {}},
                                      {u"ueberall", {}}});
   const std::vector<std::int32_t> entries = {7, 6, 5, 4, 3, 2, 1, 0};
-  // What is typed, and the numbers of the words that are found.
+  // The typed text, and the entries that are found.
   const std::pair<std::u16string_view, std::vector<std::int32_t>> rows[] = {
       {u"uber", {5}}, {u"UEBER", {5}},   {u"über", {5}}, {u"ub", {6}},
       {u"etu", {0}},  {u"ship", {1}},    {u"sh", {2}},   {u"strasse", {4, 3}},

@@ -10,7 +10,7 @@
 namespace quorvel {
 namespace {
 
-// The keywords, each with its context pattern behind a "+".
+// The keywords, each with its context pattern after a "+".
 std::string Joined(const ExtraKeywordList& list) {
   std::string text;
   for (const ExtraKeyword& keyword : list.Keywords()) {
@@ -24,9 +24,9 @@ std::string Joined(const ExtraKeywordList& list) {
 TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
   const struct {
     const char* typed;
-    const char* left;  // in the box
+    const char* left;  // left in the box
     std::string kept;
-    std::string fault;  // its character, or "+" for too many of these
+    std::string fault;  // the character at fault, or "+" for too many plus signs
     bool hyphens = true, numerals = false;
     Reading reading = Reading::windows1252;
   } rows[] = {{"  Harb*   ÉTÉ ", "harb*   été", "harb*|été|", ""},
@@ -56,10 +56,10 @@ TEST(ExtraKeywords, AreTidiedCheckedAndKept) {
     if (keywords) {
       EXPECT_EQ(Joined(*keywords), kept);
     } else if (fault == "+") {
-      EXPECT_EQ(keywords.Why().kind, FaultKind::manyPlusSigns);
+      EXPECT_EQ(keywords.Error().kind, FaultKind::manyPlusSigns);
     } else {
-      EXPECT_EQ(keywords.Why().kind, FaultKind::notAllowedInKeyword);
-      EXPECT_EQ(keywords.Why().reason, fault);
+      EXPECT_EQ(keywords.Error().kind, FaultKind::notAllowedInKeyword);
+      EXPECT_EQ(keywords.Error().reason, fault);
     }
   }
 }

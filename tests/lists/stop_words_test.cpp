@@ -14,7 +14,7 @@ TEST(StopWords, TidiesExtraStopWords) {
 
 TEST(StopWords, MayHoldWhatAWordMayHold) {
   using enum FaultKind;
-  // May hyphens and numerals stand in a word? What is wrong, and with which character.
+  // Whether words may have hyphens and numerals, the fault, and its character.
   const std::tuple<const char*, bool, bool, FaultKind, const char*> rows[] = {
       {"été straße Œuvre", false, false, stopped, ""},
       {"co-op 42nd", true, true, stopped, ""},

@@ -9,7 +9,7 @@
 namespace quorvel {
 namespace {
 
-// Tries all that each "*" may stand for.
+// Tries everything that each "*" can stand for.
 bool MatchesByTrial(std::u16string_view word, std::u16string_view pattern) {
   if (pattern.empty()) return word.empty();
   const std::u16string_view rest = pattern.substr(1);
@@ -42,7 +42,7 @@ TEST(Wildcards, MatchAsByTrial) {
   }
 }
 
-// By trial this would take longer than anyone waits.
+// Trying all possibilities would take far too long.
 TEST(Wildcards, NeedNoExponentialTime) {
   const std::string stars = Repeated("*a", 500) + "*b";
   EXPECT_FALSE(MatchesWildcard(std::u16string(20000, u'a'), DecodeUtf8(stars), latin));

@@ -53,7 +53,7 @@ TEST(WordFiles, GiveTheirWords) {
   }
   SilentProgress stopped;
   stopped.RequestStop();
-  EXPECT_EQ(WordsOfFileBytes("the\r\n", latin, stopped).Why().kind, FaultKind::stopped);
+  EXPECT_EQ(WordsOfFileBytes("the\r\n", latin, stopped).Error().kind, FaultKind::stopped);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ const Text LOWER_VOWELS = u"aeiouàáâãäåæèéêëìíîïòóôõöøùú�
 
 bool Contains(const Text& set, const Text& what) { return Find(set, 1, what) > 0; }
 
-// `s` with each character of `from` replaced by the `width` characters at its place in `to`.
+// Replaces each character of `from` in `s` by the `width` characters at its place in `to`.
 Text MapCharacters(const Text& s, const Text& from, const Text& to, int width) {
   Text result;
   for (int i = 1; i <= Length(s); ++i) {
@@ -39,7 +39,7 @@ bool IsWordCharacter(const Text& ch) {
   return Length(ch) == 1 && Contains(LOWER + UPPER + u"-0123456789", ch);
 }
 
-// One more than the characters that are left where the run reaches the end of the text.
+// The result is one more than the remaining characters if the run reaches the end of the text.
 int LetterRunLength(const Text& text, int start) {
   int i = start;
   while (IsWordCharacter(Mid(text, i, 1))) ++i;
@@ -224,7 +224,7 @@ int ByteAt(const std::string& s, int place) {
   return static_cast<unsigned char>(s[static_cast<std::size_t>(place - 1)]);
 }
 
-// One pass over the pairs of a lead byte. A pair outside the range ends it.
+// One pass over the pairs of a lead byte. It ends at a pair outside the range.
 void RepairPairs(std::string& text, const std::string& lead, int lowest, int added) {
   int start = 1;
   for (;;) {

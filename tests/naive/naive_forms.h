@@ -1,9 +1,8 @@
-// The slow, obvious form of what the core does fast: the yardstick of the tests that compare the
-// two over generated texts.
+// The slow, obvious form of what the core does fast. Tests compare the two over generated texts.
 //
-// Written step by step with 1-based positions, copied strings and linear searches, and with letter
-// tables of its own: it shares records with the core but no code, so that a fault has to be made
-// twice to go unseen. Only for characters of Windows-1252, and only for listing all words.
+// It is written step by step, with 1-based positions, copied strings, linear searches and its own
+// tables of letters. It shares records with the core but no code, so that a fault in one of them is
+// noticed. Only for characters of Windows-1252, and only for listing all words.
 #pragma once
 
 #include <string>
@@ -14,19 +13,19 @@
 
 namespace quorvel::naive {
 
-// The text with its double hyphens blanked.
+// Replaces double hyphens by blanks.
 [[nodiscard]] std::u16string BlankDoubleHyphens(std::u16string text);
 
-// The words of a blanked text: sorted, admitted, linked by frequency and counted.
+// The words of such a text: sorted, admitted, linked by frequency and counted.
 [[nodiscard]] ListedWords MakeWordTable(const std::u16string& text,
                                         const ConcordanceSettings& settings);
 
-// The entry of a word in a listing, made of the contexts of its occurrences in text order.
+// The entry of a word in a listing, from the contexts of its occurrences in the order of the text.
 [[nodiscard]] std::u16string ComposeEntry(const std::u16string& word,
                                           const std::vector<std::u16string>& contexts,
                                           const ConcordanceSettings& settings);
 
-// The listing of a text whose double hyphens are not blanked yet, without leading line ends.
+// The listing of a text that still has its double hyphens, without leading line ends.
 [[nodiscard]] std::u16string ListWords(const std::u16string& documentText,
                                        const ConcordanceSettings& settings);
 

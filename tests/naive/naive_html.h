@@ -1,13 +1,12 @@
-// The slow, obvious form of the removal of mark-up: character by character with 1-based
-// positions, copied strings and one flag for each thing to remember. It shares nothing with the
-// core.
+// The slow, obvious form of the removal of markup: character by character, with 1-based positions,
+// copied strings and one flag for each state. It shares no code with the core.
 #pragma once
 
 #include <string>
 
 namespace quorvel::naive {
 
-// Each entity is followed by its character; a blank stands before each.
+// Entities, each preceded by a blank and followed by its character.
 extern const std::string ENTITY_TABLE;
 
 [[nodiscard]] std::string StripTags(const std::string& text);

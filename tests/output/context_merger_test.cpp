@@ -11,9 +11,10 @@
 namespace quorvel {
 namespace {
 
-constexpr std::u16string_view NO_WORD = u"zzz";  // that stands in no context
+constexpr std::u16string_view NO_WORD = u"zzz";  // a word that is in no context
 
-// Contexts of few pieces, some of which look like markers, so that base texts meet whole ones.
+// Contexts made of few pieces, some of which look like markers, so that the base text of one
+// context often equals another context.
 std::vector<std::string> TangledContexts(std::mt19937& random, bool withMarkers) {
   static constexpr std::array<std::string_view, 6> PARTS = {"a", "b", " (x", " (x2)", "3)", " (y"};
   std::vector<std::string> contexts(random() % 40);
@@ -66,7 +67,7 @@ TEST(ContextMerger, IsItsNaiveForm) {
   }
 }
 
-// So many that some of them are bound to have one hash of 32 bits.
+// So many contexts that some must have the same 32-bit hash.
 TEST(ContextMerger, TellsContextsOfOneHashApart) {
   constexpr std::int32_t MANY = 300000;
   std::vector<std::string> contexts(MANY);

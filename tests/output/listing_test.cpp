@@ -49,7 +49,7 @@ TEST(Listing, SameAsTheNaiveForm) {
   }
 }
 
-// Long enough to be composed on several threads.
+// A text long enough to be composed by several threads.
 Text TextOfManyPieces() {
   std::mt19937 random(20261121);
   Text text;

@@ -29,12 +29,12 @@ TEST(OccurrenceRows, StandWhereTheirWordsStand) {
   const std::tuple<int, std::u16string, std::string> rows[] = {
       {2, u"to us a dog is it so", "dog\tdog\t1\tus a \tdog\t is it\t9\n"},
       {2, u"it / is / dog / so / to us", "dog\tdog\t1\t / is / \tdog\t / so / to\t11\n"},
-      // A plural at the front and at the end, contexts as cut there.
+      // A plural at the beginning and at the end of the text.
       {2, u"cats or dogs", "cat\tcat\t1\t\tcats\t or\t1\ndog\tdog\t1\tor \tdogs\t\t9\n"},
-      // A context that ends before its word.
+      // A context that ends before its word, as can happen near the end of the text.
       {2, u"we go to it so as to be at it if we do so as to be us as we go at dawn",
        "dawn\tdawn\t1\tgo at\tdawn\t\t67\n"},
-      // Words that lost hyphens or their plural, and what is not ASCII.
+      // Words that lost hyphens or their plural "s", and characters outside ASCII.
       {1, u"to -news-- TV-s / \u00e9t\u00e9s-. of \"\u0081\\ \u20ac x12 it",
        "étés\tetes\t1\t\tétés\t-. of \"\u0081\\\t19\nnew\tnew\t1\t-\tnews\t  \t5\n"
        "TV-\ttv-\t1\t\tTV-s\t étés-. of\t12\n"},
@@ -76,14 +76,14 @@ TEST(OccurrenceRows, AreOfTheLinesThatAreGivenInTheirOrder) {
   EXPECT_EQ(pieces, 1);
 }
 
-// Each occurrence once, however many keywords find it.
+// Each occurrence has one row, also if several keywords match it.
 TEST(OccurrenceRows, AreThoseThatAnyKeywordFinds) {
   SilentProgress nobody;
   ConcordanceSettings settings;
   settings.contextSize = 1;
   const Listing all = ScanText(u"we dog sea cat so bird Sea dog to us", settings, nobody);
   settings.mode = Mode::search;
-  // Keywords of a file and others, and the places of what they find.
+  // Keywords of the file, extra keywords, and the places that they find.
   const std::tuple<SortedWords, const char*, std::string> rows[] = {
       {{}, "sea+b* s*+bird", "24 "},
       {{}, "sea+cat d*+to sea+x", "28 8 "},
@@ -118,7 +118,8 @@ TEST(OccurrenceRows, AsJsonAreAnArrayWithALineEach) {
 }
 
 TEST(OccurrenceRows, EndWhereTheUserWants) {
-  const auto text = DecodeAnsi(Repeated("the sea ", 32768));  // more than a listing takes
+  // More occurrences than a listing allows.
+  const auto text = DecodeAnsi(Repeated("the sea ", 32768));
   for (const bool wantsMore : {false, true}) {
     ScriptedConversation ui;
     const Listing listing = ScanText(text, {}, ui);

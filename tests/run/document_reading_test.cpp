@@ -11,7 +11,7 @@ namespace {
 
 std::string Xml(const std::string& text) { return "<w:p><w:t>" + text + "</w:t></w:p>"; }
 
-// A body of one run, and nothing else up to its size.
+// A document body with one run, filled up to a size.
 std::string BodyOfSize(std::size_t size) {
   std::string xml = Xml("ships");
   xml.resize(size, ' ');

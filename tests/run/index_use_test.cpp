@@ -21,7 +21,7 @@ TEST(IndexUse, IsAskedForAndRefused) {
   const std::uintmax_t longest = LongestIndexFile(page.size());
   const struct {
     const char* name;
-    std::uintmax_t length;  // of the index; 0 for as it is. What stands behind it is not read
+    std::uintmax_t length;  // of the index, or 0 to keep it. Bytes after it are not read
     bool loaded, scans;
     std::string saidAtLoad, saidInRun = {};
     Answer answer = Answer::yes;
@@ -54,7 +54,7 @@ TEST(IndexUse, IsAskedForAndRefused) {
     later.settings.createIndexFile = false;
     later.session.UseIndexFile();
     later.ui.questions.clear();
-    for (int i = 0; i < 2; ++i) {  // one that was found bad is not tried again
+    for (int i = 0; i < 2; ++i) {  // a bad index is not tried again
       later.ui.log.clear();
       EXPECT_EQ(later.Go(), RunOutcome::done);
       EXPECT_EQ(later.ListedText() == listed, !row.ignoreLists);
@@ -64,11 +64,12 @@ TEST(IndexUse, IsAskedForAndRefused) {
     run.ui.questions.clear();
     run.ui.RequestStop();
     EXPECT_FALSE(ReadIndexFile(*input, InputDigest(*input), Reading::windows1252, true, run.ui));
-    EXPECT_EQ(run.ui.Said(), row.saidAtLoad == bad ? bad : "");  // but it waits for no digest
+    // The digest is not checked yet when the index is loaded.
+    EXPECT_EQ(run.ui.Said(), row.saidAtLoad == bad ? bad : "");
   }
 }
 
-// The words of one reading are none of the other's, where letters differ.
+// An index of one reading does not fit the other if they differ in letters.
 TEST(IndexUse, IsOfTheReadingThatItWasMadeIn) {
   TestRun run("Łódź tonie, \u0142ódź płynie.\r\n");
   run.settings.reading = Reading::unicode;
@@ -86,7 +87,7 @@ TEST(IndexUse, IsOfTheReadingThatItWasMadeIn) {
     EXPECT_EQ(isTaken, reading == Reading::unicode);
     EXPECT_EQ(later.ListedText() == run.ListedText(), isTaken);
   }
-  // What is at hand goes with the reading, and comes back with none.
+  // A change of the reading discards the words in memory. Changing it back does not restore them.
   run.session.UseIndexFile();
   run.session.ChangeReading(Reading::windows1252);
   EXPECT_EQ(run.Go(), RunOutcome::done);

@@ -36,7 +36,7 @@ TEST(InputCheck, SaysWhatIsWrong) {
        "to convert the line endings to Windows-type (CR+LF).\n",
        true},
       {Input(UnixText(600000)), "", true, true},
-      // The first line end is behind what is looked at.
+      // The first line end is after the examined bytes.
       {Input(std::string(16384, 'a') + "\n" + std::string(600000, 'b')), "", true},
       {InputBytes("", "abcde"), ""},
       {Fault{missing, "a.txt", "none"}, fatal + " not found.\n"},
@@ -75,7 +75,7 @@ TEST(InputCheck, SettlesTheEncoding) {
       "Click 'Yes' to scan it as UTF-8 encoded (not advisable)\r\n"
       "or 'No' to scan it as ANSI.\n";
   const std::tuple<std::string, EncodingChoice, Answer, bool, std::string> rows[] = {
-      {ansi, confirm, Answer::ok, true, seemsNot},  // as Enter does
+      {ansi, confirm, Answer::ok, true, seemsNot},  // the preset answer
       {ansi, confirm, Answer::cancel, true, seemsNot},
       {ansi, confirm, Answer::no, false, seemsNot},
       {utf8, adoptDetected, Answer::ok, true, ""},
@@ -124,7 +124,7 @@ TEST(InputCheck, WarnsOfLargeUnixFilesAndRefusesTheLargest) {
 }
 
 TEST(InputCheck, LetsThroughWhatItsReadingKnows) {
-  // The path, whether it passes, whether it does in Unicode.
+  // The path, whether it is accepted as Windows-1252, and whether it is accepted as Unicode.
   const std::tuple<const char*, bool, bool> rows[] = {
       {"a.TXT", true, true},  {"a.docx", true, true},  {"htm/a.b", true, true},
       {"a.Odt", false, true}, {"a.epub", false, true}, {"a.odt.zip", false, false},
@@ -132,8 +132,8 @@ TEST(InputCheck, LetsThroughWhatItsReadingKnows) {
   };
   for (const auto& [path, passes, passesInUnicode] : rows) {
     ScriptedConversation ui;
-    EXPECT_EQ(PassesExtensionGate(path, Reading::windows1252, "List", ui), passes) << path;
-    EXPECT_EQ(PassesExtensionGate(path, Reading::unicode, "List", ui), passesInUnicode) << path;
+    EXPECT_EQ(CheckExtension(path, Reading::windows1252, "List", ui), passes) << path;
+    EXPECT_EQ(CheckExtension(path, Reading::unicode, "List", ui), passesInUnicode) << path;
     const int refusals = (passes ? 0 : 1) + (passesInUnicode ? 0 : 1);
     EXPECT_EQ(std::ssize(ui.questions), refusals) << path;
   }

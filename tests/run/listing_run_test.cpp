@@ -10,14 +10,14 @@
 namespace quorvel {
 namespace {
 
-// Distinct words, each listed in ten characters where it has no contexts.
+// Different words. Without contexts each takes ten characters in the listing.
 std::string ManyWords(int count) {
   std::string words;
   for (int n = 0; n < count; ++n) words += "w" + std::to_string(10000 + n) + " ";
   return words;
 }
 
-// A run with an older output whose name was typed; with `found`, a search for every word.
+// A run whose output file already exists. With `found` it is a search for every word.
 struct ListingTestRun : TestRun {
   ListingTestRun(std::string_view text, bool found, const char* output, SessionOptions options)
       : TestRun(text, "a.txt", std::move(options)) {
@@ -56,7 +56,7 @@ TEST(ListingRun, WritesItsFileWhereTheUserWantsIt) {
       {text, false, "out.txt", asks, true, done, true},
       {text, false, "out.txt", asks, false, done, true, false, false, Answer::no},
       {text, false, "new.txt", "", true, done, true},
-      // Nor is an output that is not written compared with the input.
+      // An output that is not written is not compared with the input either.
       {text, false, "a.txt", "Quorvel: Output to file is disabled.\n", false, done, true, true},
       {text, false, "none/out.txt", cannot, false, failed, false, false, true},
       {text, true, "out.txt", "", true, done, false, true},
@@ -89,7 +89,7 @@ TEST(ListingRun, GoesToASink) {
   using enum OutputFormat;
   const std::string frequent = ManyWords(4000) + Repeated("zebu ", 32768);
   const std::tuple<OutputFormat, std::string, int, RunOutcome, int> rows[] = {
-      // The pieces that it takes, and the lines of these.
+      // The pieces that are accepted, and the lines in them.
       {text, ManyWords(3000), 9, done, 9004},  {tsv, ManyWords(4000), 9, done, 4001},
       {text, "the old harbour", 0, failed, 0}, {text, "the old harbour", 0, stopped, 0},
       {tsv, "the old harbour", 0, stopped, 0}, {text, frequent, 9, failed, 0}};
@@ -127,7 +127,7 @@ TEST(ListingRun, ShowsAsMuchAsTheBoxTakes) {
       run.settings.contextSize = 0;
       EXPECT_EQ(run.Go(), RunOutcome::done);
       EXPECT_EQ(run.ui.Said(), all != 0 && output.empty() ? tooLarge : "");
-      EXPECT_NE(run.ui.log.find("\n= w10001 1\n"), std::string::npos);  // the word at hand
+      EXPECT_NE(run.ui.log.find("\n= w10001 1\n"), std::string::npos);  // the current word
       EXPECT_EQ(run.ui.listingShown.shown, all);
       EXPECT_EQ(run.ui.listingShown.all, all);
       EXPECT_EQ(run.ui.listingShown.fileHoldsAll, all != 0 && !output.empty());

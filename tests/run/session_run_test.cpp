@@ -44,7 +44,7 @@ TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
        "but is not a character allowed in a word.\n"},
       {create, &Settings::extraKeywords, "a%",
        "Invalid input: The extra keywords textbox contains an inadmissable character: %\n"},
-      // Only what a run uses is checked.
+      // Only settings that the run uses are checked.
       {search, &Settings::stopWordsFile, "none", ""},
       {create, &Settings::outputFile, "", ""}};
   for (const auto& [mode, setting, value, said] : rows) {
@@ -78,12 +78,12 @@ TEST(SessionRun, StopsAtAnyMoment) {
   for (int moment = 1;; ++moment) {
     SCOPED_TRACE(moment);
     TestRun run(HARBOUR);
-    run.settings.mode = Mode::search;  // which waits for no digest
+    run.settings.mode = Mode::search;  // a search needs no digest
     run.settings.extraKeywords = "*";
     run.settings.searchResultsFile = run.settings.outputFile;
     run.ui.stopAtYield = moment;
     const RunOutcome outcome = run.Go();
-    // Only while the whole listing is put in its place does a stop come too late.
+    // A stop is too late only while the complete file takes the place of the old one.
     if (outcome == RunOutcome::done) break;
     EXPECT_EQ(outcome, RunOutcome::stopped);
     while (phase < 2 && !run.ui.output.ends_with(lastLines[phase])) ++phase;
@@ -93,26 +93,27 @@ TEST(SessionRun, StopsAtAnyMoment) {
     EXPECT_EQ(run.folder.Count(), listed ? 2 : 1);
     EXPECT_EQ(run.ui.log.ends_with("found.\n" + NO_COUNTS + "counting off\n"), phase == 1);
     ++stops[phase];
-    // What was listed can be listed again, whole; what was not can not.
+    // A stopped listing can be listed again completely. After an earlier stop there is nothing to
+    // list.
     EXPECT_EQ(run.session.ListAgain(), listed ? RunOutcome::done : RunOutcome::nothingToList);
     EXPECT_EQ(run.Go(), RunOutcome::done);
   }
-  EXPECT_EQ(stops[2], 7);  // once in each entry
+  EXPECT_EQ(stops[2], 7);  // one yield for each entry
   TestRun run("harbour harbour");
   run.ui.events["+ Sorting ..."] = [&run] { run.ui.RequestStop(); };
   EXPECT_EQ(run.Go(), RunOutcome::stopped);
   EXPECT_TRUE(run.ui.output.ends_with("Stopped with 1 word found.\r\n"));
-  // Nor can what was listed before it.
+  // An earlier listing cannot be listed again either.
   run.ui.events.clear();
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  // The press of a button is heard at the next yield.
+  // A click on Stop takes effect at the next yield.
   run.ui.events["+ Sorting ..."] = [&run] { run.ui.stopAtYield = run.ui.yields + 1; };
   EXPECT_EQ(run.Go(), RunOutcome::stopped);
   EXPECT_TRUE(run.ui.output.ends_with("Stopped with 1 word found.\r\n"));
   EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
 }
 
-// The digest belongs to the text, whatever becomes of the file meanwhile.
+// The digest is that of the text that was read, even if the file changes during the run.
 TEST(SessionRun, GivesTheDigestOfTheBytesThatItRead) {
   const std::string digest = "9E693739212B562FC5E90CF3EA378B3D\r\n";
   TestRun run(HARBOUR);
@@ -139,14 +140,14 @@ TEST(SessionRun, KeepsTheListingFromALinkToItThatComesLate) {
   EXPECT_TRUE(run.folder.Read("out.txt").starts_with("Input file: "));
 }
 
-// Words that were kept serve the same input, read in the same way.
+// Words in memory are used again for the same input and the same reading.
 TEST(SessionRun, ScansAnewWhatHasChanged) {
   const std::string page = "<!DOCTYPE html><head></head><body>caf\xC3\xA9 bar <ul><li>bar</ul> zz";
   const std::string other = "<!DOCTYPE html><head></head><body>a cow is";
   const struct {
     std::string bytes, entries;
     bool scans, isUtf8 = false, ignoreLists = false;
-    std::string title = {};  // of a message
+    std::string title = {};  // of the message
   } rows[] = {{page, "bar 2\r\ncaf\xC3 1\r\n\r\n", false},
               {page, "bar 2\r\ncaf\xE9 1\r\n\r\n", true, true, false, "UTF-8 or ANSI file?"},
               {page, "bar 1\r\ncaf\xC3 1\r\n\r\n", true, false, true},
@@ -181,7 +182,7 @@ TEST(SessionRun, ScansAnEqualInputOfAnotherName) {
   EXPECT_NE(run.folder.Read("out.txt").find("b.txt\r\n"), std::string::npos);
 }
 
-// Nobody is told of an index file that could not be looked at for a stop.
+// After a stop there is no message about an index file that could not be checked.
 TEST(SessionRun, SaysNothingOfAnIndexFileAfterAStop) {
   TestRun run(HARBOUR);
   run.settings.createIndexFile = true;
@@ -194,7 +195,7 @@ TEST(SessionRun, SaysNothingOfAnIndexFileAfterAStop) {
   EXPECT_EQ(run.ui.Said(), "");
 }
 
-// Whatever became of settings and files meanwhile.
+// Even if settings and files have changed meanwhile.
 TEST(SessionRun, ListsAgainFromTheValuesOfTheListing) {
   for (const Mode mode : {Mode::create, Mode::search}) {
     TestRun run(HARBOUR);

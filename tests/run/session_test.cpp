@@ -24,7 +24,7 @@ TEST(Session, EndsWithoutMemoryAndCanGoOn) {
               "Quorvel: There is not enough memory for\r\n@.\n");
     EXPECT_TRUE(run.ui.log.ends_with("counting off\n= \nlabel \nlabel \nlabel \nasks Quorvel\n"));
     EXPECT_EQ(run.folder.Files(), files);
-    // Neither the listing nor the words are kept.
+    // Neither the listing nor the words stay in memory.
     EXPECT_EQ(run.session.ListAgain(), RunOutcome::nothingToList);
     run.ui.events.clear();
     run.ui.log.clear();
@@ -56,7 +56,7 @@ TEST(Session, RefusesAnInputThatCannotBeUsed) {
   TestRun run("PK\x03\x04 is how a document begins", "a.docx");
   run.session.SetInput(Session::InputOrigin::chosen);
   EXPECT_EQ(run.settings.outputFile, run.folder.Path("a.qvl.conc.txt"));
-  // What is packed is not checked like a text; an ODT document is packed as Unicode alone.
+  // A packed document is not checked like a text. ODT counts as packed only in the Unicode reading.
   for (const Reading reading : {Reading::unicode, Reading::windows1252}) {
     TestRun odt("PK\x03\x04 is how a document begins", "a.odt");
     odt.session.ChangeReading(reading);

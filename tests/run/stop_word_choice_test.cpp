@@ -1,4 +1,4 @@
-// The stop-words files that come with the program, and which of them an input gets.
+// The stop-words files of the program, and which of them is chosen for an input.
 
 #include "run/stop_word_choice.h"
 
@@ -43,8 +43,8 @@ TEST(StopWordChoice, ReadsTheListOfTheLanguageUnlessItIsInUse) {
   const Language missing = {"xx", "None", "none.txt"};
   const std::string question =
       "Stop words: No stop words file is set.\r\nDo you wish to use the English list?\n";
-  // The list in use and whether it is loaded, the answer, else Enter; the list chosen, and whether
-  // it is read.
+  // The list in use and whether it is loaded; the answer, otherwise the preset; the chosen list,
+  // and whether it is read.
   using Row = std::tuple<const char*, std::optional<Language>, std::string, bool,
                          std::optional<Answer>, std::string, bool>;
   const Row rows[] = {

@@ -38,7 +38,7 @@ TEST(WordLists, AreKeptWhereAFileIsNoList) {
   const std::pair<std::string, std::string> rows[] = {
       {"", ""},
       {folder.Path(""), " words file not found:\r\n@\n"},
-      // Nothing but an ordinary file is opened: a pipe might never give a byte.
+      // Only ordinary files are opened, because reading a pipe may never end.
       {NULL_DEVICE, "Fatal error: File @\r\n cannot be opened (permission denied).\n"},
       {folder.Write("w.txt", "\xFF\xFEtext"),
        "Fatal error: File @\r\nis a Unicode file but not UTF-8 encoded.\n"}};

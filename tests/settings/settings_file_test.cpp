@@ -8,7 +8,7 @@
 namespace quorvel {
 namespace {
 
-// Settings of which no value is the default; the first three paths are files that exist.
+// Settings in which no value is the default. The first three paths are existing files.
 ConcordanceSettings Unusual(const TestFolder& folder) {
   ConcordanceSettings settings;
   settings.mode = Mode::search;
@@ -72,7 +72,7 @@ std::size_t StartOf(int line, const std::string& bytes) {
   return start;
 }
 
-// One line of a file of unusual settings is another, and what is then saved for it.
+// Changes one line of a file of such settings, and shows what is then saved for it.
 TEST(SettingsFile, JudgesEachLine) {
   const std::string noNumber = "is not a number.";
   const std::string outOfRange = "is out of range.";

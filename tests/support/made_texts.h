@@ -12,8 +12,8 @@ inline std::string Repeated(std::string_view part, int times) {
   return text;
 }
 
-// Running text, large enough for a user to reach a run on it in each of its phases: so many times a
-// megabyte, of some ten thousand words.
+// Prose of some ten thousand different words, this many megabytes long, so that a user can act in
+// each phase of a run.
 inline std::string LongText(int megabytes) {
   std::mt19937 random(1);
   std::string text = Repeated("The harbour is there, and this is the old ship.\r\n", 200);
@@ -26,8 +26,8 @@ inline std::string LongText(int megabytes) {
   return Repeated(text, megabytes);
 }
 
-// A text of up to `mostParts` of the given parts in random order, now and then with a stretch of
-// it said again, so that whole contexts recur.
+// A text of up to `mostParts` of the given parts in random order. Sometimes a stretch of it is
+// repeated, so that whole contexts recur.
 template <typename String>
 String RandomText(const std::vector<String>& parts, std::size_t mostParts, std::mt19937& random) {
   String text;

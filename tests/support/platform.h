@@ -1,4 +1,4 @@
-// What tests want of the system that they run on, and what it does not have.
+// What tests need from the system, and what it lacks.
 #pragma once
 
 #include <cstdlib>
@@ -17,7 +17,7 @@ inline void SetVariable(const char* name, const std::string& value) {
 inline constexpr bool ON_WINDOWS = false;
 inline constexpr const char* NULL_DEVICE = "/dev/null";
 
-// An empty value takes the variable away, as on Windows.
+// An empty value removes the variable, as on Windows.
 inline void SetVariable(const char* name, const std::string& value) {
   if (value.empty()) {
     ::unsetenv(name);
@@ -27,8 +27,8 @@ inline void SetVariable(const char* name, const std::string& value) {
 }
 #endif
 
-// A sanitizer gives memory of its own, takes addresses by terabytes and wants more of the stack and
-// more descriptors: a test in which these are short is skipped there.
+// A sanitizer has its own memory functions, reserves terabytes of addresses, and needs more stack
+// and more descriptors. Tests with limits on these are skipped under a sanitizer.
 #ifdef __SANITIZE_ADDRESS__
 inline constexpr bool CAN_LIMIT_MEMORY = false;
 #else
@@ -37,6 +37,6 @@ inline constexpr bool CAN_LIMIT_MEMORY = true;
 
 }  // namespace quorvel
 
-// The rest of a test is for a system other than Windows; says why.
+// Skips the rest of a test on Windows, with the reason.
 #define SKIP_ON_WINDOWS(why) \
   if (ON_WINDOWS) GTEST_SKIP() << "on Windows " why

@@ -1,4 +1,4 @@
-// A system that refuses what it is asked for, and processes in which it does. For Linux.
+// Makes the system refuse calls, in a separate process. For Linux.
 #pragma once
 #ifdef __linux__
 
@@ -15,7 +15,7 @@
 
 namespace quorvel {
 
-// From now on the system refuses one of its calls to this process, with that number.
+// From now on the system refuses this call to the process, with this error number.
 inline void RefuseCall(long call, int errorNumber) {
   const auto number = static_cast<unsigned>(call);
   sock_filter steps[] = {
@@ -30,8 +30,8 @@ inline void RefuseCall(long call, int errorNumber) {
   }
 }
 
-// Does it in a process of its own, whose users, groups and calls are none of ours. What goes wrong
-// there is printed there.
+// Runs `work` in a separate process, which can change its users, groups and calls. Failures are
+// printed there.
 inline void InChild(const std::function<void()>& work) {
   std::fflush(nullptr);
   const pid_t child = ::fork();

@@ -1,9 +1,9 @@
-// A program as its users start it.
+// Runs a program as its users start it.
 //
-// RunProgram runs it in `folder` with standard input closed; standard output and standard error go
-// to the files "out" and "err" there. In the arguments only single quotes keep blanks together.
-// `before`, for a shell alone, stands before the program. Gives the exit status, of a program that
-// a signal ended 128 and the signal.
+// RunProgram runs it in `folder` with standard input closed. Standard output and standard error go
+// to the files "out" and "err" there. Arguments with blanks need single quotes. `before` is put
+// before the program, where there is a shell. Returns the exit status, or 128 plus the signal that
+// ended the program.
 #pragma once
 
 #ifdef _WIN32
@@ -22,7 +22,7 @@
 namespace quorvel {
 
 #ifdef _WIN32
-// A file of the folder that the program inherits.
+// Opens a file of the folder that the program inherits.
 inline HANDLE InheritedFile(const std::filesystem::path& path, bool written) {
   SECURITY_ATTRIBUTES inherited = {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
   return ::CreateFileW(path.c_str(), written ? GENERIC_WRITE : GENERIC_READ, FILE_SHARE_READ,
@@ -43,7 +43,7 @@ inline int RunProgram(const TestFolder& folder, const std::string& program, std:
   PROCESS_INFORMATION process = {};
   unsigned long status = 0;
   bool isStarted = false;
-  // Wine once in a thousand times says of itself that it could not start it.
+  // About once in a thousand times Wine reports that it could not start the program.
   for (int tries = 0; tries < 3 && !isStarted; ++tries) {
     isStarted = ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
                                  place.c_str(), &startup, &process) != 0;

@@ -1,4 +1,4 @@
-// Listings without a file: of a text, as a run makes them.
+// Makes listings of a text without a file, like a run.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@
 
 namespace quorvel {
 
-// A document of a text that is read already.
+// A document with this text.
 inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
   Document document;
   document.narrowText = EncodeAnsi(text);
@@ -24,7 +24,7 @@ inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
   return std::make_shared<const Document>(std::move(document));
 }
 
-// A table of these words in this order, each with its places.
+// A word table with these words in this order, each with its places.
 inline WordTable MadeTable(
     const std::vector<std::pair<std::u16string, std::vector<std::int32_t>>>& words) {
   WordTable table;
@@ -35,7 +35,8 @@ inline WordTable MadeTable(
   return table;
 }
 
-// These words as `settings`, with tidied extra stop words, and `keywords`, of a search, have them.
+// The listing of these words with these settings, whose extra stop words are tidied, and, in a
+// search, these keywords.
 inline Listing ListingOf(const Words& words, const ConcordanceSettings& settings,
                          const KeywordLists& keywords = {}) {
   WordLists lists;
@@ -55,7 +56,7 @@ inline Listing ListingOf(const Words& words, const ConcordanceSettings& settings
   return listing;
 }
 
-// The listing of a text, all its words scanned.
+// Scans a text and returns its listing.
 inline Listing ScanText(std::u16string_view text, const ConcordanceSettings& settings,
                         Progress& progress) {
   return ListingOf(ScanWords(DocumentOf(text), nullptr, progress), settings);
@@ -63,7 +64,7 @@ inline Listing ScanText(std::u16string_view text, const ConcordanceSettings& set
 
 inline const WordTable& TableOf(const Listing& listing) { return *listing.words->words.table; }
 
-// All that is composed of a listing, as Windows-1252 bytes.
+// The composed text of a listing, in Windows-1252.
 inline std::string Composed(const Listing& listing, Progress& progress) {
   std::string text;
   Compose(

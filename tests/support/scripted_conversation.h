@@ -1,4 +1,4 @@
-// A conversation for tests: keeps what a run said and answers from a list.
+// A conversation for tests. It records what a run said, and answers from a list.
 #pragma once
 
 #include <algorithm>
@@ -14,17 +14,17 @@
 namespace quorvel {
 
 struct ScriptedConversation : Conversation {
-  std::vector<Answer> answers;  // given in turn; the preset of a question once they are used up
-  int stopAtYield = 0;          // the call of YieldNow, from 1 on, that requests a stop; 0 for none
+  std::vector<Answer> answers;  // given in turn, then the preset of each question
+  int stopAtYield = 0;          // the 1-based call of YieldNow that requests a stop, or 0
 
-  std::string output;             // the content of the output box as it stands now
+  std::string output;             // the current content of the output box
   std::vector<std::string> bars;  // each caption of the progress bar
-  ListingShown listingShown;      // the last one that was said
+  ListingShown listingShown;      // the last one
   std::vector<Message> questions;
   int yields = 0;
-  // The calls in their order, a line each with the first line of its text.
+  // The calls in their order, one line for each, with the first line of its text.
   std::string log;
-  std::map<std::string, std::function<void()>> events;  // what happens at such a line
+  std::map<std::string, std::function<void()>> events;  // called at such a line
 
   // Every question so far as "title: text" and a line feed, with "@" for `path`.
   [[nodiscard]] std::string Said(std::string_view path = "@") const {

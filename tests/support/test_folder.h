@@ -1,4 +1,4 @@
-// A folder of its own for one test, removed with all it holds.
+// A folder for one test, which is removed with its contents.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ inline fs::path PathOfBytes(std::string_view bytes) {
 
 class TestFolder {
  public:
-  // One that an earlier process has left behind is passed over.
+  // A folder that an earlier process has left is not used.
   TestFolder() {
     static std::atomic<int> made = 0;
     const std::string name = "quorvel-" + std::to_string(::getpid()) + "-";
@@ -39,7 +39,7 @@ class TestFolder {
     return {path.begin(), path.end()};
   }
 
-  // Writes a file and gives its path.
+  // Writes a file and returns its path.
   [[nodiscard]] std::string Write(std::string_view name, std::string_view bytes) const {
     std::ofstream(Place(name), std::ios::binary).write(bytes.data(), std::ssize(bytes));
     return Path(name);
@@ -50,8 +50,8 @@ class TestFolder {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  // The name of each file in it, those of its folders too, with the bytes, or where the link leads.
-  // Not of "out" and "err", which a program that was run leaves behind.
+  // The name of each file in the folder and below it, with its bytes, or the target of a link.
+  // Without "out" and "err", which RunProgram writes.
   [[nodiscard]] std::map<std::string, std::string> Files() const {
     std::map<std::string, std::string> files;
     for (const auto& entry : fs::recursive_directory_iterator(path_)) {
@@ -65,7 +65,7 @@ class TestFolder {
     return files;
   }
 
-  // How many files and folders it holds.
+  // How many files and folders it contains.
   [[nodiscard]] std::ptrdiff_t Count() const {
     return std::distance(fs::directory_iterator(path_), {});
   }

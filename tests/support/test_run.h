@@ -1,4 +1,4 @@
-// A run on one file of its own, with a scripted user.
+// A run on one file, with a scripted conversation.
 #pragma once
 
 #include "run/session.h"
@@ -23,14 +23,14 @@ struct TestRun {
 
   RunOutcome Go() { return session.RunConcordance(); }
 
-  // The listing of the last run as it is composed; empty where there is none.
+  // The composed listing of the last run, or an empty text if there is none.
   [[nodiscard]] std::string ListedText() const {
     SilentProgress nobody;
     const auto& listing = session.CurrentListing();
     return listing == nullptr ? "" : Composed(*listing, nobody);
   }
 
-  // What the output file holds behind its header.
+  // The text of the output file after its header.
   [[nodiscard]] std::string Entries() const {
     const std::string bytes = folder.Read("out.txt");
     const std::size_t header = bytes.find("\r\n\r\n");

@@ -1,4 +1,4 @@
-// Zip archives for tests, made in memory so that a test can then spoil their bytes.
+// Makes zip archives in memory, whose bytes a test can then damage.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -33,14 +33,14 @@ inline std::string ZipArchive(const std::vector<ZipEntry>& entries) {
   return bytes;
 }
 
-// `value` as `width` bytes, the lowest first, as archives write their numbers.
+// `value` as `width` bytes in little-endian order, like the numbers in archives.
 inline std::string LittleEndian(std::uint64_t value, int width) {
   std::string bytes;
   for (; width > 0; --width, value >>= 8U) bytes += static_cast<char>(value & 0xFFU);
   return bytes;
 }
 
-// The archive with the number at `offset` in its last record of this signature overwritten.
+// Overwrites the number at `offset` in the last record with this signature.
 inline std::string WithField(std::string archive, std::string_view signature, std::size_t offset,
                              std::uint64_t value, int width) {
   const std::size_t record = archive.rfind(signature);

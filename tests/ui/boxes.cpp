@@ -34,7 +34,7 @@ std::string Shows(const std::string& title, const std::string& text, int icon,
   return title + " | " + text + " | icon " + std::to_string(icon) + " | " + buttons;
 }
 
-// The preset button has a star behind its caption.
+// The preset button has a star after its caption.
 std::string ShownBy(const QWidget& window) {
   const std::string title = window.windowTitle().toStdString();
   if (const auto* box = qobject_cast<const QMessageBox*>(&window)) {
@@ -73,7 +73,7 @@ void Activate(QWidget& window) {
   if (active != nullptr && active != &window && active->isVisible()) window.activateWindow();
   for (int tries = 0; tries < 20; ++tries) {
     if (QTest::qWaitFor(isActive, PATIENCE_MS / 5)) return;
-    // Qt may have missed that the window has the keys: they are taken from it and given back.
+    // Qt may have missed that the window has the focus, so the focus is removed and set again.
     for (const auto owner : {static_cast<xcb_window_t>(XCB_NONE), xcb_window_t(window.winId())}) {
       xcb_set_input_focus(XServer(), XCB_INPUT_FOCUS_PARENT, owner, XCB_CURRENT_TIME);
     }
@@ -120,7 +120,7 @@ Box Asks(const std::string& title, const std::string& text, const char* preset, 
 Box AsksForFile(const std::string& title, const std::string& path) {
   return {title, [path](QWidget& dialog) {
             if (path.empty()) return PressButton(dialog, "Escape");
-            // Suggestions come whenever the disk has answered, even behind a dialog that is gone.
+            // Suggestions appear when the disk answers, even after the dialog is closed.
             dialog.findChild<QLineEdit*>("fileNameEdit")->setCompleter(nullptr);
             QTest::keyClick(dialog.windowHandle(), Qt::Key_A, Qt::ControlModifier);
             TypeText(dialog, path);
@@ -141,11 +141,11 @@ Boxes::Boxes() {
 
 void Boxes::During(const BoxList& boxes, const std::string& name,
                    const std::function<void()>& act) {
-  const std::size_t others = expected_.size();  // those of a run that goes on
+  const std::size_t others = expected_.size();  // the boxes of a run that continues
   expected_.insert(expected_.begin(), boxes.begin(), boxes.end());
   action_ = name;
   act();
-  QCoreApplication::processEvents();  // what was put off until the next turn comes now
+  QCoreApplication::processEvents();  // delayed calls happen now
   const auto allCame = [this, others] {
     return expected_.size() <= others && (others > 0 || ShownBox() == nullptr);
   };
@@ -169,7 +169,8 @@ void Boxes::Look() {
     qobject_cast<QDialog*>(box)->reject();
     return;
   }
-  // A message needs no keys, and the manager may leave them with another window of ours.
+  // A pop-up needs no focus, and the window manager may leave it with another window of the
+  // program.
   if (!HasTheKeys(*box) && !(shown.starts_with(POP_UP) && looks_ > LOOKS_FOR_KEYS)) return;
   const Box next = expected_.front();
   expected_.pop_front();

@@ -1,4 +1,4 @@
-// The boxes that come up while a test acts, answered as a user would.
+// Answers the boxes that appear while a test acts, like a user.
 #pragma once
 
 #include <QPointer>
@@ -13,23 +13,23 @@
 
 namespace quorvel {
 
-// Whether keys go to a window, as both Qt and the X server see it. Qt is ahead of the server at
-// times, and a window that is closed then takes the keys of the next one with it.
+// True if a window has the focus for both Qt and the X server. Sometimes Qt is ahead of the server.
+// If a window is closed then, the next window does not get the focus.
 [[nodiscard]] bool HasTheKeys(const QWidget& window);
 
-// Sees to it that keys go to a window.
+// Waits until a window has the focus.
 void Activate(QWidget& window);
 
-// Fails when the control is hidden, disabled or covered.
+// Fails if the control is hidden, disabled or covered.
 void ClickOn(QWidget& control);
 
-// Presses the button of this caption, or the key "Enter" or "Escape".
+// Presses the button with this caption, or the key "Enter" or "Escape".
 void PressButton(QWidget& box, const std::string& caption);
 
 void TypeText(QWidget& window, const std::string& text);
 
 struct Box {
-  std::string shows;  // what it begins with: title, text, icon and buttons
+  std::string shows;  // the beginning of its description: title, text, icon and buttons
   std::function<void(QWidget&)> answer;
 };
 using BoxList = std::vector<Box>;
@@ -42,19 +42,19 @@ using BoxList = std::vector<Box>;
 [[nodiscard]] Box Asks(const std::string& title, const std::string& text, const char* preset,
                        const char* button, std::string buttons = "Yes,No");
 
-// A file dialog, in which the user types `path`, or chooses nothing when that is empty.
+// A file dialog, in which the user types `path`, or cancels if it is empty.
 [[nodiscard]] Box AsksForFile(const std::string& title, const std::string& path);
 
-// A message that goes away by itself, unless it is clicked away.
+// A pop-up message, which the user closes with a click.
 [[nodiscard]] Box PopsUp(const std::string& text);
 
-// Watches for modal windows. One that is not the next expected one fails the test and is closed,
-// so that nothing hangs; then nothing more is waited for.
+// Watches for modal windows. If one is not the next expected window, the test fails, the window is
+// closed so that nothing hangs, and no more windows are expected.
 class Boxes {
  public:
   Boxes();
 
-  // Acts, and waits until these boxes have come, in this order. `name` is for messages.
+  // Acts, and waits until these boxes have appeared in this order. `name` is for messages.
   void During(const BoxList& boxes, const std::string& name, const std::function<void()>& act);
 
  private:

@@ -110,8 +110,8 @@ TEST_F(FileViewer, TellsWhatCannotBeRead) {
     ViewFile(*window_, folder_.Path(name), "Caption", ui);
   }
   EXPECT_EQ(ui.Said(folder_.Path("")),
-            "Quorvel: File @pipe\r\nis a device or a pipe, not a file.\n"
-            "Quorvel: File @none\r\ncannot be read: No such file or directory\n");
+            "Quorvel: File @pipe\nis a device or a pipe, not a file.\n"
+            "Quorvel: File @none\ncannot be read: No such file or directory\n");
   EXPECT_FALSE(Shown("txbText1"));
   Press(Qt::Key_F1);
   EXPECT_EQ(Control("txbText1").window()->windowTitle(), "Help for Quorvel");

@@ -20,7 +20,7 @@ class FilesAndOptionsTest : public WindowTest {
     EXPECT_EQ(Text("txbOutput").substr(0, begins.size()), begins);
   }
 
-  // Does what ends with the keys at the List button.
+  // Acts, and expects that the List button has the focus afterwards.
   void ExpectFocusAfter(const std::function<void()>& act) {
     Control("txbOutput").setFocus();
     act();
@@ -71,12 +71,12 @@ TEST_F(Files, AreReadAsUnicodeWhereThatIsTicked) {
   EXPECT_TRUE(Shown("lossBar"));
 }
 
-// The key does not take the focus from the box as a click on a button does.
+// Unlike a click on a button, a key does not take the focus from the box.
 TEST_F(Files, AreTakenAsTheyWereTypedBeforeTheNextAct) {
   const std::string other = folder_.Write("b.txt", "ship ahoy\r\n");
   const std::function<void()> acts[] = {
       [this] { Press(Qt::Key_F5, {WritesConcordance()}); },
-      [this] { Click("chkFrequencies"); },  // which then finds nothing to list again
+      [this] { Click("chkFrequencies"); },  // after that there is nothing to list again
   };
   for (const auto& act : acts) {
     OpenText("a.txt");
@@ -111,7 +111,7 @@ TEST_F(Files, ThatAreRefusedLeaveNothing) {
   EXPECT_EQ(Texts({"txbFile_0", "lblInputFileSize"}), shown);
 }
 
-// The input is gone meanwhile, so what is listed can only come from memory.
+// The input file is removed, so the listing can come only from memory.
 TEST_F(Options, ListAgainWithoutReadingTheInput) {
   const BoxList written = {WritesConcordance()};
   const std::pair<std::function<void()>, const char*> rows[] = {
@@ -197,7 +197,7 @@ TEST_F(Keywords, AreReadFromAFile) {
   EXPECT_EQ(Texts({"txbOutput", "lblNumberOfWords"}), loaded + " harbour silentTwo keywords");
   Click("optCreate");
   Click("optSearch", {OffersKeywords("Escape")});
-  Click("cmdClearFile_1");  // which they are not of
+  Click("cmdClearFile_1");  // the keywords do not come from this file
   EXPECT_EQ(Text("txbOutput"), loaded);
   Click("cmdFile_1", {AsksForFile("Specify output file", folder_.Path("found.txt"))});
   Click("cmdListWords");
@@ -217,7 +217,7 @@ TEST_F(Keywords, ThatAreTypedWithAFaultAreToldOnce) {
   Search();
   TypeInto("txbExtraKeywords", "a%");
   Press(Qt::Key_F5, {refused});
-  // What stays there is told by every run that it keeps from beginning.
+  // While the fault stays in the box, every attempt to run reports it.
   Click("cmdListWords", {refused});
   EXPECT_EQ(Texts({"txbExtraKeywords", "txbOutput"}), "a%");
   Type("txbExtraKeywords", "OLD%", {refused}, Qt::Key_Return);

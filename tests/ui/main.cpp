@@ -12,9 +12,9 @@ int main(int argumentCount, char** arguments) {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("quorvel");
-  // Windows come and go with the tests.
+  // Each test opens and closes windows.
   QApplication::setQuitOnLastWindowClosed(false);
-  // Qt's file dialogs keep settings of their own, in the folder that they wrote them to first.
+  // Qt's file dialogs keep their own settings, in the first folder that they were written to.
   const quorvel::TestFolder settings;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString(settings.Path("")));

@@ -94,7 +94,7 @@ TEST_F(MainWindows, KeepsWhatItShowsCurrent) {
   const std::string input = OpenText("a.txt");
   const auto tip = [this] { return Control("txbFile_0").toolTip().toStdString(); };
   ExpectSoon([&] { return tip() == input; });
-  // A path that is being typed is not looked at yet.
+  // A path that is being typed is not checked yet.
   const std::string other = folder_.Write("b.txt", "ship ahoy\r\n");
   Click("txbFile_0");
   Press(Qt::CTRL | Qt::Key_A);
@@ -102,7 +102,7 @@ TEST_F(MainWindows, KeepsWhatItShowsCurrent) {
   (void)folder_.Write("a.qvl.conc.txt", "ship");
   ExpectSoon([this] { return Control("cmdViewFile").isEnabled(); });
   EXPECT_EQ(Text("lblConcordanceFileSize"), "Concordance filesize: 4 bytes");
-  // It is when the box was left, even by a button that was let go elsewhere.
+  // It is checked when the user leaves the box, even with a mouse press that is released elsewhere.
   const QPoint place = Control("cmdQuit").mapTo(window_.get(), QPoint(5, 5));
   QTest::mousePress(window_->windowHandle(), Qt::LeftButton, {}, place);
   EXPECT_EQ(Text("txbFile_3"), folder_.Path("a.qvl.conc.txt"));
@@ -121,7 +121,7 @@ TEST_F(MainWindows, SavesItsSettingsWhereThatIsWanted) {
   Click("chkSaveStateOnQuit");
   Click("cmdQuit", {PopsUp("Settings saved")});
   EXPECT_NE(folder_.Read(STATE), "");
-  // What is cut is not taken.
+  // A settings file that ends too early is not used.
   (void)folder_.Write(STATE, "\"" + folder_.Write("a.txt", HARBOUR) + "\"\r\n");
   Open();
   EXPECT_EQ(Text("txbFile_0") + Text("cboContextSize"), " 5");

@@ -16,7 +16,7 @@ class OptionLists : public testing::Test {
     for (int number = 2; number <= 20; ++number) list_.addItem(QString(" %1").arg(number));
     list_.show();
   }
-  // Whoever leaves the list has made the choice.
+  // When the list loses the focus, the choice is made.
   std::string Left() {
     QFocusEvent leaves(QEvent::FocusOut);
     QCoreApplication::sendEvent(&list_, &leaves);

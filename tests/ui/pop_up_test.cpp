@@ -24,7 +24,7 @@ class PopUps : public WindowTest {
 TEST_F(PopUps, EndAtAnyKeyOrClickThatThenDoesNothingElse) {
   Open();
   const std::function<void(QWidget&)> acts[] = {
-      // In one go: a key for Ctrl alone, which QTest would press before, ends it as well.
+      // One event, because QTest would press Ctrl alone first, which closes the pop-up too.
       [](QWidget& box) {
         QTest::simulateEvent(box.windowHandle(), true, Qt::Key_Q, Qt::ControlModifier, {}, false);
       },
@@ -34,9 +34,10 @@ TEST_F(PopUps, EndAtAnyKeyOrClickThatThenDoesNothingElse) {
   for (const auto& act : acts) {
     shown_.answer = act;
     Do("show", {shown_}, [this] { PopUpInForm(*window_, done_, QPoint(0, 0)); });
-    EXPECT_EQ(Which("checked", {"chkFrequencies"}), "chkFrequencies ");  // the window is there
+    // The click did not reach the window.
+    EXPECT_EQ(Which("checked", {"chkFrequencies"}), "chkFrequencies ");
   }
-  PopUpInForm(*window_, {"Done", SIZE, 1}, QPoint(0, 0));  // or when its time is up
+  PopUpInForm(*window_, {"Done", SIZE, 1}, QPoint(0, 0));  // or when its time is over
   CloseByFrame(*window_);
   EXPECT_FALSE(window_->isVisible());
 }
@@ -52,7 +53,7 @@ TEST(PopUpWindows, StayForWhatIsNoKeyOrClick) {
     EXPECT_FALSE(turn.isAccepted());
     QKeyEvent held(QEvent::KeyPress, Qt::Key_5, {}, "5", true);
     QCoreApplication::sendEvent(&owner, &held);
-    // Of a button that was pressed before.
+    // The release of a button that was pressed before.
     QMouseEvent release(QEvent::MouseButtonRelease, at, at, Qt::LeftButton, {}, {});
     QCoreApplication::sendEvent(&owner, &release);
     ASSERT_NE(ShownPopUp(), nullptr);

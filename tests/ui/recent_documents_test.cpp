@@ -9,7 +9,7 @@ namespace {
 
 class RecentDocuments : public WindowTest {
  protected:
-  // Its entries, those that are greyed in brackets.
+  // Returns its entries, with brackets around grey ones.
   [[nodiscard]] std::string OpenMenu() {
     Click("cmdRecent");
     ExpectSoon([] { return QApplication::activePopupWidget() != nullptr; });

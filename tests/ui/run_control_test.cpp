@@ -48,7 +48,7 @@ TEST_F(RunControls, AskNothingMoreWhenTheWindowIsClosedDuringAQuestion) {
   Click("chkWarnOnOverwrite");
   (void)folder_.Write("a.qvl.conc.txt", "old");
   Click("cmdListWords", {{"File exists", [this](QWidget& box) {
-                            // A question before this one would have nobody to answer it.
+                            // Nobody would answer a second question in front of this one.
                             QTimer::singleShot(500, &box, [&box] {
                               auto* asked = QApplication::activeModalWidget();
                               EXPECT_EQ(asked, &box);

@@ -18,7 +18,7 @@ class SettingsPanels : public WindowTest {
     return AsksForFile("Specify file to load settings from.", folder_.Path(name));
   }
 
-  // The chooser of languages: takes the one at `place`, and leaves by a button.
+  // The language chooser: selects the language at `place`, and presses a button.
   static Box AsksForLanguage(const char* opensOn, int place, const char* button) {
     return {"Stop words", [=](QWidget& chooser) {
               auto* list = chooser.findChild<QComboBox*>("cboCommonWordsFiles");
@@ -29,7 +29,7 @@ class SettingsPanels : public WindowTest {
             }};
   }
 
-  // Gives every option a value that it does not have at first.
+  // Sets every option to a value other than its default.
   void ChangeEverything() {
     OpenText("a.txt");
     Type("txbFile_3", folder_.Path("not there.txt"));
@@ -53,7 +53,7 @@ class SettingsPanels : public WindowTest {
     Type("txbExtraStopWords", "mp3,the");
   }
 
-  // Fails unless the keys go to this control of the panel.
+  // Fails unless this control of the panel has the focus.
   void ExpectAt(const std::string& name) {
     ExpectSoon(
         [this, &name] { return HasTheKeys(Control("SettingsPanel")) && Control(name).hasFocus(); });
@@ -64,7 +64,7 @@ class SettingsPanels : public WindowTest {
     ExpectAt(button);
   }
 
-  // The settings file that says so, with the modes in lines 5 and 6.
+  // The settings file with these values. The modes are in lines 5 and 6.
   [[nodiscard]] std::string ChangedFile(const std::string& modes) const {
     std::string lines;
     for (const char* name : {"a.txt", "found.txt", "k.txt", "not there.txt"}) {
@@ -95,7 +95,7 @@ TEST_F(SettingsPanels, WritesAFileOfTheUsersChoiceAndReadsIt) {
   ClickAndStay("cmdSaveLoadState_1", {AsksToLoad("bad.lvz"), Tells("Load settings", error)});
   EXPECT_EQ(Text("txbFile_0") + Text("cboContextSize") + Text("txbExtraStopWords"), " 5mp3 the");
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optCreate ");
-  // They bring their keywords: what the boxes show is what a run goes by.
+  // The keywords of the loaded settings are read too, so a run uses what the boxes show.
   ClickAndStay("cmdSaveLoadState_1",
                {AsksToLoad("mine.lvz"), LoadsStopWords(), OffersKeywords("No")});
   EXPECT_EQ(Which("checked", {"optCreate", "optSearch"}), "optSearch ");
@@ -165,7 +165,7 @@ TEST_F(SettingsPanels, TakesStopWordsOfOnesOwn) {
   List();
   Click("cmdClearStopWordsFile");
   EXPECT_NE(Text("txbOutput"), "");
-  // A path that was typed is read when it is needed, a box that was emptied is like one cleared.
+  // A typed path is read when it is needed. Emptying the box is the same as "Clear".
   Control("txbStopWordsFile").setFocus();
   TypeText(Control("SettingsPanel"), " " + own + " ");
   Press(Qt::ALT | Qt::Key_L, {listed});

@@ -24,7 +24,7 @@ class WindowInterfaces : public testing::Test {
     Activate(window_);
   }
 
-  // The text of the box with its caret, and what is said of it.
+  // The text of the box with its caret, and the label below it.
   [[nodiscard]] std::string Output() const {
     std::string text = output_.toPlainText().toStdString();
     text.insert(static_cast<std::size_t>(output_.textCursor().position()), "^");
@@ -71,7 +71,7 @@ TEST_F(WindowInterfaces, ShowTheLatestTextInStepsThatTheEyeFollows) {
   interface_.YieldAtOnce();
   EXPECT_EQ(Output(), "^four");
   interface_.SayWhatIsShown({5, 6, true});
-  EXPECT_EQ(Output(), "^four | The first 5 of 6 characters; the file holds all of it.");
+  EXPECT_EQ(Output(), "^four | The first 5 of 6 characters; the file contains the whole listing.");
   interface_.SetOutput("six");
   boxes_.During({Tells("Title", "text")}, "message", [this] { interface_.Tell("text", "Title"); });
   EXPECT_EQ(Output(), "^six");
@@ -120,7 +120,7 @@ TEST_F(WindowInterfaces, PopUpBelowTheFileWhenTheWorkIsDone) {
   interface_.PopUp("written");
   interface_.EndWork();
   boxes_.During({PopsUp("written")}, "later", [this] { interface_.ShowPendingPopUp(); });
-  interface_.ShowPendingPopUp();  // it comes once
+  interface_.ShowPendingPopUp();  // it appears only once
 }
 
 TEST_F(WindowInterfaces, CountTheSecondsThatAUserWaits) {

@@ -48,7 +48,7 @@ TEST_F(WindowPlaces, AreTakenUpOnTheSameScreenAlone) {
 }
 
 TEST_F(WindowPlaces, AndAllElseThatIsWrongInTheFileCountsAsNotThere) {
-  KeepFolding(true);  // makes the folder
+  KeepFolding(true);  // creates the folder
   (void)folder_.Write(
       "config/Quorvel/window.ini",
       "[General]\ninputs=relative.txt, /a%00b, , /a, %2Fa, /b\n[window]\nfolded=perhaps\n"

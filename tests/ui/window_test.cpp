@@ -121,7 +121,7 @@ void WindowTest::ExpectNames(const QWidget& window) {
     const bool isPart = qobject_cast<QComboBox*>(control->parentWidget()) != nullptr;
     if (!takesKeys || isPart || control->window() != &window) continue;
     QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(control);
-    // Without a label, the name of a list to choose from is what is chosen in it.
+    // A drop-down list without a label is named after its chosen entry.
     QString name = spoken.role() == QAccessible::ComboBox ? "" : spoken.text(QAccessible::Name);
     for (const auto& [other, relation] : spoken.relations(QAccessible::Label)) {
       if (other->role() == QAccessible::StaticText) name = other->text(QAccessible::Name);

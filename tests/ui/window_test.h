@@ -1,4 +1,4 @@
-// The program's window, driven by the names of its controls with real keys and clicks.
+// Tests use the real window by the names of its controls, with real keys and clicks.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,22 +12,22 @@ namespace quorvel {
 inline constexpr const char* HARBOUR =
     "The old harbour was silent now.\r\nThe old harbour was silent too.\r\n";
 
-// How its concordance begins at the settings of a first start.
+// The beginning of its concordance with the settings of a first start.
 inline constexpr const char* HARBOUR_ENTRY =
     "[harbour 2]\n"
     "...  old «harbour» was silent now. The old «harbour» was silent\n"
     "... was silent now. The old «harbour» was silent \n"
     "\n[old 2]\n";
 
-// Each test is a user of their own, who starts the program for the first time. Every action waits
-// for the boxes that it brings, in this order, and answers them.
+// Each test is a new user who starts the program for the first time. Every action waits for these
+// boxes, in this order, and answers them.
 class WindowTest : public testing::Test {
  protected:
   using Names = std::vector<std::string>;
 
   WindowTest();
 
-  // Starts the program as its main function does, instead of the one that runs.
+  // Starts the program again, like its main function.
   void Open(const std::string& path = {}, const BoxList& boxes = {});
   // The same with a new input, whose path is returned.
   std::string OpenText(const std::string& name, const std::string& bytes = HARBOUR);
@@ -35,7 +35,7 @@ class WindowTest : public testing::Test {
   void Do(const std::string& name, const BoxList& boxes, const std::function<void()>& act);
   void Click(const std::string& control, const BoxList& boxes = {});
   void Press(QKeyCombination keys, const BoxList& boxes = {});
-  // Replaces what stands in a text box, and leaves it by `end`.
+  // Replaces the text of a text box, and leaves the box with the key `end`.
   void Type(const std::string& control, const std::string& text, const BoxList& boxes = {},
             Qt::Key end = Qt::Key_Tab);
   void Choose(const std::string& list, const std::string& item, const BoxList& boxes = {});
@@ -43,16 +43,16 @@ class WindowTest : public testing::Test {
   void List() { Click("cmdListWords", {WritesConcordance()}); }
   void Search() { Click("optSearch", {WantsKeywords()}); }
 
-  // Throws when none is visible.
+  // Throws if no such control is visible.
   [[nodiscard]] QWidget& Control(const std::string& name) const;
   [[nodiscard]] bool Shown(const std::string& name) const;
-  // Its text, of a list the one that is chosen; without mnemonics.
+  // The text of a control, or the chosen entry of a list, without mnemonics.
   [[nodiscard]] std::string Text(const std::string& name) const;
   [[nodiscard]] std::string Texts(const Names& names) const;
-  // Those that are "enabled" or "checked", each with a blank behind it.
+  // The controls that are "enabled" or "checked", each followed by a blank.
   [[nodiscard]] std::string Which(const char* property, const Names& names) const;
-  // Fails on a control that takes the keys but that a screen reader has no name for, and on two of
-  // one window with the same name.
+  // Fails if a control that can have the focus has no name for screen readers, or if two controls
+  // of a window have the same name.
   static void ExpectNames(const QWidget& window);
   static void ExpectSoon(const std::function<bool()>& condition);
 

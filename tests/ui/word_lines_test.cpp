@@ -24,7 +24,7 @@ namespace {
 
 class WordsAndLines : public WindowTest {
  protected:
-  // Lists a text and clicks on the tab: what is typed then is sought.
+  // Lists a text and clicks on the tab, so that typed text goes to the box for finding a word.
   void OpenTab(const std::string& text = HARBOUR) {
     OpenText("a.txt", text);
     List();
@@ -36,8 +36,8 @@ class WordsAndLines : public WindowTest {
 
   QTableView& Table(const char* name) { return dynamic_cast<QTableView&>(Control(name)); }
 
-  // What a table shows, or its chosen rows: the columns of a row with "|" between them. Contexts
-  // are cut to their nearest characters.
+  // The rows of a table, or its selected rows, with "|" between the columns. Of a context only the
+  // characters next to the match are returned.
   std::string Rows(const char* name, bool chosenOnly = false) {
     QTableView& table = Table(name);
     std::string rows;
@@ -59,14 +59,14 @@ class WordsAndLines : public WindowTest {
 
   void ClickRow(const char* name, int row, Qt::KeyboardModifiers keys = {},
                 Qt::MouseButton button = Qt::LeftButton) {
-    QCoreApplication::processEvents();  // the window is laid out anew
+    QCoreApplication::processEvents();  // the layout of the window is updated
     QTableView& table = Table(name);
     const QRect cell = table.visualRect(table.model()->index(row, 1));
     const QPoint place = table.viewport()->mapTo(window_.get(), cell.center());
     Do(name, {}, [&] { QTest::mouseClick(window_->windowHandle(), button, keys, place); });
   }
 
-  // Acts, which opens a menu, and chooses the entry of this text by keys.
+  // Acts, which opens a menu, and chooses the entry with this text by keys.
   void ChooseFromMenu(const QString& entry, const BoxList& boxes,
                       const std::function<void()>& act) {
     QTimer::singleShot(0, window_.get(), [this, entry] { PressEntry(entry); });
@@ -89,7 +89,7 @@ class WordsAndLines : public WindowTest {
     menu->close();
   }
 
-  // Acts, once, when a label says that work is under way.
+  // Acts once, while a label shows that work is in progress.
   void MeanwhileIn(const char* label, const std::function<void()>& act) {
     QTimer::singleShot(0, window_.get(), [this, label, act] {
       if (Text(label) != "...") return MeanwhileIn(label, act);
@@ -100,7 +100,7 @@ class WordsAndLines : public WindowTest {
 
   int acted_ = 0;
 
-  // The document around its mark: the line, with the mark between brackets.
+  // The line of the document with the mark, which is put in brackets.
   std::string Marked() {
     const auto& pane = dynamic_cast<QPlainTextEdit&>(Control("txbDocument"));
     if (pane.extraSelections().isEmpty()) return "";
@@ -123,7 +123,8 @@ TEST_F(WordsAndLines, ShowsWhatIsChosen) {
             "ship|2||\nwide|1||\n");
   EXPECT_EQ(Rows("tblWords", true), "harbour|1||\n");
   EXPECT_EQ(Marked(), "The sea, the ship and the old [harbour].");
-  // Two words, in the order of their places; each line shows where it stands.
+  // The lines of two words, in the order of their places. Each line marks its place in the
+  // document.
   TypeText(*window_, "sEa");
   EXPECT_EQ(Rows("tblWords", true), "Sea|1||\nsea|2||\n");
   Press(Qt::Key_Return);
@@ -141,12 +142,12 @@ TEST_F(WordsAndLines, ShowsWhatIsChosen) {
   EXPECT_EQ(Marked(), "Ships on the Sea; the [sea] is wide.");
   Press(Qt::CTRL | Qt::Key_Up);
   EXPECT_EQ(Rows("tblLines", true), " on the |Sea|; the se|\n");
-  // By pattern.
+  // Chosen by a pattern.
   Type("txbFindWord", "s*s");
   EXPECT_EQ(Rows("tblWords"), "seas|1||\n");
   Type("txbFindWord", "");
   EXPECT_EQ(Rows("tblWords", true), "seas|1||\n");
-  // From the document to a word's lines.
+  // A double-click in the document shows the lines of the word.
   auto& pane = dynamic_cast<QPlainTextEdit&>(Control("txbDocument"));
   const int word = static_cast<int>(pane.toPlainText().indexOf("wide")) + 1;
   QTextCursor cursor(pane.document());
@@ -218,7 +219,7 @@ TEST_F(WordsAndLines, GoToPlacesFromTheStrips) {
   EXPECT_EQ(click(strips.width() - 9, 1), third);
   EXPECT_EQ(click(5, 1), first);
   EXPECT_EQ(click(strips.width() / 2, 0), second);
-  EXPECT_EQ(strips.accessibleDescription(), "Sea: 1 place(s)");
+  EXPECT_EQ(strips.accessibleDescription(), "Sea: 1 place");
   const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_Left, second}, {Qt::Key_Down, second},
                                                   {Qt::Key_Right, third}, {Qt::Key_Right, third},
                                                   {Qt::Key_Left, first},  {Qt::Key_Down, first},
@@ -243,7 +244,7 @@ TEST_F(WordsAndLines, GoToPlacesFromTheStrips) {
   EXPECT_TRUE(colours.contains(strips.palette().color(QPalette::Highlight).rgb()));
 }
 
-// Lines that take a while: events run meanwhile, and what they want is done at once.
+// Making the lines takes a while. Events run meanwhile, and a new request is done at once.
 TEST_F(WordsAndLines, EndsWhatIsNoLongerWanted) {
   std::string text;
   constexpr const char* WORDS[] = {"harbour ", "ship ", "bell ", "lamp ", "light ", "old\r\n"};
@@ -256,13 +257,13 @@ TEST_F(WordsAndLines, EndsWhatIsNoLongerWanted) {
   Press(Qt::CTRL | Qt::Key_A);
   EXPECT_EQ(Text("lblLineCount"), "30,000 lines");
   EXPECT_EQ(Rows("tblWords", true), "harbour|30,000||\n");
-  // A run takes away what they are made of.
+  // A run releases the listing that the lines are made of.
   MeanwhileIn("lblLineCount", [&] { press(Qt::Key_F5); });
   Press(Qt::CTRL | Qt::Key_A, {WritesConcordance()});
   EXPECT_EQ(Text("lblLineCount"), "180,000 lines");
   EXPECT_EQ(Rows("tblWords", true), Rows("tblWords"));
   EXPECT_EQ(acted_, 2);
-  // Finding goes by steps, too.
+  // Finding works in steps too.
   Press(Qt::CTRL | Qt::Key_F);
   TypeText(*window_, "bell lamp");
   EXPECT_EQ(Text("lblFindCount"), "30000 found");
@@ -305,7 +306,7 @@ TEST_F(WordsAndLines, CopiesAndSavesWhatItShows) {
   Choose("cboContextSize", " 1", {WritesConcordance()});
   EXPECT_EQ(Rows("tblLines"), " as the |sea| is: at |3|\n");
   Table("tblLines").setFocus();
-  // The places of lines that are shown once are gone through all the same.
+  // All places are visited even if equal lines are shown once.
   Press(Qt::CTRL | Qt::Key_Down);
   Press(Qt::CTRL | Qt::Key_Down);
   EXPECT_TRUE(Marked().ends_with("at the [sea] is: of")) << Marked();
@@ -325,7 +326,7 @@ TEST_F(WordsAndLines, CopiesAndSavesWhatItShows) {
             "word\tkey\tcount\tleft\tmatch\tright\tposition\ttimes\n"
             "sea\tsea\t3\tthe \tsea\t is:\t52\t3\n");
   EXPECT_TRUE(save("l.json").ends_with("\"position\":52,\"times\":3}\n]\n"));
-  // No file that the program reads is written over, and another one when the user says so.
+  // A file that the program reads is never replaced. Any other file is replaced if the user agrees.
   const std::string text = folder_.Read("a.txt");
   EXPECT_EQ(save("a.txt", {Tells("Quorvel", "This file cannot be the same as the input file.")}),
             text);
@@ -343,7 +344,7 @@ TEST_F(WordsAndLines, LeavesWordsOutAndComesBackAfterARun) {
                  [this] { ClickRow("tblWords", 4, {}, Qt::RightButton); });
   EXPECT_TRUE(Shown("tblWords"));
   EXPECT_EQ(Rows("tblWords"), "harbour|1||\nhome|1||\nseas|1||\nShip|1||\nship|2||\nwide|1||\n");
-  // What was chosen before a run is so behind it.
+  // Words that were chosen before a run are still chosen after it.
   ClickRow("tblWords", 2);
   Choose("cboWordOrder", "by frequency", {WritesConcordance()});
   EXPECT_EQ(Rows("tblWords", true), "seas|1||\n");
@@ -381,14 +382,14 @@ TEST_F(WordsAndLines, GoesThroughALongDocument) {
   EXPECT_TRUE(pane.toPlainText().startsWith("line 0 is"));
   Press(Qt::CTRL | Qt::Key_End);
   EXPECT_TRUE(pane.toPlainText().endsWith("line 5999 is as it is\nthe Sea"));
-  // Page by page to the begin, with no line left out.
+  // Page by page to the beginning, without skipping a line.
   std::set<QString> seen;
   for (int page = 0; page < 2000 && !seen.contains("line 0 is as it is"); ++page) {
     Press(Qt::Key_PageUp);
     for (const QString& line : pane.toPlainText().split('\n')) seen.insert(line);
   }
   EXPECT_EQ(seen.size(), 6001U);
-  // Finds in all of it.
+  // Finds text in the whole document.
   Press(Qt::CTRL | Qt::Key_F);
   TypeText(*window_, "SEA");
   Press(Qt::Key_Return);

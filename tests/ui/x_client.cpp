@@ -41,12 +41,12 @@ void Send(xcb_connection_t* x, xcb_window_t window, const char* type,
   xcb_flush(x);
 }
 
-// Hands over what is dragged to the window that asks for it.
+// Sends the dragged data to the window that asks for it.
 void Answer(xcb_connection_t* x, const xcb_selection_request_event_t& asked,
             const std::string& uris) {
   xcb_change_property(x, XCB_PROP_MODE_REPLACE, asked.requestor, asked.property, asked.target, 8,
                       static_cast<std::uint32_t>(uris.size()), uris.data());
-  // Every event has 32 bytes, this one less.
+  // Every event has 32 bytes, but this struct is shorter.
   union {
     xcb_selection_notify_event_t notify;
     char bytes[32];
@@ -58,7 +58,7 @@ void Answer(xcb_connection_t* x, const xcb_selection_request_event_t& asked,
   xcb_flush(x);
 }
 
-// Ends with the drag, or when the window does not answer: false then.
+// Returns when the drag is over. Returns false if the window does not answer.
 bool Drag(xcb_window_t target, QPoint place, const std::string& uris) {
   const Connection connection = Connect();
   xcb_connection_t* x = connection.get();
@@ -93,7 +93,7 @@ bool Drag(xcb_window_t target, QPoint place, const std::string& uris) {
 
 void DragFileTo(const QWidget& window, QPoint place, const std::string& path) {
   const QByteArray uri = QUrl::fromLocalFile(QString::fromStdString(path)).toEncoded() + "\r\n";
-  // The window waits for the answers of the other side, which are given meanwhile.
+  // The window waits for answers from the other side, so they are given meanwhile.
   auto drag = std::async(std::launch::async, Drag, static_cast<xcb_window_t>(window.winId()), place,
                          uri.toStdString());
   const auto isOver = [&drag] {

@@ -1,4 +1,5 @@
-// What other programs do to a window by the X server: a file manager, the window manager.
+// Acts on a window like other programs, through the X server: a file manager and the window
+// manager.
 #pragma once
 
 #include <QWidget>
@@ -6,11 +7,11 @@
 
 namespace quorvel {
 
-// Drags a file over a place of the screen where the window is, and lets go of it there if the
-// window takes it. Returns when the window has it, or has refused it.
+// Drags a file to a place of the window, and drops it if the window accepts it. Returns when the
+// window has taken or refused the file.
 void DragFileTo(const QWidget& window, QPoint place, const std::string& path);
 
-// Presses the button of the frame that closes the window, and returns when that has been heard.
+// Presses the close button of the window's frame, and returns when the window has received it.
 void CloseByFrame(const QWidget& window);
 
 }  // namespace quorvel

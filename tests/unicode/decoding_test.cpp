@@ -46,7 +46,8 @@ TEST(Decoding, TellsEncodings) {
             "\xE2\x82\xAC\xC5\xA0\xC5\x93\xC3\xA9\xE2\x80\x9C");
 }
 
-// With "?" for each U+FFFD: as many as the Unicode standard recommends, for its own examples too.
+// "?" stands for U+FFFD. There are as many as the Unicode standard recommends, also for its own
+// examples.
 TEST(Decoding, ReplacesEachBrokenSequenceOnce) {
   const std::pair<std::string, std::string> rows[] = {{"\xC0\xAF\xE0\x80\xBF\xF0\x81\x82"
                                                        "A",
@@ -75,7 +76,7 @@ TEST(Decoding, ReplacesEachBrokenSequenceOnce) {
   }
 }
 
-// Wherever it stands among characters of two bytes, which are passed many at a time.
+// At any place among characters of two bytes, which are skipped many at a time.
 TEST(Decoding, FindsABrokenSequenceAmongPairs) {
   const std::string letter = "\xD0\xB4";
   const std::pair<std::string, std::string> rows[] = {{"\xD0", "?"},

@@ -8,13 +8,13 @@
 namespace quorvel {
 namespace {
 
-// The parts with "|" behind each, "damaged " in front, or the kind of fault.
+// The parts, each followed by "|", after "damaged " if they are; or the kind of fault.
 std::string UnpackedOrFault(const std::string& archive, PackedKind kind, bool notes = false,
                             std::uint64_t limit = 1000) {
   SilentProgress nobody;
   const BodyLimits limits = {.hard = limit};
   const auto unpacked = UnpackTextParts({"a", archive}, kind, {.notes = notes}, limits, nobody);
-  if (!unpacked) return unpacked.Why().kind == FaultKind::bodyTooLarge ? "too large" : "stopped";
+  if (!unpacked) return unpacked.Error().kind == FaultKind::bodyTooLarge ? "too large" : "stopped";
   EXPECT_EQ(unpacked->kind, kind);
   std::uint64_t length = 0;
   std::string shown = unpacked->isDamaged ? "damaged " : "";
@@ -69,7 +69,7 @@ TEST(PackedDocuments, AreLimitedInAllTheirPartsAndCanBeStopped) {
   ScriptedConversation ui;
   ui.stopAtYield = 1;
   const auto unpacked = UnpackTextParts({"a.docx", archive}, PackedKind::docx, {}, {}, ui);
-  EXPECT_EQ(unpacked.Why().kind, FaultKind::stopped);
+  EXPECT_EQ(unpacked.Error().kind, FaultKind::stopped);
 }
 
 // A book with these chapters in its manifest and the spine.

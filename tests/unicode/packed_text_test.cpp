@@ -29,7 +29,7 @@ UnpackedParts PartsOf(PackedKind kind, std::vector<std::string> parts) {
   return unpacked;
 }
 
-// With "!" behind it where a part was damaged.
+// Followed by "!" if a part is damaged.
 std::string TextOf(const UnpackedParts& parts, const UnicodeOptions& options = {}) {
   SilentProgress nobody;
   PackedText text(parts, options);
@@ -38,7 +38,7 @@ std::string TextOf(const UnpackedParts& parts, const UnicodeOptions& options = {
 }
 
 TEST(PackedText, OfWordDocuments) {
-  // With "[" for the start of a run and "]" for its end.
+  // "[" stands for the start of a run and "]" for its end.
   const char* rows[][3] = {
       {"a word in two runs", "<w:p>[Al][pha]</w:p><w:p>[Be]</w:p><w:p/>", "Alpha Be"},
       {"breaks", "[a]<w:tab/>[b]<w:br w:type='page'/>[c]<w:cr/>[d]<w:ptab/>[e]", "a b c d e"},
@@ -76,7 +76,7 @@ TEST(PackedText, OfWordDocuments) {
   }
 }
 
-// What has only characters of Windows-1252, plain punctuation and no breaks of other kinds is the
+// A document with only characters of Windows-1252, plain punctuation and no special breaks has the
 // same text in both readings.
 TEST(PackedText, IsThatOfWindows1252) {
   const std::vector<std::string> runs = {"har",   "bour", " ",      "caf\xE9", "--",
@@ -178,7 +178,7 @@ TEST(PackedText, GoesOnAfterAStopAndShowsHowFarItIs) {
   }
 }
 
-// Each with its notes, and the book without lists.
+// Each document with its notes, and the book without lists.
 TEST(PackedText, OfOtherPrograms) {
   const auto bytesOf = [](const std::string& name) {
     std::ifstream file(QUORVEL_TEST_DATA "/packed/" + name, std::ios::binary);

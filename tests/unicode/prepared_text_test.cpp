@@ -17,15 +17,15 @@ using namespace std::string_literals;
 std::string PreparedOrFault(const InputBytes& input, const UnicodeOptions& options, Progress& ui) {
   const Result<PreparedText> prepared = PrepareUnicodeText(input, options, ui);
   if (prepared) return prepared->text;
-  EXPECT_EQ(prepared.Why().file, input.Path());
-  switch (prepared.Why().kind) {
+  EXPECT_EQ(prepared.Error().file, input.Path());
+  switch (prepared.Error().kind) {
     case FaultKind::noHead:
       return "no head";
     case FaultKind::stopped:
       return "stopped";
     default:
-      EXPECT_EQ(prepared.Why().kind, FaultKind::unknownCharset);
-      return "cannot read " + prepared.Why().reason;
+      EXPECT_EQ(prepared.Error().kind, FaultKind::unknownCharset);
+      return "cannot read " + prepared.Error().reason;
   }
 }
 
@@ -64,8 +64,8 @@ TEST(PreparedText, IsMade) {
   EXPECT_EQ(PrepareUnicodeText({"a.txt", "\xEF\xBB\xBF\xE9\xE9"}, {}, nobody)->replaced, 2);
 }
 
-// What has only characters of Windows-1252 and ends its lines as that system does is the same text
-// in both readings.
+// A file with only characters of Windows-1252 and with CR LF line ends has the same text in both
+// readings.
 TEST(PreparedText, IsThatOfWindows1252) {
   const std::vector<std::string> parts = {
       "harbour",  "caf\xE9", "\xA0",     "\x93o\x94", "\x85",   "\x8A\x9E",

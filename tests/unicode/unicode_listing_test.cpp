@@ -1,4 +1,4 @@
-// A text that Windows-1252 holds is listed as Unicode just as it is in Windows-1252.
+// A text with only characters of Windows-1252 has the same listing in both readings.
 
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
     const auto unicode =
         MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(narrow->documentText), 0);
     Document wide = *unicode;
-    wide.codePage = nullptr;  // as with more characters than a page has
+    wide.codePage = nullptr;  // as if the text had too many different characters for a code page
     ASSERT_EQ(wide.documentText, narrow->documentText);
     ConcordanceSettings settings;
     settings.contextSize = static_cast<int>(random() % 10);
@@ -58,8 +58,7 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
   }
 }
 
-// Neither in a byte for each character nor in code units is anything lost; a character is never
-// cut.
+// No character is lost or cut, neither with one byte for each character nor with code units.
 TEST(UnicodeListing, HoldsWhatItsTextHolds) {
   const std::u16string few = u"“Ώρα” ώρα ?ρα, Ώρα… – ώρα ";
   std::u16string many = few;

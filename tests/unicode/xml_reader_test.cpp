@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// The events of a document that is read in pieces of `step` bytes.
+// The events of a document that is passed in pieces of `step` bytes.
 std::string EventsOf(const std::string& xml, std::size_t step) {
   std::string log;
   XmlEvents events;

@@ -9,7 +9,7 @@ namespace {
 
 const Alphabet& unicode = Alphabet::Unicode();
 
-// Every character of Windows-1252 is to both what it is to one, but for a few letters.
+// Both alphabets agree on every character of Windows-1252 except a few letters.
 TEST(Alphabet, OfUnicodeAgreesWithThatOfWindows1252) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::u16string ch = latin.Decode(std::string(1, static_cast<char>(byte)));

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-// What is not UTF-8 is taken byte by byte for Windows-1252.
+// Invalid UTF-8 is read byte by byte as Windows-1252.
 TEST(Utf8, IsDecodedWhereItIsWellFormed) {
   const std::tuple<const char*, std::string, std::u16string, bool> rows[] = {
       {"the shortest and longest of each length",
@@ -28,7 +28,7 @@ TEST(Utf8, IsDecodedWhereItIsWellFormed) {
   EXPECT_EQ(CharacterAt(u"a\U0001F600é", 3), "\xC3\xA9");
 }
 
-// Whatever stands around it and wherever in a long text it stands.
+// In any surroundings and at any place of a long text.
 TEST(Ansi, HasOneCharacterForEachByte) {
   const std::u16string high =
       u"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
@@ -45,7 +45,7 @@ TEST(Ansi, HasOneCharacterForEachByte) {
       text[place] = character;
       ASSERT_EQ(DecodeAnsi(bytes), text) << byte;
       ASSERT_EQ(EncodeAnsi(text), bytes) << byte;
-      // What is none of Windows-1252 becomes one "?".
+      // A character outside Windows-1252 becomes one "?".
       ASSERT_EQ(EncodeAnsi(text.substr(0, place) + u"\U0001F600" + text.substr(place)),
                 bytes.substr(0, place) + "?" + bytes.substr(place));
     }

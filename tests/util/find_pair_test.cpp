@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-// What follows in memory is none of the text.
+// The bytes after the text in memory do not belong to it.
 TEST(FindPair, GivesTheFirstPairOfTheText) {
   for (std::size_t length = 1; length < 70; ++length) {
     const std::string text = std::string(length, 'a') + "-+-+";

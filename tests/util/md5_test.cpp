@@ -15,7 +15,7 @@ std::string DigestText(std::string_view bytes, std::size_t piece) {
   return HexOfBytes(Md5Final(context), false, true, false);
 }
 
-// Published values, then the lengths at which the padding changes its shape.
+// Published values, then the lengths at which the padding changes.
 TEST(Md5, Digests) {
   const std::pair<std::string, const char*> rows[] = {
       {"", "d41d8cd98f00b204e9800998ecf8427e"},

@@ -12,7 +12,7 @@
 namespace quorvel {
 namespace {
 
-// The library's own way, which takes the square of the number of marks.
+// The library's function, whose time is quadratic in the number of marks.
 std::string NormalizedNaively(const std::string& text) {
   utf8proc_uint8_t* composed = nullptr;
   const auto* const bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());

@@ -14,7 +14,7 @@ TEST(ProgressBar, HasItsCaptions) {
   EXPECT_EQ(ProgressCaption(41), "[" + std::string(40, '-') + ">]");
 }
 
-// Every cell is shown as soon as it is reached, halves rounded to even ones, and none twice.
+// Every cell is shown when it is reached, and only once. Halves are rounded to even.
 TEST(ProgressBar, ShowsEachCellOnce) {
   for (const std::int64_t total : {6, 7, 39, 80, 100, 12345}) {
     ScriptedConversation progress;

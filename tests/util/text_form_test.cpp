@@ -11,7 +11,7 @@ constexpr TextForm ANSI_FILE = {Coding::windows1252, true};
 constexpr TextForm UTF8_FILE = {Coding::utf8, true};
 constexpr TextForm UTF8_LINES = {Coding::utf8, false};
 
-// Wherever its pieces end.
+// The pieces can end anywhere.
 TEST(TextForm, ChangesATextInPieces) {
   const struct {
     const char* name;

@@ -14,15 +14,15 @@ std::uint32_t HashOfBytes(const std::string& text, const HashSeed& seed) {
   return HashOf(std::string_view(text), seed);
 }
 
-// How many of the texts share a bucket with most others.
+// The number of texts in the fullest bucket.
 std::size_t Crowd(const std::vector<std::string>& texts, const HashSeed& seed) {
   std::vector<std::size_t> buckets(std::size_t{1} << BUCKET_BITS);
   for (const std::string& text : texts) ++buckets[HashOfBytes(text, seed) % buckets.size()];
   return *std::max_element(buckets.begin(), buckets.end());
 }
 
-// As an attacker makes them, who knows everything but the seed: all fall into one bucket, by a
-// guessed one.
+// Texts of an attacker who knows everything except the seed. With a guessed seed, all are in one
+// bucket.
 std::vector<std::string> Colliding(std::string text, std::size_t place) {
   std::vector<std::string> found;
   for (std::uint32_t number = 0; number < 1U << 20U; ++number) {
@@ -33,7 +33,8 @@ std::vector<std::string> Colliding(std::string text, std::size_t place) {
 }
 
 TEST(TextHash, WhatCollidesWithOneSeedDoesNotWithOthers) {
-  constexpr std::size_t MOST = 12;  // about one text to a bucket, which is 7 at the most in 1,000
+  // With about one text for each bucket, 1,000 texts have at most 7 in one.
+  constexpr std::size_t MOST = 12;
   const std::vector<HashSeed> seeds = {
       {0x2545F4914F6CDD1D, 0xD6E8FEB86659FD93, 0xA0761D6478BD642F, 0xE7037ED1A0B428DB},
       {GUESSED[0] ^ 1U, GUESSED[1], GUESSED[2], GUESSED[3]},

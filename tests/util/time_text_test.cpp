@@ -8,7 +8,7 @@ TEST(TimeText, Elapsed) {
   const std::tuple<int32_t, const char*, const char*, const char*> rows[] = {
       {30, "30s", "30 seconds", "1 minute"},
       {60, "1m", "1 minute", "2 minutes"},                           // the whole duration counts
-      {3599, "59m 59s", "59 minutes and 59 seconds", "59 minutes"},  // never to the full hour
+      {3599, "59m 59s", "59 minutes and 59 seconds", "59 minutes"},  // never rounded up to an hour
       {36059, "10h 0m 59s", "10 hours and 59 seconds", "10 hours"},
       {180121, "2d 2h 2m 1s", "2 days, 2 hours,  2 minutes and 1 second",
        "2 days, 2 hours and 2 minutes"},
@@ -32,7 +32,7 @@ TEST(TimeText, SizesCountsDurationsAndDates) {
       {DurationText(1565, true), "1 day, 2 hours and 5 minutes"},
       {DurationText(1439, false) + ShortDurationText(1440), "23h 59m1d 0h 0m"}};
   for (const auto& [found, expected] : rows) EXPECT_EQ(found, expected);
-  std::tm time = {};  // has more fields on one system than on another
+  std::tm time = {};  // the number of fields depends on the system
   std::tie(time.tm_year, time.tm_mon, time.tm_mday) = std::tuple(124, 4, 7);
   std::tie(time.tm_hour, time.tm_min, time.tm_sec) = std::tuple(15, 4, 59);
   time.tm_isdst = -1;

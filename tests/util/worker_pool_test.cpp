@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::chrono::milliseconds PATIENCE(1);
 
-// Pieces of very different lengths, so that later ones are made first.
+// Pieces of very different lengths, so that later ones are finished first.
 std::string PieceOf(std::size_t i) { return std::string(i % 7 * i % 7 * 1000, 'a') + 'b'; }
 
 WorkerPool::Maker Maker() {
