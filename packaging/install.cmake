@@ -51,7 +51,7 @@ if(UNIX)
     install(FILES packaging/quorvel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
     set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
     install(FILES data/icons/quorvel.svg DESTINATION ${icons}/scalable/apps)
-    foreach(size IN LISTS QUORVEL_ICON_SIZES)
+    foreach(size IN LISTS ICON_SIZES)
       install(FILES data/icons/quorvel_${size}.png RENAME quorvel.png
         DESTINATION ${icons}/${size}x${size}/apps)
     endforeach()
