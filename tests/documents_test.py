@@ -46,7 +46,7 @@ def faults_of_first_steps(cli):
     copy, *commands = re.findall("^    (cp .*|release/.*)", section, re.MULTILINE)
     entry = re.search(r"^    \[.*\n(    \.\.\. .*\n)+", section, re.MULTILINE)[0].replace("    ", "")
     with tempfile.TemporaryDirectory() as folder:
-        script = "\n".join([copy.replace("cp ", f"cp {ROOT}/").replace("build/", ""), *commands])
+        script = "\n".join([copy.replace("build/", "").replace("cp ", f"cp {ROOT}/"), *commands])
         run = subprocess.run(["sh", "-e"], input=script.replace("release/quorvel-cli", cli), cwd=folder,
                              encoding="utf-8", capture_output=True, check=False)
         listed = pathlib.Path(folder, "lamp.qvl.conc.txt").read_text(encoding="cp1252")
