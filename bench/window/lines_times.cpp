@@ -97,7 +97,9 @@ class LinesTimes {
     for (int round = 0; round < CHANGES; ++round) {
       LongestGap gap;
       words_.selectRow(0);
+      Settle();
       words_.selectAll();
+      Settle();
       words_.sortByColumn(round % 2, Qt::AscendingOrder);
       Settle();
       gaps.push_back(gap.End());
