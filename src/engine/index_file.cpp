@@ -50,9 +50,8 @@ class LineReader {
  public:
   explicit LineReader(std::string_view bytes) : rest_(bytes) {}
 
-  // The next line without its line end, or nothing after the last line.
-  std::optional<std::string_view> Next() {
-    if (rest_.empty()) return std::nullopt;
+  // The next line without its line end. After the last line it is empty.
+  std::string_view Next() {
     const std::size_t length = std::min(rest_.find(LINE_END), rest_.size());
     const std::string_view line = rest_.substr(0, length);
     rest_.remove_prefix(std::min(length + LINE_END.size(), rest_.size()));
@@ -61,9 +60,7 @@ class LineReader {
 
   // Parses the next line as a number of the head.
   std::optional<std::int32_t> NextNumber(std::int32_t largest) {
-    const std::optional<std::string_view> line = Next();
-    if (!line) return std::nullopt;
-    return NumberOf(TrimBlanks(*line), largest);
+    return NumberOf(TrimBlanks(Next()), largest);
   }
 
  private:
@@ -206,8 +203,8 @@ std::uint64_t LongestIndexFile(std::uint64_t textLength) {
 
 IndexHead HeadOfIndexFile(std::string_view bytes) {
   LineReader lines(bytes);
-  const std::string_view digest = lines.Next().value_or("");
-  return {digest, lines.Next().value_or("")};
+  const std::string_view digest = lines.Next();
+  return {digest, lines.Next()};
 }
 
 std::optional<WordTable> TableOfIndexFile(std::string_view bytes, const Alphabet& alphabet,
@@ -224,9 +221,7 @@ std::optional<WordTable> TableOfIndexFile(std::string_view bytes, const Alphabet
   WordTable table;
   table.positionWidth = *width;
   for (std::int32_t i = 0; i < *wordCount; ++i) {
-    const std::optional<std::string_view> line = lines.Next();
-    std::optional<WordEntry> entry;
-    if (line) entry = EntryOnLine(*line, alphabet, *wordCount, *width);
+    std::optional<WordEntry> entry = EntryOnLine(lines.Next(), alphabet, *wordCount, *width);
     const bool inOrder =
         entry && (table.entries.empty() || PrecedesAlphabetically(table.entries.back(), *entry));
     if (!inOrder || (i % LINES_BETWEEN_QUESTIONS == 0 && !goesOn())) return std::nullopt;

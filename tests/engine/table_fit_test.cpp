@@ -67,6 +67,7 @@ TEST(TableFit, LooksForWhatAScanNeverGives) {
       {"at the end", u"the sea", u"sea", {6}, true},
       {"far behind the end", u"the sea", u"sea", {1000000}},
       {"a word behind it", u"sea the", u"sea", {1}}};
+  EXPECT_FALSE(TableFitsText({}, {}, u"sea", latin)) << "a word, but none in the table";
   for (const auto& [name, text, word, places, fits, listed] : rows) {
     WordTable table = MadeTable({{word, places}});
     table.positionWidth = PositionWidth(text.size());

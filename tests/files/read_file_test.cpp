@@ -1,6 +1,13 @@
 #include "files/read_file.h"
 
 #include <gtest/gtest.h>
+#ifdef __linux__
+#include <fcntl.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+#endif
 
 #include "support/made_texts.h"
 #include "support/platform.h"
@@ -48,6 +55,25 @@ TEST(ReadFile, SaysWhyItReadsNothing) {
   }
 #endif
 }
+
+#ifdef __linux__
+// The holder of a lease releases it some time after another program has asked for the file.
+TEST(ReadFile, WaitsForALease) {
+  const TestFolder folder;
+  const std::string path = folder.Write("a", "x");
+  const auto handling = std::signal(SIGIO, SIG_IGN);
+  const int holder = ::open(path.c_str(), O_RDWR);  // NOLINT(*-vararg)
+  ASSERT_EQ(::fcntl(holder, F_SETLEASE, F_WRLCK), 0);
+  const std::jthread release([holder] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    ::fcntl(holder, F_SETLEASE, F_UNLCK);
+  });
+  const Result<std::string> bytes = ReadFileBytes(path, 5);
+  EXPECT_TRUE(bytes && *bytes == "x");
+  ::close(holder);
+  std::signal(SIGIO, handling);
+}
+#endif
 
 // The length is correct above 4 GB too. Reading the longest allowed file begins and is then
 // stopped.

@@ -4,6 +4,7 @@
 
 #include "files/file_system.h"
 #include "support/platform.h"
+#include "support/refused_calls.h"
 #include "support/test_folder.h"
 
 namespace quorvel {
@@ -57,6 +58,13 @@ TEST(TemporaryFile, GivesBackWhatWasWrittenAndLeavesNothing) {
   const TemporaryFile nowhere("QVL", "a/b");
   SetVariable("TMPDIR", "");
   EXPECT_FALSE(nowhere.HasFolder() || nowhere.Write("x") || nowhere.ReadBack(1));
+#ifdef __linux__
+  InChild([] {
+    ::close(0);  // a program can be started so; the file gets the number 0
+    const TemporaryFile first("QVL", "a");
+    EXPECT_TRUE(first.Write("one") && *first.ReadBack(3) == "one");
+  });
+#endif
 }
 
 }  // namespace quorvel
