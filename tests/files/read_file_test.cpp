@@ -24,6 +24,10 @@ TEST(ReadFile, GivesTheFirstBytes) {
   for (const std::size_t limit : {0, 65536, 199999, 200000, 200001}) {
     EXPECT_TRUE(*ReadFileBytes(path, limit) == bytes.substr(0, limit)) << limit;
   }
+#ifdef __linux__
+  // A file that reports the length 0.
+  EXPECT_TRUE(ReadFileBytes("/proc/version", 4096)->starts_with("Linux"));
+#endif
 }
 
 void ExpectFault(const std::string& path, FaultKind kind, const char* reason) {
@@ -108,6 +112,7 @@ TEST(FileToRead, ReadsNothingOfWhatIsNoFile) {
   const TestFolder folder;
   EXPECT_EQ(FileToRead(folder.Path("none")).Begin(5), "");
   EXPECT_EQ(FileToRead(folder.Path("")).Begin(5), "");
+  EXPECT_EQ(InputBytes().View(), "");
 }
 
 // As many bytes are read as the file had when it was opened, or as were read at first. If it has

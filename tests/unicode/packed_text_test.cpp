@@ -175,6 +175,7 @@ TEST(PackedText, GoesOnAfterAStopAndShowsHowFarItIs) {
     EXPECT_EQ(text.Take().text, Repeated("word ", words));
     EXPECT_EQ(ui.bars.size() > 2, words == 80000);
     EXPECT_TRUE(ui.bars.empty() || ui.bars.back().empty());
+    EXPECT_LE(std::ranges::count(ui.bars, ProgressCaption(0)), 1) << "begins anew after the stop";
   }
 }
 

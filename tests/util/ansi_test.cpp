@@ -16,6 +16,8 @@ TEST(Utf8, IsDecodedWhereItIsWellFormed) {
       {"a surrogate", "\xED\xA0\x80", u"\xED\xA0\x20AC", false},
       {"beyond the last", "\xF4\x90\x80\x80", u"\xF4\x90\x20AC\x20AC", false},
       {"a first byte beyond all", "\xF5\x80", u"\xF5\x20AC", false},
+      {"a first byte of five", "\xF9\x80\x80\x80", u"\xF9\x20AC\x20AC\x20AC", false},
+      {"continuations alone", "\x91\x80\x80\x80", u"\x2018\x20AC\x20AC\x20AC", false},
       {"cut", "a\xE2\x82", u"a\xE2\x201A", false},
       {"no continuation", "\xC3(", u"\xC3(", false}};
   for (const auto& [name, bytes, text, comesBack] : rows) {
@@ -24,6 +26,13 @@ TEST(Utf8, IsDecodedWhereItIsWellFormed) {
   }
   EXPECT_EQ(EncodeUtf8(u"\xD83D a\xDC00\xDFFF"), "\xEF\xBF\xBD a\xEF\xBF\xBD\xEF\xBF\xBD");
   EXPECT_EQ(EncodeUtf8(u"\xDBFF\xDBFF\xDFFF\xDBFF"), "\xEF\xBF\xBD\xF4\x8F\xBF\xBF\xEF\xBF\xBD");
+  for (const char32_t codePoint : {0xD7FF, 0xFFFF, 0x10000, 0x103FF, 0x10400, 0x10FFFF}) {
+    std::u16string text;
+    AppendCodePoint(text, codePoint);
+    std::size_t place = 0;
+    EXPECT_EQ(NextCodePoint(text, place), codePoint);
+    EXPECT_EQ(place, text.size());
+  }
   EXPECT_EQ(CharacterAt(u"a\U0001F600é", 1), "\xF0\x9F\x98\x80");
   EXPECT_EQ(CharacterAt(u"a\U0001F600é", 3), "\xC3\xA9");
 }
