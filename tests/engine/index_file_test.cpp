@@ -77,6 +77,8 @@ TEST(IndexFile, IsRefusedForOneBadNumberOrWord) {
         file.replace(i, 1, "\r\n");
       const auto table = TableOfIndexFile("\r\n\r\n" + file, latin);
       EXPECT_EQ(table ? table->WordCount() : -1, words) << file;
+      const bool isStopped = !TableOfIndexFile("\r\n\r\n" + file, latin, [] { return false; });
+      EXPECT_EQ(isStopped, words != 0) << file;
     }
   }
 }

@@ -29,6 +29,8 @@ const Row ROWS[] = {
      "64002:64002 640 u::6 g::0 g:64101:4 m::4 o::0"},
     {"the same, that all may read and run", "64002:64101 4765", LONER, "64002:64002 744",
      SYS_fsetxattr},
+    {"one's own that others may do more with, no lists", "64002:64101 266", LONER,
+     "64002:64002 266", SYS_fsetxattr},
     {"that all may write, no lists", "64001:64101 646", STRANGER, "64004:64103 644", SYS_fsetxattr},
     {"of a group that is not to read", "64001:64101 606", STRANGER,
      "64004:64103 666 u::6 u:64001:6 g::0 g:64101:0 m::6 o::6"},

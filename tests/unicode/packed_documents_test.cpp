@@ -79,7 +79,8 @@ std::vector<ZipEntry> Book(const std::string& manifest, const std::string& spine
            "<package><manifest>" + manifest + "</manifest><spine>" + spine + "</spine></package>"},
           {"O/one.xhtml", "1"},
           {"O/t/two \xC5\x82.html", "2"},
-          {"three.xhtml", "3"}};
+          {"three.xhtml", "3"},
+          {"O/%%2g%g2%2", "4"}};
 }
 
 TEST(PackedDocuments, OfBooksGiveTheChaptersInTheirOrder) {
@@ -88,11 +89,13 @@ TEST(PackedDocuments, OfBooksGiveTheChaptersInTheirOrder) {
       "<item id='b' href='t/two%20%C5%82.html#x' media-type='text/html'/>"
       "<item id='c' href='./t/../../three.xhtml' media-type='application/xhtml+xml'/>"
       "<item id='p' href='p.svg' media-type='image/svg+xml'/>"
-      "<item id='m' href='missing.xhtml' media-type='application/xhtml+xml'/>";
+      "<item id='m' href='missing.xhtml' media-type='application/xhtml+xml'/>"
+      "<item id='q' href='%25%2g%g2%2' media-type='application/xhtml+xml'/>";
   const std::pair<const char*, const char*> rows[] = {
       {"<itemref idref='c'/><itemref idref='a' linear='no'/><itemref idref='b'/>", "3|1|2|"},
       {"<itemref idref='p'/><itemref idref='a'/><itemref idref='a'/>", "1|"},
       {"<itemref idref='m'/><itemref idref='a'/>", "damaged 1|"},
+      {"<itemref idref='q'/>", "4|"},
       {"<itemref idref='unknown'/><itemref idref='a'/>", "damaged 1|"},
       {"<itemref idref='a'/></damage>", "damaged 1|"},
       {"", "damaged "}};
