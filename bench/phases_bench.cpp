@@ -30,7 +30,8 @@ void Scan(benchmark::State& state, Source source) {
   SilentProgress nobody;
   for (auto _ : state) {
     WordTable table;
-    GetWords(sample.document->documentText, Alphabet::Windows1252(), table, nobody);
+    const std::u16string& text = sample.document->documentText;
+    GetWords(text, {0, text.size()}, Alphabet::Windows1252(), table, nobody);
     benchmark::DoNotOptimize(table.entries.data());
   }
   CountBytes(state, sample);

@@ -95,7 +95,8 @@ Sample MakeSample(Source source) {
   WriteText(sample.path, bytes);
   sample.document = DocumentAt(sample.path);
   SilentProgress nobody;
-  GetWords(sample.document->documentText, Alphabet::Windows1252(), sample.scannedTable, nobody);
+  const std::u16string& text = sample.document->documentText;
+  GetWords(text, {0, text.size()}, Alphabet::Windows1252(), sample.scannedTable, nobody);
   sample.settings.inputFile = sample.path;
   sample.settings.extraStopWords = TooFrequentWords(sample.scannedTable);
   sample.listing = ListingOf(sample.document, sample.settings);

@@ -17,9 +17,10 @@ class TokenEdges {
  public:
   enum class Which { all, beginnings };
 
-  // `text` and `alphabet` must outlive the object.
-  TokenEdges(std::u16string_view text, const Alphabet& alphabet, Which which)
-      : text_(text), alphabet_(alphabet), which_(which) {}
+  // Finds the edges from the 0-based index `begin` on, which must not be inside a token. `text` and
+  // `alphabet` must outlive the object.
+  TokenEdges(std::u16string_view text, const Alphabet& alphabet, Which which, std::size_t begin = 0)
+      : text_(text), alphabet_(alphabet), which_(which), blockEnd_(begin) {}
 
   // Returns the next edge, a 0-based index. With Which::all, the beginning of a token and its end
   // (exclusive) alternate. Returns the length of the text when no edge is left, and also as the end
@@ -41,7 +42,7 @@ class TokenEdges {
   std::u16string_view text_;
   const Alphabet& alphabet_;
   Which which_;
-  std::size_t blockEnd_ = 0;     // end of the current block
+  std::size_t blockEnd_;         // end of the current block
   std::uint64_t edges_ = 0;      // edges in the block that were not returned yet
   std::uint64_t isInToken_ = 0;  // 1 when the last character of the block belongs to a token
 };

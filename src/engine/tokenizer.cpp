@@ -35,20 +35,22 @@ std::u16string_view StripHyphens(std::u16string_view token) {
 // prefetched. Waiting for each access would double the time.
 class Scan {
  public:
-  Scan(std::u16string_view text, const Alphabet& alphabet, WordTable& table, Progress& progress,
-       const KeywordLists* sought)
+  Scan(std::u16string_view text, TextSpan piece, const Alphabet& alphabet, WordTable& table,
+       Progress& progress, const KeywordLists* sought)
       : text_(text),
+        piece_(piece),
         alphabet_(alphabet),
         table_(table),
         progress_(progress),
         bar_(progress),
         cache_(text, alphabet, table, sought, RandomHashSeed()),
-        edges_(text, alphabet,
-               sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings) {
+        edges_(text.substr(0, piece.end), alphabet,
+               sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings,
+               piece.begin) {
     if (sought != nullptr) beginnings_.emplace(*sought, alphabet);
   }
 
-  // Cuts the next batch of tokens. Returns false at the end of the text or after a stop.
+  // Cuts the next batch of tokens. Returns false at the end of the piece or after a stop.
   bool CutTokens() {
     cut_ = 0;
     return beginnings_ ? CutSought() : CutAll();
@@ -62,8 +64,9 @@ class Scan {
       const TokenMeaning meaning = cache_.MeaningOf(keys_[i]);
       if (meaning.entry == TokenMeaning::NO_WORD) continue;
       const std::size_t end = keys_[i].begin + keys_[i].length;
-      const auto scanPosition = static_cast<std::int32_t>(end + (end < text_.size() ? 1 : 2));
-      occurrences_[found++] = {meaning.entry, scanPosition - meaning.wordLength};
+      const std::size_t scanPosition = end + (end < text_.size() ? 1 : 2);
+      occurrences_[found++] = {meaning.entry,
+                               static_cast<std::int32_t>(scanPosition - meaning.wordLength)};
       __builtin_prefetch(&table_.entries[static_cast<std::size_t>(meaning.entry)].positions);
       stopped_ = !GoesOn(scanPosition);
     }
@@ -81,7 +84,7 @@ class Scan {
     while (cut_ < keys_.size()) {
       const std::size_t begin = edges_.Next();
       const std::size_t end = edges_.Next();
-      if (begin == text_.size()) break;
+      if (begin == piece_.end) break;
       progress_.Yield();
       if (end - begin >= MIN_WORD_LENGTH) keys_[cut_++] = cache_.KeyOf(begin, end - begin);
     }
@@ -93,20 +96,21 @@ class Scan {
     std::size_t begin = 0;
     for (std::size_t i = 0; i < BEGINNINGS_AT_A_TIME && cut_ < keys_.size(); ++i) {
       begin = edges_.Next();
-      if (begin + MIN_WORD_LENGTH > text_.size()) break;
+      if (begin + MIN_WORD_LENGTH > piece_.end) break;
       const char16_t* const start = text_.data() + begin;
       // A leading hyphen of a token does not belong to its word.
       if (!beginnings_->MayBegin(start) && *start != u'-') continue;
       const std::size_t length = alphabet_.EndOfRun(text_, begin) - begin;
       if (length >= MIN_WORD_LENGTH) keys_[cut_++] = cache_.KeyOf(begin, length);
     }
-    stopped_ = !GoesOn(static_cast<std::int64_t>(begin));
-    return (cut_ > 0 || begin < text_.size()) && !stopped_;
+    stopped_ = !GoesOn(begin);
+    return (cut_ > 0 || begin < piece_.end) && !stopped_;
   }
 
   // Updates the progress bar and lets events run. Returns false after a stop.
-  bool GoesOn(std::int64_t position) {
-    bar_.Update(position, static_cast<std::int64_t>(text_.size()), PROGRESS_THRESHOLD);
+  bool GoesOn(std::size_t position) {
+    bar_.Update(static_cast<std::int64_t>(position - piece_.begin),
+                static_cast<std::int64_t>(piece_.end - piece_.begin), PROGRESS_THRESHOLD);
     progress_.Yield();
     return !progress_.StopRequested();
   }
@@ -117,6 +121,7 @@ class Scan {
   };
 
   std::u16string_view text_;
+  TextSpan piece_;
   const Alphabet& alphabet_;
   WordTable& table_;
   Progress& progress_;
@@ -166,9 +171,9 @@ TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
   return {end - word.size() - (lostPlural ? 1 : 0), end};
 }
 
-void GetWords(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+void GetWords(std::u16string_view text, TextSpan piece, const Alphabet& alphabet, WordTable& table,
               Progress& progress, const KeywordLists* sought) {
-  Scan scan(text, alphabet, table, progress, sought);
+  Scan scan(text, piece, alphabet, table, progress, sought);
   while (scan.CutTokens()) scan.RecordWords();
 }
 

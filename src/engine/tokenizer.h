@@ -43,10 +43,10 @@ struct TextSpan {
 [[nodiscard]] TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
                                         std::int32_t position);
 
-// Scans a text, in which double hyphens are already blanked, and adds its words to `table`. If
-// `sought` is not null, only these words are recorded, which is much faster. Ends early after a
-// stop request.
-void GetWords(std::u16string_view text, const Alphabet& alphabet, WordTable& table,
+// Scans a piece of a text, in which double hyphens are already blanked, and adds its words to
+// `table`. No token may reach over an end of the piece. If `sought` is not null, only these words
+// are recorded, which is much faster. Ends early after a stop request.
+void GetWords(std::u16string_view text, TextSpan piece, const Alphabet& alphabet, WordTable& table,
               Progress& progress, const KeywordLists* sought = nullptr);
 
 }  // namespace quorvel

@@ -18,6 +18,23 @@ std::uint64_t LeadingUnits(std::u16string_view text) {
   return number;
 }
 
+// Joins two sorted tables. The positions in `last` are behind those in `first`.
+WordTable Joined(WordTable first, WordTable last) {
+  WordTable joined;
+  const auto take = [&joined](WordEntry& entry) { joined.entries.push_back(std::move(entry)); };
+  auto next = last.entries.begin();
+  for (WordEntry& entry : first.entries) {
+    while (next != last.entries.end() && PrecedesAlphabetically(*next, entry)) take(*next++);
+    take(entry);
+    if (next == last.entries.end() || next->word != joined.entries.back().word) continue;
+    std::vector<std::int32_t>& positions = joined.entries.back().positions;
+    positions.insert(positions.end(), next->positions.begin(), next->positions.end());
+    ++next;
+  }
+  std::for_each(next, last.entries.end(), take);
+  return joined;
+}
+
 }  // namespace
 
 WordEntry NewWordEntry(std::u16string_view word, const Alphabet& alphabet) {
@@ -57,6 +74,19 @@ void SortWordTable(WordTable& table) {
   std::transform(places.begin(), places.end(), sorted.begin(),
                  [&entries](const Place& place) { return std::move(entries[place.entry]); });
   entries.swap(sorted);
+}
+
+// Neighbours are joined until one table is left, so that each entry is moved log n times.
+WordTable JoinedTables(std::vector<WordTable> tables) {
+  while (tables.size() > 1) {
+    std::vector<WordTable> joined;
+    for (std::size_t i = 0; i + 1 < tables.size(); i += 2) {
+      joined.push_back(Joined(std::move(tables[i]), std::move(tables[i + 1])));
+    }
+    if (tables.size() % 2 != 0) joined.push_back(std::move(tables.back()));
+    tables.swap(joined);
+  }
+  return std::move(tables.front());
 }
 
 }  // namespace quorvel

@@ -50,4 +50,8 @@ inline void AddWordToList(WordTable& table, std::int32_t entry, std::int32_t off
 // their first occurrence. No words may be added afterwards, because indices of entries change.
 void SortWordTable(WordTable& table);
 
+// Joins the sorted tables of consecutive pieces of a text, at least one, to the sorted table of the
+// whole text.
+[[nodiscard]] WordTable JoinedTables(std::vector<WordTable> tables);
+
 }  // namespace quorvel

@@ -3,17 +3,17 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/tokenizer.h"
+#include "engine/divided_scan.h"
 
 namespace quorvel {
 
 Words ScanWords(std::shared_ptr<const Document> document, const KeywordLists* sought,
                 Progress& progress) {
-  auto table = std::make_shared<WordTable>();
-  table->positionWidth = PositionWidth(document->documentText.size());
-  GetWords(document->documentText, document->AlphabetOf(), *table, progress, sought);
-  progress.BeginPhase("Sorting");
-  SortWordTable(*table);
+  const std::u16string_view text = document->documentText;
+  const Alphabet& alphabet = document->AlphabetOf();
+  const auto pieces = PiecesOfText(text, alphabet, BestPieceCount(text.size()));
+  auto table = std::make_shared<WordTable>(ScanPieces(text, pieces, alphabet, sought, progress));
+  table->positionWidth = PositionWidth(text.size());
   return {std::move(document), std::move(table)};
 }
 

@@ -46,7 +46,7 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     for (int i = 0; i < times; ++i) text += part;
     text += u"walk ";
     WordTable table;
-    GetWords(text, latin, table, progress, sought);
+    GetWords(text, {0, text.size()}, latin, table, progress, sought);
     EXPECT_EQ(progress.bars.size(), bars) << name;
     EXPECT_EQ(progress.yields > 0, yields) << name << " lets events run in each long loop";
     EXPECT_EQ(progress.WordsFound() + 1, table.WordCount()) << name;
@@ -54,7 +54,7 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     progress.RequestStop();
     progress.yields = 0;
     WordTable stopped;
-    GetWords(text, latin, stopped, progress, sought);
+    GetWords(text, {0, text.size()}, latin, stopped, progress, sought);
     EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
     if (sought != nullptr) {
       EXPECT_EQ(progress.yields, 0) << "walks over the text after the stop";
@@ -62,7 +62,7 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     ScriptedConversation user;
     user.stopAtYield = 1;
     WordTable cut;
-    GetWords(text, latin, cut, user, sought);
+    GetWords(text, {0, text.size()}, latin, cut, user, sought);
     EXPECT_EQ(user.StopRequested(), yields) << name;
     EXPECT_EQ(cut.entries.size(), yields ? wordsAfterStop : table.entries.size()) << name;
   }
