@@ -21,6 +21,7 @@
 #include "run/outputs.h"
 #include "run/result_writer.h"
 #include "run/stop_word_choice.h"
+#include "unicode/packed_documents.h"
 #include "util/visible_text.h"
 #include "util/worker_pool.h"
 
@@ -41,9 +42,9 @@ int Worse(int status, int other) {
 // In a folder, only the file's own name decides whether it is a web page, not the folder's name.
 bool IsDocument(const std::string& path, Reading reading) {
   const std::string extension = LowerExtensionOf(path);
-  const bool isKnown = extension == "txt" || extension == "docx" || PathNamesHtml(extension);
-  const bool isForUnicode = extension == "odt" || extension == "epub";
-  return (isKnown || (isForUnicode && reading == Reading::unicode)) && !IsConcordanceFileName(path);
+  const bool isKnown =
+      extension == "txt" || PathNamesHtml(extension) || IsPackedName(path, reading);
+  return isKnown && !IsConcordanceFileName(path);
 }
 
 // Collects the documents of all inputs without duplicates. Problems with a folder are reported and

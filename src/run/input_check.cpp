@@ -6,6 +6,7 @@
 #include "files/file_system.h"
 #include "files/path_names.h"
 #include "run/fault_texts.h"
+#include "unicode/packed_documents.h"
 #include "util/time_text.h"
 #include "util/visible_text.h"
 
@@ -148,9 +149,9 @@ bool CheckNotOwnOutput(const std::string& path, Conversation& ui) {
 
 bool CheckExtension(const std::string& path, Reading reading, const std::string& title,
                     Conversation& ui) {
-  const std::string extension = LowerExtensionOf(path);
-  if (reading == Reading::unicode && (extension == "odt" || extension == "epub")) return true;
-  if (extension == "docx" || extension == "txt" || PathNamesHtml(path)) return true;
+  if (LowerExtensionOf(path) == "txt" || PathNamesHtml(path) || IsPackedName(path, reading)) {
+    return true;
+  }
   Inform(ui, "This program acts only on text files,\r\nWord DOCX files and HTML files.", title);
   return false;
 }

@@ -8,6 +8,7 @@
 #include "run/silent_conversation.h"
 #include "run/stop_word_choice.h"
 #include "run/word_lists.h"
+#include "unicode/packed_documents.h"
 #include "util/visible_text.h"
 
 // The settings, the input and the word lists of a session. session_run.cpp has its runs.
@@ -99,10 +100,7 @@ bool Session::CheckChosenInput() {
     settings_.inputFile.clear();
     return false;
   }
-  const bool isUnicode = settings_.reading == Reading::unicode;
-  const std::string extension = LowerExtensionOf(path);
-  const bool isDocx = extension == "docx";
-  const bool isPacked = isDocx || (isUnicode && (extension == "odt" || extension == "epub"));
+  const bool isPacked = IsPackedName(path, settings_.reading);
   if (!isPacked) ui_.AppendOutput("Checking file ...\r\n");
   CheckOptions options;
   options.reading = settings_.reading;
@@ -114,7 +112,7 @@ bool Session::CheckChosenInput() {
     return false;
   }
   settings_.inputIsUtf8 = check.isUtf8;
-  if (isDocx && !IsWordDocument(*input)) {
+  if (LowerExtensionOf(path) == "docx" && !IsWordDocument(*input)) {
     ui_.Tell("The file " + VisibleName(path) +
                  "\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' file.",
              STANDARD_TITLE);

@@ -9,6 +9,7 @@
 #include "ui/text.h"
 #include "ui/text_box.h"
 #include "ui_main_window.h"
+#include "unicode/packed_documents.h"
 #include "util/time_text.h"
 
 namespace quorvel {
@@ -127,9 +128,10 @@ void FilesAndOptions::ShowWhatIsPossible() {
 }
 
 bool FilesAndOptions::MayShowLineBreaks() const {
-  const std::string type = LowerExtensionOf(PathOf(txbFile_[INPUT_BOX]->text()));
+  const std::string path = PathOf(txbFile_[INPUT_BOX]->text());
+  const std::string type = LowerExtensionOf(path);
   return ui_.cboContextSize->currentIndex() > 0 && type.find("htm") == std::string::npos &&
-         type != "xml" && type != "docx" && type != "odt" && type != "epub";
+         type != "xml" && !IsPackedName(path, Reading::unicode);
 }
 
 void FilesAndOptions::ShowFileSizes() {

@@ -219,27 +219,23 @@ LineSource WordLines::Source() const {
 // Fills the list of orders, with one order for each context word on each side.
 void WordLines::ShowOrders() {
   const int size = listing_ == nullptr ? 1 : Source().context.contextSize;
-  if (ui_->cboLineOrder->count() == 2 * size + 2) return;
-  const QVariant chosen = ui_->cboLineOrder->currentData();
+  const QString chosen = ui_->cboLineOrder->currentText();
   const QSignalBlocker blocker(ui_->cboLineOrder);
   ui_->cboLineOrder->clear();
-  ui_->cboLineOrder->addItem(tr("Place"), 0);
-  for (int word = 1; word <= size; ++word)
-    ui_->cboLineOrder->addItem(tr("Right %1").arg(word), word);
-  for (int word = 1; word <= size; ++word)
-    ui_->cboLineOrder->addItem(tr("Left %1").arg(word), -word);
-  ui_->cboLineOrder->addItem(tr("Match"), LARGEST_CONTEXT_SIZE + 1);
-  ui_->cboLineOrder->setCurrentIndex(std::max(0, ui_->cboLineOrder->findData(chosen)));
+  orders_.clear();
+  const auto add = [this](const QString& name, LineKey key, int fromWord = 1) {
+    ui_->cboLineOrder->addItem(name);
+    orders_.push_back({key, fromWord});
+  };
+  add(tr("Place"), LineKey::place);
+  for (int word = 1; word <= size; ++word) add(tr("Right %1").arg(word), LineKey::right, word);
+  for (int word = 1; word <= size; ++word) add(tr("Left %1").arg(word), LineKey::left, word);
+  add(tr("Match"), LineKey::match);
+  ui_->cboLineOrder->setCurrentIndex(std::max(0, ui_->cboLineOrder->findText(chosen)));
 }
 
 LineOrder WordLines::Order() const {
-  LineOrder order;
-  const int chosen = ui_->cboLineOrder->currentData().toInt();
-  order.key = chosen == 0                     ? LineKey::place
-              : chosen > LARGEST_CONTEXT_SIZE ? LineKey::match
-              : chosen > 0                    ? LineKey::right
-                                              : LineKey::left;
-  order.fromWord = std::abs(chosen);
+  LineOrder order = orders_.at(static_cast<std::size_t>(ui_->cboLineOrder->currentIndex()));
   order.isDescending = ui_->chkDescending->isChecked();
   return order;
 }

@@ -102,11 +102,12 @@ class WordLines : public QWidget {
   WordsModel* words_ = nullptr;
   LinesModel* lines_ = nullptr;
   std::shared_ptr<const Listing> listing_;
-  std::set<QString> wanted_;  // the chosen words of the last listing
-  bool isStale_ = false;      // the table of words does not show the listing yet
-  Lines all_;                 // lines of the chosen words, in the order of their places
-  std::int32_t shown_ = 0;    // the marked position, 1-based
-  LatestWork work_;           // makes the lines
+  std::set<QString> wanted_;       // the chosen words of the last listing
+  bool isStale_ = false;           // the table of words does not show the listing yet
+  std::vector<LineOrder> orders_;  // of the items in the list of orders
+  Lines all_;                      // lines of the chosen words, in the order of their places
+  std::int32_t shown_ = 0;         // the marked position, 1-based
+  LatestWork work_;                // makes the lines
 };
 
 }  // namespace quorvel

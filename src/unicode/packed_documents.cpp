@@ -16,6 +16,11 @@
 namespace quorvel {
 namespace {
 
+using KindName = std::pair<std::string_view, PackedKind>;
+
+constexpr std::array KINDS = {KindName("docx", PackedKind::docx), KindName("odt", PackedKind::odt),
+                              KindName("epub", PackedKind::epub)};
+
 using Rows = std::vector<std::vector<std::string>>;
 
 // The size limit for entries that only refer to others, in bytes: far above that of any real
@@ -197,20 +202,26 @@ std::vector<std::string> TextEntries(PackedKind kind, bool notes, PartTaker& tak
   return BookEntries(taker);
 }
 
+std::optional<PackedKind> KindOfName(std::string_view path) {
+  const std::string extension = LowerExtensionOf(path);
+  const auto* const found = std::ranges::find(KINDS, extension, &KindName::first);
+  if (found == KINDS.end()) return std::nullopt;
+  return found->second;
+}
+
 }  // namespace
 
+bool IsPackedName(std::string_view path, Reading reading) {
+  const std::optional<PackedKind> kind = KindOfName(path);
+  return kind && (reading == Reading::unicode || *kind == PackedKind::docx);
+}
+
 std::optional<PackedKind> PackedKindOf(const InputBytes& input) {
-  constexpr std::array<std::pair<std::string_view, PackedKind>, 3> KINDS = {
-      {{"docx", PackedKind::docx}, {"odt", PackedKind::odt}, {"epub", PackedKind::epub}}};
   constexpr std::size_t FEWEST_BYTES = 10;
   if (input.View().size() < FEWEST_BYTES || !input.View().starts_with("PK\x03\x04")) {
     return std::nullopt;
   }
-  const std::string extension = LowerExtensionOf(input.Path());
-  const auto* const found =
-      std::ranges::find(KINDS, extension, &decltype(KINDS)::value_type::first);
-  if (found == KINDS.end()) return std::nullopt;
-  return found->second;
+  return KindOfName(input.Path());
 }
 
 Result<UnpackedParts> UnpackTextParts(const InputBytes& input, PackedKind kind,

@@ -7,17 +7,23 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files/read_file.h"
 #include "input/docx_text.h"
 #include "unicode/prepared_text.h"
+#include "util/alphabet.h"
 #include "util/fault.h"
 #include "util/progress.h"
 
 namespace quorvel {
 
 enum class PackedKind { docx, odt, epub };
+
+// True when a document with this name is one that the reading unpacks: DOCX in both readings, the
+// other kinds in the Unicode reading.
+[[nodiscard]] bool IsPackedName(std::string_view path, Reading reading);
 
 // Returns the kind of an input that has the extension and begins like a zip archive. Returns
 // nothing for all other inputs, which are read as text files.
