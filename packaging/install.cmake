@@ -59,11 +59,22 @@ if(UNIX)
     endforeach()
   endif()
 
+  # The options come from src/settings/option_table.cpp.
+  foreach(page IN ITEMS man/quorvel-cli.1 completions/quorvel-cli.bash completions/quorvel-cli.fish
+      completions/quorvel-cli.zsh)
+    cmake_path(GET page FILENAME name)
+    add_custom_command(OUTPUT packaging/${name}
+      COMMAND option_lists ${PROJECT_SOURCE_DIR}/packaging/${page}.in > packaging/${name}
+      DEPENDS option_lists packaging/${page}.in)
+    list(APPEND filled ${PROJECT_BINARY_DIR}/packaging/${name})
+  endforeach()
+  configure_file(packaging/man/quorvel.1 packaging/quorvel.1 COPYONLY)
+
   # Manual pages and changelogs are compressed without a timestamp, so that builds are reproducible.
   foreach(page IN LISTS pages)
     add_custom_command(OUTPUT packaging/${page}.gz
-      COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/man/${page} > packaging/${page}.gz
-      DEPENDS packaging/man/${page})
+      COMMAND gzip -9nc packaging/${page} > packaging/${page}.gz
+      DEPENDS ${PROJECT_BINARY_DIR}/packaging/${page})
     list(APPEND compressed ${PROJECT_BINARY_DIR}/packaging/${page}.gz)
   endforeach()
   install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -72,16 +83,16 @@ if(UNIX)
       > ${PROJECT_BINARY_DIR}/packaging/changelog.gz
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
     DEPENDS CHANGELOG.md packaging/debian_changelog.sh)
-  add_custom_target(quorvel_documents ALL DEPENDS ${compressed} packaging/changelog.gz)
+  add_custom_target(quorvel_documents ALL DEPENDS ${filled} ${compressed} packaging/changelog.gz)
 
   install(FILES packaging/copyright ${PROJECT_BINARY_DIR}/packaging/changelog.gz
     docs/concordance-file.md docs/data-formats.md docs/index-file.md docs/settings-file.md docs/word-files.md
     DESTINATION ${CMAKE_INSTALL_DOCDIR})
-  install(FILES packaging/completions/quorvel-cli.bash RENAME quorvel-cli
+  install(FILES ${PROJECT_BINARY_DIR}/packaging/quorvel-cli.bash RENAME quorvel-cli
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-  install(FILES packaging/completions/quorvel-cli.zsh RENAME _quorvel-cli
+  install(FILES ${PROJECT_BINARY_DIR}/packaging/quorvel-cli.zsh RENAME _quorvel-cli
     DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
-  install(FILES packaging/completions/quorvel-cli.fish
+  install(FILES ${PROJECT_BINARY_DIR}/packaging/quorvel-cli.fish
     DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endif()
 

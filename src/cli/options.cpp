@@ -2,10 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <sstream>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "cli/exit_status.h"
@@ -14,6 +16,7 @@
 #include "files/path_names.h"
 #include "lists/languages.h"
 #include "output/concordance_file.h"
+#include "settings/option_table.h"
 #include "settings/settings_file.h"
 #include "util/ansi.h"
 #include "util/visible_text.h"
@@ -30,23 +33,7 @@ constexpr const char* EXIT_STATUS =
     "Exit status: 0 done, 1 refused or failed, 2 wrong usage, 3 no words found,\n"
     "130 stopped.";
 
-constexpr int MOST_JOBS = 64;
-
 enum class Encoding { detected, utf8, ansi, unicode };
-
-// Adds an option whose argument is one of a few words, each with a value.
-template <typename Value>
-void AddChoice(CLI::App& app, const std::string& name, const std::map<std::string, Value>& choices,
-               Value& target, const std::string& description) {
-  std::vector<std::string> words;
-  words.reserve(choices.size());
-  for (const auto& choice : choices) words.push_back(choice.first);
-  app.add_option_function<std::string>(
-         name, [choices, &target](const std::string& word) { target = choices.at(word); },
-         description)
-      ->option_text("WORD")
-      ->check(CLI::IsMember(words));
-}
 
 constexpr std::size_t DESCRIPTIONS = 29;  // the column at which descriptions begin
 
@@ -99,6 +86,7 @@ struct RawOptions {
   std::string outputFile;
   Encoding encoding = Encoding::detected;
   int minCount = 0;
+  int jobs = 0;
   bool search = false;
   bool create = false;
   bool noKeywordsFile = false;
@@ -106,172 +94,137 @@ struct RawOptions {
   AnswerPolicy answer = AnswerPolicy::preset;
 };
 
-// Adds an option for file names. A name must not be blank, because blanks around names are dropped.
-template <typename Names>
-CLI::Option& AddFileNames(CLI::App& app, const std::string& name, Names& names,
-                          const std::string& description) {
-  const auto fault = [](const std::string& given) {
-    return std::string(TrimBlanks(given).empty() ? "a file name is needed" : "");
+// The library's own look-up ends the program when memory runs out.
+CLI::Option* Find(CLI::App& app, std::string_view name) {
+  const auto hasName = [&name](const CLI::Option* option) {
+    return option->check_name(std::string(name));
   };
-  return *app.add_option(name, names, description)->option_text("FILE")->check(fault);
+  const std::vector<CLI::Option*> options = app.get_options();
+  return *std::ranges::find_if(options, hasName);
 }
 
-CLI::Option& AddFile(CLI::App& app, const std::string& name, std::string& path,
-                     const std::string& description) {
-  return AddFileNames(app, name, path, description);
+// A name must not be blank, because blanks around names are dropped.
+std::string NameFault(const std::string& given) {
+  return TrimBlanks(given).empty() ? "a file name is needed" : "";
 }
 
-// Adds an option for a file that is read.
-CLI::Option& AddSource(CLI::App& app, const std::string& name, std::string& path,
-                       const std::string& description) {
-  return *AddFile(app, name, path, description).check([](const std::string& given) {
-    return FolderExists(given) ? given + " is a folder" : std::string();
-  });
+std::string FolderFault(const std::string& given) {
+  return FolderExists(given) ? given + " is a folder" : "";
 }
 
-void AddFileOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  AddFileNames(app, "INPUT", raw.inputs,
-               "the document: a text file, a web page or a DOCX document; \"-\" for standard "
-               "input, which is listed to standard output. Several documents or a folder: each "
-               "listing is written beside its document")
-      .option_text(" ")
+// Where the values of the options go that are not fields of the settings. A function takes the
+// place of a word in the list of words.
+using OwnFields =
+    std::map<std::string_view, std::variant<bool*, int*, std::string*, std::function<void(int)>>>;
+
+template <typename Value>
+std::function<void(int)> ChosenFor(Value& field) {
+  return [&field](int place) { field = static_cast<Value>(place); };
+}
+
+OwnFields FieldsOf(CommandLine& commandLine, RawOptions& raw) {
+  return {
+      {"--input-type", &raw.inputType},
+      {"--output", &raw.outputFile},
+      {"--format", ChosenFor(commandLine.format)},
+      {"--sort", ChosenFor(commandLine.rowOrder)},
+      {"--picture", &commandLine.pictureFile},
+      {"--settings", &raw.settingsFile},
+      {"--save-settings", &commandLine.settingsFileToSave},
+      {"--use-index", &commandLine.useIndex},
+      {"--jobs", &raw.jobs},
+      {"--encoding", ChosenFor(raw.encoding)},
+      {"--output-encoding",
+       [&commandLine](int place) { commandLine.outputCoding = static_cast<Coding>(place); }},
+      {"--create", &raw.create},
+      {"--search", &raw.search},
+      {"--no-keywords-file", &raw.noKeywordsFile},
+      {"--min-count", &raw.minCount},
+      {"--language", &commandLine.language},
+      {"--answer", ChosenFor(raw.answer)},
+      {"--quiet", &commandLine.quiet},
+  };
+}
+
+// Adds an option of the table to the library's.
+struct OptionAdder {
+  CLI::App& app;
+  const Option& option;
+  ConcordanceSettings& settings;
+  const OwnFields& own;
+
+  template <typename Value>
+  [[nodiscard]] Value& Field(Value ConcordanceSettings::*field) const {
+    return field != nullptr ? settings.*field : *std::get<Value*>(own.at(LongName(option)));
+  }
+  [[nodiscard]] std::string Names() const { return std::string(option.names); }
+  [[nodiscard]] std::string Help() const { return std::string(option.help); }
+
+  void operator()(const Flag& flag) const {
+    const std::string off = flag.isPair ? ",!--no-" + Names().substr(2) : "";
+    CLI::Option* const added = app.add_flag(Names() + off, Field(flag.field), Help());
+    if (!flag.isPair) added->option_text(" ");
+    if (!option.excludes.empty()) added->excludes(Find(app, option.excludes));
+  }
+  void operator()(const Number& number) const {
+    app.add_option(Names(), Field(number.field), Help())
+        ->option_text(std::string(number.argument))
+        ->check(CLI::Range(number.least, number.most));
+  }
+  // Stores the word itself, or its place among the words.
+  [[nodiscard]] std::function<void(const std::string&)> Taker(
+      const Word& word, const std::vector<std::string>& words) const {
+    auto target =
+        word.field == nullptr ? own.at(LongName(option)) : ChosenFor(settings.*word.field);
+    return [words, target](const std::string& given) {
+      if (const auto* const text = std::get_if<std::string*>(&target)) {
+        **text = given;
+      } else {
+        std::get<std::function<void(int)>>(target)(
+            static_cast<int>(std::ranges::find(words, given) - words.begin()));
+      }
+    };
+  }
+  void operator()(const Word& word) const {
+    const std::vector<std::string> words = CLI::detail::split(std::string(word.words), ' ');
+    std::vector<std::string> shown = words;
+    if (word.areSortedInErrors) std::ranges::sort(shown);
+    app.add_option_function<std::string>(Names(), Taker(word, words), Help())
+        ->option_text("WORD")
+        ->check(CLI::IsMember(shown));
+  }
+  void operator()(const Text& text) const {
+    app.add_option(Names(), Field(text.field), Help())->option_text("TEXT");
+  }
+  void operator()(const File& file) const {
+    CLI::Option* const added = app.add_option(Names(), Field(file.field), Help());
+    added->option_text("FILE")->check(NameFault);
+    if (file.isRead) added->check(FolderFault);
+  }
+  void operator()(const ModeLines& /*kind*/) const {}
+  void operator()(const Shown& /*kind*/) const {
+    if (LongName(option) == "--help") {
+      app.set_help_flag(Names(), Help());
+    } else {
+      app.set_version_flag(Names(), "quorvel-cli " + VersionText(), Help());
+    }
+  }
+};
+
+void AddOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
+  app.add_option("INPUT", raw.inputs,
+                 "the document: a text file, a web page or a DOCX document; \"-\" for standard "
+                 "input, which is listed to standard output. Several documents or a folder: each "
+                 "listing is written beside its document")
+      ->option_text(" ")
+      ->check(NameFault)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  AddChoice<std::string>(
-      app, "--input-type",
-      {{"txt", "txt"}, {"html", "html"}, {"docx", "docx"}, {"odt", "odt"}, {"epub", "epub"}},
-      raw.inputType, "the type of standard input: txt, html, docx, odt or epub. Default: txt");
-  AddFile(app, "-o,--output", raw.outputFile,
-          "the concordance or search-results file; \"-\" for standard output. Default: for a "
-          "concordance the input with the extension qvl.conc.txt (with --format qvl.conc.tsv or "
-          "qvl.conc.json); for a search standard output");
-  AddChoice<OutputFormat>(
-      app, "--format",
-      {{"text", OutputFormat::text}, {"tsv", OutputFormat::tsv}, {"json", OutputFormat::json}},
-      commandLine.format,
-      "text: the concordance; tsv or json: one row for each occurrence, for other programs, with "
-      "word, folded key, count, left context, match, right context and position, in UTF-8. "
-      "Default: text");
-  AddChoice<LineKey>(app, "--sort",
-                     {{"place", LineKey::place},
-                      {"right", LineKey::right},
-                      {"left", LineKey::left},
-                      {"match", LineKey::match}},
-                     commandLine.rowOrder,
-                     "order all rows of --format by the right context, the left context or the "
-                     "match. Default: place, the order of the listing, each word in the order of "
-                     "the text");
-  AddFile(app, "--picture", commandLine.pictureFile,
-          "write an SVG picture of where in the document each word occurs");
-  AddFile(app, "-s,--settings", raw.settingsFile,
-          "start from a settings file, such as one that the window saved; all other options "
-          "override it");
-  AddFile(app, "--save-settings", commandLine.settingsFileToSave,
-          "save the settings and other options in a settings file, and exit");
-  app.add_flag("--index,!--no-index", commandLine.settings.createIndexFile,
-               "write the words of the input to an index file beside it. Default: no");
-  app.add_flag("--use-index", commandLine.useIndex,
-               "read the words from the index file if it matches the input. Default: no")
-      ->option_text(" ");
-  app.add_option("-j,--jobs", commandLine.jobs,
-                 "process this many documents at once, 1 to 64. Default: the number of processors")
-      ->option_text("COUNT")
-      ->check(CLI::Range(1, MOST_JOBS));
-  AddChoice<Encoding>(
-      app, "--encoding",
-      {{"auto", Encoding::detected},
-       {"utf-8", Encoding::utf8},
-       {"ansi", Encoding::ansi},
-       {"unicode", Encoding::unicode}},
-      raw.encoding,
-      "auto, utf-8 or ansi keep the characters of Windows-1252; unicode keeps all characters and "
-      "writes UTF-8. Default: auto, which uses what is detected");
-  app.add_flag("--notes", commandLine.settings.notes,
-               "with --encoding unicode list the notes of a word-processor document too")
-      ->option_text(" ");
-  AddChoice<std::optional<Coding>>(
-      app, "--output-encoding", {{"windows-1252", Coding::windows1252}, {"utf-8", Coding::utf8}},
-      commandLine.outputCoding,
-      "windows-1252 or utf-8, for the concordance and the search results. Default: windows-1252 "
-      "for "
-      "a file, but utf-8 with --encoding unicode; for standard output utf-8 with LF line ends. The "
-      "rows of --format are always UTF-8");
-}
-
-void AddSearchOptions(CLI::App& app, ConcordanceSettings& settings, RawOptions& raw) {
-  auto* create = app.add_flag("--create", raw.create, "list all words. Default without keywords")
-                     ->option_text(" ");
-  app.add_flag("--search", raw.search, "list keywords only. Default with -k or -e")
-      ->option_text(" ")
-      ->excludes(create);
-  auto& file =
-      AddSource(app, "-k,--keywords-file", settings.keywordsFile, "a file of words to search for");
-  app.add_flag("--no-keywords-file", raw.noKeywordsFile,
-               "ignore the keywords file that the settings file names")
-      ->option_text(" ")
-      ->excludes(&file);
-  app.add_option(
-         "-e,--keywords", settings.extraKeywords,
-         "words to search for, separated by blanks: * stands for any characters, ? for one, "
-         "# for a digit; WORD+OTHER finds WORD with OTHER in its context")
-      ->option_text("TEXT");
-}
-
-void AddListingOptions(CLI::App& app, ConcordanceSettings& settings) {
-  app.add_option("-c,--context", settings.contextSize,
-                 "words of context on each side, 0 to 9; 0 for a bare word list. Default: 5")
-      ->option_text("N")
-      ->check(CLI::Range(0, LARGEST_CONTEXT_SIZE));
-  AddChoice<WordOrder>(
-      app, "--order",
-      {{"alphabetical", WordOrder::alphabetical}, {"frequency", WordOrder::byFrequency}},
-      settings.wordOrder, "alphabetical or frequency. Default: alphabetical");
-  app.add_flag("--frequencies,!--no-frequencies", settings.showFrequencies,
-               "show how often words and contexts occur. Default: yes");
-  app.add_flag("--line-breaks,!--no-line-breaks", settings.showLineBreaks,
-               "show the line breaks of a text file as \" / \". Default: no");
-}
-
-// The values of --language.
-std::vector<std::string> LanguageWords() {
-  std::vector<std::string> words = {"auto", "none", std::string(ALL_LANGUAGES.code)};
-  for (const Language& language : LANGUAGES) words.emplace_back(language.code);
-  return words;
-}
-
-void AddWordOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  ConcordanceSettings& settings = commandLine.settings;
-  app.add_flag("--hyphens,!--no-hyphens", settings.allowWordsWithHyphens,
-               "list words with hyphens. Default: yes");
-  app.add_flag("--numerals,!--no-numerals", settings.allowWordsWithNumerals,
-               "list words with digits. Default: no");
-  app.add_flag("--skip-lists,!--no-skip-lists", settings.ignoreLists,
-               "leave out the lists of a web page. Default: no");
-  app.add_option("--min-count", raw.minCount,
-                 "list only words that occur at least N times, 1 to 20. Default: 1")
-      ->option_text("N")
-      ->check(CLI::Range(1, LARGEST_THRESHOLD));
-  AddSource(app, "--stop-words", settings.stopWordsFile, "a file of words not to list");
-  app.add_option(
-         "--language", commandLine.language,
-         "the language of the stop words not to list: en, de, es, pt, it, fr, all, none, or auto "
-         "for the language of the input. --stop-words replaces it. Default: auto")
-      ->option_text("WORD")
-      ->check(CLI::IsMember(LanguageWords()));
-  app.add_option("--extra-stop-words", settings.extraStopWords,
-                 "words not to list, separated by blanks")
-      ->option_text("TEXT");
-}
-
-void AddDialogOptions(CLI::App& app, CommandLine& commandLine, RawOptions& raw) {
-  AddChoice<AnswerPolicy>(
-      app, "--answer",
-      {{"yes", AnswerPolicy::yes}, {"no", AnswerPolicy::no}, {"default", AnswerPolicy::preset}},
-      raw.answer,
-      "how questions are answered: yes, no or default. Without it, questions are asked on a "
-      "terminal; otherwise the default answer is taken");
-  app.add_flag("-q,--quiet", commandLine.quiet, "show no progress and no message on success");
-  app.set_version_flag("-V,--version", "quorvel-cli " + VersionText(), "show the version");
-  app.set_help_flag("-h,--help", "show this help");
+  const OwnFields own = FieldsOf(commandLine, raw);
+  for (const Option& option : AllOptions()) {
+    if (option.names.empty()) continue;
+    app.option_defaults()->group(std::string(option.group));
+    std::visit(OptionAdder{app, option, commandLine.settings, own}, option.kind);
+  }
 }
 
 // The default output file: the file beside the input for its concordance or rows.
@@ -291,17 +244,11 @@ void ApplyRowsOutput(const std::string& outputFile, CommandLine& commandLine) {
   (search ? settings.searchResultsFile : settings.outputFile) = target;
 }
 
-// How often an option was given. The library's own look-up ends the program when memory runs out.
-std::size_t CountOf(const CLI::App& app, const std::string& name) {
-  for (const CLI::Option* option : app.get_options()) {
-    if (option->check_name(name)) return option->count();
-  }
-  return 0;
-}
+// How often an option was given.
+std::size_t CountOf(CLI::App& app, const std::string& name) { return Find(app, name)->count(); }
 
 // Stores the output option in the field for the mode.
-void ApplyOutputOption(const CLI::App& app, const std::string& outputFile,
-                       CommandLine& commandLine) {
+void ApplyOutputOption(CLI::App& app, const std::string& outputFile, CommandLine& commandLine) {
   if (commandLine.format != OutputFormat::text) return ApplyRowsOutput(outputFile, commandLine);
   ConcordanceSettings& settings = commandLine.settings;
   const bool search = settings.mode == Mode::search;
@@ -323,7 +270,7 @@ bool NamesInputLanguage(const ConcordanceSettings& settings) {
 
 // Without options for stop words, the language of the input is used, unless a settings file says
 // otherwise. The settings file may also name the language of the input.
-void ApplyStopWordOptions(const CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
+void ApplyStopWordOptions(CLI::App& app, const RawOptions& raw, CommandLine& commandLine) {
   if (CountOf(app, "--stop-words") > 0) {
     commandLine.language.clear();
   } else if (CountOf(app, "--language") > 0) {
@@ -339,7 +286,7 @@ bool HoldStandardInput(const std::vector<std::string>& inputs) {
 }
 
 // Standard input is not a file: it has no index file beside it, and settings cannot name it.
-void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
+void CheckInputs(CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
   if (!HoldStandardInput(raw.inputs)) {
     if (CountOf(app, "--input-type") == 0) return;
     throw CLI::ValidationError("--input-type", "only for standard input, the document \"-\"");
@@ -357,7 +304,7 @@ void CheckInputs(const CLI::App& app, const RawOptions& raw, const CommandLine& 
   }
 }
 
-void CheckPicture(const CLI::App& app, const CommandLine& commandLine) {
+void CheckPicture(CLI::App& app, const CommandLine& commandLine) {
   if (commandLine.pictureFile.empty()) return;
   if (commandLine.pictureFile == "-") {
     throw CLI::ValidationError("--picture", "standard output is used for the listing");
@@ -378,7 +325,7 @@ void CheckOrderOfRows(const CommandLine& commandLine) {
 }
 
 // Refuses combinations of options that make no sense.
-void CheckOptions(const CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
+void CheckOptions(CLI::App& app, const RawOptions& raw, const CommandLine& commandLine) {
   CheckInputs(app, raw, commandLine);
   CheckPicture(app, commandLine);
   CheckOrderOfRows(commandLine);
@@ -434,7 +381,7 @@ void ApplyToSeveral(const std::string& outputFile, CommandLine& commandLine) {
   }
 }
 
-void ApplyRawOptions(const CLI::App& app, RawOptions& raw, CommandLine& commandLine) {
+void ApplyRawOptions(CLI::App& app, RawOptions& raw, CommandLine& commandLine) {
   ConcordanceSettings& settings = commandLine.settings;
   ApplyInputs(raw, commandLine);
   const bool keywordsGiven = CountOf(app, "-k") + CountOf(app, "-e") > 0;
@@ -451,6 +398,7 @@ void ApplyRawOptions(const CLI::App& app, RawOptions& raw, CommandLine& commandL
     settings.ignoreInfrequentWords = raw.minCount >= SMALLEST_THRESHOLD;
     if (settings.ignoreInfrequentWords) settings.thresholdFrequency = raw.minCount;
   }
+  if (raw.jobs > 0) commandLine.jobs = static_cast<unsigned>(raw.jobs);
   if (CountOf(app, "--answer") > 0) commandLine.answerPolicy = raw.answer;
 }
 
@@ -477,17 +425,7 @@ void Parse(const std::vector<std::string>& arguments, CommandLine& commandLine, 
   app.footer(EXIT_STATUS);
   // Options from a user's alias can be overridden.
   app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-  const auto inGroup = [&app](const char* group) { app.option_defaults()->group(group); };
-  inGroup("Files");
-  AddFileOptions(app, commandLine, raw);
-  inGroup("Search");
-  AddSearchOptions(app, commandLine.settings, raw);
-  inGroup("Listing");
-  AddListingOptions(app, commandLine.settings);
-  inGroup("Words");
-  AddWordOptions(app, commandLine, raw);
-  inGroup("Messages");
-  AddDialogOptions(app, commandLine, raw);
+  AddOptions(app, commandLine, raw);
   try {
     app.parse(ForLibrary(arguments));
     CheckOptions(app, raw, commandLine);

@@ -1,33 +1,30 @@
 #include "settings/settings.h"
 
 #include <utility>
+#include <variant>
+
+#include "settings/option_table.h"
 
 namespace quorvel {
 namespace {
 
-void CopyLastingChoices(const ConcordanceSettings& from, ConcordanceSettings& to) {
-  to.createIndexFile = from.createIndexFile;
-  to.saveStateOnQuit = from.saveStateOnQuit;
-  to.warnOnOverwrite = from.warnOnOverwrite;
-  to.reading = from.reading;
-  to.notes = from.notes;
-}
-
-void CopyPanelFields(const ConcordanceSettings& from, ConcordanceSettings& to) {
-  to.ignoreLists = from.ignoreLists;
-  to.allowWordsWithHyphens = from.allowWordsWithHyphens;
-  to.allowWordsWithNumerals = from.allowWordsWithNumerals;
-  to.ignoreInfrequentWords = from.ignoreInfrequentWords;
-  to.thresholdFrequency = from.thresholdFrequency;
-  to.extraStopWords = from.extraStopWords;
+void CopyField(const Option& option, const ConcordanceSettings& from, ConcordanceSettings& to) {
+  const auto copy = [&]<typename Kind>(const Kind& kind) {
+    if constexpr (requires { kind.field; }) to.*kind.field = from.*kind.field;
+  };
+  std::visit(copy, option.kind);
 }
 
 }  // namespace
 
 void InitializeVariables(ConcordanceSettings& settings, bool reinitialize) {
   ConcordanceSettings initial;
-  CopyLastingChoices(settings, initial);
-  if (!reinitialize) CopyPanelFields(settings, initial);
+  initial.reading = settings.reading;
+  for (const Option& option : AllOptions()) {
+    const bool isKept =
+        option.kept == Kept::always || (option.kept == Kept::unlessReinitialized && !reinitialize);
+    if (isKept) CopyField(option, settings, initial);
+  }
   settings = std::move(initial);
 }
 

@@ -7,9 +7,11 @@
 #include <optional>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 #include "files/file_system.h"
 #include "files/read_file.h"
+#include "settings/option_table.h"
 #include "util/ansi.h"
 
 // Texts are written between double quotes without escapes. A text with a double quote is still read
@@ -38,29 +40,40 @@ std::string TextLine(const std::string& bytes) {
 
 std::string NumberLine(int number) { return std::to_string(number) + std::string(LINE_END); }
 
-std::string FileBytes(const ConcordanceSettings& settings) {
-  const auto path = [](const std::string& name) { return TextLine(PathBytes(name)); };
-  const bool create = settings.mode == Mode::create;
-  const int order = settings.wordOrder == WordOrder::byFrequency ? 1 : 0;
-  return path(settings.inputFile) + path(settings.searchResultsFile) + path(settings.keywordsFile) +
-         path(settings.outputFile) + NumberLine(create ? 1 : 0) + NumberLine(create ? 0 : 1) +
-         TextLine(AnsiBytes(settings.extraStopWords)) +
-         NumberLine(settings.thresholdFrequency - SMALLEST_THRESHOLD) +
-         NumberLine(settings.ignoreInfrequentWords ? 1 : 0) +
-         NumberLine(settings.ignoreLists ? 1 : 0) +
-         NumberLine(settings.allowWordsWithHyphens ? 1 : 0) +
-         NumberLine(settings.allowWordsWithNumerals ? 1 : 0) +
-         NumberLine(settings.warnOnOverwrite ? 1 : 0) +
-         NumberLine(settings.saveStateOnQuit ? 1 : 0) +
-         NumberLine(settings.showFrequencies ? 1 : 0) +
-         NumberLine(settings.showLineBreaks ? 1 : 0) + NumberLine(order) +
-         NumberLine(settings.contextSize) + path(settings.stopWordsFile) +
-         TextLine(AnsiBytes(settings.extraKeywords)) +
-         NumberLine(settings.createIndexFile ? 1 : 0) +
-         NumberLine(settings.outputToFileDisabled ? 1 : 0);
-}
+// The line of an option, or both lines of the mode.
+struct LineWriter {
+  const ConcordanceSettings& settings;
 
-constexpr std::size_t VALUES = 22;
+  std::string operator()(const Flag& flag) const {
+    return NumberLine(settings.*flag.field ? 1 : 0);
+  }
+  std::string operator()(const Number& number) const {
+    return NumberLine(settings.*number.field - number.least);
+  }
+  std::string operator()(const Word& word) const {
+    return NumberLine(static_cast<int>(settings.*word.field));
+  }
+  std::string operator()(const Text& text) const {
+    return TextLine(AnsiBytes(settings.*text.field));
+  }
+  std::string operator()(const File& file) const {
+    return TextLine(PathBytes(settings.*file.field));
+  }
+  std::string operator()(const ModeLines& mode) const {
+    const bool create = settings.*mode.field == Mode::create;
+    return NumberLine(create ? 1 : 0) + NumberLine(create ? 0 : 1);
+  }
+  std::string operator()(const Shown& /*kind*/) const { return {}; }
+};
+
+std::string FileBytes(const ConcordanceSettings& settings) {
+  std::string bytes;
+  for (int line = 1; line <= SETTINGS_LINES; ++line) {
+    const Option* const option = OptionOnLine(line);
+    if (option != nullptr) bytes += std::visit(LineWriter{settings}, option->kind);
+  }
+  return bytes;
+}
 
 std::size_t LinesOf(std::string_view bytes) {
   std::size_t lines = 0;
@@ -152,44 +165,45 @@ class ValueReader {
   std::string fault_;
 };
 
-bool ReadModes(ValueReader& values, bool starting, Mode& mode) {
-  const std::optional<int> create = values.Number();
-  const std::optional<int> search = values.Number();
-  if (!create || !search) return true;
-  if (starting || create == 1) mode = Mode::create;
-  if (!starting && search == 1) mode = Mode::search;
-  return starting || create == 1 || search == 1;
-}
+// Reads the line of an option, or both lines of the mode.
+struct LineReader {
+  ValueReader& values;
+  ConcordanceSettings& settings;
+  bool starting = false;
+  bool& modeSelected;
+  bool& placesSelected;  // becomes false when a list has no selection
 
-void ReadPanelOptions(ValueReader& values, ConcordanceSettings& settings) {
-  values.Words(settings.extraStopWords);
-  const auto threshold = values.Place(LARGEST_THRESHOLD - SMALLEST_THRESHOLD + 1);
-  if (threshold && *threshold != NO_SELECTION) {
-    settings.thresholdFrequency = *threshold + SMALLEST_THRESHOLD;
+  void operator()(const Flag& flag) const { values.Box(settings.*flag.field); }
+  void operator()(const Number& number) const {
+    if (const auto place = Place(number.most - number.least + 1, number.mustBeSelected)) {
+      settings.*number.field = *place + number.least;
+    }
   }
-  for (bool* box :
-       {&settings.ignoreInfrequentWords, &settings.ignoreLists, &settings.allowWordsWithHyphens,
-        &settings.allowWordsWithNumerals, &settings.warnOnOverwrite, &settings.saveStateOnQuit}) {
-    values.Box(*box);
+  void operator()(const Word& word) const {
+    const auto blanks = std::ranges::count(word.words, ' ');
+    if (const auto place = Place(static_cast<int>(blanks) + 1, true)) {
+      settings.*word.field = static_cast<WordOrder>(*place);
+    }
   }
-}
+  void operator()(const Text& text) const { values.Words(settings.*text.field); }
+  void operator()(const File& file) const { values.Path(settings.*file.field); }
+  void operator()(const ModeLines& mode) const {
+    const std::optional<int> create = values.Number();
+    const std::optional<int> search = values.Number();
+    if (!create || !search) return;
+    if (starting || create == 1) settings.*mode.field = Mode::create;
+    if (!starting && search == 1) settings.*mode.field = Mode::search;
+    modeSelected = starting || create == 1 || search == 1;
+  }
+  void operator()(const Shown& /*kind*/) const {}
 
-// Returns false when the word order or the context size has no selection.
-bool ReadListingOptions(ValueReader& values, ConcordanceSettings& settings) {
-  values.Box(settings.showFrequencies);
-  values.Box(settings.showLineBreaks);
-  const auto order = values.Place(2);
-  if (order && *order != NO_SELECTION) {
-    settings.wordOrder = *order == 1 ? WordOrder::byFrequency : WordOrder::alphabetical;
+  [[nodiscard]] std::optional<int> Place(int count, bool mustBeSelected) const {
+    const std::optional<int> place = values.Place(count);
+    if (place != NO_SELECTION) return place;
+    if (mustBeSelected) placesSelected = false;
+    return std::nullopt;
   }
-  const auto contextSize = values.Place(LARGEST_CONTEXT_SIZE + 1);
-  if (contextSize && *contextSize != NO_SELECTION) settings.contextSize = *contextSize;
-  values.Path(settings.stopWordsFile);
-  values.Words(settings.extraKeywords);
-  values.Box(settings.createIndexFile);
-  values.Box(settings.outputToFileDisabled);
-  return order != NO_SELECTION && contextSize != NO_SELECTION;
-}
+};
 
 // Clears a path whose file does not exist any more.
 void KeepExisting(std::string& path) {
@@ -209,7 +223,8 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
   if (path.empty()) MakeFoldersFor(target);
   const std::string prefix = "Error when attempting to save settings: ";
   const std::string bytes = FileBytes(settings);
-  if (LinesOf(bytes) != VALUES) return prefix + "A file name or a text contains a line break";
+  if (LinesOf(bytes) != SETTINGS_LINES)
+    return prefix + "A file name or a text contains a line break";
   if (settings.reading == Reading::unicode) {
     for (const std::string& words : {settings.extraKeywords, settings.extraStopWords}) {
       if (Utf8OfAnsi(AnsiBytes(words)) == words) continue;
@@ -234,22 +249,21 @@ RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string
   if (!bytes) return {prefix + bytes.Error().reason};
   RestoredState result;
   ValueReader values(*bytes);
-  for (std::string* name : {&settings.inputFile, &settings.searchResultsFile,
-                            &settings.keywordsFile, &settings.outputFile}) {
-    values.Path(*name);
+  bool placesSelected = true;
+  const LineReader reader{values, settings, starting, result.modeSelected, placesSelected};
+  for (int line = 1; line <= SETTINGS_LINES; ++line) {
+    if (const Option* const option = OptionOnLine(line)) std::visit(reader, option->kind);
   }
-  result.modeSelected = ReadModes(values, starting, settings.mode);
-  ReadPanelOptions(values, settings);
-  const bool placesSelected = ReadListingOptions(values, settings);
   if (!values.Wrong().empty()) {
     result.errorText = prefix + values.Wrong();
     return result;
   }
   // Reported last, because a missing selection does not stop the other values from being read.
   if (!placesSelected) result.errorText = "Invalid combo box index";
-  KeepExisting(settings.inputFile);
-  KeepExisting(settings.searchResultsFile);
-  KeepExisting(settings.keywordsFile);
+  for (const Option& option : AllOptions()) {
+    const File* const file = std::get_if<File>(&option.kind);
+    if (file != nullptr && file->mustExist) KeepExisting(settings.*file->field);
+  }
   return result;
 }
 
