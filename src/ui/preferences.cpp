@@ -12,8 +12,9 @@ namespace quorvel {
 namespace {
 
 constexpr const char* READING = "reading";
-constexpr const char* UNICODE = "unicode";
-constexpr const char* WINDOWS_1252 = "windows-1252";
+// On Windows UNICODE is a macro.
+constexpr const char* READING_UNICODE = "unicode";
+constexpr const char* READING_WINDOWS_1252 = "windows-1252";
 constexpr const char* FOLDED = "window/folded";
 constexpr const char* INPUTS = "inputs";
 constexpr std::size_t MOST_INPUTS = 8;
@@ -46,12 +47,13 @@ void KeepInputs(const std::vector<std::string>& paths) {
 }  // namespace
 
 Reading KeptReading() {
-  return Preferences().value(READING).toString() == UNICODE ? Reading::unicode
-                                                            : Reading::windows1252;
+  return Preferences().value(READING).toString() == READING_UNICODE ? Reading::unicode
+                                                                    : Reading::windows1252;
 }
 
 void KeepReading(Reading reading) {
-  Preferences().setValue(READING, reading == Reading::unicode ? UNICODE : WINDOWS_1252);
+  Preferences().setValue(READING,
+                         reading == Reading::unicode ? READING_UNICODE : READING_WINDOWS_1252);
 }
 
 bool KeptFolding() { return Preferences().value(FOLDED).toString() == "true"; }
