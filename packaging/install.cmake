@@ -1,4 +1,5 @@
-# Installation and packages: the Debian package of ./dev package and the zip of ./dev windows --window.
+# Installation and packages: the Debian package of ./dev package and the zip of ./dev windows --window,
+# whose files the installer contains.
 
 include(GNUInstallDirs)
 set(DATA_FOLDER ${CMAKE_INSTALL_DATADIR}/quorvel)
@@ -33,10 +34,10 @@ if(QUORVEL_WINDOW)
 endif()
 
 if(WIN32)
-  # The licences of everything that is linked in, from the Debian packages.
+  # The licences of everything that is linked in, and of the installer, from the Debian packages.
   install(FILES packaging/copyright DESTINATION licenses RENAME quorvel.txt)
   foreach(package IN ITEMS qt6-base-dev libzip-dev libutf8proc-dev libexpat1-dev libz-mingw-w64-dev
-      mingw-w64-x86-64-dev g++-mingw-w64-x86-64-posix)
+      mingw-w64-x86-64-dev g++-mingw-w64-x86-64-posix nsis)
     install(FILES /usr/share/doc/${package}/copyright DESTINATION licenses RENAME ${package}.txt)
   endforeach()
 endif()

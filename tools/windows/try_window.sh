@@ -15,50 +15,13 @@ picture=$(realpath "$3")
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/windows/wine.bash
 . "$root/tools/windows/wine.bash"
-# shellcheck source=tools/press_until.bash
-. "$root/tools/press_until.bash"
+# shellcheck source=tools/windows/window.bash
+. "$root/tools/windows/window.bash"
 start_wine "$desk/wine"
-
-fail() {
-  import -window root "$picture"
-  echo "try_window: $*; see $picture" >&2
-  exit 1
-}
-
-await() { # what, command that succeeds when it is there
-  local tries
-  for ((tries = 0; tries < 300; ++tries)); do
-    ! "${@:2}" || return 0
-    sleep 0.1
-  done
-  fail "not seen: $1"
-}
-
-window() { # title
-  xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1
-}
-
-activate() { # title
-  await "window '$1'" window "$1"
-  xdotool search --onlyvisible --name "^$1\$" windowactivate --sync
-}
 
 start_window() { # argument...
   wine "$folder/quorvel.exe" "$@" >/dev/null 2>&1 </dev/null &
   program=$!
-}
-
-list_words() {
-  activate 'Stop words loaded'
-  xdotool key Return
-  activate Quorvel
-  xdotool key F5
-  await "$concordance" test -s "$concordance"
-}
-
-quit_window() {
-  press_until ctrl+q has_ended "$program"
-  wait "$program" || fail "the window ended with status $?"
 }
 
 cd "$desk"
@@ -73,7 +36,8 @@ concordance=$home/$name.qvl.conc.txt
 state=$home/AppData/Roaming/Quorvel/qvl.usr
 
 start_window "C:/users/$user/$name.txt" # in the form that the file dialog returns
-list_words
+await_session
+list_words "$concordance"
 "$linux/quorvel-cli" -q -o here.txt "$sample"
 same "concordance that F5 wrote in the window" here.txt "$concordance"
 [[ $(head -n 1 "$concordance" | iconv -f WINDOWS-1252) == "Input file: C:\\users\\$user\\$name.txt"$'\r' ]] ||
@@ -84,9 +48,10 @@ import -window root "$picture"
 echo "Its picture: $picture"
 
 press_until alt+v test -s "$state"
-quit_window
+quit_window "$program"
 rm "$concordance"
 start_window # the input comes from the settings
-list_words
+await_session
+list_words "$concordance"
 same "concordance of a second session, with the settings kept in AppData" here.txt "$concordance"
-quit_window
+quit_window "$program"
