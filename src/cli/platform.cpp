@@ -4,9 +4,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
-#include <memory>
-#include <new>
 #ifdef __GLIBC__
 #include <malloc.h>
 #include <sys/resource.h>
@@ -31,14 +28,10 @@
 #include <climits>
 #endif
 
-#include "util/large_pages.h"
-
 namespace quorvel {
 
 #ifdef __GLIBC__
 namespace {
-
-constexpr int STEP = 16 << 20;
 
 // True when the user has limited the address space.
 bool AreLimited() {
@@ -49,19 +42,6 @@ bool AreLimited() {
   return false;
 }
 
-// Reserves the memory that most runs need as one block of large pages, so that large texts have no
-// small pages at their borders. Reserved memory is not used until it is written to.
-void TakeFirstStep() {
-  constexpr int FIRST_STEP = 256 << 20;
-  // A request larger than the free memory extends the heap by FIRST_STEP beyond the request.
-  ::mallopt(M_TOP_PAD, FIRST_STEP);
-  const std::unique_ptr<char[]> piece(new (std::nothrow) char[STEP]);
-  const auto* const end = static_cast<const char*>(::sbrk(0));
-  if (piece != nullptr && std::less<>()(piece.get(), end)) {
-    AdviseLargePages(piece.get(), static_cast<std::size_t>(end - piece.get()));
-  }
-}
-
 }  // namespace
 
 // The words of a text need many small allocations, for which the C library would extend the heap by
@@ -70,11 +50,11 @@ void TakeFirstStep() {
 // is limited: a run that fits into the limit could fail.
 void TakeMemoryInLargeSteps() {
   if (AreLimited()) return;
+  constexpr int STEP = 16 << 20;
   constexpr int LARGEST_KEPT = 32 << 20;
   constexpr int GIVEN_BACK_ABOVE = 1 << 30;
   ::mallopt(M_MMAP_THRESHOLD, LARGEST_KEPT);
   ::mallopt(M_TRIM_THRESHOLD, GIVEN_BACK_ABOVE);
-  TakeFirstStep();
   ::mallopt(M_TOP_PAD, STEP);
 }
 #else
