@@ -227,7 +227,7 @@ int RunDocuments(const CommandLine& commandLine, const ByteSink& result,
   {
     WorkerPool pool(documents.size(), commandLine.jobs, newMaker);
     const StopAtEnd stopAtEnd = {stopped};
-    for (std::size_t i = 0; i < documents.size() && goesOn(); ++i) {
+    for (std::size_t i = 0; i < documents.size(); ++i) {
       std::optional<std::string_view> piece;
       while (!piece && goesOn()) piece = pool.Next(PATIENCE);
       if (!piece) break;

@@ -60,6 +60,10 @@ TEST(CommandLineWordLists, AreEnglishWhereTheLanguageIsUnknown) {
   EXPECT_EQ(folder.Read("err"),
             "quorvel-cli: The language of a.txt could not be recognized; English stop words are "
             "used.\n");
+  (void)folder.Write("a.txt", "the of and\r\n");
+  EXPECT_EQ(RunProgram(folder, program, "a.txt -c 0 -o -"), 3);
+  EXPECT_EQ(folder.Read("err"),
+            "quorvel-cli: a.txt: No words satisfying the conditions were found.\n");
 }
 
 }  // namespace quorvel

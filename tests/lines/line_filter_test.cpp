@@ -69,13 +69,17 @@ TEST(LineFilter, TakesEqualLinesOnce) {
 }
 
 TEST(LineFilter, CanBeStopped) {
-  const Seas seas(DecodeAnsi(Repeated("at sea ", 5000)));
+  Seas seas(DecodeAnsi(Repeated("at sea ", 5000)));
   ScriptedConversation filtering;
   filtering.stopAtYield = 1;
   EXPECT_FALSE(LinesWith(u"at", seas.lines, seas.source, filtering));
   ScriptedConversation grouping;
   grouping.stopAtYield = 1;
   EXPECT_FALSE(EqualLinesOnce(seas.lines, seas.source, grouping));
+  ScriptedConversation searching;
+  searching.stopAtYield = 1;
+  seas.source.keywords = std::make_shared<const KeywordLists>(KeywordLists{{u"sea"}, {}});
+  EXPECT_FALSE(LinesOf(seas.source, {{0}}, searching));
 }
 
 }  // namespace

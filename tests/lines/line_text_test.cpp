@@ -42,4 +42,18 @@ TEST(LineText, IsAlignedOrHasTabs) {
   }
 }
 
+TEST(LineText, CanBeStopped) {
+  ScriptedConversation ui;
+  const auto document = MakeUnicodeDocument({}, {.reading = Reading::unicode}, "the sea.", 0);
+  const LineSource source = {ScanWords(document, nullptr, ui), nullptr, {2, false}};
+  const std::vector<LineGroup> groups(9000, {{0, 5}, 1});
+  ui.yields = 0;
+  ui.stopAtYield = 1;
+  std::size_t lines = 0;
+  const auto count = [&lines](std::string_view) { return ++lines > 0; };
+  ComposeLineText(groups, source, LineForm::tabbed, false, count, ui);
+  EXPECT_TRUE(ui.StopRequested());
+  EXPECT_LT(lines, groups.size());
+}
+
 }  // namespace quorvel

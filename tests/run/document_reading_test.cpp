@@ -129,6 +129,7 @@ TEST(DocumentReading, AsUnicodeGivesTextOrSaysWhatIsWrong) {
     if (document == nullptr) continue;
     const bool isText = std::string_view(row.file) == "a.txt";
     EXPECT_EQ(ui.output.ends_with("Processing file ...\r\n"), isText);
+    EXPECT_EQ(ui.output.find("Extracting text ...\r\n") == std::string::npos, isText);
     EXPECT_EQ(document->lostCharacters, row.lost);
     EXPECT_EQ(document->source.path, row.file);
   }
