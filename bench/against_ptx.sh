@@ -263,7 +263,7 @@ echo "Generating the texts"
 bible -f 'gen1:1-rev22:21' | sed 's/$/\r/' >bible.txt
 "$BENCH" text $TEXT_LENGTH 5000 1 >narrow.txt
 "$BENCH" text $TEXT_LENGTH 200000 1 >wide.txt
-for seed in {1..10}; do "$BENCH" text 10000000 5000 $seed; done >long.txt
+for seed in {1..10}; do "$BENCH" text 10000000 5000 "$seed"; done >long.txt
 head -c 10000000 long.txt >short.txt
 bibleStopWords=$(too_frequent_words bible.txt)
 in_cyrillic <bible.txt >cyrillic.txt

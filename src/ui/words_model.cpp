@@ -141,7 +141,11 @@ void StripDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (cell.width() < 1) return;
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   const QPalette::ColorRole role = isSelected ? QPalette::HighlightedText : QPalette::Text;
-  PaintStrip(*painter, cell, model.StripAt(index.row(), cell.width()), option.palette.color(role));
+  // The colours of a selection in a window in the background can be others.
+  const bool isActive = option.state.testFlag(QStyle::State_Active);
+  const QPalette::ColorGroup group = isActive ? QPalette::Active : QPalette::Inactive;
+  PaintStrip(*painter, cell, model.StripAt(index.row(), cell.width()),
+             option.palette.color(group, role));
 }
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 #include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"
+#include "util/worker_pool.h"
 
 namespace quorvel {
 namespace {
@@ -50,6 +51,10 @@ TEST(DividedScan, FindsTheSameInAnyNumberOfPieces) {
 }
 
 TEST(DividedScan, CutsPiecesOfAboutTheSameLength) {
+  EXPECT_EQ(BestPieceCount(0), 1U);
+  EXPECT_EQ(BestPieceCount((std::size_t{2} << 18U) - 1), 1U);
+  EXPECT_EQ(BestPieceCount(std::size_t{2} << 18U), std::min(Processors(), 2U));
+  EXPECT_EQ(BestPieceCount(std::size_t{1} << 30U), Processors());
   Text text;
   for (int i = 0; i < 7000; ++i) text += u"harbour ";
   const std::vector<TextSpan> pieces = PiecesOfText(text, latin, 7);
