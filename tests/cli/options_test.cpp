@@ -4,8 +4,10 @@
 
 #include <sstream>
 
+#include "lists/languages.h"
 #include "naive/places.h"
 #include "output/concordance_file.h"
+#include "settings/option_table.h"
 #include "support/run_program.h"
 
 namespace quorvel {
@@ -160,6 +162,14 @@ TEST(Options, TellOfThemselves) {
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, ""), 2);
   EXPECT_TRUE(folder.Read("err").starts_with("Usage: quorvel-cli [OPTIONS] INPUT"));
+}
+
+// The table of options lies below the list of languages and names them itself.
+TEST(Options, NameAllLanguages) {
+  std::string words = "auto none " + std::string(ALL_LANGUAGES.code);
+  for (const Language& language : LANGUAGES) words.append(" ").append(language.code);
+  const auto option = std::ranges::find(AllOptions(), "--language", &Option::names);
+  EXPECT_EQ(std::get<Word>(option->kind).words, words);
 }
 
 }  // namespace
