@@ -26,12 +26,13 @@ std::string HeadLine(std::int32_t number) {
 }
 
 // Appends the last `width` digits of `position`, padded with zeros.
-void AppendPosition(std::string& bytes, std::int32_t position, int width) {
+void AppendPosition(std::string& bytes, Position position, int width) {
   const std::size_t start = bytes.size();
+  auto number = static_cast<std::int32_t>(position);
   bytes.resize(start + static_cast<std::size_t>(width));
   for (std::size_t i = bytes.size(); i > start; --i) {
-    bytes[i - 1] = static_cast<char>('0' + position % 10);
-    position /= 10;
+    bytes[i - 1] = static_cast<char>('0' + number % 10);
+    number /= 10;
   }
 }
 
@@ -105,18 +106,18 @@ std::int64_t NumberBefore(const char* end, std::size_t width) {
 // Parses positions in fields of `width` characters. Returns false unless they are `count` numbers
 // in ascending order, from 1 on.
 bool ReadPositions(std::string_view fields, std::int32_t count, int width,
-                   std::vector<std::int32_t>& positions) {
+                   std::vector<Position>& positions) {
   const auto fieldWidth = static_cast<std::size_t>(width);
   if (fields.size() != static_cast<std::size_t>(count) * fieldWidth) return false;
   positions.resize(static_cast<std::size_t>(count));
   const char* end = fields.data();
   std::int64_t last = 0;
   bool ascend = true;
-  for (std::int32_t& position : positions) {
+  for (Position& position : positions) {
     end += fieldWidth;
     const std::int64_t number = NumberBefore(end, fieldWidth);
     ascend = ascend && number > last;
-    position = static_cast<std::int32_t>(number);
+    position = static_cast<Position>(number);
     last = number;
   }
   return ascend && last <= LARGEST_NUMBER;
@@ -145,7 +146,10 @@ std::optional<WordEntry> EntryOnLine(std::string_view line, const Alphabet& alph
   return entry;
 }
 
-// The 1-based neighbours of an entry in the frequency chain, or 0 for none.
+// The number of an entry in the file, counted from 1.
+std::int32_t NumberOf(EntryIndex entry) { return static_cast<std::int32_t>(entry) + 1; }
+
+// The numbers of the neighbours of an entry in the frequency chain, or 0 for none.
 struct Links {
   std::int32_t frequencyPrev = 0;
   std::int32_t frequencyNext = 0;
@@ -153,10 +157,13 @@ struct Links {
 
 std::vector<Links> LinksOf(const ListedWords& listed) {
   std::vector<Links> links(listed.words.table->entries.size());
-  const std::vector<std::int32_t>& chain = listed.frequencyChain;
+  const auto linksOf = [&links](EntryIndex i) -> Links& {
+    return links[static_cast<std::size_t>(i)];
+  };
+  const std::vector<EntryIndex>& chain = listed.frequencyChain;
   for (std::size_t k = 1; k < chain.size(); ++k) {
-    links[static_cast<std::size_t>(chain[k - 1])].frequencyNext = chain[k] + 1;
-    links[static_cast<std::size_t>(chain[k])].frequencyPrev = chain[k - 1] + 1;
+    linksOf(chain[k - 1]).frequencyNext = NumberOf(chain[k]);
+    linksOf(chain[k]).frequencyPrev = NumberOf(chain[k - 1]);
   }
   return links;
 }
@@ -171,7 +178,7 @@ std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, s
   bytes.append(LINE_END).append(DateAndTimeText(time)).append(LINE_END);
   bytes += HeadLine(table.WordCount());
   bytes += HeadLine(table.positionWidth);
-  bytes += HeadLine(listed.frequencyChain.empty() ? 0 : listed.frequencyChain.front() + 1);
+  bytes += HeadLine(listed.frequencyChain.empty() ? 0 : NumberOf(listed.frequencyChain.front()));
   for (std::size_t i = 0; i < table.entries.size(); ++i) {
     const WordEntry& entry = table.entries[i];
     alphabet.AppendEncoded(bytes, entry.word);
@@ -181,7 +188,7 @@ std::string IndexFileBytes(const ListedWords& listed, std::string_view digest, s
       bytes += std::to_string(number);
     }
     bytes += SEPARATOR;
-    for (const std::int32_t position : entry.positions) {
+    for (const Position position : entry.positions) {
       AppendPosition(bytes, position, table.positionWidth);
     }
     bytes += LINE_END;

@@ -22,10 +22,10 @@ std::size_t RecognizeLanguage(std::string bytes, const LanguagesByWord& language
   BlankDoubleHyphens(bytes);
   const std::u16string text = DecodeAnsi(bytes);
   const Alphabet& alphabet = Alphabet::Windows1252();
-  std::size_t position = 1;
-  while (position <= text.size()) {
-    if (!alphabet.IsWordCharacterAt(text, position - 1)) {
-      ++position;
+  Position position = FIRST_POSITION;
+  while (IndexOf(position) < text.size()) {
+    if (!alphabet.IsWordCharacterAt(text, IndexOf(position))) {
+      position = position + 1;
       continue;
     }
     const auto found = languages.find(alphabet.ToLowerCase(GetWord(text, alphabet, position)));

@@ -22,24 +22,20 @@ constexpr std::size_t LONGEST_TOKEN = 64;
 // True when a token with this spelling gives itself as its word. "1990" and "TV-" are words only
 // where a plural "s" was dropped ("1990s", "TV-s").
 bool GivesItself(const std::u16string& word, const Alphabet& alphabet) {
-  std::size_t position = 1;
+  Position position = FIRST_POSITION;
   return GetWord(word + u" ", alphabet, position) == word;
 }
 
-// The 1-based position of the scan after it has recorded a word at `position`. If the word ends the
-// text, this is the length of the text plus 2.
-std::size_t ScanEnd(std::size_t position, std::size_t wordLength) { return position + wordLength; }
-
 // True when the token that ends at this occurrence gives the word.
-bool TokenGivesWord(std::u16string_view text, std::size_t position, std::u16string_view word,
+bool TokenGivesWord(std::u16string_view text, Position position, std::u16string_view word,
                     const Alphabet& alphabet) {
-  const std::size_t scanEnd = ScanEnd(position, word.size());
-  const std::size_t end = std::min(scanEnd - 1, text.size());  // 0-based end of the token
+  const Position scanEnd = position + word.size();
+  const std::size_t end = std::min(IndexOf(scanEnd), text.size());  // of the token
   std::size_t start = end;
   while (start > 0 && end - start <= LONGEST_TOKEN && alphabet.IsWordCharacterAt(text, start - 1)) {
     --start;
   }
-  std::size_t scanPosition = start + 1;
+  Position scanPosition = PositionOf(start);
   return start < end && GetWord(text, alphabet, scanPosition) == word && scanPosition == scanEnd;
 }
 
@@ -79,33 +75,32 @@ class Spelling {
 
 // Prefetches the text at a position, which may be beyond the end. Words in alphabetical order are
 // scattered over the whole text.
-void Prefetch(std::u16string_view text, std::int32_t position) {
-  __builtin_prefetch(text.data() + std::min(static_cast<std::size_t>(position), text.size()));
+void Prefetch(std::u16string_view text, Position position) {
+  __builtin_prefetch(text.data() + std::min(IndexOf(position), text.size()));
 }
 
 bool WordFits(const WordEntry& entry, bool included, std::u16string_view text,
               const Alphabet& alphabet) {
   constexpr std::size_t AHEAD = 8;
-  const std::vector<std::int32_t>& positions = entry.positions;
+  const std::vector<Position>& positions = entry.positions;
   const Spelling spelling(entry.word, alphabet);
   const bool givesItself = GivesItself(entry.word, alphabet);
   const std::size_t step = included ? 1 : std::max<std::size_t>(positions.size() - 1, 1);
   for (std::size_t k = 0; k < positions.size(); k += step) {
-    const auto position = static_cast<std::size_t>(positions[k]);
     if (k + AHEAD < positions.size()) Prefetch(text, positions[k + AHEAD]);
-    if (givesItself && spelling.StandsAt(text, position - 1)) continue;
-    if (!TokenGivesWord(text, position, entry.word, alphabet)) return false;
+    if (givesItself && spelling.StandsAt(text, IndexOf(positions[k]))) continue;
+    if (!TokenGivesWord(text, positions[k], entry.word, alphabet)) return false;
   }
   return true;
 }
 
-// True when the scan would record a word at the 1-based `position` or later.
-bool HoldsWord(std::u16string_view text, std::size_t position, const Alphabet& alphabet) {
-  while (position < text.size()) {
-    if (alphabet.IsWordCharacterAt(text, position - 1)) {
+// True when the scan would record a word at `position` or later.
+bool HoldsWord(std::u16string_view text, Position position, const Alphabet& alphabet) {
+  while (IndexOf(position) < text.size()) {
+    if (alphabet.IsWordCharacterAt(text, IndexOf(position))) {
       if (MayEnterTable(GetWord(text, alphabet, position))) return true;
     } else {
-      ++position;
+      position = position + 1;
     }
   }
   return false;
@@ -117,7 +112,7 @@ bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16
                    const Alphabet& alphabet) {
   constexpr std::size_t AHEAD = 16;
   if (table.positionWidth != PositionWidth(text.size())) return false;
-  std::size_t lastEnd = 1;
+  Position lastEnd = FIRST_POSITION;
   for (std::size_t i = 0; i < table.entries.size(); ++i) {
     if (i + AHEAD < table.entries.size()) {
       Prefetch(text, table.entries[i + AHEAD].positions.front());
@@ -125,8 +120,7 @@ bool TableFitsText(const WordTable& table, const IncludeFlags& include, std::u16
     }
     const WordEntry& entry = table.entries[i];
     if (!MayEnterTable(entry.word) || !WordFits(entry, include[i], text, alphabet)) return false;
-    const auto last = static_cast<std::size_t>(entry.positions.back());
-    lastEnd = std::max(lastEnd, ScanEnd(last, entry.word.size()));
+    lastEnd = std::max(lastEnd, entry.positions.back() + entry.word.size());
   }
   return !HoldsWord(text, lastEnd, alphabet);
 }

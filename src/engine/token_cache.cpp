@@ -86,7 +86,7 @@ TokenMeaning TokenCache::Analyze(std::u16string_view token) {
 // token with the same spelling, which saves a second look-up table. The exception is a word whose
 // spelling as a token is not a word: "1990s" gives the word "1990", but the token "1990" is a
 // number and no word.
-std::int32_t TokenCache::EntryOf(std::u16string_view token, std::u16string_view word) {
+EntryIndex TokenCache::EntryOf(std::u16string_view token, std::u16string_view word) {
   if (word.size() == token.size()) return AddEntry(word);
   if (WordOfToken(word, alphabet_) == word) {
     return MeaningOf(KeyOf(static_cast<std::size_t>(word.data() - text_.data()), word.size()))
@@ -96,9 +96,9 @@ std::int32_t TokenCache::EntryOf(std::u16string_view token, std::u16string_view 
   return known != others_.end() ? known->second : others_[word] = AddEntry(word);
 }
 
-std::int32_t TokenCache::AddEntry(std::u16string_view word) {
+EntryIndex TokenCache::AddEntry(std::u16string_view word) {
   table_.entries.push_back(NewWordEntry(word, alphabet_));
-  return table_.WordCount() - 1;
+  return table_.IndexOf(table_.entries.back());
 }
 
 // Stores a token in the first free slot of its probe sequence.

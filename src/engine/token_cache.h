@@ -17,10 +17,10 @@ namespace quorvel {
 
 // The word of a token.
 struct TokenMeaning {
-  static constexpr std::int32_t NO_WORD = -1;
+  static constexpr EntryIndex NO_WORD{-1};
 
-  std::int32_t entry = NO_WORD;  // 0-based index in the table
-  std::uint8_t wordLength = 0;   // in characters
+  EntryIndex entry = NO_WORD;
+  std::uint8_t wordLength = 0;  // in characters
 };
 
 // The cache key of a token. A token of up to eight characters is identified by `front` and `back`
@@ -54,15 +54,15 @@ class TokenCache {
     std::uint64_t back = 0;
     std::uint32_t begin = 0;  // 0-based index of its first occurrence
     std::uint32_t hash = 0;
-    std::int32_t entry = TokenMeaning::NO_WORD;
+    EntryIndex entry = TokenMeaning::NO_WORD;
     std::uint8_t wordLength = 0;
     std::uint8_t length = 0;  // 0 in a free slot
   };
 
   [[nodiscard]] bool Holds(const Slot& slot, const TokenKey& key) const;
   [[nodiscard]] TokenMeaning Analyze(std::u16string_view token);
-  [[nodiscard]] std::int32_t EntryOf(std::u16string_view token, std::u16string_view word);
-  std::int32_t AddEntry(std::u16string_view word);
+  [[nodiscard]] EntryIndex EntryOf(std::u16string_view token, std::u16string_view word);
+  EntryIndex AddEntry(std::u16string_view word);
   void Fill(const Slot& slot);
   void Grow();
 
@@ -73,7 +73,7 @@ class TokenCache {
   HashSeed seed_;
   std::vector<Slot> slots_;  // size a power of two, at most half in use
   std::size_t used_ = 0;
-  std::map<std::u16string_view, std::int32_t> others_;  // of words not cached as tokens
+  std::map<std::u16string_view, EntryIndex> others_;  // of words not cached as tokens
 };
 
 }  // namespace quorvel

@@ -30,6 +30,11 @@ std::u16string_view StripHyphens(std::u16string_view token) {
   return token.substr(first, last - first + 1);
 }
 
+// The scan position after a token that ends at the 0-based `end` (exclusive).
+Position ScanPositionAfter(std::u16string_view text, std::size_t end) {
+  return PositionOf(end < text.size() ? end : end + 1);
+}
+
 // Tokens are processed in batches, to hide the latency of memory. While a batch is cut, the cache
 // slots of its tokens are prefetched; while its words are looked up, the table entries are
 // prefetched. Waiting for each access would double the time.
@@ -64,11 +69,10 @@ class Scan {
       const TokenMeaning meaning = cache_.MeaningOf(keys_[i]);
       if (meaning.entry == TokenMeaning::NO_WORD) continue;
       const std::size_t end = keys_[i].begin + keys_[i].length;
-      const std::size_t scanPosition = end + (end < text_.size() ? 1 : 2);
-      occurrences_[found++] = {meaning.entry,
-                               static_cast<std::int32_t>(scanPosition - meaning.wordLength)};
-      __builtin_prefetch(&table_.entries[static_cast<std::size_t>(meaning.entry)].positions);
-      stopped_ = !GoesOn(scanPosition);
+      const Position scanPosition = ScanPositionAfter(text_, end);
+      occurrences_[found++] = {meaning.entry, scanPosition - meaning.wordLength};
+      __builtin_prefetch(&table_.At(meaning.entry).positions);
+      stopped_ = !GoesOn(static_cast<std::size_t>(scanPosition));
     }
     for (std::size_t i = 0; i < found; ++i) {
       AddWordToList(table_, occurrences_[i].entry, occurrences_[i].position);
@@ -108,16 +112,16 @@ class Scan {
   }
 
   // Updates the progress bar and lets events run. Returns false after a stop.
-  bool GoesOn(std::size_t position) {
-    bar_.Update(static_cast<std::int64_t>(position - piece_.begin),
+  bool GoesOn(std::size_t place) {
+    bar_.Update(static_cast<std::int64_t>(place - piece_.begin),
                 static_cast<std::int64_t>(piece_.end - piece_.begin), PROGRESS_THRESHOLD);
     progress_.Yield();
     return !progress_.StopRequested();
   }
 
   struct Occurrence {
-    std::int32_t entry = 0;     // 0-based
-    std::int32_t position = 0;  // 1-based
+    EntryIndex entry{};
+    Position position{};
   };
 
   std::u16string_view text_;
@@ -138,10 +142,10 @@ class Scan {
 }  // namespace
 
 std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
-                            std::size_t& scanPosition) {
-  const std::size_t begin = scanPosition - 1;
+                            Position& scanPosition) {
+  const std::size_t begin = IndexOf(scanPosition);
   const std::size_t end = alphabet.EndOfRun(text, begin);
-  scanPosition = end + (end < text.size() ? 1 : 2);
+  scanPosition = ScanPositionAfter(text, end);
   return WordOfToken(text.substr(begin, end - begin), alphabet);
 }
 
@@ -163,9 +167,8 @@ bool MayEnterTable(std::u16string_view word) {
 
 // The token ends `word.size()` characters after the recorded position, or at the end of the text. A
 // word that ends in "s" has not lost a plural "s".
-TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
-                          std::int32_t position) {
-  std::size_t end = std::min(static_cast<std::size_t>(position) - 1 + word.size(), text.size());
+TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word, Position position) {
+  std::size_t end = std::min(IndexOf(position) + word.size(), text.size());
   while (text[end - 1] == u'-') --end;
   const bool lostPlural = text[end - 1] == u's' && word.back() != u's';
   return {end - word.size() - (lostPlural ? 1 : 0), end};

@@ -17,12 +17,12 @@ namespace quorvel {
 // The minimum length of a recorded word, in characters.
 inline constexpr std::size_t MIN_WORD_LENGTH = 3;
 
-// Cuts the token that begins at `scanPosition`, which is a 1-based position and must hold a word
-// character. Moves `scanPosition` past the character after the token; at the end of the text it
-// becomes the length of the text plus 2. Returns the word of the token as a view into the text, or
+// Cuts the token that begins at `scanPosition`, where there must be a word character. Moves
+// `scanPosition` past the character after the token; at the end of the text it becomes the length
+// of the text plus 2. Returns the word of the token as a view into the text, or
 // an empty view when the token is not a word.
 [[nodiscard]] std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
-                                          std::size_t& scanPosition);
+                                          Position& scanPosition);
 
 // Returns the word of a whole token as a view into it, or an empty view when the token is not a
 // word.
@@ -38,10 +38,10 @@ struct TextSpan {
   std::size_t end;
 };
 
-// Returns where the occurrence of `word` recorded at the 1-based `position` really stands,
-// including a dropped plural "s". `text` must be the text that was scanned.
+// Returns where the occurrence of `word` recorded at `position` really stands, including a dropped
+// plural "s". `text` must be the text that was scanned.
 [[nodiscard]] TextSpan SpanOfOccurrence(std::u16string_view text, std::u16string_view word,
-                                        std::int32_t position);
+                                        Position position);
 
 // Scans a piece of a text, in which double hyphens are already blanked, and adds its words to
 // `table`. No token may reach over an end of the piece. If `sought` is not null, only these words

@@ -27,7 +27,7 @@ WordTable Joined(WordTable first, WordTable last) {
     while (next != last.entries.end() && PrecedesAlphabetically(*next, entry)) take(*next++);
     take(entry);
     if (next == last.entries.end() || next->word != joined.entries.back().word) continue;
-    std::vector<std::int32_t>& positions = joined.entries.back().positions;
+    std::vector<Position>& positions = joined.entries.back().positions;
     positions.insert(positions.end(), next->positions.begin(), next->positions.end());
     ++next;
   }

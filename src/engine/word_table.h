@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/position.h"
 #include "util/alphabet.h"
 
 namespace quorvel {
@@ -17,18 +18,29 @@ namespace quorvel {
 inline constexpr std::size_t MAX_WORD_LENGTH = 30;
 
 struct WordEntry {
-  std::u16string word;                  // as spelled in the text
-  std::u16string sortKey;               // lower case, umlauts and accents folded
-  std::vector<std::int32_t> positions;  // 1-based, in the order of the text
+  std::u16string word;              // as spelled in the text
+  std::u16string sortKey;           // lower case, umlauts and accents folded
+  std::vector<Position> positions;  // in the order of the text
 
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(positions.size()); }
 };
+
+// The 0-based index of an entry in the word table.
+enum class EntryIndex : std::int32_t {};
 
 struct WordTable {
   std::vector<WordEntry> entries;
   int positionWidth = 1;  // digits of a position in the index file
 
   [[nodiscard]] std::int32_t WordCount() const { return static_cast<std::int32_t>(entries.size()); }
+  [[nodiscard]] WordEntry& At(EntryIndex entry) { return entries[static_cast<std::size_t>(entry)]; }
+  [[nodiscard]] const WordEntry& At(EntryIndex entry) const {
+    return entries[static_cast<std::size_t>(entry)];
+  }
+  // The index of one of the table's own entries.
+  [[nodiscard]] EntryIndex IndexOf(const WordEntry& entry) const {
+    return static_cast<EntryIndex>(&entry - entries.data());
+  }
 };
 
 // Returns a new entry for `word`, with its sort key and without occurrences.
@@ -37,10 +49,9 @@ struct WordTable {
 // The number of digits of a position in a text of `length` characters.
 [[nodiscard]] int PositionWidth(std::size_t length);
 
-// Records an occurrence of the word with the 0-based index `entry` at `offset`, a 1-based character
-// position in the document text.
-inline void AddWordToList(WordTable& table, std::int32_t entry, std::int32_t offset) {
-  table.entries[static_cast<std::size_t>(entry)].positions.push_back(offset);
+// Records an occurrence of the word of `entry` at `offset` in the document text.
+inline void AddWordToList(WordTable& table, EntryIndex entry, Position offset) {
+  table.At(entry).positions.push_back(offset);
 }
 
 // True when entry `a` comes before `b` in alphabetical order: by sort key, then by spelling.

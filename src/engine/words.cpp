@@ -29,7 +29,7 @@ WordCounts CountIncludedWords(const WordTable& table, const IncludeFlags& includ
 
 // Sorts plain numbers instead of entries: the high half is the maximum minus the count, the low
 // half is the index of the entry.
-std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table, const IncludeFlags& include) {
+std::vector<EntryIndex> BuildFrequencyChain(const WordTable& table, const IncludeFlags& include) {
   constexpr unsigned HALF = 32;
   constexpr std::uint64_t LOW_HALF = (std::uint64_t{1} << HALF) - 1;
   std::vector<std::uint64_t> numbers;
@@ -38,9 +38,9 @@ std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table, const Incl
     if (include[i]) numbers.push_back(lack << HALF | i);
   }
   std::sort(numbers.begin(), numbers.end());
-  std::vector<std::int32_t> chain(numbers.size());
+  std::vector<EntryIndex> chain(numbers.size());
   std::transform(numbers.begin(), numbers.end(), chain.begin(),
-                 [](std::uint64_t number) { return static_cast<std::int32_t>(number & LOW_HALF); });
+                 [](std::uint64_t number) { return static_cast<EntryIndex>(number & LOW_HALF); });
   return chain;
 }
 

@@ -37,17 +37,17 @@ struct WordCounts {
 // Counts the included entries and their occurrences.
 [[nodiscard]] WordCounts CountIncludedWords(const WordTable& table, const IncludeFlags& include);
 
-// Returns the 0-based indices of the included entries in descending order of their counts. Entries
-// with equal counts stay in table order.
-[[nodiscard]] std::vector<std::int32_t> BuildFrequencyChain(const WordTable& table,
-                                                            const IncludeFlags& include);
+// Returns the included entries in descending order of their counts. Entries with equal counts stay
+// in table order.
+[[nodiscard]] std::vector<EntryIndex> BuildFrequencyChain(const WordTable& table,
+                                                          const IncludeFlags& include);
 
 // The words with everything that decides how they are listed.
 struct ListedWords {
   Words words;
   IncludeFlags include;
   WordCounts counts;
-  std::vector<std::int32_t> frequencyChain;  // as BuildFrequencyChain gives it
+  std::vector<EntryIndex> frequencyChain;  // as BuildFrequencyChain gives it
 };
 
 }  // namespace quorvel

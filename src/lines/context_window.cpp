@@ -29,8 +29,8 @@ std::size_t CharacterEdge(std::string_view, std::size_t place) { return place; }
 
 }  // namespace
 
-// The characters from `begin` up to but not including `end`, cut at `cut`. All are 0-based
-// positions in the text.
+// The characters from `begin` up to but not including `end`, cut at `cut`. All are 0-based indices
+// in the text.
 template <typename Char>
 class ContextCutter<Char>::Window {
  public:
@@ -44,7 +44,7 @@ class ContextCutter<Char>::Window {
         wordsWanted_(cutter.options_.contextSize),
         showLineBreaks_(cutter.options_.showLineBreaks) {}
 
-  // The position at which the context begins.
+  // The index at which the context begins.
   [[nodiscard]] std::size_t LeftEdge() const {
     int counted = 0;
     std::size_t cut = cut_;
@@ -57,7 +57,7 @@ class ContextCutter<Char>::Window {
     }
   }
 
-  // The position at which the context that begins at `start` ends.
+  // The index at which the context that begins at `start` ends.
   [[nodiscard]] std::size_t RightEdge(std::size_t start) const {
     if (!showLineBreaks_) {
       // The common case: all blanks count, and there are enough of them.
@@ -166,9 +166,9 @@ std::size_t ContextCutter<Char>::LongestContext(std::size_t wordLength) const {
 }
 
 template <typename Char>
-void ContextCutter<Char>::Prefetch(std::int64_t position) const {
+void ContextCutter<Char>::Prefetch(Position position) const {
   constexpr std::size_t STEP = 64;  // characters in a cache line
-  const auto place = static_cast<std::size_t>(position);
+  const std::size_t place = IndexOf(position);
   if (place < STEP || place + STEP >= text_.size()) return;
   __builtin_prefetch(&text_[place - STEP]);
   __builtin_prefetch(&text_[place]);
@@ -178,21 +178,21 @@ void ContextCutter<Char>::Prefetch(std::int64_t position) const {
 }
 
 template <typename Char>
-auto ContextCutter<Char>::WindowAt(std::int64_t position, std::size_t wordLength) const
+auto ContextCutter<Char>::WindowAt(Position position, std::size_t wordLength) const
     -> std::optional<Window> {
-  const std::int64_t reach = CHARS_PER_CONTEXT_WORD * options_.contextSize;
-  const bool fromTextStart = position <= reach;
-  const std::int64_t begin = fromTextStart ? 0 : position - reach - 1;
-  const std::int64_t cut = fromTextStart ? position - 1 : position - 2;
-  if (cut < 0 || static_cast<std::size_t>(cut) >= text_.size()) return std::nullopt;
-  const std::size_t end =
-      static_cast<std::size_t>(begin) + LongestContext(fromTextStart ? 0 : wordLength);
-  return Window(*this, CharacterEdge(text_, static_cast<std::size_t>(begin)),
-                static_cast<std::size_t>(cut), CharacterEdge(text_, std::min(end, text_.size())));
+  const auto reach = static_cast<std::size_t>(CHARS_PER_CONTEXT_WORD * options_.contextSize);
+  const std::size_t word = IndexOf(position);
+  const bool fromTextStart = word < reach;
+  const std::size_t begin = fromTextStart ? 0 : word - reach;
+  const std::size_t cut = fromTextStart ? word : word - 1;
+  if (cut >= text_.size()) return std::nullopt;
+  const std::size_t end = begin + LongestContext(fromTextStart ? 0 : wordLength);
+  return Window(*this, CharacterEdge(text_, begin), cut,
+                CharacterEdge(text_, std::min(end, text_.size())));
 }
 
 template <typename Char>
-auto ContextCutter<Char>::Cut(std::int64_t position, std::size_t wordLength, String& copies) const
+auto ContextCutter<Char>::Cut(Position position, std::size_t wordLength, String& copies) const
     -> View {
   const std::optional<Window> window = WindowAt(position, wordLength);
   if (!window) return {};
@@ -201,7 +201,7 @@ auto ContextCutter<Char>::Cut(std::int64_t position, std::size_t wordLength, Str
 }
 
 template <typename Char>
-ContextParts<Char> ContextCutter<Char>::CutApart(std::int64_t position, std::size_t wordLength,
+ContextParts<Char> ContextCutter<Char>::CutApart(Position position, std::size_t wordLength,
                                                  const TextSpan& word, String& copies) const {
   const std::optional<Window> window = WindowAt(position, wordLength);
   if (!window) return {};

@@ -44,24 +44,24 @@ class ContextCutter {
 
   // Prefetches the characters around a position. The occurrences of a word are far apart in the
   // text, so call this a few occurrences ahead.
-  void Prefetch(std::int64_t position) const;
+  void Prefetch(Position position) const;
 
-  // The context of a word of `wordLength` characters that is recorded at `position`, 1-based. Empty
+  // The context of a word of `wordLength` characters that is recorded at `position`. Empty
   // for a position outside the text. The result is a view of the text. If a line break must be
   // removed, the context is appended to `copies` instead, and the result is a view of `copies`. It
   // is valid until `copies` reallocates, so reserve LongestContext for each call.
-  [[nodiscard]] View Cut(std::int64_t position, std::size_t wordLength, String& copies) const;
+  [[nodiscard]] View Cut(Position position, std::size_t wordLength, String& copies) const;
 
   // The same context, divided at its word. Near the end of the text some contexts end before the
   // word. They have no right part.
-  [[nodiscard]] ContextParts<Char> CutApart(std::int64_t position, std::size_t wordLength,
+  [[nodiscard]] ContextParts<Char> CutApart(Position position, std::size_t wordLength,
                                             const TextSpan& word, String& copies) const;
 
  private:
   class Window;
 
   // The characters around a position, or nothing if it is outside the text.
-  [[nodiscard]] std::optional<Window> WindowAt(std::int64_t position, std::size_t wordLength) const;
+  [[nodiscard]] std::optional<Window> WindowAt(Position position, std::size_t wordLength) const;
 
   View text_;
   ContextOptions options_;

@@ -16,7 +16,7 @@ LineReader<Char>::LineReader(LineSource source, const Quotation<Char>& quotation
 
 template <typename Char>
 std::u16string_view LineReader<Char>::WordOf(const Line& line) const {
-  return source_.words.table->entries[static_cast<std::size_t>(line.entry)].word;
+  return source_.words.table->At(line.entry).word;
 }
 
 template <typename Char>
@@ -57,7 +57,7 @@ bool WantedLines::Take(std::u16string_view context) const {
   });
 }
 
-std::optional<Lines> LinesOf(const LineSource& source, std::span<const std::int32_t> entries,
+std::optional<Lines> LinesOf(const LineSource& source, std::span<const EntryIndex> entries,
                              Progress& progress) {
   Lines lines;
   const auto add = [&](const Line& line) {
@@ -67,16 +67,15 @@ std::optional<Lines> LinesOf(const LineSource& source, std::span<const std::int3
   };
   if (source.keywords == nullptr) {
     // All lines are listed, so no context need be read.
-    for (const std::int32_t entry : entries) {
-      const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
-      for (const std::int32_t position : word.positions) {
+    for (const EntryIndex entry : entries) {
+      for (const Position position : source.words.table->At(entry).positions) {
         if (!add({entry, position})) return std::nullopt;
       }
     }
   } else {
     WithQuotation(*source.words.document, [&](const auto& quotation) {
       LineReader reader(source, quotation);
-      for (const std::int32_t entry : entries) {
+      for (const EntryIndex entry : entries) {
         if (!EachLineOf(entry, source, quotation, reader, add)) return;
       }
     });

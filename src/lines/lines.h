@@ -21,8 +21,8 @@
 namespace quorvel {
 
 struct Line {
-  std::int32_t entry = 0;     // in the word table, 0-based
-  std::int32_t position = 0;  // of the occurrence as recorded in the table, 1-based
+  EntryIndex entry{};
+  Position position{};  // as recorded in the word table
 
   bool operator==(const Line&) const = default;
 };
@@ -39,8 +39,7 @@ struct LineSource {
 // The lines of these entries, which are all different, in the order of their places. In a search
 // only the lines that match a keyword. Returns nothing after a stop.
 [[nodiscard]] std::optional<Lines> LinesOf(const LineSource& source,
-                                           std::span<const std::int32_t> entries,
-                                           Progress& progress);
+                                           std::span<const EntryIndex> entries, Progress& progress);
 
 // The text of a line, in the characters of a quotation.
 template <typename Char>
@@ -99,12 +98,12 @@ class WantedLines {
 // Calls `take` with each listed line of a word, in the order of their places, until it returns
 // false. Returns false if it did.
 template <typename Char, typename Take>
-bool EachLineOf(std::int32_t entry, const LineSource& source, const Quotation<Char>& quotation,
+bool EachLineOf(EntryIndex entry, const LineSource& source, const Quotation<Char>& quotation,
                 LineReader<Char>& reader, const Take& take) {
   constexpr std::size_t AHEAD = 8;
-  const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
+  const WordEntry& word = source.words.table->At(entry);
   const WantedLines wanted(word.word, source.keywords.get(), source.words.document->AlphabetOf());
-  const std::vector<std::int32_t>& positions = word.positions;
+  const std::vector<Position>& positions = word.positions;
   for (std::size_t k = 0; k < positions.size(); ++k) {
     if (k + AHEAD < positions.size()) reader.Prefetch({entry, positions[k + AHEAD]});
     const Line line = {entry, positions[k]};

@@ -101,37 +101,37 @@ std::string Marks(const std::vector<std::int32_t>& strip, int top) {
 
 }  // namespace
 
-int ColumnOf(std::int32_t position, std::size_t length, int columns) {
-  const auto place = static_cast<std::int64_t>(position) - 1;
+int ColumnOf(Position position, std::size_t length, int columns) {
+  const auto place = static_cast<std::int64_t>(IndexOf(position));
   const auto all = std::max(static_cast<std::int64_t>(length), std::int64_t{1});
   return static_cast<int>(
       std::clamp(place * columns / all, std::int64_t{0}, static_cast<std::int64_t>(columns) - 1));
 }
 
-std::vector<std::int32_t> StripOf(std::span<const std::int32_t> positions, std::size_t length,
+std::vector<std::int32_t> StripOf(std::span<const Position> positions, std::size_t length,
                                   int columns) {
   std::vector<std::int32_t> strip(static_cast<std::size_t>(columns));
-  for (const std::int32_t position : positions) {
+  for (const Position position : positions) {
     ++strip[static_cast<std::size_t>(ColumnOf(position, length, columns))];
   }
   return strip;
 }
 
 void DrawStrips(std::string_view title, const LineSource& source,
-                std::span<const std::int32_t> entries, const PieceSink& take, Progress& progress) {
+                std::span<const EntryIndex> entries, const PieceSink& take, Progress& progress) {
   const Document& document = *source.words.document;
   if (!take(PictureBegin(title, entries.size()))) return;
   WithQuotation(document, [&](const auto& quotation) {
     LineReader reader(source, quotation);
     int top = TITLE_HEIGHT;
-    std::vector<std::int32_t> positions;
-    for (const std::int32_t entry : entries) {
+    std::vector<Position> positions;
+    for (const EntryIndex entry : entries) {
       positions.clear();
       (void)EachLineOf(entry, source, quotation, reader, [&](const Line& line) {
         positions.push_back(line.position);
         return true;
       });
-      const WordEntry& word = source.words.table->entries[static_cast<std::size_t>(entry)];
+      const WordEntry& word = source.words.table->At(entry);
       const std::string y = Number(top + BASE_LINE);
       const std::string row = Filled(
           PICTURE_ROW,

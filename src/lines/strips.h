@@ -12,18 +12,18 @@
 
 namespace quorvel {
 
-// How many of the 1-based `positions` are in each of `columns` equal parts of a text of `length`
+// How many of the `positions` are in each of `columns` equal parts of a text of `length`
 // code units. `columns` is at least 1.
-[[nodiscard]] std::vector<std::int32_t> StripOf(std::span<const std::int32_t> positions,
+[[nodiscard]] std::vector<std::int32_t> StripOf(std::span<const Position> positions,
                                                 std::size_t length, int columns);
 
-// The 0-based column of a 1-based position.
-[[nodiscard]] int ColumnOf(std::int32_t position, std::size_t length, int columns);
+// The 0-based column of a position.
+[[nodiscard]] int ColumnOf(Position position, std::size_t length, int columns);
 
 // Draws an SVG picture with one strip for each of these entries, with the word and its number of
 // lines, under a title in UTF-8. The bytes are passed to `take` in order. After a stop request the
 // picture ends early but is still valid.
 void DrawStrips(std::string_view title, const LineSource& source,
-                std::span<const std::int32_t> entries, const PieceSink& take, Progress& progress);
+                std::span<const EntryIndex> entries, const PieceSink& take, Progress& progress);
 
 }  // namespace quorvel

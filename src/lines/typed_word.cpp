@@ -25,12 +25,12 @@ TypedWord::Fit TypedWord::FitOf(const WordEntry& entry) const {
   return std::max(sorted, FitOf(alphabet_.WithoutAccents(entry.word), plain_));
 }
 
-std::vector<std::int32_t> FindTyped(const TypedWord& typed, const WordTable& table,
-                                    const std::vector<std::int32_t>& entries) {
-  std::vector<std::int32_t> whole;
-  std::vector<std::int32_t> begins;
-  for (const std::int32_t entry : entries) {
-    const TypedWord::Fit fit = typed.FitOf(table.entries[static_cast<std::size_t>(entry)]);
+std::vector<EntryIndex> FindTyped(const TypedWord& typed, const WordTable& table,
+                                  const std::vector<EntryIndex>& entries) {
+  std::vector<EntryIndex> whole;
+  std::vector<EntryIndex> begins;
+  for (const EntryIndex entry : entries) {
+    const TypedWord::Fit fit = typed.FitOf(table.At(entry));
     if (fit == TypedWord::Fit::whole) whole.push_back(entry);
     if (fit == TypedWord::Fit::begins && begins.empty()) begins.push_back(entry);
   }

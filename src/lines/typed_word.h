@@ -33,9 +33,9 @@ class TypedWord {
   std::u16string plain_;
 };
 
-// Of `entries`, which are 0-based numbers in the table, those whose word equals the typed word in
-// any spelling. If there are none, the first entry that begins with it.
-[[nodiscard]] std::vector<std::int32_t> FindTyped(const TypedWord& typed, const WordTable& table,
-                                                  const std::vector<std::int32_t>& entries);
+// Of `entries`, those whose word equals the typed word in any spelling. If there are none, the
+// first entry that begins with it.
+[[nodiscard]] std::vector<EntryIndex> FindTyped(const TypedWord& typed, const WordTable& table,
+                                                const std::vector<EntryIndex>& entries);
 
 }  // namespace quorvel

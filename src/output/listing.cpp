@@ -154,11 +154,10 @@ LineSource LinesOfListing(const Listing& listing) {
           {listing.options.contextSize, listing.options.showLineBreaks}};
 }
 
-std::vector<std::int32_t> EntriesInOrder(const Listing& listing) {
-  const WordEntry* const first = listing.words->words.table->entries.data();
-  std::vector<std::int32_t> entries;
+std::vector<EntryIndex> EntriesInOrder(const Listing& listing) {
+  std::vector<EntryIndex> entries;
   for (const ListedWord& word : WordsInOrder(*listing.words, listing.options.wordOrder)) {
-    entries.push_back(static_cast<std::int32_t>(word.entry - first));
+    entries.push_back(listing.words->words.table->IndexOf(*word.entry));
   }
   return entries;
 }

@@ -39,8 +39,8 @@ struct Listing {
 // The source of the lines behind a listing.
 [[nodiscard]] LineSource LinesOfListing(const Listing& listing);
 
-// The listed entries, as 0-based indices in the word table, in the order of the listing.
-[[nodiscard]] std::vector<std::int32_t> EntriesInOrder(const Listing& listing);
+// The listed entries in the order of the listing.
+[[nodiscard]] std::vector<EntryIndex> EntriesInOrder(const Listing& listing);
 
 // Composes the listing and passes it to `take` in order, encoded as the document's alphabet
 // defines. For a bare word list each piece is one line. Ends before the first word that cannot be

@@ -8,17 +8,16 @@ constexpr std::int32_t FEWEST_WORDS_FOR_BAR = 100;
 }  // namespace
 
 std::vector<ListedWord> WordsInOrder(const ListedWords& words, WordOrder order) {
-  const std::vector<WordEntry>& entries = words.words.table->entries;
+  const WordTable& table = *words.words.table;
   std::vector<ListedWord> listed;
   listed.reserve(words.frequencyChain.size());
   if (order == WordOrder::alphabetical) {
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-      if (words.include[i]) listed.push_back({&entries[i], static_cast<std::int32_t>(i) + 1});
+    for (std::size_t i = 0; i < table.entries.size(); ++i) {
+      if (words.include[i]) listed.push_back({&table.entries[i], static_cast<std::int32_t>(i) + 1});
     }
   } else {
-    for (const std::int32_t i : words.frequencyChain) {
-      const auto step = static_cast<std::int32_t>(listed.size()) + 1;
-      listed.push_back({&entries[static_cast<std::size_t>(i)], step});
+    for (const EntryIndex entry : words.frequencyChain) {
+      listed.push_back({&table.At(entry), static_cast<std::int32_t>(listed.size()) + 1});
     }
   }
   return listed;

@@ -130,10 +130,6 @@ class RowComposer {
  private:
   [[nodiscard]] bool IsWordList() const { return listing_.options.contextSize == 0; }
 
-  [[nodiscard]] std::int32_t NumberOf(const WordEntry& entry) const {
-    return static_cast<std::int32_t>(&entry - source_.words.table->entries.data());
-  }
-
   // Adds the rows word by word, in the order of the listing. Returns false when no more are wanted.
   bool AddWords(Progress& progress) {
     ListingProgress shown(*listing_.words, progress);
@@ -148,7 +144,7 @@ class RowComposer {
   bool AddRowsOf(const WordEntry& entry) {
     TakeWord(entry);
     if (IsWordList()) return AddRow([] {});
-    return EachLineOf(NumberOf(entry), source_, quotation_, reader_,
+    return EachLineOf(source_.words.table->IndexOf(entry), source_, quotation_, reader_,
                       [this](const Line& line) { return AddRow([&] { AppendOccurrence(line); }); });
   }
 
@@ -167,7 +163,7 @@ class RowComposer {
 
   template <typename AppendMore>
   bool AddRowOf(const Line& line, const AppendMore& appendMore) {
-    TakeWord(source_.words.table->entries[static_cast<std::size_t>(line.entry)]);
+    TakeWord(source_.words.table->At(line.entry));
     return AddRow([&] {
       AppendOccurrence(line);
       appendMore();
@@ -203,7 +199,8 @@ class RowComposer {
     AppendField(bytes_, text.match);
     bytes_ += layout_.right;
     AppendField(bytes_, text.right);
-    bytes_.append(layout_.position).append(std::to_string(text.place.begin + 1));
+    bytes_.append(layout_.position)
+        .append(std::to_string(static_cast<std::int32_t>(PositionOf(text.place.begin))));
   }
 
   // Appends text in the characters of the quotation, or words in code units.

@@ -29,11 +29,11 @@ void LinesModel::Show(std::shared_ptr<const Listing> listing, std::vector<LineGr
 TextSpan LinesModel::PlaceOf(int row) const {
   const Line& line = groups_[static_cast<std::size_t>(row)].first;
   const Words& words = listing_->words->words;
-  const WordEntry& word = words.table->entries[static_cast<std::size_t>(line.entry)];
+  const WordEntry& word = words.table->At(line.entry);
   return SpanOfOccurrence(words.document->documentText, word.word, line.position);
 }
 
-int LinesModel::RowOf(std::int32_t position) const {
+int LinesModel::RowOf(Position position) const {
   const auto found = std::ranges::find(groups_, position,
                                        [](const LineGroup& group) { return group.first.position; });
   return found == groups_.end() ? -1 : static_cast<int>(found - groups_.begin());

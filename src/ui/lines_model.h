@@ -25,11 +25,11 @@ class LinesModel : public QAbstractTableModel {
 
   [[nodiscard]] const std::vector<LineGroup>& Groups() const { return groups_; }
 
-  // The match of a row, as 0-based positions in the document.
+  // The match of a row, as a range of the document.
   [[nodiscard]] TextSpan PlaceOf(int row) const;
 
-  // The row of the line with this 1-based position, or -1 if there is none.
-  [[nodiscard]] int RowOf(std::int32_t position) const;
+  // The row of the line with this position, or -1 if there is none.
+  [[nodiscard]] int RowOf(Position position) const;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

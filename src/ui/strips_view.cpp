@@ -55,12 +55,12 @@ void StripsView::Show(StripWords words) {
   ChooseRow(0);
 }
 
-void StripsView::MarkPlace(std::int32_t position) {
+void StripsView::MarkPlace(Position position) {
   marked_ = position;
   viewport()->update();
 }
 
-const std::vector<std::int32_t>& StripsView::PlacesOf(int row) {
+const std::vector<Position>& StripsView::PlacesOf(int row) {
   const auto known = places_.find(row);
   if (known != places_.end()) return known->second;
   return places_[row] = shown_.placesOf(static_cast<std::size_t>(row));
@@ -95,7 +95,7 @@ void StripsView::PaintRows(QPainter& painter, int width, int first, int last) {
     if (row == row_ && hasFocus()) {
       painter.drawRect(strip.adjusted(-1, -1, 0, 0));
     }
-    if (marked_ == 0) continue;
+    if (marked_ == NO_POSITION) continue;
     const int column = strip.left() + ColumnOf(marked_, shown_.length, strip.width());
     painter.fillRect(column - 1, strip.top() - 2, 3, strip.height() + 4,
                      palette().color(QPalette::Highlight));
@@ -164,17 +164,17 @@ void StripsView::mousePressEvent(QMouseEvent* event) {
   const int column = std::clamp(event->pos().x() - strip.left(), 0, strip.width() - 1);
   const auto wanted =
       static_cast<std::int64_t>(column) * static_cast<std::int64_t>(shown_.length) / strip.width();
-  const std::vector<std::int32_t>& positions = PlacesOf(row);
+  const std::vector<Position>& positions = PlacesOf(row);
   if (positions.empty()) return;
-  const auto distance = [wanted](std::int32_t position) {
-    return std::abs(std::int64_t{position} - wanted);
+  const auto distance = [wanted](Position position) {
+    return std::abs(static_cast<std::int64_t>(IndexOf(position)) - wanted);
   };
   emit PlaceChosen(*std::ranges::min_element(positions, {}, distance));
 }
 
 void StripsView::GoBeside(bool forward) {
   if (RowCount() == 0) return;
-  const std::vector<std::int32_t>& positions = PlacesOf(row_);
+  const std::vector<Position>& positions = PlacesOf(row_);
   const auto behind = std::ranges::upper_bound(positions, marked_);
   const auto here = std::ranges::lower_bound(positions, marked_);
   if (forward && behind != positions.end()) emit PlaceChosen(*behind);

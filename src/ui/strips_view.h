@@ -11,6 +11,8 @@
 #include <map>
 #include <vector>
 
+#include "engine/position.h"
+
 namespace quorvel {
 
 // Draws a strip: one stroke for each column with occurrences. Columns with more occurrences are
@@ -18,12 +20,12 @@ namespace quorvel {
 void PaintStrip(QPainter& painter, const QRect& place, const std::vector<std::int32_t>& strip,
                 const QColor& colour);
 
-// The words with a strip, in a document of `length` code units. `placesOf` returns the places of a
-// word's lines, 1-based and ascending. It is called only for strips that are needed, because there
-// may be very many words.
+// The words with a strip, in a document of `length` code units. `placesOf` returns the
+// positions of a word's lines, ascending. It is called only for strips that are needed, because
+// there may be very many words.
 struct StripWords {
   std::vector<QString> words;
-  std::function<std::vector<std::int32_t>(std::size_t)> placesOf;
+  std::function<std::vector<Position>(std::size_t)> placesOf;
   std::size_t length = 0;
 };
 
@@ -35,8 +37,8 @@ class StripsView : public QAbstractScrollArea {
 
   void Show(StripWords words);
 
-  // Marks a 1-based position in all strips. 0 marks nothing.
-  void MarkPlace(std::int32_t position);
+  // Marks a position in all strips. NO_POSITION marks nothing.
+  void MarkPlace(Position position);
 
   // A picture of all strips under a title. Null if there are too many strips for a picture.
   [[nodiscard]] QImage Picture(const QString& title);
@@ -45,8 +47,8 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  signals:
-  // The user chose a place of a word, 1-based.
-  void PlaceChosen(std::int32_t position);
+  // The user chose a place of a word.
+  void PlaceChosen(Position position);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -60,16 +62,16 @@ class StripsView : public QAbstractScrollArea {
   [[nodiscard]] QRect StripOfRow(int row, int width) const;
   void PaintRows(QPainter& painter, int width, int first, int last);
   [[nodiscard]] int RowCount() const { return static_cast<int>(shown_.words.size()); }
-  [[nodiscard]] const std::vector<std::int32_t>& PlacesOf(int row);
+  [[nodiscard]] const std::vector<Position>& PlacesOf(int row);
   void ShowScrollBar();
   [[nodiscard]] QString SpokenRow();
   void ChooseRow(int row);
   void GoBeside(bool forward);
 
   StripWords shown_;
-  std::map<int, std::vector<std::int32_t>> places_;  // by row, of the strips that were needed
-  int widest_ = 0;                                   // the width of the widest word, in pixels
-  std::int32_t marked_ = 0;
+  std::map<int, std::vector<Position>> places_;  // by row, of the strips that were needed
+  int widest_ = 0;                               // the width of the widest word, in pixels
+  Position marked_ = NO_POSITION;
   int row_ = 0;
 };
 

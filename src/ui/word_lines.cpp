@@ -106,7 +106,7 @@ void WordLines::ConnectWords() {
           &WordLines::ShowLines);
   connect(ui_->tblWords, &QWidget::customContextMenuRequested, this, &WordLines::tblWords_Menu);
   // A reset of the model clears the selection, so it is saved and restored.
-  auto chosen = std::make_shared<std::vector<std::int32_t>>();
+  auto chosen = std::make_shared<std::vector<EntryIndex>>();
   connect(words_, &QAbstractItemModel::modelAboutToBeReset, this,
           [this, chosen] { *chosen = ChosenEntries(); });
   connect(words_, &QAbstractItemModel::modelReset, this, [this, chosen] {
@@ -152,9 +152,8 @@ void WordLines::Release() {
   work_.Stop();
   if (listing_ != nullptr && !isStale_) {
     wanted_.clear();
-    for (const std::int32_t entry : ChosenEntries()) {
-      wanted_.insert(QString::fromStdU16String(
-          listing_->words->words.table->entries[static_cast<std::size_t>(entry)].word));
+    for (const EntryIndex entry : ChosenEntries()) {
+      wanted_.insert(QString::fromStdU16String(listing_->words->words.table->At(entry).word));
     }
   }
   isStale_ = true;  // so that no lines are made of the old listing
@@ -178,7 +177,7 @@ void WordLines::Update() {
   ShowOrders();
   if (listing_ == nullptr) return;
   ui_->txbDocument->Show(listing_->words->words.document);
-  std::vector<std::int32_t> entries;
+  std::vector<EntryIndex> entries;
   for (int row = 0; !wanted_.empty() && row < words_->rowCount(); ++row) {
     if (wanted_.contains(QString::fromStdU16String(words_->WordAt(row).word))) {
       entries.push_back(words_->EntryAt(row));
@@ -189,7 +188,7 @@ void WordLines::Update() {
   ChooseWords(entries);
 }
 
-void WordLines::ChooseWords(const std::vector<std::int32_t>& entries) {
+void WordLines::ChooseWords(const std::vector<EntryIndex>& entries) {
   const std::vector<int> rows = words_->RowsOf(entries);
   if (rows.empty()) return ShowLines();
   QItemSelectionModel& selection = *ui_->tblWords->selectionModel();
@@ -199,8 +198,8 @@ void WordLines::ChooseWords(const std::vector<std::int32_t>& entries) {
   ui_->tblWords->scrollTo(first, QAbstractItemView::PositionAtCenter);
 }
 
-std::vector<std::int32_t> WordLines::ChosenEntries() const {
-  std::vector<std::int32_t> entries;
+std::vector<EntryIndex> WordLines::ChosenEntries() const {
+  std::vector<EntryIndex> entries;
   for (const QModelIndex& index : ui_->tblWords->selectionModel()->selectedRows()) {
     entries.push_back(words_->EntryAt(index.row()));
   }
@@ -273,14 +272,14 @@ void WordLines::MakeLines(Progress& progress) {
 // Shows the lines in the table. The current line stays current if it is still there.
 void WordLines::PutLines(std::vector<LineGroup> groups) {
   const QModelIndex current = ui_->tblLines->currentIndex();
-  const std::int32_t before =
+  const Position before =
       current.isValid() ? lines_->Groups()[static_cast<std::size_t>(current.row())].first.position
-                        : 0;
+                        : NO_POSITION;
   lines_->Show(listing_, std::move(groups));
   FitColumns();
   ShowCount();
   ShowStrips();
-  const int again = before == 0 ? -1 : lines_->RowOf(before);
+  const int again = before == NO_POSITION ? -1 : lines_->RowOf(before);
   if (lines_->rowCount() > 0) ChooseRow(*ui_->tblLines, std::max(again, 0));
 }
 
@@ -294,16 +293,16 @@ void WordLines::ShowCount() {
 }
 
 void WordLines::ShowStrips() {
-  const std::vector<std::int32_t> entries = ChosenEntries();
+  const std::vector<EntryIndex> entries = ChosenEntries();
   StripWords strips;
-  for (const std::int32_t entry : entries) {
-    const WordEntry& word = listing_->words->words.table->entries[static_cast<std::size_t>(entry)];
+  for (const EntryIndex entry : entries) {
+    const WordEntry& word = listing_->words->words.table->At(entry);
     strips.words.push_back(QString::fromStdU16String(word.word));
   }
   strips.placesOf = [this, entries](std::size_t row) {
     SilentProgress nobody;
     const Lines lines = *LinesOf(Source(), {{entries[row]}}, nobody);
-    std::vector<std::int32_t> places(lines.size());
+    std::vector<Position> places(lines.size());
     std::ranges::transform(lines, places.begin(), &Line::position);
     return places;
   };
@@ -354,11 +353,11 @@ bool WordLines::eventFilter(QObject* watched, QEvent* event) {
 void WordLines::txbFindWord_Change() {
   const QString typed = ui_->txbFindWord->text();
   words_->Narrow(typed);
-  const std::vector<std::int32_t> found = words_->Find(typed);
+  const std::vector<EntryIndex> found = words_->Find(typed);
   if (!found.empty()) ChooseWords(found);
 }
 
-void WordLines::GoTo(std::int32_t position) {
+void WordLines::GoTo(Position position) {
   int row = lines_->RowOf(position);
   // If equal lines are shown once, most of their places have no row.
   if (row >= 0) {
@@ -367,13 +366,12 @@ void WordLines::GoTo(std::int32_t position) {
   }
   const auto line = std::ranges::find(all_, position, &Line::position);
   if (line == all_.end()) return;
-  const WordEntry& word =
-      listing_->words->words.table->entries[static_cast<std::size_t>(line->entry)];
+  const WordEntry& word = listing_->words->words.table->At(line->entry);
   ui_->txbDocument->Mark(SpanOfOccurrence(listing_->Source().documentText, word.word, position));
   MarkPlace(position);
 }
 
-void WordLines::MarkPlace(std::int32_t position) {
+void WordLines::MarkPlace(Position position) {
   shown_ = position;
   ui_->stripsView->MarkPlace(position);
 }
@@ -388,16 +386,15 @@ void WordLines::GoToPlace(bool forward) {
 
 void WordLines::txbDocument_WordChosen(std::size_t place) {
   if (listing_ == nullptr) return;
-  const std::vector<WordEntry>& words = listing_->words->words.table->entries;
+  const WordTable& table = *listing_->words->words.table;
   const std::u16string_view text = listing_->Source().documentText;
   for (int row = 0; row < words_->rowCount(); ++row) {
-    const std::int32_t entry = words_->EntryAt(row);
-    const WordEntry& word = words[static_cast<std::size_t>(entry)];
+    const EntryIndex entry = words_->EntryAt(row);
+    const WordEntry& word = table.At(entry);
     // The last recorded position at or just after this place.
-    const auto behind =
-        std::ranges::upper_bound(word.positions, static_cast<std::int32_t>(place) + 2);
+    const auto behind = std::ranges::upper_bound(word.positions, PositionOf(place) + 1);
     if (behind == word.positions.begin()) continue;
-    const std::int32_t position = *std::prev(behind);
+    const Position position = *std::prev(behind);
     const TextSpan span = SpanOfOccurrence(text, word.word, position);
     if (place < span.begin || place > span.end) continue;
     ChooseWords({entry});
@@ -418,9 +415,8 @@ void WordLines::tblWords_Menu(const QPoint& place) {
   if (chosen == copy) CopyWords();
   if (chosen != leaveOut) return;
   QStringList words;
-  for (const std::int32_t entry : ChosenEntries()) {
-    words.append(QString::fromStdU16String(
-        listing_->words->words.table->entries[static_cast<std::size_t>(entry)].word));
+  for (const EntryIndex entry : ChosenEntries()) {
+    words.append(QString::fromStdU16String(listing_->words->words.table->At(entry).word));
   }
   host_.leaveOut(words);
 }

@@ -75,10 +75,10 @@ class WordLines : public QWidget {
   void ShowLine();
   void ShowCount();
   void FitColumns();
-  void GoTo(std::int32_t position);
-  void MarkPlace(std::int32_t position);
-  void ChooseWords(const std::vector<std::int32_t>& entries);
-  [[nodiscard]] std::vector<std::int32_t> ChosenEntries() const;
+  void GoTo(Position position);
+  void MarkPlace(Position position);
+  void ChooseWords(const std::vector<EntryIndex>& entries);
+  [[nodiscard]] std::vector<EntryIndex> ChosenEntries() const;
   [[nodiscard]] LineOrder Order() const;
   [[nodiscard]] LineSource Source() const;
   [[nodiscard]] std::vector<LineGroup> ChosenLines() const;
@@ -106,7 +106,7 @@ class WordLines : public QWidget {
   bool isStale_ = false;           // the table of words does not show the listing yet
   std::vector<LineOrder> orders_;  // of the items in the list of orders
   Lines all_;                      // lines of the chosen words, in the order of their places
-  std::int32_t shown_ = 0;         // the marked position, 1-based
+  Position shown_ = NO_POSITION;   // the marked position
   LatestWork work_;                // makes the lines
 };
 

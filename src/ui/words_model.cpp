@@ -33,27 +33,25 @@ void WordsModel::Arrange() {
   entries_.clear();
   if (listing_ == nullptr) return;
   entries_ = EntriesInOrder(*listing_);
-  const std::vector<WordEntry>& words = listing_->words->words.table->entries;
-  const auto wordOf = [&words](std::int32_t entry) -> const WordEntry& {
-    return words[static_cast<std::size_t>(entry)];
-  };
+  const WordTable& table = *listing_->words->words.table;
   if (!pattern_.isEmpty()) {
     const TypedWord typed = Typed(pattern_);
-    std::erase_if(entries_, [&](std::int32_t entry) {
-      return typed.FitOf(wordOf(entry)) == TypedWord::Fit::none;
+    std::erase_if(entries_, [&](EntryIndex entry) {
+      return typed.FitOf(table.At(entry)) == TypedWord::Fit::none;
     });
   }
   if (sortedBy_ < 0) return;
-  // Entry numbers are in alphabetical order, and equal counts keep this order.
+  // Entries are in alphabetical order, and equal counts keep this order.
   std::ranges::sort(entries_);
   const bool isAscending = sortOrder_ == Qt::AscendingOrder;
   if (sortedBy_ == WORD) {
     if (!isAscending) std::ranges::reverse(entries_);
     return;
   }
-  std::ranges::stable_sort(entries_, [&](std::int32_t a, std::int32_t b) {
-    const auto keyOf = [&](std::int32_t entry) {
-      return sortedBy_ == COUNT ? wordOf(entry).Count() : wordOf(entry).positions.front();
+  std::ranges::stable_sort(entries_, [&](EntryIndex a, EntryIndex b) {
+    const auto keyOf = [&](EntryIndex entry) {
+      const WordEntry& word = table.At(entry);
+      return sortedBy_ == COUNT ? word.Count() : static_cast<std::int32_t>(word.positions.front());
     };
     return isAscending ? keyOf(a) < keyOf(b) : keyOf(b) < keyOf(a);
   });
@@ -64,12 +62,12 @@ TypedWord WordsModel::Typed(const QString& typed) const {
   return {alphabet.Typed(typed.toStdString()), alphabet};
 }
 
-std::vector<std::int32_t> WordsModel::Find(const QString& typed) const {
+std::vector<EntryIndex> WordsModel::Find(const QString& typed) const {
   if (listing_ == nullptr || typed.isEmpty()) return {};
   return FindTyped(Typed(typed), *listing_->words->words.table, entries_);
 }
 
-std::vector<int> WordsModel::RowsOf(std::vector<std::int32_t> entries) const {
+std::vector<int> WordsModel::RowsOf(std::vector<EntryIndex> entries) const {
   std::ranges::sort(entries);
   std::vector<int> rows;
   for (int row = 0; row < rowCount(); ++row) {
@@ -79,7 +77,7 @@ std::vector<int> WordsModel::RowsOf(std::vector<std::int32_t> entries) const {
 }
 
 const WordEntry& WordsModel::WordAt(int row) const {
-  return listing_->words->words.table->entries[static_cast<std::size_t>(EntryAt(row))];
+  return listing_->words->words.table->At(EntryAt(row));
 }
 
 std::vector<std::int32_t> WordsModel::StripAt(int row, int columns) const {

@@ -27,14 +27,13 @@ class WordsModel : public QAbstractTableModel {
 
   // The entries whose word equals the typed text, or else the first entry that begins with it. Case
   // and accents are ignored.
-  [[nodiscard]] std::vector<std::int32_t> Find(const QString& typed) const;
+  [[nodiscard]] std::vector<EntryIndex> Find(const QString& typed) const;
 
-  // EntryAt returns the 0-based number, in the word table, of the word in a row. RowsOf returns the
-  // rows of such entries, ascending.
-  [[nodiscard]] std::int32_t EntryAt(int row) const {
+  // EntryAt returns the entry in a row. RowsOf returns the rows of some entries, ascending.
+  [[nodiscard]] EntryIndex EntryAt(int row) const {
     return entries_[static_cast<std::size_t>(row)];
   }
-  [[nodiscard]] std::vector<int> RowsOf(std::vector<std::int32_t> entries) const;
+  [[nodiscard]] std::vector<int> RowsOf(std::vector<EntryIndex> entries) const;
 
   [[nodiscard]] const WordEntry& WordAt(int row) const;
 
@@ -57,7 +56,7 @@ class WordsModel : public QAbstractTableModel {
   QString pattern_;
   int sortedBy_ = -1;  // a column, or -1 for the order of the listing
   Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
-  std::vector<std::int32_t> entries_;
+  std::vector<EntryIndex> entries_;
 };
 
 // Draws the strip of a word in its cell.

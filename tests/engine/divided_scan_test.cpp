@@ -16,7 +16,7 @@ std::string Describe(const WordTable& table) {
   std::ostringstream all;
   for (const WordEntry& entry : table.entries) {
     all << testing::PrintToString(entry.word) << testing::PrintToString(entry.sortKey);
-    for (const std::int32_t position : entry.positions) all << ' ' << position;
+    for (const Position position : entry.positions) all << ' ' << IndexOf(position);
   }
   return all.str();
 }

@@ -14,8 +14,8 @@ TEST(IndexFile, HoldsPlacesOfUpToTenDigitsAndIsReadWholeOrNotAtAll) {
     table.positionWidth = width;
     const auto bytesOf = [](const WordTable& words) {
       return IndexFileBytes(
-          {{DocumentOf(u""), std::make_shared<const WordTable>(words)}, {}, {}, {1, 0}}, "digest",
-          1715094299);
+          {{DocumentOf(u""), std::make_shared<const WordTable>(words)}, {}, {}, Entries({1, 0})},
+          "digest", 1715094299);
     };
     const std::string bytes = bytesOf(table);
     EXPECT_TRUE(bytes.starts_with("digest\r\n" + DateAndTimeText(1715094299) + "\r\n 2 \r\n " +

@@ -27,7 +27,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
     const IncludeFlags include(table.entries.size(), true);
     EXPECT_TRUE(TableFitsText(table, include, document->documentText, latin));
     if (table.entries.empty()) continue;
-    std::map<Text, std::vector<std::int32_t>> places;
+    std::map<Text, std::vector<Position>> places;
     for (const WordEntry& entry : table.entries) places[entry.word] = entry.positions;
     WordEntry& entry = table.entries[random() % table.entries.size()];
     switch (random() % 3) {
@@ -38,7 +38,7 @@ TEST(TableFit, IsWhatAScanWouldGive) {
         entry.word += u"s-e"[random() % 3];
         break;
       default:
-        entry.positions.back() += static_cast<std::int32_t>(random() % 5) + 1;
+        entry.positions.back() = entry.positions.back() + 1 + random() % 5;
         break;
     }
     ASSERT_EQ(TableFitsText(table, include, document->documentText, latin),

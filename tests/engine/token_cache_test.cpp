@@ -33,9 +33,8 @@ TEST(TokenCache, TellsTokensApartByAllTheirCharacters) {
     TokenCache cache(text, latin, table, nullptr, SEED);
     for (std::size_t begin = 0; begin < text.size();) {
       const std::size_t length = std::min(text.find(u' ', begin), text.size()) - begin;
-      const auto entry =
-          static_cast<std::size_t>(cache.MeaningOf(cache.KeyOf(begin, length)).entry);
-      EXPECT_EQ(table.entries.at(entry).word, text.substr(begin, length));
+      const EntryIndex entry = cache.MeaningOf(cache.KeyOf(begin, length)).entry;
+      EXPECT_EQ(table.At(entry).word, text.substr(begin, length));
       begin += length + 1;
     }
     EXPECT_EQ(table.entries.size(), different) << name;

@@ -11,14 +11,13 @@ TEST(ContextWindow, IsEmptyOutsideTheText) {
   std::string text;
   for (int i = 0; i < 20; ++i) text += "it is so ";
   const ContextCutter<char> cutter(text, {2, false});
-  const auto length = static_cast<std::int64_t>(text.size());
+  const auto length = static_cast<std::int32_t>(text.size());
   std::string copies;
-  for (const std::int64_t position :
-       {std::int64_t{-1}, std::int64_t{0}, length + 2, length + 100}) {
-    EXPECT_EQ(cutter.Cut(position, 2, copies), "") << position;
+  for (const std::int32_t position : {-1, 0, length + 2, length + 100}) {
+    EXPECT_EQ(cutter.Cut(Position{position}, 2, copies), "") << position;
   }
-  EXPECT_EQ(cutter.Cut(1, 2, copies), "it is so it is");
-  EXPECT_NE(cutter.Cut(length + 1, 2, copies), "");
+  EXPECT_EQ(cutter.Cut(FIRST_POSITION, 2, copies), "it is so it is");
+  EXPECT_NE(cutter.Cut(PositionOf(text.size()), 2, copies), "");
 }
 
 }  // namespace quorvel

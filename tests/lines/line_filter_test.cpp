@@ -16,10 +16,8 @@ struct Seas {
     if (isWide) document.codePage = nullptr;
     SilentProgress nobody;
     source.words = ScanWords(std::make_shared<const Document>(document), nullptr, nobody);
-    const auto& entries = source.words.table->entries;
-    for (std::int32_t i = 0; i < source.words.table->WordCount(); ++i) {
-      if (entries[static_cast<std::size_t>(i)].word != u"sea") continue;
-      lines = *LinesOf(source, {{i}}, nobody);
+    for (const EntryIndex entry : EntriesOf(*source.words.table)) {
+      if (source.words.table->At(entry).word == u"sea") lines = *LinesOf(source, {{entry}}, nobody);
     }
   }
 
@@ -79,7 +77,7 @@ TEST(LineFilter, CanBeStopped) {
   ScriptedConversation searching;
   searching.stopAtYield = 1;
   seas.source.keywords = std::make_shared<const KeywordLists>(KeywordLists{{u"sea"}, {}});
-  EXPECT_FALSE(LinesOf(seas.source, {{0}}, searching));
+  EXPECT_FALSE(LinesOf(seas.source, Entries({0}), searching));
 }
 
 }  // namespace

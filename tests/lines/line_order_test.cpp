@@ -60,8 +60,8 @@ TEST(ContextWords, AreFoldedFromTheMatchOutwards) {
 // The places of all lines of a text, in an order.
 std::string PlacesInOrder(const LineSource& source, const LineOrder& order) {
   SilentProgress nobody;
-  std::vector<std::int32_t> entries(static_cast<std::size_t>(source.words.table->WordCount()));
-  std::iota(entries.rbegin(), entries.rend(), 0);
+  std::vector<EntryIndex> entries = EntriesOf(*source.words.table);
+  std::ranges::reverse(entries);
   Lines lines = *LinesOf(source, entries, nobody);
   EXPECT_TRUE(OrderLines(lines, source, order, nobody));
   return WithQuotation(*source.words.document, [&](const auto& quotation) {
@@ -126,11 +126,11 @@ TEST(LineOrder, IsThatOfTheSlowWay) {
   const auto document = DocumentOf(said);
   const LineSource source = {ScanWords(document, nullptr, nobody), nullptr, {3, false}};
   ASSERT_GT(source.words.table->WordCount(), 3);
-  Lines lines = *LinesOf(source, std::vector<std::int32_t>{0, 1, 2, 3}, nobody);
+  Lines lines = *LinesOf(source, Entries({0, 1, 2, 3}), nobody);
   ASSERT_GT(lines.size(), 16384U);
   for (const LineKey key : {LineKey::left, LineKey::right}) {
     LineReader reader(source, Quotation<char>(*document));
-    using Keyed = std::tuple<std::vector<Text>, std::int32_t>;
+    using Keyed = std::tuple<std::vector<Text>, Position>;
     std::vector<Keyed> keyed;
     for (const Line& line : lines) {
       const auto text = reader.Read(line);
@@ -151,12 +151,12 @@ TEST(LineOrder, CanBeStopped) {
   SilentProgress nobody;
   const auto document = DocumentOf(DecodeAnsi(Repeated("the sea ", 40000)));
   const LineSource source = {ScanWords(document, nullptr, nobody), nullptr, {2, false}};
-  const std::vector<std::int32_t> entries = {0, 1};
+  const std::vector<EntryIndex> entries = Entries({0, 1});
   for (const int atYield : {1, 15, 25}) {
     ScriptedConversation ui;
     ui.stopAtYield = atYield;
     EXPECT_FALSE(LinesOf(source, entries, ui));
-    EXPECT_FALSE(LinesOf(source, {{1}}, ui));
+    EXPECT_FALSE(LinesOf(source, Entries({1}), ui));
     Lines lines = *LinesOf(source, entries, nobody);
     ui.ClearStop();
     ui.yields = 0;

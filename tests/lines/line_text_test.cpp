@@ -17,9 +17,9 @@ TEST(LineText, IsAlignedOrHasTabs) {
         MakeUnicodeDocument({}, {.reading = Reading::unicode}, EncodeUtf8(text), 0);
     ScriptedConversation ui;
     const LineSource source = {ScanWords(document, nullptr, ui), nullptr, {2, false}};
-    const auto& entries = source.words.table->entries;
-    const auto sea = std::ranges::find(entries, u"sea", &WordEntry::word) - entries.begin();
-    const Lines lines = *LinesOf(source, {{static_cast<std::int32_t>(sea)}}, ui);
+    const WordTable& table = *source.words.table;
+    const auto sea = std::ranges::find(table.entries, u"sea", &WordEntry::word);
+    const Lines lines = *LinesOf(source, {{table.IndexOf(*sea)}}, ui);
     const LineGroup groups[] = {{lines.at(1), 1}, {lines.at(0), 12}};
     const auto composed = [&](LineForm form, bool withTimes) {
       std::string bytes;
@@ -46,7 +46,8 @@ TEST(LineText, CanBeStopped) {
   ScriptedConversation ui;
   const auto document = MakeUnicodeDocument({}, {.reading = Reading::unicode}, "the sea.", 0);
   const LineSource source = {ScanWords(document, nullptr, ui), nullptr, {2, false}};
-  const std::vector<LineGroup> groups(9000, {{0, 5}, 1});
+  const LineGroup group = {{EntryIndex{0}, Position{5}}, 1};
+  const std::vector<LineGroup> groups(9000, group);
   ui.yields = 0;
   ui.stopAtYield = 1;
   std::size_t lines = 0;

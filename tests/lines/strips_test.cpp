@@ -19,12 +19,12 @@ TEST(Strips, CountInEqualColumns) {
       {{11, 12}, 10, 3, {0, 0, 2}},
       {{1, 2000000000, 2147483647}, 2147483647, 3, {1, 0, 2}}};
   for (const auto& [positions, length, columns, counts] : rows) {
-    EXPECT_EQ(StripOf(positions, length, columns), counts);
+    EXPECT_EQ(StripOf(Positions(positions), length, columns), counts);
   }
 }
 
 std::string Picture(std::string_view title, const LineSource& source,
-                    const std::vector<std::int32_t>& entries, Progress& progress) {
+                    const std::vector<EntryIndex>& entries, Progress& progress) {
   std::string picture;
   DrawStrips(
       title, source, entries,
@@ -40,7 +40,7 @@ TEST(Strips, AreDrawn) {
   ScriptedConversation ui;
   const std::u16string text = u"été to us so" + std::u16string(864, u' ') + u"sea";
   LineSource source = {ScanWords(DocumentOf(text), nullptr, ui), nullptr, {2, false}};
-  const std::string picture = Picture("a<b>&c", source, {1, 0}, ui);
+  const std::string picture = Picture("a<b>&c", source, Entries({1, 0}), ui);
   EXPECT_TRUE(
       picture.starts_with("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"1210\" "
                           "height=\"78\" viewBox=\"0 0 1210 78\">\n"
@@ -59,7 +59,7 @@ TEST(Strips, AreDrawn) {
       ExtraKeywordList({ExtraKeywordOf(u"sea+it"), ExtraKeywordOf(u"été")}, latin);
   source.keywords = std::make_shared<const KeywordLists>(keywords);
   ui.stopAtYield = ui.yields + 1;
-  const std::string stopped = Picture("", source, {1, 0}, ui);
+  const std::string stopped = Picture("", source, Entries({1, 0}), ui);
   EXPECT_TRUE(
       stopped.ends_with("y=\"45\">0</text><path class=\"s\" d=\"M320 35h880v12h-880z\"/>"
                         "<path class=\"m\" d=\"\"/>\n</svg>\n"))

@@ -15,7 +15,7 @@ TEST(TypedWord, FindsWholeWordsThenBeginnings) {
                                      {u"über", {}},
                                      {u"ubermensch", {}},
                                      {u"ueberall", {}}});
-  const std::vector<std::int32_t> entries = {7, 6, 5, 4, 3, 2, 1, 0};
+  const std::vector<EntryIndex> entries = Entries({7, 6, 5, 4, 3, 2, 1, 0});
   // The typed text, and the entries that are found.
   const std::pair<std::u16string_view, std::vector<std::int32_t>> rows[] = {
       {u"uber", {5}}, {u"UEBER", {5}},   {u"über", {5}}, {u"ub", {6}},
@@ -24,7 +24,7 @@ TEST(TypedWord, FindsWholeWordsThenBeginnings) {
   for (const Reading reading : {Reading::windows1252, Reading::unicode}) {
     for (const auto& [text, found] : rows) {
       const TypedWord typed(text, Alphabet::Of(reading));
-      EXPECT_EQ(FindTyped(typed, table, entries), found) << testing::PrintToString(text);
+      EXPECT_EQ(FindTyped(typed, table, entries), Entries(found)) << testing::PrintToString(text);
       EXPECT_EQ(typed.IsPattern(), text.find_first_of(u"*?") < text.size());
     }
   }

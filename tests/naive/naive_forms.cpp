@@ -109,13 +109,14 @@ WordTable ScanWords(const Text& text) {
   WordTable table;
   if (text.empty()) return table;
   table.positionWidth = static_cast<int>(std::log(Length(text)) / std::log(10.0)) + 1;
-  std::map<std::pair<Text, Text>, std::vector<std::int32_t>> words;  // by sort key and spelling
+  std::map<std::pair<Text, Text>, std::vector<Position>> words;  // by sort key and spelling
   int scanPosition = 1;
   while (scanPosition < Length(text)) {
     if (IsWordCharacter(Mid(text, scanPosition, 1))) {
       const Text word = GetWord(text, scanPosition);
       if (MayBeRecorded(word)) {
-        words[{ToLowerCase(FoldForKey(word)), word}].push_back(scanPosition - Length(word));
+        words[{ToLowerCase(FoldForKey(word)), word}].push_back(
+            Position{scanPosition - Length(word)});
       }
     }
     do ++scanPosition;
@@ -259,11 +260,10 @@ ListedWords MakeWordTable(const Text& text, const ConcordanceSettings& settings)
     if (!listed.include.back()) continue;
     ++listed.counts.includedCount;
     listed.counts.totalOccurrences += entry.Count();
-    listed.frequencyChain.push_back(static_cast<std::int32_t>(i));
+    listed.frequencyChain.push_back(table.IndexOf(entry));
   }
-  std::ranges::stable_sort(listed.frequencyChain, std::greater(), [&table](std::int32_t i) {
-    return table.entries[static_cast<std::size_t>(i)].Count();
-  });
+  std::ranges::stable_sort(listed.frequencyChain, std::greater(),
+                           [&table](EntryIndex i) { return table.At(i).Count(); });
   listed.words = {std::make_shared<const Document>(), std::make_shared<const WordTable>(table)};
   return listed;
 }
@@ -290,8 +290,9 @@ Text ListWords(const Text& documentText, const ConcordanceSettings& settings) {
   Text output;
   for (const WordEntry& entry : entries) {
     std::vector<Text> contexts;
-    for (const std::int32_t position : entry.positions) {
-      contexts.push_back(CutContext(text, position, Length(entry.word), settings));
+    for (const Position position : entry.positions) {
+      contexts.push_back(
+          CutContext(text, static_cast<int>(position), Length(entry.word), settings));
     }
     output += ComposeEntry(entry.word, contexts, settings);
   }

@@ -54,7 +54,8 @@ TEST(OccurrenceRows, AreOfTheLinesThatAreGivenInTheirOrder) {
   ConcordanceSettings settings;
   settings.contextSize = 1;
   const Listing listing = ScanText(u"to us a dog is it so is dog to be", settings, nobody);
-  const LineGroup lines[] = {{{0, 25}, 12}, {{0, 9}, 1}};
+  constexpr EntryIndex DOG{0};
+  const LineGroup lines[] = {{{DOG, Position{25}}, 12}, {{DOG, Position{9}}, 1}};
   const std::string head = "word\tkey\tcount\tleft\tmatch\tright\tposition";
   for (const bool withTimes : {false, true}) {
     std::string rows;

@@ -24,13 +24,32 @@ inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
   return std::make_shared<const Document>(std::move(document));
 }
 
+// These positions and these entries of a table, from numbers.
+inline std::vector<Position> Positions(const std::vector<std::int32_t>& numbers) {
+  std::vector<Position> positions;
+  for (const std::int32_t number : numbers) positions.push_back(Position{number});
+  return positions;
+}
+inline std::vector<EntryIndex> Entries(const std::vector<std::int32_t>& numbers) {
+  std::vector<EntryIndex> entries;
+  for (const std::int32_t number : numbers) entries.push_back(EntryIndex{number});
+  return entries;
+}
+
+// All entries of a table.
+inline std::vector<EntryIndex> EntriesOf(const WordTable& table) {
+  std::vector<EntryIndex> entries;
+  for (const WordEntry& entry : table.entries) entries.push_back(table.IndexOf(entry));
+  return entries;
+}
+
 // A word table with these words in this order, each with its places.
 inline WordTable MadeTable(
     const std::vector<std::pair<std::u16string, std::vector<std::int32_t>>>& words) {
   WordTable table;
   for (const auto& [word, positions] : words) {
     table.entries.push_back(NewWordEntry(word, latin));
-    table.entries.back().positions = positions;
+    table.entries.back().positions = Positions(positions);
   }
   return table;
 }
