@@ -57,7 +57,7 @@ OutputFile::OutputFile(const std::string& path, const FilesToKeep& kept, Targets
 OutputFile::~OutputFile() {
   if (handle_ >= 0) ::close(handle_);
   std::error_code error;
-  if (!temporary_.empty()) fs::remove(temporary_, error);
+  fs::remove(temporary_, error);
 }
 
 void OutputFile::Open(Targets targets) {

@@ -114,6 +114,15 @@ TEST(OutputFile, FollowsLinks) {
     EXPECT_EQ(file.Error() ? file.Error()->reason : "", reason);
     EXPECT_EQ(folder.Files(), expected);
   }
+  // As many as the system itself follows.
+  for (const int links : {40, 41}) {
+    const TestFolder folder;
+    for (int i = 1; i <= links; ++i) {
+      fs::create_symlink(std::to_string(i - 1), folder.Path(std::to_string(i)));
+    }
+    OutputFile file(folder.Path(std::to_string(links)), {});
+    EXPECT_EQ(file.Write("new") && file.Commit(), links == 40) << links;
+  }
 }
 
 TEST(OutputFile, WritesToNoFileOnlyWhereItMay) {

@@ -70,11 +70,19 @@ TEST(OccurrenceRows, AreOfTheLinesThatAreGivenInTheirOrder) {
                         (withTimes ? "\t12" : "") + "\ndog\tdog\t2\ta \tdog\t is\t9" +
                         (withTimes ? "\t1\n" : "\n"));
   }
+  const std::vector<LineGroup> many(20000, lines[0]);
   int pieces = 0;
   const auto takeOne = [&pieces](std::string_view /*piece*/) { return ++pieces > 1; };
-  ComposeLines(listing, std::vector<LineGroup>(20000, lines[0]), false, RowFormat::json, takeOne,
-               nobody);
+  ComposeLines(listing, many, false, RowFormat::json, takeOne, nobody);
   EXPECT_EQ(pieces, 1);
+  // After a stop the table ends soon, but it is whole.
+  ScriptedConversation ui;
+  ui.stopAtYield = 2;
+  std::string bytes;
+  const auto takeAll = [&bytes](std::string_view piece) { return !bytes.append(piece).empty(); };
+  ComposeLines(listing, many, false, RowFormat::json, takeAll, ui);
+  EXPECT_LT(std::ranges::count(bytes, '{'), 10000);
+  EXPECT_TRUE(bytes.ends_with("}\n]\n"));
 }
 
 // Each occurrence has one row, also if several keywords match it.

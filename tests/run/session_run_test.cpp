@@ -140,6 +140,20 @@ TEST(SessionRun, KeepsTheListingFromALinkToItThatComesLate) {
   EXPECT_TRUE(run.folder.Read("out.txt").starts_with("Input file: "));
 }
 
+// Nor does it ask whether to replace it.
+TEST(SessionRun, SavesNothingInPlaceOfAnotherFileOfTheRun) {
+  TestRun run(HARBOUR);
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  for (const char* kept : {"a.txt", "out.txt"}) {
+    const auto before = run.folder.Files();
+    const auto save = [](const PieceSink& take) { (void)take("x"); };
+    const std::optional<Fault> fault = run.session.Save(run.folder.Path(kept), true, save);
+    EXPECT_TRUE(fault && fault->kind == FaultKind::wouldReplace) << kept;
+    EXPECT_EQ(run.folder.Files(), before);
+  }
+  EXPECT_EQ(run.ui.Said(), "");
+}
+
 // Words in memory are used again for the same input and the same reading.
 TEST(SessionRun, ScansAnewWhatHasChanged) {
   const std::string page = "<!DOCTYPE html><head></head><body>caf\xC3\xA9 bar <ul><li>bar</ul> zz";
