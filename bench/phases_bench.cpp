@@ -9,7 +9,6 @@
 #include "output/listing.h"
 #include "run/listing_run.h"
 #include "samples.h"
-#include "util/ansi.h"
 
 namespace quorvel {
 namespace {

@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "samples.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

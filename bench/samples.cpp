@@ -13,7 +13,7 @@
 #include "generated_text.h"
 #include "output/entry_composer.h"
 #include "run/document_reading.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -19,8 +19,6 @@
 #include <string_view>
 #include <vector>
 
-#include "util/ansi.h"
-
 namespace quorvel::fuzz {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

@@ -7,6 +7,7 @@
 #include "input/input_file.h"
 #include "naive/naive_forms.h"
 #include "naive/naive_html.h"
+#include "util/ascii.h"
 
 namespace quorvel::fuzz {
 namespace {

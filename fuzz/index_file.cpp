@@ -9,6 +9,7 @@
 #include "engine/table_fit.h"
 #include "fuzz_input.h"
 #include "support/scanned_text.h"
+#include "util/ansi.h"
 
 namespace quorvel::fuzz {
 namespace {

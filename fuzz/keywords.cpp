@@ -6,6 +6,7 @@
 
 #include "fuzz_input.h"
 #include "lists/wildcard.h"
+#include "util/utf8.h"
 
 namespace quorvel::fuzz {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "fuzz_input.h"
 #include "unicode/packed_text.h"
+#include "util/utf8.h"
 
 namespace quorvel::fuzz {
 namespace {

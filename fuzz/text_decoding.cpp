@@ -9,6 +9,8 @@
 #include "input/utf8_repair.h"
 #include "naive/naive_forms.h"
 #include "naive/places.h"
+#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel::fuzz {
 namespace {

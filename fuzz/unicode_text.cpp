@@ -7,6 +7,7 @@
 #include "unicode/page_entities.h"
 #include "unicode/prepared_text.h"
 #include "util/normalization.h"
+#include "util/utf8.h"
 
 namespace quorvel::fuzz {
 namespace {

@@ -11,7 +11,9 @@
 #include "run/session.h"
 #include "run/silent_conversation.h"
 #include "support/scanned_text.h"
+#include "util/ansi.h"
 #include "util/characters.h"
+#include "util/utf8.h"
 
 namespace quorvel::fuzz {
 namespace {

@@ -7,6 +7,7 @@
 #include "run/word_lists.h"
 #include "util/characters.h"
 #include "util/make_singular.h"
+#include "util/utf8.h"
 
 namespace quorvel::fuzz {
 namespace {

@@ -18,9 +18,9 @@
 #include "files/read_file.h"
 #include "lists/languages.h"
 #include "lists/word_file.h"
-#include "util/ansi.h"
 #include "util/characters.h"
 #include "util/make_singular.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

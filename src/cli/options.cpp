@@ -18,7 +18,7 @@
 #include "output/concordance_file.h"
 #include "settings/option_table.h"
 #include "settings/settings_file.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 #include "util/visible_text.h"
 
 namespace quorvel {

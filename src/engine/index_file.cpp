@@ -10,7 +10,8 @@
 #include <utility>
 
 #include "engine/tokenizer.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
+#include "util/text_form.h"
 #include "util/time_text.h"
 
 namespace quorvel {

@@ -12,6 +12,7 @@
 #include "input/text_file.h"
 #include "input/utf8_repair.h"
 #include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -7,7 +7,7 @@
 #include "input/lost_characters.h"
 #include "input/utf8_repair.h"
 #include "input/zip_archive.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 #include "util/large_pages.h"
 
 // The XML is searched for four strings, the tags with the document's prefix, without parsing its

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "files/path_names.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -5,8 +5,8 @@
 #include "files/path_names.h"
 #include "input/html_text.h"
 #include "input/utf8_repair.h"
-#include "util/ansi.h"
 #include "util/ascii.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "input/utf8_repair.h"
-#include "util/ansi.h"
 #include "util/large_pages.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

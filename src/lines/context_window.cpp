@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "util/ansi.h"
 #include "util/find_pair.h"
+#include "util/utf8.h"
 
 // The idea: take a window of characters around the keyword. Walk left over as many blanks as the
 // context has words. Then walk right over these words, the keyword and as many words again. Line

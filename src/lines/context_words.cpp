@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "util/characters.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

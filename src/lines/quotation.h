@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "input/document.h"
-#include "util/ansi.h"
 #include "util/code_page.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 

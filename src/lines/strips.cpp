@@ -4,8 +4,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "util/ansi.h"
 #include "util/time_text.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -8,8 +8,9 @@
 
 #include "lists/wildcard.h"
 #include "lists/word_file.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 #include "util/make_singular.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

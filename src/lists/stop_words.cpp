@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "lists/word_file.h"
-#include "util/ansi.h"
 #include "util/number_words.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

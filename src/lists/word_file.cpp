@@ -5,8 +5,8 @@
 
 #include "input/utf8_repair.h"
 #include "unicode/decoding.h"
-#include "util/ansi.h"
 #include "util/normalization.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -1,7 +1,8 @@
 #include "output/concordance_file.h"
 
-#include "util/ansi.h"
+#include "util/text_form.h"
 #include "util/time_text.h"
+#include "util/utf8.h"
 #include "util/version.h"
 
 namespace quorvel {

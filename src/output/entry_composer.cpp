@@ -1,8 +1,8 @@
 #include "output/entry_composer.h"
 
 #include "lines/quotation.h"
-#include "util/ansi.h"
 #include "util/find_pair.h"
+#include "util/text_form.h"
 
 namespace quorvel {
 namespace {

@@ -11,7 +11,7 @@
 #include "lines/quotation.h"
 #include "output/entry_composer.h"
 #include "output/listing_order.h"
-#include "util/ansi.h"
+#include "util/text_form.h"
 #include "util/worker_pool.h"
 
 namespace quorvel {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "output/listing_order.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 #include "util/visible_text.h"
 
 // Fields of tab-separated values need no quotes: tabs and line ends of the document became blanks

@@ -17,6 +17,7 @@
 #include "unicode/packed_documents.h"
 #include "util/ansi.h"
 #include "util/background.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

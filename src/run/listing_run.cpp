@@ -9,8 +9,10 @@
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
 #include "run/result_writer.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
+#include "util/text_form.h"
 #include "util/time_text.h"
+#include "util/utf8.h"
 #include "util/visible_text.h"
 
 namespace quorvel {

@@ -4,7 +4,7 @@
 
 #include "files/path_names.h"
 #include "output/concordance_file.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 
 namespace quorvel {
 

@@ -13,7 +13,7 @@
 #include "run/session.h"
 #include "run/waiting.h"
 #include "run/word_lists.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 #include "util/time_text.h"
 #include "util/visible_text.h"
 

@@ -10,8 +10,8 @@
 #include "lists/word_file.h"
 #include "run/fault_texts.h"
 #include "run/input_check.h"
-#include "util/ansi.h"
 #include "util/number_words.h"
+#include "util/utf8.h"
 #include "util/visible_text.h"
 
 namespace quorvel {

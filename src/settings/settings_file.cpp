@@ -13,6 +13,9 @@
 #include "files/read_file.h"
 #include "settings/option_table.h"
 #include "util/ansi.h"
+#include "util/ascii.h"
+#include "util/text_form.h"
+#include "util/utf8.h"
 
 // Texts are written between double quotes without escapes. A text with a double quote is still read
 // back correctly, because it ends with its line.

@@ -12,7 +12,6 @@
 #include "ui/text.h"
 #include "ui/text_box.h"
 #include "ui_settings_panel.h"
-#include "util/ansi.h"
 
 namespace quorvel {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "input/compact_spaces.h"
 #include "input/html_text.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 
 // The functions for web pages (html_text.h) do most of the work. Chapters are XML made by
 // typesetting programs, so what those functions cannot handle is removed first: comments, which may

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "util/ansi.h"
+#include "util/ascii.h"
 
 namespace quorvel {
 namespace {

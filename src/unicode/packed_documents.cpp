@@ -11,7 +11,7 @@
 #include "files/path_names.h"
 #include "input/zip_archive.h"
 #include "unicode/xml_reader.h"
-#include "util/ansi.h"
+#include "util/ascii.h"
 
 namespace quorvel {
 namespace {

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

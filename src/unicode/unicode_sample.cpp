@@ -9,6 +9,7 @@
 #include "unicode/prepared_text.h"
 #include "util/ansi.h"
 #include "util/progress.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

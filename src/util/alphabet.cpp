@@ -8,6 +8,7 @@
 
 #include "util/ansi.h"
 #include "util/normalization.h"
+#include "util/utf8.h"
 
 // Character properties come from the utf8proc library. Its look-ups are too slow for every
 // character of a text, so the properties of all code units are stored in tables once. Characters of

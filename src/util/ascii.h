@@ -1,10 +1,13 @@
-// Fast tests for ASCII. Most bytes of most texts are ASCII, so conversion and counting handle
-// several of these bytes at a time.
+// ASCII: fast tests for it, and the few operations on its letters and blanks.
+//
+// Most bytes of most texts are ASCII, so conversion and counting handle several of these bytes at a
+// time.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -43,5 +46,12 @@ template <typename Char>
   }
   return length;
 }
+
+// Returns `text` with A to Z in lower case and all other bytes unchanged. Used for file extensions,
+// charset names and mark-up.
+[[nodiscard]] std::string LowerAscii(std::string_view text);
+
+// Returns `text` without leading and trailing blanks, as a view into the argument.
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
 
 }  // namespace quorvel

@@ -6,6 +6,7 @@
 #include "util/ansi.h"
 #include "util/ascii.h"
 #include "util/large_pages.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

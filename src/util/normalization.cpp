@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "util/ansi.h"
 #include "util/large_pages.h"
+#include "util/utf8.h"
 
 // A character is "unstable" here when normalization can change it or join it to the character
 // before it: marks, and characters with a canonical form. All other text is copied unchanged. A

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -9,6 +9,9 @@
 
 namespace quorvel {
 
+// The line end of every file that the program writes.
+inline constexpr std::string_view LINE_END = "\r\n";
+
 enum class Coding { windows1252, utf8 };
 
 struct TextForm {

@@ -3,7 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "util/ansi.h"
+#include "util/text_form.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

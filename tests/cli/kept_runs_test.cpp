@@ -8,6 +8,7 @@
 #include "naive/places.h"
 #include "support/run_program.h"
 #include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

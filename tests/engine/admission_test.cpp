@@ -4,6 +4,7 @@
 
 #include "support/latin.h"
 #include "support/scanned_text.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 

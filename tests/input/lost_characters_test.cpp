@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "input/utf8_repair.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -5,6 +5,7 @@
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_conversation.h"
+#include "util/ansi.h"
 
 namespace quorvel {
 namespace {

@@ -9,6 +9,8 @@
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_conversation.h"
+#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

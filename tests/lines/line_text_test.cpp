@@ -5,6 +5,7 @@
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_conversation.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 

@@ -5,7 +5,7 @@
 #include "lists/wildcard.h"
 #include "support/latin.h"
 #include "support/made_texts.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "support/latin.h"
 #include "support/made_texts.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "lists/keywords.h"
 #include "support/latin.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

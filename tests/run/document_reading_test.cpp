@@ -4,7 +4,7 @@
 
 #include "support/scripted_conversation.h"
 #include "support/zip_builder.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -6,6 +6,8 @@
 
 #include "support/made_texts.h"
 #include "support/test_run.h"
+#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -8,7 +8,7 @@
 #include "support/refused_calls.h"
 #include "support/scripted_conversation.h"
 #include "support/test_folder.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 

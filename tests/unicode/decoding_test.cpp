@@ -6,7 +6,7 @@
 
 #include "naive/places.h"
 #include "support/made_texts.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

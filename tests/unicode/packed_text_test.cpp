@@ -10,6 +10,8 @@
 #include "naive/places.h"
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"
+#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

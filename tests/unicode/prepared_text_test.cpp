@@ -7,6 +7,7 @@
 #include "input/document.h"
 #include "support/scripted_conversation.h"
 #include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

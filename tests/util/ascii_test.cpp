@@ -17,4 +17,9 @@ TEST(Ascii, EndsBefore128) {
   EXPECT_FALSE(IsAscii(std::u16string_view(u"a\u0100")));
 }
 
+TEST(Ascii, KnowsCapitalsAndBlanks) {
+  EXPECT_EQ(LowerAscii("@AMZ[`amz{\xC9"), "@amz[`amz{\xC9");
+  EXPECT_EQ(TrimBlanks("  a b\t "), "a b\t");
+}
+
 }  // namespace quorvel

@@ -7,7 +7,7 @@
 #include <random>
 
 #include "support/made_texts.h"
-#include "util/ansi.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "util/ansi.h"
-
 namespace quorvel {
 namespace {
 
