@@ -36,9 +36,7 @@ void SayLanguageUnknown(const ConcordanceSettings& settings, TerminalInterface& 
 int SaveSettings(const CommandLine& commandLine, Session& session, TerminalInterface& ui) {
   const std::string& path = commandLine.settingsFileToSave;
   std::string& stopWordsFile = session.Settings().stopWordsFile;
-  if (commandLine.language == "auto" && stopWordsFile.empty()) {
-    stopWordsFile = INPUT_LANGUAGE_FILE;
-  }
+  if (commandLine.language == "auto") stopWordsFile = INPUT_LANGUAGE_FILE;
   (void)SettleStopWordsFile(commandLine.language, session);
   const std::optional<std::string> errorText = session.SaveSettings(path);
   if (errorText && errorText->empty()) return 0;

@@ -63,6 +63,7 @@ TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
       "quorvel-cli: u.txt: 3 characters are not in Windows-1252; --encoding unicode keeps them\n";
   const char* const listing = "a.qvl.conc.txt";
   const std::string ansi = "u.txt -c 0 --encoding ansi -q -o ";
+  (void)folder.Write("empty.txt", "");
   // The typed keys, the output, the written file, and the end of that file.
   const std::tuple<std::string, std::vector<std::string>, std::string, const char*, const char*>
       rows[] = {
@@ -74,7 +75,8 @@ TEST(TerminalInterface, AsksUntilItHasAnAnswer) {
            "caf\xE9 2\r\n\r\n"},
           {ansi + "5", {"Cancel\n"}, encoding + "Cancel\n1", "5", ""},
           {ansi + "7", {"\3"}, encoding + "^C130", "7", ""},
-          {"-s s.lvz -q", {"no\n"}, exists + "no\n0", listing, "old"},
+          {"empty.txt -q -o 9", {}, "quorvel-cli: File empty.txt is zero-length.\n1", "9", ""},
+          {"-s s.lvz -q", {"No\n"}, exists + "No\n0", listing, "old"},
           {"-s s.lvz -q",
            {"c\n", "y\n"},
            exists + "c\nyes or no [yes]? y\n0",

@@ -19,8 +19,10 @@ TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
     const std::u16string whole = RandomText(characters[random() % 4], 150, random) + u"abc";
     // The letters after the text in memory do not belong to it.
     const auto text = std::u16string_view(whole).substr(0, whole.size() - 3);
-    TokenEdges all(text, alphabet, TokenEdges::Which::all);
-    TokenEdges beginnings(text, alphabet, TokenEdges::Which::beginnings);
+    TokenEdges all(text, alphabet);
+    TokenEdges beginnings(text, alphabet, 0, TokenEdges::Firsts().set());
+    const TokenEdges::Firsts few = round % 3 + 1;  // the characters 0, 1, or both, modulo 32
+    TokenEdges chosen(text, alphabet, 0, few);
     bool inToken = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
       if (inToken == alphabet.IsWordCharacterAt(text, i)) continue;
@@ -28,9 +30,13 @@ TEST(TokenEdges, AreThoseOfAWalkOverAllCharacters) {
       ASSERT_EQ(all.Next(), i) << testing::PrintToString(whole);
       if (inToken) {
         ASSERT_EQ(beginnings.Next(), i) << testing::PrintToString(whole);
+        if (few[text[i] % 32U]) {
+          ASSERT_EQ(chosen.Next(), i) << testing::PrintToString(whole);
+        }
       }
     }
-    for (TokenEdges* edges : {&all, &all, &beginnings}) ASSERT_EQ(edges->Next(), text.size());
+    for (TokenEdges* edges : {&all, &all, &beginnings, &chosen})
+      ASSERT_EQ(edges->Next(), text.size());
   }
 }
 

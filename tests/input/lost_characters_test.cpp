@@ -25,6 +25,7 @@ TEST(LostCharacters, AreThoseThatNoReadingKeeps) {
       {"Windows-1252", "caf\u00e9 \xE9", false, 0},
       {"ends too early", "\u00e9\xC3", false, 0},
       {"the head of a page", "<!doctype html>\u4e00</head>\u4e01", true, 1, "a.html"},
+      {"a page without a head", "\u4e00", true, 1, "a.html"},
       {"a page that tells", "<meta charset=utf-8></head>\u00e9\u4e00", false, 1, "a.html"}};
   for (const auto& row : rows) {
     EXPECT_EQ(LostCharacters(InputBytes(row.file, row.bytes), row.isUtf8), row.lost) << row.name;

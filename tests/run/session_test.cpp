@@ -75,6 +75,44 @@ TEST(Session, ReadsTheWordsOfAllLanguagesThatASettingsFileNames) {
   }
 }
 
+TEST(Session, TakesTheWordsOfTheIndexFileBesideAnInput) {
+  TestRun run("the harbour\r\n");
+  run.settings.createIndexFile = true;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  for (const bool isThere : {true, false}) {
+    if (!isThere) fs::remove(run.folder.Path("a.qvl.ndx"));
+    ScriptedConversation ui;
+    Session session(ui);
+    session.Settings() = run.settings;
+    session.Settings().createIndexFile = false;
+    session.SetInput(Session::InputOrigin::chosen);
+    EXPECT_EQ(session.RunConcordance(), RunOutcome::done);
+    EXPECT_EQ(ui.log.find("+ Sorting") == std::string::npos, isThere) << ui.log;
+  }
+}
+
+// Two files can have the same length and time.
+TEST(Session, ReadsAnotherInputAnew) {
+  TestRun run("the harbour\r\n");
+  run.session.SetInput(Session::InputOrigin::chosen);
+  const std::string other = run.folder.Write("b.txt", "the seaside\r\n");
+  fs::last_write_time(other, fs::last_write_time(run.settings.inputFile));
+  run.settings.inputFile = other;
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_NE(run.ui.output.find("[seaside 1]"), std::string::npos) << run.ui.output;
+}
+
+TEST(Session, ReadsTheStopWordsAgainAfterAChangeOfTheReading) {
+  TestRun run("caf\xC3\xA9 bar\r\n");
+  run.settings.stopWordsFile = run.folder.Write("own.txt", "caf\xC3\xA9\r\n");
+  run.session.ChangeReading(Reading::unicode);
+  EXPECT_EQ(run.Go(), RunOutcome::done);
+  EXPECT_EQ(run.Entries(), "[bar 1]\r\n... café bar\r\n");
+  (void)run.folder.Write("own.txt", "");
+  run.session.ChangeReading(Reading::windows1252);
+  EXPECT_EQ(run.Go(), RunOutcome::refused) << "no stop words in it";
+}
+
 TEST(Session, FollowsAnInput) {
   using enum Session::InputOrigin;
   const std::tuple<Session::InputOrigin, const char*, const char*> rows[] = {

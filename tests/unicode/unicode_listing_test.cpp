@@ -60,6 +60,16 @@ TEST(UnicodeListing, IsThatOfWindows1252) {
   }
 }
 
+// The lower-case form of "İ" is "i", and its own is "I".
+TEST(UnicodeListing, FindsAllCapitalsOfAKeyword) {
+  const auto document =
+      MakeUnicodeDocument({}, {.reading = Reading::unicode}, "to \u0130stan is Istan istan", 0);
+  KeywordLists keywords;
+  keywords.fileKeywords = {u"istan"};
+  SilentProgress nobody;
+  EXPECT_EQ(ScanWords(document, &keywords, nobody).table->WordCount(), 3);
+}
+
 // No character is lost or cut, neither with one byte for each character nor with code units.
 TEST(UnicodeListing, HoldsWhatItsTextHolds) {
   const std::u16string few = u"“Ώρα” ώρα ?ρα, Ώρα… – ώρα ";
