@@ -25,6 +25,17 @@ static_assert(MatchesCharacterClasses());
 
 }  // namespace
 
+// Comparing a block with more first characters takes longer than the tokens that it excludes.
+TokenEdges::TokenEdges(std::u16string_view text, const Alphabet& alphabet, std::size_t begin,
+                       const Firsts& firsts)
+    : text_(text), alphabet_(alphabet), onlyBeginnings_(true), blockEnd_(begin) {
+  constexpr std::size_t FEW = 4;
+  if (firsts.count() > FEW) return;
+  for (std::size_t i = 0; i < firsts.size(); ++i) {
+    if (firsts[i]) firsts_.push_back(static_cast<std::uint8_t>(i));
+  }
+}
+
 // The flags of a block of FLAG_COUNT code units that begins at `blockEnd_`.
 Flags TokenEdges::WordCharacterFlags(const char16_t* block) const {
   Flags flags{};
@@ -52,14 +63,28 @@ Flags TokenEdges::WordCharacterFlags(const char16_t* block) const {
   return flags;
 }
 
+// The characters of a block that a wanted token may begin with.
+std::uint64_t TokenEdges::WantedBeginnings(const char16_t* block) const {
+  if (firsts_.empty()) return ~std::uint64_t{0};
+  Flags flags{};
+  for (const std::uint8_t first : firsts_) {
+    for (std::size_t i = 0; i < FLAG_COUNT; ++i) {
+      flags[i] |= static_cast<std::uint8_t>(block[i] % Firsts().size() == first);
+    }
+  }
+  return BitsOf(flags);
+}
+
 void TokenEdges::TakeBlock() {
-  const std::u16string_view block = text_.substr(blockEnd_, FLAG_COUNT);
+  std::u16string_view block = text_.substr(blockEnd_, FLAG_COUNT);
   std::array<char16_t, FLAG_COUNT> last{};
-  if (block.size() < FLAG_COUNT) std::copy(block.begin(), block.end(), last.begin());
-  const std::uint64_t wordCharacters =
-      BitsOf(WordCharacterFlags(block.size() < FLAG_COUNT ? last.data() : block.data()));
+  if (block.size() < FLAG_COUNT) {
+    std::copy(block.begin(), block.end(), last.begin());
+    block = {last.data(), last.size()};
+  }
+  const std::uint64_t wordCharacters = BitsOf(WordCharacterFlags(block.data()));
   edges_ = wordCharacters ^ (wordCharacters << 1U | isInToken_);
-  if (which_ == Which::beginnings) edges_ &= wordCharacters;
+  if (onlyBeginnings_) edges_ &= wordCharacters & WantedBeginnings(block.data());
   isInToken_ = wordCharacters >> (FLAG_COUNT - 1);
   blockEnd_ += FLAG_COUNT;
 }

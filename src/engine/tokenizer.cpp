@@ -49,11 +49,9 @@ class Scan {
         progress_(progress),
         bar_(progress),
         cache_(text, alphabet, table, sought, RandomHashSeed()),
-        edges_(text.substr(0, piece.end), alphabet,
-               sought == nullptr ? TokenEdges::Which::all : TokenEdges::Which::beginnings,
-               piece.begin) {
-    if (sought != nullptr) beginnings_.emplace(*sought, alphabet);
-  }
+        beginnings_(BeginningsOf(sought, alphabet)),
+        edges_(EdgesOf(text.substr(0, piece.end), piece.begin, alphabet, beginnings_)),
+        partEnd_(piece.begin) {}
 
   // Cuts the next batch of tokens. Returns false at the end of the piece or after a stop.
   bool CutTokens() {
@@ -81,8 +79,23 @@ class Scan {
 
  private:
   static constexpr std::size_t AT_A_TIME = 64;
-  static constexpr std::size_t BEGINNINGS_AT_A_TIME = 512;
+  static constexpr std::size_t PART = 4096;  // characters that are examined without a pause
   static_assert(KeywordBeginnings::LENGTH <= MIN_WORD_LENGTH);
+
+  static std::optional<KeywordBeginnings> BeginningsOf(const KeywordLists* sought,
+                                                       const Alphabet& alphabet) {
+    if (sought == nullptr) return std::nullopt;
+    return KeywordBeginnings(*sought, alphabet);
+  }
+
+  // A leading hyphen of a token does not belong to its word.
+  static TokenEdges EdgesOf(std::u16string_view text, std::size_t begin, const Alphabet& alphabet,
+                            const std::optional<KeywordBeginnings>& beginnings) {
+    if (!beginnings) return {text, alphabet, begin};
+    TokenEdges::Firsts firsts = beginnings->Firsts();
+    firsts.set(u'-' % firsts.size());
+    return {text, alphabet, begin, firsts};
+  }
 
   bool CutAll() {
     while (cut_ < keys_.size()) {
@@ -97,17 +110,17 @@ class Scan {
 
   // Cuts only tokens that may begin with a sought word. The end of other tokens is not searched.
   bool CutSought() {
-    std::size_t begin = 0;
-    for (std::size_t i = 0; i < BEGINNINGS_AT_A_TIME && cut_ < keys_.size(); ++i) {
-      begin = edges_.Next();
-      if (begin + MIN_WORD_LENGTH > piece_.end) break;
+    static_assert(PART % FLAG_COUNT == 0);
+    std::size_t begin = partEnd_;
+    while (cut_ < keys_.size() && (begin = edges_.NextBefore(partEnd_)) < partEnd_) {
+      if (begin + MIN_WORD_LENGTH > piece_.end) continue;
       const char16_t* const start = text_.data() + begin;
-      // A leading hyphen of a token does not belong to its word.
       if (!beginnings_->MayBegin(start) && *start != u'-') continue;
       const std::size_t length = alphabet_.EndOfRun(text_, begin) - begin;
       if (length >= MIN_WORD_LENGTH) keys_[cut_++] = cache_.KeyOf(begin, length);
     }
     stopped_ = !GoesOn(begin);
+    if (begin == partEnd_) partEnd_ = std::min(partEnd_ + PART, piece_.end);
     return (cut_ > 0 || begin < piece_.end) && !stopped_;
   }
 
@@ -131,10 +144,11 @@ class Scan {
   Progress& progress_;
   ProgressBar bar_;
   TokenCache cache_;
-  TokenEdges edges_;
   std::optional<KeywordBeginnings> beginnings_;  // of the sought words, if only those are wanted
+  TokenEdges edges_;
   std::array<TokenKey, AT_A_TIME> keys_{};
   std::size_t cut_ = 0;
+  std::size_t partEnd_;  // of the part that a search examines
   std::array<Occurrence, AT_A_TIME> occurrences_{};
   bool stopped_ = false;
 };

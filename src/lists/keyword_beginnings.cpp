@@ -17,7 +17,7 @@ KeywordBeginnings::KeywordBeginnings(const KeywordLists& keywords, const Alphabe
 void KeywordBeginnings::Add(std::u16string_view pattern, std::size_t beginning,
                             std::size_t length) {
   if (length == LENGTH) {
-    known_.set(beginning);
+    AddBeginning(beginning);
     return;
   }
   if (length < pattern.size() && !HoldsWildcard(pattern.substr(length, 1))) {
@@ -30,7 +30,12 @@ void KeywordBeginnings::Add(std::u16string_view pattern, std::size_t beginning,
     return;
   }
   const std::size_t shift = BITS * (LENGTH - length);
-  for (std::size_t i = 0; i < std::size_t{1} << shift; ++i) known_.set(beginning << shift | i);
+  for (std::size_t i = 0; i < std::size_t{1} << shift; ++i) AddBeginning(beginning << shift | i);
+}
+
+void KeywordBeginnings::AddBeginning(std::size_t beginning) {
+  known_.set(beginning);
+  firsts_.set(beginning >> (BITS * (LENGTH - 1)));
 }
 
 }  // namespace quorvel
