@@ -93,7 +93,8 @@ bool DocumentRuns::Read(Progress& progress) {
 // Processes the element at `start_`: a run, or another element whose name begins in the same way.
 void DocumentRuns::ReadFromStart() {
   std::size_t place = start_ + runStart_.Length();
-  if (IsRunStart(start_)) {
+  // "<w:tab/>" and the elements of tables begin like a run.
+  if (xml_[place] == ' ' || xml_[place] == '>') {
     // When the start tag has no ">", the first one found may be that of the run end.
     const std::size_t textStart = std::min(xml_.find('>', place) + 1, end_);
     const bool afterBreak =
@@ -104,12 +105,6 @@ void DocumentRuns::ReadFromStart() {
     end_ = runEnd_.FindIn(xml_, place);
   }
   start_ = runStart_.FindIn(xml_, place);
-}
-
-// "<w:tab/>" and the elements of tables begin like a run.
-bool DocumentRuns::IsRunStart(std::size_t place) const {
-  const char next = xml_[place + runStart_.Length()];
-  return next == ' ' || next == '>';
 }
 
 bool DocumentRuns::HoldsBreak(std::string_view xml) const {

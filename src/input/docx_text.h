@@ -64,7 +64,6 @@ class DocumentRuns {
   void ReadFromStart();
   void AppendRun(std::string_view xml, bool afterBreak);
 
-  [[nodiscard]] bool IsRunStart(std::size_t place) const;
   [[nodiscard]] bool HoldsBreak(std::string_view xml) const;
 
   std::string_view xml_;
