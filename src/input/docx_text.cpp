@@ -6,7 +6,6 @@
 
 #include "input/lost_characters.h"
 #include "input/utf8_repair.h"
-#include "input/zip_archive.h"
 #include "util/ascii.h"
 #include "util/large_pages.h"
 
@@ -52,13 +51,11 @@ bool NeedsRepair(std::string_view run) {
 
 }  // namespace
 
-Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const TemporaryFile& file,
-                                        const BodyLimits& limits) {
+Result<UnpackedEntry> UnpackDocumentBody(const InputBytes& document, const TemporaryFile& file,
+                                         const BodyLimits& limits) {
   if (!file.HasFolder()) return Fault{FaultKind::noTemporaryFolder, document.Path(), {}};
   const auto write = [&file](std::string_view block) { return file.Write(block); };
-  const Result<UnpackedEntry> entry = UnpackEntry(document, BODY_ENTRY, limits.hard, write);
-  if (!entry) return entry.Error();
-  return UnpackedBody{entry->length, entry->isDamaged};
+  return UnpackEntry(document, BODY_ENTRY, limits.hard, write);
 }
 
 // Rarely more than half of a body is text; the rest is mark-up. With this reservation a long text
