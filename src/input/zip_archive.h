@@ -16,6 +16,9 @@
 
 namespace quorvel {
 
+// True when an input begins like a zip archive.
+[[nodiscard]] bool BeginsLikeArchive(const InputBytes& input);
+
 struct UnpackedEntry {
   std::uint64_t length = 0;  // unpacked bytes
   bool isDamaged = false;    // not an archive, no such entry, encrypted, damaged or wrong checksum
