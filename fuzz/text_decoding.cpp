@@ -1,6 +1,5 @@
 // Decodes the bytes of a text file, with and without the repair of UTF-8.
 
-#include <algorithm>
 #include <cstring>
 
 #include "fuzz_input.h"
