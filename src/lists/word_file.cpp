@@ -47,7 +47,7 @@ Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
   std::string repaired;
   while (!bytes.empty()) {
     progress.Yield();
-    if (progress.StopRequested()) return Fault{};
+    if (progress.StopRequested()) return Fault{FaultKind::stopped, {}, {}};
     const std::size_t length = std::min(bytes.find(lineEnd), bytes.size());
     const std::string_view line = TrimControlCharacters(bytes.substr(0, length));
     bytes.remove_prefix(std::min(length + 1, bytes.size()));
