@@ -1,7 +1,7 @@
 // Reads entries of a zip archive in memory.
 //
-// This class hides the zip library, so that it can be replaced. Entry names are only looked up, and
-// nothing is ever written to the path that a name gives.
+// ArchiveReader hides the zip library, so that it can be replaced. Entry names are only looked up,
+// and nothing is ever written to the path that a name gives.
 #pragma once
 
 #include <cstdint>
