@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <vector>
 
 #include "floor.h"
 #include "generated_text.h"
@@ -21,25 +22,19 @@ int WriteText(const std::string& text) {
   return !text.empty() && std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : 1;
 }
 
-int WriteGeneratedText(char** arguments) {
-  return WriteText(quorvel::GeneratedText({std::stoul(arguments[0]), std::stoul(arguments[1]),
-                                           static_cast<std::uint32_t>(std::stoul(arguments[2]))}));
-}
-
 }  // namespace
 
 int main(int argumentCount, char** arguments) try {
-  constexpr int TEXT_ARGUMENTS = 5;
-  if (argumentCount == TEXT_ARGUMENTS && std::string(arguments[1]) == "text") {
-    return WriteGeneratedText(arguments + 2);
+  const std::vector<std::string> words(arguments, arguments + argumentCount);
+  if (words.size() == 5 && words[1] == "text") {
+    return WriteText(quorvel::GeneratedText({std::stoul(words[2]), std::stoul(words[3]),
+                                             static_cast<std::uint32_t>(std::stoul(words[4]))}));
   }
-  constexpr int HOSTILE_ARGUMENTS = 3;
-  if (argumentCount == HOSTILE_ARGUMENTS && std::string(arguments[1]) == "hostile") {
-    return WriteText(quorvel::HostileText(arguments[2]));
+  if (words.size() == 3 && words[1] == "hostile") {
+    return WriteText(quorvel::HostileText(words[2]));
   }
-  constexpr int FLOOR_ARGUMENTS = 4;
-  if (argumentCount == FLOOR_ARGUMENTS && std::string(arguments[1]) == "floor") {
-    return quorvel::WriteFloor(arguments[2], arguments[3]) ? 0 : 1;
+  if (words.size() == 4 && words[1] == "floor") {
+    return quorvel::WriteFloor(words[2], words[3]) ? 0 : 1;
   }
   benchmark::Initialize(&argumentCount, arguments);
   if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) return 1;

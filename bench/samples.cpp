@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
 #include <utility>
 

@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const BodyLimits limits = {.hard = 65536, .warning = 4096};
   const InputBytes bytes("a.docx", input.Rest());
   TemporaryFile temporary("QVL", BODY_ENTRY);
-  const Result<UnpackedBody> body = UnpackDocumentBody(bytes, temporary, limits);
+  const Result<UnpackedEntry> body = UnpackDocumentBody(bytes, temporary, limits);
   Require(!temporary.Remove() && folder.Count() == 0, "the temporary folder is gone");
   Require(body || body.Error().kind == FaultKind::bodyTooLarge,
           "a document causes no fault of the system");

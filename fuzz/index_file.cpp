@@ -61,8 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Listing again = ListingOf(words, settings);
   RequireSame(IndexFileBytes(*again.words, "digest", 0), ownIndex,
               "the index of a text is restored unchanged");
-  words =
-      WordsFor(document, changesTrueIndex ? Changed(ownIndex, input) : std::string(input.Rest()));
+  words = WordsFor(document, changesTrueIndex ? Changed(ownIndex, input) : input.Rest());
   if (words.table == nullptr) return 0;
   Require(IsPartOf(*words.table, TableOf(scanned)), "an accepted index is part of the scan");
   (void)Composed(ListingOf(words, settings), nobody);

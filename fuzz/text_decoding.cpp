@@ -1,6 +1,5 @@
 // Decodes the bytes of a text file, with and without the repair of UTF-8.
 
-#include <algorithm>
 #include <cstring>
 
 #include "fuzz_input.h"
@@ -16,7 +15,7 @@ namespace quorvel::fuzz {
 namespace {
 
 // The naive form: splits the lines of a file one by one and repairs each.
-std::string JoinedNaively(std::string bytes, const ReadOptions& options) {
+std::string JoinedNaively(std::string bytes, const TextFileOptions& options) {
   if (options.convertUtf8 && bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
   bytes = naive::Replace(bytes, "\r\n", "\r");
   const char* const separator = options.join == LineJoin::blank ? " " : " / ";
@@ -69,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const LineJoin join = input.Flag() ? LineJoin::blank : LineJoin::slash;
   const std::string bytes = input.Rest();
   for (const bool convertUtf8 : {false, true}) {
-    const ReadOptions options = {convertUtf8, join};
+    const TextFileOptions options = {convertUtf8, join};
     RequireSame(ReadTextFile(bytes, options), JoinedNaively(bytes, options),
                 "ReadTextFile equals its naive form");
   }

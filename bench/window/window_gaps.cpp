@@ -41,6 +41,7 @@ namespace {
 
 constexpr int ROUNDS = 11;
 constexpr const char* LAST_PHASE = "Writing and showing";
+
 // Processor time of all threads or of the calling thread, depending on `clock`. Other processes do
 // not affect it.
 double ProcessorTime(clockid_t clock) {

@@ -1,6 +1,5 @@
 #include "input/document.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "input/html_text.h"
 #include "input/text_file.h"
 #include "input/utf8_repair.h"
+#include "input/zip_archive.h"
 #include "util/ansi.h"
 #include "util/utf8.h"
 
@@ -36,9 +36,7 @@ bool PrepareText(const std::string& path, const ReadingOptions& options, std::st
 }  // namespace
 
 bool IsWordDocument(const InputBytes& input) {
-  constexpr std::size_t FEWEST_BYTES = 10;
-  return LowerExtensionOf(input.Path()) == "docx" && input.View().size() >= FEWEST_BYTES &&
-         input.View().starts_with("PK\x03\x04");
+  return LowerExtensionOf(input.Path()) == "docx" && BeginsLikeArchive(input);
 }
 
 Result<std::string> ReadInputFile(const InputBytes& input, bool isUtf8, Progress& progress) {

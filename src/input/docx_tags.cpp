@@ -65,15 +65,11 @@ Tag::Tag(std::string text) : text_(std::move(text)) {
 std::size_t Tag::FindIn(std::string_view xml, std::size_t from) const {
   for (std::size_t place = xml.find('<', from); place != std::string_view::npos;
        place = xml.find('<', place + 1)) {
-    if (xml.size() - place < sizeof(beginning_)) {
-      if (xml.substr(place).starts_with(text_)) return place;
-      continue;
+    std::uint32_t beginning = beginning_;
+    if (xml.size() - place >= sizeof(beginning)) {
+      std::memcpy(&beginning, xml.data() + place, sizeof(beginning));
     }
-    std::uint32_t beginning = 0;
-    std::memcpy(&beginning, xml.data() + place, sizeof(beginning));
-    if ((beginning & mask_) != beginning_) continue;
-    if (text_.size() <= sizeof(beginning_)) return place;
-    if (xml.substr(place).starts_with(text_)) return place;
+    if ((beginning & mask_) == beginning_ && xml.substr(place).starts_with(text_)) return place;
   }
   return std::string_view::npos;
 }

@@ -6,7 +6,6 @@
 
 #include "input/lost_characters.h"
 #include "input/utf8_repair.h"
-#include "input/zip_archive.h"
 #include "util/ascii.h"
 #include "util/large_pages.h"
 
@@ -52,13 +51,11 @@ bool NeedsRepair(std::string_view run) {
 
 }  // namespace
 
-Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document, const TemporaryFile& file,
-                                        const BodyLimits& limits) {
+Result<UnpackedEntry> UnpackDocumentBody(const InputBytes& document, const TemporaryFile& file,
+                                         const BodyLimits& limits) {
   if (!file.HasFolder()) return Fault{FaultKind::noTemporaryFolder, document.Path(), {}};
   const auto write = [&file](std::string_view block) { return file.Write(block); };
-  const Result<UnpackedEntry> entry = UnpackEntry(document, BODY_ENTRY, limits.hard, write);
-  if (!entry) return entry.Error();
-  return UnpackedBody{entry->length, entry->isDamaged};
+  return UnpackEntry(document, BODY_ENTRY, limits.hard, write);
 }
 
 // Rarely more than half of a body is text; the rest is mark-up. With this reservation a long text
@@ -93,7 +90,8 @@ bool DocumentRuns::Read(Progress& progress) {
 // Processes the element at `start_`: a run, or another element whose name begins in the same way.
 void DocumentRuns::ReadFromStart() {
   std::size_t place = start_ + runStart_.Length();
-  if (IsRunStart(start_)) {
+  // "<w:tab/>" and the elements of tables begin like a run.
+  if (xml_[place] == ' ' || xml_[place] == '>') {
     // When the start tag has no ">", the first one found may be that of the run end.
     const std::size_t textStart = std::min(xml_.find('>', place) + 1, end_);
     const bool afterBreak =
@@ -104,12 +102,6 @@ void DocumentRuns::ReadFromStart() {
     end_ = runEnd_.FindIn(xml_, place);
   }
   start_ = runStart_.FindIn(xml_, place);
-}
-
-// "<w:tab/>" and the elements of tables begin like a run.
-bool DocumentRuns::IsRunStart(std::size_t place) const {
-  const char next = xml_[place + runStart_.Length()];
-  return next == ' ' || next == '>';
 }
 
 bool DocumentRuns::HoldsBreak(std::string_view xml) const {

@@ -16,6 +16,7 @@
 #include "files/read_file.h"
 #include "files/temporary_folder.h"
 #include "input/docx_tags.h"
+#include "input/zip_archive.h"
 #include "util/fault.h"
 #include "util/progress.h"
 #include "util/progress_bar.h"
@@ -31,16 +32,11 @@ struct BodyLimits {
 // The entry with the body of a document. It is also the path of the body in the temporary folder.
 inline constexpr const char* BODY_ENTRY = "word/document.xml";
 
-struct UnpackedBody {
-  std::uint64_t length = 0;  // in bytes
-  bool isDamaged = false;    // wrong checksum, or truncated
-};
-
 // Unpacks the body of a document into a temporary file that was created for BODY_ENTRY. Faults:
-// `noTemporaryFolder`, `temporaryFolderFull`, `bodyTooLarge` (nothing is kept then), `notRead`.
-[[nodiscard]] Result<UnpackedBody> UnpackDocumentBody(const InputBytes& document,
-                                                      const TemporaryFile& file,
-                                                      const BodyLimits& limits);
+// `noTemporaryFolder`, `temporaryFolderFull`, `bodyTooLarge`.
+[[nodiscard]] Result<UnpackedEntry> UnpackDocumentBody(const InputBytes& document,
+                                                       const TemporaryFile& file,
+                                                       const BodyLimits& limits);
 
 // Reads the text of the runs in the XML of a body; each byte is one Windows-1252 character. The
 // runs of a paragraph are joined without a separator, because a word may be split into several
@@ -64,7 +60,6 @@ class DocumentRuns {
   void ReadFromStart();
   void AppendRun(std::string_view xml, bool afterBreak);
 
-  [[nodiscard]] bool IsRunStart(std::size_t place) const;
   [[nodiscard]] bool HoldsBreak(std::string_view xml) const;
 
   std::string_view xml_;

@@ -5,7 +5,7 @@
 
 #include "input/compact_spaces.h"
 #include "input/entities.h"
-#include "input/input_file.h"
+#include "input/file_kind.h"
 #include "input/utf8_repair.h"
 
 // Compatibility: users' listings and index files depend on these rules. Element names match as

@@ -47,7 +47,7 @@ class Lines {
 
 }  // namespace
 
-std::string ReadTextFile(std::string_view bytes, const ReadOptions& options) {
+std::string ReadTextFile(std::string_view bytes, const TextFileOptions& options) {
   const std::string_view separator = options.join == LineJoin::blank ? " " : " / ";
   if (options.convertUtf8 && bytes.starts_with(BYTE_ORDER_MARK)) {
     bytes.remove_prefix(BYTE_ORDER_MARK.size());

@@ -12,7 +12,7 @@ namespace quorvel {
 
 enum class LineJoin { blank, slash };  // " " or " / "
 
-struct ReadOptions {
+struct TextFileOptions {
   bool convertUtf8 = false;  // also replaces typographic punctuation by plain characters
   LineJoin join = LineJoin::slash;
   bool lineFeedEnds = false;  // a single LF ends a line too
@@ -20,6 +20,6 @@ struct ReadOptions {
 
 // Joins the non-empty lines of a text. A line ends at CR LF or at a single CR. With `convertUtf8`,
 // a byte-order mark at the start is dropped.
-[[nodiscard]] std::string ReadTextFile(std::string_view bytes, const ReadOptions& options);
+[[nodiscard]] std::string ReadTextFile(std::string_view bytes, const TextFileOptions& options);
 
 }  // namespace quorvel

@@ -12,6 +12,7 @@ namespace quorvel {
 namespace {
 
 constexpr std::size_t BLOCK_LENGTH = 65536;
+constexpr std::string_view LOCAL_RECORD = "PK\x03\x04";
 
 struct CloseArchive {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -73,7 +74,6 @@ UnpackedEntry OutcomeOf(const zip_error_t& error, std::uint64_t length) {
 // True when the local record before the data of an entry, unlike the archive's directory, reports a
 // size that is not zero. In that record the name follows the numbers.
 bool HasBytesByItsRecord(std::string_view archive, const std::string& name) {
-  constexpr std::string_view SIGNATURE = "PK\x03\x04";
   constexpr std::size_t LENGTH = 30;
   constexpr std::size_t SIZES_AT = 18;
   constexpr std::size_t SIZES_LENGTH = 8;
@@ -83,7 +83,7 @@ bool HasBytesByItsRecord(std::string_view archive, const std::string& name) {
     if (place < LENGTH) continue;
     const std::string_view record = archive.substr(place - LENGTH, LENGTH);
     const auto nameLength = static_cast<std::uint8_t>(record[NAME_LENGTH_AT]);
-    if (!record.starts_with(SIGNATURE) || nameLength != name.size()) continue;
+    if (!record.starts_with(LOCAL_RECORD) || nameLength != name.size()) continue;
     const std::string_view sizes = record.substr(SIZES_AT, SIZES_LENGTH);
     return sizes.find_first_not_of('\0') != std::string_view::npos;
   }
@@ -117,6 +117,11 @@ Result<UnpackedEntry> ReadEntry(zip_file_t* entry, const std::string& path, std:
 }
 
 }  // namespace
+
+bool BeginsLikeArchive(const InputBytes& input) {
+  constexpr std::size_t FEWEST_BYTES = 10;
+  return input.View().size() >= FEWEST_BYTES && input.View().starts_with(LOCAL_RECORD);
+}
 
 // An archive with a short directory is opened once. With a long directory it is opened again for
 // each entry.

@@ -1,7 +1,7 @@
 // Reads entries of a zip archive in memory.
 //
-// This class hides the zip library, so that it can be replaced. Entry names are only looked up, and
-// nothing is ever written to the path that a name gives.
+// ArchiveReader hides the zip library, so that it can be replaced. Entry names are only looked up,
+// and nothing is ever written to the path that a name gives.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +15,9 @@
 #include "util/fault.h"
 
 namespace quorvel {
+
+// True when an input begins like a zip archive.
+[[nodiscard]] bool BeginsLikeArchive(const InputBytes& input);
 
 struct UnpackedEntry {
   std::uint64_t length = 0;  // unpacked bytes

@@ -32,8 +32,7 @@ std::string DirectoryOfOne(std::string_view record, std::size_t offset) {
   return directory.append(2, '\0');
 }
 
-// True when an archive has too many entries for the library, which keeps all names in a hash table
-// that malicious names can make slow.
+// True when an archive has too many entries for the library.
 bool HasManyEntries(std::string_view archive) {
   constexpr int MOST_ENTRIES = 1024;
   int entries = 0;

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lists/binary_search.h"
+#include "lists/sorted_words.h"
 #include "settings/settings.h"
 #include "util/alphabet.h"
 #include "util/fault.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "lists/binary_search.h"
+#include "lists/sorted_words.h"
 #include "settings/settings.h"
 #include "util/alphabet.h"
 #include "util/fault.h"

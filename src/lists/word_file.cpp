@@ -18,22 +18,16 @@ std::string_view TrimControlCharacters(std::string_view line) {
   return line;
 }
 
-// Separates comments from lines with words.
-class CommentFilter {
- public:
-  // True when a trimmed line, which must be the next one of the file, belongs to a comment.
-  bool Takes(std::string_view line) {
-    if (line.ends_with("*/")) {
-      inBlock_ = false;
-      return true;
-    }
-    if (line.starts_with("/*")) inBlock_ = true;
-    return inBlock_;
+// True when a trimmed line belongs to a comment. `inBlock` says whether a comment of several lines
+// is open, and is false before the first line.
+bool IsComment(std::string_view line, bool& inBlock) {
+  if (line.ends_with("*/")) {
+    inBlock = false;
+    return true;
   }
-
- private:
-  bool inBlock_ = false;
-};
+  if (line.starts_with("/*")) inBlock = true;
+  return inBlock;
+}
 
 }  // namespace
 
@@ -49,15 +43,15 @@ Result<std::vector<std::u16string>> WordsOfFileBytes(std::string_view bytes,
   // a single line it would hold no usable word.
   const char lineEnd = bytes.find('\r') == std::string_view::npos ? '\n' : '\r';
   std::vector<std::u16string> words;
-  CommentFilter comments;
+  bool inComment = false;
   std::string repaired;
   while (!bytes.empty()) {
     progress.Yield();
-    if (progress.StopRequested()) return Fault{};
+    if (progress.StopRequested()) return Fault{FaultKind::stopped, {}, {}};
     const std::size_t length = std::min(bytes.find(lineEnd), bytes.size());
     const std::string_view line = TrimControlCharacters(bytes.substr(0, length));
     bytes.remove_prefix(std::min(length + 1, bytes.size()));
-    if (comments.Takes(line)) continue;
+    if (IsComment(line, inComment)) continue;
     repaired = line;
     if (alphabet.ReadingOf() == Reading::windows1252) RepairUtf8(repaired);
     const std::u16string text = alphabet.Decode(repaired);

@@ -43,7 +43,7 @@ bool WishesToScanBigFile(const std::string& path, Conversation& ui) {
 }
 
 // A user who does not want to continue counts as a stop.
-std::optional<Fault> SettleBody(const UnpackedBody& body, const std::string& path,
+std::optional<Fault> SettleBody(const UnpackedEntry& body, const std::string& path,
                                 const BodyLimits& limits, Conversation& ui) {
   if (body.isDamaged) {
     if (!WishesToScanAnyway(path, ui)) return Fault{FaultKind::stopped, path, {}};
@@ -69,7 +69,7 @@ bool ReallyWishesToStop(Conversation& ui) {
 Result<InputText> TextThroughFile(InputBytes document, const TemporaryFile& file,
                                   const BodyLimits& limits, Conversation& ui) {
   const std::string path = document.Path();
-  const Result<UnpackedBody> body = UnpackDocumentBody(document, file, limits);
+  const Result<UnpackedEntry> body = UnpackDocumentBody(document, file, limits);
   document = {};
   if (!body) return body.Error();
   if (std::optional<Fault> fault = SettleBody(*body, path, limits, ui)) return *std::move(fault);
@@ -142,7 +142,7 @@ Result<PreparedText> ReadPacked(InputBytes document, PackedKind kind, const Read
   const Result<UnpackedParts> parts = UnpackTextParts(document, kind, options, request.limits, ui);
   document = {};
   if (!parts) return parts.Error();
-  const UnpackedBody body = {parts->length, parts->isDamaged};
+  const UnpackedEntry body = {parts->length, parts->isDamaged};
   if (std::optional<Fault> fault = SettleBody(body, path, request.limits, ui)) {
     return *std::move(fault);
   }

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "files/read_file.h"
-#include "input/input_file.h"
+#include "input/file_kind.h"
 #include "run/conversation.h"
 #include "util/alphabet.h"
 #include "util/fault.h"

@@ -9,7 +9,6 @@ namespace quorvel {
 namespace {
 
 constexpr std::string_view BLANKS = " \t\r\n";
-constexpr std::string_view UTF32_NAME = "utf-32";
 
 struct CharsetAlias {
   std::string_view name;
@@ -54,11 +53,6 @@ constexpr std::array CHARSET_NAMES = {
     CharsetAlias{"csisolatin9", Charset::iso885915},
 };
 
-// The beginning of a text, in lower case.
-std::string LowerStart(std::string_view text, std::size_t length) {
-  return LowerAscii(text.substr(0, length));
-}
-
 bool IsNameCharacter(char ch) {
   constexpr std::string_view OTHERS = "-_.:+()";
   return (ch >= 'a' && ch <= 'z') || (ch >= '0' && ch <= '9') ||
@@ -96,7 +90,7 @@ std::string DeclaredCharset(std::string_view markup) {
   for (std::size_t place = markup.find('<'); name.empty() && place != std::string_view::npos;
        place = markup.find('<', place + 1)) {
     const std::string_view rest = markup.substr(place);
-    const std::string start = LowerStart(rest, LONGEST_NAME);
+    const std::string start = LowerAscii(rest.substr(0, LONGEST_NAME));
     if (start.starts_with("</head") || start.starts_with("<body")) break;
     if (start.starts_with("<!--")) {
       place = std::min(markup.find("-->", place + 4), markup.size() - 1);
@@ -117,7 +111,7 @@ std::optional<Charset> CharsetNamed(std::string_view name) {
 
 DecodedMarkup DecodeMarkup(std::string_view bytes) {
   if (const std::optional<CharsetMark> mark = CharsetMarkOf(bytes)) {
-    if (mark->charset == Charset::utf32) return {{}, std::string(UTF32_NAME)};
+    if (mark->charset == Charset::utf32) return {{}, "utf-32"};
     return {Decode(bytes.substr(mark->length), mark->charset), {}};
   }
   if (const std::optional<Charset> charset = CharsetByZeros(bytes)) {

@@ -217,11 +217,7 @@ bool IsPackedName(std::string_view path, Reading reading) {
 }
 
 std::optional<PackedKind> PackedKindOf(const InputBytes& input) {
-  constexpr std::size_t FEWEST_BYTES = 10;
-  if (input.View().size() < FEWEST_BYTES || !input.View().starts_with("PK\x03\x04")) {
-    return std::nullopt;
-  }
-  return KindOfName(input.Path());
+  return BeginsLikeArchive(input) ? KindOfName(input.Path()) : std::nullopt;
 }
 
 Result<UnpackedParts> UnpackTextParts(const InputBytes& input, PackedKind kind,

@@ -1,6 +1,5 @@
 #include "unicode/packed_text.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "input/compact_spaces.h"

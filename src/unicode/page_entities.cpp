@@ -13,7 +13,7 @@ namespace {
 
 // A named entity: one or two characters.
 struct NamedEntity {
-  const char* name;  // without "&" and ";"
+  std::string_view name;  // without "&" and ";"
   char32_t first;
   char32_t second = 0;
 };
@@ -22,17 +22,14 @@ struct NamedEntity {
 constexpr NamedEntity NAMED_ENTITIES[] = {
 #include "unicode/named_entities.inc"
 };
-static_assert(std::ranges::is_sorted(NAMED_ENTITIES, {}, [](const NamedEntity& entity) {
-  return std::string_view(entity.name);
-}));
+static_assert(std::ranges::is_sorted(NAMED_ENTITIES, {}, &NamedEntity::name));
 
 // The maximum length between "&" and ";". The longest name has 31 characters, and no number needs
 // more.
 constexpr std::size_t LONGEST_REFERENCE = 32;
 
 std::optional<NamedEntity> EntityNamed(std::string_view name) {
-  const auto nameOf = [](const NamedEntity& entity) { return std::string_view(entity.name); };
-  const auto* const found = std::ranges::lower_bound(NAMED_ENTITIES, name, {}, nameOf);
+  const auto* const found = std::ranges::lower_bound(NAMED_ENTITIES, name, {}, &NamedEntity::name);
   if (found == std::end(NAMED_ENTITIES) || found->name != name) return std::nullopt;
   return *found;
 }

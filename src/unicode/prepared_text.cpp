@@ -38,7 +38,7 @@ Result<PreparedText> ReadLines(const InputBytes& input, Progress& progress) {
     return Fault{FaultKind::unknownCharset, input.Path(), markup.unknownCharset};
   }
   const LineJoin join = PathNamesHtml(input.Path()) ? LineJoin::blank : LineJoin::slash;
-  const ReadOptions options = {.join = join, .lineFeedEnds = true};
+  const TextFileOptions options = {.join = join, .lineFeedEnds = true};
   PreparedText lines{ReadTextFile(markup.decoded.text, options), markup.decoded.replaced};
   if (IsTooLong(lines.text)) return Fault{FaultKind::textTooLong, input.Path(), {}};
   progress.YieldNow();

@@ -17,8 +17,6 @@ namespace quorvel {
 struct UnicodeOptions {
   bool ignoreLists = false;  // leave out the lists of web pages
   bool notes = false;        // include footnotes and endnotes of word-processor documents
-
-  bool operator==(const UnicodeOptions&) const = default;
 };
 
 // Valid UTF-8 in composed form: lines joined, mark-up removed, blanks compacted, double hyphens

@@ -77,6 +77,7 @@ class TextWalker {
   }
   [[nodiscard]] GrowingText& Target() { return OpenCount(TextRole::note) > 0 ? notes_ : body_; }
 
+  // True when an element is left out. Must be called once for each: it chooses alternatives.
   [[nodiscard]] bool IsLeftOut(TextRole role);
   void Begin(TextRole role);
   void Finish(TextRole role);

@@ -4,7 +4,7 @@
 
 #include <regex>
 
-#include "input/input_file.h"
+#include "input/file_kind.h"
 #include "naive/places.h"
 #include "support/run_program.h"
 #include "util/ansi.h"

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "files/read_file.h"
-#include "util/fault.h"
 
 namespace quorvel {
 

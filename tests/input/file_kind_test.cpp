@@ -1,10 +1,10 @@
-#include "input/input_file.h"
+#include "input/file_kind.h"
 
 #include <gtest/gtest.h>
 
 namespace quorvel {
 
-TEST(InputFile, TellsKinds) {
+TEST(FileKind, TellsKinds) {
   using namespace std::string_literals;
   using enum FileKind;
   constexpr std::size_t EXAMINED = 100;
@@ -48,7 +48,7 @@ TEST(InputFile, TellsKinds) {
   EXPECT_FALSE(ClassifyTextFile({"a.htm", "charset=utf-8"}, EXAMINED, false).isUtf8);
 }
 
-TEST(InputFile, DeclaresACharset) {
+TEST(FileKind, DeclaresACharset) {
   const char* declared[] = {"CharSet=Utf-8859", "x=charset=utf-8", "charset=x charset=\"UTF-8\""};
   for (const char* bytes : declared) EXPECT_TRUE(DeclaresUtf8(bytes)) << bytes;
   const char* others[] = {"harset=utf-8", "charset='utf-8'", "charset=\"utf-8'", "charset= utf-8"};

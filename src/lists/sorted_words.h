@@ -1,4 +1,4 @@
-// Look-up in a sorted word list.
+// A sorted list of words, and look-up in it.
 #pragma once
 
 #include <algorithm>

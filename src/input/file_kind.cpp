@@ -1,4 +1,4 @@
-#include "input/input_file.h"
+#include "input/file_kind.h"
 
 #include <string>
 
