@@ -171,23 +171,20 @@ void MainWindow::ConnectButtons() {
 
 // A key clicks its button, and so does nothing while the button is disabled.
 void MainWindow::AddShortcuts() {
-  const auto press = [this](QAbstractButton* button, const std::vector<QKeySequence>& keys) {
-    for (const QKeySequence& key : keys) {
-      connect(new QShortcut(key, this), &QShortcut::activated, button, &QAbstractButton::click);
-    }
+  const auto onKey = [this](const QKeySequence& key, auto act) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, act);
   };
-  press(ui_->cmdHelp, {Qt::Key_F1});
-  press(ui_->cmdFile_0, {Qt::CTRL | Qt::Key_O});
-  press(ui_->cmdQuit, {Qt::CTRL | Qt::Key_Q});
-  press(ui_->cmdFold, {Qt::Key_F9});
+  onKey(Qt::Key_F1, [this] { ui_->cmdHelp->click(); });
+  onKey(Qt::CTRL | Qt::Key_O, [this] { ui_->cmdFile_0->click(); });
+  onKey(Qt::CTRL | Qt::Key_Q, [this] { ui_->cmdQuit->click(); });
+  onKey(Qt::Key_F9, [this] { ui_->cmdFold->click(); });
   const auto list = [this] {
     if (!interface_->IsWorking()) ui_->cmdListWords->click();
   };
-  for (const QKeySequence& key : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_Return),
-                                  QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this, list);
-  }
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
+  onKey(Qt::Key_F5, list);
+  onKey(Qt::CTRL | Qt::Key_Return, list);
+  onKey(Qt::CTRL | Qt::Key_Enter, list);
+  onKey(Qt::Key_Escape, [this] {
     if (interface_->IsWorking()) {
       ui_->cmdListWords->click();
     } else if (findBar_->IsOpen()) {
