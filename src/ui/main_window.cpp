@@ -38,9 +38,6 @@ void FixSize(QLabel& label, const QFont& font, const QString& widest) {
   label.setFixedSize(metrics.horizontalAdvance(widest), metrics.height());
 }
 
-// The text box that has the focus, or null.
-QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
-
 }  // namespace
 
 MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
@@ -253,7 +250,8 @@ void MainWindow::Timer1_Timer() {
   files_->ShowToolTips();
   // Finish an edit that was not finished because a mouse button was down.
   const bool isBusy = QApplication::activeModalWidget() != nullptr || ShownPopUp() != nullptr;
-  if (!isBusy && FocusedEdit() == nullptr) files_->FinishEditing();
+  const bool isTyping = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+  if (!isBusy && !isTyping) files_->FinishEditing();
   files_->ShowWhatIsPossible();
   files_->ShowFileSizes();
 }
