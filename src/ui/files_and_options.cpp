@@ -82,7 +82,7 @@ void FilesAndOptions::ConnectOptions() {
     if (ui_.optSearch->isChecked()) optSearch_Click();
   });
   onChange(ui_.cboWordOrder, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
-  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { cboContextSize_Click(); });
+  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkUnicode, &QCheckBox::toggled, [this] { chkUnicode_Click(); });
@@ -268,12 +268,6 @@ void FilesAndOptions::Fold(bool folded) {
   ui_.cmdFold->setChecked(folded);
   ui_.cmdFold->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
   ShowFoldedInput();
-}
-
-void FilesAndOptions::cboContextSize_Click() {
-  TakeControls();
-  ShowWhatIsPossible();
-  host_.listAgain();
 }
 
 }  // namespace quorvel

@@ -81,7 +81,6 @@ class FilesAndOptions : public QObject {
   bool TakeExtraKeywords();
   void optCreate_Click();
   void optSearch_Click();
-  void cboContextSize_Click();
   void chkUnicode_Click();
   void cmdFold_Click();
 
