@@ -68,9 +68,11 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
        .showPanel = [this] { panel_->ShowSettings(); }},
       this);
   panel_ = new SettingsPanel(*session_, *interface_, HostOfPanel(), this);
-  wordLines_ = new WordLines(*session_, *interface_, this);
-  wordLines_->SetHost({.mayLeaveOut = [this] { return session_->Settings().mode == Mode::create; },
-                       .leaveOut = [this](const QStringList& words) { LeaveOut(words); }});
+  wordLines_ =
+      new WordLines(*session_, *interface_,
+                    {.mayLeaveOut = [this] { return session_->Settings().mode == Mode::create; },
+                     .leaveOut = [this](const QStringList& words) { LeaveOut(words); }},
+                    this);
   ui_->tabResults->addTab(wordLines_, tr("Words and lines"));
   connect(ui_->tabResults, &QTabWidget::currentChanged, this, [this] {
     const bool isListing = ui_->tabResults->currentWidget() != wordLines_;

@@ -64,11 +64,12 @@ std::vector<LineGroup> EachOnce(const Lines& lines) {
 
 }  // namespace
 
-WordLines::WordLines(Session& session, Conversation& ui, QWidget* parent)
+WordLines::WordLines(Session& session, Conversation& ui, WordLinesHost host, QWidget* parent)
     : QWidget(parent),
       ui_(std::make_unique<Ui::WordLines>()),
       session_(session),
       conversation_(ui),
+      host_(std::move(host)),
       words_(new WordsModel(this)),
       lines_(new LinesModel(this)) {
   ui_->setupUi(this);

@@ -38,10 +38,8 @@ class WordLines : public QWidget {
   Q_OBJECT
 
  public:
-  WordLines(Session& session, Conversation& ui, QWidget* parent);
+  WordLines(Session& session, Conversation& ui, WordLinesHost host, QWidget* parent);
   ~WordLines() override;
-
-  void SetHost(WordLinesHost host) { host_ = std::move(host); }
 
   // Shows the words of a listing, or nothing for null. Chosen words stay chosen if the listing has
   // them.
