@@ -359,12 +359,9 @@ void WordLines::txbFindWord_Change() {
 }
 
 void WordLines::GoTo(Position position) {
-  int row = lines_->RowOf(position);
+  const int row = lines_->RowOf(position);
   // If equal lines are shown once, most of their places have no row.
-  if (row >= 0) {
-    ChooseRow(*ui_->tblLines, row);
-    return;
-  }
+  if (row >= 0) return ChooseRow(*ui_->tblLines, row);
   const auto line = std::ranges::find(all_, position, &Line::position);
   if (line == all_.end()) return;
   const WordEntry& word = listing_->words->words.table->At(line->entry);
@@ -454,9 +451,7 @@ std::vector<LineGroup> WordLines::ChosenLines() const {
   }
   std::ranges::sort(rows);
   std::vector<LineGroup> lines;
-  std::ranges::transform(rows, std::back_inserter(lines), [this](int row) {
-    return lines_->Groups()[static_cast<std::size_t>(row)];
-  });
+  for (const int row : rows) lines.push_back(lines_->Groups()[static_cast<std::size_t>(row)]);
   return lines;
 }
 
