@@ -166,8 +166,7 @@ TEST_F(SettingsPanels, TakesStopWordsOfOnesOwn) {
   Click("cmdClearStopWordsFile");
   EXPECT_NE(Text("txbOutput"), "");
   // A typed path is read when it is needed. Emptying the box is the same as "Clear".
-  Control("txbStopWordsFile").setFocus();
-  TypeText(Control("SettingsPanel"), " " + own + " ");
+  TypeInto("txbStopWordsFile", " " + own + " ");
   Press(Qt::ALT | Qt::Key_L, {listed});
   EXPECT_EQ(Text("txbStopWordsFile") + Text("txbOutput"), own);
   Type("txbStopWordsFile", " ");

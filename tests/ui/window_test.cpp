@@ -52,14 +52,19 @@ void WindowTest::Press(QKeyCombination keys, const BoxList& boxes) {
   });
 }
 
-void WindowTest::Type(const std::string& control, const std::string& text, const BoxList& boxes,
-                      Qt::Key end) {
+void WindowTest::TypeInto(const std::string& control, const std::string& text) {
   Click(control);
   QWidget& window = *Control(control).window();
   QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(window.windowHandle(), Qt::Key_Delete);
   TypeText(window, text);
-  Do(control, boxes, [&window, end] { QTest::keyClick(window.windowHandle(), end); });
+}
+
+void WindowTest::Type(const std::string& control, const std::string& text, const BoxList& boxes,
+                      Qt::Key end) {
+  TypeInto(control, text);
+  QWindow* window = Control(control).window()->windowHandle();
+  Do(control, boxes, [window, end] { QTest::keyClick(window, end); });
 }
 
 void WindowTest::Choose(const std::string& list, const std::string& item, const BoxList& boxes) {

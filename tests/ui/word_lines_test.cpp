@@ -277,9 +277,7 @@ TEST_F(WordsAndLines, OrdersAndFiltersLines) {
   OpenTab(
       "it is as it is and it is as it is and it is: it / is sea of us, sea at it. Is sea of us "
       "and so the Sea at us\r\n");
-  Click("txbFindWord");
-  TypeText(*window_, "s?a");
-  Press(Qt::Key_Return);
+  Type("txbFindWord", "s?a", {}, Qt::Key_Return);
   Press(Qt::CTRL | Qt::Key_A);
   EXPECT_EQ(Text("lblLineCount"), "4 lines");
   Choose("cboLineOrder", "Right 1");
