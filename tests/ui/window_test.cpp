@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 #include <stdexcept>
 
 #include "ui/x_client.h"
@@ -92,12 +93,13 @@ QWidget& WindowTest::Control(const std::string& name) const {
 }
 
 bool WindowTest::Shown(const std::string& name) const {
-  const auto* control = window_->findChild<QWidget*>(QString::fromStdString(name));
-  return control != nullptr && control->isVisible();
+  const auto controls = window_->findChildren<QWidget*>(QString::fromStdString(name));
+  return std::ranges::any_of(controls, &QWidget::isVisible);
 }
 
 std::string WindowTest::Text(const std::string& name) const {
-  const QWidget* control = window_->findChild<QWidget*>(QString::fromStdString(name));
+  const QWidget* control =
+      Shown(name) ? &Control(name) : window_->findChild<QWidget*>(QString::fromStdString(name));
   for (const char* property : {"plainText", "currentText", "text"}) {
     const QVariant text = control == nullptr ? QVariant() : control->property(property);
     if (text.isValid()) return text.toString().remove('&').toStdString();

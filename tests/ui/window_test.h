@@ -48,7 +48,8 @@ class WindowTest : public testing::Test {
   // Throws if no such control is visible.
   [[nodiscard]] QWidget& Control(const std::string& name) const;
   [[nodiscard]] bool Shown(const std::string& name) const;
-  // The text of a control, or the chosen entry of a list, without mnemonics.
+  // The text of a control, or the chosen entry of a list, without mnemonics. A visible control is
+  // preferred, because the viewer has a find bar too.
   [[nodiscard]] std::string Text(const std::string& name) const;
   [[nodiscard]] std::string Texts(const Names& names) const;
   // The controls that are "enabled" or "checked", each followed by a blank.
