@@ -6,9 +6,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QMenu>
-#include <QScrollBar>
 #include <QShortcut>
 #include <algorithm>
 #include <utility>

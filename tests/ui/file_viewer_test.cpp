@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 
 #include <QPlainTextEdit>
-#include <QTest>
 
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"

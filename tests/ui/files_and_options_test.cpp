@@ -1,7 +1,5 @@
 #include "ui/files_and_options.h"
 
-#include <QTest>
-
 #include "ui/window_test.h"
 
 namespace quorvel {

@@ -2,7 +2,6 @@
 
 #include <QRegularExpression>
 #include <QTest>
-#include <QWindow>
 
 #include "ui/window_test.h"
 

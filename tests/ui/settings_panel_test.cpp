@@ -1,7 +1,6 @@
 #include "ui/settings_panel.h"
 
 #include <QComboBox>
-#include <QTest>
 
 #include "lists/languages.h"
 #include "run/stop_word_choice.h"
