@@ -68,6 +68,7 @@ class FilesAndOptions : public QObject {
   // The path of the file that a run in the current mode writes.
   [[nodiscard]] const std::string& OutputPath();
 
+  // Gives the focus to the List button.
   void SetTheFocus();
 
  private:
