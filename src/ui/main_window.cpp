@@ -8,7 +8,6 @@
 #include <QMimeData>
 #include <QShortcut>
 
-#include "run/word_lists.h"
 #include "ui/document_pane.h"
 #include "ui/file_viewer.h"
 #include "ui/files_and_options.h"

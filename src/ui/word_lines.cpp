@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QShortcut>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "files/path_names.h"

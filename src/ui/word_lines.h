@@ -8,7 +8,6 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
