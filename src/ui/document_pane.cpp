@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QStringMatcher>
-#include <QTextBlock>
 #include <algorithm>
 #include <optional>
 #include <utility>

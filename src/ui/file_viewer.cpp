@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QStringDecoder>
 #include <optional>
-#include <utility>
 
 #include "files/read_file.h"
 #include "ui/find_bar.h"

@@ -41,15 +41,14 @@ FilesAndOptions::FilesAndOptions(Ui::MainWindow& form, Session& session, WindowI
 }
 
 void FilesAndOptions::ConnectFiles() {
-  for (int index = 0; index < FILE_BOXES; ++index) {
-    const auto i = static_cast<std::size_t>(index);
-    connect(cmdFile_.at(i), &QPushButton::clicked, this, [this, index] {
+  for (std::size_t index = 0; index < FILE_BOXES; ++index) {
+    connect(cmdFile_.at(index), &QPushButton::clicked, this, [this, index] {
       FinishEditing();
       cmdFile_Click(index);
     });
-    connect(cmdClearFile_.at(i), &QPushButton::clicked, this,
+    connect(cmdClearFile_.at(index), &QPushButton::clicked, this,
             [this, index] { cmdClearFile_Click(index); });
-    connect(txbFile_.at(i), &QLineEdit::editingFinished, this,
+    connect(txbFile_.at(index), &QLineEdit::editingFinished, this,
             [this, index] { txbFile_LostFocus(index); });
   }
   OfferRecentDocuments(*ui_.cmdRecent, [this](const std::string& path) {
@@ -82,7 +81,7 @@ void FilesAndOptions::ConnectOptions() {
     if (ui_.optSearch->isChecked()) optSearch_Click();
   });
   onChange(ui_.cboWordOrder, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
-  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { cboContextSize_Click(); });
+  onChange(ui_.cboContextSize, &QComboBox::currentIndexChanged, [this] { host_.listAgain(); });
   onChange(ui_.chkFrequencies, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkShowLineBreaks, &QCheckBox::toggled, [this] { host_.listAgain(); });
   onChange(ui_.chkUnicode, &QCheckBox::toggled, [this] { chkUnicode_Click(); });
@@ -101,7 +100,7 @@ QString FilesAndOptions::InputFilter(bool isUnicode) {
   return tr("A text file or a document (%1)").arg("*.txt *.docx *.odt *.epub *.htm *.html *.xhtml");
 }
 
-void FilesAndOptions::cmdFile_Click(int index) {
+void FilesAndOptions::cmdFile_Click(std::size_t index) {
   if (index == INPUT_BOX) {
     ChooseFile(INPUT_BOX, "Specify input file",
                InputFilter(ui_.chkUnicode->isChecked()) + ";;" + tr("All files (*)"));
@@ -143,7 +142,7 @@ void FilesAndOptions::ChooseInput(const std::string& path) {
   PathChosen(INPUT_BOX);
 }
 
-void FilesAndOptions::PathChosen(int index) {
+void FilesAndOptions::PathChosen(std::size_t index) {
   TakeControls();
   if (index == INPUT_BOX) SetInput(Session::InputOrigin::chosen);
   if (index == KEYWORDS_BOX) {
@@ -158,20 +157,20 @@ void FilesAndOptions::PathChosen(int index) {
 
 // While a mouse button is down, the edit is finished when it is released. A message box that
 // appeared before that would receive the release instead of the clicked button.
-void FilesAndOptions::txbFile_LostFocus(int index) {
-  QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
+void FilesAndOptions::txbFile_LostFocus(std::size_t index) {
+  QLineEdit* box = txbFile_.at(index);
   if (showing_ || !box->isModified() || IsMouseDown()) return;
   ReplaceText(*box, box->text().trimmed());
   PathChosen(index);
 }
 
 bool FilesAndOptions::FinishEditing() {
-  for (int index = 0; index < FILE_BOXES; ++index) txbFile_LostFocus(index);
+  for (std::size_t index = 0; index < FILE_BOXES; ++index) txbFile_LostFocus(index);
   return txbExtraKeywords_LostFocus();
 }
 
-void FilesAndOptions::cmdClearFile_Click(int index) {
-  ReplaceText(*txbFile_.at(static_cast<std::size_t>(index)), {});
+void FilesAndOptions::cmdClearFile_Click(std::size_t index) {
+  ReplaceText(*txbFile_.at(index), {});
   TakeControls();
   if (index == INPUT_BOX) SetInput(Session::InputOrigin::restored);
   if (index == KEYWORDS_BOX) {
@@ -268,12 +267,6 @@ void FilesAndOptions::Fold(bool folded) {
   ui_.cmdFold->setChecked(folded);
   ui_.cmdFold->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
   ShowFoldedInput();
-}
-
-void FilesAndOptions::cboContextSize_Click() {
-  TakeControls();
-  ShowWhatIsPossible();
-  host_.listAgain();
 }
 
 }  // namespace quorvel

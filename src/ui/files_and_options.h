@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -22,7 +23,7 @@ class MainWindow;
 namespace quorvel {
 
 // The file boxes, in the order of their control arrays.
-enum FileBox { INPUT_BOX, RESULTS_BOX, KEYWORDS_BOX, CONCORDANCE_BOX, FILE_BOXES };
+enum FileBox : std::size_t { INPUT_BOX, RESULTS_BOX, KEYWORDS_BOX, CONCORDANCE_BOX, FILE_BOXES };
 
 // What the files and options need from the main window.
 struct FilesHost {
@@ -67,6 +68,7 @@ class FilesAndOptions : public QObject {
   // The path of the file that a run in the current mode writes.
   [[nodiscard]] const std::string& OutputPath();
 
+  // Gives the focus to the List button.
   void SetTheFocus();
 
  private:
@@ -74,27 +76,26 @@ class FilesAndOptions : public QObject {
   void ConnectFiles();
   void ConnectOptions();
 
-  void cmdFile_Click(int index);
-  void cmdClearFile_Click(int index);
-  void txbFile_LostFocus(int index);
+  void cmdFile_Click(std::size_t index);
+  void cmdClearFile_Click(std::size_t index);
+  void txbFile_LostFocus(std::size_t index);
   bool txbExtraKeywords_LostFocus();
   bool TakeExtraKeywords();
   void optCreate_Click();
   void optSearch_Click();
-  void cboContextSize_Click();
   void chkUnicode_Click();
   void cmdFold_Click();
 
   [[nodiscard]] static QString InputFilter(bool isUnicode);
   void ChooseFile(FileBox box, const QString& title, const QString& filter);
   void ChooseOutputFile(FileBox box, const QString& title, const QString& proposal);
-  void PathChosen(int index);
+  void PathChosen(std::size_t index);
   void ReadKeywords();
   void Fold(bool folded);
   void ShowFoldedInput();
-  void ShowPath(int index);
+  void ShowPath(std::size_t index);
   [[nodiscard]] bool MayShowLineBreaks() const;
-  [[nodiscard]] std::string& PathSetting(int index);
+  [[nodiscard]] std::string& PathSetting(std::size_t index);
 
   Ui::MainWindow& ui_;
   Session& session_;

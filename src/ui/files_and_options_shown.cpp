@@ -42,8 +42,8 @@ void FilesAndOptions::FillLists() {
 
 void FilesAndOptions::TakeControls() {
   ConcordanceSettings& settings = session_.Settings();
-  for (int index = 0; index < FILE_BOXES; ++index) {
-    TakePath(txbFile_.at(static_cast<std::size_t>(index))->text(), PathSetting(index));
+  for (std::size_t index = 0; index < FILE_BOXES; ++index) {
+    TakePath(txbFile_.at(index)->text(), PathSetting(index));
   }
   settings.mode = ui_.optSearch->isChecked() ? Mode::search : Mode::create;
   settings.wordOrder =
@@ -62,7 +62,7 @@ void FilesAndOptions::TakeControls() {
 void FilesAndOptions::ShowSettings() {
   const ConcordanceSettings& settings = session_.Settings();
   showing_ = true;
-  for (int index = 0; index < FILE_BOXES; ++index) ShowPath(index);
+  for (std::size_t index = 0; index < FILE_BOXES; ++index) ShowPath(index);
   for (QRadioButton* button : {ui_.optCreate, ui_.optSearch}) {
     button->setAutoExclusive(modeSelected_);
     const Mode mode = button == ui_.optCreate ? Mode::create : Mode::search;
@@ -86,8 +86,8 @@ void FilesAndOptions::ShowSettings() {
   ShowFileSizes();
 }
 
-void FilesAndOptions::ShowPath(int index) {
-  QLineEdit* box = txbFile_.at(static_cast<std::size_t>(index));
+void FilesAndOptions::ShowPath(std::size_t index) {
+  QLineEdit* box = txbFile_.at(index);
   const QString shown = ShownPath(PathSetting(index));
   if (box->text() != shown) ReplaceText(*box, shown);
   if (index == INPUT_BOX) ShowFoldedInput();
@@ -162,7 +162,7 @@ const std::string& FilesAndOptions::OutputPath() {
   return PathSetting(session_.Settings().mode == Mode::create ? CONCORDANCE_BOX : RESULTS_BOX);
 }
 
-std::string& FilesAndOptions::PathSetting(int index) {
+std::string& FilesAndOptions::PathSetting(std::size_t index) {
   ConcordanceSettings& settings = session_.Settings();
   switch (index) {
     case INPUT_BOX:

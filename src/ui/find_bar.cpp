@@ -129,7 +129,6 @@ void FindBar::ShowCount() {
 void FindBar::FindInTarget(Progress& progress) {
   const QString text = controls_.text->text();
   const FindTarget target = target_;  // copied, because events may change it
-  if (target.box == nullptr) return;
   controls_.count->setText(tr("..."));
   if (!target.find(text, progress) || progress.StopRequested()) return;
   if (const auto goesBackward = std::exchange(goesBackward_, {})) target.goOn(*goesBackward);

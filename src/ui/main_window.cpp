@@ -8,7 +8,6 @@
 #include <QMimeData>
 #include <QShortcut>
 
-#include "run/word_lists.h"
 #include "ui/document_pane.h"
 #include "ui/file_viewer.h"
 #include "ui/files_and_options.h"
@@ -37,9 +36,6 @@ void FixSize(QLabel& label, const QFont& font, const QString& widest) {
   label.setFont(font);
   label.setFixedSize(metrics.horizontalAdvance(widest), metrics.height());
 }
-
-// The text box that has the focus, or null.
-QWidget* FocusedEdit() { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
 
 }  // namespace
 
@@ -71,9 +67,11 @@ MainWindow::MainWindow() : ui_(std::make_unique<Ui::MainWindow>()) {
        .showPanel = [this] { panel_->ShowSettings(); }},
       this);
   panel_ = new SettingsPanel(*session_, *interface_, HostOfPanel(), this);
-  wordLines_ = new WordLines(*session_, *interface_, this);
-  wordLines_->SetHost({.mayLeaveOut = [this] { return session_->Settings().mode == Mode::create; },
-                       .leaveOut = [this](const QStringList& words) { LeaveOut(words); }});
+  wordLines_ =
+      new WordLines(*session_, *interface_,
+                    {.mayLeaveOut = [this] { return session_->Settings().mode == Mode::create; },
+                     .leaveOut = [this](const QStringList& words) { LeaveOut(words); }},
+                    this);
   ui_->tabResults->addTab(wordLines_, tr("Words and lines"));
   connect(ui_->tabResults, &QTabWidget::currentChanged, this, [this] {
     const bool isListing = ui_->tabResults->currentWidget() != wordLines_;
@@ -171,23 +169,20 @@ void MainWindow::ConnectButtons() {
 
 // A key clicks its button, and so does nothing while the button is disabled.
 void MainWindow::AddShortcuts() {
-  const auto press = [this](QAbstractButton* button, const std::vector<QKeySequence>& keys) {
-    for (const QKeySequence& key : keys) {
-      connect(new QShortcut(key, this), &QShortcut::activated, button, &QAbstractButton::click);
-    }
+  const auto onKey = [this](const QKeySequence& key, auto act) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, act);
   };
-  press(ui_->cmdHelp, {Qt::Key_F1});
-  press(ui_->cmdFile_0, {Qt::CTRL | Qt::Key_O});
-  press(ui_->cmdQuit, {Qt::CTRL | Qt::Key_Q});
-  press(ui_->cmdFold, {Qt::Key_F9});
+  onKey(Qt::Key_F1, [this] { ui_->cmdHelp->click(); });
+  onKey(Qt::CTRL | Qt::Key_O, [this] { ui_->cmdFile_0->click(); });
+  onKey(Qt::CTRL | Qt::Key_Q, [this] { ui_->cmdQuit->click(); });
+  onKey(Qt::Key_F9, [this] { ui_->cmdFold->click(); });
   const auto list = [this] {
     if (!interface_->IsWorking()) ui_->cmdListWords->click();
   };
-  for (const QKeySequence& key : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_Return),
-                                  QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this, list);
-  }
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] {
+  onKey(Qt::Key_F5, list);
+  onKey(Qt::CTRL | Qt::Key_Return, list);
+  onKey(Qt::CTRL | Qt::Key_Enter, list);
+  onKey(Qt::Key_Escape, [this] {
     if (interface_->IsWorking()) {
       ui_->cmdListWords->click();
     } else if (findBar_->IsOpen()) {
@@ -256,7 +251,8 @@ void MainWindow::Timer1_Timer() {
   files_->ShowToolTips();
   // Finish an edit that was not finished because a mouse button was down.
   const bool isBusy = QApplication::activeModalWidget() != nullptr || ShownPopUp() != nullptr;
-  if (!isBusy && FocusedEdit() == nullptr) files_->FinishEditing();
+  const bool isTyping = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+  if (!isBusy && !isTyping) files_->FinishEditing();
   files_->ShowWhatIsPossible();
   files_->ShowFileSizes();
 }

@@ -38,12 +38,6 @@ bool MayBeKept(const std::string& path) {
   return QDir::isAbsolutePath(ShownPath(path)) && path.find('\0') == std::string::npos;
 }
 
-void KeepInputs(const std::vector<std::string>& paths) {
-  QStringList encoded;
-  for (const std::string& path : paths) encoded.append(EncodedPath(path));
-  Preferences().setValue(INPUTS, encoded);
-}
-
 }  // namespace
 
 Reading KeptReading() {
@@ -76,7 +70,9 @@ void KeepInput(const std::string& path) {
   std::erase(paths, newest);
   paths.insert(paths.begin(), newest);
   if (paths.size() > MOST_INPUTS) paths.pop_back();
-  KeepInputs(paths);
+  QStringList encoded;
+  for (const std::string& kept : paths) encoded.append(EncodedPath(kept));
+  Preferences().setValue(INPUTS, encoded);
 }
 
 void ForgetInputs() { Preferences().remove(INPUTS); }

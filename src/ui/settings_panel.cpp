@@ -102,8 +102,8 @@ void SettingsPanel::ConnectButtons() {
   onClick(ui_->cmdSelectStopWordsFile_1, [this] { cmdSelectStopWordsFile_Click(1); });
   onClick(ui_->cmdListStopWords, [this] { cmdListStopWords_Click(); });
   onClick(ui_->cmdClearStopWordsFile, [this] { cmdClearStopWordsFile_Click(); });
-  onClick(ui_->cmdSaveLoadState_0, [this] { cmdSaveLoadState_Click(0); });
-  onClick(ui_->cmdSaveLoadState_1, [this] { cmdSaveLoadState_Click(1); });
+  onClick(ui_->cmdSaveLoadState_0, [this] { SaveToFile(); });
+  onClick(ui_->cmdSaveLoadState_1, [this] { LoadFromFile(); });
   onClick(ui_->cmdInitialize, [this] { cmdInitialize_Click(); });
   onClick(ui_->cmdQuitProgram, [this] { cmdQuitProgram_Click(); });
   onClick(ui_->cmdClosePanel, [this] { close(); });
@@ -174,14 +174,6 @@ void SettingsPanel::cmdInitialize_Click() {
   PopUpInForm(*ui_->cmdInitialize, {"Settings reinitialized", ui_->cmdInitialize->size(), SHOWN_MS},
               QPoint(0, 0));
   StayAt(*ui_->cmdInitialize);
-}
-
-void SettingsPanel::cmdSaveLoadState_Click(int index) {
-  if (index == 0) {
-    SaveToFile();
-  } else {
-    LoadFromFile();
-  }
 }
 
 void SettingsPanel::SaveToFile() {

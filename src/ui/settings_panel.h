@@ -49,7 +49,6 @@ class SettingsPanel : public QDialog {
   void cmdClearStopWordsFile_Click();
   void cmdListStopWords_Click();
   void cmdInitialize_Click();
-  void cmdSaveLoadState_Click(int index);
   void cmdQuitProgram_Click();
   void txbStopWordsFile_LostFocus();
   void txbExtraStopWords_LostFocus();

@@ -72,9 +72,10 @@ int StripsView::LabelWidth() const {
   return std::min(widest_ + 1, viewport()->width() / 3) + 2 * GAP;
 }
 
-QRect StripsView::StripOfRow(int row, int width) const {
+QRect StripsView::StripOfRow(int row) const {
   const int left = LabelWidth();
-  return {left, row * RowHeight() + 2, std::max(1, width - left - GAP), RowHeight() - 4};
+  const int width = viewport()->width() - left - GAP;
+  return {left, row * RowHeight() + 2, std::max(1, width), RowHeight() - 4};
 }
 
 QSize StripsView::sizeHint() const {
@@ -82,10 +83,10 @@ QSize StripsView::sizeHint() const {
   return {200, rows * RowHeight() + 2 * frameWidth()};
 }
 
-void StripsView::PaintRows(QPainter& painter, int width, int first, int last) {
+void StripsView::PaintRows(QPainter& painter, int first, int last) {
   for (int row = first; row <= last; ++row) {
     const QString& word = shown_.words[static_cast<std::size_t>(row)];
-    const QRect strip = StripOfRow(row, width);
+    const QRect strip = StripOfRow(row);
     const QRect label(GAP, strip.top(), strip.left() - 2 * GAP, strip.height());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignRight,
@@ -108,7 +109,7 @@ void StripsView::paintEvent(QPaintEvent* /*event*/) {
   const int top = verticalScrollBar()->value();
   painter.translate(0, -top);
   const int last = std::min(RowCount() - 1, (top + viewport()->height()) / RowHeight());
-  PaintRows(painter, viewport()->width(), top / RowHeight(), last);
+  PaintRows(painter, top / RowHeight(), last);
 }
 
 QImage StripsView::Picture(const QString& title) {
@@ -123,7 +124,7 @@ QImage StripsView::Picture(const QString& title) {
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(GAP, GAP, width, RowHeight(), Qt::AlignVCenter, title);
   painter.translate(0, top);
-  PaintRows(painter, width, 0, RowCount() - 1);
+  PaintRows(painter, 0, RowCount() - 1);
   return image;
 }
 
@@ -160,7 +161,7 @@ void StripsView::mousePressEvent(QMouseEvent* event) {
   const int row = (event->pos().y() + verticalScrollBar()->value()) / RowHeight();
   if (row >= RowCount()) return;
   ChooseRow(row);
-  const QRect strip = StripOfRow(row, viewport()->width());
+  const QRect strip = StripOfRow(row);
   const int column = std::clamp(event->pos().x() - strip.left(), 0, strip.width() - 1);
   const auto wanted =
       static_cast<std::int64_t>(column) * static_cast<std::int64_t>(shown_.length) / strip.width();

@@ -59,8 +59,8 @@ class StripsView : public QAbstractScrollArea {
  private:
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int LabelWidth() const;
-  [[nodiscard]] QRect StripOfRow(int row, int width) const;
-  void PaintRows(QPainter& painter, int width, int first, int last);
+  [[nodiscard]] QRect StripOfRow(int row) const;
+  void PaintRows(QPainter& painter, int first, int last);
   [[nodiscard]] int RowCount() const { return static_cast<int>(shown_.words.size()); }
   [[nodiscard]] const std::vector<Position>& PlacesOf(int row);
   void ShowScrollBar();

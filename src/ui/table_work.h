@@ -1,5 +1,5 @@
-// Work on many lines in the window. Events run meanwhile, and work that is no longer needed is
-// stopped.
+// Long work in the window, such as making lines or finding text in the document. Events run
+// meanwhile, and work that is no longer needed is stopped.
 #pragma once
 
 #include <QCoreApplication>

@@ -69,9 +69,8 @@ WindowInterface::WindowInterface(const ConversationControls& controls) : control
 }
 
 void WindowInterface::TellOfLostCharacters(std::int64_t count, Reading reading) {
-  const bool isUnicode = reading == Reading::unicode;
   controls_.lostCharacters->setText(ShownText(LostCharactersText(count, reading)));
-  controls_.readUnicode->setVisible(!isUnicode);
+  controls_.readUnicode->setVisible(reading != Reading::unicode);
   controls_.lossBar->show();
 }
 
@@ -161,7 +160,7 @@ void WindowInterface::ShowPendingPopUp() {
   pendingPopUp_.reset();
   QWidget& beside =
       controls_.outputFileBox->isVisible() ? *controls_.outputFileBox : *controls_.stopButton;
-  quorvel::PopUpInForm(beside, {text, SIZE, SHOWN_MS}, QPoint(0, beside.height()));
+  PopUpInForm(beside, {text, SIZE, SHOWN_MS}, QPoint(0, beside.height()));
 }
 
 void WindowInterface::OfferStop(bool offered) {

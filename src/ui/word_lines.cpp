@@ -6,11 +6,10 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QMenu>
-#include <QScrollBar>
 #include <QShortcut>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "files/path_names.h"
@@ -64,11 +63,12 @@ std::vector<LineGroup> EachOnce(const Lines& lines) {
 
 }  // namespace
 
-WordLines::WordLines(Session& session, Conversation& ui, QWidget* parent)
+WordLines::WordLines(Session& session, Conversation& ui, WordLinesHost host, QWidget* parent)
     : QWidget(parent),
       ui_(std::make_unique<Ui::WordLines>()),
       session_(session),
       conversation_(ui),
+      host_(std::move(host)),
       words_(new WordsModel(this)),
       lines_(new LinesModel(this)) {
   ui_->setupUi(this);
@@ -358,12 +358,9 @@ void WordLines::txbFindWord_Change() {
 }
 
 void WordLines::GoTo(Position position) {
-  int row = lines_->RowOf(position);
+  const int row = lines_->RowOf(position);
   // If equal lines are shown once, most of their places have no row.
-  if (row >= 0) {
-    ChooseRow(*ui_->tblLines, row);
-    return;
-  }
+  if (row >= 0) return ChooseRow(*ui_->tblLines, row);
   const auto line = std::ranges::find(all_, position, &Line::position);
   if (line == all_.end()) return;
   const WordEntry& word = listing_->words->words.table->At(line->entry);
@@ -453,9 +450,7 @@ std::vector<LineGroup> WordLines::ChosenLines() const {
   }
   std::ranges::sort(rows);
   std::vector<LineGroup> lines;
-  std::ranges::transform(rows, std::back_inserter(lines), [this](int row) {
-    return lines_->Groups()[static_cast<std::size_t>(row)];
-  });
+  for (const int row : rows) lines.push_back(lines_->Groups()[static_cast<std::size_t>(row)]);
   return lines;
 }
 

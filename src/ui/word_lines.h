@@ -8,7 +8,6 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -38,10 +37,8 @@ class WordLines : public QWidget {
   Q_OBJECT
 
  public:
-  WordLines(Session& session, Conversation& ui, QWidget* parent);
+  WordLines(Session& session, Conversation& ui, WordLinesHost host, QWidget* parent);
   ~WordLines() override;
-
-  void SetHost(WordLinesHost host) { host_ = std::move(host); }
 
   // Shows the words of a listing, or nothing for null. Chosen words stay chosen if the listing has
   // them.

@@ -1,6 +1,5 @@
 #include "ui/words_model.h"
 
-#include <QApplication>
 #include <QPainter>
 #include <algorithm>
 #include <utility>

@@ -2,9 +2,7 @@
 
 #include <sys/stat.h>
 
-#include <QLabel>
 #include <QPlainTextEdit>
-#include <QTest>
 
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"
@@ -72,18 +70,15 @@ TEST_F(FileViewer, FindsInItsText) {
   Press(Qt::Key_F1);
   QWidget& viewer = *Control("txbText1").window();
   ExpectSoon([&viewer] { return HasTheKeys(viewer); });
-  const auto count = [this] {
-    return dynamic_cast<QLabel&>(Control("lblFindCount")).text().toStdString();
-  };
   Press(Qt::CTRL | Qt::Key_F);
   ExpectNames(viewer);
   TypeText(viewer, "1  your FIRST");
-  EXPECT_EQ(count(), "2 found");
+  EXPECT_EQ(Text("lblFindCount"), "2 found");
   Press(Qt::Key_Return);
   Press(Qt::Key_F3);
-  EXPECT_EQ(count(), "2 of 2");
+  EXPECT_EQ(Text("lblFindCount"), "2 of 2");
   Press(Qt::SHIFT | Qt::Key_Return);
-  EXPECT_EQ(count(), "1 of 2");
+  EXPECT_EQ(Text("lblFindCount"), "1 of 2");
   Press(Qt::Key_Escape);
   EXPECT_TRUE(viewer.isVisible() && Control("txbText1").hasFocus() && !Shown("lblFindCount"));
   ScriptedConversation ui;
@@ -91,7 +86,7 @@ TEST_F(FileViewer, FindsInItsText) {
   Do("view", {}, [&] { ViewFile(*window_, large, "Caption", ui); });
   Press(Qt::Key_F3);
   Press(Qt::CTRL | Qt::Key_F);
-  EXPECT_EQ(count(), "0 found in what is shown");
+  EXPECT_EQ(Text("lblFindCount"), "0 found in what is shown");
   for (const char* next : {"cmdFindNext", "cmdFindPrevious", "cmdFindClose", "cmdClose"}) {
     Press(Qt::Key_Tab);
     EXPECT_TRUE(Control(next).hasFocus()) << next;

@@ -1,7 +1,5 @@
 #include "ui/files_and_options.h"
 
-#include <QTest>
-
 #include "ui/window_test.h"
 
 namespace quorvel {
@@ -9,13 +7,6 @@ namespace {
 
 class FilesAndOptionsTest : public WindowTest {
  protected:
-  // Types into a text box, and stays in it.
-  void TypeInto(const std::string& control, const std::string& text) {
-    Click(control);
-    Press(Qt::CTRL | Qt::Key_A);
-    TypeText(*window_, text);
-  }
-
   void ExpectListed(const std::string& begins = HARBOUR_ENTRY) const {
     EXPECT_EQ(Text("txbOutput").substr(0, begins.size()), begins);
   }

@@ -2,7 +2,6 @@
 
 #include <QRegularExpression>
 #include <QTest>
-#include <QWindow>
 
 #include "ui/window_test.h"
 
@@ -96,9 +95,7 @@ TEST_F(MainWindows, KeepsWhatItShowsCurrent) {
   ExpectSoon([&] { return tip() == input; });
   // A path that is being typed is not checked yet.
   const std::string other = folder_.Write("b.txt", "ship ahoy\r\n");
-  Click("txbFile_0");
-  Press(Qt::CTRL | Qt::Key_A);
-  TypeText(*window_, other);
+  TypeInto("txbFile_0", other);
   (void)folder_.Write("a.qvl.conc.txt", "ship");
   ExpectSoon([this] { return Control("cmdViewFile").isEnabled(); });
   EXPECT_EQ(Text("lblConcordanceFileSize"), "Concordance filesize: 4 bytes");

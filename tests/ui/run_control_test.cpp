@@ -1,5 +1,8 @@
 #include "ui/run_control.h"
 
+#include <QApplication>
+#include <QWindow>
+
 #include "support/made_texts.h"
 #include "ui/window_test.h"
 #include "ui/x_client.h"

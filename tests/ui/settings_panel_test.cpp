@@ -1,7 +1,6 @@
 #include "ui/settings_panel.h"
 
 #include <QComboBox>
-#include <QTest>
 
 #include "lists/languages.h"
 #include "run/stop_word_choice.h"
@@ -166,8 +165,7 @@ TEST_F(SettingsPanels, TakesStopWordsOfOnesOwn) {
   Click("cmdClearStopWordsFile");
   EXPECT_NE(Text("txbOutput"), "");
   // A typed path is read when it is needed. Emptying the box is the same as "Clear".
-  Control("txbStopWordsFile").setFocus();
-  TypeText(Control("SettingsPanel"), " " + own + " ");
+  TypeInto("txbStopWordsFile", " " + own + " ");
   Press(Qt::ALT | Qt::Key_L, {listed});
   EXPECT_EQ(Text("txbStopWordsFile") + Text("txbOutput"), own);
   Type("txbStopWordsFile", " ");

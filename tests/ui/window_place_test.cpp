@@ -1,7 +1,6 @@
 #include "ui/window_place.h"
 
 #include <QScreen>
-#include <QTest>
 
 #include "ui/preferences.h"
 #include "ui/window_test.h"

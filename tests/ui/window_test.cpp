@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 #include <stdexcept>
 
 #include "ui/x_client.h"
@@ -52,14 +53,19 @@ void WindowTest::Press(QKeyCombination keys, const BoxList& boxes) {
   });
 }
 
-void WindowTest::Type(const std::string& control, const std::string& text, const BoxList& boxes,
-                      Qt::Key end) {
+void WindowTest::TypeInto(const std::string& control, const std::string& text) {
   Click(control);
   QWidget& window = *Control(control).window();
   QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(window.windowHandle(), Qt::Key_Delete);
   TypeText(window, text);
-  Do(control, boxes, [&window, end] { QTest::keyClick(window.windowHandle(), end); });
+}
+
+void WindowTest::Type(const std::string& control, const std::string& text, const BoxList& boxes,
+                      Qt::Key end) {
+  TypeInto(control, text);
+  QWindow* window = Control(control).window()->windowHandle();
+  Do(control, boxes, [window, end] { QTest::keyClick(window, end); });
 }
 
 void WindowTest::Choose(const std::string& list, const std::string& item, const BoxList& boxes) {
@@ -87,12 +93,13 @@ QWidget& WindowTest::Control(const std::string& name) const {
 }
 
 bool WindowTest::Shown(const std::string& name) const {
-  const auto* control = window_->findChild<QWidget*>(QString::fromStdString(name));
-  return control != nullptr && control->isVisible();
+  const auto controls = window_->findChildren<QWidget*>(QString::fromStdString(name));
+  return std::ranges::any_of(controls, &QWidget::isVisible);
 }
 
 std::string WindowTest::Text(const std::string& name) const {
-  const QWidget* control = window_->findChild<QWidget*>(QString::fromStdString(name));
+  const QWidget* control =
+      Shown(name) ? &Control(name) : window_->findChild<QWidget*>(QString::fromStdString(name));
   for (const char* property : {"plainText", "currentText", "text"}) {
     const QVariant text = control == nullptr ? QVariant() : control->property(property);
     if (text.isValid()) return text.toString().remove('&').toStdString();

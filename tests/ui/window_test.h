@@ -35,7 +35,9 @@ class WindowTest : public testing::Test {
   void Do(const std::string& name, const BoxList& boxes, const std::function<void()>& act);
   void Click(const std::string& control, const BoxList& boxes = {});
   void Press(QKeyCombination keys, const BoxList& boxes = {});
-  // Replaces the text of a text box, and leaves the box with the key `end`.
+  // Replaces the text of a text box, and stays in it.
+  void TypeInto(const std::string& control, const std::string& text);
+  // The same, and leaves the box with the key `end`.
   void Type(const std::string& control, const std::string& text, const BoxList& boxes = {},
             Qt::Key end = Qt::Key_Tab);
   void Choose(const std::string& list, const std::string& item, const BoxList& boxes = {});
@@ -46,7 +48,8 @@ class WindowTest : public testing::Test {
   // Throws if no such control is visible.
   [[nodiscard]] QWidget& Control(const std::string& name) const;
   [[nodiscard]] bool Shown(const std::string& name) const;
-  // The text of a control, or the chosen entry of a list, without mnemonics.
+  // The text of a control, or the chosen entry of a list, without mnemonics. A visible control is
+  // preferred, because the viewer has a find bar too.
   [[nodiscard]] std::string Text(const std::string& name) const;
   [[nodiscard]] std::string Texts(const Names& names) const;
   // The controls that are "enabled" or "checked", each followed by a blank.

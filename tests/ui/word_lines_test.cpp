@@ -1,6 +1,5 @@
 #include "ui/word_lines.h"
 
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -89,10 +88,10 @@ class WordsAndLines : public WindowTest {
     menu->close();
   }
 
-  // Acts once, while a label shows that work is in progress.
-  void MeanwhileIn(const char* label, const std::function<void()>& act) {
-    QTimer::singleShot(0, window_.get(), [this, label, act] {
-      if (Text(label) != "...") return MeanwhileIn(label, act);
+  // Acts once, while lines are being made.
+  void WhileMakingLines(const std::function<void()>& act) {
+    QTimer::singleShot(0, window_.get(), [this, act] {
+      if (Text("lblLineCount") != "...") return WhileMakingLines(act);
       ++acted_;
       act();
     });
@@ -253,12 +252,12 @@ TEST_F(WordsAndLines, EndsWhatIsNoLongerWanted) {
   const auto press = [this](Qt::Key key) { QTest::keyClick(window_->windowHandle(), key); };
   Choose("cboLineOrder", "Right 2");
   Table("tblWords").setFocus();
-  MeanwhileIn("lblLineCount", [&] { press(Qt::Key_Down); });
+  WhileMakingLines([&] { press(Qt::Key_Down); });
   Press(Qt::CTRL | Qt::Key_A);
   EXPECT_EQ(Text("lblLineCount"), "30,000 lines");
   EXPECT_EQ(Rows("tblWords", true), "harbour|30,000||\n");
   // A run releases the listing that the lines are made of.
-  MeanwhileIn("lblLineCount", [&] { press(Qt::Key_F5); });
+  WhileMakingLines([&] { press(Qt::Key_F5); });
   Press(Qt::CTRL | Qt::Key_A, {WritesConcordance()});
   EXPECT_EQ(Text("lblLineCount"), "180,000 lines");
   EXPECT_EQ(Rows("tblWords", true), Rows("tblWords"));
@@ -277,9 +276,7 @@ TEST_F(WordsAndLines, OrdersAndFiltersLines) {
   OpenTab(
       "it is as it is and it is as it is and it is: it / is sea of us, sea at it. Is sea of us "
       "and so the Sea at us\r\n");
-  Click("txbFindWord");
-  TypeText(*window_, "s?a");
-  Press(Qt::Key_Return);
+  Type("txbFindWord", "s?a", {}, Qt::Key_Return);
   Press(Qt::CTRL | Qt::Key_A);
   EXPECT_EQ(Text("lblLineCount"), "4 lines");
   Choose("cboLineOrder", "Right 1");
@@ -360,10 +357,9 @@ TEST_F(WordsAndLines, LeavesWordsOutAndComesBackAfterARun) {
 
 TEST_F(WordsAndLines, IsThereAgainAtTheNextStart) {
   OpenTab();
-  const std::string path = folder_.Path("a.txt");
   const int wide = Control("tblWords").width();
   Press(Qt::CTRL | Qt::Key_Q);
-  Open(path, {LoadsStopWords()});
+  Open(folder_.Path("a.txt"), {LoadsStopWords()});
   EXPECT_TRUE(Shown("tblWords"));
   EXPECT_EQ(Control("tblWords").width(), wide);
   Click("cmdListWords", {WritesConcordance()});
