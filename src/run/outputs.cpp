@@ -17,8 +17,6 @@ Output IndexOutputOf(const ConcordanceSettings& settings) {
   return {"index file", DefaultIndexFileName(settings.inputFile)};
 }
 
-Output PictureOutputOf(const std::string& path) { return {"picture", path}; }
-
 bool CheckOutputs(const std::vector<Output>& outputs, FilesToKeep kept, Conversation& ui) {
   for (const Output& output : outputs) {
     if (const std::optional<Fault> fault = WouldReplace(output.path, kept)) {

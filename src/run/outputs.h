@@ -21,9 +21,6 @@ struct Output {
 // The index file of the input.
 [[nodiscard]] Output IndexOutputOf(const ConcordanceSettings& settings);
 
-// The file of a picture.
-[[nodiscard]] Output PictureOutputOf(const std::string& path);
-
 // True when no output would replace a file in `kept` or an earlier output. Otherwise the user is
 // told, and nothing may be written.
 [[nodiscard]] bool CheckOutputs(const std::vector<Output>& outputs, FilesToKeep kept,
