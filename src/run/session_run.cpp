@@ -20,11 +20,6 @@
 namespace quorvel {
 namespace {
 
-bool Refuse(Conversation& ui, const std::string& text) {
-  ui.Tell(text, STANDARD_TITLE);
-  return false;
-}
-
 RunOutcome OutcomeOf(ListingOutcome listing) {
   switch (listing) {
     case ListingOutcome::listed:
@@ -87,7 +82,10 @@ bool Session::CheckExtraWords() {
 bool Session::CheckInput() {
   settings_.inputFile = TrimBlanks(settings_.inputFile);
   settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
-  if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
+  if (settings_.inputFile.empty()) {
+    ui_.Tell("Input file not specified.", STANDARD_TITLE);
+    return false;
+  }
   return CheckNotOwnOutput(settings_.inputFile, ui_) &&
          CheckExtension(settings_.inputFile, settings_.reading, ListButtonCaption(settings_),
                         ui_) &&
