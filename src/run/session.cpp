@@ -177,8 +177,6 @@ void Session::DropInput() {
   digest_.reset();
 }
 
-void Session::DropWordsAtHand() { atHand_.reset(); }
-
 void Session::ChangeReading(Reading reading) {
   Enter(settings_.keywordsFile, [this, reading] {
     settings_.reading = reading;
