@@ -15,6 +15,12 @@ struct Output {
   std::string path;  // empty when no file is written
 };
 
+// The name of a mode's listing file in messages.
+[[nodiscard]] std::string OutputName(Mode mode);
+
+// The path of the listing's file in the settings' mode. May be empty.
+[[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
+
 // The listing's file in the settings' mode. Its path is empty when output to file is disabled.
 [[nodiscard]] Output ListingOutputOf(const ConcordanceSettings& settings);
 

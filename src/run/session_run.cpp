@@ -5,7 +5,6 @@
 
 #include "engine/table_fit.h"
 #include "lines/strips.h"
-#include "output/concordance_file.h"
 #include "run/document_reading.h"
 #include "run/fault_texts.h"
 #include "run/outputs.h"
