@@ -122,7 +122,7 @@ std::optional<InputText> ReadTextOrPage(const InputBytes& input, EncodingChoice 
 std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOptions& options,
                                         bool& macNoticeShown, Conversation& ui) {
   const CheckOptions checks = {.reading = options.reading};
-  if (!CheckInputFile(input.Path(), input, checks, macNoticeShown, ui).accepted) {
+  if (!CheckInputFile(input, checks, macNoticeShown, ui).accepted) {
     ui.SetOutput("");
     return std::nullopt;
   }

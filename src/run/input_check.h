@@ -25,7 +25,7 @@ struct InputCheck {
 
 // Classifies an input, or the fault of reading it, and tells the user about any problem. The notice
 // about Macintosh line ends is shown only if `macNoticeShown` is false, which then becomes true.
-[[nodiscard]] InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& input,
+[[nodiscard]] InputCheck CheckInputFile(const Result<InputBytes>& input,
                                         const CheckOptions& options, bool& macNoticeShown,
                                         Conversation& ui);
 

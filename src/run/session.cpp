@@ -105,7 +105,7 @@ bool Session::CheckChosenInput() {
   if (!isPacked) ui_.AppendOutput("Checking file ...\r\n");
   const CheckOptions options = {.reading = settings_.reading, .quiet = isPacked};
   const Result<InputBytes> input = InputNow();
-  const InputCheck check = CheckInputFile(path, input, options, macNoticeShown_, ui_);
+  const InputCheck check = CheckInputFile(input, options, macNoticeShown_, ui_);
   if (!check.accepted) return false;
   settings_.inputIsUtf8 = check.isUtf8;
   if (LowerExtensionOf(path) == "docx" && !IsWordDocument(*input)) {
