@@ -1,7 +1,6 @@
 #include "run/input_check.h"
 
 #include <cstdint>
-#include <limits>
 
 #include "files/file_system.h"
 #include "files/path_names.h"
@@ -157,11 +156,10 @@ bool CheckExtension(const std::string& path, Reading reading, const std::string&
 }
 
 bool CheckInputReadable(const std::string& path, Conversation& ui) {
-  constexpr std::int64_t LARGEST_INPUT = std::numeric_limits<std::int32_t>::max();
   Fault fault = {FaultKind::missing, path, {}};
   if (FileExists(path)) {
     const bool isFile = IsRegularFile(path);
-    if (isFile && FileLength(path).value_or(0) < LARGEST_INPUT) return true;
+    if (isFile && FileLength(path).value_or(0) <= std::int64_t{LONGEST_INPUT}) return true;
     fault.kind = isFile ? FaultKind::tooLong : FaultKind::notAFile;
   }
   ui.Ask(MessageOf(fault));
