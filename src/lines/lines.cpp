@@ -1,10 +1,9 @@
 #include "lines/lines.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
-#include "util/sort_in_steps.h"
+#include "lines/line_order.h"
 
 namespace quorvel {
 
@@ -80,10 +79,7 @@ std::optional<Lines> LinesOf(const LineSource& source, std::span<const EntryInde
       }
     });
   }
-  const auto isBefore = [](const Line& a, const Line& b) {
-    return std::tie(a.position, a.entry) < std::tie(b.position, b.entry);
-  };
-  if (entries.size() > 1 && !SortInSteps(lines, isBefore, progress)) return std::nullopt;
+  if (entries.size() > 1 && !OrderLines(lines, source, {}, progress)) return std::nullopt;
   if (progress.StopRequested()) return std::nullopt;
   return lines;
 }
