@@ -60,10 +60,8 @@ class EntryComposer {
   // MOST_OCCURRENCES times.
   void DisplayNextWord(const WordEntry& entry, String& outputText);
 
-  // The line of a word without contexts: the word and, if frequencies are shown, its count.
-  [[nodiscard]] String WordLine(const WordEntry& entry) const;
-
  private:
+  [[nodiscard]] String WordLine(const WordEntry& entry) const;
   void GatherContexts(const WordEntry& entry);
   void EmitContexts(const KeywordMarker<Char>& marker, const ExtraKeyword* keyword,
                     String& outputText);
