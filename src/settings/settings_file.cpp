@@ -125,19 +125,18 @@ class ValueReader {
     const char* const end = digits.data() + digits.size();
     const auto [behind, error] = std::from_chars(digits.data(), end, number);
     if (error == std::errc() && behind == end) return number;
-    return Fail<int>("line " + std::to_string(lines_) + " is not a number.");
+    return Fail("line " + std::to_string(lines_) + " is not a number.");
   }
 
   // Reads an index into a list of `count` choices, or NO_SELECTION.
   std::optional<int> Place(int count) {
     const std::optional<int> place = Number();
     if (!place || (*place >= NO_SELECTION && *place < count)) return place;
-    return Fail<int>("line " + std::to_string(lines_) + " is out of range.");
+    return Fail("line " + std::to_string(lines_) + " is out of range.");
   }
 
  private:
-  template <typename Value>
-  std::optional<Value> Fail(std::string fault) {
+  std::nullopt_t Fail(std::string fault) {
     fault_ = std::move(fault);
     return std::nullopt;
   }
@@ -145,7 +144,7 @@ class ValueReader {
   std::optional<std::string_view> NextLine() {
     if (!fault_.empty()) return std::nullopt;
     if (rest_.empty()) {
-      return Fail<std::string_view>("the file ends after line " + std::to_string(lines_) + ".");
+      return Fail("the file ends after line " + std::to_string(lines_) + ".");
     }
     ++lines_;
     const std::size_t length = std::min(rest_.find(LINE_END), rest_.size());
