@@ -144,8 +144,9 @@ class RowComposer {
   bool AddRowsOf(const WordEntry& entry) {
     TakeWord(entry);
     if (IsWordList()) return AddRow([] {});
-    return EachLineOf(source_.words.table->IndexOf(entry), source_, quotation_, reader_,
-                      [this](const Line& line) { return AddRow([&] { AppendOccurrence(line); }); });
+    return reader_.EachLineOf(source_.words.table->IndexOf(entry), [this](const Line& line) {
+      return AddRow([&] { AppendOccurrence(line); });
+    });
   }
 
   // Adds the rows of all words in one order.
