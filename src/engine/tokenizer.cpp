@@ -6,7 +6,7 @@
 
 #include "engine/token_cache.h"
 #include "engine/token_edges.h"
-#include "engine/word_tests.h"
+#include "engine/word_rules.h"
 #include "lists/keyword_beginnings.h"
 #include "util/characters.h"
 #include "util/hash_seed.h"
