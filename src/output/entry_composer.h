@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "engine/word_table.h"
 #include "lines/context_window.h"

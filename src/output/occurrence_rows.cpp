@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include "output/listing_order.h"
 #include "util/utf8.h"

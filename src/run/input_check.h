@@ -1,11 +1,9 @@
 // Checks whether an input can be used, with the messages and questions for the user.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "files/read_file.h"
-#include "input/input_file.h"
 #include "run/conversation.h"
 #include "util/alphabet.h"
 #include "util/fault.h"

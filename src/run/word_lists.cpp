@@ -1,7 +1,6 @@
 #include "run/word_lists.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
