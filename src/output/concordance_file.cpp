@@ -19,6 +19,7 @@ std::string PathOnOneLine(const std::string& path) {
 
 }  // namespace
 
+// Compatibility: the last digit is always 6, as in the headers of users' files.
 std::string VersionText() {
   return std::to_string(VERSION_MAJOR) + "." + std::to_string(VERSION_MINOR) + "6";
 }

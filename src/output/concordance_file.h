@@ -11,7 +11,7 @@
 
 namespace quorvel {
 
-// The program's version in headers: "21.36".
+// The program's version as users see it: "21.36" for version 21.3.
 [[nodiscard]] std::string VersionText();
 
 // Returns the header of a file written at `time`, in UTF-8 with CR LF line ends. `digest` is the
