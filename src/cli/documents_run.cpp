@@ -16,7 +16,6 @@
 #include "files/file_system.h"
 #include "files/folder_tree.h"
 #include "files/path_names.h"
-#include "output/concordance_file.h"
 #include "output/occurrence_rows.h"
 #include "run/outputs.h"
 #include "run/result_writer.h"

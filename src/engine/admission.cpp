@@ -5,6 +5,16 @@
 namespace quorvel {
 namespace {
 
+// Without a stop-words file and extra stop words there are no stop words, whatever `lists` still
+// holds from an earlier run.
+bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
+                const WordLists& lists, const Alphabet& alphabet) {
+  if (settings.stopWordsFile.empty() && lists.extraStopWords.empty()) return false;
+  return BinarySearch(lists.extraStopWords, alphabet.ToLowerCase(word)) ||
+         BinarySearch(lists.stopWords.words, word) ||
+         BinarySearch(lists.stopWords.numberWords, word);
+}
+
 bool IsListed(const WordEntry& entry, const ConcordanceSettings& settings, const WordLists& lists,
               const Alphabet& alphabet) {
   const bool hyphenated = entry.word.find(u'-') != std::u16string::npos;
@@ -16,14 +26,6 @@ bool IsListed(const WordEntry& entry, const ConcordanceSettings& settings, const
 }
 
 }  // namespace
-
-bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
-                const WordLists& lists, const Alphabet& alphabet) {
-  if (settings.stopWordsFile.empty() && lists.extraStopWords.empty()) return false;
-  return BinarySearch(lists.extraStopWords, alphabet.ToLowerCase(word)) ||
-         BinarySearch(lists.stopWords.words, word) ||
-         BinarySearch(lists.stopWords.numberWords, word);
-}
 
 IncludeFlags ApplyAdmissionFilters(const WordTable& table, const ConcordanceSettings& settings,
                                    const WordLists& lists, const Alphabet& alphabet) {

@@ -15,14 +15,9 @@ struct WordLists {
   KeywordLists keywords;
 };
 
-// True when `word` is a stop word. An extra stop word matches in any case, a word of the stop-words
-// file only as it is spelled. Without a stop-words file and extra stop words there are no stop
-// words, whatever `lists` still holds from an earlier run.
-[[nodiscard]] bool IsStopWord(std::u16string_view word, const ConcordanceSettings& settings,
-                              const WordLists& lists, const Alphabet& alphabet);
-
 // Returns a flag for each entry: true when it is listed. Create mode uses the settings and the stop
-// words; search mode uses only the keywords.
+// words; search mode uses only the keywords. An extra stop word matches in any case, a word of the
+// stop-words file only as it is spelled.
 [[nodiscard]] IncludeFlags ApplyAdmissionFilters(const WordTable& table,
                                                  const ConcordanceSettings& settings,
                                                  const WordLists& lists, const Alphabet& alphabet);

@@ -38,7 +38,7 @@ void AppendPosition(std::string& bytes, Position position, int width) {
 }
 
 // Parses a number that consists of digits only, from 0 to `largest`.
-std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t largest) {
+std::optional<std::int32_t> ParsedNumber(std::string_view digits, std::int32_t largest) {
   std::int32_t number = 0;
   const char* const end = digits.data() + digits.size();
   const auto [behind, error] = std::from_chars(digits.data(), end, number);
@@ -62,7 +62,7 @@ class LineReader {
 
   // Parses the next line as a number of the head.
   std::optional<std::int32_t> NextNumber(std::int32_t largest) {
-    return NumberOf(TrimBlanks(Next()), largest);
+    return ParsedNumber(TrimBlanks(Next()), largest);
   }
 
  private:
@@ -138,9 +138,9 @@ std::optional<WordEntry> EntryOnLine(std::string_view line, const Alphabet& alph
   const auto& [word, prev, count, next, positions] = fields;
   const std::u16string spelling = alphabet.Decode(word);
   if (spelling.empty() || spelling.size() > MAX_WORD_LENGTH) return std::nullopt;
-  const std::optional<std::int32_t> prevEntry = NumberOf(prev, wordCount);
-  const std::optional<std::int32_t> occurrences = NumberOf(count, LARGEST_NUMBER);
-  const std::optional<std::int32_t> nextEntry = NumberOf(next, wordCount);
+  const std::optional<std::int32_t> prevEntry = ParsedNumber(prev, wordCount);
+  const std::optional<std::int32_t> occurrences = ParsedNumber(count, LARGEST_NUMBER);
+  const std::optional<std::int32_t> nextEntry = ParsedNumber(next, wordCount);
   if (!prevEntry || !occurrences || *occurrences == 0 || !nextEntry) return std::nullopt;
   WordEntry entry = NewWordEntry(spelling, alphabet);
   if (!ReadPositions(positions, *occurrences, width, entry.positions)) return std::nullopt;

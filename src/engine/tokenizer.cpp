@@ -6,7 +6,7 @@
 
 #include "engine/token_cache.h"
 #include "engine/token_edges.h"
-#include "engine/word_tests.h"
+#include "engine/word_rules.h"
 #include "lists/keyword_beginnings.h"
 #include "util/characters.h"
 #include "util/hash_seed.h"
@@ -79,7 +79,7 @@ class Scan {
 
  private:
   static constexpr std::size_t AT_A_TIME = 64;
-  static constexpr std::size_t PART = 4096;  // characters that are examined without a pause
+  static constexpr std::size_t PART = 1024;  // characters that are examined without a pause
   static_assert(KeywordBeginnings::LENGTH <= MIN_WORD_LENGTH);
 
   static std::optional<KeywordBeginnings> BeginningsOf(const KeywordLists* sought,

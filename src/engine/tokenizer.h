@@ -4,7 +4,7 @@
 // complete table.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string_view>
 
 #include "engine/word_table.h"
@@ -14,13 +14,14 @@
 
 namespace quorvel {
 
-// The minimum length of a recorded word, in characters.
+// The minimum and maximum length of a recorded word, in characters.
 inline constexpr std::size_t MIN_WORD_LENGTH = 3;
+inline constexpr std::size_t MAX_WORD_LENGTH = 30;
 
 // Cuts the token that begins at `scanPosition`, where there must be a word character. Moves
-// `scanPosition` past the character after the token; at the end of the text it becomes the length
-// of the text plus 2. Returns the word of the token as a view into the text, or
-// an empty view when the token is not a word.
+// `scanPosition` to the character after the token; at the end of the text it becomes the length of
+// the text plus 2. Returns the word of the token as a view into the text, or an empty view when the
+// token is not a word.
 [[nodiscard]] std::u16string_view GetWord(std::u16string_view text, const Alphabet& alphabet,
                                           Position& scanPosition);
 

@@ -4,19 +4,10 @@
 #include <cmath>
 #include <utility>
 
+#include "util/leading_units.h"
+
 namespace quorvel {
 namespace {
-
-// The first four code units of a text as one number. It decides most comparisons of a sort without
-// following a pointer; equal numbers decide nothing.
-std::uint64_t LeadingUnits(std::u16string_view text) {
-  constexpr std::size_t UNITS = 4;
-  std::uint64_t number = 0;
-  for (std::size_t i = 0; i < UNITS; ++i) {
-    number = (number << 16U) | (i < text.size() ? text[i] : 0U);
-  }
-  return number;
-}
 
 // Joins two sorted tables. The positions in `last` are behind those in `first`.
 WordTable Joined(WordTable first, WordTable last) {

@@ -14,9 +14,6 @@
 
 namespace quorvel {
 
-// The maximum length of a recorded word, in characters.
-inline constexpr std::size_t MAX_WORD_LENGTH = 30;
-
 struct WordEntry {
   std::u16string word;              // as spelled in the text
   std::u16string sortKey;           // lower case, umlauts and accents folded

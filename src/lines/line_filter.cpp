@@ -5,18 +5,19 @@
 
 #include "lines/context_words.h"
 #include "lists/wildcard.h"
+#include "lists/word_file.h"
 #include "util/hash_seed.h"
 #include "util/text_hash.h"
 
 namespace quorvel {
 namespace {
 
-// The words of a text in which each word is followed by a blank.
-template <typename Take>
-bool AnyWord(std::u16string_view words, const Take& take) {
+// True when one of the words matches the pattern. Each word is followed by a blank.
+bool AnyWordMatches(std::u16string_view words, std::u16string_view pattern,
+                    const Alphabet& alphabet) {
   for (std::size_t begin = 0; begin < words.size();) {
     const std::size_t end = words.find(u' ', begin);
-    if (take(words.substr(begin, end - begin))) return true;
+    if (MatchesWildcard(words.substr(begin, end - begin), pattern, alphabet)) return true;
     begin = end + 1;
   }
   return false;
@@ -24,10 +25,9 @@ bool AnyWord(std::u16string_view words, const Take& take) {
 
 std::vector<std::u16string> PatternsOf(std::u16string_view wanted, const Alphabet& alphabet) {
   std::vector<std::u16string> patterns;
-  (void)AnyWord(std::u16string(wanted) + u' ', [&](std::u16string_view word) {
-    if (!word.empty()) patterns.push_back(alphabet.SortKey(word));
-    return false;
-  });
+  for (const std::u16string_view word : SplitAtBlanks(wanted)) {
+    patterns.push_back(alphabet.SortKey(word));
+  }
   return patterns;
 }
 
@@ -87,9 +87,7 @@ std::optional<Lines> LinesWith(std::u16string_view wanted, const Lines& lines,
       if (words.AppendWord(folded, text.match)) folded += u' ';
       words.AppendRight(folded, text.right, 1);
       const auto isThere = [&](const std::u16string& pattern) {
-        return AnyWord(folded, [&](std::u16string_view word) {
-          return MatchesWildcard(word, pattern, alphabet);
-        });
+        return AnyWordMatches(folded, pattern, alphabet);
       };
       if (std::all_of(patterns.begin(), patterns.end(), isThere)) kept.push_back(line);
       progress.Yield();

@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "lines/context_words.h"
+#include "util/leading_units.h"
 #include "util/sort_in_steps.h"
 
 // The keys of all lines are stored one after the other in one text. Most keys differ in their first
@@ -18,13 +19,6 @@ struct KeyedLine {
   std::size_t length = 0;
   Line line;
 };
-
-std::uint64_t FrontOf(std::u16string_view key) {
-  constexpr std::size_t UNITS = sizeof(std::uint64_t) / sizeof(char16_t);
-  std::uint64_t front = 0;
-  for (std::size_t i = 0; i < UNITS; ++i) front = front << 16U | (i < key.size() ? key[i] : 0U);
-  return front;
-}
 
 bool IsBefore(const Line& a, const Line& b) {
   return std::tie(a.position, a.entry) < std::tie(b.position, b.entry);
@@ -64,7 +58,7 @@ bool MakeKeys(KeyMaker<Char> maker, const Lines& lines, std::u16string& keys,
     const std::size_t begin = keys.size();
     maker.Append(keys, line);
     const std::u16string_view key = std::u16string_view(keys).substr(begin);
-    keyed.push_back({FrontOf(key), begin, key.size(), line});
+    keyed.push_back({LeadingUnits(key), begin, key.size(), line});
     progress.Yield();
     if (progress.StopRequested()) return false;
   }

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 
 #include "lines/line_filter.h"
 #include "lines/lines.h"

@@ -1,61 +1,75 @@
 #include "lines/lines.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
-#include "util/sort_in_steps.h"
+#include "lines/line_order.h"
 
 namespace quorvel {
+namespace {
+
+// The keywords of a search of which one must match the context of a line of `word`. There are none
+// if all lines of the word are listed.
+std::vector<const ExtraKeyword*> ContextKeywordsOf(std::u16string_view word,
+                                                   const KeywordLists* lists,
+                                                   const Alphabet& alphabet) {
+  if (lists == nullptr) return {};
+  const std::u16string lower = alphabet.ToLowerCase(word);
+  if (BinarySearch(lists->fileKeywords, lower)) return {};
+  std::vector<const ExtraKeyword*> keywords;
+  for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
+    const ExtraKeyword& keyword = lists->extraKeywords.Keywords()[i];
+    if (!keyword.hasContextPattern) return {};
+    keywords.push_back(&keyword);
+  }
+  return keywords;
+}
+
+}  // namespace
 
 template <typename Char>
 LineReader<Char>::LineReader(LineSource source, const Quotation<Char>& quotation)
-    : source_(std::move(source)), text_(quotation.Text()), cutter_(text_, source_.context) {
+    : source_(std::move(source)),
+      quotation_(quotation),
+      cutter_(quotation.Text(), source_.context) {
   copies_.reserve(2 * cutter_.LongestContext(MAX_WORD_LENGTH));
-}
-
-template <typename Char>
-std::u16string_view LineReader<Char>::WordOf(const Line& line) const {
-  return source_.words.table->At(line.entry).word;
 }
 
 template <typename Char>
 LineText<Char> LineReader<Char>::Read(const Line& line) {
   copies_.clear();
-  const std::u16string_view word = WordOf(line);
+  const std::u16string_view word = source_.words.table->At(line.entry).word;
   const TextSpan place =
       SpanOfOccurrence(source_.words.document->documentText, word, line.position);
   const ContextParts<Char> parts = cutter_.CutApart(line.position, word.size(), place, copies_);
-  return {place, parts.left, text_.substr(place.begin, place.end - place.begin), parts.right};
+  return {place, parts.left, quotation_.Text().substr(place.begin, place.end - place.begin),
+          parts.right};
 }
 
 template <typename Char>
-std::basic_string_view<Char> LineReader<Char>::Context(const Line& line) {
-  copies_.clear();
-  return cutter_.Cut(line.position, WordOf(line).size(), copies_);
+bool LineReader<Char>::EachLineOf(EntryIndex entry, const std::function<bool(const Line&)>& take) {
+  constexpr std::size_t AHEAD = 8;
+  const WordEntry& word = source_.words.table->At(entry);
+  const Alphabet& alphabet = source_.words.document->AlphabetOf();
+  const auto keywords = ContextKeywordsOf(word.word, source_.keywords.get(), alphabet);
+  const auto isListed = [&](Position position) {
+    if (keywords.empty()) return true;
+    copies_.clear();
+    const auto context = quotation_.InCodeUnits(cutter_.Cut(position, word.word.size(), copies_));
+    return std::ranges::any_of(keywords, [&](const ExtraKeyword* keyword) {
+      return WantsContext(*keyword, context, alphabet);
+    });
+  };
+  const std::vector<Position>& positions = word.positions;
+  for (std::size_t k = 0; k < positions.size(); ++k) {
+    if (k + AHEAD < positions.size()) cutter_.Prefetch(positions[k + AHEAD]);
+    if (isListed(positions[k]) && !take({entry, positions[k]})) return false;
+  }
+  return true;
 }
 
 template class LineReader<char>;
 template class LineReader<char16_t>;
-
-WantedLines::WantedLines(std::u16string_view word, const KeywordLists* lists,
-                         const Alphabet& alphabet)
-    : alphabet_(alphabet) {
-  if (lists == nullptr) return;
-  const std::u16string lower = alphabet.ToLowerCase(word);
-  if (BinarySearch(lists->fileKeywords, lower)) return;
-  for (const std::size_t i : lists->extraKeywords.Matches(lower)) {
-    keywords_.push_back(&lists->extraKeywords.Keywords()[i]);
-  }
-  const auto takesAll = [](const ExtraKeyword* keyword) { return !keyword->hasContextPattern; };
-  if (std::any_of(keywords_.begin(), keywords_.end(), takesAll)) keywords_.clear();
-}
-
-bool WantedLines::Take(std::u16string_view context) const {
-  return std::any_of(keywords_.begin(), keywords_.end(), [&](const ExtraKeyword* keyword) {
-    return WantsContext(*keyword, context, alphabet_);
-  });
-}
 
 std::optional<Lines> LinesOf(const LineSource& source, std::span<const EntryIndex> entries,
                              Progress& progress) {
@@ -76,14 +90,11 @@ std::optional<Lines> LinesOf(const LineSource& source, std::span<const EntryInde
     WithQuotation(*source.words.document, [&](const auto& quotation) {
       LineReader reader(source, quotation);
       for (const EntryIndex entry : entries) {
-        if (!EachLineOf(entry, source, quotation, reader, add)) return;
+        if (!reader.EachLineOf(entry, add)) return;
       }
     });
   }
-  const auto isBefore = [](const Line& a, const Line& b) {
-    return std::tie(a.position, a.entry) < std::tie(b.position, b.entry);
-  };
-  if (entries.size() > 1 && !SortInSteps(lines, isBefore, progress)) return std::nullopt;
+  if (entries.size() > 1 && !OrderLines(lines, source, {}, progress)) return std::nullopt;
   if (progress.StopRequested()) return std::nullopt;
   return lines;
 }

@@ -127,7 +127,7 @@ void DrawStrips(std::string_view title, const LineSource& source,
     std::vector<Position> positions;
     for (const EntryIndex entry : entries) {
       positions.clear();
-      (void)EachLineOf(entry, source, quotation, reader, [&](const Line& line) {
+      (void)reader.EachLineOf(entry, [&](const Line& line) {
         positions.push_back(line.position);
         return true;
       });

@@ -17,19 +17,11 @@ std::string PathOnOneLine(const std::string& path) {
   return EncodeUtf8(text);
 }
 
-// The name of the file's contents in its header.
-std::string KindWord(Mode mode) { return mode == Mode::create ? "Concordance" : "Search results"; }
-
 }  // namespace
 
-std::string OutputName(Mode mode) { return KindWord(mode) + " file"; }
-
+// Compatibility: the last digit is always 6, as in the headers of users' files.
 std::string VersionText() {
   return std::to_string(VERSION_MAJOR) + "." + std::to_string(VERSION_MINOR) + "6";
-}
-
-const std::string& OutputFileOf(const ConcordanceSettings& settings) {
-  return settings.mode == Mode::create ? settings.outputFile : settings.searchResultsFile;
 }
 
 std::string FileHeader(Mode mode, const std::string& inputFile, std::string_view digest,
@@ -39,7 +31,7 @@ std::string FileHeader(Mode mode, const std::string& inputFile, std::string_view
   if (mode == Mode::create) {
     header.append("MD5 message digest of input file: ").append(digest).append(LINE_END);
   }
-  return header.append(KindWord(mode))
+  return header.append(mode == Mode::create ? "Concordance" : "Search results")
       .append(" file created using Quorvel (V.")
       .append(VersionText())
       .append("): ")

@@ -11,14 +11,8 @@
 
 namespace quorvel {
 
-// The name of a mode's file in messages: "Concordance file" or "Search results file".
-[[nodiscard]] std::string OutputName(Mode mode);
-
-// The program's version in headers: "21.36".
+// The program's version as users see it: "21.36" for version 21.3.
 [[nodiscard]] std::string VersionText();
-
-// The path of the file that a run in the settings' mode writes. May be empty.
-[[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
 
 // Returns the header of a file written at `time`, in UTF-8 with CR LF line ends. `digest` is the
 // digest of the input; the header of a search does not contain it.

@@ -82,6 +82,7 @@ void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
   }
 }
 
+// The line of a word without contexts: the word and, if frequencies are shown, its count.
 template <typename Char>
 auto EntryComposer<Char>::WordLine(const WordEntry& entry) const -> String {
   String line = source_.quotation_.Of(entry.word);

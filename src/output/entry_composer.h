@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "engine/word_table.h"
 #include "lines/context_window.h"
@@ -60,10 +59,8 @@ class EntryComposer {
   // MOST_OCCURRENCES times.
   void DisplayNextWord(const WordEntry& entry, String& outputText);
 
-  // The line of a word without contexts: the word and, if frequencies are shown, its count.
-  [[nodiscard]] String WordLine(const WordEntry& entry) const;
-
  private:
+  [[nodiscard]] String WordLine(const WordEntry& entry) const;
   void GatherContexts(const WordEntry& entry);
   void EmitContexts(const KeywordMarker<Char>& marker, const ExtraKeyword* keyword,
                     String& outputText);

@@ -18,12 +18,10 @@ namespace quorvel {
 namespace {
 
 EntryOptions EntryOptionsOf(const Listing& listing) {
-  EntryOptions options;
-  options.context.contextSize = listing.options.contextSize;
-  options.context.showLineBreaks = listing.options.showLineBreaks;
-  options.showFrequencies = listing.options.showFrequencies;
-  options.keywords = listing.keywords.get();
-  return options;
+  const ListingOptions& options = listing.options;
+  return {{options.contextSize, options.showLineBreaks},
+          options.showFrequencies,
+          listing.keywords.get()};
 }
 
 using ListedSpan = std::span<const ListedWord>;

@@ -1,4 +1,4 @@
-// The listed words in the order of the listing.
+// The listed words in the order of the listing, and the progress while they are listed.
 #pragma once
 
 #include <cstdint>

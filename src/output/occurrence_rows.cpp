@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include "output/listing_order.h"
 #include "util/utf8.h"
@@ -144,8 +143,9 @@ class RowComposer {
   bool AddRowsOf(const WordEntry& entry) {
     TakeWord(entry);
     if (IsWordList()) return AddRow([] {});
-    return EachLineOf(source_.words.table->IndexOf(entry), source_, quotation_, reader_,
-                      [this](const Line& line) { return AddRow([&] { AppendOccurrence(line); }); });
+    return reader_.EachLineOf(source_.words.table->IndexOf(entry), [this](const Line& line) {
+      return AddRow([&] { AppendOccurrence(line); });
+    });
   }
 
   // Adds the rows of all words in one order.

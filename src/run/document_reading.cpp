@@ -21,6 +21,14 @@ struct InputText {
   std::int64_t lostCharacters = 0;
 };
 
+// Returns the value of a result. If there is none, tells the user why, except after a stop.
+template <typename Value>
+std::optional<Value> ValueOrTell(Result<Value> result, Conversation& ui) {
+  if (result) return *std::move(result);
+  if (result.Error().kind != FaultKind::stopped) ui.Ask(MessageOf(result.Error()));
+  return std::nullopt;
+}
+
 Message YesOrNo(std::string text, std::string title, Icon icon, Answer preset) {
   return {std::move(text), std::move(title), icon, Buttons::yesNo, preset};
 }
@@ -83,17 +91,12 @@ Result<InputText> TextThroughFile(InputBytes document, const TemporaryFile& file
 }
 
 std::optional<InputText> ReadWordDocument(InputBytes document, const BodyLimits& limits,
-                                          bool& inputIsUtf8, Conversation& ui) {
+                                          Conversation& ui) {
   ui.BeginPhase("Extracting text");
   TemporaryFile file("QVL", BODY_ENTRY);
   Result<InputText> text = TextThroughFile(std::move(document), file, limits, ui);
   if (const std::optional<Fault> stayed = file.Remove()) ui.Ask(MessageOf(*stayed));
-  if (!text) {
-    if (text.Error().kind != FaultKind::stopped) ui.Ask(MessageOf(text.Error()));
-    return std::nullopt;
-  }
-  inputIsUtf8 = true;
-  return *std::move(text);
+  return ValueOrTell(std::move(text), ui);
 }
 
 // Reports why a text file or a web page could not be read.
@@ -122,7 +125,7 @@ std::optional<InputText> ReadTextOrPage(const InputBytes& input, EncodingChoice 
 std::optional<PreparedText> ReadUnicode(const InputBytes& input, const ReadingOptions& options,
                                         bool& macNoticeShown, Conversation& ui) {
   const CheckOptions checks = {.reading = options.reading};
-  if (!CheckInputFile(input.Path(), input, checks, macNoticeShown, ui).accepted) {
+  if (!CheckInputFile(input, checks, macNoticeShown, ui).accepted) {
     ui.SetOutput("");
     return std::nullopt;
   }
@@ -165,12 +168,7 @@ std::shared_ptr<const Document> ObtainUnicodeDocument(InputBytes input,
   DocumentSource source = {input.Path(), input.Stamp(), request.digest};
   std::optional<PreparedText> text;
   if (const std::optional<PackedKind> kind = PackedKindOf(input)) {
-    Result<PreparedText> packed = ReadPacked(std::exchange(input, {}), *kind, request, ui);
-    if (packed) {
-      text = *std::move(packed);
-    } else if (packed.Error().kind != FaultKind::stopped) {
-      ui.Ask(MessageOf(packed.Error()));
-    }
+    text = ValueOrTell(ReadPacked(std::exchange(input, {}), *kind, request, ui), ui);
   } else {
     text = ReadUnicode(input, request.options, macNoticeShown, ui);
     input = {};
@@ -190,7 +188,8 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
   DocumentSource source = {input.Path(), input.Stamp(), request.digest};
   std::optional<InputText> text;
   if (IsWordDocument(input)) {
-    text = ReadWordDocument(std::exchange(input, {}), request.limits, inputIsUtf8, ui);
+    text = ReadWordDocument(std::exchange(input, {}), request.limits, ui);
+    if (text) inputIsUtf8 = true;
   } else {
     text = ReadTextOrPage(input, request.encodingChoice, inputIsUtf8, macNoticeShown, ui);
     input = {};
@@ -198,11 +197,9 @@ std::shared_ptr<const Document> ObtainDocument(InputBytes input, const ReadingRe
   if (!text) return nullptr;
   ReadingOptions options = request.options;
   options.isUtf8 = inputIsUtf8;
-  Result<std::shared_ptr<const Document>> document =
+  auto document =
       MakeDocument(std::move(source), options, std::move(text->text), ui, text->lostCharacters);
-  if (document) return *std::move(document);
-  if (document.Error().kind != FaultKind::stopped) ui.Ask(MessageOf(document.Error()));
-  return nullptr;
+  return ValueOrTell(std::move(document), ui).value_or(nullptr);
 }
 
 }  // namespace quorvel

@@ -1,10 +1,10 @@
 #include "run/input_check.h"
 
 #include <cstdint>
-#include <limits>
 
 #include "files/file_system.h"
 #include "files/path_names.h"
+#include "input/input_file.h"
 #include "run/fault_texts.h"
 #include "unicode/packed_documents.h"
 #include "util/time_text.h"
@@ -114,8 +114,8 @@ Message EncodingQuestion(bool inputIsUtf8) {
 
 }  // namespace
 
-InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& input,
-                          const CheckOptions& options, bool& macNoticeShown, Conversation& ui) {
+InputCheck CheckInputFile(const Result<InputBytes>& input, const CheckOptions& options,
+                          bool& macNoticeShown, Conversation& ui) {
   if (!input) {
     TellUnread(input.Error(), options.quiet, ui);
     return {};
@@ -123,7 +123,7 @@ InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& inp
   const FileClass found = ClassifyTextFile(*input, EXAMINED_BYTES, true);
   InputCheck check = {false, found.isUtf8};
   if (found.kind == FileKind::noPath) return check;
-  if (const std::string message = FatalMessage(found.kind, options.reading, path);
+  if (const std::string message = FatalMessage(found.kind, options.reading, input->Path());
       !message.empty()) {
     Inform(ui, message, "Fatal error");
     return check;
@@ -132,7 +132,7 @@ InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& inp
   if (options.quiet || options.reading == Reading::unicode) return check;
   if (found.kind == FileKind::macText && !macNoticeShown) {
     macNoticeShown = true;
-    ShowMacNotice(path, ui);
+    ShowMacNotice(input->Path(), ui);
   }
   if (found.kind == FileKind::unixText) {
     check.accepted = AcceptUnixFile(*input, options.askToContinue, ui);
@@ -157,11 +157,10 @@ bool CheckExtension(const std::string& path, Reading reading, const std::string&
 }
 
 bool CheckInputReadable(const std::string& path, Conversation& ui) {
-  constexpr std::int64_t LARGEST_INPUT = std::numeric_limits<std::int32_t>::max();
   Fault fault = {FaultKind::missing, path, {}};
   if (FileExists(path)) {
     const bool isFile = IsRegularFile(path);
-    if (isFile && FileLength(path).value_or(0) < LARGEST_INPUT) return true;
+    if (isFile && FileLength(path).value_or(0) <= std::int64_t{LONGEST_INPUT}) return true;
     fault.kind = isFile ? FaultKind::tooLong : FaultKind::notAFile;
   }
   ui.Ask(MessageOf(fault));
@@ -171,8 +170,7 @@ bool CheckInputReadable(const std::string& path, Conversation& ui) {
 bool SettleInputEncoding(const InputBytes& input, EncodingChoice choice, bool& inputIsUtf8,
                          bool& macNoticeShown, Conversation& ui) {
   const bool asks = choice == EncodingChoice::confirm;
-  const InputCheck check =
-      CheckInputFile(input.Path(), input, {.askToContinue = asks}, macNoticeShown, ui);
+  const InputCheck check = CheckInputFile(input, {.askToContinue = asks}, macNoticeShown, ui);
   if (!check.accepted) return false;
   if (check.isUtf8 == inputIsUtf8) return true;
   if (!asks) {

@@ -1,11 +1,9 @@
 // Checks whether an input can be used, with the messages and questions for the user.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "files/read_file.h"
-#include "input/file_kind.h"
 #include "run/conversation.h"
 #include "util/alphabet.h"
 #include "util/fault.h"
@@ -25,7 +23,7 @@ struct InputCheck {
 
 // Classifies an input, or the fault of reading it, and tells the user about any problem. The notice
 // about Macintosh line ends is shown only if `macNoticeShown` is false, which then becomes true.
-[[nodiscard]] InputCheck CheckInputFile(const std::string& path, const Result<InputBytes>& input,
+[[nodiscard]] InputCheck CheckInputFile(const Result<InputBytes>& input,
                                         const CheckOptions& options, bool& macNoticeShown,
                                         Conversation& ui);
 

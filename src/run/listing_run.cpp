@@ -8,8 +8,8 @@
 #include "files/file_system.h"
 #include "output/concordance_file.h"
 #include "output/entry_composer.h"
+#include "run/outputs.h"
 #include "run/result_writer.h"
-#include "util/ascii.h"
 #include "util/text_form.h"
 #include "util/time_text.h"
 #include "util/utf8.h"
@@ -184,7 +184,7 @@ ListingReport ListWords(const Listing& listing, const ListingTarget& target, Con
 }
 
 bool MayReplace(Mode mode, const ListingTarget& target, Conversation& ui) {
-  return !target.asksBeforeReplacing || MayReplace(LowerAscii(OutputName(mode)), target.path, ui);
+  return !target.asksBeforeReplacing || MayReplace(OutputName(mode), target.path, ui);
 }
 
 bool MayReplace(const std::string& name, const std::string& path, Conversation& ui) {
@@ -199,7 +199,7 @@ RowFormat RowFormatOf(OutputFormat format) {
 }
 
 std::string WritingFailed(Mode mode) {
-  return "An error occurred when creating " + LowerAscii(OutputName(mode)) + ".";
+  return "An error occurred when creating " + OutputName(mode) + ".";
 }
 
 std::u16string_view TextboxPart(std::u16string_view text) {

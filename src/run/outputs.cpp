@@ -3,21 +3,25 @@
 #include <optional>
 
 #include "files/path_names.h"
-#include "output/concordance_file.h"
-#include "util/ascii.h"
 
 namespace quorvel {
 
+std::string OutputName(Mode mode) {
+  return mode == Mode::create ? "concordance file" : "search results file";
+}
+
+const std::string& OutputFileOf(const ConcordanceSettings& settings) {
+  return settings.mode == Mode::create ? settings.outputFile : settings.searchResultsFile;
+}
+
 Output ListingOutputOf(const ConcordanceSettings& settings) {
   const bool disabled = settings.mode == Mode::create && settings.outputToFileDisabled;
-  return {LowerAscii(OutputName(settings.mode)), disabled ? "" : OutputFileOf(settings)};
+  return {OutputName(settings.mode), disabled ? "" : OutputFileOf(settings)};
 }
 
 Output IndexOutputOf(const ConcordanceSettings& settings) {
   return {"index file", DefaultIndexFileName(settings.inputFile)};
 }
-
-Output PictureOutputOf(const std::string& path) { return {"picture", path}; }
 
 bool CheckOutputs(const std::vector<Output>& outputs, FilesToKeep kept, Conversation& ui) {
   for (const Output& output : outputs) {

@@ -15,14 +15,17 @@ struct Output {
   std::string path;  // empty when no file is written
 };
 
+// The name of a mode's listing file in messages.
+[[nodiscard]] std::string OutputName(Mode mode);
+
+// The path of the listing's file in the settings' mode. May be empty.
+[[nodiscard]] const std::string& OutputFileOf(const ConcordanceSettings& settings);
+
 // The listing's file in the settings' mode. Its path is empty when output to file is disabled.
 [[nodiscard]] Output ListingOutputOf(const ConcordanceSettings& settings);
 
 // The index file of the input.
 [[nodiscard]] Output IndexOutputOf(const ConcordanceSettings& settings);
-
-// The file of a picture.
-[[nodiscard]] Output PictureOutputOf(const std::string& path);
 
 // True when no output would replace a file in `kept` or an earlier output. Otherwise the user is
 // told, and nothing may be written.

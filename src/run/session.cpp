@@ -87,36 +87,31 @@ void Session::SetInput(InputOrigin origin) {
     DropValues();
     ui_.SetOutput("");
     ClearCounts();
-    if (!settings_.inputFile.empty() && CheckChosenInput()) FollowInput(origin);
+    if (CheckChosenInput()) {
+      FollowInput(origin);
+    } else {
+      settings_.inputFile.clear();
+    }
     DropInput();
   });
 }
 
-// Checks the input in the settings. If it cannot be used, tells the user why and removes it from
-// the settings.
+// True when the input in the settings can be used. Otherwise tells the user why, unless there is no
+// input.
 bool Session::CheckChosenInput() {
   const std::string path = settings_.inputFile;
-  if (!CheckNotOwnOutput(path, ui_)) {
-    settings_.inputFile.clear();
-    return false;
-  }
+  if (path.empty() || !CheckNotOwnOutput(path, ui_)) return false;
   const bool isPacked = IsPackedName(path, settings_.reading);
   if (!isPacked) ui_.AppendOutput("Checking file ...\r\n");
-  CheckOptions options;
-  options.reading = settings_.reading;
-  options.quiet = isPacked;
+  const CheckOptions options = {.reading = settings_.reading, .quiet = isPacked};
   const Result<InputBytes> input = InputNow();
-  const InputCheck check = CheckInputFile(path, input, options, macNoticeShown_, ui_);
-  if (!check.accepted) {
-    settings_.inputFile.clear();
-    return false;
-  }
+  const InputCheck check = CheckInputFile(input, options, macNoticeShown_, ui_);
+  if (!check.accepted) return false;
   settings_.inputIsUtf8 = check.isUtf8;
   if (LowerExtensionOf(path) == "docx" && !IsWordDocument(*input)) {
     ui_.Tell("The file " + VisibleName(path) +
                  "\r\nhas a 'docx' extension but does not appear to be an MS Word 'docx' file.",
              STANDARD_TITLE);
-    settings_.inputFile.clear();
     return false;
   }
   return true;
@@ -181,8 +176,6 @@ void Session::DropInput() {
   input_.reset();
   digest_.reset();
 }
-
-void Session::DropWordsAtHand() { atHand_.reset(); }
 
 void Session::ChangeReading(Reading reading) {
   Enter(settings_.keywordsFile, [this, reading] {

@@ -118,7 +118,7 @@ class Session {
   void UseIndexFile() { LoadWordsAtHand(false); }
 
   // The next run reads and scans its input again.
-  void DropWordsAtHand();
+  void DropWordsAtHand() { atHand_.reset(); }
 
   // Changes how texts are read, and reads the current word lists again.
   void ChangeReading(Reading reading);

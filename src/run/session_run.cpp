@@ -5,7 +5,6 @@
 
 #include "engine/table_fit.h"
 #include "lines/strips.h"
-#include "output/concordance_file.h"
 #include "run/document_reading.h"
 #include "run/fault_texts.h"
 #include "run/outputs.h"
@@ -19,11 +18,6 @@
 
 namespace quorvel {
 namespace {
-
-bool Refuse(Conversation& ui, const std::string& text) {
-  ui.Tell(text, STANDARD_TITLE);
-  return false;
-}
 
 RunOutcome OutcomeOf(ListingOutcome listing) {
   switch (listing) {
@@ -87,7 +81,10 @@ bool Session::CheckExtraWords() {
 bool Session::CheckInput() {
   settings_.inputFile = TrimBlanks(settings_.inputFile);
   settings_.searchResultsFile = TrimBlanks(settings_.searchResultsFile);
-  if (settings_.inputFile.empty()) return Refuse(ui_, "Input file not specified.");
+  if (settings_.inputFile.empty()) {
+    ui_.Tell("Input file not specified.", STANDARD_TITLE);
+    return false;
+  }
   return CheckNotOwnOutput(settings_.inputFile, ui_) &&
          CheckExtension(settings_.inputFile, settings_.reading, ListButtonCaption(settings_),
                         ui_) &&
@@ -105,7 +102,7 @@ bool Session::CheckOutputsOfRun(bool withIndex) {
   std::vector<Output> outputs = {ListingOutput()};
   const bool lists = options_.outputSink || !outputs.front().path.empty();
   if (withIndex && lists) outputs.push_back(IndexOutputOf(settings_));
-  if (!options_.pictureFile.empty()) outputs.push_back(PictureOutputOf(options_.pictureFile));
+  if (!options_.pictureFile.empty()) outputs.push_back({"picture", options_.pictureFile});
   return quorvel::CheckOutputs(outputs, FilesOfRun(), ui_);
 }
 

@@ -11,20 +11,6 @@
 namespace quorvel {
 namespace {
 
-// A language without a stop-words file has no stop words. Returns nothing when a file cannot be
-// read.
-std::optional<StopWordsByLanguage> StopWordsOfAllLanguages() {
-  StopWordsByLanguage stopWords;
-  SilentProgress nobody;
-  for (std::size_t i = 0; i < LANGUAGES.size(); ++i) {
-    const Result<InputBytes> file = ReadInput(StopWordsPath(LANGUAGES.at(i)), nobody);
-    if (!file && file.Error().kind == FaultKind::missing) continue;
-    if (!file) return std::nullopt;
-    stopWords.at(i) = *WordsOfFileBytes(file->View(), Alphabet::Windows1252(), nobody);
-  }
-  return stopWords;
-}
-
 bool WantsEnglishList(Conversation& ui) {
   return ui.Ask({"No stop words file is set.\r\nDo you wish to use the English list?", "Stop words",
                  Icon::none, Buttons::yesNo, Answer::yes}) == Answer::yes;
@@ -36,9 +22,17 @@ std::string StopWordsPath(const Language& language) {
   return DataFilePath(std::string(language.stopWordsFile));
 }
 
+// A language without a stop-words file has no stop words.
 std::shared_ptr<const LanguagesByWord> ReadLanguages() {
-  const std::optional<StopWordsByLanguage> stopWords = StopWordsOfAllLanguages();
-  return stopWords ? std::make_shared<const LanguagesByWord>(LanguagesOf(*stopWords)) : nullptr;
+  StopWordsByLanguage stopWords;
+  SilentProgress nobody;
+  for (std::size_t i = 0; i < LANGUAGES.size(); ++i) {
+    const Result<InputBytes> file = ReadInput(StopWordsPath(LANGUAGES.at(i)), nobody);
+    if (!file && file.Error().kind == FaultKind::missing) continue;
+    if (!file) return nullptr;
+    stopWords.at(i) = *WordsOfFileBytes(file->View(), Alphabet::Windows1252(), nobody);
+  }
+  return std::make_shared<const LanguagesByWord>(LanguagesOf(stopWords));
 }
 
 Language RecognizeInputLanguage(const InputBytes& input, Reading reading,

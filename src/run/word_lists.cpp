@@ -1,7 +1,6 @@
 #include "run/word_lists.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -57,7 +56,7 @@ bool IsListFile(const std::string& path, const Result<InputBytes>& file, const A
   if (!file && file.Error().kind == FaultKind::notRead) return true;
   bool macNoticeShown = true;
   const CheckOptions options = {.reading = alphabet.ReadingOf(), .quiet = true};
-  return CheckInputFile(path, file, options, macNoticeShown, ui).accepted;
+  return CheckInputFile(file, options, macNoticeShown, ui).accepted;
 }
 
 // Reads the words of a file. For a long file, the user can stop it.

@@ -44,7 +44,7 @@ std::string TextLine(const std::string& bytes) {
 std::string NumberLine(int number) { return std::to_string(number) + std::string(LINE_END); }
 
 // The line of an option, or both lines of the mode.
-struct LineWriter {
+struct OptionWriter {
   const ConcordanceSettings& settings;
 
   std::string operator()(const Flag& flag) const {
@@ -73,12 +73,12 @@ std::string FileBytes(const ConcordanceSettings& settings) {
   std::string bytes;
   for (int line = 1; line <= SETTINGS_LINES; ++line) {
     const Option* const option = OptionOnLine(line);
-    if (option != nullptr) bytes += std::visit(LineWriter{settings}, option->kind);
+    if (option != nullptr) bytes += std::visit(OptionWriter{settings}, option->kind);
   }
   return bytes;
 }
 
-std::size_t LinesOf(std::string_view bytes) {
+std::size_t CountLines(std::string_view bytes) {
   std::size_t lines = 0;
   for (std::size_t end = bytes.find(LINE_END); end != std::string_view::npos;
        end = bytes.find(LINE_END, end + LINE_END.size())) {
@@ -125,19 +125,18 @@ class ValueReader {
     const char* const end = digits.data() + digits.size();
     const auto [behind, error] = std::from_chars(digits.data(), end, number);
     if (error == std::errc() && behind == end) return number;
-    return Fail<int>("line " + std::to_string(lines_) + " is not a number.");
+    return Fail("line " + std::to_string(lines_) + " is not a number.");
   }
 
   // Reads an index into a list of `count` choices, or NO_SELECTION.
   std::optional<int> Place(int count) {
     const std::optional<int> place = Number();
     if (!place || (*place >= NO_SELECTION && *place < count)) return place;
-    return Fail<int>("line " + std::to_string(lines_) + " is out of range.");
+    return Fail("line " + std::to_string(lines_) + " is out of range.");
   }
 
  private:
-  template <typename Value>
-  std::optional<Value> Fail(std::string fault) {
+  std::nullopt_t Fail(std::string fault) {
     fault_ = std::move(fault);
     return std::nullopt;
   }
@@ -145,7 +144,7 @@ class ValueReader {
   std::optional<std::string_view> NextLine() {
     if (!fault_.empty()) return std::nullopt;
     if (rest_.empty()) {
-      return Fail<std::string_view>("the file ends after line " + std::to_string(lines_) + ".");
+      return Fail("the file ends after line " + std::to_string(lines_) + ".");
     }
     ++lines_;
     const std::size_t length = std::min(rest_.find(LINE_END), rest_.size());
@@ -169,7 +168,7 @@ class ValueReader {
 };
 
 // Reads the line of an option, or both lines of the mode.
-struct LineReader {
+struct OptionReader {
   ValueReader& values;
   ConcordanceSettings& settings;
   bool starting = false;
@@ -226,7 +225,7 @@ std::string SaveState(const ConcordanceSettings& settings, const std::string& pa
   if (path.empty()) MakeFoldersFor(target);
   const std::string prefix = "Error when attempting to save settings: ";
   const std::string bytes = FileBytes(settings);
-  if (LinesOf(bytes) != SETTINGS_LINES)
+  if (CountLines(bytes) != SETTINGS_LINES)
     return prefix + "A file name or a text contains a line break";
   if (settings.reading == Reading::unicode) {
     for (const std::string& words : {settings.extraKeywords, settings.extraStopWords}) {
@@ -253,7 +252,7 @@ RestoredState RestoreSavedState(ConcordanceSettings& settings, const std::string
   RestoredState result;
   ValueReader values(*bytes);
   bool placesSelected = true;
-  const LineReader reader{values, settings, starting, result.modeSelected, placesSelected};
+  const OptionReader reader{values, settings, starting, result.modeSelected, placesSelected};
   for (int line = 1; line <= SETTINGS_LINES; ++line) {
     if (const Option* const option = OptionOnLine(line)) std::visit(reader, option->kind);
   }

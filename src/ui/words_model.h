@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "lines/typed_word.h"
+#include "engine/typed_word.h"
 #include "output/listing.h"
 
 namespace quorvel {

@@ -47,8 +47,8 @@ TEST(InputCheck, SaysWhatIsWrong) {
   for (const auto& row : rows) {
     ScriptedConversation ui;
     bool macNoticeShown = false;
-    const InputCheck check = CheckInputFile(
-        "a.txt", row.input, {.quiet = row.quiet, .askToContinue = true}, macNoticeShown, ui);
+    const InputCheck check =
+        CheckInputFile(row.input, {.quiet = row.quiet, .askToContinue = true}, macNoticeShown, ui);
     EXPECT_EQ(check.accepted, row.accepted) << row.said;
     EXPECT_EQ(macNoticeShown, row.said.find("Mac-") < row.said.size());
     EXPECT_EQ(ui.Said("a.txt"), row.said);
@@ -117,7 +117,7 @@ TEST(InputCheck, WarnsOfLargeUnixFilesAndRefusesTheLargest) {
     ui.answers = {answer};
     bool macNoticeShown = false;
     const InputCheck check =
-        CheckInputFile("a.txt", Input(UnixText(size)), {.askToContinue = ask}, macNoticeShown, ui);
+        CheckInputFile(Input(UnixText(size)), {.askToContinue = ask}, macNoticeShown, ui);
     EXPECT_EQ(check.accepted, size < 512001 && (size < 512000 || answer == Answer::yes));
     EXPECT_EQ(ui.Said("a.txt"), said);
   }

@@ -103,11 +103,11 @@ TEST(Session, ReadsAnotherInputAnew) {
 }
 
 TEST(Session, ReadsTheStopWordsAgainAfterAChangeOfTheReading) {
-  TestRun run("caf\xC3\xA9 bar\r\n");
+  TestRun run("caf\xC3\xA9 bar it is\r\n");
   run.settings.stopWordsFile = run.folder.Write("own.txt", "caf\xC3\xA9\r\n");
   run.session.ChangeReading(Reading::unicode);
   EXPECT_EQ(run.Go(), RunOutcome::done);
-  EXPECT_EQ(run.Entries(), "[bar 1]\r\n... café bar\r\n");
+  EXPECT_EQ(run.Entries(), "[bar 1]\r\n... café «bar» it is\r\n\r\n");
   (void)run.folder.Write("own.txt", "");
   run.session.ChangeReading(Reading::windows1252);
   EXPECT_EQ(run.Go(), RunOutcome::refused) << "no stop words in it";

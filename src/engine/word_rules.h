@@ -1,4 +1,4 @@
-// Tests that keep tokens out of the word table during the scan.
+// The rules that keep tokens out of the word table during the scan.
 #pragma once
 
 #include <string_view>

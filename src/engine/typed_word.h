@@ -18,9 +18,6 @@ class TypedWord {
 
   TypedWord(std::u16string_view typed, const Alphabet& alphabet);
 
-  // Whether it is a pattern (lists/wildcard.h). A pattern matches whole words.
-  [[nodiscard]] bool IsPattern() const { return isPattern_; }
-
   // How an entry matches, in its form for sorting or in its form without accents.
   [[nodiscard]] Fit FitOf(const WordEntry& entry) const;
 
@@ -28,7 +25,7 @@ class TypedWord {
   [[nodiscard]] Fit FitOf(std::u16string_view folded, std::u16string_view typed) const;
 
   const Alphabet& alphabet_;
-  bool isPattern_;
+  bool isPattern_;  // lists/wildcard.h; a pattern matches whole words
   std::u16string sorted_;
   std::u16string plain_;
 };

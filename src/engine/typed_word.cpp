@@ -1,4 +1,4 @@
-#include "lines/typed_word.h"
+#include "engine/typed_word.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "engine/word_tests.h"
+#include "engine/word_rules.h"
 
 #include <algorithm>
 #include <array>
