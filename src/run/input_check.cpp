@@ -4,7 +4,7 @@
 
 #include "files/file_system.h"
 #include "files/path_names.h"
-#include "input/input_file.h"
+#include "input/file_kind.h"
 #include "run/fault_texts.h"
 #include "unicode/packed_documents.h"
 #include "util/time_text.h"
