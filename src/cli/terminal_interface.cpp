@@ -98,9 +98,6 @@ void TerminalInterface::AppendOutput(std::string_view text) {
   if (showsProgress_) std::cerr << TerminalText(text);
 }
 
-// The command line has no output box; the listing goes to its file.
-void TerminalInterface::SetOutput(std::string_view /*text*/) {}
-
 void TerminalInterface::ShowBar(std::string_view caption) {
   if (!showsProgress_) return;
   if (caption.empty()) return ClearBar();
