@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <utility>
 
 #include "cli/platform.h"
 #include "run/fault_texts.h"

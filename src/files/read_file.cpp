@@ -1,12 +1,10 @@
 #include "files/read_file.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <limits>
 #include <utility>
 
 #include "files/system_calls.h"
