@@ -1,13 +1,11 @@
 #include "cli/documents_run.h"
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
-#include <utility>
 #include <vector>
 
 #include "cli/document_run.h"

@@ -4,8 +4,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <memory>
-#include <string_view>
-#include <utility>
 
 #include "cli/platform.h"
 #include "files/file_system.h"

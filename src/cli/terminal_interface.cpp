@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <utility>
 
 #include "cli/platform.h"
 #include "run/fault_texts.h"
@@ -97,9 +96,6 @@ TerminalInterface::TerminalInterface(std::optional<AnswerPolicy> policy, std::st
 void TerminalInterface::AppendOutput(std::string_view text) {
   if (showsProgress_) std::cerr << TerminalText(text);
 }
-
-// The command line has no output box; the listing goes to its file.
-void TerminalInterface::SetOutput(std::string_view /*text*/) {}
 
 void TerminalInterface::ShowBar(std::string_view caption) {
   if (!showsProgress_) return;

@@ -30,11 +30,11 @@ class TerminalInterface : public Conversation {
                     const std::atomic<bool>& stopped);
 
   void AppendOutput(std::string_view text) override;
-  void SetOutput(std::string_view text) override;
   void ShowBar(std::string_view caption) override;
   Answer Ask(const Message& message) override;
   void TellOfLostCharacters(std::int64_t count, Reading reading) override;
   // Used only by windows:
+  void SetOutput(std::string_view /*text*/) override {}
   void SetLabel(Label /*label*/, std::string_view /*text*/) override {}
   void SayWhatIsShown(const ListingShown& /*listing*/) override {}
   void CountSeconds(bool /*counting*/) override {}

@@ -40,32 +40,10 @@ fs::path ProgramPath() {
   return path;
 }
 
-bool RemoveAnything(const std::string& path) {
-  std::error_code error;
-  fs::remove(ToPath(path), error);
-  return !error;
-}
-
-FolderMaking MakeFolderOfOwner(const fs::path& path) {
-  if (::CreateDirectoryW(path.c_str(), nullptr) != 0) return FolderMaking::made;
-  return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
-}
-
 #else
 fs::path ProgramPath() {
   std::error_code error;
   return fs::read_symlink("/proc/self/exe", error);
-}
-
-// Allocates no memory.
-bool RemoveAnything(const std::string& path) {
-  return std::remove(path.c_str()) == 0 || errno == ENOENT;
-}
-
-FolderMaking MakeFolderOfOwner(const fs::path& path) {
-  constexpr ::mode_t OWNER_ONLY = 0700;
-  if (::mkdir(path.c_str(), OWNER_ONLY) == 0) return FolderMaking::made;
-  return errno == EEXIST ? FolderMaking::exists : FolderMaking::failed;
 }
 
 #endif
@@ -154,6 +132,17 @@ std::string UserConfigurationFolder() {
   }
   return FromPath(ProgramPath().parent_path());
 }
+
+FolderMaking MakeFolder(const std::string& path) {
+  if (::CreateDirectoryW(ToPath(path).c_str(), nullptr) != 0) return FolderMaking::made;
+  return ::GetLastError() == ERROR_ALREADY_EXISTS ? FolderMaking::exists : FolderMaking::failed;
+}
+
+bool RemoveFileOrFolder(const std::string& path) {
+  std::error_code error;
+  fs::remove(ToPath(path), error);
+  return !error;
+}
 #else
 std::string TemporaryBase() {
   std::error_code error;
@@ -167,6 +156,17 @@ std::string UserConfigurationFolder() {
   const char* home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
   if (home != nullptr && *home == '/') return JoinPath(home, ".config");
   return FromPath(ProgramPath().parent_path());
+}
+
+FolderMaking MakeFolder(const std::string& path) {
+  constexpr ::mode_t OWNER_ONLY = 0700;
+  if (::mkdir(path.c_str(), OWNER_ONLY) == 0) return FolderMaking::made;
+  return errno == EEXIST ? FolderMaking::exists : FolderMaking::failed;
+}
+
+// Allocates no memory.
+bool RemoveFileOrFolder(const std::string& path) {
+  return std::remove(path.c_str()) == 0 || errno == ENOENT;
 }
 #endif
 
@@ -188,10 +188,6 @@ std::string DataFilePath(const std::string& name) {
   }
   return FromPath(programFolder / ToPath(name));
 }
-
-FolderMaking MakeFolder(const std::string& path) { return MakeFolderOfOwner(ToPath(path)); }
-
-bool RemoveFileOrFolder(const std::string& path) { return RemoveAnything(path); }
 
 std::string SystemMessage(int errorNumber) {
 #ifdef _WIN32

@@ -1,12 +1,10 @@
 #include "files/read_file.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <limits>
 #include <utility>
 
 #include "files/system_calls.h"
@@ -32,7 +30,7 @@ std::shared_ptr<char[]> RoomFor(std::size_t length) {
 FileToRead::FileToRead(const std::string& path) : path_(path) {
   const fs::path place = ToPath(path);
   std::error_code error;
-  const fs::file_status found = quorvel::StatusOf(place, error);
+  const fs::file_status found = StatusOf(place, error);
   const bool isOther = fs::exists(found) && !fs::is_regular_file(found);
   if (found.type() == fs::file_type::not_found) {
     fault_ = SystemFault(FaultKind::missing, path, ENOENT);
@@ -51,7 +49,7 @@ void FileToRead::Open(const fs::path& place) {
     fault_ = SystemFault(errno == ENOENT ? FaultKind::missing : FaultKind::notOpened, path_, errno);
     return;
   }
-  const std::optional<OpenStatus> status = quorvel::StatusOf(handle_);
+  const std::optional<OpenStatus> status = StatusOf(handle_);
   if (!status) {
     fault_ = SystemFault(FaultKind::notRead, path_, errno);
   } else if (!status->isOrdinary) {

@@ -91,6 +91,12 @@ void AppendFolded(std::u16string& folded, char32_t ch) {
   }
 }
 
+std::u16string Folded(std::u16string_view text) {
+  std::u16string folded;
+  for (std::size_t i = 0; i < text.size();) AppendFolded(folded, NextCodePoint(text, i));
+  return folded;
+}
+
 }  // namespace
 
 struct Alphabet::Tables {
@@ -190,18 +196,13 @@ std::u16string_view Alphabet::OtherCapitalsOf(char16_t lower) const {
 }
 
 std::u16string Alphabet::SortKey(std::u16string_view word) const {
-  if (reading_ == Reading::windows1252) return ToLowerCase(FoldForKey(word));
-  std::u16string folded;
-  for (std::size_t i = 0; i < word.size();) AppendFolded(folded, NextCodePoint(word, i));
-  return ToLowerCase(folded);
+  return ToLowerCase(reading_ == Reading::unicode ? Folded(word) : FoldForKey(word));
 }
 
 std::u16string Alphabet::WithoutAccents(std::u16string_view word) const {
   const std::u16string plain = StripAccents(word);
   if (reading_ == Reading::windows1252) return ToLowerCase(plain);
-  std::u16string folded;
-  for (std::size_t i = 0; i < plain.size();) AppendFolded(folded, NextCodePoint(plain, i));
-  return ToLowerCase(folded);
+  return ToLowerCase(Folded(plain));
 }
 
 void Alphabet::AppendEncoded(std::string& bytes, std::u16string_view text) const {

@@ -15,11 +15,9 @@ namespace quorvel {
 
 inline constexpr unsigned FIRST_BEYOND_ASCII = 0x80;
 
-// The high bit of each of eight bytes.
-inline constexpr std::uint64_t HIGH_BITS = 0x8080808080808080;
-
 // True when the eight bytes from `bytes` on are ASCII. All eight must be readable.
 [[nodiscard]] inline bool AreEightAscii(const char* bytes) {
+  constexpr std::uint64_t HIGH_BITS = 0x8080808080808080;
   std::uint64_t eight = 0;
   std::memcpy(&eight, bytes, sizeof(eight));
   return (eight & HIGH_BITS) == 0;

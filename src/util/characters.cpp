@@ -25,15 +25,6 @@ std::u16string MappedText(const Mapping& mapping, std::u16string_view text) {
   return result;
 }
 
-}  // namespace
-
-std::u16string ToLowerCase(std::u16string_view text) { return MappedText(detail::TO_LOWER, text); }
-
-bool EqualsInLowerCase(std::u16string_view text, std::u16string_view lower) {
-  return std::equal(text.begin(), text.end(), lower.begin(), lower.end(),
-                    [](char16_t ch, char16_t lowerCh) { return ToLowerCase(ch) == lowerCh; });
-}
-
 std::u16string TransliterateUmlauts(std::u16string_view text) {
   std::u16string result;
   for (char16_t ch : text) {
@@ -45,6 +36,15 @@ std::u16string TransliterateUmlauts(std::u16string_view text) {
     }
   }
   return result;
+}
+
+}  // namespace
+
+std::u16string ToLowerCase(std::u16string_view text) { return MappedText(detail::TO_LOWER, text); }
+
+bool EqualsInLowerCase(std::u16string_view text, std::u16string_view lower) {
+  return std::equal(text.begin(), text.end(), lower.begin(), lower.end(),
+                    [](char16_t ch, char16_t lowerCh) { return ToLowerCase(ch) == lowerCh; });
 }
 
 std::u16string StripAccents(std::u16string_view text) { return MappedText(WITHOUT_ACCENT, text); }

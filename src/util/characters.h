@@ -112,15 +112,12 @@ constexpr bool IsLowerVowel(char16_t ch) { return (ClassOf(ch) & CLASS_LOWER_VOW
   return detail::Mapped(detail::TO_UPPER, ch);
 }
 
-// Writes each of Œ Ä Æ Ö Ü ä æ ö ü ß as two letters. Compatibility: œ stays, because the order of
-// the words in users' listings and index files depends on it.
-[[nodiscard]] std::u16string TransliterateUmlauts(std::u16string_view text);
-
 // Writes accented letters without their accents. Compatibility: Ð becomes D but ð stays, because
 // the order of the words in users' listings and index files depends on it.
 [[nodiscard]] std::u16string StripAccents(std::u16string_view text);
 
-// Transliterates umlauts, then strips accents.
+// Writes each of Œ Ä Æ Ö Ü ä æ ö ü ß as two letters, then strips accents. Compatibility: œ stays,
+// because the order of the words in users' listings and index files depends on it.
 [[nodiscard]] std::u16string FoldForKey(std::u16string_view text);
 
 }  // namespace quorvel

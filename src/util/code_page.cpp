@@ -17,12 +17,6 @@ constexpr char16_t FIRST_OTHER = FIRST_BEYOND_ASCII;
 // The number of code units handled at a time.
 constexpr std::size_t UNITS_AT_ONCE = 64;
 
-std::u16string CharactersOfWindows1252() {
-  std::string bytes;
-  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
-  return DecodeAnsi(bytes);
-}
-
 }  // namespace
 
 CodePage::CodePage(const std::array<char16_t, BYTES>& characters)
@@ -39,7 +33,9 @@ CodePage::CodePage(const std::array<char16_t, BYTES>& characters)
 std::shared_ptr<const CodePage> CodePage::Windows1252() {
   static const std::shared_ptr<const CodePage> PAGE = [] {
     std::array<char16_t, BYTES> characters{};
-    std::ranges::copy(CharactersOfWindows1252(), characters.begin());
+    for (std::size_t byte = 0; byte < BYTES; ++byte) {
+      characters[byte] = AnsiCharacter(static_cast<std::uint8_t>(byte));
+    }
     return std::shared_ptr<const CodePage>(new CodePage(characters));
   }();
   return PAGE;

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string>
 
 #include "util/progress.h"

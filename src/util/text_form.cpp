@@ -63,9 +63,9 @@ std::size_t FormConverter::OpenEnd(std::string_view text) const {
 }
 
 std::string InForm(std::string text, Coding from, const TextForm& to) {
-  FormConverter changer(from, to);
-  std::string result = changer.Next(std::move(text));
-  return result.append(changer.End());
+  FormConverter converter(from, to);
+  std::string result = converter.Next(std::move(text));
+  return result.append(converter.End());
 }
 
 }  // namespace quorvel

@@ -5,7 +5,6 @@
 // are mixed into both factors of every multiplication, and both halves of the product are used.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
