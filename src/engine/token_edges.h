@@ -35,9 +35,9 @@ class TokenEdges {
   // and also as the end of a token at the end of the text.
   std::size_t Next() { return NextBefore(text_.size()); }
 
-  // Like Next, but examines the text only up to `limit`, a 0-based index at a multiple of
-  // FLAG_COUNT characters after the beginning, or the length of the text. Returns `limit` when no
-  // edge is left before it.
+  // Like Next, but examines the text only up to `limit`, a 0-based index. Each limit but the last
+  // is a multiple of FLAG_COUNT characters after the beginning. Returns `limit` when no edge is
+  // left before it, or after the last limit an index that is not less.
   std::size_t NextBefore(std::size_t limit) {
     while (edges_ == 0) {
       if (blockEnd_ >= limit) return std::min(blockEnd_, text_.size());

@@ -27,11 +27,13 @@ inline std::shared_ptr<const Document> DocumentOf(std::u16string_view text) {
 // These positions and these entries of a table, from numbers.
 inline std::vector<Position> Positions(const std::vector<std::int32_t>& numbers) {
   std::vector<Position> positions;
+  positions.reserve(numbers.size());
   for (const std::int32_t number : numbers) positions.push_back(Position{number});
   return positions;
 }
 inline std::vector<EntryIndex> Entries(const std::vector<std::int32_t>& numbers) {
   std::vector<EntryIndex> entries;
+  entries.reserve(numbers.size());
   for (const std::int32_t number : numbers) entries.push_back(EntryIndex{number});
   return entries;
 }
