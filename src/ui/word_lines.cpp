@@ -450,6 +450,7 @@ std::vector<LineGroup> WordLines::ChosenLines() const {
   }
   std::ranges::sort(rows);
   std::vector<LineGroup> lines;
+  lines.reserve(rows.size());
   for (const int row : rows) lines.push_back(lines_->Groups()[static_cast<std::size_t>(row)]);
   return lines;
 }

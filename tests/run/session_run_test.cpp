@@ -70,6 +70,14 @@ TEST(SessionRun, SaysWhyItIsRefusedAndKeepsTheLastListing) {
   }
 }
 
+TEST(SessionRun, ChecksTheInputBeforeTheKeywords) {
+  TestRun run(HARBOUR);
+  run.settings.mode = Mode::search;
+  run.settings.inputFile = run.folder.Path("none.txt");
+  EXPECT_EQ(run.Go(), RunOutcome::refused);
+  EXPECT_EQ(run.ui.Said(run.settings.inputFile), "Fatal error: File @ not found.\n");
+}
+
 TEST(SessionRun, StopsAtAnyMoment) {
   const std::string_view lastLines[] = {
       "Stopped when reading file.", "Stopped with 7 words found.\r\n", "\r\nListing stopped.\r\n"};
