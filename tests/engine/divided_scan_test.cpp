@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "support/latin.h"
 #include "support/made_texts.h"
 #include "support/scripted_conversation.h"
@@ -61,6 +63,24 @@ TEST(DividedScan, CutsPiecesOfAboutTheSameLength) {
   ASSERT_EQ(pieces.size(), 7U);
   for (const TextSpan& piece : pieces) {
     EXPECT_LE(piece.end - piece.begin, text.size() / 7 + 8);
+  }
+}
+
+// Only the thread of the front end may talk to the user.
+class ProgressOfOneThread : public SilentProgress {
+ public:
+  void YieldNow() override { EXPECT_EQ(std::this_thread::get_id(), owner_); }
+
+ private:
+  std::thread::id owner_ = std::this_thread::get_id();
+};
+
+TEST(DividedScan, LetsEventsRunInTheCallingThreadAlone) {
+  const Text text(2000000, u' ');
+  const KeywordLists keywords = {{u"sea"}, {}};
+  ProgressOfOneThread progress;
+  for (const KeywordLists* sought : {static_cast<const KeywordLists*>(nullptr), &keywords}) {
+    (void)ScanPieces(text, PiecesOfText(text, latin, 3), latin, sought, progress);
   }
 }
 

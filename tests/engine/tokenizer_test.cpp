@@ -8,6 +8,7 @@
 #include "support/made_texts.h"
 #include "support/scanned_text.h"
 #include "support/scripted_conversation.h"
+#include "util/utf8.h"
 
 namespace quorvel {
 namespace {
@@ -56,15 +57,22 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     WordTable stopped;
     GetWords(text, {0, text.size()}, latin, stopped, progress, sought);
     EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
-    if (sought != nullptr) {
-      EXPECT_EQ(progress.yields, 0) << "walks over the text after the stop";
-    }
+    EXPECT_EQ(progress.yields, 0) << "walks over the text after the stop";
     ScriptedConversation user;
     user.stopAtYield = 1;
     WordTable cut;
     GetWords(text, {0, text.size()}, latin, cut, user, sought);
     EXPECT_EQ(user.StopRequested(), yields) << name;
     EXPECT_EQ(cut.entries.size(), yields ? wordsAfterStop : table.entries.size()) << name;
+  }
+}
+
+// What an apostrophe leaves ("John's", "don't") is no word, at any length limit.
+TEST(Tokenizer, GivesNoWordForTheRestAfterAnApostrophe) {
+  const std::pair<const char16_t*, const char16_t*> rows[] = {
+      {u"s", u""}, {u"T", u""}, {u"-t-", u""}, {u"x", u"x"}, {u"st", u"st"}, {u"ts", u"ts"}};
+  for (const auto& [token, word] : rows) {
+    EXPECT_EQ(WordOfToken(token, latin), word) << EncodeUtf8(token);
   }
 }
 

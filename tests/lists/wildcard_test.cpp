@@ -36,7 +36,7 @@ TEST(Wildcards, MatchAsByTrial) {
   for (int round = 0; round < 30000; ++round) {
     const std::u16string pattern = RandomText(parts, 7, random);
     const auto word =
-        RandomText<std::u16string>({u"a", u"a", u"b", u"4", u"³", u"[", u"]"}, 6, random);
+        RandomText<std::u16string>({u"a", u"a", u"b", u"4", u"³", u"[", u"]", u"!"}, 6, random);
     ASSERT_EQ(MatchesWildcard(word, pattern, latin), MatchesByTrial(word, pattern))
         << EncodeUtf8(word) << " by " << EncodeUtf8(pattern);
   }

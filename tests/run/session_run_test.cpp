@@ -23,9 +23,12 @@ TEST(SessionRun, SaysHowFarItIs) {
       "label \nlabel Number of keywords found: 7\n= [harbour 2]\n"
       "pops up Concordance file written\n";
   const std::string read = "+ Reading file ...\n+ Compacting spaces ...\n+ Processing file ...\n";
-  EXPECT_EQ(run.Go(), RunOutcome::done);
-  EXPECT_EQ(std::exchange(run.ui.log, ""),
-            begin + read + "+ Sorting ...\n" + ordering + listed + "counting off\n");
+  for (const Reading reading : {Reading::unicode, Reading::windows1252}) {
+    run.settings.reading = reading;
+    EXPECT_EQ(run.Go(), RunOutcome::done);
+    EXPECT_EQ(std::exchange(run.ui.log, ""),
+              begin + read + "+ Sorting ...\n" + ordering + listed + "counting off\n");
+  }
   EXPECT_EQ(run.session.ListAgain(), RunOutcome::done);
   EXPECT_EQ(run.ui.log, "stop on\ncounting off\n" + listed);
 }

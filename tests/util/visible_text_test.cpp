@@ -8,7 +8,7 @@ using namespace std::string_view_literals;
 
 TEST(VisibleText, ShowsWhatCannotBePrinted) {
   const std::pair<std::string_view, std::string_view> rows[] = {
-      {"a b/\xC3\xA9\xF0\x9F\x98\x80", "a b/\xC3\xA9\xF0\x9F\x98\x80"},
+      {"a ~/\xC3\xA9\xF0\x9F\x98\x80", "a ~/\xC3\xA9\xF0\x9F\x98\x80"},
       {"C:\\new", "C:\\new"},
       {"\n\r\t\0\x1F\x7F"sv, R"(\n\r\t\x00\x1f\x7f)"},
       {"\xC2\x80\xC2\x9F\xC2\xA0", "\\xc2\\x80\\xc2\\x9f\xC2\xA0"},
