@@ -351,13 +351,15 @@ void ApplyStandardInput(RawOptions& raw, CommandLine& commandLine) {
   if (raw.outputFile.empty()) raw.outputFile = "-";
 }
 
-// Stores a single document in the settings.
+// Stores a single document in the settings. Several documents replace one that a settings file
+// names.
 void ApplyInputs(RawOptions& raw, CommandLine& commandLine) {
   const std::vector<std::string>& inputs = raw.inputs;
   if (HoldStandardInput(inputs)) {
     ApplyStandardInput(raw, commandLine);
   } else if (inputs.size() > 1 || (inputs.size() == 1 && FolderExists(inputs.front()))) {
     commandLine.inputs = inputs;
+    commandLine.settings.inputFile.clear();
   } else if (!inputs.empty()) {
     commandLine.settings.inputFile = inputs.front();
   }

@@ -102,7 +102,7 @@ bool Session::CheckOutputsOfRun(bool withIndex) {
   std::vector<Output> outputs = {ListingOutput()};
   const bool lists = options_.outputSink || !outputs.front().path.empty();
   if (withIndex && lists) outputs.push_back(IndexOutputOf(settings_));
-  if (!options_.pictureFile.empty()) outputs.push_back({"picture", options_.pictureFile});
+  outputs.push_back({"picture", options_.pictureFile});
   return quorvel::CheckOutputs(outputs, FilesOfRun(), ui_);
 }
 

@@ -34,12 +34,12 @@ std::optional<NamedEntity> EntityNamed(std::string_view name) {
   return *found;
 }
 
-// The value of a digit, or NO_DIGIT, which is greater than any base.
+// The value of a digit. For any other character, a number that no base has as a digit.
 std::uint32_t DigitValue(char ch) {
   constexpr std::uint32_t NO_DIGIT = 99;
   if (ch >= '0' && ch <= '9') return static_cast<std::uint32_t>(ch - '0');
   const char lower = static_cast<char>(static_cast<unsigned>(ch) | 0x20U);
-  return lower >= 'a' && lower <= 'f' ? static_cast<std::uint32_t>(lower - 'a' + 10) : NO_DIGIT;
+  return lower >= 'a' ? static_cast<std::uint32_t>(lower - 'a' + 10) : NO_DIGIT;
 }
 
 // Parses "233" or "xE9". Returns at most BEHIND_LAST, or nothing for anything that is not a number.

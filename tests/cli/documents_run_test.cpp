@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "naive/places.h"
+#include "settings/settings_file.h"
 #include "support/made_texts.h"
 #include "support/platform.h"
 #include "support/run_program.h"
@@ -22,6 +23,7 @@ void FillDesk(const TestFolder& desk) {
   (void)desk.Write("b.txt", "A \"big\" house.\r\n");
   (void)desk.Write("sub/a.txt", "The old house.\r\n");
   (void)desk.Write("sub/a.docx", "bad");
+  (void)desk.Write("old.tsv", "old");
   (void)desk.Write("sub/html/c.html", "The old ship of the house.\r\n");
   for (const char* other : {"logo.png", "x.odt", "old.qvl.conc.txt"}) {
     (void)desk.Write(std::string("sub/html/") + other, "The old ship.\r\n");
@@ -51,6 +53,9 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
        "An error occurred when creating concordance file.\n"
        "quorvel-cli: none/x.tsv: No such file or directory\n",
        ""},
+      {"a.txt -- --x= b.txt", 1,
+       "--x=: This program acts only on text files, Word DOCX files and HTML files.\n",
+       "a.qvl.conc.txt b.qvl.conc.txt "},
       {"sub/html/empty", 1,
        "sub/html/empty: There is no text file, web page or DOCX document in this folder.\n", ""},
   };
@@ -59,7 +64,7 @@ TEST(DocumentsRun, TellsOfEachWhatIsWrongAndEndsWithTheWorst) {
     const TestFolder desk;
     FillDesk(desk);
     const auto before = desk.Files();
-    EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -j 1"), status);
+    EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, "-j 1 " + arguments), status);
     EXPECT_EQ(AsElsewhere(desk.Read("err")), said.empty() ? "" : "quorvel-cli: " + said);
     std::string files;
     for (const auto& [name, bytes] : desk.Files()) files += before.contains(name) ? "" : name + ' ';
@@ -106,6 +111,25 @@ TEST(DocumentsRun, MakesOneTable) {
     EXPECT_EQ(AsElsewhere(desk.Read("out")), table);
     EXPECT_EQ(RunProgram(desk, QUORVEL_CLI, arguments + " -o all.rows"), 0);
     EXPECT_EQ(AsElsewhere(desk.Read("all.rows")), table);
+  }
+}
+
+TEST(DocumentsRun, AsksBeforeItReplacesAFile) {
+  const TestFolder desk;
+  FillDesk(desk);
+  ConcordanceSettings asking;
+  asking.warnOnOverwrite = true;
+  asking.inputFile = "other.txt";
+  EXPECT_EQ(SaveState(asking, desk.Path("ask.lvz"), {}), "");
+  for (const bool yes : {false, true}) {
+    const std::string answer = yes ? "yes" : "no";
+    EXPECT_EQ(RunProgram(desk, QUORVEL_CLI,
+                         "-s ask.lvz a.txt b.txt --format tsv -o old.tsv --answer " + answer),
+              yes ? 0 : 1);
+    EXPECT_EQ(AsElsewhere(desk.Read("err")),
+              "quorvel-cli: A concordance file old.tsv already exists.  Do you wish to overwrite "
+              "it?\n");
+    EXPECT_EQ(desk.Read("old.tsv") == "old", !yes);
   }
 }
 

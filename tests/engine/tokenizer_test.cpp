@@ -37,8 +37,9 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     std::size_t bars;
     bool yields;
     std::size_t wordsAfterStop;
-  } rows[] = {{"words", u"harbour house ", 1000, nullptr, 42, false, 1},
-              {"words of a short text", u"harbour ", 10231 / 8, nullptr, 2, false, 1},
+  } rows[] = {{"words", u"harbour ", 20000, nullptr, 42, true, 1},
+              {"words of a short text", u"harbour house ", 731, nullptr, 2, false, 1},
+              {"words of 10240 characters", u"harbour and the houses ", 445, nullptr, 42, false, 1},
               {"short words", u"it is ", 3000, nullptr, 3, true, 1},
               {"a search", u"a ", 2200000, &last, 42, true, 0}};
   for (const auto& [name, part, times, sought, bars, yields, wordsAfterStop] : rows) {
@@ -57,7 +58,7 @@ TEST(Tokenizer, ShowsHowFarItIsUntilAStop) {
     WordTable stopped;
     GetWords(text, {0, text.size()}, latin, stopped, progress, sought);
     EXPECT_EQ(stopped.entries.size(), wordsAfterStop) << name;
-    EXPECT_EQ(progress.yields, 0) << "walks over the text after the stop";
+    EXPECT_LE(progress.yields, 1) << name << " are walked over after the stop";
     ScriptedConversation user;
     user.stopAtYield = 1;
     WordTable cut;

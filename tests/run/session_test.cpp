@@ -66,6 +66,13 @@ TEST(Session, RefusesAnInputThatCannotBeUsed) {
   }
 }
 
+TEST(Session, HasNoKeywordsOfAFileAfterSettingsAreLoaded) {
+  TestRun run("the sea\r\n");
+  run.session.Lists().keywords.fileKeywords = {u"sea"};
+  run.session.TakeLoadedSettings();
+  EXPECT_TRUE(run.session.Lists().keywords.fileKeywords.empty());
+}
+
 TEST(Session, ReadsTheWordsOfAllLanguagesThatASettingsFileNames) {
   for (const Language& language : {ALL_LANGUAGES, LANGUAGES[0]}) {
     TestRun run("the sea\r\n");

@@ -89,13 +89,14 @@ TEST(PackedDocuments, OfBooksGiveTheChaptersInTheirOrder) {
       "<item id='b' href='t/two%20%C5%82.html#x' media-type='text/html'/>"
       "<item id='c' href='./t/../../three.xhtml' media-type='application/xhtml+xml'/>"
       "<item id='p' href='p.svg' media-type='image/svg+xml'/>"
+      "<item id='o' href='./t/../one.xhtml' media-type='text/x-oeb1-document'/>"
       "<item id='m' href='missing.xhtml' media-type='application/xhtml+xml'/>"
       "<item id='q' href='%25%2g%g2%2' media-type='application/xhtml+xml'/>";
   const std::pair<const char*, const char*> rows[] = {
       {"<itemref idref='c'/><itemref idref='a' linear='no'/><itemref idref='b'/>", "3|1|2|"},
       {"<itemref idref='p'/><itemref idref='a'/><itemref idref='a'/>", "1|"},
       {"<itemref idref='m'/><itemref idref='a'/>", "damaged 1|"},
-      {"<itemref idref='q'/>", "4|"},
+      {"<itemref idref='q'/><itemref idref='o'/>", "4|1|"},
       {"<itemref idref='unknown'/><itemref idref='a'/>", "damaged 1|"},
       {"<itemref idref='a'/></damage>", "damaged 1|"},
       {"", "damaged "}};

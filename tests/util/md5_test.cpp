@@ -7,8 +7,11 @@
 namespace quorvel {
 namespace {
 
+// In pieces of this length, after one of a single byte.
 std::string DigestText(std::string_view bytes, std::size_t piece) {
   Md5Context context = Md5Init();
+  Md5Update(context, bytes.substr(0, 1));
+  bytes.remove_prefix(std::min<std::size_t>(1, bytes.size()));
   for (; !bytes.empty(); bytes.remove_prefix(std::min(piece, bytes.size()))) {
     Md5Update(context, bytes.substr(0, piece));
   }
