@@ -119,7 +119,7 @@ TEST(DocumentsRun, AsksBeforeItReplacesAFile) {
   FillDesk(desk);
   ConcordanceSettings asking;
   asking.warnOnOverwrite = true;
-  asking.inputFile = "other.txt";
+  asking.inputFile = "sub/a.txt";
   EXPECT_EQ(SaveState(asking, desk.Path("ask.lvz"), {}), "");
   for (const bool yes : {false, true}) {
     const std::string answer = yes ? "yes" : "no";

@@ -23,6 +23,8 @@ TEST(Md5, Digests) {
   const std::pair<std::string, const char*> rows[] = {
       {"", "d41d8cd98f00b204e9800998ecf8427e"},
       {"abc", "900150983cd24fb0d6963f7d28e17f72"},
+      {"12345678901234567890123456789012345678901234567890123456789012345678901234567890",
+       "57edf4a22be3c955ac49da2e2107b67a"},
       {std::string(55, 'q'), "c932e1b1a97de537d13e0dddd96da42b"},
       {std::string(56, 'q'), "266ea7b18061f04ebe140d63ce648567"},
       {std::string(200, 'q'), "df02a36fd4a99febe469328b0fe2037f"}};
