@@ -139,11 +139,11 @@ std::optional<WordEntry> EntryOnLine(std::string_view line, const Alphabet& alph
   const std::u16string spelling = alphabet.Decode(word);
   if (spelling.empty() || spelling.size() > MAX_WORD_LENGTH) return std::nullopt;
   const std::optional<std::int32_t> prevEntry = ParsedNumber(prev, wordCount);
-  const std::optional<std::int32_t> occurrences = ParsedNumber(count, LARGEST_NUMBER);
+  const std::int32_t occurrences = ParsedNumber(count, LARGEST_NUMBER).value_or(0);
   const std::optional<std::int32_t> nextEntry = ParsedNumber(next, wordCount);
-  if (!prevEntry || !occurrences || *occurrences == 0 || !nextEntry) return std::nullopt;
+  if (!prevEntry || occurrences == 0 || !nextEntry) return std::nullopt;
   WordEntry entry = NewWordEntry(spelling, alphabet);
-  if (!ReadPositions(positions, *occurrences, width, entry.positions)) return std::nullopt;
+  if (!ReadPositions(positions, occurrences, width, entry.positions)) return std::nullopt;
   return entry;
 }
 

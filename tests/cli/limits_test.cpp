@@ -87,6 +87,13 @@ TEST(Limits, OfThreadsAreNoMatter) {
   EXPECT_EQ(RunAll({"chmod a+rwx . tmp *; " + limited}), KINDS);
 }
 
+TEST(Limits, OfDataAreNoMatterToASmallDocument) {
+  if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";
+  const TestFolder folder;
+  (void)folder.Write("a.txt", "the cat and the dog\r\n");
+  EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "a.txt -o -", "ulimit -d 4000;"), 0);
+}
+
 // With less memory than such a file needs.
 TEST(Limits, OfMemoryAreNoMatterToAnIndexThatIsNone) {
   if (!CAN_LIMIT_MEMORY) GTEST_SKIP() << "memory cannot be limited here";

@@ -151,12 +151,15 @@ TEST(Options, TellOfThemselves) {
             std::string::npos);
   EXPECT_EQ(help.find("\n\n\n"), std::string::npos);
   std::string groups;
+  std::size_t longest = 0;
   std::istringstream lines(help);
   for (std::string line; std::getline(lines, line);) {
     if (line.ends_with(':') && !line.starts_with(' ')) groups += line;
+    longest = std::max(longest, line.size());
     if (!line.starts_with("  -")) continue;
     EXPECT_TRUE(line.at(28) == ' ' && line.at(29) != ' ') << line;
   }
+  EXPECT_EQ(longest, 79U) << "fills a terminal of 80 columns";
   EXPECT_EQ(groups, "Positionals:Files:Search:Listing:Words:Messages:");
   EXPECT_EQ(RunProgram(folder, QUORVEL_CLI, "-V"), 0);
   EXPECT_TRUE(folder.Read("out").starts_with("quorvel-cli " + VersionText()));

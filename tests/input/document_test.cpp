@@ -73,6 +73,8 @@ TEST(Document, SaysWhatItWasMadeOf) {
     }
     EXPECT_EQ(found, spans);
     EXPECT_EQ((*document)->skipSpans.inputIsHtml, *spans == '&');
+    const auto unicode = MakeUnicodeDocument({path, {}, digest}, {}, "f", 0);
+    EXPECT_EQ(unicode->skipSpans.pairs.size(), (*document)->skipSpans.pairs.size());
   }
 }
 

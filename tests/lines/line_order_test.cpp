@@ -41,6 +41,7 @@ TEST(ContextWords, AreFoldedFromTheMatchOutwards) {
       {"accents and digits", u"Über 20 Étés", u"ueber 20 etes ", u"etes 20 ueber "},
       {"letters of two code units", u"\U00010400\U0001F6A2 it", u"\U00010428 it ",
        u"it \U00010428 "},
+      {"the last code unit", u"\uFFFF it", u"it ", u"it "},
       {"joined to the match", u"'s light of l'", u"light of l ", u"of light s "},
       {"by another apostrophe", u"\u2019s light of l\u2019", u"light of l ", u"of light s "}};
   for (const auto& row : rows) {

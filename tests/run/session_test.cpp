@@ -66,6 +66,15 @@ TEST(Session, RefusesAnInputThatCannotBeUsed) {
   }
 }
 
+// The run tells later what is wrong with such an input.
+TEST(Session, TakesAnInputThatIsNoFileForEnglish) {
+  TestRun run("das Haus und der Hund\r\n");
+  for (const std::string& path : {run.folder.Path("none.txt"), run.folder.Path("")}) {
+    run.settings.inputFile = path;
+    EXPECT_EQ(run.session.RecognizeLanguage()->code, "en") << path;
+  }
+}
+
 TEST(Session, HasNoKeywordsOfAFileAfterSettingsAreLoaded) {
   TestRun run("the sea\r\n");
   run.session.Lists().keywords.fileKeywords = {u"sea"};

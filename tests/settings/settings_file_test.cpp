@@ -113,6 +113,18 @@ TEST(SettingsFile, JudgesEachLine) {
   }
 }
 
+TEST(SettingsFile, WithoutAModeLeavesTheModeAsItIs) {
+  const TestFolder folder;
+  std::string bytes = BytesOf({}, folder);
+  bytes.replace(StartOf(5, bytes), 1, "0");
+  for (const Mode mode : {Mode::create, Mode::search}) {
+    ConcordanceSettings restored;
+    restored.mode = mode;
+    EXPECT_FALSE(RestoreSavedState(restored, folder.Write("s.lvz", bytes), false).modeSelected);
+    EXPECT_EQ(restored.mode, mode);
+  }
+}
+
 TEST(SettingsFile, IsReadUpToAMegabyte) {
   const TestFolder folder;
   const std::string restoring = "Error when attempting to restore settings: ";

@@ -16,7 +16,7 @@ TEST(ChapterText, IsThatOfTheBody) {
   } rows[] = {
       {"from the body on", "<html><head><title>t</title></head> <BODY class='x'>\n<p>a</p><p>b",
        "a b"},
-      {"from the first body on", "t<body>a<body>b", "a b"},
+      {"from the first body on", "t<b>u</b><body>a<body>b", "a b"},
       {"without a body", "<html><head>t</head><p>a</p>", "a"},
       {"of no page at all", "a &amp; b", "a &amp; b"},
       {"tags inside words", "<body><b class='x'>T</b>he ha<EM>rbour</em><a>1</a><br/>x",
