@@ -7,7 +7,8 @@ namespace quorvel {
 TEST(TimeText, Elapsed) {
   const std::tuple<int32_t, const char*, const char*, const char*> rows[] = {
       {30, "30s", "30 seconds", "1 minute"},
-      {60, "1m", "1 minute", "2 minutes"},                           // the whole duration counts
+      {60, "1m", "1 minute", "2 minutes"},  // the whole duration counts
+      {3500, "58m 20s", "58 minutes and 20 seconds", "59 minutes"},
       {3599, "59m 59s", "59 minutes and 59 seconds", "59 minutes"},  // never rounded up to an hour
       {36059, "10h 0m 59s", "10 hours and 59 seconds", "10 hours"},
       {180121, "2d 2h 2m 1s", "2 days, 2 hours,  2 minutes and 1 second",
