@@ -93,7 +93,8 @@ std::string DeclaredCharset(std::string_view markup) {
     const std::string start = LowerAscii(rest.substr(0, LONGEST_NAME));
     if (start.starts_with("</head") || start.starts_with("<body")) break;
     if (start.starts_with("<!--")) {
-      place = std::min(markup.find("-->", place + 4), markup.size() - 1);
+      // As in browsers, "<!-->" is a whole comment.
+      place = std::min(markup.find("-->", place + 2), markup.size() - 1);
     } else if (start.starts_with("<?xml") || start.starts_with("<meta")) {
       const std::string_view tagged = rest.substr(0, LONGEST_TAG);
       const std::string tag = LowerAscii(tagged.substr(0, tagged.find('>')));

@@ -9,6 +9,14 @@
 
 namespace quorvel {
 
+TEST(IndexUse, SaysNothingWhereThereIsNoIndexFile) {
+  TestRun run("the sea\r\n");
+  SilentProgress nobody;
+  const Result<InputBytes> input = ReadInput(run.settings.inputFile, nobody);
+  EXPECT_FALSE(ReadIndexFile(*input, InputDigest(*input), Reading::windows1252, true, run.ui));
+  EXPECT_EQ(run.ui.Said(""), "");
+}
+
 TEST(IndexUse, IsAskedForAndRefused) {
   const std::string question =
       "Index file found: An index file for this input file exists, created,\r\nnamely, @."

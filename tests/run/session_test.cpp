@@ -75,6 +75,16 @@ TEST(Session, TakesAnInputThatIsNoFileForEnglish) {
   }
 }
 
+TEST(Session, LoadsTheSettingsThatItSaved) {
+  TestRun run("the sea\r\n");
+  const std::string path = run.folder.Path("s.lvz");
+  run.settings.contextSize = 7;
+  EXPECT_EQ(run.session.SaveSettings(path), "");
+  run.settings.contextSize = 2;
+  EXPECT_EQ(run.session.LoadSettings(path, false)->errorText, "");
+  EXPECT_EQ(run.settings.contextSize, 7);
+}
+
 TEST(Session, HasNoKeywordsOfAFileAfterSettingsAreLoaded) {
   TestRun run("the sea\r\n");
   run.session.Lists().keywords.fileKeywords = {u"sea"};

@@ -19,6 +19,7 @@ TEST(DeclaredCharset, IsFound) {
       {"<meta charset=\"\"><meta charset=big5>", "big5"},
       {"<!-- <meta charset=a> > --><meta charset=b>", "b"},
       {"<!-- <meta charset=a>", ""},
+      {"<!--><meta charset=a>--><meta charset=b>", "a"},
       {"<script charset=a></script>", ""},
       {"<title>charset=a</title></HEAD><meta charset=b>", ""},
       {"<body><meta charset=b>", ""},

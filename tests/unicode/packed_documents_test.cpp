@@ -89,7 +89,7 @@ TEST(PackedDocuments, OfBooksGiveTheChaptersInTheirOrder) {
       "<item id='b' href='t/two%20%C5%82.html#x' media-type='text/html'/>"
       "<item id='c' href='./t/../../three.xhtml' media-type='application/xhtml+xml'/>"
       "<item id='p' href='p.svg' media-type='image/svg+xml'/>"
-      "<item id='o' href='./t/../one.xhtml' media-type='text/x-oeb1-document'/>"
+      "<item id='o' href='./t/../one.xhtm%6C' media-type='text/x-oeb1-document'/>"
       "<item id='m' href='missing.xhtml' media-type='application/xhtml+xml'/>"
       "<item id='q' href='%25%2g%g2%2' media-type='application/xhtml+xml'/>";
   const std::pair<const char*, const char*> rows[] = {
