@@ -121,6 +121,13 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The programs load libzip themselves, so its package is not found by their dependencies.
+if(NOT WIN32)
+  file(REAL_PATH ${LIBZIP_LINK_LIBRARIES} libzip_file)
+  execute_process(COMMAND dpkg-query --search ${libzip_file} OUTPUT_VARIABLE libzip_package
+    ERROR_QUIET)
+  string(REGEX REPLACE ":.*" "" CPACK_DEBIAN_PACKAGE_DEPENDS "${libzip_package}")
+endif()
 # A desktop with Wayland only needs Qt's plug-in for it.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 include(CPack)

@@ -1,12 +1,12 @@
 #include "input/zip_archive.h"
 
-#include <zip.h>
-
 #include <array>
 #include <memory>
 #include <new>
 #include <optional>
 #include <utility>
+
+#include "input/zip_library.h"
 
 namespace quorvel {
 namespace {
@@ -15,19 +15,21 @@ constexpr std::size_t BLOCK_LENGTH = 65536;
 constexpr std::string_view LOCAL_RECORD = "PK\x03\x04";
 
 struct CloseArchive {
-  void operator()(zip_t* archive) const { zip_discard(archive); }
+  decltype(ZipLibrary::discard) discard = nullptr;
+  void operator()(zip_t* archive) const { discard(archive); }
 };
 struct CloseEntry {
-  void operator()(zip_file_t* entry) const { zip_fclose(entry); }
+  decltype(ZipLibrary::closeEntry) close = nullptr;
+  void operator()(zip_file_t* entry) const { close(entry); }
 };
 using Archive = std::unique_ptr<zip_t, CloseArchive>;
 using Entry = std::unique_ptr<zip_file_t, CloseEntry>;
 
-bool IsLackOfMemory(const zip_error_t& error) {
+bool IsLackOfMemory(const ZipLibrary& zip, const zip_error_t& error) {
   constexpr int ZLIB_MEMORY_ERROR = -4;
-  const int code = zip_error_code_zip(&error);
+  const int code = zip.errorCodeZip(&error);
   return code == ZIP_ER_MEMORY ||
-         (code == ZIP_ER_ZLIB && zip_error_code_system(&error) == ZLIB_MEMORY_ERROR);
+         (code == ZIP_ER_ZLIB && zip.errorCodeSystem(&error) == ZLIB_MEMORY_ERROR);
 }
 
 zip_buffer_fragment_t FragmentOf(std::string_view bytes) {
@@ -37,37 +39,38 @@ zip_buffer_fragment_t FragmentOf(std::string_view bytes) {
 }
 
 // Opens an archive in memory. Returns null when it is not a zip archive.
-Archive OpenArchive(const ArchiveParts& parts) {
+Archive OpenArchive(const ZipLibrary& zip, const ArchiveParts& parts) {
   zip_error_t error;
-  zip_error_init(&error);
+  zip.errorInit(&error);
   const std::array<zip_buffer_fragment_t, 2> fragments = {FragmentOf(parts.entries),
                                                           FragmentOf(parts.directory)};
-  zip_source_t* const source = zip_source_buffer_fragment_create(
-      fragments.data(), parts.directory.empty() ? 1 : 2, 0, &error);
-  Archive archive;
+  zip_source_t* const source =
+      zip.createSource(fragments.data(), parts.directory.empty() ? 1 : 2, 0, &error);
+  Archive archive(nullptr, {zip.discard});
   if (source != nullptr) {
-    archive.reset(zip_open_from_source(source, ZIP_RDONLY, &error));
-    if (!archive) zip_source_free(source);
+    archive.reset(zip.openFromSource(source, ZIP_RDONLY, &error));
+    if (!archive) zip.freeSource(source);
   }
-  const bool lacksMemory = !archive && IsLackOfMemory(error);
-  zip_error_fini(&error);
+  const bool lacksMemory = !archive && IsLackOfMemory(zip, error);
+  zip.errorFini(&error);
   if (lacksMemory) throw std::bad_alloc();
   return archive;
 }
 
 // Returns null when the entry does not exist or cannot be opened. Only the two compression methods
 // that documents use are accepted; other methods could require any amount of memory.
-Entry OpenEntry(zip_t* archive, const std::string& name, zip_stat_t& status) {
-  zip_stat_init(&status);
-  if (zip_stat(archive, name.c_str(), 0, &status) != 0) return nullptr;
-  if (status.comp_method != ZIP_CM_STORE && status.comp_method != ZIP_CM_DEFLATE) return nullptr;
-  return Entry(zip_fopen_index(archive, status.index, 0));
+Entry OpenEntry(const ZipLibrary& zip, zip_t* archive, const std::string& name,
+                zip_stat_t& status) {
+  zip.initStat(&status);
+  if (zip.stat(archive, name.c_str(), 0, &status) != 0) return {};
+  if (status.comp_method != ZIP_CM_STORE && status.comp_method != ZIP_CM_DEFLATE) return {};
+  return Entry(zip.openIndex(archive, status.index, 0), {zip.closeEntry});
 }
 
 // The outcome of a failure after `length` bytes. The archive is in memory, so every failure except
 // lack of memory means that it is damaged.
-UnpackedEntry OutcomeOf(const zip_error_t& error, std::uint64_t length) {
-  if (IsLackOfMemory(error)) throw std::bad_alloc();
+UnpackedEntry OutcomeOf(const ZipLibrary& zip, const zip_error_t& error, std::uint64_t length) {
+  if (IsLackOfMemory(zip, error)) throw std::bad_alloc();
   return {length, true};
 }
 
@@ -99,15 +102,16 @@ bool IsEmptyByMistake(const zip_stat_t& status, std::string_view archive, const 
 
 // Passes all bytes of an open entry to `write`. The library reports a wrong checksum or length at
 // the end.
-Result<UnpackedEntry> ReadEntry(zip_file_t* entry, const std::string& path, std::uint64_t limit,
+Result<UnpackedEntry> ReadEntry(const ZipLibrary& zip, zip_file_t* entry, const std::string& path,
+                                std::uint64_t limit,
                                 const std::function<bool(std::string_view)>& write) {
   // On the heap, because the user may have set a small stack.
   const auto block = std::make_unique_for_overwrite<char[]>(BLOCK_LENGTH);
   std::uint64_t length = 0;
   while (true) {
-    const zip_int64_t got = zip_fread(entry, block.get(), BLOCK_LENGTH);
+    const zip_int64_t got = zip.read(entry, block.get(), BLOCK_LENGTH);
     if (got == 0) return UnpackedEntry{length, false};
-    if (got < 0) return OutcomeOf(*zip_file_get_error(entry), length);
+    if (got < 0) return OutcomeOf(zip, *zip.fileGetError(entry), length);
     length += static_cast<std::uint64_t>(got);
     if (length > limit) return Fault{FaultKind::bodyTooLarge, path, {}};
     if (!write(std::string_view(block.get(), static_cast<std::size_t>(got)))) {
@@ -141,20 +145,23 @@ ArchiveReader::~ArchiveReader() = default;
 Result<UnpackedEntry> ArchiveReader::TryToUnpack(
     const std::string& name, std::uint64_t limit,
     const std::function<bool(std::string_view)>& write) {
+  const Result<ZipLibrary> loaded = LoadZipLibrary(archive_.Path());
+  if (!loaded) return loaded.Error();
+  const ZipLibrary& zip = *loaded;
   if (!library_->opened || directory_.IsLong()) {
     std::optional<ArchiveParts> parts = directory_.PartsFor(name);
     if (!parts) return UnpackedEntry{0, true};
     library_->opened.reset();
     library_->parts = *std::move(parts);
-    library_->opened = OpenArchive(library_->parts);
+    library_->opened = OpenArchive(zip, library_->parts);
   }
   zip_t* const archive = library_->opened.get();
   if (archive == nullptr) return UnpackedEntry{0, true};
   zip_stat_t status;
-  const Entry entry = OpenEntry(archive, name, status);
-  if (!entry) return OutcomeOf(*zip_get_error(archive), 0);
+  const Entry entry = OpenEntry(zip, archive, name, status);
+  if (!entry) return OutcomeOf(zip, *zip.getError(archive), 0);
   if (IsEmptyByMistake(status, archive_.View(), name)) return UnpackedEntry{0, true};
-  return ReadEntry(entry.get(), archive_.Path(), limit, write);
+  return ReadEntry(zip, entry.get(), archive_.Path(), limit, write);
 }
 
 // Without enough memory for the names in an archive, the library behaves as if there were none. So

@@ -34,7 +34,8 @@ class ArchiveReader {
 
   // Unpacks the entry `name`, whose folders end in "/", and passes its bytes in order to `write`
   // until that returns false. Faults: `bodyTooLarge` as soon as the entry is longer than `limit`
-  // bytes, whatever length the archive reports; `temporaryFolderFull` when `write` returned false.
+  // bytes, whatever length the archive reports; `temporaryFolderFull` when `write` returned false;
+  // `libraryMissing`.
   [[nodiscard]] Result<UnpackedEntry> Unpack(const std::string& name, std::uint64_t limit,
                                              const std::function<bool(std::string_view)>& write);
 

@@ -55,6 +55,7 @@ constexpr auto FAULT_TEXTS = std::to_array<FaultText>({
      "Recommend saving it as a text file and\r\n"
      "applying this program to that file.",
      "File too big", Icon::information},
+    {FaultKind::libraryMissing, "File @\r\ncannot be unpacked: #", READ_ERROR, Icon::exclamation},
     {FaultKind::notAllowedInStopWord,
      "The character @ occurs in some stop word\r\nbut is not a character allowed in a word.",
      BAD_STOP_WORD, Icon::exclamation},

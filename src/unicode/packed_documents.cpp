@@ -82,17 +82,24 @@ class PartTaker {
     std::string bytes;
     const Result<UnpackedEntry> unpacked =
         archive_.Unpack(entry, LONGEST_DIRECTORY, AppendTo(bytes));
-    if (!unpacked) return {};
+    if (!unpacked) {
+      const bool isTooLong = unpacked.Error().kind == FaultKind::bodyTooLarge;
+      if (!isTooLong) fault_ = unpacked.Error();
+      return {};
+    }
     if (unpacked->isDamaged && !bytes.empty()) MarkDamaged();
     return bytes;
   }
 
-  // Unpacks an entry and adds it to the parts. Returns false when the parts are too long.
+  // Unpacks an entry and adds it to the parts. Returns false after any fault.
   [[nodiscard]] bool Take(const std::string& entry) {
     std::string bytes;
     const Result<UnpackedEntry> unpacked =
         archive_.Unpack(entry, limit_ - taken_.length, AppendTo(bytes));
-    if (!unpacked) return false;
+    if (!unpacked) {
+      fault_ = unpacked.Error();
+      return false;
+    }
     taken_.length += unpacked->length;
     if (unpacked->isDamaged) MarkDamaged();
     if (!bytes.empty()) taken_.parts.push_back(std::move(bytes));
@@ -100,6 +107,8 @@ class PartTaker {
   }
 
   void MarkDamaged() { taken_.isDamaged = true; }
+
+  [[nodiscard]] const std::optional<Fault>& Error() const { return fault_; }
 
   [[nodiscard]] UnpackedParts Taken() { return std::move(taken_); }
 
@@ -114,6 +123,7 @@ class PartTaker {
   ArchiveReader archive_;
   std::uint64_t limit_;
   UnpackedParts taken_;
+  std::optional<Fault> fault_;
 };
 
 // The entry of the first internal relationship whose type ends with `type`, or empty.
@@ -225,9 +235,10 @@ Result<UnpackedParts> UnpackTextParts(const InputBytes& input, PackedKind kind,
                                       Progress& progress) {
   PartTaker taker(input, kind, limits);
   const std::vector<std::string> entries = TextEntries(kind, options.notes, taker);
+  if (taker.Error()) return *taker.Error();
   if (entries.empty()) taker.MarkDamaged();
   for (const std::string& entry : entries) {
-    if (!taker.Take(entry)) return Fault{FaultKind::bodyTooLarge, input.Path(), {}};
+    if (!taker.Take(entry)) return *taker.Error();
     progress.YieldNow();
     if (progress.StopRequested()) return Fault{FaultKind::stopped, input.Path(), {}};
   }

@@ -38,8 +38,8 @@ struct UnpackedParts {
 
 // Unpacks the parts of a document with its text: the body, and with `notes` also the notes of a
 // DOCX document; for an EPUB book its chapters in order, each once. Faults: `bodyTooLarge` when all
-// parts together are longer than `limits.hard` bytes, `stopped`. The caller asks the user whether
-// to read a large or damaged document. A document of length 0 has nothing to read.
+// parts together are longer than `limits.hard` bytes, `stopped`, `libraryMissing`. The caller asks
+// the user whether to read a large or damaged document. A document of length 0 has nothing to read.
 [[nodiscard]] Result<UnpackedParts> UnpackTextParts(const InputBytes& input, PackedKind kind,
                                                     const UnicodeOptions& options,
                                                     const BodyLimits& limits, Progress& progress);

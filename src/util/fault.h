@@ -32,6 +32,7 @@ enum class FaultKind {
   folderNotRemoved,  // the temporary folder, or a folder in it
   noBody,            // nothing of the document's body could be unpacked
   bodyTooLarge,
+  libraryMissing,  // the one that unpacks archives
   // Words that the user typed; `reason` holds the offending characters:
   notAllowedInStopWord,  // a character that no word can contain
   notAllowedForNow,      // a character that an option would allow
