@@ -130,6 +130,7 @@ bool BeginsLikeArchive(const InputBytes& input) {
 // An archive with a short directory is opened once. With a long directory it is opened again for
 // each entry.
 struct ArchiveReader::Library {
+  ZipLibrary zip;      // loaded when the archive is opened
   ArchiveParts parts;  // the open archive refers to these bytes
   Archive opened;
   bool wasOpenedAgain = false;
@@ -145,10 +146,11 @@ ArchiveReader::~ArchiveReader() = default;
 Result<UnpackedEntry> ArchiveReader::TryToUnpack(
     const std::string& name, std::uint64_t limit,
     const std::function<bool(std::string_view)>& write) {
-  const Result<ZipLibrary> loaded = LoadZipLibrary(archive_.Path());
-  if (!loaded) return loaded.Error();
-  const ZipLibrary& zip = *loaded;
+  const ZipLibrary& zip = library_->zip;
   if (!library_->opened || directory_.IsLong()) {
+    const Result<ZipLibrary> loaded = LoadZipLibrary(archive_.Path());
+    if (!loaded) return loaded.Error();
+    library_->zip = *loaded;
     std::optional<ArchiveParts> parts = directory_.PartsFor(name);
     if (!parts) return UnpackedEntry{0, true};
     library_->opened.reset();
