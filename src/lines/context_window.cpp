@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "util/find_pair.h"
 #include "util/utf8.h"
 
 // The idea: take a window of characters around the keyword. Walk left over as many blanks as the
@@ -151,13 +150,12 @@ ContextCutter<Char>::ContextCutter(View text, const ContextOptions& options)
       blanks_(text.size(), [text](std::size_t i) { return text[i] == ' '; }),
       removed_(text.size()) {
   if (options.showLineBreaks) return;
-  for (std::size_t i = FindPair(text, 0, ' ', '/'); i + 2 < text.size();
-       i = FindPair(text, i + 2, ' ', '/')) {
-    if (text[i + 2] != ' ') continue;
+  blanks_.EachTwoApart([this](std::size_t i) {
+    if (text_[i + 1] != '/') return;
     blanks_.Clear(i);
     removed_.Set(i);
     removed_.Set(i + 1);
-  }
+  });
 }
 
 template <typename Char>

@@ -9,9 +9,12 @@ namespace {
 
 constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
 
-// True when the text contains the first two characters of `mark`.
+// True when the text may contain the first two characters of `mark`. With few occurrences to list,
+// looking through the text takes longer than what the answer saves.
 template <typename Char>
-bool Holds(std::basic_string_view<Char> text, std::u16string_view mark) {
+bool MayHold(std::basic_string_view<Char> text, std::u16string_view mark, std::size_t occurrences) {
+  constexpr std::size_t CHARACTERS = 1024;  // of text, in the time that is saved for an occurrence
+  if (occurrences < text.size() / CHARACTERS) return true;
   const std::basic_string<Char> quoted = MarkInText<Char>(mark);
   return FindPair(text, 0, quoted[0], quoted[1]) < text.size();
 }
@@ -26,12 +29,12 @@ std::basic_string<Char>& Append(std::basic_string<Char>& to, std::string_view as
 
 template <typename Char>
 EntrySource<Char>::EntrySource(const Quotation<Char>& quotation, const Alphabet& alphabet,
-                               const EntryOptions& options)
+                               const EntryOptions& options, std::size_t occurrences)
     : quotation_(quotation),
       alphabet_(alphabet),
       options_(options),
-      pluralMarksInText_(Holds(quotation.Text(), PLURAL_MARK)),
-      repeatMarkersInText_(Holds(quotation.Text(), REPEAT_MARKER_START.substr(1))),
+      pluralMarksInText_(MayHold(quotation.Text(), PLURAL_MARK, occurrences)),
+      repeatMarkersInText_(MayHold(quotation.Text(), REPEAT_MARKER_START.substr(1), occurrences)),
       cutter_(quotation.Text(), options.context) {}
 
 template <typename Char>

@@ -30,9 +30,10 @@ struct EntryOptions {
 template <typename Char>
 class EntrySource {
  public:
-  // The document and the keywords must outlive the object.
+  // The document and the keywords must outlive the object. `occurrences` is the number of those to
+  // be listed; only the time depends on it.
   EntrySource(const Quotation<Char>& quotation, const Alphabet& alphabet,
-              const EntryOptions& options);
+              const EntryOptions& options, std::size_t occurrences);
 
  private:
   template <typename>

@@ -43,6 +43,12 @@ std::vector<ListedSpan> PiecesOf(ListedSpan words) {
   return pieces;
 }
 
+std::size_t OccurrencesOf(ListedSpan words) {
+  std::size_t occurrences = 0;
+  for (const ListedWord& word : words) occurrences += word.entry->positions.size();
+  return occurrences;
+}
+
 // The line end before the first entry is not part of the listing.
 std::string_view WithoutLineEnd(std::string_view text) {
   return text.starts_with(LINE_END) ? text.substr(LINE_END.size()) : text;
@@ -79,27 +85,29 @@ class BytesOfEntries {
 template <typename Char>
 class ListingPass {
  public:
-  ListingPass(const Listing& listing, const Quotation<Char>& quotation, const PieceSink& take,
-              Progress& progress)
-      : quotation_(quotation),
+  ListingPass(const Listing& listing, ListedSpan words, const Quotation<Char>& quotation,
+              const PieceSink& take, Progress& progress)
+      : words_(words),
+        quotation_(quotation),
         reading_(listing.Source().options.reading),
         take_(take),
         progress_(*listing.words, progress),
         isWordList_(listing.options.contextSize == 0),
-        source_(quotation, listing.Source().AlphabetOf(), EntryOptionsOf(listing)) {}
+        source_(quotation, listing.Source().AlphabetOf(), EntryOptionsOf(listing),
+                OccurrencesOf(words)) {}
 
-  void List(ListedSpan words) {
+  void List() {
     constexpr std::size_t FEWEST_PIECES = 4;  // minimum for which threads are worthwhile
-    const std::vector<ListedSpan> pieces = PiecesOf(words);
-    if (isWordList_ || pieces.size() < FEWEST_PIECES) return ListHere(words);
+    const std::vector<ListedSpan> pieces = PiecesOf(words_);
+    if (isWordList_ || pieces.size() < FEWEST_PIECES) return ListHere();
     ListByThreads(pieces);
   }
 
  private:
-  void ListHere(ListedSpan words) {
+  void ListHere() {
     BytesOfEntries<Char> entries(source_, quotation_, reading_);
     std::string text;
-    for (const ListedWord& word : words) {
+    for (const ListedWord& word : words_) {
       text.clear();
       entries.Append({&word, 1}, text);
       const bool wantsMore = HandOn(text);
@@ -130,6 +138,7 @@ class ListingPass {
     return take_(isFirst ? WithoutLineEnd(text) : text);
   }
 
+  ListedSpan words_;
   Quotation<Char> quotation_;
   Reading reading_;
   const PieceSink& take_;
@@ -164,7 +173,7 @@ void Compose(const Listing& listing, const PieceSink& take, Progress& progress) 
   const std::vector<ListedWord> words = WordsInOrder(*listing.words, listing.options.wordOrder);
   const auto end = std::find_if_not(words.begin(), words.end(), CanBeListed);
   WithQuotation(listing.Source(), [&](const auto& quotation) {
-    ListingPass(listing, quotation, take, progress).List({words.begin(), end});
+    ListingPass(listing, {words.begin(), end}, quotation, take, progress).List();
   });
 }
 

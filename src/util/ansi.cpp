@@ -39,6 +39,21 @@ char AnsiByteOf(char16_t ch) {
 // appended, because growing the text first would fill it with zeros for nothing.
 constexpr std::size_t BLOCK = 64;
 
+// Widens a block with vector instructions. Only a block with a byte that differs from its character
+// is decoded byte by byte.
+void DecodeBlock(std::string_view block, char16_t* to) {
+  std::uint8_t others = 0;
+  for (std::size_t i = 0; i < block.size(); ++i) {
+    const auto byte = static_cast<std::uint8_t>(block[i]);
+    others |= static_cast<std::uint8_t>((byte & 0xE0U) == 0x80);
+    to[i] = byte;
+  }
+  if (others == 0) return;
+  for (std::size_t i = 0; i < block.size(); ++i) {
+    to[i] = DECODING_TABLE[static_cast<std::uint8_t>(block[i])];
+  }
+}
+
 // Encodes `length` characters of `text`, or one more when a surrogate pair crosses the end of the
 // block. Returns the number of characters consumed.
 std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::string& bytes) {
@@ -56,26 +71,20 @@ std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::strin
 
 char16_t AnsiCharacter(std::uint8_t byte) { return DECODING_TABLE[byte]; }
 
-// Blocks are widened with vector instructions. Only a block with a byte that differs from its
-// character is decoded byte by byte.
 std::u16string DecodeAnsi(std::string_view bytes) {
+  constexpr std::size_t BLOCKS = 16;  // in the buffer
   std::u16string text;
   ReserveLarge(text, bytes.size());
-  std::array<char16_t, BLOCK> characters{};
-  for (; !bytes.empty(); bytes.remove_prefix(std::min(BLOCK, bytes.size()))) {
-    const std::string_view block = bytes.substr(0, BLOCK);
-    std::uint8_t others = 0;
-    for (std::size_t i = 0; i < block.size(); ++i) {
-      const auto byte = static_cast<std::uint8_t>(block[i]);
-      others |= static_cast<std::uint8_t>((byte & 0xE0U) == 0x80);
-      characters[i] = byte;
+  std::array<char16_t, BLOCKS * BLOCK> characters{};
+  while (!bytes.empty()) {
+    std::size_t length = 0;
+    while (length < characters.size() && !bytes.empty()) {
+      const std::string_view block = bytes.substr(0, BLOCK);
+      DecodeBlock(block, &characters[length]);
+      length += block.size();
+      bytes.remove_prefix(block.size());
     }
-    if (others != 0) {
-      for (std::size_t i = 0; i < block.size(); ++i) {
-        characters[i] = DECODING_TABLE[static_cast<std::uint8_t>(block[i])];
-      }
-    }
-    text.append(characters.data(), block.size());
+    text.append(characters.data(), length);
   }
   return text;
 }

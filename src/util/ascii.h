@@ -32,10 +32,16 @@ template <typename Char>
   return all < FIRST_BEYOND_ASCII;
 }
 
-// The number of ASCII bytes at the front of `bytes`.
+// The number of ASCII bytes at the front of `bytes`. Blocks are tested with vector instructions.
 [[nodiscard]] inline std::size_t AsciiLength(std::string_view bytes) {
+  constexpr std::size_t BLOCK = 64;
   constexpr std::size_t STEP = sizeof(std::uint64_t);
   std::size_t length = 0;
+  if (bytes.size() >= BLOCK && AreEightAscii(bytes.data())) {
+    while (length + BLOCK <= bytes.size() && IsAscii(std::string_view(&bytes[length], BLOCK))) {
+      length += BLOCK;
+    }
+  }
   while (length + STEP <= bytes.size() && AreEightAscii(&bytes[length])) {
     length += STEP;
   }

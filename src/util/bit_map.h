@@ -52,6 +52,7 @@ class BitMap {
         // A constant trip count lets the compiler vectorize the loop.
         for (std::size_t i = 0; i < BITS; ++i) flags[i] = isSet(first + i) ? 1 : 0;
       } else {
+        flags = {};
         for (std::size_t i = 0; first + i < length; ++i) flags[i] = isSet(first + i) ? 1 : 0;
       }
       words_[word] = BitsOf(flags);
@@ -97,6 +98,19 @@ class BitMap {
     const std::size_t found =
         word * BITS + BITS - 1 - static_cast<std::size_t>(std::countl_zero(bits));
     return found >= begin ? found : NONE;
+  }
+
+  // Calls `take(i)` for each index `i`, in ascending order, where both `i` and `i + 2` are set.
+  // `take` may clear `i`.
+  template <typename Take>
+  void EachTwoApart(const Take& take) const {
+    for (std::size_t word = 0; word < words_.size(); ++word) {
+      const std::uint64_t next = word + 1 < words_.size() ? words_[word + 1] : 0;
+      std::uint64_t bits = words_[word] & (words_[word] >> 2U | next << (BITS - 2));
+      for (; bits != 0; bits &= bits - 1) {
+        take(word * BITS + static_cast<std::size_t>(std::countr_zero(bits)));
+      }
+    }
   }
 
  private:

@@ -29,6 +29,7 @@ __m128i Equal(__m128i a, __m128i b) {
 template <typename Char>
 bool SkipInLanes(std::basic_string_view<Char> text, std::size_t& i, Char first, Char second) {
   constexpr std::size_t LANES = sizeof(__m128i) / sizeof(Char);
+  constexpr std::size_t FOUR = 4 * LANES;
   const __m128i firsts = Lanes(first);
   const __m128i seconds = Lanes(second);
   // Tests for pairs that begin in a vector loaded `skipped` characters before `i`. Pairs that begin
@@ -42,6 +43,17 @@ bool SkipInLanes(std::basic_string_view<Char> text, std::size_t& i, Char first, 
     if (found != 0) i += static_cast<std::size_t>(std::countr_zero(found)) / sizeof(Char);
     return found != 0;
   };
+  // Without an early exit, four vectors take little longer than one.
+  const auto fourHoldNone = [&] {
+    __m128i any = _mm_setzero_si128();
+    for (std::size_t k = 0; k < FOUR; k += LANES) {
+      const Char* place = text.data() + i + k;
+      any = _mm_or_si128(any, _mm_and_si128(Equal<Char>(Load(place), firsts),
+                                            Equal<Char>(Load(place + 1), seconds)));
+    }
+    return _mm_movemask_epi8(any) == 0;
+  };
+  while (i + FOUR < text.size() && fourHoldNone()) i += FOUR;
   for (; i + LANES < text.size(); i += LANES) {
     if (look(0)) return true;
   }

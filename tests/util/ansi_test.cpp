@@ -14,9 +14,9 @@ TEST(Ansi, HasOneCharacterForEachByte) {
     const bool isHigh = byte >= 0x80 && byte < 0xA0;
     const auto character =
         isHigh ? high[static_cast<std::size_t>(byte - 0x80)] : static_cast<char16_t>(byte);
-    for (const std::size_t place : {0, 63, 64, 100}) {
-      std::string bytes(130, 'a');
-      std::u16string text(130, u'a');
+    for (const std::size_t place : {0, 63, 64, 100, 1023, 1024}) {
+      std::string bytes(1100, 'a');
+      std::u16string text(1100, u'a');
       bytes[place] = static_cast<char>(byte);
       text[place] = character;
       ASSERT_EQ(DecodeAnsi(bytes), text) << byte;

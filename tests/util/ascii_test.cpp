@@ -17,6 +17,15 @@ TEST(Ascii, EndsBefore128) {
   EXPECT_FALSE(IsAscii(std::u16string_view(u"a\u0100")));
 }
 
+// The bytes after the view in memory do not belong to it.
+TEST(Ascii, HasALengthAtTheFront) {
+  for (std::size_t length = 0; length < 150; ++length) {
+    const std::string ascii(length + 100, 'a');
+    EXPECT_EQ(AsciiLength(std::string_view(ascii).substr(0, length)), length);
+    EXPECT_EQ(AsciiLength(ascii.substr(0, length) + "\x80" + ascii), length);
+  }
+}
+
 TEST(Ascii, KnowsCapitalsAndBlanks) {
   EXPECT_EQ(LowerAscii("@AMZ[`amz{\xC9"), "@amz[`amz{\xC9");
   EXPECT_EQ(TrimBlanks("  a b\t "), "a b\t");
