@@ -76,15 +76,18 @@ std::uint64_t TokenEdges::WantedBeginnings(const char16_t* block) const {
 }
 
 void TokenEdges::TakeBlock() {
-  std::u16string_view block = text_.substr(blockEnd_, FLAG_COUNT);
+  const std::u16string_view block = text_.substr(blockEnd_, FLAG_COUNT);
+  if (block.size() == FLAG_COUNT) return FindEdges(block.data());
   std::array<char16_t, FLAG_COUNT> last{};
-  if (block.size() < FLAG_COUNT) {
-    std::copy(block.begin(), block.end(), last.begin());
-    block = {last.data(), last.size()};
-  }
-  const std::uint64_t wordCharacters = BitsOf(WordCharacterFlags(block.data()));
+  std::copy(block.begin(), block.end(), last.begin());
+  FindEdges(last.data());
+}
+
+// Finds the edges in the FLAG_COUNT code units at `block`, which follow `blockEnd_`.
+void TokenEdges::FindEdges(const char16_t* block) {
+  const std::uint64_t wordCharacters = BitsOf(WordCharacterFlags(block));
   edges_ = wordCharacters ^ (wordCharacters << 1U | isInToken_);
-  if (onlyBeginnings_) edges_ &= wordCharacters & WantedBeginnings(block.data());
+  if (onlyBeginnings_) edges_ &= wordCharacters & WantedBeginnings(block);
   isInToken_ = wordCharacters >> (FLAG_COUNT - 1);
   blockEnd_ += FLAG_COUNT;
 }

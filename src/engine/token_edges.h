@@ -50,6 +50,7 @@ class TokenEdges {
 
  private:
   void TakeBlock();
+  void FindEdges(const char16_t* block);
   [[nodiscard]] Flags WordCharacterFlags(const char16_t* block) const;
   [[nodiscard]] std::uint64_t WantedBeginnings(const char16_t* block) const;
 

@@ -41,17 +41,16 @@ constexpr std::size_t BLOCK = 64;
 
 // Widens a block with vector instructions. Only a block with a byte that differs from its character
 // is decoded byte by byte.
-void DecodeBlock(std::string_view block, char16_t* to) {
+void DecodeBlock(const char* block, char16_t* to) {
   std::uint8_t others = 0;
-  for (std::size_t i = 0; i < block.size(); ++i) {
+  for (std::size_t i = 0; i < BLOCK; ++i) {
     const auto byte = static_cast<std::uint8_t>(block[i]);
     others |= static_cast<std::uint8_t>((byte & 0xE0U) == 0x80);
     to[i] = byte;
   }
   if (others == 0) return;
-  for (std::size_t i = 0; i < block.size(); ++i) {
-    to[i] = DECODING_TABLE[static_cast<std::uint8_t>(block[i])];
-  }
+  for (std::size_t i = 0; i < BLOCK; ++i)
+    to[i] = AnsiCharacter(static_cast<std::uint8_t>(block[i]));
 }
 
 // Encodes `length` characters of `text`, or one more when a surrogate pair crosses the end of the
@@ -76,16 +75,13 @@ std::u16string DecodeAnsi(std::string_view bytes) {
   std::u16string text;
   ReserveLarge(text, bytes.size());
   std::array<char16_t, BLOCKS * BLOCK> characters{};
-  while (!bytes.empty()) {
-    std::size_t length = 0;
-    while (length < characters.size() && !bytes.empty()) {
-      const std::string_view block = bytes.substr(0, BLOCK);
-      DecodeBlock(block, &characters[length]);
-      length += block.size();
-      bytes.remove_prefix(block.size());
-    }
+  while (bytes.size() >= BLOCK) {
+    const std::size_t length = std::min(characters.size(), bytes.size() / BLOCK * BLOCK);
+    for (std::size_t i = 0; i < length; i += BLOCK) DecodeBlock(&bytes[i], &characters[i]);
     text.append(characters.data(), length);
+    bytes.remove_prefix(length);
   }
+  for (const char byte : bytes) text += AnsiCharacter(static_cast<std::uint8_t>(byte));
   return text;
 }
 
