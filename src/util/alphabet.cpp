@@ -30,8 +30,7 @@ utf8proc_category_t CategoryOf(char32_t ch) {
   return utf8proc_category(static_cast<utf8proc_int32_t>(ch));
 }
 
-bool IsMark(char32_t ch) {
-  const utf8proc_category_t category = CategoryOf(ch);
+bool IsMark(utf8proc_category_t category) {
   return category >= UTF8PROC_CATEGORY_MN && category <= UTF8PROC_CATEGORY_ME;
 }
 
@@ -57,7 +56,7 @@ std::uint8_t UnicodeClassOf(char32_t ch) {
   if (ch == U'-') return CLASS_HYPHEN;
   const utf8proc_category_t category = CategoryOf(ch);
   if (category == UTF8PROC_CATEGORY_ND) return CLASS_DIGIT;
-  if (IsMark(ch)) return CLASS_LETTER;
+  if (IsMark(category)) return CLASS_LETTER;
   // A modifier letter in Unicode, but on its own it is an accent and belongs to no word.
   if (ch == U'ˆ') return 0;
   if (category < UTF8PROC_CATEGORY_LU || category > UTF8PROC_CATEGORY_LO) return 0;
@@ -82,7 +81,7 @@ void AppendFolded(std::u16string& folded, char32_t ch) {
     return;
   }
   for (const char32_t part : Decomposed(ch)) {
-    if (IsMark(part)) continue;
+    if (IsMark(CategoryOf(part))) continue;
     if (part != ch && IsWindowsLetter(part)) {
       AppendFolded(folded, part);
     } else {

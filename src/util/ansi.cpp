@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "util/append_blocks.h"
 #include "util/large_pages.h"
 #include "util/utf8.h"
 
@@ -39,18 +40,19 @@ char AnsiByteOf(char16_t ch) {
 // appended, because growing the text first would fill it with zeros for nothing.
 constexpr std::size_t BLOCK = 64;
 
-// Widens a block with vector instructions. Only a block with a byte that differs from its character
-// is decoded byte by byte.
-void DecodeBlock(const char* block, char16_t* to) {
+// Widens characters with vector instructions. Only a block with a byte that differs from its
+// character is decoded byte by byte.
+void DecodeBlock(const char* bytes, std::size_t length, char16_t* to) {
   std::uint8_t others = 0;
-  for (std::size_t i = 0; i < BLOCK; ++i) {
-    const auto byte = static_cast<std::uint8_t>(block[i]);
+  for (std::size_t i = 0; i < length; ++i) {
+    const auto byte = static_cast<std::uint8_t>(bytes[i]);
     others |= static_cast<std::uint8_t>((byte & 0xE0U) == 0x80);
     to[i] = byte;
   }
   if (others == 0) return;
-  for (std::size_t i = 0; i < BLOCK; ++i)
-    to[i] = AnsiCharacter(static_cast<std::uint8_t>(block[i]));
+  for (std::size_t i = 0; i < length; ++i) {
+    to[i] = AnsiCharacter(static_cast<std::uint8_t>(bytes[i]));
+  }
 }
 
 // Encodes `length` characters of `text`, or one more when a surrogate pair crosses the end of the
@@ -71,17 +73,9 @@ std::size_t EncodeBlock(std::u16string_view text, std::size_t length, std::strin
 char16_t AnsiCharacter(std::uint8_t byte) { return DECODING_TABLE[byte]; }
 
 std::u16string DecodeAnsi(std::string_view bytes) {
-  constexpr std::size_t BLOCKS = 16;  // in the buffer
   std::u16string text;
   ReserveLarge(text, bytes.size());
-  std::array<char16_t, BLOCKS * BLOCK> characters{};
-  while (bytes.size() >= BLOCK) {
-    const std::size_t length = std::min(characters.size(), bytes.size() / BLOCK * BLOCK);
-    for (std::size_t i = 0; i < length; i += BLOCK) DecodeBlock(&bytes[i], &characters[i]);
-    text.append(characters.data(), length);
-    bytes.remove_prefix(length);
-  }
-  for (const char byte : bytes) text += AnsiCharacter(static_cast<std::uint8_t>(byte));
+  AppendInBlocks(text, bytes, DecodeBlock);
   return text;
 }
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "util/ansi.h"
+#include "util/append_blocks.h"
 #include "util/ascii.h"
 #include "util/large_pages.h"
 #include "util/utf8.h"
@@ -46,7 +47,8 @@ std::shared_ptr<const CodePage> CodePage::Of(std::u16string_view text) {
   std::vector<std::uint8_t> stands(ALL_CODE_UNITS);
   for (std::size_t i = 0; i < text.size(); i += UNITS_AT_ONCE) {
     const std::u16string_view units = text.substr(i, UNITS_AT_ONCE);
-    if (IsAscii(units)) continue;
+    const bool isBlock = units.size() == UNITS_AT_ONCE;
+    if (isBlock && IsAscii(std::u16string_view(units.data(), UNITS_AT_ONCE))) continue;
     for (const char16_t ch : units) stands[ch] = 1;
   }
   std::array<char16_t, BYTES> characters{};
@@ -75,17 +77,14 @@ std::optional<char> CodePage::ByteOf(char16_t ch) const {
 std::string CodePage::Encode(std::u16string_view text) const {
   std::string bytes;
   ReserveLarge(bytes, text.size());
-  std::array<char, UNITS_AT_ONCE> block{};
-  for (; !text.empty(); text.remove_prefix(std::min(UNITS_AT_ONCE, text.size()))) {
-    const std::u16string_view units = text.substr(0, UNITS_AT_ONCE);
-    if (IsAscii(units)) {
-      std::copy(units.begin(), units.end(), block.begin());
+  AppendInBlocks(bytes, text, [this](const char16_t* units, std::size_t length, char* to) {
+    if (IsAscii(std::u16string_view(units, length))) {
+      std::transform(units, units + length, to, [](char16_t ch) { return static_cast<char>(ch); });
     } else {
-      std::transform(units.begin(), units.end(), block.begin(),
+      std::transform(units, units + length, to,
                      [this](char16_t ch) { return static_cast<char>(bytes_[ch]); });
     }
-    bytes.append(block.data(), units.size());
-  }
+  });
   return bytes;
 }
 

@@ -105,21 +105,26 @@ std::size_t ReadCodePoint(std::string_view bytes, std::uint32_t& codePoint) {
   return valid ? shape.length : 0;
 }
 
-// Blocks of ASCII are widened at once. Most of the other characters have two bytes.
+// Blocks of ASCII are widened at once. Most of the other characters have two bytes. A character of
+// two code units that begins at the end of a block needs one more.
 std::u16string DecodeUtf8(std::string_view bytes) {
   std::u16string text;
   ReserveLarge(text, bytes.size());
-  std::array<char16_t, UTF8_BLOCK + 1> characters{};
+  std::array<char16_t, 16 * UTF8_BLOCK> characters{};
+  const char16_t* const full = characters.data() + characters.size() - UTF8_BLOCK;
+  char16_t* out = characters.data();
   for (std::size_t i = 0; i < bytes.size();) {
-    char16_t* out = characters.data();
-    const std::string_view block = bytes.substr(i, UTF8_BLOCK);
-    const std::size_t end = i + block.size();
-    if (block.size() == UTF8_BLOCK && IsAscii(block)) {
-      for (const char byte : block) *out++ = static_cast<std::uint8_t>(byte);
+    const std::size_t end = std::min(i + UTF8_BLOCK, bytes.size());
+    if (end - i == UTF8_BLOCK && IsAscii(std::string_view(&bytes[i], UTF8_BLOCK))) {
+      for (std::size_t k = 0; k < UTF8_BLOCK; ++k) out[k] = static_cast<std::uint8_t>(bytes[i + k]);
+      out += UTF8_BLOCK;
       i = end;
+    } else {
+      i = PutCodeUnits(out, bytes, i, end);
     }
-    i = PutCodeUnits(out, bytes, i, end);
-    text.append(characters.data(), static_cast<std::size_t>(out - characters.data()));
+    if (out < full && i < bytes.size()) continue;
+    text.append(characters.data(), out);
+    out = characters.data();
   }
   return text;
 }
