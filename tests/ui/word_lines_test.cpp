@@ -313,6 +313,16 @@ TEST_F(WordsAndLines, CopiesAndSavesWhatItShows) {
   Table("tblWords").setFocus();
   Press(Qt::CTRL | Qt::Key_C);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "sea");
+  // The menus do the same.
+  const auto choose = [this](const char* entry, const char* table, const BoxList& boxes = {}) {
+    ChooseFromMenu(entry, boxes, [&] { ClickRow(table, 0, {}, Qt::RightButton); });
+    return QGuiApplication::clipboard()->text();
+  };
+  EXPECT_EQ(choose("Copy", "tblLines"), "the \tsea\t is:\t3");
+  EXPECT_EQ(choose("Copy", "tblWords"), "sea");
+  const std::string menuFile = folder_.Path("menu.txt");
+  EXPECT_EQ(choose("Save lines ...", "tblLines", {AsksForFile("Save lines", menuFile)}), "sea");
+  EXPECT_EQ(folder_.Read("menu.txt"), "the sea is: (x3)\n");
   const auto save = [this](const std::string& name, BoxList boxes = {}) {
     boxes.insert(boxes.begin(), AsksForFile("Save lines", folder_.Path(name)));
     Click("cmdSaveLines", boxes);
