@@ -37,12 +37,11 @@ TEST_F(PopUps, EndAtAnyKeyOrClickThatThenDoesNothingElse) {
     // The click did not reach the window.
     EXPECT_EQ(Which("checked", {"chkFrequencies"}), "chkFrequencies ");
   }
-  PopUpInForm(*window_, {"Done", SIZE, 1}, QPoint(0, 0));  // or when its time is over
   CloseByFrame(*window_);
   EXPECT_FALSE(window_->isVisible());
 }
 
-TEST(PopUpWindows, StayForWhatIsNoKeyOrClick) {
+TEST(PopUpWindows, StayForWhatIsNoKeyOrClickUntilTheirTimeIsOver) {
   QSpinBox owner;
   owner.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&owner));
@@ -65,6 +64,7 @@ TEST(PopUpWindows, StayForWhatIsNoKeyOrClick) {
     QTest::keyClick(&owner, Qt::Key_5);
   });
   PopUpInForm(owner, {"<i>First", SIZE, MINUTE_MS}, QPoint(0, 0));
+  PopUpInForm(owner, {"Short", SIZE, 1}, QPoint(0, 0));
   QTest::keyClick(&owner, Qt::Key_Up);
   EXPECT_EQ(owner.value(), 1);
 }

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
+#include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
 #include <QTest>
 #include <QUrl>
 #include <algorithm>
@@ -89,6 +91,28 @@ bool Drag(xcb_window_t target, QPoint place, const std::string& uris) {
   return false;
 }
 
+// Notices when a window manager's message reaches a window of this program.
+class Arrival : public QAbstractNativeEventFilter {
+ public:
+  Arrival(xcb_window_t window, xcb_atom_t protocol) : window_(window), protocol_(protocol) {
+    QCoreApplication::instance()->installNativeEventFilter(this);  // until it is destroyed
+  }
+
+  bool nativeEventFilter(const QByteArray&, void* event, qintptr*) override {
+    const auto& message = *static_cast<const xcb_client_message_event_t*>(event);
+    hasCome_ |= (message.response_type & 0x7F) == XCB_CLIENT_MESSAGE && message.window == window_ &&
+                message.data.data32[0] == protocol_;
+    return false;
+  }
+
+  [[nodiscard]] bool HasCome() const { return hasCome_; }
+
+ private:
+  xcb_window_t window_;
+  xcb_atom_t protocol_;
+  bool hasCome_ = false;
+};
+
 }  // namespace
 
 void DragFileTo(const QWidget& window, QPoint place, const std::string& path) {
@@ -105,9 +129,11 @@ void DragFileTo(const QWidget& window, QPoint place, const std::string& path) {
 void CloseByFrame(const QWidget& window) {
   const Connection x = Connect();
   const auto target = static_cast<xcb_window_t>(window.winId());
-  Send(x.get(), target, "WM_PROTOCOLS", {Atom(x.get(), "WM_DELETE_WINDOW"), 0, 0, 0, 0});
-  (void)Atom(x.get(), "its reply comes after what was sent");
-  QTest::qWait(50);
+  const xcb_atom_t close = Atom(x.get(), "WM_DELETE_WINDOW");
+  const Arrival message(target, close);
+  Send(x.get(), target, "WM_PROTOCOLS", {close, 0, 0, 0, 0});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return message.HasCome(); }, PATIENCE_FOR_X_MS));
+  QCoreApplication::processEvents();  // Qt may have only queued it
 }
 
 }  // namespace quorvel
