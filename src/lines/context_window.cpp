@@ -1,6 +1,7 @@
 #include "lines/context_window.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "util/utf8.h"
 
@@ -43,7 +44,24 @@ class ContextCutter<Char>::Window {
         wordsWanted_(cutter.options_.contextSize),
         showLineBreaks_(cutter.options_.showLineBreaks) {}
 
-  // The index at which the context begins.
+  // The indices at which the context begins and ends.
+  [[nodiscard]] TextSpan Edges() const {
+    const std::size_t near = NearLeftEdge();
+    const std::size_t start = near != NONE ? near : LeftEdge();
+    const std::size_t stop = near != NONE ? NearRightEdge() : NONE;
+    return {start, stop != NONE ? stop : RightEdge(start)};
+  }
+
+  // The characters from `start` to `end` that are not removed. A view of the text if none are
+  // removed, otherwise they are appended to `copies`, and the view is of `copies`.
+  [[nodiscard]] View Part(std::size_t start, std::size_t end, String& copies) const {
+    if (removed_.NthFrom(start, 1, end) == NONE) return text_.substr(start, end - start);
+    const std::size_t before = copies.size();
+    AppendPart(copies, start, end);
+    return View(copies).substr(before);
+  }
+
+ private:
   [[nodiscard]] std::size_t LeftEdge() const {
     int counted = 0;
     std::size_t cut = cut_;
@@ -56,7 +74,7 @@ class ContextCutter<Char>::Window {
     }
   }
 
-  // The index at which the context that begins at `start` ends.
+  // The end of the context that begins at `start`.
   [[nodiscard]] std::size_t RightEdge(std::size_t start) const {
     if (!showLineBreaks_) {
       // The common case: all blanks count, and there are enough of them.
@@ -78,16 +96,6 @@ class ContextCutter<Char>::Window {
     }
   }
 
-  // The characters from `start` to `end` that are not removed. A view of the text if none are
-  // removed, otherwise they are appended to `copies`, and the view is of `copies`.
-  [[nodiscard]] View Part(std::size_t start, std::size_t end, String& copies) const {
-    if (removed_.NthFrom(start, 1, end) == NONE) return text_.substr(start, end - start);
-    const std::size_t before = copies.size();
-    AppendPart(copies, start, end);
-    return View(copies).substr(before);
-  }
-
- private:
   void AppendPart(String& to, std::size_t start, std::size_t end) const {
     while (start < end) {
       const std::size_t removed = std::min(removed_.NthFrom(start, 1, end), end);
@@ -96,6 +104,33 @@ class ContextCutter<Char>::Window {
       // The part of a line break that the end of the window leaves is not removed.
       if (start == removed && removed < end) to += text_[start++];
     }
+  }
+
+  // The edges of most contexts are found in the bits of 64 characters on each side of the cut.
+
+  // The left edge where it follows from the 64 characters before the cut: no blank is skipped
+  // there, because none has another one or a removed line break after it. Otherwise NONE.
+  [[nodiscard]] std::size_t NearLeftEdge() const {
+    if (showLineBreaks_ || cut_ < begin_ + FLAG_COUNT) return NONE;
+    constexpr std::uint64_t CUT = std::uint64_t{1} << (FLAG_COUNT - 1);
+    // The walk begins two characters before the cut.
+    std::uint64_t blanks = (blanks_.LastBits(cut_) | CUT) & ~(CUT >> 1U);
+    if ((blanks & (blanks | removed_.LastBits(cut_)) >> 1U) != 0) return NONE;
+    for (int counted = 0; counted < wordsWanted_; ++counted) {
+      blanks &= ~(CUT >> std::countl_zero(blanks));
+      if (blanks == 0) return NONE;
+    }
+    return cut_ + 1 - static_cast<std::size_t>(std::countl_zero(blanks));
+  }
+
+  // The right edge that belongs to this left edge if it is not far from the cut, otherwise NONE.
+  // The left part of the context has one blank less than words. The window has more characters
+  // after the cut than are searched here.
+  [[nodiscard]] std::size_t NearRightEdge() const {
+    std::uint64_t blanks = blanks_.FirstBits(cut_ - 1);
+    for (int counted = 0; counted <= wordsWanted_; ++counted) blanks &= blanks - 1;
+    if (blanks == 0) return NONE;
+    return cut_ - 1 + static_cast<std::size_t>(std::countr_zero(blanks));
   }
 
   // A line break that the window divides does not count as one.
@@ -194,8 +229,8 @@ auto ContextCutter<Char>::Cut(Position position, std::size_t wordLength, String&
     -> View {
   const std::optional<Window> window = WindowAt(position, wordLength);
   if (!window) return {};
-  const std::size_t start = window->LeftEdge();
-  return window->Part(start, window->RightEdge(start), copies);
+  const TextSpan edges = window->Edges();
+  return window->Part(edges.begin, edges.end, copies);
 }
 
 template <typename Char>
@@ -203,11 +238,10 @@ ContextParts<Char> ContextCutter<Char>::CutApart(Position position, std::size_t 
                                                  const TextSpan& word, String& copies) const {
   const std::optional<Window> window = WindowAt(position, wordLength);
   if (!window) return {};
-  const std::size_t start = window->LeftEdge();
-  const std::size_t stop = window->RightEdge(start);
-  const std::size_t left = std::clamp(word.begin, start, stop);
-  const std::size_t right = std::clamp(word.end, start, stop);
-  return {window->Part(start, left, copies), window->Part(right, stop, copies)};
+  const TextSpan edges = window->Edges();
+  const std::size_t left = std::clamp(word.begin, edges.begin, edges.end);
+  const std::size_t right = std::clamp(word.end, edges.begin, edges.end);
+  return {window->Part(edges.begin, left, copies), window->Part(right, edges.end, copies)};
 }
 
 template class ContextCutter<char>;

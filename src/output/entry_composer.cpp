@@ -7,7 +7,7 @@
 namespace quorvel {
 namespace {
 
-constexpr std::string_view NEXT_CONTEXT = "\r\n... ";
+constexpr std::u16string_view NEXT_CONTEXT = u"\r\n... ";
 
 // True when the text may contain the first two characters of `mark`. With few occurrences to list,
 // looking through the text takes longer than what the answer saves.
@@ -73,6 +73,7 @@ void EntryComposer<Char>::DisplayNextWord(const WordEntry& entry, String& output
 template <typename Char>
 void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
                                        const ExtraKeyword* keyword, String& outputText) {
+  const String nextContext = MarkInText<Char>(NEXT_CONTEXT);
   String withMarker;
   for (const MergedContext<Char>& context : merger_.Contexts()) {
     std::basic_string_view<Char> text = context.text;
@@ -80,7 +81,7 @@ void EntryComposer<Char>::EmitContexts(const KeywordMarker<Char>& marker,
     const bool chooses = keyword != nullptr && keyword->hasContextPattern;
     if (chooses && !WantsContext(*keyword, source_.quotation_.InCodeUnits(text), source_.alphabet_))
       continue;
-    Append(outputText, NEXT_CONTEXT);
+    outputText += nextContext;
     marker.MarkKeywordInContext(outputText, text);
   }
 }

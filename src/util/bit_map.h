@@ -69,6 +69,21 @@ class BitMap {
 
   void Prefetch(std::size_t i) const { __builtin_prefetch(&words_[i / BITS]); }
 
+  // The 64 bits from index `i`, which becomes the lowest bit. Bits after the last index are 0.
+  [[nodiscard]] std::uint64_t FirstBits(std::size_t i) const {
+    const std::size_t before = i % BITS;
+    const std::uint64_t bits = words_[i / BITS] >> before;
+    const bool isAll = before == 0 || i / BITS + 1 == words_.size();
+    return isAll ? bits : bits | words_[i / BITS + 1] << (BITS - before);
+  }
+
+  // The 64 bits up to index `i`, which becomes the highest bit. `i` must be at least 63.
+  [[nodiscard]] std::uint64_t LastBits(std::size_t i) const {
+    const std::size_t missing = BITS - 1 - i % BITS;
+    const std::uint64_t bits = words_[i / BITS] << missing;
+    return missing == 0 ? bits : bits | words_[i / BITS - 1] >> (BITS - missing);
+  }
+
   // The index of the n-th set bit (n >= 1) in the range from `i` to `end` (exclusive), or NONE when
   // there are fewer. `end` must not exceed the length.
   [[nodiscard]] std::size_t NthFrom(std::size_t i, int n, std::size_t end) const {
