@@ -47,6 +47,7 @@ std::shared_ptr<const CodePage> CodePage::Of(std::u16string_view text) {
   std::vector<std::uint8_t> stands(ALL_CODE_UNITS);
   for (std::size_t i = 0; i < text.size(); i += UNITS_AT_ONCE) {
     const std::u16string_view units = text.substr(i, UNITS_AT_ONCE);
+    // A constant length lets the compiler vectorize the loop of `IsAscii`.
     const bool isBlock = units.size() == UNITS_AT_ONCE;
     if (isBlock && IsAscii(std::u16string_view(units.data(), UNITS_AT_ONCE))) continue;
     for (const char16_t ch : units) stands[ch] = 1;

@@ -58,6 +58,15 @@ TEST(ZipDirectory, OfManyEntriesIsGivenWithOneAlone) {
   }
 }
 
+TEST(ZipDirectory, OfALargeArchiveIsFound) {
+  const std::string entries(1U << 24U, 'e');  // the place of the directory takes four bytes
+  const std::string directory = MANY + Record("wanted");
+  const std::string bytes = entries + directory + End(0, directory.size(), entries.size());
+  const auto parts = ArchiveDirectory(bytes).PartsFor("wanted");
+  ASSERT_TRUE(parts.has_value());
+  EXPECT_EQ(parts->entries.size(), entries.size());
+}
+
 TEST(ZipDirectory, IsRefusedWhereItsEndIsDamaged) {
   const std::string bytes = Archive(MANY + Record("wanted"));
   const auto isFound = [](const std::string& archive) {
